@@ -1,0 +1,29 @@
+#pragma once
+
+#include "PullRequestKit/Json/Fields.h"
+
+#include <functional>
+#include <string>
+
+namespace PullRequestKit {
+
+/// A branch of one repository. The same name in another repository is another branch.
+struct BranchReference {
+    std::string repository;  ///< owner/name
+    std::string name;
+
+    bool operator==(const BranchReference&) const = default;
+};
+
+template<>
+struct Json::Fields<BranchReference> {
+    static constexpr std::tuple table{
+        field("repository", &BranchReference::repository),
+        field("name", &BranchReference::name),
+    };
+};
+
+}  // namespace PullRequestKit
+
+template<>
+struct std::hash<PullRequestKit::BranchReference> : PullRequestKit::RecordHash {};

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "PullRequestKit/Date.h"
+#include "PullRequestKit/EnumNames.h"
+#include "PullRequestKit/Json/Path.h"
+#include "PullRequestKit/Url.h"
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <tuple>
+
+namespace PullRequestKit {
+namespace Json {
+
+/// One row of a record's field table: the JSON key and the member it belongs to. A field whose
+/// member is a `std::optional` may be missing or null, and is left out on writing while empty.
+template<typename Record, typename Value>
+struct Field {
+    std::string_view key;
+    Value Record::* member;
+    bool isDefaulted;  ///< May be missing or null, and then keeps the member's initial value.
+};
+
+template<typename Record, typename Value>
+constexpr Field<Record, Value> field(std::string_view key, Value Record::* member)
+{
+    return {key, member, false};
+}
+
+template<typename Record, typename Value>
+constexpr Field<Record, Value> defaultedField(std::string_view key, Value Record::* member)
+{
+    return {key, member, true};
+}
+
+/// The field table of a record, which reading, writing and hashing share. A record specialises it
+/// with `static constexpr std::tuple table{field("key", &Record::member), …}` in the order in which
+/// the keys are written. Keys that the table does not name are ignored on reading. For what a
+/// table cannot say, a specialisation may also have
+/// `static void finish(Record&, const boost::json::object&, const Path&)`, run after reading.
+template<typename Record>
+struct Fields;
+
+template<typename Record>
+concept HasFields = requires { Fields<Record>::table; };
+
+}  // namespace Json
+
+/// Hashes a record over all the fields of its table, and what such records are made of.
+struct RecordHash {
+    template<Json::HasFields Record>
+    std::size_t operator()(const Record& record) const
+    {
+        std::size_t seed = 0;
+        std::apply(
+            [&](const auto&... fields) { (combine(seed, hash(record.*(fields.member))), ...); },
+            Json::Fields<Record>::table);
+        return seed;
+    }
+
+private:
+    static void combine(std::size_t& seed, std::size_t hash)
+    {
+        seed ^= hash + 0x9E3779B97F4A7C15U + (seed << 6U) + (seed >> 2U);
+    }
+
+    template<typename Value>
+    static std::size_t hash(const Value& value)
+    {
+        if constexpr (Json::HasFields<Value>) {
+            return RecordHash{}(value);
+        } else {
+            return std::hash<Value>{}(value);
+        }
+    }
+
+    static std::size_t hash(Date date)
+    {
+        return std::hash<Date::rep>{}(date.time_since_epoch().count());
+    }
+
+    static std::size_t hash(const Url& url) { return std::hash<std::string>{}(url.text); }
+
+    template<typename Value>
+    static std::size_t hash(const std::optional<Value>& value)
+    {
+        return value ? hash(*value) : 0;
+    }
+};
+
+}  // namespace PullRequestKit

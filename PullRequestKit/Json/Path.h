@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace PullRequestKit::Json {
+
+/// Where in a document a value stands, as a chain of places on the call stack: it costs nothing
+/// until an error asks for its text. A path must not outlive the path it was made from.
+class Path {
+public:
+    Path() = default;
+
+    Path member(std::string_view key) const { return Path(this, key, 0); }
+
+    Path element(std::size_t index) const { return Path(this, {}, index); }
+
+    /// Such as `data.search.nodes[3].number`; empty for the document itself.
+    std::string text() const;
+
+private:
+    Path(const Path* parent, std::string_view key, std::size_t index)
+        : _parent(parent)
+        , _key(key)
+        , _index(index)
+    {}
+
+    const Path* _parent = nullptr;
+    std::string_view _key;  ///< Empty for an element of a list.
+    std::size_t _index = 0;
+};
+
+}  // namespace PullRequestKit::Json

@@ -1,0 +1,204 @@
+#pragma once
+
+#include "PullRequestKit/Errors.h"
+#include "PullRequestKit/Json/Fields.h"
+#include "PullRequestKit/Json/Path.h"
+
+#include <array>
+#include <boost/json.hpp>
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+/// From JSON values to records. Every reader throws `DecodingError` with the path of the value that
+/// is missing, of the wrong type or not one of the known texts.
+namespace PullRequestKit::Json {
+
+[[noreturn]] void throwDecodingError(const Path& path, const char* problem);
+
+bool readBool(const boost::json::value& value, const Path& path);
+std::int64_t readInteger(const boost::json::value& value, const Path& path);
+std::string readText(const boost::json::value& value, const Path& path);
+const boost::json::object& readObject(const boost::json::value& value, const Path& path);
+const boost::json::array& readList(const boost::json::value& value, const Path& path);
+
+template<typename Value>
+void read(Value& target, const boost::json::value& value, const Path& path);
+
+namespace Detail {
+
+template<typename T>
+constexpr bool isOptional = false;
+template<typename T>
+constexpr bool isOptional<std::optional<T>> = true;
+
+template<typename T>
+constexpr bool isVector = false;
+template<typename T>
+constexpr bool isVector<std::vector<T>> = true;
+
+template<typename T>
+constexpr bool isSet = false;
+template<typename T>
+constexpr bool isSet<std::set<T>> = true;
+
+/// A row of a field table without its types, so that all rows of a record fit one array.
+template<typename Record>
+struct Slot {
+    std::string_view key;
+    void (*read)(Record& record, const boost::json::value& value, const Path& path);
+    bool isRequired;
+};
+
+template<typename Record, std::size_t index>
+constexpr Slot<Record> makeSlot()
+{
+    constexpr auto field = std::get<index>(Fields<Record>::table);
+    using Value = std::remove_reference_t<decltype(std::declval<Record>().*(field.member))>;
+    return {
+        field.key,
+        [](Record& record, const boost::json::value& value, const Path& path) {
+            if (!field.isDefaulted || !value.is_null()) {
+                read(record.*(field.member), value, path);
+            }
+        },
+        !field.isDefaulted && !isOptional<Value>};
+}
+
+template<typename Record>
+constexpr std::size_t slotCount =
+    std::tuple_size_v<std::remove_cvref_t<decltype(Fields<Record>::table)>>;
+
+template<typename Record>
+constexpr auto slots = []<std::size_t... index>(std::index_sequence<index...>) {
+    return std::array<Slot<Record>, sizeof...(index)>{makeSlot<Record, index>()...};
+}(std::make_index_sequence<slotCount<Record>>{});
+
+/// The place of `key` in the table. The search starts at `guess`, because documents mostly keep the
+/// table's order, and so most keys are found by one comparison.
+template<typename Record>
+std::size_t slotOf(std::string_view key, std::size_t guess)
+{
+    constexpr std::size_t count = slotCount<Record>;
+    for (std::size_t step = 0; step < count; ++step) {
+        const std::size_t index = guess + step < count ? guess + step : guess + step - count;
+        if (slots<Record>[index].key == key) {
+            return index;
+        }
+    }
+    return count;
+}
+
+template<typename Record>
+void readRecord(Record& record, const boost::json::value& value, const Path& path)
+{
+    constexpr std::size_t count = slotCount<Record>;
+    const boost::json::object& object = readObject(value, path);
+    std::array<bool, count> seen{};
+    std::size_t guess = 0;
+    for (const auto& [key, member] : object) {
+        const std::size_t index = slotOf<Record>(key, guess);
+        if (index < count) {
+            slots<Record>[index].read(record, member, path.member(key));
+            seen[index] = true;
+            guess = index + 1 < count ? index + 1 : 0;
+        }
+    }
+    for (std::size_t index = 0; index < count; ++index) {
+        if (slots<Record>[index].isRequired && !seen[index]) {
+            throwDecodingError(path.member(slots<Record>[index].key), "is missing");
+        }
+    }
+    if constexpr (requires { Fields<Record>::finish(record, object, path); }) {
+        Fields<Record>::finish(record, object, path);
+    }
+}
+
+template<typename List>
+void readElements(List& list, const boost::json::value& value, const Path& path)
+{
+    const boost::json::array& elements = readList(value, path);
+    if constexpr (isVector<List>) {
+        list.reserve(elements.size());
+    }
+    std::size_t index = 0;
+    for (const boost::json::value& element : elements) {
+        typename List::value_type item{};
+        read(item, element, path.element(index++));
+        list.insert(list.end(), std::move(item));
+    }
+}
+
+}  // namespace Detail
+
+/// Reads a value into `target`, which is to be as it was made.
+template<typename Value>
+void read(Value& target, const boost::json::value& value, const Path& path)
+{
+    if constexpr (Detail::isOptional<Value>) {
+        if (!value.is_null()) {
+            read(target.emplace(), value, path);
+        }
+    } else if constexpr (Detail::isVector<Value> || Detail::isSet<Value>) {
+        Detail::readElements(target, value, path);
+    } else if constexpr (HasFields<Value>) {
+        Detail::readRecord(target, value, path);
+    } else if constexpr (NamedEnum<Value>) {
+        const auto named = enumNamed<Value>(readText(value, path));
+        if (!named) {
+            throwDecodingError(path, "is none of the known values");
+        }
+        target = *named;
+    } else if constexpr (std::is_same_v<Value, Date>) {
+        const auto date = parseDate(readText(value, path));
+        if (!date) {
+            throwDecodingError(path, "is not an ISO 8601 date");
+        }
+        target = *date;
+    } else if constexpr (std::is_same_v<Value, Url>) {
+        auto url = parseUrl(readText(value, path));
+        if (!url) {
+            throwDecodingError(path, "is not a web address");
+        }
+        target = *std::move(url);
+    } else if constexpr (std::is_same_v<Value, bool>) {
+        target = readBool(value, path);
+    } else if constexpr (std::is_same_v<Value, std::int64_t>) {
+        target = readInteger(value, path);
+    } else {
+        static_assert(std::is_same_v<Value, std::string>, "no JSON form");
+        target = readText(value, path);
+    }
+}
+
+/// The member of this name, or null when it is missing or null.
+const boost::json::value* presentMember(const boost::json::object& object, std::string_view key);
+
+/// A JSON text taken apart. The values lie in one block of memory that goes away as a whole.
+class Document {
+public:
+    /// Throws `DecodingError` when the text is not one complete JSON document in UTF-8, or is
+    /// nested more than 32 deep.
+    explicit Document(std::string_view text);
+
+    const boost::json::value& root() const { return _root; }
+
+private:
+    boost::json::monotonic_resource _memory;
+    boost::json::value _root;
+};
+
+/// Reads a whole document. Throws `DecodingError`. Safe from any thread.
+template<typename Value>
+Value decode(std::string_view text)
+{
+    const Document document(text);
+    Value value{};
+    read(value, document.root(), Path());
+    return value;
+}
+
+}  // namespace PullRequestKit::Json

@@ -1,0 +1,63 @@
+#include "PullRequestKit/LocalizedStandardComparison.h"
+
+#include <algorithm>
+#include <memory>
+#include <numeric>
+#include <stdexcept>
+
+#include <unicode/coll.h>
+#include <unicode/locid.h>
+#include <unicode/sortkey.h>
+#include <unicode/unistr.h>
+
+namespace PullRequestKit::Detail {
+namespace {
+
+std::unique_ptr<icu::Collator> makeCollator()
+{
+    UErrorCode status = U_ZERO_ERROR;
+    std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(status));
+    if (U_SUCCESS(status)) {
+        // Secondary differences are those of accents; letter case would be the third.
+        collator->setStrength(icu::Collator::SECONDARY);
+        collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
+    }
+    if (U_FAILURE(status)) {
+        throw std::runtime_error(
+            std::string("The order of names could not be set up: ") + u_errorName(status) + ".");
+    }
+    return collator;
+}
+
+icu::CollationKey sortKey(const icu::Collator& collator, std::string_view name)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    icu::CollationKey key;
+    const auto length = static_cast<std::int32_t>(name.size());
+    collator.getCollationKey(icu::UnicodeString::fromUTF8({name.data(), length}), key, status);
+    if (U_FAILURE(status)) {
+        throw std::bad_alloc();
+    }
+    return key;
+}
+
+}  // namespace
+
+std::vector<std::size_t> localizedOrder(const std::vector<std::string_view>& names)
+{
+    const std::unique_ptr<icu::Collator> collator = makeCollator();
+    std::vector<icu::CollationKey> keys;
+    keys.reserve(names.size());
+    for (const std::string_view name : names) {
+        keys.push_back(sortKey(*collator, name));
+    }
+    std::vector<std::size_t> order(names.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::ranges::stable_sort(order, [&](std::size_t left, std::size_t right) {
+        UErrorCode status = U_ZERO_ERROR;
+        return keys[left].compareTo(keys[right], status) == UCOL_LESS;
+    });
+    return order;
+}
+
+}  // namespace PullRequestKit::Detail

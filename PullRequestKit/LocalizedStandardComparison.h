@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace PullRequestKit {
+
+/// Sorts names as a file browser does, in the user's language: without regard to letter case, runs
+/// of digits by their number (`repo2` before `repo10`). `nameOf` gives an element's name in UTF-8.
+/// Elements whose names compare equal keep their order. Safe from any thread.
+template<typename Element, typename NameOf>
+void sortByLocalizedName(std::vector<Element>& elements, NameOf nameOf);
+
+namespace Detail {
+
+/// The order in which elements with these names go: the first number is the place of the name that
+/// comes first.
+std::vector<std::size_t> localizedOrder(const std::vector<std::string_view>& names);
+
+}  // namespace Detail
+
+template<typename Element, typename NameOf>
+void sortByLocalizedName(std::vector<Element>& elements, NameOf nameOf)
+{
+    std::vector<std::string_view> names;
+    names.reserve(elements.size());
+    for (const Element& element : elements) {
+        names.push_back(nameOf(element));
+    }
+    std::vector<Element> sorted;
+    sorted.reserve(elements.size());
+    for (const std::size_t place : Detail::localizedOrder(names)) {
+        sorted.push_back(std::move(elements[place]));
+    }
+    elements = std::move(sorted);
+}
+
+}  // namespace PullRequestKit

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "PullRequestKit/PullRequest.h"
+
+#include <optional>
+#include <string>
+
+namespace PullRequestKit {
+
+/// One line of the list: a pull request and its place in its stack.
+struct PullRequestRow {
+    PullRequest pullRequest;
+    std::int64_t depth = 0;    ///< 0 for the root of a stack, one more per level below it.
+    bool hasChildren = false;  ///< Another row is stacked directly under this one.
+    std::optional<std::string> warning;
+
+    const PullRequestID& id() const { return pullRequest.id; }
+
+    bool operator==(const PullRequestRow&) const = default;
+};
+
+template<>
+struct Json::Fields<PullRequestRow> {
+    static constexpr std::tuple table{
+        field("pullRequest", &PullRequestRow::pullRequest),
+        field("depth", &PullRequestRow::depth),
+        field("hasChildren", &PullRequestRow::hasChildren),
+        field("warning", &PullRequestRow::warning),
+    };
+};
+
+}  // namespace PullRequestKit

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "PullRequestKit/EnumNames.h"
+#include "PullRequestKit/Json/Fields.h"
+
+#include <functional>
+
+namespace PullRequestKit {
+
+/// What the reviews of a pull request come to.
+enum class ReviewState {
+    none,     ///< Nobody has reviewed and nobody is asked to.
+    pending,  ///< Somebody is asked to, or has reviewed without a verdict.
+    approved,
+    commented,
+    changesRequested,
+};
+
+/// Which kinds of review a pull request has had, whatever they come to.
+struct ReviewActivity {
+    bool hasApproval = false;
+    bool hasChangesRequested = false;
+    bool hasCommentedReview = false;
+    bool hasSubmittedReview = false;
+
+    bool operator==(const ReviewActivity&) const = default;
+};
+
+// Stored: do not rename.
+template<>
+struct EnumNames<ReviewState> {
+    static constexpr auto names = enumNames<ReviewState>({
+        {ReviewState::none, "none"},
+        {ReviewState::pending, "pending"},
+        {ReviewState::approved, "approved"},
+        {ReviewState::commented, "commented"},
+        {ReviewState::changesRequested, "changesRequested"},
+    });
+};
+
+template<>
+struct Json::Fields<ReviewActivity> {
+    static constexpr std::tuple table{
+        field("hasApproval", &ReviewActivity::hasApproval),
+        field("hasChangesRequested", &ReviewActivity::hasChangesRequested),
+        defaultedField("hasCommentedReview", &ReviewActivity::hasCommentedReview),
+        field("hasSubmittedReview", &ReviewActivity::hasSubmittedReview),
+    };
+};
+
+}  // namespace PullRequestKit
+
+template<>
+struct std::hash<PullRequestKit::ReviewActivity> : PullRequestKit::RecordHash {};

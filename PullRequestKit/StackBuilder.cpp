@@ -1,0 +1,162 @@
+#include "PullRequestKit/StackBuilder.h"
+
+#include "PullRequestKit/PullRequestOrdering.h"
+#include "PullRequestKit/UniquePullRequests.h"
+
+#include <algorithm>
+#include <limits>
+#include <unordered_map>
+
+namespace PullRequestKit::StackBuilder {
+namespace {
+
+constexpr const char* ambiguousBase = "Ambiguous base branch";
+constexpr const char* cyclicDependency = "Cyclic branch dependency";
+
+// Once every identity is there only once, pull requests go by their positions in the list.
+using Position = std::size_t;
+constexpr Position none = std::numeric_limits<Position>::max();
+
+struct Forest {
+    std::vector<Position> parents;      ///< `none` for a root.
+    std::vector<const char*> warnings;  ///< Null where there is nothing to warn of.
+};
+
+struct BranchHash {
+    std::size_t operator()(const BranchReference* branch) const { return RecordHash{}(*branch); }
+};
+
+struct BranchEqual {
+    bool operator()(const BranchReference* left, const BranchReference* right) const
+    {
+        return *left == *right;
+    }
+};
+
+using HeadIndex =
+    std::unordered_multimap<const BranchReference*, Position, BranchHash, BranchEqual>;
+
+HeadIndex indexByHead(const std::vector<PullRequest>& pullRequests)
+{
+    HeadIndex index;
+    index.reserve(pullRequests.size());
+    for (Position position = 0; position < pullRequests.size(); ++position) {
+        index.emplace(&pullRequests[position].head, position);
+    }
+    return index;
+}
+
+Forest findParents(const std::vector<PullRequest>& pullRequests)
+{
+    const HeadIndex byHead = indexByHead(pullRequests);
+    Forest forest{
+        std::vector<Position>(pullRequests.size(), none),
+        std::vector<const char*>(pullRequests.size(), nullptr)};
+    for (Position child = 0; child < pullRequests.size(); ++child) {
+        const auto [first, last] = byHead.equal_range(&pullRequests[child].base);
+        for (auto candidate = first; candidate != last; ++candidate) {
+            if (candidate->second == child) {
+                continue;
+            }
+            if (forest.parents[child] != none) {
+                forest.parents[child] = none;
+                forest.warnings[child] = ambiguousBase;
+                break;
+            }
+            forest.parents[child] = candidate->second;
+        }
+    }
+    return forest;
+}
+
+/// Walks up from every pull request; a walk that meets itself has found a circle, whose members
+/// become roots. What hangs below a member stays in that member's stack.
+void breakCycles(Forest& forest)
+{
+    const std::size_t count = forest.parents.size();
+    std::vector<Position> walkOf(count, none);
+    std::vector<Position> cyclic;
+    for (Position start = 0; start < count; ++start) {
+        Position current = start;
+        while (current != none && walkOf[current] == none) {
+            walkOf[current] = start;
+            current = forest.parents[current];
+        }
+        if (current == none || walkOf[current] != start) {
+            continue;
+        }
+        const Position first = current;
+        do {
+            cyclic.push_back(current);
+            current = forest.parents[current];
+        } while (current != first);
+    }
+    for (const Position member : cyclic) {
+        forest.parents[member] = none;
+        forest.warnings[member] = cyclicDependency;
+    }
+}
+
+struct Siblings {
+    std::vector<Position> roots;
+    std::vector<std::vector<Position>> children;
+};
+
+Siblings collectSiblings(const Forest& forest, const std::vector<PullRequest>& pullRequests)
+{
+    Siblings siblings{{}, std::vector<std::vector<Position>>(pullRequests.size())};
+    for (Position position = 0; position < pullRequests.size(); ++position) {
+        const Position parent = forest.parents[position];
+        (parent == none ? siblings.roots : siblings.children[parent]).push_back(position);
+    }
+    const auto inOrder = [&](Position left, Position right) {
+        return PullRequestOrdering::areInIncreasingOrder(pullRequests[left], pullRequests[right]);
+    };
+    std::ranges::sort(siblings.roots, inOrder);
+    for (std::vector<Position>& children : siblings.children) {
+        std::ranges::sort(children, inOrder);
+    }
+    return siblings;
+}
+
+struct Visit {
+    Position position;
+    std::int64_t depth;
+};
+
+}  // namespace
+
+std::vector<PullRequestRow> rows(std::vector<PullRequest> pullRequests)
+{
+    std::vector<PullRequest> unique = uniquePullRequests(std::move(pullRequests));
+    Forest forest = findParents(unique);
+    breakCycles(forest);
+    const Siblings siblings = collectSiblings(forest, unique);
+
+    // A stack of its own, not the call stack, because chains of branches may be long.
+    std::vector<Visit> pending;
+    const auto push = [&](const std::vector<Position>& positions, std::int64_t depth) {
+        std::for_each(positions.rbegin(), positions.rend(), [&](Position position) {
+            pending.push_back({position, depth});
+        });
+    };
+    std::vector<PullRequestRow> rows;
+    rows.reserve(unique.size());
+    push(siblings.roots, 0);
+    while (!pending.empty()) {
+        const auto [position, depth] = pending.back();
+        pending.pop_back();
+        const std::vector<Position>& children = siblings.children[position];
+        PullRequestRow& row = rows.emplace_back();
+        row.pullRequest = std::move(unique[position]);
+        row.depth = depth;
+        row.hasChildren = !children.empty();
+        if (forest.warnings[position] != nullptr) {
+            row.warning = forest.warnings[position];
+        }
+        push(children, depth + 1);
+    }
+    return rows;
+}
+
+}  // namespace PullRequestKit::StackBuilder

@@ -1,0 +1,16 @@
+# The libraries the modules stand on.
+
+find_package(Boost 1.81 REQUIRED COMPONENTS json)
+find_package(ICU 70 REQUIRED COMPONENTS i18n uc)
+find_package(Threads REQUIRED)
+if(TARNWICK_QT)
+    find_package(Qt6 6.4 REQUIRED COMPONENTS Core Concurrent)
+    find_package(QCoro6 0.8 REQUIRED COMPONENTS Core)
+endif()
+if(TARNWICK_TESTS)
+    find_package(GTest REQUIRED)
+    find_package(rapidcheck REQUIRED)
+endif()
+if(TARNWICK_BENCHMARKS)
+    find_package(benchmark REQUIRED)
+endif()

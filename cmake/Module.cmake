@@ -1,0 +1,51 @@
+# A module sees its own headers and those of the modules it names, and no others: every module has
+# an include directory of its own in the build tree that holds one link, to the module's folder.
+
+function(tarnwick_module name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;HEADERS;PUBLIC;PRIVATE;PRECOMPILE")
+    set(root "${CMAKE_BINARY_DIR}/include/${name}")
+    file(MAKE_DIRECTORY "${root}")
+    file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${root}/${name}" SYMBOLIC)
+
+    add_library(${name} STATIC ${arg_SOURCES} ${arg_HEADERS})
+    target_include_directories(${name} PUBLIC "${root}")
+    target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE TarnwickSettings ${arg_PRIVATE})
+    tarnwick_precompile(${name} ${arg_PRECOMPILE})
+
+    if(TARNWICK_HEADER_CHECK)
+        tarnwick_check_headers(${name} ${arg_HEADERS})
+    endif()
+endfunction()
+
+function(tarnwick_precompile target)
+    if(TARNWICK_PRECOMPILE AND ARGN)
+        target_precompile_headers(${target} PRIVATE ${ARGN})
+    endif()
+endfunction()
+
+# Compiles each header as the only line of a source file, which fails when it leans on another
+# header having been included before it.
+function(tarnwick_check_headers name)
+    set(sources)
+    foreach(header IN LISTS ARGN)
+        string(MAKE_C_IDENTIFIER "${header}" identifier)
+        set(source "${CMAKE_CURRENT_BINARY_DIR}/headers/${identifier}.cpp")
+        file(CONFIGURE OUTPUT "${source}" CONTENT "#include \"${name}/${header}\"\n")
+        list(APPEND sources "${source}")
+    endforeach()
+    add_library(${name}Headers OBJECT ${sources})
+    target_link_libraries(${name}Headers PRIVATE ${name} TarnwickSettings)
+    target_compile_options(${name}Headers PRIVATE -fsyntax-only)
+endfunction()
+
+# A test program whose tests CTest lists one by one. PROPERTIES are properties of each test.
+function(tarnwick_tests name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES;PRECOMPILE;PROPERTIES")
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE TestSupport ${arg_LIBRARIES} TarnwickSettings)
+    tarnwick_precompile(${name} ${arg_PRECOMPILE})
+    gtest_discover_tests(${name}
+        DISCOVERY_MODE PRE_TEST
+        DISCOVERY_TIMEOUT 60
+        PROPERTIES TIMEOUT 60 ${arg_PROPERTIES})
+endfunction()

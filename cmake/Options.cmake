@@ -1,0 +1,40 @@
+# What is built, and the settings that every target shares.
+
+option(TARNWICK_QT "Build the floors that need Qt" ON)
+option(TARNWICK_TESTS "Build the tests and the sample GitHub" ON)
+option(TARNWICK_BENCHMARKS "Build the benchmarks" OFF)
+option(TARNWICK_FUZZERS "Build the libFuzzer targets (Clang only)" OFF)
+option(TARNWICK_HEADER_CHECK "Compile every header on its own" OFF)
+option(TARNWICK_PRECOMPILE "Use precompiled headers" ON)
+set(TARNWICK_SANITIZERS "" CACHE STRING "Sanitizers for every target, such as address,undefined")
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+
+if(NOT CMAKE_BUILD_TYPE)
+    set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "" FORCE)
+endif()
+
+find_program(TARNWICK_CCACHE ccache)
+if(TARNWICK_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    # A precompiled header is only cached when its time stamps and macros are left out of the key.
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        "${CMAKE_COMMAND}" -E env "CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime"
+        "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" "CCACHE_NOHASHDIR=1" "${TARNWICK_CCACHE}")
+endif()
+
+add_library(TarnwickSettings INTERFACE)
+target_compile_options(TarnwickSettings INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+    -Woverloaded-virtual -Wcast-qual -Wformat=2 -fno-strict-overflow)
+if(TARNWICK_PRECOMPILE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(TarnwickSettings INTERFACE -fpch-preprocess)
+endif()
+if(TARNWICK_SANITIZERS)
+    target_compile_options(TarnwickSettings INTERFACE
+        -fsanitize=${TARNWICK_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(TarnwickSettings INTERFACE -fsanitize=${TARNWICK_SANITIZERS})
+endif()
