@@ -54,18 +54,20 @@ struct Slot {
 };
 
 template<typename Record, std::size_t index>
+void readField(Record& record, const boost::json::value& value, const Path& path)
+{
+    constexpr auto field = std::get<index>(Fields<Record>::table);
+    if (!field.isDefaulted || !value.is_null()) {
+        read(record.*(field.member), value, path);
+    }
+}
+
+template<typename Record, std::size_t index>
 constexpr Slot<Record> makeSlot()
 {
     constexpr auto field = std::get<index>(Fields<Record>::table);
-    using Value = std::remove_reference_t<decltype(std::declval<Record>().*(field.member))>;
-    return {
-        field.key,
-        [](Record& record, const boost::json::value& value, const Path& path) {
-            if (!field.isDefaulted || !value.is_null()) {
-                read(record.*(field.member), value, path);
-            }
-        },
-        !field.isDefaulted && !isOptional<Value>};
+    using Value = std::remove_reference_t<decltype(std::declval<Record&>().*(field.member))>;
+    return {field.key, readField<Record, index>, !field.isDefaulted && !isOptional<Value>};
 }
 
 template<typename Record>
