@@ -1,0 +1,66 @@
+#pragma once
+
+#include "GitHubProvider/GraphQL.h"
+#include "PullRequestKit/Json/Fields.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace GitHubProvider {
+
+struct RequiredReviewsRule {
+    std::optional<std::int64_t> requiredApprovingReviewCount;
+
+    bool operator==(const RequiredReviewsRule&) const = default;
+};
+
+struct RepositoryRule {
+    std::optional<RequiredReviewsRule> parameters;  ///< Of rules about pull requests only.
+
+    bool operator==(const RepositoryRule&) const = default;
+};
+
+/// The branch that a pull request targets and what protects it. The search asks for the id alone,
+/// the rules request for the rest.
+struct BaseRef {
+    std::optional<std::string> id;
+    std::optional<RequiredReviewsRule> refUpdateRule;  ///< Classic branch protection.
+    std::optional<NodeList<RepositoryRule>> rules;     ///< Of the rulesets.
+
+    /// The strictest of all rules; nothing when none requires approvals.
+    std::optional<std::int64_t> requiredApprovingReviewCount() const;
+
+    bool operator==(const BaseRef&) const = default;
+};
+
+}  // namespace GitHubProvider
+
+namespace PullRequestKit::Json {
+
+template<>
+struct Fields<GitHubProvider::RequiredReviewsRule> {
+    static constexpr std::tuple table{
+        field(
+            "requiredApprovingReviewCount",
+            &GitHubProvider::RequiredReviewsRule::requiredApprovingReviewCount),
+    };
+};
+
+template<>
+struct Fields<GitHubProvider::RepositoryRule> {
+    static constexpr std::tuple table{
+        field("parameters", &GitHubProvider::RepositoryRule::parameters),
+    };
+};
+
+template<>
+struct Fields<GitHubProvider::BaseRef> {
+    static constexpr std::tuple table{
+        field("id", &GitHubProvider::BaseRef::id),
+        field("refUpdateRule", &GitHubProvider::BaseRef::refUpdateRule),
+        field("rules", &GitHubProvider::BaseRef::rules),
+    };
+};
+
+}  // namespace PullRequestKit::Json

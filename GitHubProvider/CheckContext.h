@@ -1,0 +1,144 @@
+#pragma once
+
+#include "PullRequestKit/Json/Fields.h"
+#include "PullRequestKit/ProgressCount.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace GitHubProvider {
+
+/// One entry in the list of checks of a commit: a check run or a commit status, whichever
+/// `typeName` says. Each fills the fields of its kind.
+struct CheckContext {
+    struct App {
+        std::optional<std::string> id;
+
+        bool operator==(const App&) const = default;
+    };
+
+    struct WorkflowFile {
+        std::optional<std::string> path;
+
+        bool operator==(const WorkflowFile&) const = default;
+    };
+
+    struct WorkflowRun {
+        std::optional<std::int64_t> databaseId;
+        std::int64_t runAttempt = 0;
+        std::optional<WorkflowFile> file;
+
+        bool operator==(const WorkflowRun&) const = default;
+    };
+
+    struct CheckSuite {
+        std::optional<App> app;
+        std::optional<WorkflowRun> workflowRun;
+
+        bool operator==(const CheckSuite&) const = default;
+    };
+
+    /// What makes two entries the same check. It points into the context it was made from.
+    struct Identity {
+        std::string_view kind;
+        std::string_view name;
+        std::optional<std::string_view> appID;
+        std::optional<std::string_view> workflowPath;
+
+        bool operator==(const Identity&) const = default;
+    };
+
+    std::optional<std::string> typeName;  ///< "CheckRun" or "StatusContext".
+    std::optional<std::string> name;
+    std::optional<std::string> context;
+    std::optional<std::string> status;
+    std::optional<std::string> conclusion;  ///< Absent while a check run has not ended.
+    std::optional<std::string> state;
+    std::optional<std::int64_t> databaseId;
+    std::optional<PullRequestKit::Date> startedAt;
+    std::optional<PullRequestKit::Date> completedAt;
+    std::optional<PullRequestKit::Date> createdAt;
+    std::optional<CheckSuite> checkSuite;
+
+    /// Nothing when the type is unknown or the name is missing.
+    std::optional<Identity> identity() const;
+
+    /// Whether this entry supersedes `other`, one of the same identity. Not on a full tie.
+    bool isNewer(const CheckContext& other) const;
+
+    bool operator==(const CheckContext&) const = default;
+};
+
+/// Of every check only the latest entry: running a workflow again leaves the older ones in the
+/// list. Entries without an identity are all kept and come first. The pointers are into `contexts`.
+/// Safe from any thread.
+std::vector<const CheckContext*> effectiveContexts(std::span<const CheckContext> contexts);
+
+/// How many of the effective checks passed and failed; the others are still pending.
+/// Safe from any thread.
+PullRequestKit::ProgressCount countChecks(std::span<const CheckContext> contexts);
+
+}  // namespace GitHubProvider
+
+template<>
+struct std::hash<GitHubProvider::CheckContext::Identity> {
+    std::size_t operator()(const GitHubProvider::CheckContext::Identity& identity) const;
+};
+
+namespace PullRequestKit::Json {
+
+template<>
+struct Fields<GitHubProvider::CheckContext::App> {
+    static constexpr std::tuple table{
+        field("id", &GitHubProvider::CheckContext::App::id),
+    };
+};
+
+template<>
+struct Fields<GitHubProvider::CheckContext::WorkflowFile> {
+    static constexpr std::tuple table{
+        field("path", &GitHubProvider::CheckContext::WorkflowFile::path),
+    };
+};
+
+template<>
+struct Fields<GitHubProvider::CheckContext::WorkflowRun> {
+    static constexpr std::tuple table{
+        field("databaseId", &GitHubProvider::CheckContext::WorkflowRun::databaseId),
+        field("runAttempt", &GitHubProvider::CheckContext::WorkflowRun::runAttempt),
+        field("file", &GitHubProvider::CheckContext::WorkflowRun::file),
+    };
+};
+
+template<>
+struct Fields<GitHubProvider::CheckContext::CheckSuite> {
+    static constexpr std::tuple table{
+        field("app", &GitHubProvider::CheckContext::CheckSuite::app),
+        field("workflowRun", &GitHubProvider::CheckContext::CheckSuite::workflowRun),
+    };
+};
+
+/// In the order in which the search asks for the fields of a check run, then those of a status.
+template<>
+struct Fields<GitHubProvider::CheckContext> {
+    static constexpr std::tuple table{
+        field("__typename", &GitHubProvider::CheckContext::typeName),
+        field("name", &GitHubProvider::CheckContext::name),
+        field("status", &GitHubProvider::CheckContext::status),
+        field("conclusion", &GitHubProvider::CheckContext::conclusion),
+        field("databaseId", &GitHubProvider::CheckContext::databaseId),
+        field("startedAt", &GitHubProvider::CheckContext::startedAt),
+        field("completedAt", &GitHubProvider::CheckContext::completedAt),
+        field("checkSuite", &GitHubProvider::CheckContext::checkSuite),
+        field("context", &GitHubProvider::CheckContext::context),
+        field("state", &GitHubProvider::CheckContext::state),
+        field("createdAt", &GitHubProvider::CheckContext::createdAt),
+    };
+};
+
+}  // namespace PullRequestKit::Json

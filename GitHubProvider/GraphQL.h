@@ -1,0 +1,67 @@
+#pragma once
+
+#include "PullRequestKit/Errors.h"
+#include "PullRequestKit/Json/Fields.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace GitHubProvider {
+
+/// One entry of the `errors` of a GraphQL answer.
+struct GraphQLFailure {
+    std::string message;
+
+    bool operator==(const GraphQLFailure&) const = default;
+};
+
+/// What GitHub's GraphQL service answers: data, errors, or both.
+template<typename Payload>
+struct GraphQLAnswer {
+    std::optional<Payload> data;
+    std::optional<std::vector<GraphQLFailure>> errors;
+
+    bool hasErrors() const { return errors && !errors->empty(); }
+
+    bool operator==(const GraphQLAnswer&) const = default;
+};
+
+/// The `{"nodes": […]}` in which GraphQL wraps every list.
+template<typename Node>
+struct NodeList {
+    std::vector<Node> nodes;
+
+    bool operator==(const NodeList&) const = default;
+};
+
+/// The error that carries the messages, one a line. Safe from any thread.
+PullRequestKit::ProviderError graphQLError(const std::vector<GraphQLFailure>& failures);
+
+}  // namespace GitHubProvider
+
+namespace PullRequestKit::Json {
+
+template<>
+struct Fields<GitHubProvider::GraphQLFailure> {
+    static constexpr std::tuple table{
+        field("message", &GitHubProvider::GraphQLFailure::message),
+    };
+};
+
+template<typename Payload>
+struct Fields<GitHubProvider::GraphQLAnswer<Payload>> {
+    static constexpr std::tuple table{
+        field("data", &GitHubProvider::GraphQLAnswer<Payload>::data),
+        field("errors", &GitHubProvider::GraphQLAnswer<Payload>::errors),
+    };
+};
+
+template<typename Node>
+struct Fields<GitHubProvider::NodeList<Node>> {
+    static constexpr std::tuple table{
+        field("nodes", &GitHubProvider::NodeList<Node>::nodes),
+    };
+};
+
+}  // namespace PullRequestKit::Json

@@ -1,0 +1,169 @@
+#include "GitHubProvider/PullRequestMapping.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+namespace GitHubProvider {
+namespace {
+
+using PullRequestKit::ProgressCount;
+using PullRequestKit::PullRequestMergeability;
+using PullRequestKit::PullRequestState;
+using PullRequestKit::ReviewActivity;
+using PullRequestKit::ReviewState;
+
+constexpr std::string_view approvedText = "APPROVED";
+constexpr std::string_view changesRequestedText = "CHANGES_REQUESTED";
+constexpr std::string_view commentedText = "COMMENTED";
+
+/// The account of somebody who has deleted theirs, as GitHub's pages call it.
+constexpr const char* ghost = "ghost";
+
+using Names = std::set<std::string_view>;
+
+bool isComplete(const Node& node)
+{
+    return node.number && node.title && node.url && node.updatedAt && node.repository
+           && node.baseRefName && node.headRefName;
+}
+
+template<typename Element>
+std::span<const Element> elements(const std::optional<NodeList<Element>>& list)
+{
+    return list ? std::span<const Element>(list->nodes) : std::span<const Element>();
+}
+
+Names requestedReviewers(const Node& node)
+{
+    Names names;
+    for (const ReviewRequest& request : elements(node.reviewRequests)) {
+        if (!request.requestedReviewer) {
+            continue;
+        }
+        const Actor& reviewer = *request.requestedReviewer;
+        if (const auto& name = reviewer.login ? reviewer.login : reviewer.name) {
+            names.insert(*name);
+        }
+    }
+    return names;
+}
+
+bool isSubmitted(const Review& review)
+{
+    return review.state == approvedText || review.state == changesRequestedText
+           || review.state == commentedText;
+}
+
+ProgressCount countReviews(std::span<const Review> reviews, const Names& requested)
+{
+    Names reviewers = requested;
+    Names completed;
+    for (const Review& review : reviews) {
+        if (!review.author || !review.author->login) {
+            continue;
+        }
+        reviewers.insert(*review.author->login);
+        if (isSubmitted(review)) {
+            completed.insert(*review.author->login);
+        }
+    }
+    return {
+        .completed = static_cast<std::int64_t>(completed.size()),
+        .total = static_cast<std::int64_t>(reviewers.size())};
+}
+
+ReviewActivity activity(std::span<const Review> reviews)
+{
+    const auto hasAny = [&](std::string_view state) {
+        return std::ranges::find(reviews, state, &Review::state) != reviews.end();
+    };
+    return {
+        .hasApproval = hasAny(approvedText),
+        .hasChangesRequested = hasAny(changesRequestedText),
+        .hasCommentedReview = hasAny(commentedText),
+        .hasSubmittedReview = std::ranges::any_of(reviews, isSubmitted)};
+}
+
+ReviewState reviewState(
+    std::span<const Review> reviews, const ReviewActivity& activity, bool isReviewRequested)
+{
+    if (activity.hasChangesRequested) {
+        return ReviewState::changesRequested;
+    }
+    if (reviews.empty() && !isReviewRequested) {
+        return ReviewState::none;
+    }
+    const auto isApproval = [](const Review& review) { return review.state == approvedText; };
+    if (!reviews.empty() && std::ranges::all_of(reviews, isApproval)) {
+        return ReviewState::approved;
+    }
+    return activity.hasCommentedReview ? ReviewState::commented : ReviewState::pending;
+}
+
+ProgressCount checks(const Node& node)
+{
+    const auto commits = elements(node.commits);
+    if (commits.empty() || !commits.back().commit.statusCheckRollup) {
+        return {};
+    }
+    return countChecks(commits.back().commit.statusCheckRollup->contexts.nodes);
+}
+
+PullRequestState state(const Node& node)
+{
+    if (node.state == "MERGED") {
+        return PullRequestState::merged;
+    }
+    return node.state == "CLOSED" ? PullRequestState::closed : PullRequestState::open;
+}
+
+PullRequestMergeability mergeability(const Node& node)
+{
+    if (node.mergeable == "MERGEABLE") {
+        return PullRequestMergeability::mergeable;
+    }
+    return node.mergeable == "CONFLICTING" ? PullRequestMergeability::conflicting
+                                           : PullRequestMergeability::unknown;
+}
+
+std::string author(const Node& node)
+{
+    return node.author && node.author->login ? *node.author->login : ghost;
+}
+
+}  // namespace
+
+std::optional<PullRequestKit::PullRequest> makePullRequest(
+    Node node, const std::string& host, std::optional<std::int64_t> requiredReviews)
+{
+    if (!isComplete(node)) {
+        return std::nullopt;
+    }
+    const auto reviews = elements(node.latestReviews);
+    const Names requested = requestedReviewers(node);
+    const std::string& repository = node.repository->nameWithOwner;
+
+    PullRequestKit::PullRequest made;
+    made.reviewActivity = activity(reviews);
+    made.reviewState = reviewState(reviews, made.reviewActivity, !requested.empty());
+    made.reviews = countReviews(reviews, requested);
+    made.requiredApprovingReviewCount = requiredReviews;
+    made.checks = checks(node);
+    made.id = {std::string(providerID), host, repository, *node.number};
+    made.title = *std::move(node.title);
+    made.url = *std::move(node.url);
+    made.author = author(node);
+    made.createdAt = node.createdAt;
+    made.updatedAt = *node.updatedAt;
+    made.state = state(node);
+    made.isDraft = node.isDraft.value_or(false);
+    made.mergeability = mergeability(node);
+    made.head = {
+        node.headRepository.value_or(*node.repository).nameWithOwner, *std::move(node.headRefName)};
+    made.base = {
+        node.baseRepository.value_or(*node.repository).nameWithOwner, *std::move(node.baseRefName)};
+    return made;
+}
+
+}  // namespace GitHubProvider

@@ -1,0 +1,277 @@
+#include "GitHubProvider/PullRequestMapping.h"
+
+#include "PullRequestKit/Json/Reading.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace GitHubProvider;
+using namespace PullRequestKit;
+
+Node completeNode()
+{
+    return Json::decode<Node>(R"({"number": 7, "title": "Speed up",
+        "url": "https://github.com/octo/tools/pull/7", "createdAt": "2024-05-01T10:00:00Z",
+        "updatedAt": "2024-05-02T10:00:00Z", "state": "OPEN", "isDraft": true,
+        "mergeable": "MERGEABLE", "baseRefName": "main", "headRefName": "speed",
+        "author": {"login": "octo"}, "repository": {"nameWithOwner": "octo/tools"}})");
+}
+
+PullRequest map(const Node& node)
+{
+    auto pullRequest = makePullRequest(node, "github.com", std::nullopt);
+    if (!pullRequest) {
+        throw std::runtime_error("the node was dropped");
+    }
+    return *std::move(pullRequest);
+}
+
+PullRequest mapReviews(std::string_view reviews, std::string_view requests = "[]")
+{
+    Node node = completeNode();
+    node.latestReviews.emplace().nodes = Json::decode<std::vector<Review>>(reviews);
+    node.reviewRequests.emplace().nodes = Json::decode<std::vector<ReviewRequest>>(requests);
+    return map(node);
+}
+
+TEST(PullRequestMapping, carriesEveryFieldOver)
+{
+    PullRequest expected;
+    expected.id = {"github", "git.example", "octo/tools", 7};
+    expected.title = "Speed up";
+    expected.url = {"https://github.com/octo/tools/pull/7"};
+    expected.author = "octo";
+    expected.createdAt = parseDate("2024-05-01T10:00:00Z");
+    expected.updatedAt = *parseDate("2024-05-02T10:00:00Z");
+    expected.state = PullRequestState::open;
+    expected.isDraft = true;
+    expected.mergeability = PullRequestMergeability::mergeable;
+    expected.head = {"octo/tools", "speed"};
+    expected.base = {"octo/tools", "main"};
+    expected.reviewState = ReviewState::none;
+    expected.requiredApprovingReviewCount = 2;
+    EXPECT_EQ(makePullRequest(completeNode(), "git.example", 2), expected);
+}
+
+TEST(PullRequestMapping, nodeWithoutHeadRefNameIsDropped)
+{
+    Node node = completeNode();
+    node.headRefName.reset();
+    EXPECT_EQ(makePullRequest(node, "github.com", 1), std::nullopt);
+}
+
+TEST(PullRequestMapping, nodeWithoutAnyOfTheIndispensableFieldsIsDropped)
+{
+    EXPECT_EQ(makePullRequest(Node{}, "github.com", 1), std::nullopt);
+    const auto isDroppedWithout = [](auto member) {
+        Node node = completeNode();
+        (node.*member).reset();
+        return !makePullRequest(node, "github.com", 1);
+    };
+    EXPECT_TRUE(isDroppedWithout(&Node::number));
+    EXPECT_TRUE(isDroppedWithout(&Node::title));
+    EXPECT_TRUE(isDroppedWithout(&Node::url));
+    EXPECT_TRUE(isDroppedWithout(&Node::updatedAt));
+    EXPECT_TRUE(isDroppedWithout(&Node::repository));
+    EXPECT_TRUE(isDroppedWithout(&Node::baseRefName));
+    EXPECT_FALSE(isDroppedWithout(&Node::createdAt));
+    EXPECT_FALSE(isDroppedWithout(&Node::state));
+    EXPECT_FALSE(isDroppedWithout(&Node::mergeable));
+}
+
+TEST(PullRequestMapping, absentDraftFlagCountsAsFalseAndCreationDateStaysAbsent)
+{
+    Node node = completeNode();
+    node.isDraft.reset();
+    node.createdAt.reset();
+    EXPECT_FALSE(map(node).isDraft);
+    EXPECT_EQ(map(node).createdAt, std::nullopt);
+}
+
+TEST(PullRequestMapping, oneApprovalAndOnePendingRequestAreApprovedOneOfTwo)
+{
+    const PullRequest mapped = mapReviews(
+        R"([{"state": "APPROVED", "author": {"login": "ann"}}])",
+        R"([{"requestedReviewer": {"login": "bob"}}])");
+    EXPECT_EQ(mapped.reviewState, ReviewState::approved);
+    EXPECT_EQ(mapped.reviews, (ProgressCount{.completed = 1, .total = 2, .failed = 0}));
+}
+
+TEST(PullRequestMapping, aDismissedReviewWithNobodyRequestedIsPendingZeroOfOne)
+{
+    const PullRequest mapped =
+        mapReviews(R"([{"state": "DISMISSED", "author": {"login": "ann"}}])");
+    EXPECT_EQ(mapped.reviewState, ReviewState::pending);
+    EXPECT_FALSE(mapped.reviewActivity.hasSubmittedReview);
+    EXPECT_EQ(mapped.reviews, (ProgressCount{.completed = 0, .total = 1, .failed = 0}));
+}
+
+TEST(PullRequestMapping, noReviewsAndOneTeamRequestedByNameIsPendingZeroOfOne)
+{
+    const PullRequest mapped =
+        mapReviews("[]", R"([{"requestedReviewer": {"name": "reviewers"}}])");
+    EXPECT_EQ(mapped.reviewState, ReviewState::pending);
+    EXPECT_EQ(mapped.reviews, (ProgressCount{.completed = 0, .total = 1, .failed = 0}));
+}
+
+TEST(PullRequestMapping, aReviewByADeletedAccountCountsForTheStateButNotAmongTheReviewers)
+{
+    for (const char* const author : {"null", "{}"}) {
+        const PullRequest mapped =
+            mapReviews(std::string(R"([{"state": "APPROVED", "author": )") + author + "}]");
+        EXPECT_EQ(mapped.reviewState, ReviewState::approved);
+        EXPECT_TRUE(mapped.reviewActivity.hasApproval);
+        EXPECT_EQ(mapped.reviews, (ProgressCount{.completed = 0, .total = 0, .failed = 0}));
+    }
+}
+
+TEST(PullRequestMapping, aReviewerRequestedAgainCountsOnce)
+{
+    const PullRequest mapped = mapReviews(
+        R"([{"state": "COMMENTED", "author": {"login": "ann"}}])",
+        R"([{"requestedReviewer": {"login": "ann"}}])");
+    EXPECT_EQ(mapped.reviews, (ProgressCount{.completed = 1, .total = 1, .failed = 0}));
+}
+
+TEST(PullRequestMapping, requestsWithoutLoginAndNameAreSkipped)
+{
+    const PullRequest mapped =
+        mapReviews("[]", R"([{"requestedReviewer": null}, {"requestedReviewer": {}}])");
+    EXPECT_EQ(mapped.reviewState, ReviewState::none);
+    EXPECT_EQ(mapped.reviews, ProgressCount{});
+}
+
+TEST(PullRequestMapping, aLoginComesBeforeAName)
+{
+    const PullRequest mapped = mapReviews(
+        R"([{"state": "PENDING", "author": {"login": "ann"}}])",
+        R"([{"requestedReviewer": {"login": "ann", "name": "Ann"}}])");
+    EXPECT_EQ(mapped.reviews.total, 1);
+}
+
+struct ReviewCase {
+    const char* name;
+    std::vector<std::string> states;
+    bool isRequested;
+    ReviewState state;
+    ReviewActivity activity;
+};
+
+class MappedReviewState : public testing::TestWithParam<ReviewCase> {};
+
+TEST_P(MappedReviewState, isDecidedInOrder)
+{
+    Node node = completeNode();
+    node.latestReviews.emplace();
+    for (const std::string& state : GetParam().states) {
+        node.latestReviews->nodes.push_back({state, Actor{"ann", std::nullopt}});
+    }
+    if (GetParam().isRequested) {
+        node.reviewRequests = {{ReviewRequest{Actor{"bob", std::nullopt}}}};
+    }
+    EXPECT_EQ(map(node).reviewState, GetParam().state);
+    EXPECT_EQ(map(node).reviewActivity, GetParam().activity);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Reviews,
+    MappedReviewState,
+    testing::Values(
+        ReviewCase{"nothing", {}, false, ReviewState::none, {}},
+        ReviewCase{"requestedOnly", {}, true, ReviewState::pending, {}},
+        ReviewCase{
+            "changesRequestedWins",
+            {"APPROVED", "COMMENTED", "CHANGES_REQUESTED"},
+            true,
+            ReviewState::changesRequested,
+            {true, true, true, true}},
+        ReviewCase{
+            "everyOneApproved",
+            {"APPROVED", "APPROVED"},
+            false,
+            ReviewState::approved,
+            {true, false, false, true}},
+        ReviewCase{
+            "approvedAndCommented",
+            {"APPROVED", "COMMENTED"},
+            false,
+            ReviewState::commented,
+            {true, false, true, true}},
+        ReviewCase{
+            "approvedAndDismissed",
+            {"APPROVED", "DISMISSED"},
+            false,
+            ReviewState::pending,
+            {true, false, false, true}},
+        ReviewCase{"lowerCaseIsNoKnownState", {"approved"}, false, ReviewState::pending, {}}),
+    [](const auto& instance) { return instance.param.name; });
+
+TEST(PullRequestMapping, anAbsentAuthorIsAGhost)
+{
+    Node node = completeNode();
+    node.author = Actor{};
+    EXPECT_EQ(map(node).author, "ghost");
+    node.author.reset();
+    EXPECT_EQ(map(node).author, "ghost");
+}
+
+TEST(PullRequestMapping, aForkHasItsHeadAndBaseRepositoriesFromTheirFields)
+{
+    Node node = completeNode();
+    node.headRepository = Repository{"cat/tools"};
+    node.baseRepository = Repository{"octo/base"};
+    const PullRequest mapped = map(node);
+    EXPECT_EQ(mapped.head, (BranchReference{"cat/tools", "speed"}));
+    EXPECT_EQ(mapped.base, (BranchReference{"octo/base", "main"}));
+    EXPECT_EQ(mapped.id.repository, "octo/tools");
+}
+
+TEST(PullRequestMapping, statesAreTranslatedExactly)
+{
+    const auto mapState = [](std::optional<std::string> text) {
+        Node node = completeNode();
+        node.state = std::move(text);
+        return map(node).state;
+    };
+    EXPECT_EQ(mapState("MERGED"), PullRequestState::merged);
+    EXPECT_EQ(mapState("CLOSED"), PullRequestState::closed);
+    EXPECT_EQ(mapState("OPEN"), PullRequestState::open);
+    EXPECT_EQ(mapState("merged"), PullRequestState::open);
+    EXPECT_EQ(mapState(std::nullopt), PullRequestState::open);
+}
+
+TEST(PullRequestMapping, mergeabilityIsTranslatedExactly)
+{
+    const auto mapMergeable = [](std::optional<std::string> text) {
+        Node node = completeNode();
+        node.mergeable = std::move(text);
+        return map(node).mergeability;
+    };
+    EXPECT_EQ(mapMergeable("MERGEABLE"), PullRequestMergeability::mergeable);
+    EXPECT_EQ(mapMergeable("CONFLICTING"), PullRequestMergeability::conflicting);
+    EXPECT_EQ(mapMergeable("UNKNOWN"), PullRequestMergeability::unknown);
+    EXPECT_EQ(mapMergeable("Mergeable"), PullRequestMergeability::unknown);
+    EXPECT_EQ(mapMergeable(std::nullopt), PullRequestMergeability::unknown);
+}
+
+TEST(PullRequestMapping, checksComeFromTheLastCommit)
+{
+    Node node = completeNode();
+    node.commits = Json::decode<NodeList<CommitNode>>(R"({"nodes": [
+        {"commit": {"statusCheckRollup": {"contexts": {"nodes": [{"state": "ERROR"}]}}}},
+        {"commit": {"statusCheckRollup": {"contexts": {"nodes":
+            [{"state": "SUCCESS"}, {"state": "PENDING"}, {"state": "FAILURE"}]}}}}]})");
+    EXPECT_EQ(map(node).checks, (ProgressCount{.completed = 1, .total = 3, .failed = 1}));
+}
+
+TEST(PullRequestMapping, withoutCommitsOrRollupThereAreNoChecks)
+{
+    Node node = completeNode();
+    node.commits = NodeList<CommitNode>{};
+    EXPECT_EQ(map(node).checks, ProgressCount{});
+    node.commits->nodes.emplace_back();
+    EXPECT_EQ(map(node).checks, ProgressCount{});
+}
+
+}  // namespace

@@ -1,0 +1,175 @@
+#include "GitHubProvider/SearchRecords.h"
+
+#include "PullRequestKit/Json/Reading.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace GitHubProvider;
+using PullRequestKit::DecodingError;
+using PullRequestKit::Json::decode;
+
+TEST(SearchRecords, readAWholePage)
+{
+    const auto envelope = decode<SearchEnvelope>(R"({"data": {"search": {"issueCount": 2,
+        "pageInfo": {"hasNextPage": true, "endCursor": "Y3Vyc29yOjUw"},
+        "nodes": [{}, {"number": 7, "title": "Speed up", "url": "https://github.com/octo/tools/pull/7",
+        "createdAt": "2024-05-01T10:00:00Z", "updatedAt": "2024-05-02T10:00:00Z", "state": "OPEN",
+        "isDraft": true, "mergeable": "MERGEABLE", "baseRefName": "main", "headRefName": "speed",
+        "author": {"login": "octo"}, "repository": {"nameWithOwner": "octo/tools"},
+        "baseRepository": {"nameWithOwner": "octo/base"}, "headRepository": {"nameWithOwner": "cat/tools"},
+        "baseRef": {"id": "REF_1"},
+        "reviewRequests": {"nodes": [{"requestedReviewer": {"name": "team"}}, {"requestedReviewer": null}]},
+        "latestReviews": {"nodes": [{"state": "APPROVED", "author": null}]},
+        "commits": {"nodes": [{"commit": {"statusCheckRollup": {"contexts": {"nodes": [
+            {"__typename": "StatusContext", "context": "ci"}]}}}}]}}]}}})");
+
+    SearchPage expected;
+    expected.issueCount = 2;
+    expected.pageInfo = {true, "Y3Vyc29yOjUw"};
+    Node node;
+    node.number = 7;
+    node.title = "Speed up";
+    node.url = PullRequestKit::Url{"https://github.com/octo/tools/pull/7"};
+    node.createdAt = PullRequestKit::parseDate("2024-05-01T10:00:00Z");
+    node.updatedAt = PullRequestKit::parseDate("2024-05-02T10:00:00Z");
+    node.state = "OPEN";
+    node.isDraft = true;
+    node.mergeable = "MERGEABLE";
+    node.baseRefName = "main";
+    node.headRefName = "speed";
+    node.author = Actor{"octo", std::nullopt};
+    node.repository = Repository{"octo/tools"};
+    node.baseRepository = Repository{"octo/base"};
+    node.headRepository = Repository{"cat/tools"};
+    node.baseRef = BaseRef{"REF_1", std::nullopt, std::nullopt};
+    node.reviewRequests = {{ReviewRequest{Actor{std::nullopt, "team"}}, ReviewRequest{}}};
+    node.latestReviews = {{Review{"APPROVED", std::nullopt}}};
+    CheckContext context;
+    context.typeName = "StatusContext";
+    context.context = "ci";
+    node.commits = {{CommitNode{Commit{Rollup{{{context}}}}}}};
+    expected.nodes = {Node{}, node};
+
+    ASSERT_TRUE(envelope.data);
+    EXPECT_EQ(envelope.data->search, expected);
+    EXPECT_FALSE(envelope.errors);
+}
+
+TEST(SearchRecords, optionalFieldsMayBeNull)
+{
+    const auto envelope = decode<SearchEnvelope>(R"({"errors": null, "data": {"search":
+        {"issueCount": null, "pageInfo": {"hasNextPage": false, "endCursor": null},
+        "nodes": [{"number": null, "title": null, "url": null, "createdAt": null,
+        "updatedAt": null, "state": null, "isDraft": null, "mergeable": null, "baseRefName": null,
+        "headRefName": null, "author": null, "repository": null, "baseRepository": null,
+        "headRepository": null, "baseRef": null, "reviewRequests": null, "latestReviews": null,
+        "commits": null}, {"commits": {"nodes": [{"commit": {"statusCheckRollup": null}}]}}]}}})");
+    ASSERT_TRUE(envelope.data);
+    ASSERT_EQ(envelope.data->search.nodes.size(), 2U);
+    EXPECT_EQ(envelope.data->search.nodes[0], Node{});
+    EXPECT_FALSE(envelope.data->search.nodes[1].commits->nodes[0].commit.statusCheckRollup);
+}
+
+TEST(SearchRecords, readErrorsBesideNullData)
+{
+    const auto envelope = decode<SearchEnvelope>(
+        R"({"data": null, "errors": [{"message": "Slow down", "type": "X"}]})");
+    EXPECT_FALSE(envelope.data);
+    ASSERT_TRUE(envelope.hasErrors());
+    EXPECT_EQ(*envelope.errors, std::vector{GraphQLFailure{"Slow down"}});
+}
+
+TEST(SearchRecords, anEmptyListOfErrorsIsNone)
+{
+    EXPECT_FALSE(decode<SearchEnvelope>(R"({"errors": []})").hasErrors());
+}
+
+TEST(SearchRecords, errorMessagesAreJoinedWithLineFeeds)
+{
+    EXPECT_EQ(graphQLError({{"one"}, {"two"}, {""}}).message(), "one\ntwo\n");
+    EXPECT_EQ(graphQLError({{"one"}}).message(), "one");
+}
+
+std::string page(const std::string& nodes)
+{
+    return R"({"data": {"search": {"pageInfo": {"hasNextPage": false}, "nodes": )" + nodes + "}}}";
+}
+
+struct BadPage {
+    const char* name;
+    std::string text;
+    const char* path;
+};
+
+class UnreadablePage : public testing::TestWithParam<BadPage> {};
+
+TEST_P(UnreadablePage, isRefusedWithThePathOfTheOffendingValue)
+{
+    try {
+        decode<SearchEnvelope>(GetParam().text);
+        FAIL() << "expected a DecodingError";
+    } catch (const DecodingError& error) {
+        EXPECT_EQ(error.path(), GetParam().path);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Pages,
+    UnreadablePage,
+    testing::Values(
+        BadPage{"empty", "", ""},
+        BadPage{"cutOff", R"({"data": {"search": {"pageInfo": {"hasNext)", ""},
+        BadPage{"notUtf8", page("[{\"title\": \"\xFF\xFE\"}]"), ""},
+        BadPage{"notJson", "Usage: gh api", ""},
+        BadPage{"twoDocuments", page("[]") + page("[]"), ""},
+        BadPage{"deeplyNested", page(std::string(10'000, '[')), ""},
+        BadPage{"list", "[]", ""},
+        BadPage{"noSearch", R"({"data": {}})", "data.search"},
+        BadPage{"noPageInfo", R"({"data": {"search": {"nodes": []}}})", "data.search.pageInfo"},
+        BadPage{
+            "noNextPageFlag",
+            R"({"data": {"search": {"pageInfo": {}, "nodes": []}}})",
+            "data.search.pageInfo.hasNextPage"},
+        BadPage{
+            "noNodes",
+            R"({"data": {"search": {"pageInfo": {"hasNextPage": false}}}})",
+            "data.search.nodes"},
+        BadPage{"nullNode", page("[{}, null]"), "data.search.nodes[1]"},
+        BadPage{
+            "numberAsText",
+            page(R"([{}, {}, {}, {"number": "7"}])"),
+            "data.search.nodes[3].number"},
+        BadPage{
+            "dateWithFraction",
+            page(R"([{"updatedAt": "2024-05-01T10:00:00.5Z"}])"),
+            "data.search.nodes[0].updatedAt"},
+        BadPage{
+            "addressWithBlank", page(R"([{"url": "https://x y"}])"), "data.search.nodes[0].url"},
+        BadPage{"draftAsNumber", page(R"([{"isDraft": 1}])"), "data.search.nodes[0].isDraft"},
+        BadPage{
+            "repositoryWithoutName",
+            page(R"([{"repository": {}}])"),
+            "data.search.nodes[0].repository.nameWithOwner"},
+        BadPage{
+            "reviewWithoutState",
+            page(R"([{"latestReviews": {"nodes": [{}]}}])"),
+            "data.search.nodes[0].latestReviews.nodes[0].state"},
+        BadPage{
+            "nullReviewRequest",
+            page(R"([{"reviewRequests": {"nodes": [null]}}])"),
+            "data.search.nodes[0].reviewRequests.nodes[0]"},
+        BadPage{
+            "commitNodeWithoutCommit",
+            page(R"([{"commits": {"nodes": [{}]}}])"),
+            "data.search.nodes[0].commits.nodes[0].commit"},
+        BadPage{
+            "nullCheckContext",
+            page(R"([{"commits": {"nodes": [{"commit": {"statusCheckRollup":
+                {"contexts": {"nodes": [null]}}}}]}}])"),
+            "data.search.nodes[0].commits.nodes[0].commit.statusCheckRollup.contexts.nodes[0]"},
+        BadPage{"errorWithoutMessage", R"({"errors": [{}]})", "errors[0].message"}),
+    [](const auto& instance) { return instance.param.name; });
+
+}  // namespace
