@@ -1,0 +1,156 @@
+#pragma once
+
+#include "PullRequestKit/EnumNames.h"
+#include "PullRequestKit/ReviewerScope.h"
+
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+/// What the user can filter by. The text of each case is its label in the menu and what the
+/// settings store; the order of the cases is the menu's.
+namespace Tarnwick {
+
+enum class StatusFilter {
+    open,
+    draft,
+};
+
+enum class ChecksFilter {
+    none,
+    pending,
+    pass,
+    fail,
+};
+
+enum class ReviewFilter {
+    approved,
+    changesRequested,
+    commented,
+    none,
+};
+
+enum class MergeabilityFilter {
+    mergeable,
+    conflicting,
+    unknown,
+};
+
+/// Whose pull requests are fetched: those that ask for the user's review, or all.
+enum class ReviewerFilter {
+    myself,
+    any,
+};
+
+/// The time between two refreshes. The value is stored as its seconds: do not renumber.
+enum class PollingInterval : std::int64_t {
+    oneMinute = 60,
+    fiveMinutes = 300,
+    thirtyMinutes = 1800,
+    oneHour = 3600,
+};
+
+/// Every interval, in the menu's order.
+inline constexpr std::array pollingIntervals{
+    PollingInterval::oneMinute,
+    PollingInterval::fiveMinutes,
+    PollingInterval::thirtyMinutes,
+    PollingInterval::oneHour,
+};
+
+constexpr std::chrono::seconds secondsOf(PollingInterval interval)
+{
+    return std::chrono::seconds{static_cast<std::int64_t>(interval)};
+}
+
+/// The interval of exactly this length, or nothing.
+constexpr std::optional<PollingInterval> pollingIntervalOf(std::chrono::seconds length)
+{
+    for (const PollingInterval interval : pollingIntervals) {
+        if (secondsOf(interval) == length) {
+            return interval;
+        }
+    }
+    return std::nullopt;
+}
+
+/// The text in the menu, such as "5 minutes".
+constexpr std::string_view labelOf(PollingInterval interval)
+{
+    switch (interval) {
+    case PollingInterval::oneMinute:
+        return "1 minute";
+    case PollingInterval::fiveMinutes:
+        return "5 minutes";
+    case PollingInterval::thirtyMinutes:
+        return "30 minutes";
+    case PollingInterval::oneHour:
+        return "1 hour";
+    }
+    return {};
+}
+
+/// What the provider is asked for.
+constexpr PullRequestKit::ReviewerScope reviewerScopeOf(ReviewerFilter filter)
+{
+    return filter == ReviewerFilter::myself ? PullRequestKit::ReviewerScope::myself
+                                            : PullRequestKit::ReviewerScope::any;
+}
+
+}  // namespace Tarnwick
+
+namespace PullRequestKit {
+
+// Stored: do not rename.
+template<>
+struct EnumNames<Tarnwick::StatusFilter> {
+    static constexpr auto names = enumNames<Tarnwick::StatusFilter>({
+        {Tarnwick::StatusFilter::open, "Open"},
+        {Tarnwick::StatusFilter::draft, "Draft"},
+    });
+};
+
+// Stored: do not rename.
+template<>
+struct EnumNames<Tarnwick::ChecksFilter> {
+    static constexpr auto names = enumNames<Tarnwick::ChecksFilter>({
+        {Tarnwick::ChecksFilter::none, "None"},
+        {Tarnwick::ChecksFilter::pending, "Pending"},
+        {Tarnwick::ChecksFilter::pass, "Pass"},
+        {Tarnwick::ChecksFilter::fail, "Fail"},
+    });
+};
+
+// Stored: do not rename.
+template<>
+struct EnumNames<Tarnwick::ReviewFilter> {
+    static constexpr auto names = enumNames<Tarnwick::ReviewFilter>({
+        {Tarnwick::ReviewFilter::approved, "Approved"},
+        {Tarnwick::ReviewFilter::changesRequested, "Changes Requested"},
+        {Tarnwick::ReviewFilter::commented, "Commented"},
+        {Tarnwick::ReviewFilter::none, "None"},
+    });
+};
+
+// Stored: do not rename.
+template<>
+struct EnumNames<Tarnwick::MergeabilityFilter> {
+    static constexpr auto names = enumNames<Tarnwick::MergeabilityFilter>({
+        {Tarnwick::MergeabilityFilter::mergeable, "Mergeable"},
+        {Tarnwick::MergeabilityFilter::conflicting, "Conflicting"},
+        {Tarnwick::MergeabilityFilter::unknown, "Unknown"},
+    });
+};
+
+// Stored: do not rename.
+template<>
+struct EnumNames<Tarnwick::ReviewerFilter> {
+    static constexpr auto names = enumNames<Tarnwick::ReviewerFilter>({
+        {Tarnwick::ReviewerFilter::myself, "Myself"},
+        {Tarnwick::ReviewerFilter::any, "Any"},
+    });
+};
+
+}  // namespace PullRequestKit

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "PullRequestKit/Date.h"
+
+#include <QString>
+#include <QVariant>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Tarnwick {
+
+/// The user's settings as a table from keys to values. Main thread only.
+///
+/// A value comes back as its own type or as what an INI file makes of it: text in place of flags
+/// and numbers, plain text in place of a list of one, an invalid variant in place of an empty list.
+/// The readers below take all of these forms.
+class DefaultsStore {
+public:
+    DefaultsStore() = default;
+    DefaultsStore(const DefaultsStore&) = delete;
+    DefaultsStore& operator=(const DefaultsStore&) = delete;
+    virtual ~DefaultsStore() = default;
+
+    /// What is stored under the key, or nothing when the key is absent.
+    virtual std::optional<QVariant> value(const QString& key) const = 0;
+
+    /// Stores a flag, an integer, text, a list of text or a date. Never fails towards the caller:
+    /// from here on `value` yields what was set, and `problem` tells when it could not be kept.
+    virtual void set(const QString& key, const QVariant& value) = 0;
+
+    /// Takes notice of what other processes have stored since.
+    virtual void refresh() = 0;
+
+    /// What is wrong with the store itself, as one English sentence for the user, or nothing.
+    virtual std::optional<QString> problem() const { return std::nullopt; }
+};
+
+/// The readers yield nothing when the key is absent or holds another type.
+
+/// A flag; "true", "1", "false" and "0" are read as well, in any case of letters.
+std::optional<bool> readFlag(const DefaultsStore& store, const QString& key);
+
+/// An integer; its decimal text is read as well.
+std::optional<std::int64_t> readInteger(const DefaultsStore& store, const QString& key);
+
+std::optional<std::string> readText(const DefaultsStore& store, const QString& key);
+std::optional<std::vector<std::string>> readTextList(
+    const DefaultsStore& store, const QString& key);
+
+/// A date, without its fraction of a second. Its text is another type.
+std::optional<PullRequestKit::Date> readDate(const DefaultsStore& store, const QString& key);
+
+void writeFlag(DefaultsStore& store, const QString& key, bool flag);
+void writeInteger(DefaultsStore& store, const QString& key, std::int64_t number);
+void writeText(DefaultsStore& store, const QString& key, const std::string& text);
+void writeDate(DefaultsStore& store, const QString& key, PullRequestKit::Date date);
+
+/// Stores the texts in the order given.
+template<typename Texts>
+void writeTextList(DefaultsStore& store, const QString& key, const Texts& texts)
+{
+    QStringList list;
+    for (const std::string& text : texts) {
+        list.append(QString::fromStdString(text));
+    }
+    store.set(key, list);
+}
+
+}  // namespace Tarnwick

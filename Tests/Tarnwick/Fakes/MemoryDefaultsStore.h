@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Tarnwick/Persistence/DefaultsStore.h"
+
+#include <map>
+#include <vector>
+
+namespace Fakes {
+
+/// A store in memory that records which keys were written, in order.
+class MemoryDefaultsStore : public Tarnwick::DefaultsStore {
+public:
+    std::optional<QVariant> value(const QString& key) const override
+    {
+        const auto found = values.find(key);
+        return found == values.end() ? std::nullopt : std::optional(found->second);
+    }
+
+    void set(const QString& key, const QVariant& value) override
+    {
+        values.insert_or_assign(key, value);
+        writtenKeys.push_back(key);
+    }
+
+    void refresh() override { ++refreshCount; }
+
+    std::map<QString, QVariant> values;
+    std::vector<QString> writtenKeys;
+    int refreshCount = 0;
+};
+
+}  // namespace Fakes
