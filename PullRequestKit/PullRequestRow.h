@@ -2,6 +2,8 @@
 
 #include "PullRequestKit/PullRequest.h"
 
+#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -30,3 +32,6 @@ struct Json::Fields<PullRequestRow> {
 };
 
 }  // namespace PullRequestKit
+
+template<>
+struct std::hash<PullRequestKit::PullRequestRow> : PullRequestKit::RecordHash {};

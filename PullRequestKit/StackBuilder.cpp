@@ -4,6 +4,7 @@
 #include "PullRequestKit/UniquePullRequests.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <unordered_map>
 
@@ -33,15 +34,28 @@ struct BranchEqual {
     }
 };
 
-using HeadIndex =
-    std::unordered_multimap<const BranchReference*, Position, BranchHash, BranchEqual>;
+/// The pull requests that bring in one branch. The first three tell all that matters: whether
+/// there is none, one or more besides the one that looks.
+struct Heads {
+    std::array<Position, 3> positions{none, none, none};
+    std::size_t count = 0;
+
+    void add(Position position)
+    {
+        if (count < positions.size()) {
+            positions[count++] = position;
+        }
+    }
+};
+
+using HeadIndex = std::unordered_map<const BranchReference*, Heads, BranchHash, BranchEqual>;
 
 HeadIndex indexByHead(const std::vector<PullRequest>& pullRequests)
 {
     HeadIndex index;
     index.reserve(pullRequests.size());
     for (Position position = 0; position < pullRequests.size(); ++position) {
-        index.emplace(&pullRequests[position].head, position);
+        index[&pullRequests[position].head].add(position);
     }
     return index;
 }
@@ -53,17 +67,18 @@ Forest findParents(const std::vector<PullRequest>& pullRequests)
         std::vector<Position>(pullRequests.size(), none),
         std::vector<const char*>(pullRequests.size(), nullptr)};
     for (Position child = 0; child < pullRequests.size(); ++child) {
-        const auto [first, last] = byHead.equal_range(&pullRequests[child].base);
-        for (auto candidate = first; candidate != last; ++candidate) {
-            if (candidate->second == child) {
-                continue;
-            }
-            if (forest.parents[child] != none) {
-                forest.parents[child] = none;
-                forest.warnings[child] = ambiguousBase;
-                break;
-            }
-            forest.parents[child] = candidate->second;
+        const auto found = byHead.find(&pullRequests[child].base);
+        if (found == byHead.end()) {
+            continue;
+        }
+        const Heads& heads = found->second;
+        const bool isAmongThem = pullRequests[child].head == pullRequests[child].base;
+        const std::size_t candidates = heads.count - (isAmongThem ? 1 : 0);
+        if (candidates > 1) {
+            forest.warnings[child] = ambiguousBase;
+        } else if (candidates == 1) {
+            forest.parents[child] =
+                heads.positions[0] == child ? heads.positions[1] : heads.positions[0];
         }
     }
     return forest;

@@ -7,6 +7,7 @@
 #include <set>
 
 #include <gmock/gmock.h>
+#include <pthread.h>
 #include <rapidcheck/gtest.h>
 
 namespace {
@@ -131,17 +132,121 @@ TEST(StackBuilder, ordersTheChildrenOfOneParent)
         outlines({early, late, grandchild, parent}), ElementsAre("1 0 +", "3 1 +", "4 2", "2 1"));
 }
 
-TEST(StackBuilder, builtAChainOfAHundredThousandBranchesWithoutExhaustingTheStack)
+TEST(StackBuilder, doesNotLookAtTheStateOfTheBranchThatAPullRequestIsStackedOn)
 {
-    constexpr std::int64_t count = 100'000;
-    std::vector<PullRequest> chain;
-    for (std::int64_t number = 0; number < count; ++number) {
-        chain.push_back(makePullRequest(
-            number, "b" + std::to_string(number), "b" + std::to_string(number - 1)));
+    const auto child = makePullRequest(2, "feature-b", "feature-a");
+    for (const auto state : allCases<PullRequestState>()) {
+        auto parent = makePullRequest(1, "feature-a", "main");
+        parent.state = state;
+        parent.isDraft = true;
+        EXPECT_THAT(outlines({child, parent}), ElementsAre("1 0 +", "2 1")) << nameOf(state);
     }
-    const auto rows = StackBuilder::rows(chain);
+}
+
+TEST(StackBuilder, countsBothVersionsOfOneIdentityAsOneParent)
+{
+    const auto parent = makePullRequest(1, "feature-a", "main");
+    const auto child = makePullRequest(2, "feature-b", "feature-a");
+    EXPECT_THAT(outlines({parent, parent, child}), ElementsAre("1 0 +", "2 1"));
+}
+
+TEST(StackBuilder, warnsAlsoWhenOneOfThreePullRequestsOnABranchTargetsItself)
+{
+    const auto looped = makePullRequest(1, "main", "main");
+    const auto second = makePullRequest(2, "main", "release");
+    const auto third = makePullRequest(3, "main", "release");
+    EXPECT_THAT(
+        outlines({looped, second, third}),
+        ElementsAre("1 0 [Ambiguous base branch]", "2 0", "3 0"));
+}
+
+TEST(StackBuilder, hangsABranchWithAnAmbiguousBaseAboveItsOwnChildren)
+{
+    const auto a1 = makePullRequest(1, "a", "main");
+    const auto a2 = makePullRequest(2, "a", "main");
+    const auto b = makePullRequest(3, "b", "a");
+    const auto c = makePullRequest(4, "c", "b");
+    EXPECT_THAT(
+        outlines({a1, a2, b, c}),
+        ElementsAre("1 0", "2 0", "3 0 + [Ambiguous base branch]", "4 1"));
+}
+
+TEST(StackBuilder, putsAMergedRootBeforeAClosedOne)
+{
+    auto closed = makePullRequest(1);
+    closed.state = PullRequestState::closed;
+    auto merged = makePullRequest(2);
+    merged.state = PullRequestState::merged;
+    EXPECT_THAT(outlines({closed, merged}), ElementsAre("2 0", "1 0"));
+}
+
+TEST(StackBuilder, putsARootWithRunningChecksAfterOneWithoutChecks)
+{
+    auto running = makePullRequest(1);
+    running.checks = {1, 2, 0};
+    EXPECT_THAT(outlines({running, makePullRequest(2)}), ElementsAre("2 0", "1 0"));
+}
+
+TEST(StackBuilder, putsTheRootUpdatedLastFirstAmongEqualOnes)
+{
+    auto late = makePullRequest(2);
+    late.updatedAt = date("2024-05-01T12:00:01Z");
+    EXPECT_THAT(outlines({makePullRequest(1), late}), ElementsAre("2 0", "1 0"));
+}
+
+TEST(StackBuilder, putsNumberTenBeforeNumberNineWhenAllElseIsEqual)
+{
+    EXPECT_THAT(outlines({makePullRequest(9), makePullRequest(10)}), ElementsAre("10 0", "9 0"));
+}
+
+/// Runs `action` on a thread with a call stack of 256 KiB.
+template<typename Action>
+void runOnASmallStack(Action action)
+{
+    pthread_attr_t attributes{};
+    ASSERT_EQ(pthread_attr_init(&attributes), 0);
+    ASSERT_EQ(pthread_attr_setstacksize(&attributes, std::size_t{256} * 1024), 0);
+    pthread_t thread{};
+    const auto start = [](void* argument) -> void* {
+        (*static_cast<Action*>(argument))();
+        return nullptr;
+    };
+    const int error = pthread_create(&thread, &attributes, start, &action);
+    pthread_attr_destroy(&attributes);
+    ASSERT_EQ(error, 0);
+    ASSERT_EQ(pthread_join(thread, nullptr), 0);
+}
+
+TEST(StackBuilder, doesNotWalkALongChainOnTheCallStack)
+{
+    // A call per level would leave each only 26 bytes, fewer than its return address and one frame.
+    constexpr std::int64_t count = 10'000;
+    std::vector<PullRequest> chain(count, makePullRequest(0));
+    for (std::int64_t number = 0; number < count; ++number) {
+        PullRequest& link = chain[static_cast<std::size_t>(number)];
+        link.id.number = number;
+        link.head.name = "b" + std::to_string(number);
+        link.base.name = "b" + std::to_string(number - 1);
+    }
+    std::vector<PullRequestRow> rows;
+    runOnASmallStack([&] { rows = StackBuilder::rows(std::move(chain)); });
     ASSERT_EQ(rows.size(), static_cast<std::size_t>(count));
     EXPECT_EQ(rows.back().depth, count - 1);
+    EXPECT_EQ(rows.back().id().number, count - 1);
+}
+
+TEST(StackBuilder, copesWithThousandsOfPullRequestsFromAndToTheSameBranch)
+{
+    // Looking at every candidate of every one would take a hundred million steps.
+    std::vector<PullRequest> crowd(10'000, makePullRequest(0, "develop", "develop"));
+    for (std::size_t place = 0; place < crowd.size(); ++place) {
+        crowd[place].id.number = static_cast<std::int64_t>(place);
+    }
+    const auto rows = StackBuilder::rows(std::move(crowd));
+    ASSERT_EQ(rows.size(), 10'000U);
+    for (const PullRequestRow& row : rows) {
+        ASSERT_EQ(row.warning, "Ambiguous base branch");
+    }
 }
 
 rc::Gen<std::vector<PullRequest>> crowd()
