@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 #include <numeric>
 #include <stdexcept>
+#include <string>
 
 #include <unicode/coll.h>
 #include <unicode/locid.h>
@@ -13,10 +15,19 @@
 namespace PullRequestKit::Detail {
 namespace {
 
+/// The user's locale, or the one that all languages share where the user has none: ICU reads the C
+/// locale as en_US_POSIX, which sorts by bytes.
+icu::Locale collationLocale()
+{
+    const icu::Locale& users = icu::Locale::getDefault();
+    return std::string_view(users.getVariant()) == "POSIX" ? icu::Locale::getRoot() : users;
+}
+
 std::unique_ptr<icu::Collator> makeCollator()
 {
     UErrorCode status = U_ZERO_ERROR;
-    std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(status));
+    std::unique_ptr<icu::Collator> collator(
+        icu::Collator::createInstance(collationLocale(), status));
     if (U_SUCCESS(status)) {
         // Secondary differences are those of accents; letter case would be the third.
         collator->setStrength(icu::Collator::SECONDARY);

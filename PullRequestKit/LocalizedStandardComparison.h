@@ -1,7 +1,9 @@
 #pragma once
 
-#include <string>
+#include <cstddef>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace PullRequestKit {
@@ -23,6 +25,10 @@ std::vector<std::size_t> localizedOrder(const std::vector<std::string_view>& nam
 template<typename Element, typename NameOf>
 void sortByLocalizedName(std::vector<Element>& elements, NameOf nameOf)
 {
+    using Name = std::invoke_result_t<NameOf, const Element&>;
+    static_assert(
+        std::is_lvalue_reference_v<Name> || std::is_same_v<Name, std::string_view>,
+        "the name of an element has to live on in the element");
     std::vector<std::string_view> names;
     names.reserve(elements.size());
     for (const Element& element : elements) {

@@ -6,6 +6,7 @@
 #include "PullRequestKit/Url.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -62,9 +63,14 @@ struct RecordHash {
     }
 
 private:
+    /// What an empty optional hashes to: unlike zero, no value that is stored often.
+    static constexpr auto absent = static_cast<std::size_t>(0xA5B3E7D19C84F26BU);
+
+    /// Small numbers hash to themselves, so that what they differ in is spread over all bits here.
     static void combine(std::size_t& seed, std::size_t hash)
     {
-        seed ^= hash + 0x9E3779B97F4A7C15U + (seed << 6U) + (seed >> 2U);
+        const std::uint64_t mixed = (std::uint64_t{seed} + hash + 1) * 0x9E3779B97F4A7C15U;
+        seed = static_cast<std::size_t>(mixed ^ (mixed >> 32U));
     }
 
     template<typename Value>
@@ -87,7 +93,7 @@ private:
     template<typename Value>
     static std::size_t hash(const std::optional<Value>& value)
     {
-        return value ? hash(*value) : 0;
+        return value ? hash(*value) : absent;
     }
 };
 
