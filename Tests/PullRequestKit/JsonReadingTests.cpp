@@ -1,0 +1,176 @@
+#include "PullRequestKit/Json/Reading.h"
+#include "PullRequestKit/ProgressCount.h"
+#include "Support/DecodingErrors.h"
+
+#include <limits>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace PullRequestKit;
+using testing::ElementsAre;
+using testing::StartsWith;
+using TestSupport::decodingErrorOf;
+
+TEST(JsonDocument, readsAnyKindOfValueWithWhiteSpaceAroundIt)
+{
+    EXPECT_EQ(Json::Document(" {} \r\n\t").root(), boost::json::object());
+    EXPECT_EQ(Json::Document("[1]\n").root().as_array().size(), 1U);
+    EXPECT_EQ(Json::Document("\"é\"").root(), "é");
+    EXPECT_EQ(Json::Document("12").root(), 12);
+    EXPECT_TRUE(Json::Document("null").root().is_null());
+}
+
+class RefusedDocument : public testing::TestWithParam<std::string_view> {};
+
+TEST_P(RefusedDocument, isNotJson)
+{
+    const auto error = decodingErrorOf([] { const Json::Document document(GetParam()); });
+    EXPECT_EQ(error.path, "");
+    EXPECT_THAT(error.text, StartsWith("The data could not be read: it is not JSON (byte "));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    empty, RefusedDocument, testing::Values("", " ", "\n\n", std::string_view("\0", 1)));
+
+INSTANTIATE_TEST_SUITE_P(
+    anotherLanguage,
+    RefusedDocument,
+    testing::Values(
+        "gh: command not found",
+        "<html></html>",
+        "{'a':1}",
+        "{a:1}",
+        "[1,]",
+        "{\"a\":1,}",
+        "NaN",
+        "Infinity",
+        "01",
+        "+1",
+        ".5",
+        "1.",
+        "// comment\n1",
+        "\"tab\there\"",
+        "\xEF\xBB\xBF{}",
+        "\x1B[1;37m{\x1B[m}"));
+
+INSTANTIATE_TEST_SUITE_P(
+    cutOff,
+    RefusedDocument,
+    testing::Values("{", "[1", "{\"a\"", "{\"a\":", "\"text", "tru", "-", "1e", "\"\\u00"));
+
+INSTANTIATE_TEST_SUITE_P(
+    trailingData, RefusedDocument, testing::Values("{}{}", "{} x", "1 2", "[]]", "null,"));
+
+INSTANTIATE_TEST_SUITE_P(
+    invalidText,
+    RefusedDocument,
+    testing::Values(
+        "\"\xFF\"",
+        "\"\xC3\"",
+        "\"\xC0\xAF\"",
+        "\"\xED\xA0\x80\"",
+        "\"\xF4\x90\x80\x80\"",
+        "{\"\xFF\":1}",
+        "\"\\uD800\"",
+        "\"\\uDC00\"",
+        "\"\\x\""));
+
+std::string nested(std::size_t depth)
+{
+    return std::string(depth, '[') + std::string(depth, ']');
+}
+
+TEST(JsonDocument, isNestedAtMostThirtyTwoDeep)
+{
+    EXPECT_NO_THROW(Json::Document(nested(32)));
+    EXPECT_THROW(Json::Document(nested(33)), DecodingError);
+    EXPECT_THROW(Json::Document(nested(1'000'000)), DecodingError);
+    EXPECT_THROW(Json::Document(std::string(1'000'000, '[')), DecodingError);
+}
+
+TEST(JsonDocument, namesTheByteAtWhichReadingEnded)
+{
+    const auto error = decodingErrorOf([] { const Json::Document document("{\"a\":x}"); });
+    EXPECT_THAT(error.text, StartsWith("The data could not be read: it is not JSON (byte 5: "));
+}
+
+TEST(JsonReading, readsWholeNumbersOfSixtyFourBits)
+{
+    EXPECT_EQ(Json::decode<std::int64_t>("0"), 0);
+    EXPECT_EQ(
+        Json::decode<std::int64_t>("9223372036854775807"),
+        std::numeric_limits<std::int64_t>::max());
+    EXPECT_EQ(
+        Json::decode<std::int64_t>("-9223372036854775808"),
+        std::numeric_limits<std::int64_t>::min());
+}
+
+TEST(JsonReading, refusesNumbersThatAreNoWholeNumbersOfSixtyFourBits)
+{
+    for (const auto* text :
+         {"9223372036854775808",
+          "-9223372036854775809",
+          "18446744073709551616",
+          "1e400",
+          "0.5",
+          "1e-3"}) {
+        EXPECT_EQ(
+            decodingErrorOf([&] { Json::decode<std::int64_t>(text); }).text,
+            "The data could not be read: it is not a whole number.")
+            << text;
+    }
+}
+
+TEST(JsonReading, takesTheLastOfRepeatedKeys)
+{
+    const auto progress = Json::decode<ProgressCount>(
+        R"({"completed":1,"total":2,"completed":3,"failed":4,"failed":5})");
+    EXPECT_EQ(progress, (ProgressCount{3, 2, 5}));
+}
+
+TEST(JsonReading, readsEscapedText)
+{
+    EXPECT_EQ(Json::decode<std::string>(R"("\"\\\/\n\u00e9\ud83e\udd80")"), "\"\\/\né🦀");
+    EXPECT_EQ(Json::decode<std::string>(R"("a\u0000b")"), std::string("a\0b", 3));
+    EXPECT_EQ(Json::decode<ProgressCount>(R"({"\u0063ompleted":1,"total":2})").completed, 1);
+}
+
+TEST(JsonReading, readsListsAndSets)
+{
+    EXPECT_THAT(Json::decode<std::vector<bool>>("[true,false]"), ElementsAre(true, false));
+    EXPECT_THAT(Json::decode<std::set<std::string>>(R"(["b","a","b"])"), ElementsAre("a", "b"));
+    EXPECT_THAT(Json::decode<std::vector<std::int64_t>>("[]"), testing::IsEmpty());
+}
+
+TEST(JsonReading, refusesANullEntryOfAList)
+{
+    const auto error =
+        decodingErrorOf([] { Json::decode<std::set<std::string>>(R"(["a",null])"); });
+    EXPECT_EQ(error.path, "[1]");
+    EXPECT_EQ(error.text, "The data could not be read: [1] is not text.");
+}
+
+TEST(JsonReading, tellsAbsentFromNullMembersOnlyByTheKey)
+{
+    const Json::Document document(R"({"null":null,"false":false})");
+    const auto& object = document.root().as_object();
+    EXPECT_EQ(Json::presentMember(object, "null"), nullptr);
+    EXPECT_EQ(Json::presentMember(object, "missing"), nullptr);
+    ASSERT_NE(Json::presentMember(object, "false"), nullptr);
+    EXPECT_EQ(*Json::presentMember(object, "false"), false);
+}
+
+TEST(JsonPath, joinsMembersAndElements)
+{
+    const Json::Path root;
+    EXPECT_EQ(root.text(), "");
+    const Json::Path data = root.member("data");
+    const Json::Path nodes = data.member("nodes");
+    const Json::Path third = nodes.element(3);
+    EXPECT_EQ(third.member("number").text(), "data.nodes[3].number");
+    EXPECT_EQ(root.element(0).text(), "[0]");
+}
+
+}  // namespace
