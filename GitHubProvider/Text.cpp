@@ -1,5 +1,7 @@
 #include "GitHubProvider/Text.h"
 
+#include <algorithm>
+
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
@@ -16,6 +18,11 @@ std::string utf8(const icu::UnicodeString& text)
     std::string bytes;
     text.toUTF8String(bytes);
     return bytes;
+}
+
+constexpr char lowerCase(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
 }  // namespace
@@ -37,6 +44,23 @@ std::string trimText(std::string_view text)
         last = wide.moveIndex32(last, -1);
     }
     return utf8(wide.tempSubStringBetween(first, last));
+}
+
+std::optional<std::string> firstWord(std::string_view text)
+{
+    const icu::UnicodeString wide = unicode(trimText(text));
+    std::int32_t end = 0;
+    while (end < wide.length() && u_isUWhiteSpace(wide.char32At(end)) == 0) {
+        end = wide.moveIndex32(end, 1);
+    }
+    return end > 0 ? std::optional(utf8(wide.tempSubStringBetween(0, end))) : std::nullopt;
+}
+
+std::size_t endOfAsciiIgnoringCase(std::string_view text, std::string_view part)
+{
+    const auto found = std::ranges::search(text, part, {}, lowerCase);
+    return found.begin() == text.end() ? std::string_view::npos
+                                       : static_cast<std::size_t>(found.end() - text.begin());
 }
 
 }  // namespace GitHubProvider

@@ -27,4 +27,20 @@ TEST(Text, trimsWhiteSpaceAndLineBreaksAtBothEnds)
     EXPECT_EQ(trimText(""), "");
 }
 
+TEST(Text, firstWordEndsAtWhiteSpace)
+{
+    EXPECT_EQ(firstWord(" \n octo cat"), "octo");
+    EXPECT_EQ(firstWord("🦀\u2029x"), "🦀");
+    EXPECT_EQ(firstWord(" \t"), std::nullopt);
+    EXPECT_EQ(firstWord(""), std::nullopt);
+}
+
+TEST(Text, findsAsciiWhateverTheCase)
+{
+    EXPECT_EQ(endOfAsciiIgnoringCase("My ACCount x", "account "), 11U);
+    EXPECT_EQ(endOfAsciiIgnoringCase("account ", "account "), 8U);
+    EXPECT_EQ(endOfAsciiIgnoringCase("account", "account "), std::string_view::npos);
+    EXPECT_EQ(endOfAsciiIgnoringCase("", "account "), std::string_view::npos);
+}
+
 }  // namespace

@@ -1,0 +1,36 @@
+#include "GitHubProvider/BaseRuleCache.h"
+
+#include <utility>
+
+namespace GitHubProvider {
+
+BaseRuleCache::BaseRuleCache(WallClock clock)
+    : _clock(std::move(clock))
+{}
+
+BaseRuleCache::Lookup BaseRuleCache::lookup(const std::vector<std::string>& ids) const
+{
+    const std::lock_guard lock(_mutex);
+    const auto now = _clock();
+    Lookup lookup;
+    for (const std::string& id : ids) {
+        const auto entry = _entries.find(id);
+        if (entry == _entries.end() || now - entry->second.loadedAt >= lifetime) {
+            lookup.missing.push_back(id);
+        } else if (entry->second.count) {
+            lookup.counts.emplace(id, *entry->second.count);
+        }
+    }
+    return lookup;
+}
+
+void BaseRuleCache::store(const BaseRuleResults& results)
+{
+    const std::lock_guard lock(_mutex);
+    const auto now = _clock();
+    for (const auto& [id, count] : results) {
+        _entries.insert_or_assign(id, Entry{count, now});
+    }
+}
+
+}  // namespace GitHubProvider

@@ -1,0 +1,107 @@
+#include "GitHubProvider/GitHubProvider.h"
+
+#include "GitHubProvider/Authentication.h"
+#include "GitHubProvider/BaseRules.h"
+#include "GitHubProvider/PullRequestMapping.h"
+#include "GitHubProvider/RepositoryListing.h"
+#include "GitHubProvider/Search.h"
+#include "GitHubProvider/SearchQuery.h"
+#include "GitHubProvider/SearchTrace.h"
+
+#include <utility>
+
+namespace GitHubProvider {
+namespace {
+
+using PullRequestKit::PullRequest;
+
+std::set<std::string> baseRefIDs(const std::vector<SearchHit>& hits)
+{
+    std::set<std::string> ids;
+    for (const SearchHit& hit : hits) {
+        if (hit.baseRefID) {
+            ids.insert(*hit.baseRefID);
+        }
+    }
+    return ids;
+}
+
+std::optional<std::int64_t> requiredReviews(const SearchHit& hit, const BaseRuleCounts& counts)
+{
+    const auto count = hit.baseRefID ? counts.find(*hit.baseRefID) : counts.end();
+    return count != counts.end() ? count->second : hit.requiredApprovingReviewCount;
+}
+
+/// A pull request can be closed between the search index and the data of the hit, so not every hit
+/// of a search for open ones is open.
+std::vector<PullRequest> openPullRequests(std::vector<SearchHit> hits, const BaseRuleCounts& counts)
+{
+    std::vector<PullRequest> open;
+    open.reserve(hits.size());
+    for (SearchHit& hit : hits) {
+        if (hit.pullRequest && hit.pullRequest->state == PullRequestKit::PullRequestState::open) {
+            hit.pullRequest->requiredApprovingReviewCount = requiredReviews(hit, counts);
+            open.push_back(*std::move(hit.pullRequest));
+        }
+    }
+    return open;
+}
+
+}  // namespace
+
+GitHubProvider::GitHubProvider(
+    std::string host,
+    std::optional<std::filesystem::path> executable,
+    std::shared_ptr<const CommandRunning> runner,
+    LogSink log,
+    WallClock wallClock,
+    SteadyClock steadyClock)
+    : _host(std::move(host))
+    , _gh(std::move(executable), std::move(runner))
+    , _log(std::move(log))
+    , _steadyClock(std::move(steadyClock))
+    , _ruleCache(std::move(wallClock))
+{}
+
+std::string_view GitHubProvider::id() const
+{
+    return providerID;
+}
+
+std::string_view GitHubProvider::displayName() const
+{
+    return "GitHub";
+}
+
+PullRequestKit::AuthenticationStatus GitHubProvider::authenticationStatus(
+    std::stop_token stopToken) const
+{
+    return ::GitHubProvider::authenticationStatus(_gh, _host, std::move(stopToken));
+}
+
+std::vector<PullRequestKit::RepositorySummary> GitHubProvider::repositories(
+    std::stop_token stopToken) const
+{
+    return listRepositories(_gh, _host, std::move(stopToken));
+}
+
+std::vector<PullRequest> GitHubProvider::pullRequests(
+    PullRequestKit::ReviewerScope reviewerScope,
+    const std::set<std::string>& repositories,
+    std::stop_token stopToken) const
+{
+    _gh.requireFound();
+    if (repositories.empty()) {
+        return {};
+    }
+    const std::string query = searchQuery(reviewerScope, repositories);
+    SearchTrace trace(_log, _steadyClock);
+    trace.searchStarted(query);
+    std::vector<SearchHit> hits = search(_gh, _host, query, trace, stopToken);
+    const std::set<std::string> ids = baseRefIDs(hits);
+    const BaseRuleCounts counts = loadBaseRules(ids, _gh, _ruleCache, stopToken);
+    trace.searchEnded(hits.size(), ids.size());
+    return openPullRequests(std::move(hits), counts);
+}
+
+}  // namespace GitHubProvider

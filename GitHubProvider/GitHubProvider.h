@@ -1,0 +1,62 @@
+#pragma once
+
+#include "GitHubProvider/BaseRuleCache.h"
+#include "GitHubProvider/Clocks.h"
+#include "GitHubProvider/CommandRunning.h"
+#include "GitHubProvider/Gh.h"
+#include "GitHubProvider/SystemLog.h"
+#include "PullRequestKit/PullRequestProvider.h"
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <set>
+#include <stop_token>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace GitHubProvider {
+
+/// The host of the public GitHub service, which `gh` uses by default.
+inline constexpr const char* publicHost = "github.com";
+
+/// GitHub as the user's own `gh` sees it, with its login, host and tokens: every request is a run
+/// of `gh`. Rules of base branches are remembered for as long as the provider lives.
+class GitHubProvider final : public PullRequestKit::PullRequestProvider {
+public:
+    /// Without an executable every request says that `gh` was not found. Each search writes its
+    /// steps to `log`. Requires: a runner, a sink and clocks.
+    GitHubProvider(
+        std::string host,
+        std::optional<std::filesystem::path> executable,
+        std::shared_ptr<const CommandRunning> runner,
+        LogSink log,
+        WallClock wallClock = std::chrono::system_clock::now,
+        SteadyClock steadyClock = std::chrono::steady_clock::now);
+
+    std::string_view id() const override;
+    std::string_view displayName() const override;
+
+    PullRequestKit::AuthenticationStatus authenticationStatus(
+        std::stop_token stopToken) const override;
+
+    std::vector<PullRequestKit::RepositorySummary> repositories(
+        std::stop_token stopToken) const override;
+
+    /// The open ones, last updated first. No repositories, no pull requests: `gh` is not run then.
+    std::vector<PullRequestKit::PullRequest> pullRequests(
+        PullRequestKit::ReviewerScope reviewerScope,
+        const std::set<std::string>& repositories,
+        std::stop_token stopToken) const override;
+
+private:
+    const std::string _host;
+    const Gh _gh;
+    const LogSink _log;
+    const SteadyClock _steadyClock;
+    mutable BaseRuleCache _ruleCache;
+};
+
+}  // namespace GitHubProvider

@@ -1,0 +1,93 @@
+#include "GitHubProvider/Search.h"
+
+#include "GitHubProvider/PullRequestMapping.h"
+#include "GitHubProvider/SearchQuery.h"
+#include "GitHubProvider/SearchRecords.h"
+#include "PullRequestKit/Errors.h"
+#include "PullRequestKit/Json/Reading.h"
+
+#include <utility>
+
+namespace GitHubProvider {
+namespace {
+
+using PullRequestKit::ProviderError;
+
+SearchPage decodePage(const CommandResult& result, SearchTrace& trace)
+{
+    if (result.status != 0) {
+        throw ProviderError(failureText(result, "gh could not load pull requests."));
+    }
+    auto envelope = PullRequestKit::Json::decode<SearchEnvelope>(result.standardOutput);
+    if (envelope.hasErrors()) {
+        trace.pageHadErrors(envelope.errors->size());
+        throw graphQLError(*envelope.errors);
+    }
+    if (!envelope.data) {
+        throw ProviderError("GitHub returned no pull-request data.");
+    }
+    SearchPage& page = envelope.data->search;
+    trace.pageLoaded(
+        {.bytes = result.standardOutput.size(),
+         .nodes = page.nodes.size(),
+         .matches = page.issueCount,
+         .hasNext = page.pageInfo.hasNextPage});
+    return std::move(page);
+}
+
+SearchHit makeHit(Node node, const std::string& host)
+{
+    SearchHit hit;
+    if (node.baseRef) {
+        hit.baseRefID = node.baseRef->id;
+        hit.requiredApprovingReviewCount = node.baseRef->requiredApprovingReviewCount();
+    }
+    hit.pullRequest = makePullRequest(std::move(node), host, std::nullopt);
+    return hit;
+}
+
+/// Appends a page's hits and says where the next page begins, if there is one.
+std::optional<std::string> appendHits(
+    std::vector<SearchHit>& hits, SearchPage page, const std::string& host)
+{
+    hits.reserve(hits.size() + page.nodes.size());
+    for (Node& node : page.nodes) {
+        hits.push_back(makeHit(std::move(node), host));
+    }
+    if (!page.pageInfo.hasNextPage) {
+        return std::nullopt;
+    }
+    if (!page.pageInfo.endCursor) {
+        throw ProviderError("GitHub returned a page without a continuation cursor.");
+    }
+    return std::move(page.pageInfo.endCursor);
+}
+
+void throwIfStopped(const std::stop_token& stopToken)
+{
+    if (stopToken.stop_requested()) {
+        throw PullRequestKit::CancellationError();
+    }
+}
+
+}  // namespace
+
+std::vector<SearchHit> search(
+    const Gh& gh,
+    const std::string& host,
+    const std::string& query,
+    SearchTrace& trace,
+    std::stop_token stopToken)
+{
+    std::vector<SearchHit> hits;
+    std::optional<std::string> cursor;
+    do {
+        throwIfStopped(stopToken);
+        trace.pageStarted();
+        const CommandResult result = gh.run(searchArguments(query, cursor), stopToken);
+        cursor = appendHits(hits, decodePage(result, trace), host);
+    } while (cursor);
+    return hits;
+}
+
+}  // namespace GitHubProvider

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "GitHubProvider/Gh.h"
+#include "GitHubProvider/SearchTrace.h"
+#include "PullRequestKit/PullRequest.h"
+
+#include <cstdint>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <vector>
+
+namespace GitHubProvider {
+
+/// What is kept of a hit once its page is gone, a small part of what GitHub sends.
+struct SearchHit {
+    /// Without the number of approvals that its base branch requires. Nothing when the hit is no
+    /// pull request.
+    std::optional<PullRequestKit::PullRequest> pullRequest;
+    std::optional<std::string> baseRefID;
+
+    /// What the hit itself says on the approvals that its base branch requires.
+    std::optional<std::int64_t> requiredApprovingReviewCount;
+
+    bool operator==(const SearchHit&) const = default;
+};
+
+/// All hits of a query, in GitHub's order, loaded page by page. Blocks; call on a worker thread.
+/// Throws `ProviderError`, `DecodingError`, `CancellationError` and what `Gh::run` throws; then
+/// nothing of what was loaded remains.
+std::vector<SearchHit> search(
+    const Gh& gh,
+    const std::string& host,
+    const std::string& query,
+    SearchTrace& trace,
+    std::stop_token stopToken);
+
+}  // namespace GitHubProvider

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace GitHubProvider {
+
+/// Takes one line of diagnostics, without a line break. Called from several threads at once.
+using LogSink = std::function<void(const std::string& line)>;
+
+/// Writes to the system log (`syslog`) as "tarnwick". Without a system log the lines are lost.
+LogSink systemLog();
+
+}  // namespace GitHubProvider

@@ -1,0 +1,240 @@
+#include "GitHubProvider/Authentication.h"
+
+#include "ProviderTest.h"
+#include "PullRequestKit/Errors.h"
+
+#include <system_error>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace PullRequestKit;
+using GitHubProvider::accountName;
+using testing::ElementsAre;
+
+using Arguments = std::vector<std::string>;
+
+const Arguments activeArguments{"auth", "status", "--hostname", "git.example", "--active"};
+const Arguments olderArguments{"auth", "status", "--hostname", "git.example"};
+
+constexpr const char* unknownFlag = "unknown flag: --active\n\nUsage:  gh auth status [flags]\n";
+
+class Authentication : public TestSupport::ProviderTest {
+protected:
+    AuthenticationStatus status() { return provider->authenticationStatus(stop.get_token()); }
+};
+
+AuthenticationStatus authenticated(std::optional<std::string> account)
+{
+    return Authenticated{std::move(account)};
+}
+
+AuthenticationStatus notAuthenticated(std::string message)
+{
+    return NotAuthenticated{std::move(message)};
+}
+
+AuthenticationStatus unavailable(std::string message)
+{
+    return Unavailable{std::move(message)};
+}
+
+TEST_F(Authentication, withoutGhIsUnavailableAndNothingIsRun)
+{
+    provider = makeProvider(std::nullopt);
+    EXPECT_EQ(
+        status(),
+        unavailable("GitHub CLI (gh) was not found. Install it, then run gh auth login."));
+    EXPECT_THAT(runner->calls(), testing::IsEmpty());
+}
+
+TEST_F(Authentication, asksForTheActiveAccountOfTheHost)
+{
+    runner->prints("git.example\n  ✓ Logged in to git.example account octo (keyring)\n");
+    EXPECT_EQ(status(), authenticated("octo"));
+    EXPECT_THAT(
+        runner->calls(),
+        ElementsAre(TestSupport::ScriptedRunner::Call{"/opt/gh", activeArguments}));
+    EXPECT_EQ(runner->lastToken(), stop.get_token());
+}
+
+TEST_F(Authentication, readsTheAccountFromEitherStream)
+{
+    runner->prints("git.example\n", "Logged in to git.example account octo (keyring)\n");
+    EXPECT_EQ(status(), authenticated("octo"));
+}
+
+TEST_F(Authentication, exitZeroWithoutAccountInTheOutputIsAuthenticatedWithNoAccount)
+{
+    runner->prints("Logged in.\n");
+    EXPECT_EQ(status(), authenticated(std::nullopt));
+}
+
+TEST_F(Authentication, exitOneWithEmptyStandardErrorIsNotLoggedIn)
+{
+    runner->ends(1, "this is not looked at", " \n");
+    EXPECT_EQ(status(), notAuthenticated("GitHub CLI is not logged in."));
+}
+
+TEST_F(Authentication, exitOneShowsTheTrimmedStandardError)
+{
+    runner->ends(1, "", "\n You are not logged into any GitHub hosts.\nRun gh auth login \xFF\n\n");
+    EXPECT_EQ(
+        status(),
+        notAuthenticated(
+            "You are not logged into any GitHub hosts.\nRun gh auth login \xEF\xBF\xBD"));
+}
+
+TEST_F(Authentication, aTimeOutIsUnavailableWithTheErrorsText)
+{
+    runner->fails(ProviderError("GitHub CLI request timed out."));
+    EXPECT_EQ(status(), unavailable("Could not run gh auth status: GitHub CLI request timed out."));
+}
+
+TEST_F(Authentication, aLaunchErrorIsUnavailableWithTheErrorsText)
+{
+    const std::system_error error(
+        std::make_error_code(std::errc::permission_denied), "gh could not be started");
+    runner->fails(error);
+    EXPECT_EQ(
+        status(),
+        unavailable("Could not run gh auth status: gh could not be started: Permission denied"));
+}
+
+TEST_F(Authentication, cancellationIsUnavailableWithTheErrorsText)
+{
+    runner->fails(CancellationError());
+    EXPECT_EQ(status(), unavailable("Could not run gh auth status: The operation was cancelled."));
+}
+
+TEST_F(Authentication, onlyTheUnknownFlagIsAskedAgainWithoutIt)
+{
+    runner->ends(1, "", unknownFlag);
+    runner->prints("", "git.example\n  ✓ Logged in to git.example as octo (oauth_token)\n");
+    EXPECT_EQ(status(), authenticated("octo"));
+    EXPECT_THAT(runner->argumentLists(), ElementsAre(activeArguments, olderArguments));
+}
+
+TEST_F(Authentication, theUnknownFlagWithAnotherStatusIsAFailureLikeAnyOther)
+{
+    runner->ends(2, "", unknownFlag);
+    EXPECT_EQ(
+        status(), notAuthenticated("unknown flag: --active\n\nUsage:  gh auth status [flags]"));
+}
+
+struct OlderCase {
+    const char* name;
+    std::int32_t status;
+    const char* standardOutput;
+    const char* standardError;
+    AuthenticationStatus expected;
+};
+
+class OlderGh
+    : public Authentication
+    , public testing::WithParamInterface<OlderCase> {};
+
+TEST_P(OlderGh, answersWithoutTheFlag)
+{
+    runner->ends(1, "", unknownFlag);
+    runner->ends(GetParam().status, GetParam().standardOutput, GetParam().standardError);
+    EXPECT_EQ(status(), GetParam().expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Answers,
+    OlderGh,
+    testing::Values(
+        OlderCase{
+            "asNameOnStandardOutput",
+            0,
+            "git.example\n  ✓ Logged in to git.example as octo (GH_TOKEN)\n",
+            "",
+            authenticated("octo")},
+        OlderCase{
+            "accountNameOnStandardError",
+            0,
+            "",
+            "git.example\n  ✓ Logged in to git.example account octo (keyring)\n",
+            authenticated("octo")},
+        OlderCase{
+            "accountNameOnStandardOutput",
+            0,
+            "git.example\n  ✓ Logged in to git.example account octo (keyring)\n",
+            "",
+            authenticated("octo")},
+        OlderCase{"noName", 0, "used as before\n", "", authenticated(std::nullopt)},
+        OlderCase{
+            "badLoginWithExitZero",
+            0,
+            "git.example\n  X Failed to log in to git.example account octo (keyring)\n"
+            "  - The token is invalid.\n",
+            "",
+            notAuthenticated("git.example\n  X Failed to log in to git.example account octo "
+                             "(keyring)\n  - The token is invalid.")},
+        OlderCase{
+            "badLoginWithExitZeroOnStandardError",
+            0,
+            "",
+            "X Failed to log in to git.example using token (GH_TOKEN)\n",
+            notAuthenticated("X Failed to log in to git.example using token (GH_TOKEN)")},
+        OlderCase{
+            "badLoginOfAnotherThanTheActiveAccount",
+            0,
+            "✓ Logged in to git.example account octo (keyring)\n"
+            "X Failed to log in to git.example account cat (keyring)\n",
+            "",
+            authenticated("octo")},
+        OlderCase{
+            "signedOut",
+            1,
+            "",
+            "You are not logged into any GitHub hosts. Run gh auth login to authenticate.\n",
+            notAuthenticated("You are not logged into any GitHub hosts. Run gh auth login to "
+                             "authenticate.")},
+        OlderCase{
+            "signedOutOnStandardOutput",
+            1,
+            "X git.example: authentication failed\n",
+            "",
+            notAuthenticated("X git.example: authentication failed")},
+        OlderCase{"silence", 1, "", "", notAuthenticated("GitHub CLI is not logged in.")}),
+    [](const auto& instance) { return instance.param.name; });
+
+TEST_F(Authentication, aFailureOfTheSecondRunIsUnavailableToo)
+{
+    runner->ends(1, "", unknownFlag);
+    runner->fails(ProviderError("GitHub CLI request timed out."));
+    EXPECT_EQ(status(), unavailable("Could not run gh auth status: GitHub CLI request timed out."));
+}
+
+TEST(AccountName, isTheWordAfterAccount)
+{
+    EXPECT_EQ(accountName("Logged in to the host account octo (keyring)"), "octo");
+    EXPECT_EQ(accountName("account   octo\nmore"), "octo");
+    EXPECT_EQ(accountName("account octo account cat"), "octo");
+}
+
+TEST(AccountName, accountInCapitalsMatches)
+{
+    EXPECT_EQ(accountName("ACCOUNT alice"), "alice");
+    EXPECT_EQ(accountName("aCCount alice"), "alice");
+}
+
+TEST(AccountName, isAbsentWithoutTheWordOrANameAfterIt)
+{
+    EXPECT_EQ(accountName(""), std::nullopt);
+    EXPECT_EQ(accountName("accounts are nice"), std::nullopt);
+    EXPECT_EQ(accountName("account\nocto"), std::nullopt);
+    EXPECT_EQ(accountName("the account "), std::nullopt);
+    EXPECT_EQ(accountName("the account  \n\t"), std::nullopt);
+}
+
+TEST(AccountName, endsAtAnyWhiteSpace)
+{
+    EXPECT_EQ(accountName("account octo\u00A0cat"), "octo");
+    EXPECT_EQ(accountName("account 日本\u2028cat"), "日本");
+}
+
+}  // namespace

@@ -1,0 +1,99 @@
+#include "GitHubProvider/GhDiscovery.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+namespace {
+
+using namespace GitHubProvider;
+using std::filesystem::path;
+using testing::ElementsAre;
+
+TEST(GhCandidates, withoutPathAreTheThreeFixedPlaces)
+{
+    EXPECT_THAT(
+        ghCandidates({{"HOME", "/home/octo"}}),
+        ElementsAre("/opt/homebrew/bin/gh", "/usr/local/bin/gh", "/usr/bin/gh"));
+}
+
+TEST(GhCandidates, pathOfColonsAndOneFolderYieldsTheSingleExtraCandidate)
+{
+    EXPECT_THAT(
+        ghCandidates({{"PATH", "::/x/bin:"}}),
+        ElementsAre("/opt/homebrew/bin/gh", "/usr/local/bin/gh", "/usr/bin/gh", "/x/bin/gh"));
+}
+
+TEST(GhCandidates, piecesStayAsTheyStandInOrderWithDuplicates)
+{
+    EXPECT_THAT(
+        ghCandidates({{"PATH", "~/bin:/usr/bin:tools:/usr/bin"}}),
+        ElementsAre(
+            "/opt/homebrew/bin/gh",
+            "/usr/local/bin/gh",
+            "/usr/bin/gh",
+            "~/bin/gh",
+            "/usr/bin/gh",
+            "tools/gh",
+            "/usr/bin/gh"));
+}
+
+TEST(FindGH, takesTheFirstExecutableCandidate)
+{
+    const auto isOneOf = [](std::vector<path> executables) {
+        return [executables](const path& candidate) {
+            return std::ranges::find(executables, candidate) != executables.end();
+        };
+    };
+    EXPECT_EQ(findGH({{"PATH", "/a:/b"}}, isOneOf({"/b/gh", "/a/gh"})), "/a/gh");
+    EXPECT_EQ(
+        findGH({{"PATH", "/a"}}, isOneOf({"/a/gh", "/usr/local/bin/gh"})), "/usr/local/bin/gh");
+    EXPECT_EQ(findGH({}, isOneOf({"/usr/bin/gh"})), "/usr/bin/gh");
+    EXPECT_EQ(findGH({{"PATH", "/a"}}, isOneOf({"/b/gh"})), std::nullopt);
+}
+
+class ExecutableFile : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        std::string name = (std::filesystem::temp_directory_path() / "gh-XXXXXX").string();
+        ASSERT_NE(mkdtemp(name.data()), nullptr);
+        folder = name;
+    }
+
+    void TearDown() override { std::filesystem::remove_all(folder); }
+
+    path makeFile(const char* name, std::filesystem::perms permissions) const
+    {
+        const path file = folder / name;
+        std::ofstream(file) << "#!/bin/sh\n";
+        std::filesystem::permissions(file, permissions);
+        return file;
+    }
+
+    path folder;
+};
+
+TEST_F(ExecutableFile, isARegularFileThatMayBeExecuted)
+{
+    using std::filesystem::perms;
+    EXPECT_TRUE(isExecutableFile(makeFile("gh", perms::owner_read | perms::owner_exec)));
+    EXPECT_FALSE(isExecutableFile(makeFile("plain", perms::owner_read)));
+    EXPECT_FALSE(isExecutableFile(folder));
+    EXPECT_FALSE(isExecutableFile(folder / "missing"));
+    EXPECT_FALSE(isExecutableFile(folder / "gh" / "below a file"));
+}
+
+TEST_F(ExecutableFile, isFoundThroughALink)
+{
+    using std::filesystem::perms;
+    const path target = makeFile("target", perms::owner_read | perms::owner_exec);
+    std::filesystem::create_symlink(target, folder / "gh");
+    std::filesystem::create_symlink(folder / "nowhere", folder / "dangling");
+    EXPECT_TRUE(isExecutableFile(folder / "gh"));
+    EXPECT_FALSE(isExecutableFile(folder / "dangling"));
+}
+
+}  // namespace

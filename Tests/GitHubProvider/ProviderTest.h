@@ -1,0 +1,59 @@
+#pragma once
+
+#include "GitHubProvider/GitHubProvider.h"
+#include "ScriptedRunner.h"
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace TestSupport {
+
+/// A provider over a scripted `gh` at /opt/gh, with clocks that only the test moves. Every answer
+/// of the script must have been used at the end.
+class ProviderTest : public testing::Test {
+protected:
+    std::unique_ptr<::GitHubProvider::GitHubProvider> makeProvider(
+        std::optional<std::filesystem::path> executable = "/opt/gh")
+    {
+        return std::make_unique<::GitHubProvider::GitHubProvider>(
+            "git.example",
+            std::move(executable),
+            runner,
+            [this](const std::string& line) { log.push_back(line); },
+            [this] { return wallTime; },
+            [this] { return steadyTime; });
+    }
+
+    void TearDown() override { EXPECT_FALSE(runner->hasAnswersLeft()); }
+
+    std::shared_ptr<ScriptedRunner> runner = std::make_shared<ScriptedRunner>();
+    std::vector<std::string> log;
+    std::chrono::system_clock::time_point wallTime{std::chrono::hours{500'000}};
+    std::chrono::steady_clock::time_point steadyTime{std::chrono::hours{7}};
+    std::unique_ptr<::GitHubProvider::GitHubProvider> provider = makeProvider();
+    std::stop_source stop;
+};
+
+/// The message of the error of this type that `action` throws. Another outcome fails the test.
+template<typename Error, typename Action>
+std::string messageOf(Action action)
+{
+    try {
+        action();
+    } catch (const Error& error) {
+        return error.what();
+    } catch (const std::exception& error) {
+        ADD_FAILURE() << "another error: " << error.what();
+        return {};
+    }
+    ADD_FAILURE() << "no error";
+    return {};
+}
+
+}  // namespace TestSupport
