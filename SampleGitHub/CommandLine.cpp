@@ -1,0 +1,94 @@
+#include "SampleGitHub/CommandLine.h"
+
+#include <stdexcept>
+
+namespace SampleGitHub {
+namespace {
+
+PullRequestKit::Date readDate(const std::string& text)
+{
+    const auto date = PullRequestKit::parseDate(text);
+    if (!date) {
+        throw std::invalid_argument("The instant " + text + " is not an ISO 8601 date.");
+    }
+    return *date;
+}
+
+void readOption(CommandLine& line, const std::string& name, const std::string& value)
+{
+    if (name == "--socket") {
+        line.socket = value;
+    } else if (name == "--scenario") {
+        line.scenario = value;
+    } else if (name == "--fault") {
+        line.faults.push_back(parseFault(value));
+    } else if (name == "--config-dir") {
+        line.configurationFolder = value;
+    } else if (name == "--record") {
+        line.record = value;
+    } else {
+        line.now = readDate(value);
+    }
+}
+
+bool isOption(const std::string& name)
+{
+    return name == "--socket" || name == "--scenario" || name == "--fault" || name == "--config-dir"
+           || name == "--record" || name == "--now";
+}
+
+}  // namespace
+
+CommandLine parseCommandLine(const std::vector<std::string>& arguments)
+{
+    CommandLine line;
+    for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+        if (*argument == "--help") {
+            line.isHelpWanted = true;
+            return line;
+        }
+        if (*argument == "--exec") {
+            line.command.assign(argument + 1, arguments.end());
+            if (line.command.empty()) {
+                throw std::invalid_argument("The option --exec needs a command.");
+            }
+            return line;
+        }
+        if (!isOption(*argument)) {
+            throw std::invalid_argument("The argument " + *argument + " is not known.");
+        }
+        if (argument + 1 == arguments.end()) {
+            throw std::invalid_argument("The option " + *argument + " needs a value.");
+        }
+        const std::string& name = *argument;
+        readOption(line, name, *++argument);
+    }
+    if (!line.socket) {
+        throw std::invalid_argument("Either --socket or --exec is needed.");
+    }
+    return line;
+}
+
+std::string helpText()
+{
+    return "Usage: tarnwick-sample-github --socket PATH [OPTION]...\n"
+           "       tarnwick-sample-github [OPTION]... --exec COMMAND [ARGUMENT]...\n"
+           "A stand-in for GitHub that gh talks to through a Unix socket.\n"
+           "\n"
+           "  --socket PATH       serve on this socket until SIGINT or SIGTERM\n"
+           "  --scenario NAME     everyday (the default), large, signed-out, empty, or a file\n"
+           "  --fault FAULT       switch a fault on; may be given several times\n"
+           "  --config-dir DIR    write the files that make gh, with GH_CONFIG_DIR=DIR, use the "
+           "socket\n"
+           "  --record FILE       append every request as a line of JSON\n"
+           "  --now INSTANT       what ages count back from, such as 2026-03-01T12:00:00Z\n"
+           "  --exec COMMAND      run COMMAND with gh's environment set, end with its status\n"
+           "  --help              print this\n"
+           "\n"
+           "A FAULT is NAME[@KIND][#NUMBER]: KIND is authentication, search, rules or "
+           "repositories,\n"
+           "NUMBER strikes only that request of the kind. NAME is one of\n"
+           + describeFaults();
+}
+
+}  // namespace SampleGitHub

@@ -1,0 +1,135 @@
+#include "SampleGitHub/Fault.h"
+
+#include <charconv>
+#include <stdexcept>
+
+namespace SampleGitHub {
+namespace {
+
+using PullRequestKit::enumNamed;
+
+[[noreturn]] void throwInvalid(std::string_view text, const std::string& problem)
+{
+    throw std::invalid_argument("The fault " + std::string(text) + " " + problem + ".");
+}
+
+bool takesValue(FaultKind kind)
+{
+    return kind == FaultKind::delay || kind == FaultKind::padding;
+}
+
+/// Cuts off what stands behind the last `mark`; nothing when there is none.
+std::optional<std::string_view> takeSuffix(std::string_view& text, char mark)
+{
+    const std::size_t place = text.rfind(mark);
+    if (place == std::string_view::npos) {
+        return std::nullopt;
+    }
+    const std::string_view suffix = text.substr(place + 1);
+    text = text.substr(0, place);
+    return suffix;
+}
+
+std::optional<std::int64_t> readNumber(std::string_view text)
+{
+    constexpr std::int64_t largest = 1'000'000'000;
+    std::int64_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    const bool isNumber = error == std::errc() && rest == end && number > 0 && number <= largest;
+    return isNumber ? std::optional(number) : std::nullopt;
+}
+
+std::string_view description(FaultKind kind)
+{
+    switch (kind) {
+    case FaultKind::unauthorized:
+        return "status 401";
+    case FaultKind::rateLimit:
+        return "status 403 with the text about the rate limit";
+    case FaultKind::serverError:
+        return "status 500";
+    case FaultKind::errors:
+        return "GraphQL errors beside the data";
+    case FaultKind::errorsOnly:
+        return "GraphQL errors and no data";
+    case FaultKind::delay:
+        return "the answer comes after VALUE milliseconds";
+    case FaultKind::cutOff:
+        return "the connection ends in the middle of the body";
+    case FaultKind::truncated:
+        return "half of the body, announced as the whole";
+    case FaultKind::noCursor:
+        return "a search page with a next page but no cursor";
+    case FaultKind::nullNodes:
+        return "every node of a search or rules answer is null";
+    case FaultKind::foreignNodes:
+        return "every search hit is an object without members";
+    case FaultKind::missingData:
+        return "a GraphQL answer that is an empty object";
+    case FaultKind::emptyBody:
+        return "no body at all";
+    case FaultKind::notJson:
+        return "a body that is no JSON";
+    case FaultKind::notUtf8:
+        return "a byte that is no UTF-8 in the first text";
+    case FaultKind::wrongType:
+        return "a text in the place of a number, or the reverse";
+    case FaultKind::deep:
+        return "lists nested 5,000 deep";
+    case FaultKind::padding:
+        return "VALUE MiB of blanks before the answer";
+    }
+    return {};
+}
+
+}  // namespace
+
+Fault parseFault(std::string_view text)
+{
+    Fault fault;
+    std::string_view rest = text;
+    if (const auto number = takeSuffix(rest, '#')) {
+        fault.nth = readNumber(*number);
+        if (!fault.nth) {
+            throwInvalid(text, "has no request number behind its #");
+        }
+    }
+    if (const auto only = takeSuffix(rest, '@')) {
+        fault.only = enumNamed<RequestKind>(*only);
+        if (!fault.only) {
+            throwInvalid(text, "names no kind of request behind its @");
+        }
+    }
+    const auto value = takeSuffix(rest, '=');
+    const auto kind = enumNamed<FaultKind>(rest);
+    if (!kind) {
+        throwInvalid(text, "is not known");
+    }
+    fault.kind = *kind;
+    if (value.has_value() != takesValue(*kind)) {
+        throwInvalid(text, value ? "takes no value" : "needs a value, such as delay=500");
+    }
+    if (value) {
+        const auto number = readNumber(*value);
+        if (!number) {
+            throwInvalid(text, "has a value that is no positive whole number");
+        }
+        fault.value = *number;
+    }
+    return fault;
+}
+
+std::string describeFaults()
+{
+    constexpr std::size_t column = 16;
+    std::string text;
+    for (const auto& [kind, name] : PullRequestKit::EnumNames<FaultKind>::names) {
+        const std::string label = std::string(name) + (takesValue(kind) ? "=VALUE" : "");
+        text += "  " + label + std::string(column - label.size(), ' ');
+        text += std::string(description(kind)) + "\n";
+    }
+    return text;
+}
+
+}  // namespace SampleGitHub

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "SampleGitHub/Http.h"
+#include "SampleGitHub/RequestKind.h"
+#include "SampleGitHub/Scenario.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace SampleGitHub {
+
+struct GraphQlRequest;
+
+/// The token that the sample takes for its user's.
+inline constexpr std::string_view accountToken = "gho_tokenOfTheSampleGitHub";
+
+struct Answer {
+    RequestKind kind = RequestKind::other;
+    Response response;
+};
+
+/// What GitHub would answer: a function of a scenario, an instant and the request. It interprets
+/// the request (search terms, cursors, ids, pages) and knows only what Tarnwick has `gh` ask; every
+/// other request gets GitHub's "Not Found". Everything is rendered on construction, so that an
+/// answer of 1.6 MB is put together in about a millisecond. Safe from any thread.
+class GitHub {
+public:
+    GitHub(Scenario scenario, PullRequestKit::Date now);
+
+    Answer answer(const Request& request) const;
+
+private:
+    Answer graphQl(const Request& request) const;
+    std::string viewer() const;
+    std::string searchPage(const GraphQlRequest& request) const;
+    std::string nodes(const GraphQlRequest& request) const;
+    Response repositories(std::string_view query) const;
+    bool isAuthorized(const Request& request) const;
+    void renderRefs();
+
+    Scenario _scenario;
+    std::vector<std::string> _searchNodes;  ///< In the order of the scenario's pull requests.
+    std::vector<std::string> _repositories;
+    std::vector<std::size_t> _repositoriesByName;
+    std::unordered_map<std::string, std::string> _refNodes;
+};
+
+}  // namespace SampleGitHub

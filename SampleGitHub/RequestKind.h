@@ -1,0 +1,27 @@
+#pragma once
+
+#include "PullRequestKit/EnumNames.h"
+
+namespace SampleGitHub {
+
+/// What a request is about.
+enum class RequestKind {
+    authentication,  ///< What `gh auth status` asks: the token's scopes and the user's login.
+    search,
+    rules,  ///< Nodes by their ids.
+    repositories,
+    other,
+};
+
+}  // namespace SampleGitHub
+
+template<>
+struct PullRequestKit::EnumNames<SampleGitHub::RequestKind> {
+    static constexpr auto names = enumNames<SampleGitHub::RequestKind>({
+        {SampleGitHub::RequestKind::authentication, "authentication"},
+        {SampleGitHub::RequestKind::search, "search"},
+        {SampleGitHub::RequestKind::rules, "rules"},
+        {SampleGitHub::RequestKind::repositories, "repositories"},
+        {SampleGitHub::RequestKind::other, "other"},
+    });
+};

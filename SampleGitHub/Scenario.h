@@ -1,0 +1,240 @@
+#pragma once
+
+#include "PullRequestKit/Json/Fields.h"
+#include "PullRequestKit/PullRequestState.h"
+
+#include <boost/json/fwd.hpp>
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What the sample GitHub holds, as scenario files tell it. A member that the field table calls
+/// defaulted may be left out of the file. Ages count back from the server's "now"; each is given as
+/// a text (see `parseAge`) and kept beside it in seconds.
+namespace SampleGitHub {
+
+/// The one user who is signed in.
+struct Account {
+    std::string login;
+    std::vector<std::string> teams;  ///< Names of the teams whose review requests reach the user.
+
+    bool operator==(const Account&) const = default;
+};
+
+/// How many approvals a branch asks for.
+struct BranchRules {
+    std::string name;
+    std::optional<std::int64_t> protection;  ///< By classic branch protection.
+    std::vector<std::int64_t> rulesets;      ///< By each ruleset.
+
+    bool operator==(const BranchRules&) const = default;
+};
+
+struct Repository {
+    std::string fullName;
+    std::string description;
+    std::string visibility = "public";
+    std::optional<std::string> language;
+    std::string defaultBranch = "main";
+    bool isArchived = false;
+    std::string affiliation = "organization_member";  ///< Or "owner", or "collaborator".
+    std::vector<BranchRules> branches;                ///< Those with rules.
+
+    bool operator==(const Repository&) const = default;
+};
+
+/// The latest review of one reviewer.
+struct Review {
+    std::string state;                  ///< In GitHub's vocabulary, such as "APPROVED".
+    std::optional<std::string> author;  ///< Empty for a deleted account.
+
+    bool operator==(const Review&) const = default;
+};
+
+/// One entry of the last commit's checks: a check run when it has a name, a commit status when it
+/// has a context.
+struct Check {
+    std::optional<std::string> name;
+    std::optional<std::string> context;
+    std::string state;  ///< A run's conclusion (empty while it runs), or a commit status' state.
+    std::string app = "actions";
+    std::string workflow;         ///< File name below .github/workflows; empty for other apps.
+    std::int64_t run = 0;         ///< The workflow run's number.
+    std::int64_t attempt = 1;     ///< The run's attempt.
+    std::int64_t databaseId = 0;  ///< 0: one is made up.
+    std::string age = "1h";
+    std::chrono::seconds ageInSeconds{0};
+
+    bool operator==(const Check&) const = default;
+};
+
+struct PullRequest {
+    std::string repository;
+    std::int64_t number = 0;
+    std::string title;
+    std::optional<std::string> author;  ///< Empty for a deleted account.
+    std::string created;
+    std::string updated;
+    std::chrono::seconds createdAge{0};
+    std::chrono::seconds updatedAge{0};
+    PullRequestKit::PullRequestState state = PullRequestKit::PullRequestState::open;
+    bool isDraft = false;
+    PullRequestKit::PullRequestMergeability mergeability =
+        PullRequestKit::PullRequestMergeability::mergeable;
+    std::string head;
+    std::string base = "main";
+    std::optional<std::string> fork;  ///< The head's repository where it is another one.
+    bool isForkDeleted = false;
+    bool isBaseDeleted = false;  ///< The base branch is gone.
+    std::vector<std::string> requestedUsers;
+    std::vector<std::string> requestedTeams;
+    std::vector<Review> reviews;
+    std::vector<Check> checks;
+
+    bool operator==(const PullRequest&) const = default;
+};
+
+/// How many of everything is made up, beside what the file tells one by one.
+struct Generated {
+    std::int64_t repositories = 0;
+    std::int64_t pullRequests = 0;
+    std::int64_t busyRepositories = 1;  ///< The pull requests are spread over the first so many.
+    std::int64_t checks = 0;            ///< Of each pull request.
+
+    bool operator==(const Generated&) const = default;
+};
+
+struct Scenario {
+    std::optional<Account> account;  ///< Empty: nobody is signed in.
+    std::vector<Repository> repositories;
+    std::vector<PullRequest> pullRequests;
+    Generated generated;
+
+    bool operator==(const Scenario&) const = default;
+};
+
+/// Reads a scenario file's text and makes up what it asks to be generated. Throws
+/// `PullRequestKit::DecodingError` with the path of the offending value.
+Scenario parseScenario(std::string_view text);
+
+/// Reads a scenario by its name ("everyday", "large", "signed-out", "empty") or, when the text has
+/// a slash or a dot in it, from that file. Throws `std::runtime_error` with one English sentence.
+Scenario loadScenario(const std::string& nameOrFile);
+
+}  // namespace SampleGitHub
+
+namespace PullRequestKit::Json {
+
+template<>
+struct Fields<SampleGitHub::Account> {
+    static constexpr std::tuple table{
+        field("login", &SampleGitHub::Account::login),
+        defaultedField("teams", &SampleGitHub::Account::teams),
+    };
+};
+
+template<>
+struct Fields<SampleGitHub::BranchRules> {
+    static constexpr std::tuple table{
+        field("name", &SampleGitHub::BranchRules::name),
+        field("protection", &SampleGitHub::BranchRules::protection),
+        defaultedField("rulesets", &SampleGitHub::BranchRules::rulesets),
+    };
+};
+
+template<>
+struct Fields<SampleGitHub::Repository> {
+    static constexpr std::tuple table{
+        field("fullName", &SampleGitHub::Repository::fullName),
+        defaultedField("description", &SampleGitHub::Repository::description),
+        defaultedField("visibility", &SampleGitHub::Repository::visibility),
+        field("language", &SampleGitHub::Repository::language),
+        defaultedField("defaultBranch", &SampleGitHub::Repository::defaultBranch),
+        defaultedField("isArchived", &SampleGitHub::Repository::isArchived),
+        defaultedField("affiliation", &SampleGitHub::Repository::affiliation),
+        defaultedField("branches", &SampleGitHub::Repository::branches),
+    };
+    static void finish(
+        SampleGitHub::Repository& repository, const boost::json::object& object, const Path& path);
+};
+
+template<>
+struct Fields<SampleGitHub::Review> {
+    static constexpr std::tuple table{
+        field("state", &SampleGitHub::Review::state),
+        field("author", &SampleGitHub::Review::author),
+    };
+};
+
+template<>
+struct Fields<SampleGitHub::Check> {
+    static constexpr std::tuple table{
+        field("name", &SampleGitHub::Check::name),
+        field("context", &SampleGitHub::Check::context),
+        defaultedField("state", &SampleGitHub::Check::state),
+        defaultedField("app", &SampleGitHub::Check::app),
+        defaultedField("workflow", &SampleGitHub::Check::workflow),
+        defaultedField("run", &SampleGitHub::Check::run),
+        defaultedField("attempt", &SampleGitHub::Check::attempt),
+        defaultedField("databaseId", &SampleGitHub::Check::databaseId),
+        defaultedField("age", &SampleGitHub::Check::age),
+    };
+    static void finish(
+        SampleGitHub::Check& check, const boost::json::object& object, const Path& path);
+};
+
+template<>
+struct Fields<SampleGitHub::PullRequest> {
+    static constexpr std::tuple table{
+        field("repository", &SampleGitHub::PullRequest::repository),
+        field("number", &SampleGitHub::PullRequest::number),
+        field("title", &SampleGitHub::PullRequest::title),
+        field("author", &SampleGitHub::PullRequest::author),
+        field("created", &SampleGitHub::PullRequest::created),
+        field("updated", &SampleGitHub::PullRequest::updated),
+        defaultedField("state", &SampleGitHub::PullRequest::state),
+        defaultedField("isDraft", &SampleGitHub::PullRequest::isDraft),
+        defaultedField("mergeability", &SampleGitHub::PullRequest::mergeability),
+        field("head", &SampleGitHub::PullRequest::head),
+        defaultedField("base", &SampleGitHub::PullRequest::base),
+        field("fork", &SampleGitHub::PullRequest::fork),
+        defaultedField("isForkDeleted", &SampleGitHub::PullRequest::isForkDeleted),
+        defaultedField("isBaseDeleted", &SampleGitHub::PullRequest::isBaseDeleted),
+        defaultedField("requestedUsers", &SampleGitHub::PullRequest::requestedUsers),
+        defaultedField("requestedTeams", &SampleGitHub::PullRequest::requestedTeams),
+        defaultedField("reviews", &SampleGitHub::PullRequest::reviews),
+        defaultedField("checks", &SampleGitHub::PullRequest::checks),
+    };
+    static void finish(
+        SampleGitHub::PullRequest& pullRequest,
+        const boost::json::object& object,
+        const Path& path);
+};
+
+template<>
+struct Fields<SampleGitHub::Generated> {
+    static constexpr std::tuple table{
+        defaultedField("repositories", &SampleGitHub::Generated::repositories),
+        defaultedField("pullRequests", &SampleGitHub::Generated::pullRequests),
+        defaultedField("busyRepositories", &SampleGitHub::Generated::busyRepositories),
+        defaultedField("checks", &SampleGitHub::Generated::checks),
+    };
+};
+
+template<>
+struct Fields<SampleGitHub::Scenario> {
+    static constexpr std::tuple table{
+        field("account", &SampleGitHub::Scenario::account),
+        defaultedField("repositories", &SampleGitHub::Scenario::repositories),
+        defaultedField("pullRequests", &SampleGitHub::Scenario::pullRequests),
+        defaultedField("generated", &SampleGitHub::Scenario::generated),
+    };
+    static void finish(
+        SampleGitHub::Scenario& scenario, const boost::json::object& object, const Path& path);
+};
+
+}  // namespace PullRequestKit::Json

@@ -1,0 +1,290 @@
+#include "SampleGitHub/Server.h"
+
+#include "SampleGitHub/FaultInjection.h"
+#include "SampleGitHub/GitHub.h"
+
+#include <boost/asio.hpp>
+#include <boost/beast/core.hpp>
+#include <boost/beast/http.hpp>
+#include <chrono>
+#include <mutex>
+#include <stdexcept>
+#include <thread>
+#include <utility>
+
+#include <sys/un.h>
+
+namespace SampleGitHub {
+namespace {
+
+namespace asio = boost::asio;
+namespace http = boost::beast::http;
+using Protocol = asio::local::stream_protocol;
+using boost::system::error_code;
+
+constexpr std::uint64_t largestBody = std::uint64_t{16} << 20U;
+
+PullRequestKit::Date currentTime()
+{
+    return std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+}
+
+/// What the server keeps beside its sockets. Requests are answered on the server's thread; the
+/// tests look in from theirs.
+class Desk {
+public:
+    explicit Desk(ServerOptions options)
+        : _gitHub(std::move(options.scenario), options.now.value_or(currentTime()))
+        , _onRequest(std::move(options.onRequest))
+        , _faults(std::move(options.faults))
+    {}
+
+    Delivery serve(Request request)
+    {
+        Answer answer = _gitHub.answer(request);
+        request.headers.erase("authorization");
+        const RecordedRequest recorded{answer.kind, std::move(request)};
+        if (_onRequest) {
+            _onRequest(recorded);
+        }
+        const std::lock_guard lock(_mutex);
+        _requests.push_back(recorded);
+        return _faults.apply(std::move(answer));
+    }
+
+    void setFaults(std::vector<Fault> faults)
+    {
+        const std::lock_guard lock(_mutex);
+        _faults = FaultInjection(std::move(faults));
+    }
+
+    std::vector<RecordedRequest> requests() const
+    {
+        const std::lock_guard lock(_mutex);
+        return _requests;
+    }
+
+    void forgetRequests()
+    {
+        const std::lock_guard lock(_mutex);
+        _requests.clear();
+    }
+
+private:
+    const GitHub _gitHub;
+    const std::function<void(const RecordedRequest&)> _onRequest;
+    mutable std::mutex _mutex;
+    FaultInjection _faults;                  // Guarded by _mutex.
+    std::vector<RecordedRequest> _requests;  // Guarded by _mutex.
+};
+
+Request toRequest(http::request<http::string_body> message)
+{
+    Request request;
+    request.method = std::string(message.method_string());
+    request.target = std::string(message.target());
+    for (const auto& field : message) {
+        std::string name(field.name_string());
+        for (char& character : name) {
+            character = character >= 'A' && character <= 'Z'
+                            ? static_cast<char>(character - 'A' + 'a')
+                            : character;
+        }
+        request.headers[name] = std::string(field.value());
+    }
+    request.body = std::move(message.body());
+    return request;
+}
+
+/// One connection: a request is read, answered, perhaps after a delay, and so on until the client
+/// has enough. It keeps itself alive through the operation it waits for.
+class Connection : public std::enable_shared_from_this<Connection> {
+public:
+    Connection(Protocol::socket socket, Desk& desk)
+        : _socket(std::move(socket))
+        , _timer(_socket.get_executor())
+        , _desk(desk)
+    {}
+
+    void read()
+    {
+        _parser.emplace();
+        _parser->body_limit(largestBody);
+        http::async_read(
+            _socket, _buffer, *_parser, [self = shared_from_this()](error_code error, std::size_t) {
+                if (!error) {
+                    self->answer();
+                }
+            });
+    }
+
+private:
+    void answer()
+    {
+        _isKeptAlive = _parser->get().keep_alive();
+        Delivery delivery = _desk.serve(toRequest(_parser->release()));
+        _message = {};
+        _message.result(static_cast<unsigned>(delivery.response.status));
+        _message.set(http::field::content_type, "application/json; charset=utf-8");
+        for (const auto& [name, value] : delivery.response.headers) {
+            _message.set(name, value);
+        }
+        _message.keep_alive(_isKeptAlive);
+        _message.content_length(delivery.response.body.size());
+        _message.body() = std::move(delivery.response.body);
+        if (delivery.cutOffAt) {
+            _message.body().resize(*delivery.cutOffAt);
+            _isKeptAlive = false;
+        }
+        if (delivery.delay.count() == 0) {
+            write();
+            return;
+        }
+        _timer.expires_after(delivery.delay);
+        _timer.async_wait([self = shared_from_this()](error_code error) {
+            if (!error) {
+                self->write();
+            }
+        });
+    }
+
+    void write()
+    {
+        http::async_write(
+            _socket, _message, [self = shared_from_this()](error_code error, std::size_t) {
+                if (!error && self->_isKeptAlive) {
+                    self->read();
+                }
+            });
+    }
+
+    Protocol::socket _socket;
+    asio::steady_timer _timer;
+    Desk& _desk;
+    boost::beast::flat_buffer _buffer;
+    std::optional<http::request_parser<http::string_body>> _parser;
+    http::response<http::string_body> _message;
+    bool _isKeptAlive = false;
+};
+
+void checkLength(const std::filesystem::path& socket)
+{
+    if (socket.native().size() >= sizeof(sockaddr_un::sun_path)) {
+        throw std::runtime_error(
+            "The socket's path is longer than 107 bytes: " + socket.string() + ".");
+    }
+}
+
+/// Removes the file of a socket that nobody listens at any more.
+void removeStaleSocket(const std::filesystem::path& path)
+{
+    std::error_code ignored;
+    if (!std::filesystem::is_socket(path, ignored)) {
+        return;
+    }
+    asio::io_context context;
+    Protocol::socket probe(context);
+    error_code error;
+    probe.connect(Protocol::endpoint(path.string()), error);
+    if (error == asio::error::connection_refused) {
+        std::filesystem::remove(path, ignored);
+    }
+}
+
+Protocol::acceptor listenAt(asio::io_context& context, const std::filesystem::path& path)
+{
+    checkLength(path);
+    removeStaleSocket(path);
+    try {
+        return {context, Protocol::endpoint(path.string())};
+    } catch (const boost::system::system_error& error) {
+        throw std::runtime_error(
+            "The socket " + path.string() + " could not be made: " + error.code().message() + ".");
+    }
+}
+
+}  // namespace
+
+class Server::Implementation {
+public:
+    explicit Implementation(ServerOptions options)
+        : _path(options.socket)
+        , _desk(std::move(options))
+        , _context(std::in_place)
+        , _acceptor(listenAt(*_context, _path))
+    {
+        accept();
+        _thread = std::thread([this] { _context->run(); });
+    }
+
+    void stop()
+    {
+        const std::lock_guard lock(_stopMutex);
+        if (_thread.joinable()) {
+            _context->stop();
+            _thread.join();
+            _acceptor.reset();
+            _context.reset();  // Takes all connections with it.
+            std::error_code ignored;
+            std::filesystem::remove(_path, ignored);
+        }
+    }
+
+    Desk& desk() { return _desk; }
+
+    const std::filesystem::path& path() const { return _path; }
+
+private:
+    void accept()
+    {
+        _acceptor->async_accept([this](error_code error, Protocol::socket socket) {
+            if (!error) {
+                std::make_shared<Connection>(std::move(socket), _desk)->read();
+            }
+            accept();
+        });
+    }
+
+    const std::filesystem::path _path;
+    std::mutex _stopMutex;
+    Desk _desk;
+    std::optional<asio::io_context> _context;
+    std::optional<Protocol::acceptor> _acceptor;
+    std::thread _thread;
+};
+
+Server::Server(ServerOptions options)
+    : _implementation(std::make_unique<Implementation>(std::move(options)))
+{}
+
+Server::~Server()
+{
+    stop();
+}
+
+void Server::stop()
+{
+    _implementation->stop();
+}
+
+void Server::setFaults(std::vector<Fault> faults)
+{
+    _implementation->desk().setFaults(std::move(faults));
+}
+
+std::vector<RecordedRequest> Server::requests() const
+{
+    return _implementation->desk().requests();
+}
+
+void Server::forgetRequests()
+{
+    _implementation->desk().forgetRequests();
+}
+
+const std::filesystem::path& Server::socket() const
+{
+    return _implementation->path();
+}
+
+}  // namespace SampleGitHub
