@@ -19,7 +19,6 @@ bool isInteger(const QVariant& value)
     case QMetaType::Int:
     case QMetaType::UInt:
     case QMetaType::LongLong:
-    case QMetaType::ULongLong:
         return true;
     default:
         return false;

@@ -5,10 +5,10 @@
 #include <QStringList>
 
 #include <gmock/gmock.h>
-#include <rapidcheck/gtest.h>
 
 namespace {
 
+using namespace Qt::StringLiterals;
 using namespace Tarnwick;
 using Fakes::MemoryDefaultsStore;
 using testing::ElementsAre;
@@ -18,6 +18,13 @@ using testing::UnorderedElementsAre;
 Settings loadFrom(DefaultsStore& defaults)
 {
     return SettingsStore(defaults).load();
+}
+
+/// A store as a current version leaves it, so that loading has nothing to bring up to date.
+void makeCurrent(MemoryDefaultsStore& defaults)
+{
+    loadFrom(defaults);
+    defaults.writtenKeys.clear();
 }
 
 TEST(Settings, areThoseOfAFreshInstallationWhenNothingIsStored)
@@ -44,6 +51,223 @@ TEST(Settings, areThoseOfAFreshInstallationWhenNothingIsStored)
     EXPECT_FALSE(settings.newPullRequestNotificationsEnabled);
     EXPECT_EQ(settings, Settings());
     EXPECT_FALSE(SettingsStore(defaults).isRepositorySelectionConfigured());
+}
+
+TEST(Settings, ofAFreshInstallationAreWrittenDownInTheirPresentForm)
+{
+    MemoryDefaultsStore defaults;
+    loadFrom(defaults);
+    EXPECT_THAT(
+        defaults.writtenKeys,
+        ElementsAre(
+            u"filters.checks",
+            u"filters.schemaVersion",
+            u"filters.reviewStates",
+            u"filters.mergeability"));
+    EXPECT_EQ(
+        defaults.values.at(u"filters.checks"_s),
+        (QStringList{u"Fail"_s, u"None"_s, u"Pass"_s, u"Pending"_s}));
+    EXPECT_EQ(defaults.values.at(u"filters.schemaVersion"_s), 2);
+    EXPECT_EQ(defaults.values.at(u"filters.reviewStates"_s), QStringList());
+    EXPECT_EQ(
+        defaults.values.at(u"filters.mergeability"_s),
+        (QStringList{u"Conflicting"_s, u"Mergeable"_s, u"Unknown"_s}));
+}
+
+TEST(Settings, areReadFromTheirKeys)
+{
+    MemoryDefaultsStore defaults;
+    defaults.values = {
+        {u"filters.status"_s, QStringList{u"Draft"_s, u"Open"_s}},
+        {u"filters.checks"_s, QStringList{u"Fail"_s}},
+        {u"filters.schemaVersion"_s, 2},
+        {u"filters.reviewStates"_s, QStringList{u"Changes Requested"_s, u"None"_s}},
+        {u"filters.mergeability"_s, QStringList{u"Unknown"_s}},
+        {u"filters.reviewers"_s, u"Any"_s},
+        {u"filters.repositories"_s, QStringList{u"octo/tools"_s, u"octo/web"_s}},
+        {u"filters.repositoriesConfigured"_s, true},
+        {u"polling.interval"_s, 3600},
+        {u"notifications.unblocked"_s, true},
+        {u"notifications.newPullRequests"_s, true},
+        {u"editor.projectDirectory"_s, u"/home/octo/Projects"_s},
+    };
+    const Settings expected{
+        .selectedRepositories = {"octo/tools", "octo/web"},
+        .statuses = {StatusFilter::open, StatusFilter::draft},
+        .checks = {ChecksFilter::fail},
+        .reviewFilters = {ReviewFilter::changesRequested, ReviewFilter::none},
+        .mergeabilities = {MergeabilityFilter::unknown},
+        .reviewerFilter = ReviewerFilter::any,
+        .pollingInterval = PollingInterval::oneHour,
+        .projectDirectory = "/home/octo/Projects",
+        .unblockedNotificationsEnabled = true,
+        .newPullRequestNotificationsEnabled = true,
+    };
+    EXPECT_EQ(loadFrom(defaults), expected);
+    EXPECT_THAT(defaults.writtenKeys, IsEmpty());
+    EXPECT_TRUE(SettingsStore(defaults).isRepositorySelectionConfigured());
+}
+
+TEST(Settings, keepEachNotificationSettingUnderItsOwnKey)
+{
+    MemoryDefaultsStore defaults;
+    defaults.values = {{u"notifications.unblocked"_s, true}};
+    EXPECT_TRUE(loadFrom(defaults).unblockedNotificationsEnabled);
+    EXPECT_FALSE(loadFrom(defaults).newPullRequestNotificationsEnabled);
+    defaults.values = {{u"notifications.newPullRequests"_s, true}};
+    EXPECT_FALSE(loadFrom(defaults).unblockedNotificationsEnabled);
+    EXPECT_TRUE(loadFrom(defaults).newPullRequestNotificationsEnabled);
+}
+
+TEST(Settings, takeFiveMinutesForAPollingIntervalOf120Seconds)
+{
+    MemoryDefaultsStore defaults;
+    for (const QVariant& stored :
+         {QVariant(120), QVariant(0), QVariant(-60), QVariant(u"soon"_s)}) {
+        defaults.values = {{u"polling.interval"_s, stored}};
+        EXPECT_EQ(loadFrom(defaults).pollingInterval, PollingInterval::fiveMinutes);
+        EXPECT_EQ(defaults.values.at(u"polling.interval"_s), stored);
+    }
+}
+
+TEST(Settings, readEveryPollingInterval)
+{
+    MemoryDefaultsStore defaults;
+    defaults.values = {{u"polling.interval"_s, 60}};
+    EXPECT_EQ(loadFrom(defaults).pollingInterval, PollingInterval::oneMinute);
+    defaults.values = {{u"polling.interval"_s, 300}};
+    EXPECT_EQ(loadFrom(defaults).pollingInterval, PollingInterval::fiveMinutes);
+    defaults.values = {{u"polling.interval"_s, u"1800"_s}};
+    EXPECT_EQ(loadFrom(defaults).pollingInterval, PollingInterval::thirtyMinutes);
+}
+
+TEST(Settings, passOverValuesOfForeignTypes)
+{
+    MemoryDefaultsStore defaults;
+    for (const char* const key :
+         {"filters.status",
+          "filters.checks",
+          "filters.reviewStates",
+          "filters.mergeability",
+          "filters.reviewers",
+          "filters.repositories",
+          "filters.repositoriesConfigured",
+          "filters.schemaVersion",
+          "polling.interval",
+          "notifications.unblocked",
+          "notifications.newPullRequests",
+          "editor.projectDirectory"}) {
+        defaults.values.insert_or_assign(QString::fromUtf8(key), QByteArray("\x01\x02"));
+    }
+    EXPECT_EQ(loadFrom(defaults), Settings());
+    EXPECT_FALSE(SettingsStore(defaults).isRepositorySelectionConfigured());
+}
+
+TEST(Settings, sortTheSelectionAndRememberThatThereIsOne)
+{
+    MemoryDefaultsStore defaults;
+    SettingsStore store(defaults);
+    store.setSelectedRepositories({"octo/web", "Octo/app", "octo/tools"});
+    EXPECT_EQ(
+        defaults.values.at(u"filters.repositories"_s),
+        (QStringList{u"Octo/app"_s, u"octo/tools"_s, u"octo/web"_s}));
+    EXPECT_EQ(defaults.values.at(u"filters.repositoriesConfigured"_s), true);
+    EXPECT_TRUE(store.isRepositorySelectionConfigured());
+}
+
+TEST(Settings, areConfiguredAfterAnEmptySelectionIsWritten)
+{
+    MemoryDefaultsStore defaults;
+    SettingsStore store(defaults);
+    store.setSelectedRepositories({});
+    EXPECT_EQ(defaults.values.at(u"filters.repositories"_s), QStringList());
+    EXPECT_TRUE(store.isRepositorySelectionConfigured());
+    EXPECT_THAT(store.load().selectedRepositories, IsEmpty());
+}
+
+TEST(Settings, lookAgainWhetherAnotherProcessHasConfiguredTheSelection)
+{
+    MemoryDefaultsStore defaults;
+    const SettingsStore store(defaults);
+    EXPECT_FALSE(store.isRepositorySelectionConfigured());
+    EXPECT_EQ(defaults.refreshCount, 1);
+}
+
+TEST(Settings, writeOnlyTheirOwnKey)
+{
+    MemoryDefaultsStore defaults;
+    SettingsStore store(defaults);
+    const auto written = [&](const auto& write) {
+        defaults.writtenKeys.clear();
+        write();
+        return defaults.writtenKeys;
+    };
+    EXPECT_THAT(written([&] { store.setStatuses({}); }), ElementsAre(u"filters.status"));
+    EXPECT_THAT(written([&] { store.setChecks({}); }), ElementsAre(u"filters.checks"));
+    EXPECT_THAT(written([&] { store.setReviewFilters({}); }), ElementsAre(u"filters.reviewStates"));
+    EXPECT_THAT(
+        written([&] { store.setMergeabilities({}); }), ElementsAre(u"filters.mergeability"));
+    EXPECT_THAT(
+        written([&] { store.setReviewerFilter(ReviewerFilter::any); }),
+        ElementsAre(u"filters.reviewers"));
+    EXPECT_THAT(
+        written([&] { store.setPollingInterval(PollingInterval::oneHour); }),
+        ElementsAre(u"polling.interval"));
+    EXPECT_THAT(
+        written([&] { store.setProjectDirectory("/src"); }),
+        ElementsAre(u"editor.projectDirectory"));
+    EXPECT_THAT(
+        written([&] { store.setUnblockedNotificationsEnabled(true); }),
+        ElementsAre(u"notifications.unblocked"));
+    EXPECT_THAT(
+        written([&] { store.setNewPullRequestNotificationsEnabled(true); }),
+        ElementsAre(u"notifications.newPullRequests"));
+    EXPECT_THAT(
+        written([&] { store.setSelectedRepositories({"octo/tools"}); }),
+        ElementsAre(u"filters.repositories", u"filters.repositoriesConfigured"));
+}
+
+TEST(Settings, areStoredAsTheirRawValues)
+{
+    MemoryDefaultsStore defaults;
+    SettingsStore store(defaults);
+    store.setStatuses({StatusFilter::open, StatusFilter::draft});
+    store.setChecks({ChecksFilter::none, ChecksFilter::pending, ChecksFilter::fail});
+    store.setReviewFilters({ReviewFilter::none, ReviewFilter::changesRequested});
+    store.setMergeabilities({MergeabilityFilter::mergeable, MergeabilityFilter::conflicting});
+    store.setReviewerFilter(ReviewerFilter::any);
+    store.setPollingInterval(PollingInterval::thirtyMinutes);
+    store.setProjectDirectory("/home/octo/Проекты");
+    store.setUnblockedNotificationsEnabled(true);
+    store.setNewPullRequestNotificationsEnabled(false);
+    EXPECT_EQ(defaults.values.at(u"filters.status"_s), (QStringList{u"Draft"_s, u"Open"_s}));
+    EXPECT_EQ(
+        defaults.values.at(u"filters.checks"_s), (QStringList{u"Fail"_s, u"None"_s, u"Pending"_s}));
+    EXPECT_EQ(
+        defaults.values.at(u"filters.reviewStates"_s),
+        (QStringList{u"Changes Requested"_s, u"None"_s}));
+    EXPECT_EQ(
+        defaults.values.at(u"filters.mergeability"_s),
+        (QStringList{u"Conflicting"_s, u"Mergeable"_s}));
+    EXPECT_EQ(defaults.values.at(u"filters.reviewers"_s), u"Any"_s);
+    EXPECT_EQ(defaults.values.at(u"polling.interval"_s), 1800);
+    EXPECT_EQ(defaults.values.at(u"editor.projectDirectory"_s), u"/home/octo/Проекты"_s);
+    EXPECT_EQ(defaults.values.at(u"notifications.unblocked"_s), true);
+    EXPECT_EQ(defaults.values.at(u"notifications.newPullRequests"_s), false);
+}
+
+TEST(Settings, keepAStoredEmptyListEmpty)
+{
+    MemoryDefaultsStore defaults;
+    makeCurrent(defaults);
+    defaults.values.insert_or_assign(u"filters.status"_s, QStringList());
+    defaults.values.insert_or_assign(u"filters.checks"_s, QVariant());
+    defaults.values.insert_or_assign(u"filters.mergeability"_s, QVariant());
+    const Settings settings = loadFrom(defaults);
+    EXPECT_THAT(settings.statuses, IsEmpty());
+    EXPECT_THAT(settings.checks, IsEmpty());
+    EXPECT_THAT(settings.mergeabilities, IsEmpty());
+    EXPECT_THAT(defaults.writtenKeys, IsEmpty());
 }
 
 }  // namespace

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <sys/types.h>
+
+/// Whole files, read and written at once. Everything here blocks, is safe from any thread, and
+/// throws `std::system_error` with the system's reason.
+namespace Tarnwick::Files {
+
+/// Read and written by the owner alone.
+inline constexpr mode_t ownerOnly = 0600;
+
+/// The contents of a regular file, or nothing where there is no file. Anything else in its place
+/// and a file of more than `limit` bytes are errors; a pipe is not waited for.
+std::optional<std::string> read(const std::filesystem::path& path, std::size_t limit);
+
+/// Puts a new file with these contents and these permissions in the place of the old one, once it
+/// is on disk to the last byte. After an error the old file is as it was and nothing is left beside
+/// it. A symbolic link stays, and what it leads to is replaced. Missing folders are made.
+void replace(const std::filesystem::path& path, std::string_view contents, mode_t permissions);
+
+}  // namespace Tarnwick::Files
