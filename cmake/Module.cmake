@@ -49,3 +49,20 @@ function(tarnwick_tests name)
         DISCOVERY_TIMEOUT 60
         PROPERTIES TIMEOUT 60 ${arg_PROPERTIES})
 endfunction()
+
+# A libFuzzer target, run as a test: over its seeds, which lie in Seeds/ under its name, and then
+# for a few seconds wherever they lead. What it finds worth keeping stays in the build tree.
+function(tarnwick_fuzzer name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} TarnwickSettings)
+    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+
+    set(corpus "${CMAKE_CURRENT_BINARY_DIR}/corpus/${name}")
+    file(MAKE_DIRECTORY "${corpus}")
+    add_test(NAME ${name} COMMAND ${name}
+        -max_total_time=5 -timeout=5 -rss_limit_mb=512
+        "-artifact_prefix=${CMAKE_CURRENT_BINARY_DIR}/${name}-"
+        "${corpus}" "${CMAKE_CURRENT_SOURCE_DIR}/Seeds/${name}")
+    set_tests_properties(${name} PROPERTIES TIMEOUT 60 LABELS fuzz)
+endfunction()

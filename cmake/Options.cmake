@@ -33,8 +33,16 @@ target_compile_options(TarnwickSettings INTERFACE
 if(TARNWICK_PRECOMPILE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(TarnwickSettings INTERFACE -fpch-preprocess)
 endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    # libstdc++ 12 calls its own deprecated get_temporary_buffer within std::stable_sort. GCC
+    # builds keep the warning.
+    target_compile_options(TarnwickSettings INTERFACE -Wno-deprecated-declarations)
+endif()
 if(TARNWICK_SANITIZERS)
     target_compile_options(TarnwickSettings INTERFACE
         -fsanitize=${TARNWICK_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(TarnwickSettings INTERFACE -fsanitize=${TARNWICK_SANITIZERS})
+endif()
+if(TARNWICK_FUZZERS)
+    target_compile_options(TarnwickSettings INTERFACE -fsanitize=fuzzer-no-link)
 endif()

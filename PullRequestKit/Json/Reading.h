@@ -142,7 +142,9 @@ void read(Value& target, const boost::json::value& value, const Path& path)
 {
     if constexpr (Detail::isOptional<Value>) {
         if (!value.is_null()) {
-            read(target.emplace(), value, path);
+            // Clang 19 takes a nested record with initialisers for one that cannot be made from
+            // nothing, so the value to fill is made here.
+            read(target.emplace(typename Value::value_type{}), value, path);
         }
     } else if constexpr (Detail::isVector<Value> || Detail::isSet<Value>) {
         Detail::readElements(target, value, path);

@@ -2,8 +2,8 @@
 
 #include "PullRequestKit/Json/Reading.h"
 
-/// From records to JSON values. Keys come out in the order of the field tables, empty optionals are
-/// left out. Safe from any thread.
+/// From records to JSON values. Keys come out in the order of the field tables. An empty optional
+/// is left out of an object and null in a list. Safe from any thread.
 namespace PullRequestKit::Json {
 
 template<typename Value>
@@ -41,7 +41,9 @@ boost::json::object writeObject(const Record& record)
 template<typename Value>
 boost::json::value write(const Value& value)
 {
-    if constexpr (HasFields<Value>) {
+    if constexpr (Detail::isOptional<Value>) {
+        return value ? write(*value) : boost::json::value(nullptr);
+    } else if constexpr (HasFields<Value>) {
         return writeObject(value);
     } else if constexpr (Detail::isVector<Value> || Detail::isSet<Value>) {
         boost::json::array list;

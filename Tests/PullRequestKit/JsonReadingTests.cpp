@@ -1,4 +1,5 @@
 #include "PullRequestKit/Json/Reading.h"
+#include "PullRequestKit/Json/Writing.h"
 #include "PullRequestKit/ProgressCount.h"
 #include "Support/DecodingErrors.h"
 
@@ -150,6 +151,14 @@ TEST(JsonReading, refusesANullEntryOfAList)
         decodingErrorOf([] { Json::decode<std::set<std::string>>(R"(["a",null])"); });
     EXPECT_EQ(error.path, "[1]");
     EXPECT_EQ(error.text, "The data could not be read: [1] is not text.");
+}
+
+TEST(JsonReading, readsAndWritesNullEntriesWhereTheyAreAllowed)
+{
+    using Numbers = std::vector<std::optional<std::int64_t>>;
+    const Numbers numbers{1, std::nullopt, 3};
+    EXPECT_EQ(Json::decode<Numbers>("[1,null,3]"), numbers);
+    EXPECT_EQ(Json::encode(numbers), "[1,null,3]");
 }
 
 TEST(JsonReading, tellsAbsentFromNullMembersOnlyByTheKey)
