@@ -179,7 +179,8 @@ void applyToBody(std::string& body, RequestKind kind, const Fault& fault)
     } else if (fault.kind == FaultKind::wrongType) {
         body = withWrongType(body, kind);
     } else if (fault.kind == FaultKind::deep) {
-        body = std::string(depth, '[') + std::string(depth, ']');
+        const std::string lists = std::string(depth, '[') + std::string(depth, ']');
+        body = isGraphQl(kind) ? R"({"data":)" + lists + "}" : lists;
     } else if (fault.kind == FaultKind::padding) {
         body.insert(0, static_cast<std::size_t>(fault.value) * mebibyte, ' ');
     }
