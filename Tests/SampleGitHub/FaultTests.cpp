@@ -1,0 +1,57 @@
+#include "SampleGitHub/Fault.h"
+
+#include <stdexcept>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace SampleGitHub;
+using testing::HasSubstr;
+
+std::string refusal(const std::string& text)
+{
+    try {
+        parseFault(text);
+    } catch (const std::invalid_argument& error) {
+        return error.what();
+    }
+    return "accepted";
+}
+
+TEST(Fault, isANameWithAValueAKindAndANumber)
+{
+    EXPECT_EQ(parseFault("rate-limit"), (Fault{FaultKind::rateLimit, 0, {}, {}}));
+    EXPECT_EQ(parseFault("delay=1500"), (Fault{FaultKind::delay, 1500, {}, {}}));
+    EXPECT_EQ(
+        parseFault("cut-off@search#2"), (Fault{FaultKind::cutOff, 0, RequestKind::search, 2}));
+    EXPECT_EQ(
+        parseFault("padding=200@repositories"),
+        (Fault{FaultKind::padding, 200, RequestKind::repositories, {}}));
+}
+
+TEST(Fault, isRefusedWithASentence)
+{
+    EXPECT_EQ(refusal("earthquake"), "The fault earthquake is not known.");
+    EXPECT_EQ(refusal(""), "The fault  is not known.");
+    EXPECT_EQ(refusal("delay"), "The fault delay needs a value, such as delay=500.");
+    EXPECT_EQ(
+        refusal("delay=soon"),
+        "The fault delay=soon has a value that is no positive whole number.");
+    EXPECT_EQ(
+        refusal("delay=0"), "The fault delay=0 has a value that is no positive whole number.");
+    EXPECT_EQ(refusal("cut-off=3"), "The fault cut-off=3 takes no value.");
+    EXPECT_EQ(
+        refusal("cut-off@lunch"), "The fault cut-off@lunch names no kind of request behind its @.");
+    EXPECT_EQ(refusal("cut-off#0"), "The fault cut-off#0 has no request number behind its #.");
+}
+
+TEST(Fault, everyNameIsDescribed)
+{
+    const std::string text = describeFaults();
+    for (const auto& [kind, name] : PullRequestKit::EnumNames<FaultKind>::names) {
+        EXPECT_THAT(text, HasSubstr("  " + std::string(name)));
+    }
+}
+
+}  // namespace

@@ -1,0 +1,75 @@
+#include "GhTest.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class GhAuthentication : public GhTest {};
+
+TEST_F(GhAuthentication, aSignedInUserIsNamed)
+{
+    serve("everyday");
+
+    const Result result = status();
+
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.output + result.errors, HasSubstr("Logged in to github.com"));
+    EXPECT_THAT(result.output + result.errors, HasSubstr(" robin-k "));
+    EXPECT_THAT(result.output + result.errors, HasSubstr("read:org"));
+}
+
+TEST_F(GhAuthentication, nobodyIsSignedInInTheScenarioSignedOut)
+{
+    serve("signed-out");
+
+    const Result result = status();
+
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.errors, HasSubstr("not logged into any"));
+    EXPECT_TRUE(server().requests().empty());
+}
+
+TEST_F(GhAuthentication, aRefusedTokenIsReported)
+{
+    serve("everyday");
+    setFault("unauthorized@authentication");
+
+    const Result result = status();
+
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.output + result.errors, HasSubstr("github.com"));
+    EXPECT_THAT(result.output + result.errors, HasSubstr("gh auth login"));
+}
+
+TEST_F(GhAuthentication, theRequestsAreOfTheKindAuthentication)
+{
+    serve("everyday");
+
+    ASSERT_EQ(status().status, 0);
+
+    const auto requests = server().requests();
+    ASSERT_FALSE(requests.empty());
+    for (const auto& recorded : requests) {
+        EXPECT_EQ(recorded.kind, SampleGitHub::RequestKind::authentication);
+        EXPECT_EQ(recorded.request.headers.at("host"), "api.github.com");
+        EXPECT_FALSE(recorded.request.headers.contains("authorization"));
+    }
+}
+
+TEST_F(GhAuthentication, anotherTokenIsRefused)
+{
+    serve("everyday");
+    auto environment = this->environment();
+    environment["GH_TOKEN"] = "gho_somebodyElse";
+
+    const Result result =
+        TestSupport::runProgram("gh", {"api", "user/repos"}, environment, folder());
+
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.errors, HasSubstr("Bad credentials (HTTP 401)"));
+}
+
+}  // namespace

@@ -1,0 +1,41 @@
+#include "SampleGitHub/GraphQl.h"
+
+#include "PullRequestKit/Errors.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace SampleGitHub;
+
+TEST(GraphQl, theFirstFieldTellsDocumentsApart)
+{
+    EXPECT_EQ(firstField("query UserCurrent{viewer{login}}"), "viewer");
+    EXPECT_EQ(firstField("query($ids:[ID!]!) {\n  nodes(ids:$ids) { id }\n}"), "nodes");
+    EXPECT_EQ(firstField("query($q:In = {a: 1}) { search(query:$q) { issueCount } }"), "search");
+    EXPECT_EQ(firstField("{ viewer { login } }"), "viewer");
+    EXPECT_EQ(firstField("query"), "");
+    EXPECT_EQ(firstField(""), "");
+}
+
+TEST(GraphQl, thePageSizeIsAnArgumentOfTheFirstField)
+{
+    const auto first = [](const std::string& arguments) {
+        return parseGraphQlRequest(R"({"query":"{ search)" + arguments + R"( { x(first:7) } }"})")
+            .first;
+    };
+    EXPECT_EQ(first("(query:$q, first:50, after:$c)"), 50);
+    EXPECT_EQ(first("(first: 20)"), 20);
+    EXPECT_EQ(first("(first:$n)"), std::nullopt);
+    EXPECT_EQ(first(""), std::nullopt);
+}
+
+TEST(GraphQl, aBodyOfAnotherFormIsRefused)
+{
+    for (const char* const body :
+         {"", "[]", "{}", R"({"query":7})", R"({"query":"{a}","variables":[]})"}) {
+        EXPECT_THROW(parseGraphQlRequest(body), PullRequestKit::DecodingError) << body;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,83 @@
+#include "SampleGitHub/SearchQuery.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace SampleGitHub;
+using testing::ElementsAre;
+
+Scenario scenario()
+{
+    return parseScenario(R"({
+        "account": {"login": "me", "teams": ["Crew"]},
+        "repositories": [{"fullName": "a/one"}, {"fullName": "b/two", "isArchived": true}],
+        "pullRequests": [
+            {"repository": "a/one", "number": 1, "title": "Fix the Door", "head": "h1",
+             "author": "me", "created": "9d", "updated": "3h", "requestedUsers": ["ann"]},
+            {"repository": "a/one", "number": 2, "title": "Paint", "head": "h2",
+             "author": "ann", "created": "8d", "updated": "5h", "requestedTeams": ["Crew"],
+             "isDraft": true},
+            {"repository": "b/two", "number": 3, "title": "Fix the roof", "head": "h3",
+             "created": "7d", "updated": "1h", "requestedUsers": ["me"]},
+            {"repository": "a/one", "number": 4, "title": "Old", "head": "h4", "state": "merged",
+             "author": "ann", "created": "6d", "updated": "3h"}]})");
+}
+
+std::vector<std::int64_t> found(std::string_view text)
+{
+    const Scenario all = scenario();
+    std::vector<std::int64_t> numbers;
+    for (const std::size_t index : search(all, parseSearchQuery(text))) {
+        numbers.push_back(all.pullRequests[index].number);
+    }
+    return numbers;
+}
+
+TEST(SampleSearch, ordersAsAskedAndKeepsTies)
+{
+    EXPECT_THAT(found("sort:updated-desc"), ElementsAre(3, 1, 4, 2));
+    EXPECT_THAT(found("sort:updated-asc"), ElementsAre(2, 1, 4, 3));
+    EXPECT_THAT(found(""), ElementsAre(4, 3, 2, 1));
+    EXPECT_THAT(found("sort:created-asc"), ElementsAre(1, 2, 3, 4));
+}
+
+TEST(SampleSearch, filtersByStateAndDraft)
+{
+    EXPECT_THAT(found("is:pr is:open sort:created-asc"), ElementsAre(1, 2, 3));
+    EXPECT_THAT(found("is:merged"), ElementsAre(4));
+    EXPECT_THAT(found("is:draft"), ElementsAre(2));
+    EXPECT_THAT(found("draft:false sort:created-asc"), ElementsAre(1, 3, 4));
+}
+
+TEST(SampleSearch, filtersByRepositoryIgnoringCase)
+{
+    EXPECT_THAT(found("repo:B/Two"), ElementsAre(3));
+    EXPECT_THAT(found("repo:b/two repo:a/one is:open sort:created-asc"), ElementsAre(1, 2, 3));
+    EXPECT_THAT(found("repo:c/three"), ElementsAre());
+    EXPECT_THAT(found("archived:true"), ElementsAre(3));
+    EXPECT_THAT(found("archived:false is:open sort:created-asc"), ElementsAre(1, 2));
+}
+
+TEST(SampleSearch, filtersByPerson)
+{
+    EXPECT_THAT(found("review-requested:@me sort:created-asc"), ElementsAre(2, 3));
+    EXPECT_THAT(found("review-requested:me sort:created-asc"), ElementsAre(2, 3));
+    EXPECT_THAT(found("review-requested:ann"), ElementsAre(1));
+    EXPECT_THAT(found("author:@me"), ElementsAre(1));
+    EXPECT_THAT(found("author:ann sort:created-asc"), ElementsAre(2, 4));
+}
+
+TEST(SampleSearch, looksForWordsInTitles)
+{
+    EXPECT_THAT(found("fix DOOR"), ElementsAre(1));
+}
+
+TEST(SampleSearch, refusesTermsItDoesNotKnow)
+{
+    for (const char* const term : {"label:bug", "is:issue", "sort:stars", "archived:maybe"}) {
+        EXPECT_THROW(parseSearchQuery(term), SearchError) << term;
+    }
+}
+
+}  // namespace
