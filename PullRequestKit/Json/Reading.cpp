@@ -9,15 +9,11 @@ constexpr std::size_t smallestBlock = 4096;
 
 boost::json::value parse(std::string_view text, boost::json::storage_ptr memory)
 {
-    boost::json::stream_parser parser(std::move(memory));
+    // Only `reset` says where the values go; the constructor's storage is for intermediate results.
+    boost::json::parser parser;
+    parser.reset(std::move(memory));
     boost::json::error_code error;
-    const std::size_t consumed = parser.write_some(text.data(), text.size(), error);
-    if (!error && consumed < text.size()) {
-        error = boost::json::error::extra_data;
-    }
-    if (!error) {
-        parser.finish(error);
-    }
+    const std::size_t consumed = parser.write(text.data(), text.size(), error);
     if (error) {
         throw DecodingError(
             {}, "is not JSON (byte " + std::to_string(consumed) + ": " + error.message() + ")");
@@ -48,13 +44,17 @@ std::int64_t readInteger(const boost::json::value& value, const Path& path)
     return value.get_int64();
 }
 
-std::string readText(const boost::json::value& value, const Path& path)
+std::string_view readTextView(const boost::json::value& value, const Path& path)
 {
     if (!value.is_string()) {
         throwDecodingError(path, "is not text");
     }
-    const boost::json::string& text = value.get_string();
-    return {text.data(), text.size()};
+    return value.get_string();
+}
+
+std::string readText(const boost::json::value& value, const Path& path)
+{
+    return std::string(readTextView(value, path));
 }
 
 const boost::json::object& readObject(const boost::json::value& value, const Path& path)

@@ -10,6 +10,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -22,6 +23,9 @@ namespace PullRequestKit::Json {
 bool readBool(const boost::json::value& value, const Path& path);
 std::int64_t readInteger(const boost::json::value& value, const Path& path);
 std::string readText(const boost::json::value& value, const Path& path);
+
+/// The same without a copy; it lives as long as the value.
+std::string_view readTextView(const boost::json::value& value, const Path& path);
 const boost::json::object& readObject(const boost::json::value& value, const Path& path);
 const boost::json::array& readList(const boost::json::value& value, const Path& path);
 
@@ -119,6 +123,11 @@ void readRecord(Record& record, const boost::json::value& value, const Path& pat
     }
 }
 
+/// Whether an element can be read where it will stay, which spares moving large records.
+template<typename List>
+constexpr bool hasElementsInPlace =
+    isVector<List> && std::is_same_v<typename List::reference, typename List::value_type&>;
+
 template<typename List>
 void readElements(List& list, const boost::json::value& value, const Path& path)
 {
@@ -128,9 +137,13 @@ void readElements(List& list, const boost::json::value& value, const Path& path)
     }
     std::size_t index = 0;
     for (const boost::json::value& element : elements) {
-        typename List::value_type item{};
-        read(item, element, path.element(index++));
-        list.insert(list.end(), std::move(item));
+        if constexpr (hasElementsInPlace<List>) {
+            read(list.emplace_back(), element, path.element(index++));
+        } else {
+            typename List::value_type item{};
+            read(item, element, path.element(index++));
+            list.insert(list.end(), std::move(item));
+        }
     }
 }
 
@@ -151,19 +164,19 @@ void read(Value& target, const boost::json::value& value, const Path& path)
     } else if constexpr (HasFields<Value>) {
         Detail::readRecord(target, value, path);
     } else if constexpr (NamedEnum<Value>) {
-        const auto named = enumNamed<Value>(readText(value, path));
+        const auto named = enumNamed<Value>(readTextView(value, path));
         if (!named) {
             throwDecodingError(path, "is none of the known values");
         }
         target = *named;
     } else if constexpr (std::is_same_v<Value, Date>) {
-        const auto date = parseDate(readText(value, path));
+        const auto date = parseDate(readTextView(value, path));
         if (!date) {
             throwDecodingError(path, "is not an ISO 8601 date");
         }
         target = *date;
     } else if constexpr (std::is_same_v<Value, Url>) {
-        auto url = parseUrl(readText(value, path));
+        auto url = parseUrl(readTextView(value, path));
         if (!url) {
             throwDecodingError(path, "is not a web address");
         }

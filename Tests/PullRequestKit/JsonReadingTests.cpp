@@ -97,6 +97,16 @@ TEST(JsonDocument, namesTheByteAtWhichReadingEnded)
     EXPECT_THAT(error.text, StartsWith("The data could not be read: it is not JSON (byte 5: "));
 }
 
+TEST(JsonDocument, keepsAllValuesInMemoryThatGoesAwayAsAWhole)
+{
+    const Json::Document document(
+        R"({"list":[{"key":"a text that is too long to lie in place"}]})");
+    const boost::json::value& list = document.root().at("list");
+    for (const boost::json::value* const value : {&document.root(), &list, &list.at(0).at("key")}) {
+        EXPECT_TRUE(value->storage().is_deallocate_trivial());
+    }
+}
+
 TEST(JsonReading, readsWholeNumbersOfSixtyFourBits)
 {
     EXPECT_EQ(Json::decode<std::int64_t>("0"), 0);
