@@ -35,15 +35,14 @@ constexpr const char* documentArgument = R"(query=query($q:String!, $cursor:Stri
 std::string searchQuery(
     PullRequestKit::ReviewerScope reviewerScope, const std::set<std::string>& repositories)
 {
-    std::string query = "is:pr";
-    if (reviewerScope == PullRequestKit::ReviewerScope::myself) {
-        query += " review-requested:@me";
-    }
-    query += " is:open archived:false";
+    const bool isForMyself = reviewerScope == PullRequestKit::ReviewerScope::myself;
+    std::string query = isForMyself ? "is:pr review-requested:@me" : "is:pr";
+    query.append(" is:open archived:false");
     for (const std::string& repository : repositories) {
-        query += " repo:" + repository;
+        query.append(" repo:").append(repository);
     }
-    return query + " sort:updated-desc";
+    query.append(" sort:updated-desc");
+    return query;
 }
 
 std::vector<std::string> searchArguments(

@@ -3,6 +3,7 @@
 #include "ProviderTest.h"
 #include "PullRequestKit/Errors.h"
 
+#include <ostream>
 #include <system_error>
 
 #include <gmock/gmock.h>
@@ -129,6 +130,8 @@ struct OlderCase {
     const char* standardOutput;
     const char* standardError;
     AuthenticationStatus expected;
+
+    friend void PrintTo(const OlderCase& instance, std::ostream* out) { *out << instance.name; }
 };
 
 class OlderGh

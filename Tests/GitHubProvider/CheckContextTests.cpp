@@ -2,6 +2,8 @@
 
 #include "PullRequestKit/Json/Reading.h"
 
+#include <ostream>
+
 #include <gmock/gmock.h>
 
 namespace {
@@ -111,6 +113,8 @@ struct NewerCase {
     const char* second;
     bool isFirstNewer;
     bool isSecondNewer;
+
+    friend void PrintTo(const NewerCase& instance, std::ostream* out) { *out << instance.name; }
 };
 
 class NewerCheckContext : public testing::TestWithParam<NewerCase> {};

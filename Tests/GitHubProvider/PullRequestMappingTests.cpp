@@ -2,6 +2,8 @@
 
 #include "PullRequestKit/Json/Reading.h"
 
+#include <ostream>
+
 #include <gmock/gmock.h>
 
 namespace {
@@ -156,6 +158,8 @@ struct ReviewCase {
     bool isRequested;
     ReviewState state;
     ReviewActivity activity;
+
+    friend void PrintTo(const ReviewCase& instance, std::ostream* out) { *out << instance.name; }
 };
 
 class MappedReviewState : public testing::TestWithParam<ReviewCase> {};

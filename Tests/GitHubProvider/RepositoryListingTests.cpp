@@ -4,6 +4,8 @@
 #include "ProviderTest.h"
 #include "PullRequestKit/Errors.h"
 
+#include <ostream>
+
 #include <gmock/gmock.h>
 
 namespace {
@@ -149,6 +151,8 @@ struct BadLine {
     const char* name;
     const char* text;
     const char* path;
+
+    friend void PrintTo(const BadLine& instance, std::ostream* out) { *out << instance.name; }
 };
 
 class UnreadableRepositoryLine

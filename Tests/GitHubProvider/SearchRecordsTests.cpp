@@ -2,6 +2,8 @@
 
 #include "PullRequestKit/Json/Reading.h"
 
+#include <ostream>
+
 #include <gmock/gmock.h>
 
 namespace {
@@ -101,6 +103,8 @@ struct BadPage {
     const char* name;
     std::string text;
     const char* path;
+
+    friend void PrintTo(const BadPage& instance, std::ostream* out) { *out << instance.name; }
 };
 
 class UnreadablePage : public testing::TestWithParam<BadPage> {};
