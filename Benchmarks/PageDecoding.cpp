@@ -1,0 +1,107 @@
+// What decoding a search page into records costs, beside Boost.JSON's bare parse of the same text.
+
+#include "GitHubProvider/PullRequestMapping.h"
+#include "GitHubProvider/SearchRecords.h"
+#include "PullRequestKit/Json/Reading.h"
+#include "SearchPages.h"
+
+#include <algorithm>
+#include <boost/json.hpp>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+#include <time.h>
+
+namespace {
+
+using GitHubProvider::SearchEnvelope;
+
+void parseBare(const std::string& text)
+{
+    boost::json::monotonic_resource memory;
+    benchmark::DoNotOptimize(boost::json::parse(text, &memory));
+}
+
+void decodePage(const std::string& text)
+{
+    benchmark::DoNotOptimize(PullRequestKit::Json::decode<SearchEnvelope>(text));
+}
+
+void bareParse(benchmark::State& state)
+{
+    const std::string text = Benchmarks::searchPage();
+    for (auto _ : state) {
+        parseBare(text);
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+}
+
+void pageDecoding(benchmark::State& state)
+{
+    const std::string text = Benchmarks::searchPage();
+    for (auto _ : state) {
+        decodePage(text);
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+}
+
+void pageDecodingAndMapping(benchmark::State& state)
+{
+    const std::string text = Benchmarks::searchPage();
+    for (auto _ : state) {
+        auto envelope = PullRequestKit::Json::decode<SearchEnvelope>(text);
+        for (GitHubProvider::Node& node : envelope.data->search.nodes) {
+            benchmark::DoNotOptimize(
+                GitHubProvider::makePullRequest(std::move(node), "github.com", std::nullopt));
+        }
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+}
+
+/// The time of the processor, not of the day, so that other programs do not count.
+double processorSeconds()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+}
+
+template<typename Work>
+double secondsOf(Work work)
+{
+    const double start = processorSeconds();
+    work();
+    return processorSeconds() - start;
+}
+
+double median(std::vector<double> values)
+{
+    std::ranges::sort(values);
+    return values[values.size() / 2];
+}
+
+/// Both by turns, so that whatever slows the machine meets both. The aim is a ratio up to 1.6.
+void pageDecodingOverBareParse(benchmark::State& state)
+{
+    const std::string text = Benchmarks::searchPage();
+    std::vector<double> bare;
+    std::vector<double> decoding;
+    for (auto _ : state) {
+        bare.push_back(secondsOf([&] { parseBare(text); }));
+        decoding.push_back(secondsOf([&] { decodePage(text); }));
+    }
+    state.counters["page_bytes"] = static_cast<double>(text.size());
+    state.counters["floor_ms"] = median(bare) * 1e3;
+    state.counters["figure_ms"] = median(decoding) * 1e3;
+    state.counters["ratio"] = median(decoding) / median(bare);
+}
+
+}  // namespace
+
+BENCHMARK(bareParse)->Unit(benchmark::kMillisecond);
+BENCHMARK(pageDecoding)->Unit(benchmark::kMillisecond);
+BENCHMARK(pageDecodingAndMapping)->Unit(benchmark::kMillisecond);
+BENCHMARK(pageDecodingOverBareParse)->Unit(benchmark::kMillisecond)->MinTime(2);
