@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QCoro/QCoroTask>
+
+#include <stop_token>
+#include <utility>
+
+namespace Tarnwick {
+
+/// A place for one coroutine at a time. Starting another, or the end of the place, asks the one
+/// before to stop; it notices when it next resumes. Main thread only.
+class CancellableTask {
+public:
+    CancellableTask() = default;
+    CancellableTask(const CancellableTask&) = delete;
+    CancellableTask& operator=(const CancellableTask&) = delete;
+
+    ~CancellableTask() { cancel(); }
+
+    /// `body` takes a stop token and returns a `QCoro::Task<>` that throws nothing. It runs at once
+    /// up to where it first waits.
+    template<typename Body>
+    void start(Body body)
+    {
+        cancel();
+        _source = std::stop_source();
+        body(_source.get_token());
+    }
+
+    void cancel() { _source.request_stop(); }
+
+private:
+    std::stop_source _source;
+};
+
+}  // namespace Tarnwick

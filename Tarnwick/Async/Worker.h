@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QCoro/QCoroFuture>
+#include <QCoro/QCoroTask>
+#include <QtConcurrent/QtConcurrentRun>
+
+#include <atomic>
+#include <cassert>
+#include <exception>
+#include <memory>
+#include <optional>
+#include <type_traits>
+#include <utility>
+
+namespace Tarnwick {
+
+namespace Detail {
+
+/// Work that goes to a worker thread, and what comes back of it.
+template<typename Work>
+struct Job {
+    explicit Job(Work newWork)
+        : work(std::move(newWork))
+    {}
+
+    void run()
+    {
+        try {
+            result.emplace(work());
+        } catch (...) {
+            error = std::current_exception();
+        }
+        isDone.store(true, std::memory_order_release);
+    }
+
+    Work work;
+    std::optional<std::invoke_result_t<Work>> result;
+    std::exception_ptr error;
+    std::atomic<bool> isDone = false;
+};
+
+}  // namespace Detail
+
+/// Runs `work`, a function without arguments that may block, on a thread of the global pool, and
+/// resumes on the thread that awaits, with what it returned or threw. Nothing cancels the work from
+/// outside: it looks at a stop token of its own.
+template<typename Work>
+QCoro::Task<std::invoke_result_t<Work>> onWorker(Work work)
+{
+    const auto job = std::make_shared<Detail::Job<Work>>(std::move(work));
+    const QFuture<void> finished = QtConcurrent::run([job] { job->run(); });
+    co_await finished;
+    [[maybe_unused]] const bool isDone = job->isDone.load(std::memory_order_acquire);
+    assert(isDone);
+    if (job->error) {
+        std::rethrow_exception(job->error);
+    }
+    co_return std::move(*job->result);
+}
+
+}  // namespace Tarnwick

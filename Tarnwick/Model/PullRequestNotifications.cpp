@@ -1,0 +1,160 @@
+#include "Tarnwick/Model/PullRequestNotifications.h"
+
+#include <QCoro/QCoroFuture>
+#include <QPointer>
+
+#include <utility>
+
+namespace Tarnwick {
+
+using PullRequestKit::PullRequest;
+
+const PullRequestNotifications::Switch PullRequestNotifications::unblocked{
+    &Settings::unblockedNotificationsEnabled, &SettingsStore::setUnblockedNotificationsEnabled};
+const PullRequestNotifications::Switch PullRequestNotifications::newPullRequests{
+    &Settings::newPullRequestNotificationsEnabled,
+    &SettingsStore::setNewPullRequestNotificationsEnabled};
+
+PullRequestNotifications::PullRequestNotifications(
+    std::shared_ptr<PullRequestNotifying> notifier, Settings& settings, SettingsStore& store)
+    : _notifier(std::move(notifier))
+    , _settings(settings)
+    , _store(store)
+    , _prepared(QtFuture::makeReadyFuture())
+{}
+
+void PullRequestNotifications::dismissSettingsChange()
+{
+    setSettingsChangeRequired(false);
+}
+
+void PullRequestNotifications::prepare()
+{
+    if (_settings.unblockedNotificationsEnabled || _settings.newPullRequestNotificationsEnabled) {
+        _setupTask.start(
+            [this](std::stop_token stopToken) { return checkPermission(std::move(stopToken)); });
+    }
+}
+
+QCoro::Task<> PullRequestNotifications::checkPermission(std::stop_token stopToken)
+{
+    QPromise<void> prepared;
+    prepared.start();
+    _prepared = prepared.future();
+    // A permission that cannot even be asked for says nothing about the settings.
+    bool isGranted = true;
+    try {
+        auto request = _notifier->requestAuthorization();
+        isGranted = co_await request;
+    } catch (const std::exception&) {
+        isGranted = true;
+    }
+    if (!stopToken.stop_requested() && !isGranted) {
+        set(unblocked, false);
+        set(newPullRequests, false);
+    }
+    prepared.finish();
+}
+
+QCoro::Task<> PullRequestNotifications::toggleUnblocked()
+{
+    return toggle(unblocked);
+}
+
+QCoro::Task<> PullRequestNotifications::toggleNewPullRequests()
+{
+    return toggle(newPullRequests);
+}
+
+QCoro::Task<> PullRequestNotifications::toggle(Switch setting)
+{
+    const QPointer<PullRequestNotifications> self(this);
+    Q_EMIT errorChanged(std::nullopt);
+    setSettingsChangeRequired(false);
+    if (_settings.*setting.flag) {
+        set(setting, false);
+        co_return;
+    }
+    bool isGranted = false;
+    std::optional<std::string> error;
+    try {
+        auto request = _notifier->requestAuthorization();
+        isGranted = co_await request;
+    } catch (const std::exception& exception) {
+        error = std::string("Notifications could not be enabled: ") + exception.what();
+    }
+    if (!self) {
+        co_return;
+    }
+    if (error) {
+        Q_EMIT errorChanged(error);
+        co_return;
+    }
+    set(setting, isGranted);
+    setSettingsChangeRequired(!isGranted);
+}
+
+void PullRequestNotifications::deliver(RefreshedPullRequests refreshed)
+{
+    _deliveryTask.start([&](std::stop_token stopToken) {
+        return deliverAll(std::move(refreshed), std::move(stopToken));
+    });
+}
+
+QCoro::Task<> PullRequestNotifications::deliverAll(
+    RefreshedPullRequests refreshed, std::stop_token stopToken)
+{
+    const QFuture<void> prepared = _prepared;
+    co_await prepared;
+    for (PullRequest& pullRequest : refreshed.appeared) {
+        if (stopToken.stop_requested() || !_settings.newPullRequestNotificationsEnabled) {
+            break;
+        }
+        auto delivery = notify(std::move(pullRequest), true, stopToken);
+        co_await delivery;
+    }
+    for (PullRequest& pullRequest : refreshed.unblocked) {
+        if (stopToken.stop_requested() || !_settings.unblockedNotificationsEnabled) {
+            break;
+        }
+        auto delivery = notify(std::move(pullRequest), false, stopToken);
+        co_await delivery;
+    }
+}
+
+QCoro::Task<> PullRequestNotifications::notify(
+    PullRequest pullRequest, bool isNew, std::stop_token stopToken)
+{
+    std::string problem;
+    try {
+        auto delivery = isNew ? _notifier->notifyNew(std::move(pullRequest))
+                              : _notifier->notifyUnblocked(std::move(pullRequest));
+        co_await delivery;
+    } catch (const std::exception& exception) {
+        problem = isNew ? "A new pull request notification could not be delivered: "
+                        : "An unblocked notification could not be delivered: ";
+        problem += exception.what();
+    }
+    if (!stopToken.stop_requested() && !problem.empty()) {
+        Q_EMIT errorChanged(problem);
+    }
+}
+
+void PullRequestNotifications::set(Switch setting, bool isOn)
+{
+    const bool isChanged = _settings.*setting.flag != isOn;
+    _settings.*setting.flag = isOn;
+    (_store.*setting.write)(isOn);
+    if (isChanged) {
+        Q_EMIT settingsChanged();
+    }
+}
+
+void PullRequestNotifications::setSettingsChangeRequired(bool isRequired)
+{
+    if (std::exchange(_isSettingsChangeRequired, isRequired) != isRequired) {
+        Q_EMIT settingsChangeRequiredChanged();
+    }
+}
+
+}  // namespace Tarnwick

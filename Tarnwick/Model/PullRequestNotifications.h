@@ -1,0 +1,78 @@
+#pragma once
+
+#include "Tarnwick/Async/CancellableTask.h"
+#include "Tarnwick/Desktop/PullRequestNotifying.h"
+#include "Tarnwick/Model/NotificationDecisions.h"
+
+#include <QFuture>
+#include <QObject>
+#include <QPromise>
+
+#include <memory>
+
+namespace Tarnwick {
+
+/// What one refresh changed, as far as notifications are concerned.
+struct RefreshedPullRequests {
+    std::vector<PullRequestKit::PullRequest> appeared;   ///< New ones in sight.
+    std::vector<PullRequestKit::PullRequest> unblocked;  ///< Blocked before, unblocked now.
+};
+
+/// The two notification settings: the user's switching of them, the permission they need, and the
+/// delivery of one refresh's notifications at a time. Main thread only.
+class PullRequestNotifications final : public QObject {
+    Q_OBJECT
+
+public:
+    /// `settings` and `store` must outlive this object; only the two flags of theirs are changed.
+    PullRequestNotifications(
+        std::shared_ptr<PullRequestNotifying> notifier, Settings& settings, SettingsStore& store);
+
+    /// The desktop refused permission, and the user has to change that in its settings.
+    bool isSettingsChangeRequired() const { return _isSettingsChangeRequired; }
+
+    void dismissSettingsChange();
+
+    /// Checks the permission once when a setting is on; without it both are turned off.
+    void prepare();
+
+    QCoro::Task<> toggleUnblocked();
+    QCoro::Task<> toggleNewPullRequests();
+
+    /// Delivers what the settings ask for, after a running permission check. What an earlier call
+    /// has not delivered yet is dropped.
+    void deliver(RefreshedPullRequests refreshed);
+
+Q_SIGNALS:
+    void settingsChanged();
+    void settingsChangeRequiredChanged();
+    /// A text for the user, or nothing when the one before no longer holds.
+    void errorChanged(const std::optional<std::string>& error);
+
+private:
+    struct Switch {
+        bool Settings::* flag;
+        void (SettingsStore::*write)(bool);
+    };
+
+    static const Switch unblocked;
+    static const Switch newPullRequests;
+
+    QCoro::Task<> toggle(Switch setting);
+    QCoro::Task<> checkPermission(std::stop_token stopToken);
+    QCoro::Task<> deliverAll(RefreshedPullRequests refreshed, std::stop_token stopToken);
+    QCoro::Task<> notify(
+        PullRequestKit::PullRequest pullRequest, bool isNew, std::stop_token stopToken);
+    void set(Switch setting, bool isOn);
+    void setSettingsChangeRequired(bool isRequired);
+
+    std::shared_ptr<PullRequestNotifying> _notifier;
+    Settings& _settings;
+    SettingsStore& _store;
+    bool _isSettingsChangeRequired = false;
+    QFuture<void> _prepared;
+    CancellableTask _setupTask;
+    CancellableTask _deliveryTask;
+};
+
+}  // namespace Tarnwick

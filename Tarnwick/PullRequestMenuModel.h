@@ -1,0 +1,178 @@
+#pragma once
+
+#include "PullRequestKit/PullRequestProvider.h"
+#include "PullRequestKit/PullRequestRow.h"
+#include "Tarnwick/Async/CancellableTask.h"
+#include "Tarnwick/Async/Clock.h"
+#include "Tarnwick/Desktop/LoginItem.h"
+#include "Tarnwick/Desktop/PullRequestNotifying.h"
+#include "Tarnwick/Model/Fetch.h"
+#include "Tarnwick/Model/MenuState.h"
+#include "Tarnwick/Model/PullRequestNotifications.h"
+#include "Tarnwick/Model/Settings.h"
+#include "Tarnwick/Persistence/DefaultsStore.h"
+#include "Tarnwick/Persistence/PullRequestDiskCache.h"
+#include "Tarnwick/Persistence/SnapshotWriter.h"
+#include "Tarnwick/Persistence/VisitStore.h"
+
+#include <QObject>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Tarnwick {
+
+/// What the list shows and how it comes about: the pull requests, the state of the refresh, the
+/// filters and the settings. Views and commands read it, call it and follow its signals; each
+/// signal says that the property of its name changed. Main thread only; nothing blocks but the
+/// destructor, which waits until the last snapshot is on disk.
+class PullRequestMenuModel final : public QObject {
+    Q_OBJECT
+
+public:
+    /// What the model stands on. All are required.
+    struct Collaborators {
+        std::shared_ptr<const PullRequestKit::PullRequestProvider> provider;
+        std::shared_ptr<DefaultsStore> defaults;
+        PullRequestDiskCache cache;
+        std::shared_ptr<PullRequestNotifying> notifier;
+        std::shared_ptr<LoginItem> loginItem;
+        std::shared_ptr<Clock> clock;
+    };
+
+    /// Reads and migrates the settings, shows the last snapshot if it was taken for the same
+    /// reviewers, and starts polling.
+    explicit PullRequestMenuModel(Collaborators collaborators);
+    ~PullRequestMenuModel() override;
+
+    const MenuState& state() const { return _state; }
+
+    const std::vector<PullRequestKit::PullRequestRow>& rows() const { return _rows; }
+
+    const std::vector<PullRequestKit::RepositorySummary>& repositories() const
+    {
+        return _repositories;
+    }
+
+    const std::optional<std::string>& account() const { return _account; }
+
+    std::optional<PullRequestKit::Date> lastRefreshed() const { return _lastRefreshed; }
+
+    bool isRefreshing() const { return _isRefreshing; }
+
+    bool launchAtLoginEnabled() const { return _launchAtLoginEnabled; }
+
+    bool notificationSettingsRequired() const { return _notifications.isSettingsChangeRequired(); }
+
+    const std::optional<std::string>& settingsError() const { return _settingsError; }
+
+    const std::optional<std::string>& refreshError() const { return _refreshError; }
+
+    /// The filters and settings as they are now.
+    const Settings& settings() const { return _settings; }
+
+    VisitStore& visits() { return _visits; }
+
+    /// To be called each time the list comes in sight: starts a refresh in place of a running one
+    /// that an earlier call started.
+    void menuOpened();
+
+    /// One refresh; returns at once while another one runs. Resumes when it has ended.
+    QCoro::Task<> refresh();
+
+    void toggleRepository(const std::string& name);
+    /// Selects every repository that is known, or none.
+    void selectAllRepositories(bool all);
+    void selectRepositories(const std::vector<std::string>& names, bool selected);
+
+    void toggleStatus(StatusFilter value);
+    void toggleChecks(ChecksFilter value);
+    void toggleReviewFilter(ReviewFilter value);
+    void toggleMergeability(MergeabilityFilter value);
+
+    /// Fetches anew, because other pull requests are asked for. Nothing happens when the value is
+    /// the current one.
+    void setReviewerFilter(ReviewerFilter value);
+    void setPollingInterval(PollingInterval interval);
+    void setProjectDirectory(const std::string& directory);
+
+    void toggleLaunchAtLogin();
+    QCoro::Task<> toggleUnblockedNotifications();
+    QCoro::Task<> toggleNewPullRequestNotifications();
+    void dismissNotificationSettingsRequired();
+    void dismissRefreshError();
+    void dismissSettingsError();
+
+Q_SIGNALS:
+    void stateChanged();
+    void rowsChanged();
+    void repositoriesChanged();
+    void accountChanged();
+    void lastRefreshedChanged();
+    void isRefreshingChanged();
+    void launchAtLoginEnabledChanged();
+    void notificationSettingsRequiredChanged();
+    void settingsErrorChanged();
+    void refreshErrorChanged();
+    void settingsChanged();
+
+private:
+    template<typename Value>
+    void assign(
+        Value& property,
+        std::type_identity_t<Value> value,
+        void (PullRequestMenuModel::*changed)());
+
+    void showSnapshot();
+    void rebuildRows();
+    void resetUnconfiguredSelection();
+    void saveSnapshot();
+
+    QCoro::Task<> refreshUntilStopped(std::stop_token stopToken);
+    void begin(const std::stop_token& stopToken);
+    QCoro::Task<> askProvider(std::stop_token stopToken);
+    void cannotAsk(MenuState::Kind kind, const std::string& message);
+    void accept(FetchedPullRequests fetched);
+
+    void schedulePolling();
+    QCoro::Task<> pollWhileRunning(std::stop_token stopToken);
+    void scheduleRefresh(std::chrono::milliseconds delay);
+    QCoro::Task<> refreshWhenIdle(std::chrono::milliseconds delay, std::stop_token stopToken);
+
+    void persistRepositories();
+    void selectionChanged();
+    template<typename E>
+    void toggleFilter(
+        std::set<E> Settings::* filter, E value, void (SettingsStore::*write)(const std::set<E>&));
+    void readLaunchAtLogin();
+
+    Collaborators _parts;
+    SettingsStore _settingsStore;
+    Settings _settings;
+    VisitStore _visits;
+    SnapshotWriter _snapshotWriter;
+    PullRequestNotifications _notifications;
+
+    MenuState _state;
+    std::vector<PullRequestKit::PullRequestRow> _rows;
+    std::vector<PullRequestKit::RepositorySummary> _repositories;
+    std::optional<std::string> _account;
+    std::optional<PullRequestKit::Date> _lastRefreshed;
+    bool _isRefreshing = false;
+    bool _launchAtLoginEnabled = false;
+    std::optional<std::string> _settingsError;
+    std::optional<std::string> _refreshError;
+
+    std::vector<PullRequestKit::PullRequest> _allPullRequests;
+    bool _hasSnapshot = false;
+    std::optional<NewPullRequestBaseline> _newPullRequestBaseline;
+
+    std::stop_token _runningRefresh;  ///< The one that `_isRefreshing` speaks of.
+    std::stop_source _lifetime;       ///< Stopped when the model goes.
+    CancellableTask _refreshTask;
+    CancellableTask _pollingTask;
+};
+
+}  // namespace Tarnwick

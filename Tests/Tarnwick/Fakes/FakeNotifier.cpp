@@ -1,0 +1,48 @@
+#include "Fakes/FakeNotifier.h"
+
+#include <QCoro/QCoroFuture>
+
+#include <stdexcept>
+
+namespace TestSupport {
+
+using PullRequestKit::PullRequest;
+
+QCoro::Task<> FakeNotifier::answer()
+{
+    if (gate) {
+        const QFuture<void> waited = *gate;
+        co_await waited;
+    }
+    if (!error.empty()) {
+        throw std::runtime_error(error);
+    }
+}
+
+QCoro::Task<Tarnwick::NotificationAuthorization> FakeNotifier::authorization()
+{
+    co_return isGranted ? Tarnwick::NotificationAuthorization::authorized
+                        : Tarnwick::NotificationAuthorization::denied;
+}
+
+QCoro::Task<bool> FakeNotifier::requestAuthorization()
+{
+    ++permissionRequests;
+    auto answered = answer();
+    co_await answered;
+    co_return isGranted;
+}
+
+QCoro::Task<> FakeNotifier::notifyUnblocked(PullRequest pullRequest)
+{
+    shown.push_back("unblocked " + std::to_string(pullRequest.id.number));
+    return answer();
+}
+
+QCoro::Task<> FakeNotifier::notifyNew(PullRequest pullRequest)
+{
+    shown.push_back("new " + std::to_string(pullRequest.id.number));
+    return answer();
+}
+
+}  // namespace TestSupport

@@ -1,0 +1,119 @@
+#include "Fakes/FakeProvider.h"
+
+namespace TestSupport {
+
+using namespace PullRequestKit;
+
+AuthenticationStatus FakeProvider::authenticationStatus(std::stop_token /*stopToken*/) const
+{
+    const std::lock_guard lock(_mutex);
+    ++_statusCalls;
+    return _status;
+}
+
+FakeProvider::Repositories FakeProvider::repositories(std::stop_token /*stopToken*/) const
+{
+    const std::lock_guard lock(_mutex);
+    if (!_repositoriesError.empty()) {
+        throw ProviderError(_repositoriesError);
+    }
+    return _repositories;
+}
+
+FakeProvider::PullRequests FakeProvider::pullRequests(
+    ReviewerScope reviewerScope,
+    const std::set<std::string>& repositories,
+    std::stop_token stopToken) const
+{
+    std::unique_lock lock(_mutex);
+    _requests.push_back({reviewerScope, repositories});
+    // The answer is the one of the time of asking, however long it takes.
+    const PullRequests answer = _pullRequests;
+    const std::string error = _error;
+    ++_waiting;
+    const bool isReleased = _released.wait(lock, stopToken, [&] { return !_isHeld; });
+    --_waiting;
+    if (!isReleased || stopToken.stop_requested()) {
+        ++_cancelled;
+        throw CancellationError();
+    }
+    if (!error.empty()) {
+        throw ProviderError(error);
+    }
+    return answer;
+}
+
+void FakeProvider::setStatus(AuthenticationStatus status)
+{
+    const std::lock_guard lock(_mutex);
+    _status = std::move(status);
+}
+
+void FakeProvider::setPullRequests(PullRequests pullRequests)
+{
+    const std::lock_guard lock(_mutex);
+    _pullRequests = std::move(pullRequests);
+}
+
+void FakeProvider::setRepositories(std::vector<std::string> names)
+{
+    const std::lock_guard lock(_mutex);
+    _repositories.clear();
+    for (std::string& name : names) {
+        RepositorySummary& summary = _repositories.emplace_back();
+        summary.fullName = std::move(name);
+    }
+}
+
+void FakeProvider::setError(std::string message)
+{
+    const std::lock_guard lock(_mutex);
+    _error = std::move(message);
+}
+
+void FakeProvider::setRepositoriesError(std::string message)
+{
+    const std::lock_guard lock(_mutex);
+    _repositoriesError = std::move(message);
+}
+
+void FakeProvider::hold()
+{
+    const std::lock_guard lock(_mutex);
+    _isHeld = true;
+}
+
+void FakeProvider::release()
+{
+    {
+        const std::lock_guard lock(_mutex);
+        _isHeld = false;
+    }
+    _released.notify_all();
+}
+
+int FakeProvider::waiting() const
+{
+    const std::lock_guard lock(_mutex);
+    return _waiting;
+}
+
+int FakeProvider::statusCalls() const
+{
+    const std::lock_guard lock(_mutex);
+    return _statusCalls;
+}
+
+int FakeProvider::cancelled() const
+{
+    const std::lock_guard lock(_mutex);
+    return _cancelled;
+}
+
+std::vector<FakeProvider::Request> FakeProvider::requests() const
+{
+    const std::lock_guard lock(_mutex);
+    return _requests;
+}
+
+}  // namespace TestSupport

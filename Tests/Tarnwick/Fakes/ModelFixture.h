@@ -1,0 +1,55 @@
+#pragma once
+
+#include "Fakes/EventLoop.h"
+#include "Fakes/FakeClock.h"
+#include "Fakes/FakeLoginItem.h"
+#include "Fakes/FakeNotifier.h"
+#include "Fakes/FakeProvider.h"
+#include "Fakes/MemoryDefaultsStore.h"
+#include "Support/PullRequests.h"
+#include "Tarnwick/PullRequestMenuModel.h"
+
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+namespace TestSupport {
+
+/// A model among fakes, with a cache file in a folder of its own. Tests arrange the fakes, then
+/// `start` the model.
+class ModelTest : public testing::Test {
+protected:
+    using Kind = Tarnwick::MenuState::Kind;
+
+    ~ModelTest() override;
+
+    /// Makes the model; a second call starts the program anew on the same settings and cache.
+    void start();
+
+    /// Selects octo/tools as a user did in an earlier run.
+    void selectTools();
+
+    /// Runs one refresh to its end.
+    void refresh();
+
+    /// Opens the list and waits until its request for pull requests waits.
+    void openAndHold();
+
+    /// Lets held requests go and waits until no refresh runs.
+    void releaseAndSettle();
+
+    bool settle();
+    std::vector<std::int64_t> shownNumbers() const;
+    Tarnwick::PullRequestDiskCache cache() const;
+
+    QTemporaryDir folder;
+    std::shared_ptr<FakeProvider> provider = std::make_shared<FakeProvider>();
+    std::shared_ptr<Fakes::MemoryDefaultsStore> defaults =
+        std::make_shared<Fakes::MemoryDefaultsStore>();
+    std::shared_ptr<FakeNotifier> notifier = std::make_shared<FakeNotifier>();
+    std::shared_ptr<FakeLoginItem> loginItem = std::make_shared<FakeLoginItem>();
+    std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
+    std::unique_ptr<Tarnwick::PullRequestMenuModel> model;
+};
+
+}  // namespace TestSupport

@@ -1,0 +1,168 @@
+#include "Fakes/ModelFixture.h"
+
+namespace {
+
+using namespace PullRequestKit;
+using namespace Tarnwick;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+using TestSupport::makePullRequest;
+
+/// What the user changes: it takes effect at once and is there after a restart.
+class FilterOperations : public TestSupport::ModelTest {
+protected:
+    void SetUp() override
+    {
+        selectTools();
+        auto draft = makePullRequest(2);
+        draft.isDraft = true;
+        auto failing = makePullRequest(3);
+        failing.checks = {1, 2, 1};
+        auto conflicting = makePullRequest(4);
+        conflicting.mergeability = PullRequestMergeability::conflicting;
+        auto approved = makePullRequest(5);
+        approved.reviewActivity = {true, false, false, true};
+        provider->setPullRequests({makePullRequest(1), draft, failing, conflicting, approved});
+        provider->setRepositories({"octo/site", "octo/tools"});
+        start();
+        refresh();
+    }
+
+    Settings storedSettings() { return SettingsStore(*defaults).load(); }
+};
+
+TEST_F(FilterOperations, togglesAStatus)
+{
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 3, 4, 5));
+    model->toggleStatus(StatusFilter::draft);
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3, 4, 5));
+    model->toggleStatus(StatusFilter::open);
+    EXPECT_THAT(shownNumbers(), ElementsAre(2));
+    EXPECT_THAT(storedSettings().statuses, ElementsAre(StatusFilter::draft));
+    model->toggleStatus(StatusFilter::draft);
+    EXPECT_THAT(shownNumbers(), IsEmpty());
+    EXPECT_THAT(storedSettings().statuses, IsEmpty());
+}
+
+TEST_F(FilterOperations, togglesAChecksCase)
+{
+    model->toggleChecks(ChecksFilter::none);
+    EXPECT_THAT(shownNumbers(), ElementsAre(3));
+    EXPECT_FALSE(storedSettings().checks.contains(ChecksFilter::none));
+    model->toggleChecks(ChecksFilter::none);
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 3, 4, 5));
+}
+
+TEST_F(FilterOperations, togglesAReviewFilter)
+{
+    model->toggleReviewFilter(ReviewFilter::approved);
+    EXPECT_THAT(shownNumbers(), ElementsAre(5));
+    EXPECT_THAT(storedSettings().reviewFilters, ElementsAre(ReviewFilter::approved));
+    model->toggleReviewFilter(ReviewFilter::approved);
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 3, 4, 5));
+}
+
+TEST_F(FilterOperations, togglesAMergeability)
+{
+    model->toggleMergeability(MergeabilityFilter::mergeable);
+    EXPECT_THAT(shownNumbers(), ElementsAre(4));
+    EXPECT_FALSE(storedSettings().mergeabilities.contains(MergeabilityFilter::mergeable));
+}
+
+TEST_F(FilterOperations, togglesARepository)
+{
+    model->toggleRepository("octo/tools");
+    EXPECT_THAT(shownNumbers(), IsEmpty());
+    EXPECT_THAT(storedSettings().selectedRepositories, IsEmpty());
+    model->toggleRepository("octo/tools");
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 3, 4, 5));
+}
+
+TEST_F(FilterOperations, selectsEveryRepositoryAndNone)
+{
+    model->selectAllRepositories(true);
+    EXPECT_THAT(storedSettings().selectedRepositories, ElementsAre("octo/site", "octo/tools"));
+    model->selectAllRepositories(false);
+    EXPECT_THAT(storedSettings().selectedRepositories, IsEmpty());
+    EXPECT_THAT(shownNumbers(), IsEmpty());
+}
+
+TEST_F(FilterOperations, selectingEveryRepositoryOfAnEmptyListShowsNothing)
+{
+    provider->setRepositories({});
+    refresh();
+    model->selectAllRepositories(true);
+    EXPECT_THAT(model->settings().selectedRepositories, IsEmpty());
+    EXPECT_THAT(shownNumbers(), IsEmpty());
+}
+
+TEST_F(FilterOperations, selectsAndUnselectsAGroup)
+{
+    model->selectRepositories({"octo/site", "octo/docs"}, true);
+    EXPECT_THAT(
+        storedSettings().selectedRepositories, ElementsAre("octo/docs", "octo/site", "octo/tools"));
+    model->selectRepositories({"octo/tools", "octo/docs", "octo/unknown"}, false);
+    EXPECT_THAT(storedSettings().selectedRepositories, ElementsAre("octo/site"));
+    EXPECT_THAT(shownNumbers(), IsEmpty());
+}
+
+TEST_F(FilterOperations, storesTheOtherSettingsAtOnce)
+{
+    model->setReviewerFilter(ReviewerFilter::any);
+    model->setPollingInterval(PollingInterval::oneHour);
+    model->setProjectDirectory("~/src");
+    EXPECT_EQ(storedSettings().reviewerFilter, ReviewerFilter::any);
+    EXPECT_EQ(storedSettings().pollingInterval, PollingInterval::oneHour);
+    EXPECT_EQ(storedSettings().projectDirectory, "~/src");
+    ASSERT_TRUE(settle());
+}
+
+TEST_F(FilterOperations, tellsOfEveryChange)
+{
+    int settingsChanges = 0;
+    int rowChanges = 0;
+    QObject::connect(model.get(), &PullRequestMenuModel::settingsChanged, model.get(), [&] {
+        ++settingsChanges;
+    });
+    QObject::connect(
+        model.get(), &PullRequestMenuModel::rowsChanged, model.get(), [&] { ++rowChanges; });
+    model->toggleStatus(StatusFilter::draft);
+    EXPECT_EQ(settingsChanges, 1);
+    EXPECT_EQ(rowChanges, 1);
+    model->toggleMergeability(MergeabilityFilter::unknown);
+    EXPECT_EQ(settingsChanges, 2);
+    EXPECT_EQ(rowChanges, 1);
+}
+
+TEST_F(FilterOperations, togglesTheLoginItem)
+{
+    model->toggleLaunchAtLogin();
+    EXPECT_TRUE(loginItem->isOn);
+    EXPECT_TRUE(model->launchAtLoginEnabled());
+    model->toggleLaunchAtLogin();
+    EXPECT_FALSE(loginItem->isOn);
+    EXPECT_FALSE(model->launchAtLoginEnabled());
+    EXPECT_EQ(model->settingsError(), std::nullopt);
+}
+
+TEST_F(FilterOperations, saysWhyTheLoginItemCouldNotBeChanged)
+{
+    loginItem->error = "The folder is read-only.";
+    model->toggleLaunchAtLogin();
+    EXPECT_EQ(
+        model->settingsError(), "Open at Login could not be changed: The folder is read-only.");
+    EXPECT_FALSE(model->launchAtLoginEnabled());
+    model->dismissSettingsError();
+    EXPECT_EQ(model->settingsError(), std::nullopt);
+}
+
+TEST_F(FilterOperations, rememberVisits)
+{
+    const auto pullRequest = makePullRequest(1);
+    EXPECT_FALSE(model->visits().isVisited(pullRequest));
+    model->visits().recordVisit(pullRequest.id);
+    EXPECT_TRUE(model->visits().isVisited(pullRequest));
+}
+
+}  // namespace

@@ -1,0 +1,294 @@
+#include "Fakes/ModelFixture.h"
+
+#include <QPromise>
+
+namespace {
+
+using namespace PullRequestKit;
+using namespace Tarnwick;
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+using TestSupport::date;
+using TestSupport::eventually;
+using TestSupport::makePullRequest;
+using TestSupport::processEvents;
+using TestSupport::runToEnd;
+
+/// A pull request that came into being after the first refresh of these tests.
+PullRequest createdLater(std::int64_t number)
+{
+    auto pullRequest = makePullRequest(number);
+    pullRequest.createdAt = date("2024-05-02T08:00:01Z");
+    return pullRequest;
+}
+
+PullRequest blocked(std::int64_t number)
+{
+    auto pullRequest = makePullRequest(number);
+    pullRequest.mergeability = PullRequestMergeability::conflicting;
+    return pullRequest;
+}
+
+class Notifications : public TestSupport::ModelTest {
+protected:
+    void SetUp() override
+    {
+        selectTools();
+        provider->setRepositories({"octo/tools"});
+        provider->setPullRequests({makePullRequest(1)});
+    }
+
+    void startWithBothSettings()
+    {
+        SettingsStore(*defaults).setNewPullRequestNotificationsEnabled(true);
+        SettingsStore(*defaults).setUnblockedNotificationsEnabled(true);
+        start();
+    }
+
+    void refreshWith(std::vector<PullRequest> pullRequests)
+    {
+        provider->setPullRequests(std::move(pullRequests));
+        clock->advance(1s);
+        refresh();
+        processEvents();
+    }
+};
+
+TEST_F(Notifications, announceNothingAtTheFirstRefresh)
+{
+    startWithBothSettings();
+    refreshWith({createdLater(1)});
+    EXPECT_THAT(notifier->shown, IsEmpty());
+}
+
+TEST_F(Notifications, announceWhatCameIntoBeingSinceTheLastRefresh)
+{
+    startWithBothSettings();
+    refresh();
+    refreshWith({makePullRequest(1), createdLater(2), createdLater(3)});
+    EXPECT_THAT(notifier->shown, UnorderedElementsAre("new 2", "new 3"));
+    refreshWith({makePullRequest(1), createdLater(2), createdLater(3)});
+    EXPECT_EQ(notifier->shown.size(), 2U);
+}
+
+TEST_F(Notifications, doNotAnnounceWhatExistedBeforeTheBaseline)
+{
+    startWithBothSettings();
+    refresh();
+    auto reopened = makePullRequest(2);
+    reopened.createdAt = date("2024-05-02T08:00:00Z");
+    auto undated = makePullRequest(3);
+    undated.createdAt = std::nullopt;
+    refreshWith({makePullRequest(1), reopened, undated});
+    EXPECT_THAT(notifier->shown, IsEmpty());
+}
+
+TEST_F(Notifications, doNotAnnounceWhatAFilterHides)
+{
+    startWithBothSettings();
+    refresh();
+    auto draft = createdLater(2);
+    draft.isDraft = true;
+    refreshWith({makePullRequest(1), draft});
+    EXPECT_THAT(notifier->shown, IsEmpty());
+}
+
+TEST_F(Notifications, doNotAnnounceWhatAppearsThroughAChangedFilter)
+{
+    startWithBothSettings();
+    refresh();
+    model->toggleStatus(StatusFilter::draft);
+    auto draft = createdLater(2);
+    draft.isDraft = true;
+    refreshWith({makePullRequest(1), draft});
+    EXPECT_THAT(notifier->shown, IsEmpty());
+    auto later = createdLater(3);
+    later.createdAt = date("2024-05-02T08:00:05Z");
+    refreshWith({makePullRequest(1), draft, later});
+    EXPECT_THAT(notifier->shown, ElementsAre("new 3"));
+}
+
+TEST_F(Notifications, doNotAnnounceWhatAppearsThroughAChangedSelection)
+{
+    startWithBothSettings();
+    refresh();
+    model->selectRepositories({"octo/site"}, true);
+    auto other = createdLater(2);
+    other.id.repository = "octo/site";
+    refreshWith({makePullRequest(1), other});
+    EXPECT_THAT(notifier->shown, IsEmpty());
+}
+
+TEST_F(Notifications, announceWhatBecameUnblocked)
+{
+    startWithBothSettings();
+    refreshWith({blocked(1), blocked(2), makePullRequest(3)});
+    refreshWith({makePullRequest(1), blocked(2), makePullRequest(3), makePullRequest(4)});
+    EXPECT_THAT(notifier->shown, ElementsAre("unblocked 1"));
+}
+
+TEST_F(Notifications, doNotTakeANoLongerBlockedDraftForUnblocked)
+{
+    startWithBothSettings();
+    refreshWith({blocked(1)});
+    auto draft = makePullRequest(1);
+    draft.isDraft = true;
+    refreshWith({draft});
+    EXPECT_THAT(notifier->shown, IsEmpty());
+}
+
+TEST_F(Notifications, followTheirOwnSettings)
+{
+    SettingsStore(*defaults).setUnblockedNotificationsEnabled(true);
+    start();
+    refreshWith({blocked(1)});
+    refreshWith({makePullRequest(1), createdLater(2)});
+    EXPECT_THAT(notifier->shown, ElementsAre("unblocked 1"));
+}
+
+TEST_F(Notifications, neverAskForPermissionWithBothSettingsOff)
+{
+    start();
+    refresh();
+    refreshWith({createdLater(2)});
+    EXPECT_EQ(notifier->permissionRequests, 0);
+    EXPECT_THAT(notifier->shown, IsEmpty());
+}
+
+TEST_F(Notifications, checkThePermissionOnceAtTheStart)
+{
+    startWithBothSettings();
+    processEvents();
+    refresh();
+    EXPECT_EQ(notifier->permissionRequests, 1);
+    EXPECT_TRUE(model->settings().unblockedNotificationsEnabled);
+}
+
+TEST_F(Notifications, areTurnedOffWhenThePermissionIsGone)
+{
+    notifier->isGranted = false;
+    startWithBothSettings();
+    processEvents();
+    EXPECT_FALSE(model->settings().unblockedNotificationsEnabled);
+    EXPECT_FALSE(model->settings().newPullRequestNotificationsEnabled);
+    const Settings stored = SettingsStore(*defaults).load();
+    EXPECT_FALSE(stored.unblockedNotificationsEnabled);
+    EXPECT_FALSE(stored.newPullRequestNotificationsEnabled);
+    EXPECT_FALSE(model->notificationSettingsRequired());
+}
+
+TEST_F(Notifications, waitForTheCheckOfThePermission)
+{
+    QPromise<void> gate;
+    gate.start();
+    notifier->gate = gate.future();
+    startWithBothSettings();
+    refresh();
+    refreshWith({makePullRequest(1), createdLater(2)});
+    EXPECT_THAT(notifier->shown, IsEmpty());
+    gate.finish();
+    EXPECT_TRUE(eventually([&] { return !notifier->shown.empty(); }));
+    EXPECT_THAT(notifier->shown, ElementsAre("new 2"));
+}
+
+TEST_F(Notifications, dropWhatTheNextRefreshOvertakes)
+{
+    startWithBothSettings();
+    refresh();
+    QPromise<void> gate;
+    gate.start();
+    notifier->gate = gate.future();
+    refreshWith({makePullRequest(1), createdLater(2), createdLater(3)});
+    EXPECT_EQ(notifier->shown.size(), 1U);
+    refreshWith({makePullRequest(1), createdLater(2), createdLater(3)});
+    gate.finish();
+    processEvents();
+    EXPECT_EQ(notifier->shown.size(), 1U);
+}
+
+TEST_F(Notifications, sayWhyANewOneCouldNotBeDelivered)
+{
+    startWithBothSettings();
+    refresh();
+    notifier->error = "No server.";
+    refreshWith({makePullRequest(1), createdLater(2)});
+    EXPECT_EQ(
+        model->settingsError(),
+        "A new pull request notification could not be delivered: No server.");
+}
+
+TEST_F(Notifications, sayWhyAnUnblockedOneCouldNotBeDelivered)
+{
+    startWithBothSettings();
+    refreshWith({blocked(1)});
+    notifier->error = "No server.";
+    refreshWith({makePullRequest(1)});
+    EXPECT_EQ(
+        model->settingsError(), "An unblocked notification could not be delivered: No server.");
+}
+
+TEST_F(Notifications, areSwitchedOnWithPermission)
+{
+    start();
+    runToEnd(model->toggleUnblockedNotifications());
+    EXPECT_TRUE(model->settings().unblockedNotificationsEnabled);
+    EXPECT_FALSE(model->settings().newPullRequestNotificationsEnabled);
+    EXPECT_TRUE(SettingsStore(*defaults).load().unblockedNotificationsEnabled);
+    EXPECT_EQ(notifier->permissionRequests, 1);
+    runToEnd(model->toggleNewPullRequestNotifications());
+    EXPECT_TRUE(SettingsStore(*defaults).load().newPullRequestNotificationsEnabled);
+}
+
+TEST_F(Notifications, areSwitchedOffWithoutAsking)
+{
+    startWithBothSettings();
+    processEvents();
+    runToEnd(model->toggleNewPullRequestNotifications());
+    EXPECT_FALSE(model->settings().newPullRequestNotificationsEnabled);
+    EXPECT_FALSE(SettingsStore(*defaults).load().newPullRequestNotificationsEnabled);
+    EXPECT_TRUE(model->settings().unblockedNotificationsEnabled);
+    EXPECT_EQ(notifier->permissionRequests, 1);
+}
+
+TEST_F(Notifications, pointToTheDesktopsSettingsWhenPermissionIsRefused)
+{
+    notifier->isGranted = false;
+    start();
+    runToEnd(model->toggleUnblockedNotifications());
+    EXPECT_FALSE(model->settings().unblockedNotificationsEnabled);
+    EXPECT_FALSE(SettingsStore(*defaults).load().unblockedNotificationsEnabled);
+    EXPECT_TRUE(model->notificationSettingsRequired());
+    model->dismissNotificationSettingsRequired();
+    EXPECT_FALSE(model->notificationSettingsRequired());
+}
+
+TEST_F(Notifications, sayWhyTheyCouldNotBeSwitchedOn)
+{
+    notifier->error = "No bus.";
+    start();
+    runToEnd(model->toggleUnblockedNotifications());
+    EXPECT_EQ(model->settingsError(), "Notifications could not be enabled: No bus.");
+    EXPECT_FALSE(model->settings().unblockedNotificationsEnabled);
+    EXPECT_FALSE(model->notificationSettingsRequired());
+    notifier->error.clear();
+    runToEnd(model->toggleUnblockedNotifications());
+    EXPECT_EQ(model->settingsError(), std::nullopt);
+    EXPECT_TRUE(model->settings().unblockedNotificationsEnabled);
+}
+
+TEST_F(Notifications, surviveTheEndOfTheModelWhilePermissionIsAskedFor)
+{
+    QPromise<void> gate;
+    gate.start();
+    notifier->gate = gate.future();
+    start();
+    const auto toggling = model->toggleUnblockedNotifications();
+    model.reset();
+    gate.finish();
+    processEvents();
+    EXPECT_FALSE(SettingsStore(*defaults).load().unblockedNotificationsEnabled);
+}
+
+}  // namespace

@@ -1,0 +1,278 @@
+#include "Fakes/ModelFixture.h"
+
+namespace {
+
+using namespace PullRequestKit;
+using namespace std::chrono_literals;
+using Tarnwick::MenuState;
+using Tarnwick::ReviewerFilter;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+using TestSupport::date;
+using TestSupport::eventually;
+using TestSupport::FakeProvider;
+using TestSupport::makePullRequest;
+
+/// The model's states and the course of one refresh.
+class Refresh : public TestSupport::ModelTest {
+protected:
+    void SetUp() override
+    {
+        selectTools();
+        provider->setPullRequests({makePullRequest(1), makePullRequest(2)});
+        provider->setRepositories({"octo/tools", "octo/site"});
+    }
+};
+
+TEST_F(Refresh, startsIdleWithNothingInSight)
+{
+    start();
+    EXPECT_EQ(model->state(), (MenuState{Kind::idle, ""}));
+    EXPECT_THAT(shownNumbers(), IsEmpty());
+    EXPECT_EQ(model->lastRefreshed(), std::nullopt);
+    EXPECT_EQ(provider->statusCalls(), 0);
+}
+
+TEST_F(Refresh, passesThroughItsStatesToLoaded)
+{
+    start();
+    std::vector<Kind> kinds;
+    QObject::connect(model.get(), &Tarnwick::PullRequestMenuModel::stateChanged, model.get(), [&] {
+        kinds.push_back(model->state().kind);
+    });
+    refresh();
+    EXPECT_THAT(kinds, ElementsAre(Kind::checkingAuthentication, Kind::loading, Kind::loaded));
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2));
+    EXPECT_EQ(model->account(), "octo");
+    EXPECT_EQ(model->lastRefreshed(), date("2024-05-02T08:00:00Z"));
+    EXPECT_EQ(model->repositories().size(), 2U);
+    EXPECT_FALSE(model->isRefreshing());
+}
+
+TEST_F(Refresh, neverLeavesLoadedWithDataInSight)
+{
+    start();
+    refresh();
+    int changes = 0;
+    QObject::connect(model.get(), &Tarnwick::PullRequestMenuModel::stateChanged, model.get(), [&] {
+        ++changes;
+    });
+    openAndHold();
+    EXPECT_TRUE(model->isRefreshing());
+    EXPECT_EQ(model->state(), (MenuState{Kind::loaded, ""}));
+    releaseAndSettle();
+    EXPECT_EQ(changes, 0);
+}
+
+TEST_F(Refresh, asksForTheSelectedRepositoriesAndTheReviewersScope)
+{
+    start();
+    refresh();
+    EXPECT_THAT(
+        provider->requests(),
+        ElementsAre(FakeProvider::Request{ReviewerScope::myself, {"octo/tools"}}));
+}
+
+TEST_F(Refresh, returnsWithoutEffectWhileAnotherOneRuns)
+{
+    start();
+    openAndHold();
+    refresh();
+    EXPECT_EQ(provider->statusCalls(), 1);
+    EXPECT_TRUE(model->isRefreshing());
+    releaseAndSettle();
+    EXPECT_EQ(provider->requests().size(), 1U);
+}
+
+TEST_F(Refresh, showsThatNobodyIsSignedIn)
+{
+    provider->setStatus(NotAuthenticated{"Sign in, please."});
+    start();
+    refresh();
+    EXPECT_EQ(model->state(), (MenuState{Kind::signedOut, "Sign in, please."}));
+    EXPECT_EQ(model->refreshError(), std::nullopt);
+    EXPECT_FALSE(model->isRefreshing());
+}
+
+TEST_F(Refresh, showsThatTheProviderIsUnavailable)
+{
+    provider->setStatus(Unavailable{"There is no gh."});
+    start();
+    refresh();
+    EXPECT_EQ(model->state(), (MenuState{Kind::unavailable, "There is no gh."}));
+}
+
+TEST_F(Refresh, showsWhyAFetchFailed)
+{
+    provider->setError("HTTP 500");
+    start();
+    refresh();
+    EXPECT_EQ(model->state(), (MenuState{Kind::failed, "HTTP 500"}));
+    EXPECT_EQ(model->refreshError(), std::nullopt);
+    EXPECT_EQ(model->lastRefreshed(), std::nullopt);
+}
+
+TEST_F(Refresh, failsAsAWholeWhenTheRepositoriesCannotBeListed)
+{
+    provider->setRepositoriesError("no list");
+    start();
+    refresh();
+    EXPECT_EQ(model->state(), (MenuState{Kind::failed, "no list"}));
+    EXPECT_THAT(shownNumbers(), IsEmpty());
+}
+
+TEST_F(Refresh, keepsTheListWhenTheUserSignsOut)
+{
+    start();
+    refresh();
+    provider->setStatus(NotAuthenticated{"Signed out."});
+    refresh();
+    EXPECT_EQ(model->state(), (MenuState{Kind::loaded, ""}));
+    EXPECT_EQ(model->refreshError(), "Showing cached data: Signed out.");
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2));
+}
+
+TEST_F(Refresh, keepsTheListWhenTheProviderBecomesUnavailable)
+{
+    start();
+    refresh();
+    provider->setStatus(Unavailable{"Gone."});
+    refresh();
+    EXPECT_EQ(model->refreshError(), "Showing cached data: Gone.");
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2));
+}
+
+TEST_F(Refresh, keepsTheListWhenAFetchFailsAndForgetsTheErrorAtTheNext)
+{
+    start();
+    refresh();
+    provider->setError("HTTP 502");
+    refresh();
+    EXPECT_EQ(model->state(), (MenuState{Kind::loaded, ""}));
+    EXPECT_EQ(model->refreshError(), "Showing cached data: HTTP 502");
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2));
+    provider->setError("");
+    refresh();
+    EXPECT_EQ(model->refreshError(), std::nullopt);
+}
+
+TEST_F(Refresh, recoversFromAFailureWithoutData)
+{
+    provider->setError("HTTP 500");
+    start();
+    refresh();
+    provider->setError("");
+    refresh();
+    EXPECT_EQ(model->state(), (MenuState{Kind::loaded, ""}));
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2));
+}
+
+TEST_F(Refresh, throwsAwayAnAnswerForOtherReviewers)
+{
+    start();
+    openAndHold();
+    provider->setPullRequests({makePullRequest(3)});
+    model->setReviewerFilter(ReviewerFilter::any);
+    ASSERT_TRUE(eventually([&] { return provider->cancelled() == 1; }));
+    provider->release();
+    ASSERT_TRUE(settle());
+    clock->advance(50ms);
+    ASSERT_TRUE(eventually([&] { return provider->requests().size() == 2; }));
+    ASSERT_TRUE(settle());
+    EXPECT_THAT(shownNumbers(), ElementsAre(3));
+    EXPECT_EQ(provider->requests().back().reviewerScope, ReviewerScope::any);
+}
+
+TEST_F(Refresh, throwsAwayTheAnswerOfAPollForOtherReviewers)
+{
+    start();
+    provider->hold();
+    clock->advance(300s);
+    ASSERT_TRUE(eventually([&] { return provider->waiting() == 1; }));
+    model->setReviewerFilter(ReviewerFilter::any);
+    provider->setPullRequests({makePullRequest(3)});
+    provider->release();
+    ASSERT_TRUE(settle());
+    EXPECT_THAT(shownNumbers(), IsEmpty());
+    EXPECT_EQ(model->lastRefreshed(), std::nullopt);
+    clock->advance(50ms);
+    ASSERT_TRUE(eventually([&] { return provider->requests().size() == 2; }));
+    ASSERT_TRUE(settle());
+    EXPECT_THAT(shownNumbers(), ElementsAre(3));
+}
+
+TEST_F(Refresh, throwsAwayTheAnswerOfAPollForAnotherSelection)
+{
+    start();
+    provider->hold();
+    clock->advance(300s);
+    ASSERT_TRUE(eventually([&] { return provider->waiting() == 1; }));
+    model->toggleRepository("octo/site");
+    provider->release();
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(model->lastRefreshed(), std::nullopt);
+    EXPECT_THAT(shownNumbers(), IsEmpty());
+}
+
+TEST_F(Refresh, startsAnewWhenTheListIsOpenedDuringARefreshOfTheList)
+{
+    start();
+    openAndHold();
+    model->menuOpened();
+    ASSERT_TRUE(eventually([&] { return provider->cancelled() == 1; }));
+    EXPECT_TRUE(eventually([&] { return !model->isRefreshing(); }));
+    clock->advance(50ms);
+    ASSERT_TRUE(eventually([&] { return provider->waiting() == 1; }));
+    releaseAndSettle();
+    EXPECT_EQ(provider->requests().size(), 2U);
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2));
+}
+
+TEST_F(Refresh, leavesAllDataAsItWasWhenItIsCancelled)
+{
+    start();
+    refresh();
+    provider->setPullRequests({makePullRequest(9)});
+    openAndHold();
+    model->toggleRepository("octo/site");
+    ASSERT_TRUE(eventually([&] { return provider->cancelled() == 1; }));
+    ASSERT_TRUE(settle());
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2));
+    EXPECT_EQ(model->refreshError(), std::nullopt);
+}
+
+TEST_F(Refresh, cancelsARunningRequestWhenTheModelGoes)
+{
+    start();
+    openAndHold();
+    model.reset();
+    EXPECT_TRUE(eventually([&] { return provider->cancelled() == 1; }));
+}
+
+TEST_F(Refresh, keepsTheLaterOfTwoVersionsAtThePlaceOfTheFirst)
+{
+    auto older = makePullRequest(1);
+    auto newer = makePullRequest(1);
+    newer.updatedAt = older.updatedAt + 1s;
+    newer.title = "newer";
+    provider->setPullRequests({older, makePullRequest(2), newer});
+    start();
+    refresh();
+    const auto snapshot = (model.reset(), cache().load());
+    ASSERT_TRUE(snapshot);
+    ASSERT_EQ(snapshot->pullRequests.size(), 2U);
+    EXPECT_EQ(snapshot->pullRequests.front().title, "newer");
+}
+
+TEST_F(Refresh, readsTheLoginItemEachTimeTheListIsOpened)
+{
+    start();
+    EXPECT_FALSE(model->launchAtLoginEnabled());
+    loginItem->isOn = true;
+    model->menuOpened();
+    EXPECT_TRUE(model->launchAtLoginEnabled());
+    ASSERT_TRUE(settle());
+}
+
+}  // namespace

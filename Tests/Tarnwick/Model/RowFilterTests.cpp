@@ -1,0 +1,149 @@
+#include "Tarnwick/Model/RowFilter.h"
+
+#include "Support/PullRequests.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace PullRequestKit;
+using namespace Tarnwick;
+using TestSupport::makePullRequest;
+
+Settings settings()
+{
+    Settings settings;
+    settings.selectedRepositories = {"octo/tools"};
+    return settings;
+}
+
+TEST(RowFilter, showsOnlySelectedRepositories)
+{
+    EXPECT_TRUE(passesFilters(makePullRequest(1), settings()));
+    auto other = settings();
+    other.selectedRepositories = {"octo/site"};
+    EXPECT_FALSE(passesFilters(makePullRequest(1), other));
+}
+
+TEST(RowFilter, anEmptySelectionShowsNothing)
+{
+    auto none = settings();
+    none.selectedRepositories.clear();
+    EXPECT_FALSE(passesFilters(makePullRequest(1), none));
+}
+
+TEST(RowFilter, draftsPassByTheDraftStatusAlone)
+{
+    auto draft = makePullRequest(1);
+    draft.isDraft = true;
+    auto filter = settings();
+    filter.statuses = {StatusFilter::open};
+    EXPECT_FALSE(passesFilters(draft, filter));
+    EXPECT_TRUE(passesFilters(makePullRequest(2), filter));
+    filter.statuses = {StatusFilter::draft};
+    EXPECT_TRUE(passesFilters(draft, filter));
+    EXPECT_FALSE(passesFilters(makePullRequest(2), filter));
+    filter.statuses = {};
+    EXPECT_FALSE(passesFilters(draft, filter));
+    EXPECT_FALSE(passesFilters(makePullRequest(2), filter));
+}
+
+TEST(RowFilter, closedAndMergedOnesNeverPass)
+{
+    auto filter = settings();
+    filter.statuses = {StatusFilter::open, StatusFilter::draft};
+    for (const PullRequestState state : {PullRequestState::closed, PullRequestState::merged}) {
+        auto pullRequest = makePullRequest(1);
+        pullRequest.state = state;
+        EXPECT_FALSE(passesFilters(pullRequest, filter));
+    }
+}
+
+TEST(RowFilter, mergeabilityGoesByItsName)
+{
+    const std::vector<std::pair<PullRequestMergeability, MergeabilityFilter>> cases{
+        {PullRequestMergeability::mergeable, MergeabilityFilter::mergeable},
+        {PullRequestMergeability::conflicting, MergeabilityFilter::conflicting},
+        {PullRequestMergeability::unknown, MergeabilityFilter::unknown}};
+    for (const auto& [mergeability, own] : cases) {
+        auto pullRequest = makePullRequest(1);
+        pullRequest.mergeability = mergeability;
+        for (const MergeabilityFilter filtered : allCases<MergeabilityFilter>()) {
+            auto filter = settings();
+            filter.mergeabilities = {filtered};
+            EXPECT_EQ(passesFilters(pullRequest, filter), filtered == own);
+        }
+        auto nothing = settings();
+        nothing.mergeabilities = {};
+        EXPECT_FALSE(passesFilters(pullRequest, nothing));
+    }
+}
+
+TEST(RowFilter, everyReviewPassesNoneOrAllOfTheReviewFilters)
+{
+    auto filter = settings();
+    filter.reviewFilters = {};
+    EXPECT_TRUE(passesFilters(makePullRequest(1), filter));
+    auto reviewed = makePullRequest(2);
+    reviewed.reviewActivity.hasSubmittedReview = true;
+    filter.reviewFilters = {
+        ReviewFilter::approved,
+        ReviewFilter::changesRequested,
+        ReviewFilter::commented,
+        ReviewFilter::none};
+    EXPECT_TRUE(passesFilters(reviewed, filter));
+}
+
+TEST(RowFilter, oneMatchingReviewFilterIsEnough)
+{
+    auto pullRequest = makePullRequest(1);
+    pullRequest.reviewActivity = {true, false, true, true};
+    const auto passes = [&](std::set<ReviewFilter> filters) {
+        auto filter = settings();
+        filter.reviewFilters = std::move(filters);
+        return passesFilters(pullRequest, filter);
+    };
+    EXPECT_TRUE(passes({ReviewFilter::approved}));
+    EXPECT_FALSE(passes({ReviewFilter::changesRequested}));
+    EXPECT_TRUE(passes({ReviewFilter::commented}));
+    EXPECT_FALSE(passes({ReviewFilter::none}));
+    EXPECT_TRUE(passes({ReviewFilter::changesRequested, ReviewFilter::approved}));
+    EXPECT_FALSE(passes({ReviewFilter::changesRequested, ReviewFilter::none}));
+    pullRequest.reviewActivity = {};
+    EXPECT_TRUE(passes({ReviewFilter::none}));
+    EXPECT_FALSE(passes({ReviewFilter::approved}));
+}
+
+TEST(RowFilter, checksBelongToExactlyOneCase)
+{
+    EXPECT_EQ(checksCase({0, 0, 0}), ChecksFilter::none);
+    EXPECT_EQ(checksCase({3, 4, 1}), ChecksFilter::fail);
+    EXPECT_EQ(checksCase({1, 4, 1}), ChecksFilter::fail);
+    EXPECT_EQ(checksCase({4, 4, 0}), ChecksFilter::pass);
+    EXPECT_EQ(checksCase({3, 4, 0}), ChecksFilter::pending);
+}
+
+TEST(RowFilter, aPullRequestWithoutChecksShowsOnlyWhenNoneIsSelected)
+{
+    auto filter = settings();
+    filter.checks = {ChecksFilter::pending, ChecksFilter::pass, ChecksFilter::fail};
+    EXPECT_FALSE(passesFilters(makePullRequest(1), filter));
+    filter.checks = {ChecksFilter::none};
+    EXPECT_TRUE(passesFilters(makePullRequest(1), filter));
+    filter.checks = {};
+    EXPECT_FALSE(passesFilters(makePullRequest(1), filter));
+}
+
+TEST(RowFilter, stacksWhatIsLeft)
+{
+    const auto base = makePullRequest(1, "a", "main");
+    auto middle = makePullRequest(2, "b", "a");
+    middle.isDraft = true;
+    const auto top = makePullRequest(3, "c", "b");
+    const auto rows = filteredRows({top, middle, base}, settings());
+    ASSERT_EQ(rows.size(), 2U);
+    EXPECT_EQ(rows[0].depth, 0);
+    EXPECT_EQ(rows[1].depth, 0);
+}
+
+}  // namespace

@@ -1,0 +1,51 @@
+#include "Tarnwick/Async/SystemClock.h"
+
+#include "Fakes/EventLoop.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+using TestSupport::eventually;
+using TestSupport::processEvents;
+
+TEST(SystemClock, wakesAfterItsTime)
+{
+    Tarnwick::SystemClock clock;
+    const auto start = std::chrono::steady_clock::now();
+    const auto sleep = clock.sleep(20ms, {});
+    EXPECT_FALSE(sleep.isFinished());
+    ASSERT_TRUE(eventually([&] { return sleep.isFinished(); }));
+    EXPECT_GE(std::chrono::steady_clock::now() - start, 18ms);
+}
+
+TEST(SystemClock, wakesAtOnceWhenItIsStopped)
+{
+    Tarnwick::SystemClock clock;
+    std::stop_source source;
+    const auto sleep = clock.sleep(1h, source.get_token());
+    EXPECT_FALSE(sleep.isFinished());
+    source.request_stop();
+    EXPECT_TRUE(sleep.isFinished());
+    processEvents();
+}
+
+TEST(SystemClock, doesNotFallAsleepOnceItIsStopped)
+{
+    Tarnwick::SystemClock clock;
+    std::stop_source source;
+    source.request_stop();
+    EXPECT_TRUE(clock.sleep(1h, source.get_token()).isFinished());
+    processEvents();
+}
+
+TEST(SystemClock, tellsTheTimeInWholeSeconds)
+{
+    const auto before = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+    const auto now = Tarnwick::SystemClock().now();
+    EXPECT_GE(now, before);
+    EXPECT_LE(now, std::chrono::system_clock::now());
+}
+
+}  // namespace
