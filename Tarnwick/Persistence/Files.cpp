@@ -5,6 +5,7 @@
 
 #include <fcntl.h>
 #include <stdlib.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -100,6 +101,14 @@ struct stat statusOf(const Descriptor& file)
     return status;
 }
 
+/// The file that a path leads to, whose folder is made if it is missing.
+std::filesystem::path withFolder(const std::filesystem::path& path)
+{
+    auto target = std::filesystem::weakly_canonical(path);
+    std::filesystem::create_directories(target.parent_path());
+    return target;
+}
+
 }  // namespace
 
 std::optional<std::string> read(const std::filesystem::path& path, std::size_t limit)
@@ -135,11 +144,23 @@ std::optional<std::string> read(const std::filesystem::path& path, std::size_t l
 
 void replace(const std::filesystem::path& path, std::string_view contents, mode_t permissions)
 {
-    const auto target = std::filesystem::weakly_canonical(path);
-    std::filesystem::create_directories(target.parent_path());
+    const auto target = withFolder(path);
     Replacement replacement(target);
     replacement.write(contents);
     replacement.putInPlace(permissions);
+}
+
+FolderLock::FolderLock(const std::filesystem::path& file)
+    : _folder(checked([folder = withFolder(file).parent_path()] {
+        return open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    }))
+{
+    while (flock(_folder, LOCK_EX) != 0 && errno == EINTR) {}
+}
+
+FolderLock::~FolderLock()
+{
+    close(_folder);
 }
 
 }  // namespace Tarnwick::Files

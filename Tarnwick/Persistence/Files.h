@@ -24,4 +24,18 @@ std::optional<std::string> read(const std::filesystem::path& path, std::size_t l
 /// it. A symbolic link stays, and what it leads to is replaced. Missing folders are made.
 void replace(const std::filesystem::path& path, std::string_view contents, mode_t permissions);
 
+/// While it lives, no other process holds a lock on the folder of this file, which is made if it is
+/// missing. The system takes the lock back when a process ends in any way. On a file system without
+/// locks there is none.
+class FolderLock {
+public:
+    explicit FolderLock(const std::filesystem::path& file);
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+    ~FolderLock();
+
+private:
+    int _folder;
+};
+
 }  // namespace Tarnwick::Files

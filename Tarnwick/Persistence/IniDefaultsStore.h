@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Tarnwick/Persistence/DefaultsStore.h"
+#include "Tarnwick/Persistence/IniDocument.h"
+
+#include <filesystem>
+#include <map>
+#include <string>
+
+#include <sys/stat.h>
+
+namespace Tarnwick {
+
+/// The defaults in an INI file, every key at the top level. Main thread only.
+///
+/// `set` has the change on disk when it returns. Under a lock on the folder it reads the file anew,
+/// changes the one line and replaces the file as a whole, so processes do not undo each other's
+/// changes, and what this program does not understand stays as it is. A new file can be read and
+/// written by its owner alone.
+///
+/// A file that cannot be read is never written. Changes that could not be written live in memory,
+/// `problem` tells of them, and the next change tries again. QSettings would put the part of a file
+/// that still fitted on a full disk in the place of the whole.
+class IniDefaultsStore : public DefaultsStore {
+public:
+    /// A larger file is no settings file of ours, and counts as one that cannot be read.
+    static constexpr std::size_t largestFile = std::size_t{16} * 1024 * 1024;
+
+    explicit IniDefaultsStore(std::filesystem::path file = defaultFile());
+
+    /// `dev.tarnwick.Tarnwick/settings.ini` in the user's configuration folder.
+    static std::filesystem::path defaultFile();
+
+    std::optional<QVariant> value(const QString& key) const override;
+    void set(const QString& key, const QVariant& value) override;
+    void refresh() override;
+
+    std::optional<QString> problem() const override { return _problem; }
+
+private:
+    /// Tells one state of the file from another.
+    struct Stamp {
+        ino_t number = 0;
+        off_t size = 0;
+        timespec modified{};
+        timespec changed{};
+
+        bool operator==(const Stamp& other) const;
+    };
+
+    Stamp currentStamp() const;
+    bool read();
+    void writeUnsaved();
+
+    std::filesystem::path _file;
+    Stamp _stamp;
+    IniDocument _document;
+    std::map<std::string, std::string, std::less<>> _unsaved;  ///< By encoded key.
+    std::optional<QString> _problem;
+};
+
+}  // namespace Tarnwick

@@ -1,0 +1,99 @@
+#include "Tarnwick/Persistence/IniDocument.h"
+
+#include <algorithm>
+
+namespace Tarnwick {
+namespace {
+
+constexpr std::string_view whiteSpace = " \t\r";
+constexpr std::string_view generalSection = "[General]";
+
+std::string_view trimmed(std::string_view text)
+{
+    const std::size_t first = text.find_first_not_of(whiteSpace);
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(whiteSpace) + 1 - first);
+}
+
+bool isComment(std::string_view line)
+{
+    return line.starts_with(';') || line.starts_with('#');
+}
+
+std::string_view keyOf(std::string_view line)
+{
+    const std::size_t equals = line.find('=');
+    return equals == std::string_view::npos || isComment(line) ? std::string_view()
+                                                               : trimmed(line.substr(0, equals));
+}
+
+}  // namespace
+
+IniDocument::IniDocument(std::string_view text)
+{
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        _lines.emplace_back(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+}
+
+std::optional<std::string_view> IniDocument::value(std::string_view key) const
+{
+    const auto line = placeOf(key).line;
+    if (!line) {
+        return std::nullopt;
+    }
+    const std::string_view text = _lines[*line];
+    return trimmed(text.substr(text.find('=') + 1));
+}
+
+void IniDocument::set(std::string_view key, std::string_view value)
+{
+    std::string line = std::string(key) + "=" + std::string(value);
+    const Place place = placeOf(key);
+    if (place.line) {
+        _lines[*place.line] = std::move(line);
+        return;
+    }
+    if (_lines.empty()) {
+        _lines.emplace_back(generalSection);
+        _lines.push_back(std::move(line));
+        return;
+    }
+    _lines.insert(_lines.begin() + static_cast<std::ptrdiff_t>(place.end), std::move(line));
+}
+
+std::string IniDocument::text() const
+{
+    std::string text;
+    for (const std::string& line : _lines) {
+        text += line;
+        text += '\n';
+    }
+    return text;
+}
+
+IniDocument::Place IniDocument::placeOf(std::string_view key) const
+{
+    Place place;
+    bool counts = true;
+    for (std::size_t index = 0; index < _lines.size(); ++index) {
+        const std::string_view line = trimmed(_lines[index]);
+        if (line.starts_with('[')) {
+            counts = line == generalSection;
+        }
+        if (!counts || line.empty()) {
+            continue;
+        }
+        place.end = index + 1;
+        if (keyOf(line) == key) {
+            place.line = index;
+        }
+    }
+    return place;
+}
+
+}  // namespace Tarnwick

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Tarnwick {
+
+/// The text of an INI file as lines, of which one at a time is changed: comments, other sections
+/// and lines that mean nothing stay as they are, to the byte.
+///
+/// Only the keys of the section "General" count, and those before any section. Keys and values are
+/// the bytes as they stand in the file, without the white space around them. Where a key stands
+/// several times, the last one counts.
+class IniDocument {
+public:
+    IniDocument() = default;
+    explicit IniDocument(std::string_view text);
+
+    std::optional<std::string_view> value(std::string_view key) const;
+
+    /// Requires: `key` has no line break, "=", or bracket or comment sign at its front; `value` has
+    /// no line break.
+    void set(std::string_view key, std::string_view value);
+
+    std::string text() const;
+
+private:
+    /// Where the key's line is, and after which line a new one belongs.
+    struct Place {
+        std::optional<std::size_t> line;
+        std::size_t end = 0;
+    };
+
+    Place placeOf(std::string_view key) const;
+
+    std::vector<std::string> _lines;
+};
+
+}  // namespace Tarnwick

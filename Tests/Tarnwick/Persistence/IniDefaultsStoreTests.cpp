@@ -1,0 +1,439 @@
+#include "Tarnwick/Persistence/IniDefaultsStore.h"
+
+#include "Persistence/FileTrouble.h"
+#include "Tarnwick/Model/Settings.h"
+#include "Tarnwick/Persistence/VisitStore.h"
+
+#include <QStringList>
+
+#include <gmock/gmock.h>
+#include <rapidcheck/gtest.h>
+
+namespace {
+
+using namespace FileTrouble;
+using namespace Qt::StringLiterals;
+using namespace Tarnwick;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Optional;
+
+class IniDefaultsStoreTest : public testing::Test {
+protected:
+    IniDefaultsStore open() const { return IniDefaultsStore(file); }
+
+    QString problemOf(const char* verb, const char* reason) const
+    {
+        return u"The settings file %1 cannot be %2 (%3), so changes to the settings are not saved."_s
+            .arg(
+                QString::fromStdString(file.string()),
+                QString::fromUtf8(verb),
+                QString::fromUtf8(reason));
+    }
+
+    Folder folder;
+    std::filesystem::path file = folder / "settings.ini";
+};
+
+TEST_F(IniDefaultsStoreTest, makesNoFileBeforeTheFirstChange)
+{
+    auto store = open();
+    EXPECT_EQ(store.value(u"polling.interval"_s), std::nullopt);
+    store.refresh();
+    EXPECT_THAT(folder.names(), IsEmpty());
+    EXPECT_EQ(store.problem(), std::nullopt);
+}
+
+TEST_F(IniDefaultsStoreTest, hasAChangeOnDiskAtOnce)
+{
+    auto store = open();
+    writeInteger(store, u"polling.interval"_s, 60);
+    EXPECT_EQ(contentsOf(file), "[General]\npolling.interval=60\n");
+    EXPECT_THAT(folder.names(), ElementsAre("settings.ini"));
+}
+
+TEST_F(IniDefaultsStoreTest, makesMissingFolders)
+{
+    file = folder / "a/b/settings.ini";
+    auto store = open();
+    writeFlag(store, u"notifications.unblocked"_s, true);
+    EXPECT_EQ(contentsOf(file), "[General]\nnotifications.unblocked=true\n");
+}
+
+TEST_F(IniDefaultsStoreTest, makesAFileForItsOwnerAlone)
+{
+    auto store = open();
+    writeInteger(store, u"polling.interval"_s, 60);
+    EXPECT_EQ(modeOf(file), 0600U);
+    writeInteger(store, u"polling.interval"_s, 300);
+    EXPECT_EQ(modeOf(file), 0600U);
+}
+
+TEST_F(IniDefaultsStoreTest, leavesThePermissionsOfAFileAsTheyAre)
+{
+    writeFile(file, "[General]\n");
+    std::filesystem::permissions(file, std::filesystem::perms{0640});
+    auto store = open();
+    writeInteger(store, u"polling.interval"_s, 60);
+    EXPECT_EQ(modeOf(file), 0640U);
+}
+
+TEST_F(IniDefaultsStoreTest, readsWhatAnEditorWrote)
+{
+    writeFile(
+        file,
+        "[General]\n; mine\nfilters.status=Draft\nfilters.checks=Fail, Pass\n"
+        "filters.schemaVersion=2\nnotifications.unblocked=1\nfilters.repositories=\n"
+        "editor.projectDirectory=/home/octo/my projects\n");
+    const auto store = open();
+    EXPECT_THAT(readTextList(store, u"filters.status"_s), Optional(ElementsAre("Draft")));
+    EXPECT_THAT(readTextList(store, u"filters.checks"_s), Optional(ElementsAre("Fail", "Pass")));
+    EXPECT_THAT(readInteger(store, u"filters.schemaVersion"_s), Optional(2));
+    EXPECT_THAT(readFlag(store, u"notifications.unblocked"_s), Optional(true));
+    EXPECT_THAT(
+        readText(store, u"editor.projectDirectory"_s),
+        Optional(std::string("/home/octo/my projects")));
+    EXPECT_EQ(store.problem(), std::nullopt);
+}
+
+TEST_F(IniDefaultsStoreTest, leavesEveryOtherLineAsItIs)
+{
+    writeFile(
+        file,
+        "; mine\n[General]\nfuture.setting = 7\nno equals "
+        "sign\n\n[Window]\npolling.interval=400\n");
+    auto store = open();
+    writeInteger(store, u"polling.interval"_s, 60);
+    EXPECT_EQ(
+        contentsOf(file),
+        "; mine\n[General]\nfuture.setting = 7\nno equals sign\npolling.interval=60\n\n"
+        "[Window]\npolling.interval=400\n");
+}
+
+TEST_F(IniDefaultsStoreTest, bringsEveryTypeBackFromDisk)
+{
+    auto store = open();
+    writeFlag(store, u"flag"_s, true);
+    writeFlag(store, u"otherFlag"_s, false);
+    writeInteger(store, u"integer"_s, INT64_MIN);
+    writeText(store, u"text"_s, "a, b; \"c\" = @d\\e\n\t%20 日本 🦀");
+    writeText(store, u"noText"_s, "");
+    writeTextList(store, u"list"_s, std::vector<std::string>{"@a", "b, c", "", "d"});
+    writeTextList(store, u"listOfOne"_s, std::vector<std::string>{"a, b"});
+    writeTextList(store, u"emptyList"_s, std::vector<std::string>{});
+    writeDate(store, u"date"_s, TestSupport::date("2024-05-01T09:30:00Z"));
+    const auto other = open();
+    EXPECT_THAT(readFlag(other, u"flag"_s), Optional(true));
+    EXPECT_THAT(readFlag(other, u"otherFlag"_s), Optional(false));
+    EXPECT_THAT(readInteger(other, u"integer"_s), Optional(INT64_MIN));
+    EXPECT_THAT(
+        readText(other, u"text"_s), Optional(std::string("a, b; \"c\" = @d\\e\n\t%20 日本 🦀")));
+    EXPECT_THAT(readText(other, u"noText"_s), Optional(std::string()));
+    EXPECT_THAT(readTextList(other, u"list"_s), Optional(ElementsAre("@a", "b, c", "", "d")));
+    EXPECT_THAT(readTextList(other, u"listOfOne"_s), Optional(ElementsAre("a, b")));
+    EXPECT_THAT(readTextList(other, u"emptyList"_s), Optional(IsEmpty()));
+    EXPECT_THAT(readDate(other, u"date"_s), Optional(TestSupport::date("2024-05-01T09:30:00Z")));
+}
+
+TEST_F(IniDefaultsStoreTest, keepsEveryKeyAtTheTopLevel)
+{
+    auto store = open();
+    VisitStore visits(
+        store, VisitStore::programPrefix, [] { return TestSupport::date("2024-05-01T09:30:00Z"); });
+    visits.recordVisit({"github", "github.com", "octo/tools", 12});
+    EXPECT_EQ(
+        contentsOf(file),
+        "[General]\nlastVisitedAt.github%7Cgithub.com%7Cocto%2Ftools%7C12="
+        "@Date(2024-05-01T09:30:00Z)\n");
+    auto other = open();
+    EXPECT_THAT(
+        VisitStore(other, VisitStore::programPrefix, nullptr)
+            .lastVisited({"github", "github.com", "octo/tools", 12}),
+        Optional(TestSupport::date("2024-05-01T09:30:00Z")));
+}
+
+TEST_F(IniDefaultsStoreTest, keepsSimilarKeysApart)
+{
+    const std::vector<QString> keys{
+        u"a/b"_s, u"a\\b"_s, u"a%2Fb"_s, u"a%5Cb"_s, u"a%252Fb"_s, u"a%b"_s, u"A/b"_s, u"a.b"_s};
+    auto store = open();
+    for (const QString& key : keys) {
+        writeText(store, key, key.toStdString());
+    }
+    const auto other = open();
+    for (const QString& key : keys) {
+        EXPECT_THAT(readText(other, key), Optional(key.toStdString()));
+    }
+}
+
+TEST_F(IniDefaultsStoreTest, keepsWhatAnotherProcessWroteMeanwhile)
+{
+    auto store = open();
+    writeText(store, u"first"_s, "ours");
+    EXPECT_TRUE(endedWell(startInOtherProcess([&] {
+        auto other = open();
+        writeText(other, u"first"_s, "theirs");
+        writeText(other, u"second"_s, "theirs");
+    })));
+    writeText(store, u"third"_s, "ours");
+    EXPECT_EQ(contentsOf(file), "[General]\nfirst=theirs\nsecond=theirs\nthird=ours\n");
+}
+
+TEST_F(IniDefaultsStoreTest, takesNoticeOfAnotherProcessWhenAsked)
+{
+    auto store = open();
+    writeText(store, u"first"_s, "ours");
+    EXPECT_TRUE(endedWell(startInOtherProcess([&] {
+        auto other = open();
+        SettingsStore(other).setSelectedRepositories({"octo/tools"});
+    })));
+    EXPECT_TRUE(SettingsStore(store).isRepositorySelectionConfigured());
+    EXPECT_THAT(
+        readTextList(store, u"filters.repositories"_s), Optional(ElementsAre("octo/tools")));
+}
+
+TEST_F(IniDefaultsStoreTest, losesNoKeyWhenProcessesWriteAtTheSameTime)
+{
+    constexpr int processes = 4;
+    constexpr int keys = 10;
+    const auto keyOf = [](int process, int key) { return u"key-%1-%2"_s.arg(process).arg(key); };
+    std::vector<pid_t> children;
+    for (int process = 0; process < processes; ++process) {
+        children.push_back(startInOtherProcess([&, process] {
+            auto store = open();
+            for (int key = 0; key < keys; ++key) {
+                writeInteger(store, keyOf(process, key), key);
+            }
+        }));
+    }
+    for (const pid_t child : children) {
+        EXPECT_TRUE(endedWell(child));
+    }
+    const auto store = open();
+    for (int process = 0; process < processes; ++process) {
+        for (int key = 0; key < keys; ++key) {
+            EXPECT_THAT(readInteger(store, keyOf(process, key)), Optional(key));
+        }
+    }
+}
+
+TEST_F(IniDefaultsStoreTest, neverWritesAFileThatCannotBeRead)
+{
+    writeFile(file, "[General]\npolling.interval=60\n");
+    std::filesystem::permissions(file, std::filesystem::perms::owner_write);
+    {
+        const OrdinaryUser user;
+        auto store = open();
+        EXPECT_EQ(readInteger(store, u"polling.interval"_s), std::nullopt);
+        writeText(store, u"filters.reviewers"_s, "Any");
+        EXPECT_THAT(readText(store, u"filters.reviewers"_s), Optional(std::string("Any")));
+        EXPECT_EQ(store.problem(), problemOf("read", "Permission denied"));
+    }
+    std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+    EXPECT_EQ(contentsOf(file), "[General]\npolling.interval=60\n");
+    EXPECT_THAT(folder.names(), ElementsAre("settings.ini"));
+}
+
+TEST_F(IniDefaultsStoreTest, neverWritesOverAFolder)
+{
+    std::filesystem::create_directory(file);
+    auto store = open();
+    EXPECT_EQ(store.problem(), problemOf("read", "Is a directory"));
+    writeText(store, u"filters.reviewers"_s, "Any");
+    EXPECT_THAT(readText(store, u"filters.reviewers"_s), Optional(std::string("Any")));
+    EXPECT_TRUE(store.problem().has_value());
+    EXPECT_TRUE(std::filesystem::is_directory(file));
+    EXPECT_THAT(folder.names(), ElementsAre("settings.ini"));
+}
+
+TEST_F(IniDefaultsStoreTest, leavesAWriteProtectedFileAlone)
+{
+    writeFile(file, "[General]\npolling.interval=60\n");
+    std::filesystem::permissions(file, std::filesystem::perms{0444});
+    const OrdinaryUser user;
+    auto store = open();
+    EXPECT_EQ(store.problem(), std::nullopt);
+    writeInteger(store, u"polling.interval"_s, 300);
+    EXPECT_THAT(readInteger(store, u"polling.interval"_s), Optional(300));
+    EXPECT_EQ(store.problem(), problemOf("written", "Permission denied"));
+    EXPECT_EQ(contentsOf(file), "[General]\npolling.interval=60\n");
+}
+
+TEST_F(IniDefaultsStoreTest, keepsTheOldFileOnAFullDiskAndCatchesUpLater)
+{
+    auto store = open();
+    writeInteger(store, u"polling.interval"_s, 60);
+    {
+        const LargestFile nothing(0);
+        writeText(store, u"filters.reviewers"_s, "Any");
+    }
+    EXPECT_EQ(store.problem(), problemOf("written", "File too large"));
+    EXPECT_THAT(readText(store, u"filters.reviewers"_s), Optional(std::string("Any")));
+    EXPECT_EQ(contentsOf(file), "[General]\npolling.interval=60\n");
+    EXPECT_THAT(folder.names(), ElementsAre("settings.ini"));
+    writeFlag(store, u"notifications.unblocked"_s, true);
+    EXPECT_EQ(store.problem(), std::nullopt);
+    EXPECT_EQ(
+        contentsOf(file),
+        "[General]\npolling.interval=60\nfilters.reviewers=Any\nnotifications.unblocked=true\n");
+}
+
+TEST_F(IniDefaultsStoreTest, isNotCutOffByADiskThatBecomesFull)
+{
+    for (const std::size_t length : {3'000U, 9'000U, 100'000U}) {
+        auto store = open();
+        writeText(store, u"long"_s, std::string(length, 'a'));
+        const std::string before = contentsOf(file);
+        {
+            const LargestFile limit(length - 1'000);
+            writeText(store, u"filters.reviewers"_s, "Any");
+        }
+        EXPECT_EQ(contentsOf(file), before) << length;
+        EXPECT_TRUE(store.problem().has_value()) << length;
+        EXPECT_THAT(folder.names(), ElementsAre("settings.ini"));
+    }
+}
+
+TEST_F(IniDefaultsStoreTest, losesNothingOfADamagedFile)
+{
+    writeFile(
+        file, "[General]\npolling.interval=60\nno equals sign here\n\xff\xfe=\x80\nhalf a li");
+    auto store = open();
+    EXPECT_THAT(readInteger(store, u"polling.interval"_s), Optional(60));
+    writeText(store, u"filters.reviewers"_s, "Any");
+    EXPECT_EQ(
+        contentsOf(file),
+        "[General]\npolling.interval=60\nno equals sign here\n\xff\xfe=\x80\nhalf a li\n"
+        "filters.reviewers=Any\n");
+    EXPECT_EQ(store.problem(), std::nullopt);
+}
+
+TEST_F(IniDefaultsStoreTest, losesNothingOfAFileThatIsNotText)
+{
+    const std::string bytes(
+        "\x7f"
+        "ELF\0\xff\xfe\x80[",
+        9);
+    writeFile(file, bytes);
+    auto store = open();
+    EXPECT_EQ(SettingsStore(store).load(), Settings());
+    EXPECT_THAT(contentsOf(file), testing::StartsWith(bytes + "\n"));
+}
+
+TEST_F(IniDefaultsStoreTest, doesNotReadAFileBeyondTheLimit)
+{
+    writeFile(file, "[General]\npolling.interval=60\n");
+    std::filesystem::resize_file(file, IniDefaultsStore::largestFile + 1);
+    auto store = open();
+    EXPECT_EQ(readInteger(store, u"polling.interval"_s), std::nullopt);
+    writeFlag(store, u"notifications.unblocked"_s, true);
+    EXPECT_EQ(store.problem(), problemOf("read", "File too large"));
+    EXPECT_EQ(std::filesystem::file_size(file), IniDefaultsStore::largestFile + 1);
+}
+
+TEST_F(IniDefaultsStoreTest, countsWhatItHasReadWhenTheFileBecomesUnreadable)
+{
+    auto store = open();
+    writeInteger(store, u"polling.interval"_s, 60);
+    std::filesystem::remove(file);
+    std::filesystem::create_directory(file);
+    store.refresh();
+    EXPECT_THAT(readInteger(store, u"polling.interval"_s), Optional(60));
+    EXPECT_EQ(store.problem(), problemOf("read", "Is a directory"));
+    std::filesystem::remove(file);
+    writeText(store, u"filters.reviewers"_s, "Any");
+    EXPECT_EQ(store.problem(), std::nullopt);
+}
+
+TEST_F(IniDefaultsStoreTest, replacesWhatASymbolicLinkLeadsTo)
+{
+    writeFile(folder / "kept.ini", "[General]\npolling.interval=60\n");
+    std::filesystem::create_symlink("kept.ini", file);
+    auto store = open();
+    writeInteger(store, u"polling.interval"_s, 300);
+    EXPECT_TRUE(std::filesystem::is_symlink(file));
+    EXPECT_EQ(contentsOf(folder / "kept.ini"), "[General]\npolling.interval=300\n");
+}
+
+TEST_F(IniDefaultsStoreTest, passesOverForeignValues)
+{
+    writeFile(
+        file,
+        "[General]\npolling.interval=@Variant(\\0\\x7f)\nfilters.reviewers=@Date(2024-13-01T00:00:"
+        "00Z)\n"
+        "filters.status=@Empty()\nfilters.schemaVersion=2,2\nnotifications.unblocked=\"\nfilters."
+        "checks=\n"
+        "editor.projectDirectory=a, b\n=\n==\n");
+    auto store = open();
+    Settings expected;
+    expected.statuses = {};
+    EXPECT_EQ(SettingsStore(store).load(), expected);
+}
+
+TEST_F(IniDefaultsStoreTest, writesAMigrationOnceAndThenNothing)
+{
+    writeFile(
+        file,
+        "[General]\nfilters.checks=Pass\nfilters.schemaVersion=1\nfilters.reviewers=All\n"
+        "filters.mergeable=true\n");
+    auto store = open();
+    const Settings settings = SettingsStore(store).load();
+    EXPECT_EQ(
+        contentsOf(file),
+        "[General]\nfilters.checks=None, Pass\nfilters.schemaVersion=2\nfilters.reviewers=Any\n"
+        "filters.mergeable=true\nfilters.reviewStates=@Empty()\n"
+        "filters.mergeability=Mergeable\n");
+    const auto written = std::filesystem::last_write_time(file);
+    EXPECT_EQ(SettingsStore(store).load(), settings);
+    EXPECT_EQ(std::filesystem::last_write_time(file), written);
+}
+
+template<typename E>
+std::set<E> anySet()
+{
+    std::set<E> values;
+    for (const E value : PullRequestKit::allCases<E>()) {
+        if (*rc::gen::arbitrary<bool>()) {
+            values.insert(value);
+        }
+    }
+    return values;
+}
+
+RC_GTEST_FIXTURE_PROP(IniDefaultsStoreTest, bringsAnySettingsBackFromDisk, ())
+{
+    Settings settings;
+    settings.selectedRepositories =
+        *rc::gen::resize(10, rc::gen::container<std::set<std::string>>(TestSupport::anyText()));
+    settings.statuses = anySet<StatusFilter>();
+    settings.checks = anySet<ChecksFilter>();
+    settings.reviewFilters = anySet<ReviewFilter>();
+    settings.mergeabilities = anySet<MergeabilityFilter>();
+    settings.projectDirectory = *TestSupport::anyText();
+    RC_PRE(
+        settings.reviewFilters.size() != 3U
+        || settings.reviewFilters.contains(ReviewFilter::commented));
+
+    writeFile(file, "[General]\nfilters.schemaVersion=2\n");
+    auto defaults = open();
+    SettingsStore store(defaults);
+    store.setSelectedRepositories(settings.selectedRepositories);
+    store.setStatuses(settings.statuses);
+    store.setChecks(settings.checks);
+    store.setReviewFilters(settings.reviewFilters);
+    store.setMergeabilities(settings.mergeabilities);
+    store.setProjectDirectory(settings.projectDirectory);
+    auto again = open();
+    RC_ASSERT(SettingsStore(again).load() == settings);
+    RC_ASSERT(contentsOf(file).find("\n[") == std::string::npos);
+}
+
+TEST(IniDefaultsStoreFile, liesInTheUsersConfigurationFolder)
+{
+    qputenv("XDG_CONFIG_HOME", "/tmp/configuration");
+    EXPECT_EQ(
+        IniDefaultsStore::defaultFile(), "/tmp/configuration/dev.tarnwick.Tarnwick/settings.ini");
+    qunsetenv("XDG_CONFIG_HOME");
+}
+
+}  // namespace
