@@ -1,0 +1,36 @@
+#include "Tarnwick/StandardCollaborators.h"
+
+#include "GitHubProvider/GhDiscovery.h"
+#include "GitHubProvider/GitHubProvider.h"
+#include "GitHubProvider/ProcessCommandRunner.h"
+#include "GitHubProvider/SystemLog.h"
+#include "Tarnwick/Async/SystemClock.h"
+#include "Tarnwick/Desktop/AbsentLoginItem.h"
+#include "Tarnwick/Desktop/SilentNotifier.h"
+#include "Tarnwick/Persistence/IniDefaultsStore.h"
+
+namespace Tarnwick {
+namespace {
+
+constexpr std::chrono::seconds commandTimeout{30};
+
+}  // namespace
+
+PullRequestMenuModel::Collaborators standardCollaborators(
+    const std::map<std::string, std::string>& environment)
+{
+    const auto runner = std::make_shared<GitHubProvider::ProcessCommandRunner>(commandTimeout);
+    return {
+        .provider = std::make_shared<GitHubProvider::GitHubProvider>(
+            GitHubProvider::publicHost,
+            GitHubProvider::findGH(environment),
+            runner,
+            GitHubProvider::systemLog()),
+        .defaults = std::make_shared<IniDefaultsStore>(),
+        .cache = PullRequestDiskCache{},
+        .notifier = std::make_shared<SilentNotifier>(),
+        .loginItem = std::make_shared<AbsentLoginItem>(),
+        .clock = std::make_shared<SystemClock>()};
+}
+
+}  // namespace Tarnwick

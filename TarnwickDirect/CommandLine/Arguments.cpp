@@ -1,0 +1,144 @@
+#include "TarnwickDirect/CommandLine/Arguments.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <string_view>
+
+namespace TarnwickDirect {
+namespace {
+
+constexpr std::string_view help = R"(Tarnwick keeps your open GitHub pull requests in view.
+
+Usage:
+  tarnwick list [--json]
+        Refresh once and print the pull requests of the selected repositories,
+        stacked branches as a tree.
+  tarnwick repositories [--json]
+        Print the repositories that can be chosen, with a mark at what is.
+  tarnwick repositories select NAME… | --all
+  tarnwick repositories unselect NAME… | --all
+        Choose repositories (owner/name), or no longer choose them.
+  tarnwick --help | --version
+
+Every request is a run of the GitHub CLI (gh); sign in with: gh auth login
+"list" ends with status 0 when the refresh succeeded and 1 when it did not;
+a command line that makes no sense ends with status 2.
+)";
+
+/// The words of one command, taken apart into options and the rest. A lone "--" ends the options.
+class Words {
+public:
+    Words(std::vector<std::string> words, std::initializer_list<std::string_view> options)
+    {
+        bool isLiteral = false;
+        for (std::string& word : words) {
+            if (!isLiteral && word == "--") {
+                isLiteral = true;
+            } else if (!isLiteral && word.starts_with('-')) {
+                addOption(std::move(word), options);
+            } else {
+                _rest.push_back(std::move(word));
+            }
+        }
+    }
+
+    bool has(std::string_view option) const
+    {
+        return std::ranges::find(_options, option) != _options.end();
+    }
+
+    const std::vector<std::string>& rest() const { return _rest; }
+
+    void requireNoRest() const
+    {
+        if (!_rest.empty()) {
+            throw UsageError("There is no use for \"" + _rest.front() + "\" here.");
+        }
+    }
+
+private:
+    void addOption(std::string word, std::initializer_list<std::string_view> known)
+    {
+        if (word == "-h") {
+            word = "--help";
+        }
+        if (word != "--help" && std::ranges::find(known, word) == known.end()) {
+            throw UsageError("There is no option " + word + " here.");
+        }
+        _options.push_back(std::move(word));
+    }
+
+    std::vector<std::string> _options;
+    std::vector<std::string> _rest;
+};
+
+Command parseList(std::vector<std::string> words)
+{
+    const Words parsed(std::move(words), {"--json"});
+    if (parsed.has("--help")) {
+        return ShowHelp{};
+    }
+    parsed.requireNoRest();
+    return ListPullRequests{parsed.has("--json")};
+}
+
+Command parseSelection(bool select, std::vector<std::string> words)
+{
+    const Words parsed(std::move(words), {"--all"});
+    if (parsed.has("--help")) {
+        return ShowHelp{};
+    }
+    const bool all = parsed.has("--all");
+    if (all && !parsed.rest().empty()) {
+        throw UsageError("Give either names of repositories or --all, not both.");
+    }
+    if (!all && parsed.rest().empty()) {
+        throw UsageError("Give the names of repositories, such as owner/name, or --all.");
+    }
+    return ChangeSelection{select, all, parsed.rest()};
+}
+
+Command parseRepositories(std::vector<std::string> words)
+{
+    if (!words.empty() && (words.front() == "select" || words.front() == "unselect")) {
+        const bool select = words.front() == "select";
+        words.erase(words.begin());
+        return parseSelection(select, std::move(words));
+    }
+    const Words parsed(std::move(words), {"--json"});
+    if (parsed.has("--help")) {
+        return ShowHelp{};
+    }
+    parsed.requireNoRest();
+    return ListRepositories{parsed.has("--json")};
+}
+
+}  // namespace
+
+Command parseArguments(const std::vector<std::string>& arguments)
+{
+    if (arguments.empty()) {
+        throw UsageError("This version works in the terminal only, so give it a command.");
+    }
+    const std::string& first = arguments.front();
+    std::vector<std::string> rest(arguments.begin() + 1, arguments.end());
+    if (first == "list") {
+        return parseList(std::move(rest));
+    }
+    if (first == "repositories") {
+        return parseRepositories(std::move(rest));
+    }
+    const Words parsed(arguments, {"--version"});
+    if (parsed.has("--help")) {
+        return ShowHelp{};
+    }
+    parsed.requireNoRest();
+    return ShowVersion{};
+}
+
+std::string helpText()
+{
+    return std::string(help);
+}
+
+}  // namespace TarnwickDirect

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace TarnwickDirect {
+
+struct ShowHelp {};
+
+struct ShowVersion {};
+
+/// `tarnwick list`
+struct ListPullRequests {
+    bool asJson = false;
+};
+
+/// `tarnwick repositories`
+struct ListRepositories {
+    bool asJson = false;
+};
+
+/// `tarnwick repositories select` and `… unselect`
+struct ChangeSelection {
+    bool select = true;
+    bool all = false;
+    std::vector<std::string> names;  ///< Empty with `all`, else at least one.
+};
+
+using Command =
+    std::variant<ShowHelp, ShowVersion, ListPullRequests, ListRepositories, ChangeSelection>;
+
+/// The command line makes no sense; the text is one sentence for the user.
+class UsageError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// What the words after the program's name ask for. Throws `UsageError`.
+Command parseArguments(const std::vector<std::string>& arguments);
+
+/// The text of `--help`.
+std::string helpText();
+
+}  // namespace TarnwickDirect

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QObject>
+#include <QSocketNotifier>
+
+#include <memory>
+#include <optional>
+
+namespace TarnwickDirect {
+
+/// Turns SIGINT and SIGTERM into a call on the main thread. Made before any thread starts, because
+/// the signals are blocked from then on in every thread; child processes get them unblocked.
+class Interruption final : public QObject {
+    Q_OBJECT
+
+public:
+    Interruption();
+    ~Interruption() override;
+
+    /// The signal that has come, if one has.
+    std::optional<int> signal() const { return _signal; }
+
+    /// Ends the process by the signal that has come, as its parent expects. Requires: one has.
+    [[noreturn]] void endProcess() const;
+
+Q_SIGNALS:
+    void interrupted();
+
+private:
+    void read();
+
+    int _descriptor = -1;
+    std::unique_ptr<QSocketNotifier> _notifier;
+    std::optional<int> _signal;
+};
+
+}  // namespace TarnwickDirect

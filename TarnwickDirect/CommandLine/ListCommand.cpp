@@ -1,0 +1,97 @@
+#include "TarnwickDirect/CommandLine/ListCommand.h"
+
+#include "Tarnwick/StandardCollaborators.h"
+#include "TarnwickDirect/CommandLine/ListJson.h"
+#include "TarnwickDirect/CommandLine/ListText.h"
+#include "TarnwickDirect/CommandLine/ProgressLine.h"
+#include "TarnwickDirect/Environment.h"
+
+#include <QEventLoop>
+
+#include <iostream>
+
+#include <unistd.h>
+
+namespace TarnwickDirect {
+
+using Tarnwick::MenuState;
+using Tarnwick::PullRequestMenuModel;
+
+namespace {
+
+/// Opens the list and runs the event loop until its refresh has ended or the user wants to go.
+void refreshOnce(PullRequestMenuModel& model, const Interruption& interruption)
+{
+    QEventLoop loop;
+    ProgressLine progress;
+    const auto showProgress = [&] {
+        progress.show(
+            model.state().kind == MenuState::Kind::checkingAuthentication
+                ? "Checking GitHub CLI authentication…"
+                : "Loading pull requests…");
+    };
+    QObject::connect(&model, &PullRequestMenuModel::stateChanged, &loop, showProgress);
+    QObject::connect(&model, &PullRequestMenuModel::isRefreshingChanged, &loop, [&] {
+        if (!model.isRefreshing()) {
+            loop.quit();
+        }
+    });
+    QObject::connect(&interruption, &Interruption::interrupted, &loop, &QEventLoop::quit);
+    model.menuOpened();
+    showProgress();
+    loop.exec();
+}
+
+/// What there is to say beside the rows.
+void explain(const PullRequestMenuModel& model)
+{
+    const MenuState& state = model.state();
+    if (model.refreshError()) {
+        std::cerr << *model.refreshError() << '\n';
+    }
+    if (!state.message.empty()) {
+        std::cerr << state.message << '\n';
+    }
+    if (state.kind == MenuState::Kind::signedOut) {
+        std::cerr << "Run `gh auth login`, then try again.\n";
+    }
+    if (state.kind != MenuState::Kind::loaded || !model.rows().empty()) {
+        return;
+    }
+    if (model.settings().selectedRepositories.empty()) {
+        std::cerr << "No repositories are selected. \"tarnwick repositories\" lists them, "
+                     "\"tarnwick repositories select NAME…\" or \"… select --all\" selects.\n";
+    } else {
+        std::cerr << "No pull requests involving you were found.\n";
+    }
+}
+
+void printText(PullRequestMenuModel& model)
+{
+    const auto isVisited = [&](const PullRequestKit::PullRequest& pullRequest) {
+        return model.visits().isVisited(pullRequest);
+    };
+    std::cout << listText(model.rows(), isVisited, terminalTraits(STDOUT_FILENO)) << std::flush;
+    explain(model);
+}
+
+}  // namespace
+
+int listPullRequests(const ListPullRequests& command, const Interruption& interruption)
+{
+    PullRequestMenuModel model(Tarnwick::standardCollaborators(environment()));
+    refreshOnce(model, interruption);
+    if (interruption.signal()) {
+        return 1;
+    }
+    if (command.asJson) {
+        writeListJson(std::cout, model);
+        std::cout << std::flush;
+    } else {
+        printText(model);
+    }
+    const bool isLoaded = model.state().kind == MenuState::Kind::loaded && !model.refreshError();
+    return isLoaded ? 0 : 1;
+}
+
+}  // namespace TarnwickDirect

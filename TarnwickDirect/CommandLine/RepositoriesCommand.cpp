@@ -1,0 +1,205 @@
+#include "TarnwickDirect/CommandLine/RepositoriesCommand.h"
+
+#include "PullRequestKit/Json/Writing.h"
+#include "Tarnwick/Async/Worker.h"
+#include "Tarnwick/StandardCollaborators.h"
+#include "TarnwickDirect/CommandLine/ProgressLine.h"
+#include "TarnwickDirect/CommandLine/Terminal.h"
+#include "TarnwickDirect/Environment.h"
+
+#include <QEventLoop>
+
+#include <algorithm>
+#include <iostream>
+#include <set>
+
+#include <unistd.h>
+
+namespace TarnwickDirect {
+
+using namespace PullRequestKit;
+using Tarnwick::onWorker;
+
+namespace {
+
+using Repositories = std::vector<RepositorySummary>;
+
+/// Lists the repositories. Blocks. Throws `ProviderError` with what the user has to do when `gh` is
+/// missing or not signed in.
+Repositories askForRepositories(const PullRequestProvider& provider, std::stop_token stopToken)
+{
+    const AuthenticationStatus status = provider.authenticationStatus(stopToken);
+    if (const auto* const signedOut = std::get_if<NotAuthenticated>(&status)) {
+        throw ProviderError(signedOut->message + "\nRun `gh auth login`, then try again.");
+    }
+    if (const auto* const unavailable = std::get_if<Unavailable>(&status)) {
+        throw ProviderError(unavailable->message);
+    }
+    return provider.repositories(stopToken);
+}
+
+struct Listing {
+    std::optional<Repositories> repositories;
+    std::string problem;
+};
+
+QCoro::Task<> fetchInto(
+    Listing* listing,
+    std::shared_ptr<const PullRequestProvider> provider,
+    std::stop_token stopToken,
+    QEventLoop* loop)
+{
+    auto asking =
+        onWorker([provider, stopToken] { return askForRepositories(*provider, stopToken); });
+    try {
+        listing->repositories = co_await asking;
+    } catch (const std::exception& error) {
+        listing->problem = error.what();
+    }
+    loop->quit();
+}
+
+/// Lists the repositories while the event loop runs. Nothing, when that failed and has been said
+/// or when the user wants to go.
+std::optional<Repositories> fetchRepositories(
+    const std::shared_ptr<const PullRequestProvider>& provider, const Interruption& interruption)
+{
+    QEventLoop loop;
+    std::stop_source stopSource;
+    QObject::connect(
+        &interruption, &Interruption::interrupted, &loop, [&] { stopSource.request_stop(); });
+    ProgressLine progress;
+    progress.show("Loading repositories…");
+    Listing listing;
+    const auto fetching = fetchInto(&listing, provider, stopSource.get_token(), &loop);
+    loop.exec();
+    progress.clear();
+    if (!listing.repositories && !interruption.signal()) {
+        std::cerr << listing.problem << '\n';
+    }
+    return listing.repositories;
+}
+
+std::string repositoriesJson(
+    const Repositories& repositories, const std::set<std::string>& selected)
+{
+    boost::json::array list;
+    for (const RepositorySummary& repository : repositories) {
+        boost::json::object object = Json::writeObject(repository);
+        object["isSelected"] = selected.contains(repository.fullName);
+        list.push_back(std::move(object));
+    }
+    boost::json::object document;
+    document["repositories"] = std::move(list);
+    return boost::json::serialize(document) + "\n";
+}
+
+std::string details(const RepositorySummary& repository)
+{
+    std::string text;
+    const auto append = [&](const std::string& detail) {
+        text += (text.empty() ? "" : ", ") + detail;
+    };
+    if (repository.visibility) {
+        append(*repository.visibility);
+    }
+    if (repository.language) {
+        append(*repository.language);
+    }
+    if (repository.isArchived) {
+        append("archived");
+    }
+    return singleLine(text);
+}
+
+std::string repositoriesText(
+    const Repositories& repositories,
+    const std::set<std::string>& selected,
+    const TerminalTraits& terminal)
+{
+    int width = 0;
+    for (const RepositorySummary& repository : repositories) {
+        width = std::max(width, displayWidth(repository.fullName));
+    }
+    std::string text;
+    for (const RepositorySummary& repository : repositories) {
+        const bool isSelected = selected.contains(repository.fullName);
+        const auto padding =
+            static_cast<std::size_t>(width - displayWidth(repository.fullName)) + 2;
+        text += styled(isSelected ? "✓ " : "  ", Style::green, terminal.hasColours);
+        text += singleLine(repository.fullName) + std::string(padding, ' ');
+        text += styled(details(repository), Style::faint, terminal.hasColours) + "\n";
+    }
+    return text;
+}
+
+std::set<std::string> namesOf(const Repositories& repositories)
+{
+    std::set<std::string> names;
+    for (const RepositorySummary& repository : repositories) {
+        names.insert(repository.fullName);
+    }
+    return names;
+}
+
+/// The first of the names that is not among the known ones.
+std::optional<std::string> firstUnknown(
+    const std::vector<std::string>& names, const std::set<std::string>& known)
+{
+    const auto unknown =
+        std::ranges::find_if(names, [&](const std::string& name) { return !known.contains(name); });
+    return unknown == names.end() ? std::nullopt : std::optional(*unknown);
+}
+
+}  // namespace
+
+int listRepositories(const ListRepositories& command, const Interruption& interruption)
+{
+    const auto parts = Tarnwick::standardCollaborators(environment());
+    const auto repositories = fetchRepositories(parts.provider, interruption);
+    if (!repositories) {
+        return 1;
+    }
+    const auto selected = Tarnwick::SettingsStore(*parts.defaults).load().selectedRepositories;
+    std::cout
+        << (command.asJson
+                ? repositoriesJson(*repositories, selected)
+                : repositoriesText(*repositories, selected, terminalTraits(STDOUT_FILENO)))
+        << std::flush;
+    return 0;
+}
+
+int changeSelection(const ChangeSelection& command, const Interruption& interruption)
+{
+    const auto parts = Tarnwick::standardCollaborators(environment());
+    const auto repositories = fetchRepositories(parts.provider, interruption);
+    if (!repositories) {
+        return 1;
+    }
+    Tarnwick::SettingsStore settings(*parts.defaults);
+    std::set<std::string> selected = settings.load().selectedRepositories;
+    const std::set<std::string> known = namesOf(*repositories);
+    if (const auto unknown = firstUnknown(command.names, known)) {
+        std::cerr << "GitHub lists no repository named " << singleLine(*unknown)
+                  << " for you, so the selection stays as it was.\n";
+        return 1;
+    }
+    if (command.select) {
+        selected.insert(command.names.begin(), command.names.end());
+    } else {
+        std::erase_if(selected, [&](const std::string& name) {
+            return std::ranges::find(command.names, name) != command.names.end();
+        });
+    }
+    if (command.all) {
+        selected = command.select ? known : std::set<std::string>{};
+    }
+    settings.setSelectedRepositories(selected);
+    if (const auto problem = parts.defaults->problem()) {
+        std::cerr << problem->toStdString() << '\n';
+        return 1;
+    }
+    return 0;
+}
+
+}  // namespace TarnwickDirect

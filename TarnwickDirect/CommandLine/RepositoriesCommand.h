@@ -1,0 +1,16 @@
+#pragma once
+
+#include "TarnwickDirect/CommandLine/Arguments.h"
+#include "TarnwickDirect/CommandLine/Interruption.h"
+
+namespace TarnwickDirect {
+
+/// Prints what can be chosen, with a mark at what is. Yields the exit status: 0, or 1 with a
+/// sentence on standard error when the repositories cannot be listed. Runs the event loop.
+int listRepositories(const ListRepositories& command, const Interruption& interruption);
+
+/// Selects or unselects. A name that GitHub did not list changes nothing and yields 1, as do
+/// repositories that cannot be listed and settings that cannot be written. Runs the event loop.
+int changeSelection(const ChangeSelection& command, const Interruption& interruption);
+
+}  // namespace TarnwickDirect

@@ -1,0 +1,104 @@
+#include "TarnwickDirect/CommandLine/Arguments.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace TarnwickDirect;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+std::string usageError(const std::vector<std::string>& arguments)
+{
+    try {
+        parseArguments(arguments);
+    } catch (const UsageError& error) {
+        return error.what();
+    }
+    return "none";
+}
+
+template<typename Expected>
+bool asks(const std::vector<std::string>& arguments)
+{
+    return std::holds_alternative<Expected>(parseArguments(arguments));
+}
+
+TEST(Arguments, listAsTextAndAsJson)
+{
+    EXPECT_FALSE(std::get<ListPullRequests>(parseArguments({"list"})).asJson);
+    EXPECT_TRUE(std::get<ListPullRequests>(parseArguments({"list", "--json"})).asJson);
+}
+
+TEST(Arguments, listRepositoriesAsTextAndAsJson)
+{
+    EXPECT_FALSE(std::get<ListRepositories>(parseArguments({"repositories"})).asJson);
+    EXPECT_TRUE(std::get<ListRepositories>(parseArguments({"repositories", "--json"})).asJson);
+}
+
+TEST(Arguments, selectAndUnselectByName)
+{
+    const auto select =
+        std::get<ChangeSelection>(parseArguments({"repositories", "select", "octo/a", "octo/b"}));
+    EXPECT_TRUE(select.select);
+    EXPECT_FALSE(select.all);
+    EXPECT_THAT(select.names, ElementsAre("octo/a", "octo/b"));
+    const auto unselect =
+        std::get<ChangeSelection>(parseArguments({"repositories", "unselect", "octo/a"}));
+    EXPECT_FALSE(unselect.select);
+    EXPECT_THAT(unselect.names, ElementsAre("octo/a"));
+}
+
+TEST(Arguments, selectAll)
+{
+    const auto change =
+        std::get<ChangeSelection>(parseArguments({"repositories", "select", "--all"}));
+    EXPECT_TRUE(change.all);
+    EXPECT_THAT(change.names, IsEmpty());
+}
+
+TEST(Arguments, aDoubleDashEndsTheOptions)
+{
+    const auto change =
+        std::get<ChangeSelection>(parseArguments({"repositories", "select", "--", "--all"}));
+    EXPECT_FALSE(change.all);
+    EXPECT_THAT(change.names, ElementsAre("--all"));
+}
+
+TEST(Arguments, helpIsThereEverywhere)
+{
+    EXPECT_TRUE(asks<ShowHelp>({"--help"}));
+    EXPECT_TRUE(asks<ShowHelp>({"-h"}));
+    EXPECT_TRUE(asks<ShowHelp>({"list", "--help"}));
+    EXPECT_TRUE(asks<ShowHelp>({"repositories", "--help"}));
+    EXPECT_TRUE(asks<ShowHelp>({"repositories", "select", "--help"}));
+    EXPECT_TRUE(asks<ShowVersion>({"--version"}));
+}
+
+TEST(Arguments, helpNamesEveryCommand)
+{
+    for (const char* const command :
+         {"tarnwick list [--json]",
+          "tarnwick repositories [--json]",
+          "tarnwick repositories select",
+          "tarnwick repositories unselect",
+          "--version"}) {
+        EXPECT_THAT(helpText(), HasSubstr(command));
+    }
+}
+
+TEST(Arguments, whatMakesNoSenseIsNamed)
+{
+    EXPECT_THAT(usageError({}), HasSubstr("give it a command"));
+    EXPECT_THAT(usageError({"lost"}), HasSubstr("\"lost\""));
+    EXPECT_THAT(usageError({"list", "octo/a"}), HasSubstr("\"octo/a\""));
+    EXPECT_THAT(usageError({"list", "--yaml"}), HasSubstr("--yaml"));
+    EXPECT_THAT(usageError({"--json"}), HasSubstr("--json"));
+    EXPECT_THAT(usageError({"repositories", "choose"}), HasSubstr("\"choose\""));
+    EXPECT_THAT(usageError({"repositories", "select"}), HasSubstr("owner/name"));
+    EXPECT_THAT(usageError({"repositories", "select", "octo/a", "--all"}), HasSubstr("not both"));
+    EXPECT_THAT(usageError({"repositories", "select", "--json"}), HasSubstr("--json"));
+}
+
+}  // namespace
