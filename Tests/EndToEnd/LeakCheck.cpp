@@ -1,0 +1,7 @@
+#include "Support/LeakCheck.h"
+
+namespace {
+
+const auto* const leakCheck = testing::AddGlobalTestEnvironment(new TestSupport::LeakCheck);
+
+}  // namespace

@@ -1,0 +1,239 @@
+#include "TarnwickTest.h"
+
+#include <fstream>
+
+namespace {
+
+using testing::AllOf;
+using testing::Each;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+using TestSupport::outline;
+using TestSupport::readFile;
+
+class List : public TestSupport::TarnwickTest {
+protected:
+    static constexpr const char* everything =
+        "harbourlight/ferry-api, harbourlight/ferry-web, harbourlight/tide-tables, "
+        "robin-k/dotfiles, robin-k/pocket-atlas";
+};
+
+TEST_F(List, drawsTheEverydayStacks)
+{
+    serve("everyday");
+    select(everything);
+    const auto result = tarnwick({"list"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.errors, IsEmpty());
+    EXPECT_THAT(result.output, HasSubstr("\n├─ #226 "));
+    EXPECT_THAT(result.output, HasSubstr("\n└─ #225 "));
+    EXPECT_THAT(result.output, HasSubstr("\n└─ #415 "));
+    EXPECT_THAT(result.output, HasSubstr("\n   └─ #418 "));
+    EXPECT_THAT(result.output, HasSubstr("  Ambiguous base branch\n"));
+    EXPECT_THAT(result.output, HasSubstr("  Cyclic branch dependency\n"));
+    EXPECT_THAT(result.output, Not(HasSubstr("\x1b")));
+}
+
+TEST_F(List, tellsTheSameAsJson)
+{
+    serve("everyday");
+    select("harbourlight/tide-tables, harbourlight/ferry-web");
+    const auto list = listJson();
+    EXPECT_EQ(list.at("state"), "loaded");
+    EXPECT_EQ(list.at("account"), "robin-k");
+    EXPECT_FALSE(list.contains("message"));
+    EXPECT_FALSE(list.contains("refreshError"));
+    const auto rows = outline(list);
+    EXPECT_THAT(
+        rows,
+        testing::IsSupersetOf(
+            {"harbourlight/ferry-web#224 0",
+             "harbourlight/ferry-web#225 1",
+             "harbourlight/ferry-web#226 1",
+             "harbourlight/ferry-web#235 0 Ambiguous base branch",
+             "harbourlight/tide-tables#79 0 Cyclic branch dependency",
+             "harbourlight/tide-tables#80 0 Cyclic branch dependency",
+             "harbourlight/tide-tables#81 0"}));
+    EXPECT_EQ(rows.size(), 14U);
+    EXPECT_TRUE(list.at("lastRefreshed").as_string().ends_with("Z"));
+    for (const auto& row : list.at("rows").as_array()) {
+        EXPECT_EQ(row.at("isVisited"), false);
+    }
+}
+
+TEST_F(List, asksForMyReviewsFirst)
+{
+    serve("everyday");
+    writeSettings(
+        "filters.repositories=harbourlight/ferry-web\nfilters.repositoriesConfigured=true\n");
+    EXPECT_THAT(
+        outline(listJson()),
+        testing::UnorderedElementsAre(
+            "harbourlight/ferry-web#228 0",
+            "harbourlight/ferry-web#231 0",
+            "harbourlight/ferry-web#235 0"));
+}
+
+TEST_F(List, knowsTheRequiredApprovalsOfBothKindsOfRules)
+{
+    serve("everyday");
+    select("harbourlight/ferry-api, harbourlight/tide-tables");
+    const auto list = listJson();
+    for (const auto& row : list.at("rows").as_array()) {
+        const auto& pullRequest = row.at("pullRequest").as_object();
+        const std::string base(pullRequest.at("base").at("name").as_string());
+        const auto* const required = pullRequest.if_contains("requiredApprovingReviewCount");
+        if (base == "main") {
+            ASSERT_NE(required, nullptr);
+            EXPECT_EQ(*required, 2);
+        } else if (base == "release/4.x") {
+            ASSERT_NE(required, nullptr);
+            EXPECT_EQ(*required, 1);
+        } else {
+            EXPECT_EQ(required, nullptr) << base;
+        }
+    }
+}
+
+TEST_F(List, marksWhatWasVisitedSinceItChanged)
+{
+    serve("everyday");
+    select("harbourlight/tide-tables");
+    std::ofstream(settingsFile(), std::ios::app)
+        << "lastVisitedAt.github%7Cgithub.com%7Charbourlight%2Ftide-tables%7C77="
+           "@Date(2026-03-01T12:00:00Z)\n"
+           "lastVisitedAt.github%7Cgithub.com%7Charbourlight%2Ftide-tables%7C80="
+           "@Date(2020-01-01T00:00:00Z)\n";
+    const auto list = listJson();
+    for (const auto& row : list.at("rows").as_array()) {
+        const bool is77 = row.at("pullRequest").at("id").at("number") == 77;
+        EXPECT_EQ(row.at("isVisited").as_bool(), is77);
+    }
+}
+
+TEST_F(List, aFirstRunSaysHowToSelect)
+{
+    serve("everyday");
+    const auto result = tarnwick({"list"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.output, IsEmpty());
+    EXPECT_THAT(result.errors, HasSubstr("tarnwick repositories select"));
+    EXPECT_THAT(readFile(settingsFile()), HasSubstr("filters.repositoriesConfigured=true"));
+}
+
+TEST_F(List, saysThatThereIsNothing)
+{
+    serve("empty");
+    select("octo/tools");
+    const auto result = tarnwick({"list"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.output, IsEmpty());
+    EXPECT_EQ(result.errors, "No pull requests involving you were found.\n");
+}
+
+TEST_F(List, saysWhatToDoWhenNobodyIsSignedIn)
+{
+    serve("signed-out");
+    const auto result = tarnwick({"list"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.output, IsEmpty());
+    EXPECT_THAT(result.errors, HasSubstr("gh auth login"));
+    EXPECT_FALSE(std::filesystem::exists(cacheFile()));
+    const auto list = listJson();
+    EXPECT_EQ(list.at("state"), "signedOut");
+    EXPECT_FALSE(list.at("message").as_string().empty());
+    EXPECT_THAT(list.at("rows").as_array(), testing::SizeIs(0));
+}
+
+TEST_F(List, keepsTheSnapshotForItsOwnerAlone)
+{
+    serve("everyday");
+    select("harbourlight/tide-tables");
+    ASSERT_EQ(tarnwick({"list"}).status, 0);
+    EXPECT_EQ(
+        std::filesystem::status(cacheFile()).permissions(),
+        std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    const auto snapshot = boost::json::parse(readFile(cacheFile())).as_object();
+    std::vector<std::string> keys;
+    for (const auto& member : snapshot) {
+        keys.emplace_back(member.key());
+    }
+    EXPECT_THAT(
+        keys,
+        ElementsAre(
+            "pullRequests",
+            "repositories",
+            "account",
+            "refreshedAt",
+            "reviewerScope",
+            "repositoryScope",
+            "reviewFilters",
+            "states"));
+    EXPECT_EQ(snapshot.at("pullRequests").as_array().size(), 5U);
+    EXPECT_EQ(snapshot.at("repositories").as_array().size(), 5U);
+    EXPECT_EQ(snapshot.at("reviewerScope"), "any");
+    EXPECT_EQ(
+        snapshot.at("repositoryScope"), boost::json::parse(R"(["harbourlight/tide-tables"])"));
+    EXPECT_EQ(snapshot.at("reviewFilters"), boost::json::array());
+    EXPECT_EQ(snapshot.at("states"), boost::json::parse(R"(["open"])"));
+}
+
+TEST_F(List, leavesTheNotificationSettingsAlone)
+{
+    serve("everyday");
+    select("harbourlight/tide-tables");
+    std::ofstream(settingsFile(), std::ios::app)
+        << "notifications.newPullRequests=true\nnotifications.unblocked=true\n";
+    ASSERT_EQ(tarnwick({"list"}).status, 0);
+    ASSERT_EQ(tarnwick({"list"}).status, 0);
+    const std::string settings = readFile(settingsFile());
+    EXPECT_THAT(settings, HasSubstr("notifications.newPullRequests=true"));
+    EXPECT_THAT(settings, HasSubstr("notifications.unblocked=true"));
+}
+
+TEST_F(List, pagesThroughTheLargeAccount)
+{
+    serve("large");
+    ASSERT_EQ(tarnwick({"repositories", "select", "--all"}).status, 0);
+    std::ofstream(settingsFile(), std::ios::app)
+        << "filters.reviewers=Any\nfilters.status=Draft, Open\n";
+    server().forgetRequests();
+    const auto list = listJson();
+    EXPECT_EQ(list.at("state"), "loaded");
+    EXPECT_EQ(list.at("rows").as_array().size(), 1000U);
+    std::size_t pages = 0;
+    std::size_t listings = 0;
+    for (const auto& recorded : server().requests()) {
+        pages += recorded.kind == SampleGitHub::RequestKind::search ? 1 : 0;
+        listings += recorded.kind == SampleGitHub::RequestKind::repositories ? 1 : 0;
+    }
+    EXPECT_EQ(pages, 20U);
+    EXPECT_EQ(listings, 30U);
+}
+
+TEST_F(List, printsItsHelpAndItsVersion)
+{
+    const auto help = tarnwick({"--help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_THAT(help.output, HasSubstr("Usage:"));
+    const auto version = tarnwick({"--version"});
+    EXPECT_EQ(version.status, 0);
+    EXPECT_THAT(version.output, testing::MatchesRegex("tarnwick [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+}
+
+TEST_F(List, refusesWhatMakesNoSense)
+{
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{}, {"lost"}, {"list", "--yaml"}, {"repositories", "select"}}) {
+        const auto result = tarnwick(arguments);
+        EXPECT_EQ(result.status, 2);
+        EXPECT_THAT(result.output, IsEmpty());
+        EXPECT_THAT(result.errors, HasSubstr("tarnwick --help"));
+    }
+    EXPECT_FALSE(std::filesystem::exists(settingsFile()));
+}
+
+}  // namespace

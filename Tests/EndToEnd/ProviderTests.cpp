@@ -1,0 +1,300 @@
+#include "GitHubProvider/GhDiscovery.h"
+#include "GitHubProvider/GitHubProvider.h"
+#include "GitHubProvider/ProcessCommandRunner.h"
+#include "Support/SampleGitHubFixture.h"
+
+#include <boost/json.hpp>
+#include <cstdlib>
+#include <fstream>
+#include <thread>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace PullRequestKit;
+using namespace std::chrono_literals;
+using SampleGitHub::RequestKind;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::MatchesRegex;
+using testing::SizeIs;
+using testing::StartsWith;
+
+/// Runs commands for real and remembers their arguments.
+class RecordingRunner final : public GitHubProvider::CommandRunning {
+public:
+    GitHubProvider::CommandResult run(
+        const std::filesystem::path& executable,
+        const std::vector<std::string>& arguments,
+        std::stop_token stopToken) const override
+    {
+        commands.push_back(arguments);
+        return _runner.run(executable, arguments, stopToken);
+    }
+
+    mutable std::vector<std::vector<std::string>> commands;
+
+private:
+    GitHubProvider::ProcessCommandRunner _runner{30s};
+};
+
+/// The provider with the real runner and the real `gh`, in this process.
+class Provider : public TestSupport::SampleGitHubFixture {
+protected:
+    ~Provider() override { replaceEnvironment(_before); }
+
+    /// Serves, and takes the environment on in which `gh` sees the server.
+    template<typename Scenario>
+    void serveHere(const Scenario& scenario)
+    {
+        serve(scenario);
+        replaceEnvironment(environment());
+    }
+
+    GitHubProvider::GitHubProvider provider()
+    {
+        return {
+            GitHubProvider::publicHost,
+            GitHubProvider::findGH(environment()),
+            runner,
+            [this](const std::string& line) { log.push_back(line); },
+            [this] { return now; }};
+    }
+
+    std::vector<SampleGitHub::RecordedRequest> requests(RequestKind kind)
+    {
+        auto all = server().requests();
+        std::erase_if(all, [&](const auto& recorded) { return recorded.kind != kind; });
+        return all;
+    }
+
+    std::shared_ptr<RecordingRunner> runner = std::make_shared<RecordingRunner>();
+    std::vector<std::string> log;
+    std::chrono::system_clock::time_point now = std::chrono::system_clock::now();
+
+private:
+    static void replaceEnvironment(const SampleGitHub::Environment& wanted)
+    {
+        for (const auto& [name, value] : SampleGitHub::currentEnvironment()) {
+            ::unsetenv(name.c_str());
+        }
+        for (const auto& [name, value] : wanted) {
+            ::setenv(name.c_str(), value.c_str(), 1);
+        }
+    }
+
+    const SampleGitHub::Environment _before = SampleGitHub::currentEnvironment();
+};
+
+TEST_F(Provider, tellsWhoIsSignedIn)
+{
+    serveHere("everyday");
+    EXPECT_EQ(provider().authenticationStatus({}), AuthenticationStatus(Authenticated{"robin-k"}));
+    EXPECT_THAT(
+        runner->commands.front(),
+        ElementsAre("auth", "status", "--hostname", "github.com", "--active"));
+}
+
+TEST_F(Provider, tellsThatNobodyIsSignedIn)
+{
+    serveHere("signed-out");
+    const auto status = provider().authenticationStatus({});
+    ASSERT_TRUE(std::holds_alternative<NotAuthenticated>(status));
+    EXPECT_THAT(std::get<NotAuthenticated>(status).message, HasSubstr("gh auth login"));
+}
+
+TEST_F(Provider, searchesPageByPage)
+{
+    serveHere("large");
+    std::set<std::string> names;
+    for (const RepositorySummary& repository : provider().repositories({})) {
+        names.insert(repository.fullName);
+    }
+    EXPECT_EQ(names.size(), 3000U);
+    runner->commands.clear();
+    // GitHub refuses longer queries; the busy repositories are the first ones.
+    const std::set<std::string> busy(names.begin(), std::next(names.begin(), 40));
+    const auto found = provider().pullRequests(ReviewerScope::any, busy, {});
+    const auto searches = requests(RequestKind::search);
+    ASSERT_THAT(searches, testing::Not(testing::IsEmpty()));
+    std::string cursor;
+    std::size_t hits = 0;
+    for (std::size_t page = 0; page < searches.size(); ++page) {
+        const auto& arguments = runner->commands[page];
+        ASSERT_EQ(arguments.size(), page == 0 ? 6U : 8U);
+        EXPECT_EQ(arguments[0], "api");
+        EXPECT_EQ(arguments[1], "graphql");
+        EXPECT_EQ(arguments[2], "-f");
+        EXPECT_THAT(arguments[3], StartsWith("query=query($q:String!, $cursor:String) {\n"));
+        EXPECT_EQ(arguments[4], "-f");
+        EXPECT_THAT(arguments[5], StartsWith("q=is:pr is:open archived:false repo:"));
+        if (page > 0) {
+            EXPECT_EQ(arguments[6], "-f");
+            EXPECT_THAT(arguments[7], StartsWith("cursor="));
+            EXPECT_NE(arguments[7], cursor);
+            cursor = arguments[7];
+        }
+        const auto body = boost::json::parse(searches[page].request.body).as_object();
+        EXPECT_EQ("query=" + std::string(body.at("query").as_string()), arguments[3]);
+        hits += 50;
+    }
+    EXPECT_LE(found.size(), hits);
+    EXPECT_GT(found.size(), hits - 50);
+}
+
+TEST_F(Provider, asksForRulesInBatchesOfFifty)
+{
+    // Every pull request has a base branch of its own.
+    SampleGitHub::Scenario scenario;
+    scenario.account = SampleGitHub::Account{"robin-k", {}};
+    SampleGitHub::Repository repository;
+    repository.fullName = "octo/many";
+    for (int number = 1; number <= 120; ++number) {
+        SampleGitHub::PullRequest pullRequest;
+        pullRequest.repository = repository.fullName;
+        pullRequest.number = number;
+        pullRequest.title = "Change " + std::to_string(number);
+        pullRequest.author = "pia-o";
+        pullRequest.created = "2d";
+        pullRequest.updated = "1d";
+        pullRequest.createdAge = 48h;
+        pullRequest.updatedAge = 24h;
+        pullRequest.head = "change-" + std::to_string(number);
+        pullRequest.base = "target-" + std::to_string(number);
+        scenario.pullRequests.push_back(pullRequest);
+        repository.branches.push_back({pullRequest.base, number % 3 + 1, {}});
+    }
+    scenario.repositories.push_back(repository);
+    serveHere(scenario);
+    auto asked = provider();
+    const auto found = asked.pullRequests(ReviewerScope::any, {"octo/many"}, {});
+    ASSERT_THAT(found, SizeIs(120));
+    for (const PullRequest& pullRequest : found) {
+        EXPECT_EQ(pullRequest.requiredApprovingReviewCount, pullRequest.id.number % 3 + 1);
+    }
+    std::vector<std::size_t> batches;
+    for (const auto& recorded : requests(RequestKind::rules)) {
+        const auto body = boost::json::parse(recorded.request.body);
+        batches.push_back(body.at("variables").at("ids").as_array().size());
+    }
+    EXPECT_THAT(batches, ElementsAre(50U, 50U, 20U));
+
+    server().forgetRequests();
+    now += 299s;
+    asked.pullRequests(ReviewerScope::any, {"octo/many"}, {});
+    EXPECT_THAT(requests(RequestKind::rules), SizeIs(0));
+    now += 1s;
+    asked.pullRequests(ReviewerScope::any, {"octo/many"}, {});
+    EXPECT_THAT(requests(RequestKind::rules), SizeIs(3));
+}
+
+TEST_F(Provider, tracesASearchInTheLog)
+{
+    serveHere("everyday");
+    provider().pullRequests(ReviewerScope::myself, {"harbourlight/ferry-web"}, {});
+    ASSERT_THAT(log, SizeIs(3));
+    EXPECT_EQ(
+        log[0],
+        "Tarnwick GitHub search: query=is:pr review-requested:@me is:open archived:false "
+        "repo:harbourlight/ferry-web sort:updated-desc");
+    EXPECT_THAT(
+        log[1],
+        MatchesRegex("Tarnwick GitHub search: page=1 duration=[0-9.e-]+ seconds bytes=[0-9]+ "
+                     "nodes=3 matches=3 next=false"));
+    EXPECT_THAT(
+        log[2],
+        MatchesRegex("Tarnwick GitHub search: total=[0-9.e-]+ seconds pages=1 nodes=3 "
+                     "uniqueBaseRefs=2"));
+}
+
+TEST_F(Provider, endsAWaitingRequestWhenItIsCancelled)
+{
+    serveHere("everyday");
+    setFault("delay=60000@search");
+    std::stop_source source;
+    const std::jthread canceller([&] {
+        while (requests(RequestKind::search).empty()) {
+            std::this_thread::yield();
+        }
+        source.request_stop();
+    });
+    EXPECT_THROW(
+        provider().pullRequests(ReviewerScope::any, {"harbourlight/ferry-web"}, source.get_token()),
+        CancellationError);
+}
+
+/// Programs that stand where `gh` should be.
+class StrangeGh : public Provider {
+protected:
+    GitHubProvider::GitHubProvider providerOf(
+        const std::string& script, std::chrono::milliseconds timeout = 30s)
+    {
+        const auto file = folder() / "gh";
+        std::ofstream(file) << "#!/bin/sh\n" << script << "\n";
+        std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+        return {
+            GitHubProvider::publicHost,
+            file,
+            std::make_shared<GitHubProvider::ProcessCommandRunner>(timeout),
+            [](const std::string&) {}};
+    }
+
+    static std::string problem(const GitHubProvider::GitHubProvider& provider)
+    {
+        try {
+            provider.pullRequests(ReviewerScope::any, {"octo/tools"}, {});
+        } catch (const std::exception& error) {
+            return error.what();
+        }
+        return "none";
+    }
+};
+
+TEST_F(StrangeGh, thatIsMissingIsSaidToBe)
+{
+    const GitHubProvider::GitHubProvider missing(
+        GitHubProvider::publicHost, std::nullopt, runner, [](const std::string&) {});
+    EXPECT_EQ(problem(missing), "GitHub CLI (gh) was not found.");
+    EXPECT_EQ(
+        missing.authenticationStatus({}),
+        AuthenticationStatus(
+            Unavailable{"GitHub CLI (gh) was not found. Install it, then run gh auth login."}));
+}
+
+TEST_F(StrangeGh, thatFailsIsQuoted)
+{
+    EXPECT_EQ(problem(providerOf("echo '  unknown flag: -F ' >&2; exit 1")), "unknown flag: -F");
+    EXPECT_EQ(problem(providerOf("exit 1")), "gh could not load pull requests.");
+}
+
+TEST_F(StrangeGh, thatIsKilledIsAFailure)
+{
+    EXPECT_EQ(problem(providerOf("kill -KILL $$")), "gh could not load pull requests.");
+}
+
+TEST_F(StrangeGh, thatHangsIsEnded)
+{
+    EXPECT_EQ(problem(providerOf("exec sleep 60", 100ms)), "GitHub CLI request timed out.");
+    EXPECT_EQ(
+        providerOf("exec sleep 60", 100ms).authenticationStatus({}),
+        AuthenticationStatus(
+            Unavailable{"Could not run gh auth status: GitHub CLI request timed out."}));
+}
+
+TEST_F(StrangeGh, thatBabblesIsNotUnderstood)
+{
+    EXPECT_THAT(problem(providerOf("echo Welcome!")), HasSubstr("is not JSON"));
+    EXPECT_THAT(problem(providerOf("exit 0")), HasSubstr("is not JSON"));
+    EXPECT_THAT(problem(providerOf("printf '{\"data\": \"\\377\"}'")), HasSubstr("is not JSON"));
+    EXPECT_THAT(problem(providerOf("printf '{\"data\": 1}'")), HasSubstr("data is not an object"));
+    EXPECT_THAT(
+        problem(providerOf("head -c 100000 /dev/zero | tr '\\0' '['")), HasSubstr("is not JSON"));
+}
+
+TEST_F(StrangeGh, thatPrintsWithoutEndIsRefused)
+{
+    EXPECT_THAT(problem(providerOf("head -c 209715200 /dev/zero")), HasSubstr("64 MiB"));
+}
+
+}  // namespace
