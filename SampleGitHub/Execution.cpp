@@ -26,7 +26,8 @@ pid_t start(
     std::vector<std::string> entries;
     entries.reserve(environment.size());
     for (const auto& [name, value] : environment) {
-        entries.push_back(name + "=" + value);
+        entries.push_back(name);
+        entries.back().append("=").append(value);
     }
     posix_spawnattr_t attributes;
     posix_spawnattr_init(&attributes);

@@ -14,25 +14,32 @@ bool isGraphQl(RequestKind kind)
     return kind == RequestKind::search || kind == RequestKind::rules;
 }
 
+/// Where the JSON string that begins at `start` ends: at its closing quotation mark.
+std::size_t endOfText(std::string_view text, std::size_t start)
+{
+    std::size_t index = start + 1;
+    while (index < text.size() && text[index] != '"') {
+        index += text[index] == '\\' ? 2U : 1U;
+    }
+    return index;
+}
+
 /// Where the JSON value that begins at `start` ends, strings and nesting regarded.
 std::size_t endOfValue(std::string_view text, std::size_t start)
 {
     int depth = 0;
-    bool isInString = false;
     for (std::size_t index = start; index < text.size(); ++index) {
         const char character = text[index];
-        if (isInString) {
-            index += character == '\\' ? 1U : 0U;
-            isInString = character != '"';
-        } else if (character == '"') {
-            isInString = true;
+        const bool isEnd = character == '}' || character == ']';
+        if (depth == 0 && (isEnd || character == ',')) {
+            return index;
+        }
+        if (character == '"') {
+            index = endOfText(text, index);
         } else if (character == '{' || character == '[') {
             ++depth;
-        } else if (character == '}' || character == ']' || character == ',') {
-            if (depth == 0) {
-                return index;
-            }
-            depth -= character == ',' ? 0 : 1;
+        } else if (isEnd) {
+            --depth;
         }
     }
     return text.size();
@@ -200,9 +207,9 @@ std::string withValueReplaced(
     return text.substr(0, start) + std::string(replacement) + text.substr(endOfValue(text, start));
 }
 
-FaultInjection::FaultInjection(std::vector<Fault> faults)
+FaultInjection::FaultInjection(const std::vector<Fault>& faults)
 {
-    for (Fault& fault : faults) {
+    for (const Fault& fault : faults) {
         _faults.push_back({fault, 0});
     }
 }

@@ -22,7 +22,7 @@ struct Delivery {
 class FaultInjection {
 public:
     FaultInjection() = default;
-    explicit FaultInjection(std::vector<Fault> faults);
+    explicit FaultInjection(const std::vector<Fault>& faults);
 
     Delivery apply(Answer answer);
 

@@ -36,7 +36,7 @@ public:
     explicit Desk(ServerOptions options)
         : _gitHub(std::move(options.scenario), options.now.value_or(currentTime()))
         , _onRequest(std::move(options.onRequest))
-        , _faults(std::move(options.faults))
+        , _faults(options.faults)
     {}
 
     Delivery serve(Request request)
@@ -52,10 +52,10 @@ public:
         return _faults.apply(std::move(answer));
     }
 
-    void setFaults(std::vector<Fault> faults)
+    void setFaults(const std::vector<Fault>& faults)
     {
         const std::lock_guard lock(_mutex);
-        _faults = FaultInjection(std::move(faults));
+        _faults = FaultInjection(faults);
     }
 
     std::vector<RecordedRequest> requests() const
@@ -267,9 +267,9 @@ void Server::stop()
     _implementation->stop();
 }
 
-void Server::setFaults(std::vector<Fault> faults)
+void Server::setFaults(const std::vector<Fault>& faults)
 {
-    _implementation->desk().setFaults(std::move(faults));
+    _implementation->desk().setFaults(faults);
 }
 
 std::vector<RecordedRequest> Server::requests() const

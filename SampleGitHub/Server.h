@@ -45,7 +45,7 @@ public:
     void stop();
 
     /// Replaces the faults that are switched on; the numbers of requests count anew from here.
-    void setFaults(std::vector<Fault> faults);
+    void setFaults(const std::vector<Fault>& faults);
 
     /// Everything that was asked so far, in order.
     std::vector<RecordedRequest> requests() const;

@@ -9,7 +9,7 @@ namespace SampleGitHub {
 /// before any other thread; the signals are as before when it goes.
 class Signals {
 public:
-    explicit Signals(std::initializer_list<int> signals);
+    Signals(std::initializer_list<int> signals);
     Signals(const Signals&) = delete;
     Signals& operator=(const Signals&) = delete;
     ~Signals();

@@ -71,7 +71,8 @@ ProgramResult runProgram(
     command.insert(command.end(), arguments.begin(), arguments.end());
     std::vector<std::string> entries;
     for (const auto& [name, value] : environment) {
-        entries.push_back(name + "=" + value);
+        entries.push_back(name);
+        entries.back().append("=").append(value);
     }
     const std::filesystem::path output = folder / "standard-output";
     const std::filesystem::path errors = folder / "standard-error";
