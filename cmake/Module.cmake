@@ -38,7 +38,8 @@ function(tarnwick_check_headers name)
     target_compile_options(${name}Headers PRIVATE -fsyntax-only)
 endfunction()
 
-# A test program whose tests CTest lists one by one. PROPERTIES are properties of each test.
+# A test program whose tests CTest lists one by one under the program's name as their label.
+# PROPERTIES are further properties of each test.
 function(tarnwick_tests name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES;PRECOMPILE;PROPERTIES")
     add_executable(${name} ${arg_SOURCES})
@@ -47,7 +48,7 @@ function(tarnwick_tests name)
     gtest_discover_tests(${name}
         DISCOVERY_MODE PRE_TEST
         DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT 60 ${arg_PROPERTIES})
+        PROPERTIES TIMEOUT 60 LABELS ${name} ${arg_PROPERTIES})
 endfunction()
 
 # A libFuzzer target, run as a test: over its seeds, which lie in Seeds/ under its name, and then

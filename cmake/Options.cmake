@@ -1,7 +1,8 @@
 # What is built, and the settings that every target shares.
 
 option(TARNWICK_QT "Build the floors that need Qt" ON)
-option(TARNWICK_TESTS "Build the tests and the sample GitHub" ON)
+option(TARNWICK_SAMPLE "Build the sample GitHub" ON)
+option(TARNWICK_TESTS "Build the tests" ON)
 option(TARNWICK_BENCHMARKS "Build the benchmarks" OFF)
 option(TARNWICK_FUZZERS "Build the libFuzzer targets (Clang only)" OFF)
 option(TARNWICK_HEADER_CHECK "Compile every header on its own" OFF)
