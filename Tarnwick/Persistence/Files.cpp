@@ -1,10 +1,10 @@
 #include "Tarnwick/Persistence/Files.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <system_error>
 
 #include <fcntl.h>
-#include <stdlib.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>

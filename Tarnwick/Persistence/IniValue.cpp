@@ -46,7 +46,7 @@ bool isPlain(std::string_view text)
 
 std::string encodeText(const QString& value)
 {
-    const std::string text = value.toStdString();
+    std::string text = value.toStdString();
     if (isPlain(text)) {
         return text;
     }
