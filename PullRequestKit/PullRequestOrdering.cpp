@@ -1,6 +1,8 @@
 #include "PullRequestKit/PullRequestOrdering.h"
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 namespace PullRequestKit::PullRequestOrdering {
 namespace {
@@ -35,29 +37,61 @@ int reviewRank(ReviewState state)
     return 0;
 }
 
-std::array<int, 3> sortKey(const PullRequest& pullRequest)
+/// What decides between most pull requests, in a form that fits a few bytes.
+struct SortKey {
+    std::array<int, 3> ranks;
+    Date updatedAt;
+
+    bool operator==(const SortKey&) const = default;
+};
+
+SortKey sortKey(const PullRequest& pullRequest)
 {
     const ProgressCount& checks = pullRequest.checks;
     const bool checksArePending = checks.total != 0 && !checks.allComplete();
     return {
-        stateRank(pullRequest.state),
-        checksArePending ? 1 : 0,
-        reviewRank(pullRequest.reviewState)};
+        {stateRank(pullRequest.state),
+         checksArePending ? 1 : 0,
+         reviewRank(pullRequest.reviewState)},
+        pullRequest.updatedAt};
+}
+
+/// Requires: different keys.
+bool goesBefore(const SortKey& left, const SortKey& right)
+{
+    return left.ranks != right.ranks ? left.ranks < right.ranks : left.updatedAt > right.updatedAt;
+}
+
+bool hasLesserStorageKey(const PullRequest& left, const PullRequest& right)
+{
+    return left.id.storageKey() < right.id.storageKey();
 }
 
 }  // namespace
 
 bool areInIncreasingOrder(const PullRequest& left, const PullRequest& right)
 {
-    const auto leftKey = sortKey(left);
-    const auto rightKey = sortKey(right);
-    if (leftKey != rightKey) {
-        return leftKey < rightKey;
+    const SortKey leftKey = sortKey(left);
+    const SortKey rightKey = sortKey(right);
+    return leftKey != rightKey ? goesBefore(leftKey, rightKey) : hasLesserStorageKey(left, right);
+}
+
+std::vector<std::size_t> order(const std::vector<PullRequest>& pullRequests)
+{
+    std::vector<std::pair<SortKey, std::size_t>> entries;
+    entries.reserve(pullRequests.size());
+    for (const PullRequest& pullRequest : pullRequests) {
+        entries.emplace_back(sortKey(pullRequest), entries.size());
     }
-    if (left.updatedAt != right.updatedAt) {
-        return left.updatedAt > right.updatedAt;
-    }
-    return left.id.storageKey() < right.id.storageKey();
+    std::ranges::stable_sort(entries, [&](const auto& left, const auto& right) {
+        return left.first != right.first
+                   ? goesBefore(left.first, right.first)
+                   : hasLesserStorageKey(pullRequests[left.second], pullRequests[right.second]);
+    });
+    std::vector<std::size_t> positions(entries.size());
+    std::ranges::transform(
+        entries, positions.begin(), [](const auto& entry) { return entry.second; });
+    return positions;
 }
 
 }  // namespace PullRequestKit::PullRequestOrdering

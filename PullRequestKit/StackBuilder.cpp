@@ -3,10 +3,11 @@
 #include "PullRequestKit/PullRequestOrdering.h"
 #include "PullRequestKit/UniquePullRequests.h"
 
-#include <algorithm>
 #include <array>
 #include <limits>
+#include <ranges>
 #include <unordered_map>
+#include <utility>
 
 namespace PullRequestKit::StackBuilder {
 namespace {
@@ -112,26 +113,27 @@ void breakCycles(Forest& forest)
     }
 }
 
-struct Siblings {
-    std::vector<Position> roots;
-    std::vector<std::vector<Position>> children;
+/// The forest from above: from a pull request to the first one stacked on it and to the one that
+/// follows it among its siblings, `none` where there is none.
+struct Listing {
+    Position firstRoot = none;
+    std::vector<Position> firstChildren;
+    std::vector<Position> nextSiblings;
 };
 
-Siblings collectSiblings(const Forest& forest, const std::vector<PullRequest>& pullRequests)
+Listing makeListing(const Forest& forest, const std::vector<PullRequest>& pullRequests)
 {
-    Siblings siblings{{}, std::vector<std::vector<Position>>(pullRequests.size())};
-    for (Position position = 0; position < pullRequests.size(); ++position) {
+    Listing listing{
+        none,
+        std::vector<Position>(pullRequests.size(), none),
+        std::vector<Position>(pullRequests.size(), none)};
+    const std::vector<Position> order = PullRequestOrdering::order(pullRequests);
+    for (const Position position : std::views::reverse(order)) {
         const Position parent = forest.parents[position];
-        (parent == none ? siblings.roots : siblings.children[parent]).push_back(position);
+        Position& first = parent == none ? listing.firstRoot : listing.firstChildren[parent];
+        listing.nextSiblings[position] = std::exchange(first, position);
     }
-    const auto inOrder = [&](Position left, Position right) {
-        return PullRequestOrdering::areInIncreasingOrder(pullRequests[left], pullRequests[right]);
-    };
-    std::ranges::sort(siblings.roots, inOrder);
-    for (std::vector<Position>& children : siblings.children) {
-        std::ranges::sort(children, inOrder);
-    }
-    return siblings;
+    return listing;
 }
 
 struct Visit {
@@ -146,30 +148,31 @@ std::vector<PullRequestRow> rows(std::vector<PullRequest> pullRequests)
     std::vector<PullRequest> unique = uniquePullRequests(std::move(pullRequests));
     Forest forest = findParents(unique);
     breakCycles(forest);
-    const Siblings siblings = collectSiblings(forest, unique);
+    const Listing listing = makeListing(forest, unique);
 
     // A stack of its own, not the call stack, because chains of branches may be long.
     std::vector<Visit> pending;
-    const auto push = [&](const std::vector<Position>& positions, std::int64_t depth) {
-        std::for_each(positions.rbegin(), positions.rend(), [&](Position position) {
+    const auto push = [&](Position position, std::int64_t depth) {
+        if (position != none) {
             pending.push_back({position, depth});
-        });
+        }
     };
     std::vector<PullRequestRow> rows;
     rows.reserve(unique.size());
-    push(siblings.roots, 0);
+    push(listing.firstRoot, 0);
     while (!pending.empty()) {
         const auto [position, depth] = pending.back();
         pending.pop_back();
-        const std::vector<Position>& children = siblings.children[position];
+        const Position firstChild = listing.firstChildren[position];
         PullRequestRow& row = rows.emplace_back();
         row.pullRequest = std::move(unique[position]);
         row.depth = depth;
-        row.hasChildren = !children.empty();
+        row.hasChildren = firstChild != none;
         if (forest.warnings[position] != nullptr) {
             row.warning = forest.warnings[position];
         }
-        push(children, depth + 1);
+        push(listing.nextSiblings[position], depth);
+        push(firstChild, depth + 1);
     }
     return rows;
 }

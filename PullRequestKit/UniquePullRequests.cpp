@@ -1,24 +1,44 @@
 #include "PullRequestKit/UniquePullRequests.h"
 
-#include <unordered_map>
+#include <unordered_set>
 
 namespace PullRequestKit {
+namespace {
+
+// The set looks into the list itself: a copy of every identity would cost more than all the rest.
+struct SameIdentity {
+    std::size_t operator()(const PullRequest* pullRequest) const
+    {
+        return RecordHash{}(pullRequest->id);
+    }
+
+    bool operator()(const PullRequest* left, const PullRequest* right) const
+    {
+        return left->id == right->id;
+    }
+};
+
+}  // namespace
 
 std::vector<PullRequest> uniquePullRequests(std::vector<PullRequest> pullRequests)
 {
-    std::vector<PullRequest> kept;
-    kept.reserve(pullRequests.size());
-    std::unordered_map<PullRequestID, std::size_t> positions;
-    positions.reserve(pullRequests.size());
+    std::unordered_set<PullRequest*, SameIdentity, SameIdentity> known;
+    known.reserve(pullRequests.size());
+    std::size_t kept = 0;
     for (PullRequest& pullRequest : pullRequests) {
-        const auto [entry, isFirst] = positions.try_emplace(pullRequest.id, kept.size());
-        if (isFirst) {
-            kept.push_back(std::move(pullRequest));
-        } else if (pullRequest.updatedAt > kept[entry->second].updatedAt) {
-            kept[entry->second] = std::move(pullRequest);
+        const auto entry = known.find(&pullRequest);
+        if (entry == known.end()) {
+            PullRequest& place = pullRequests[kept++];
+            if (&place != &pullRequest) {
+                place = std::move(pullRequest);
+            }
+            known.insert(&place);
+        } else if (pullRequest.updatedAt > (*entry)->updatedAt) {
+            **entry = std::move(pullRequest);
         }
     }
-    return kept;
+    pullRequests.resize(kept);
+    return pullRequests;
 }
 
 }  // namespace PullRequestKit

@@ -189,4 +189,22 @@ RC_GTEST_PROP(PullRequestOrderingProperties, everyPairOfASortedListIsInOrder, ()
     }
 }
 
+RC_GTEST_PROP(PullRequestOrderingProperties, thePositionsInOrderAreThoseOfAStableSort, ())
+{
+    std::vector<PullRequest> list = crowd();
+    for (std::size_t place = 0; place < list.size(); ++place) {
+        list[place].title = std::to_string(place);
+    }
+    std::vector<std::string> titles;
+    for (const std::size_t position : PullRequestOrdering::order(list)) {
+        titles.push_back(list[position].title);
+    }
+    std::ranges::stable_sort(list, areInIncreasingOrder);
+    std::vector<std::string> expected;
+    for (const PullRequest& pullRequest : list) {
+        expected.push_back(pullRequest.title);
+    }
+    RC_ASSERT(titles == expected);
+}
+
 }  // namespace
