@@ -1,9 +1,9 @@
 // What decoding a search page into records costs, beside Boost.JSON's bare parse of the same text.
 
+#include "Benchmarks/SearchPages.h"
 #include "GitHubProvider/PullRequestMapping.h"
 #include "GitHubProvider/SearchRecords.h"
 #include "PullRequestKit/Json/Reading.h"
-#include "SearchPages.h"
 
 #include <algorithm>
 #include <boost/json.hpp>

@@ -1,4 +1,4 @@
-#include "SearchPages.h"
+#include "Benchmarks/SearchPages.h"
 
 namespace Benchmarks {
 namespace {
