@@ -82,7 +82,7 @@ public:
         while (!isOver()) {
             std::array<pollfd, 4> polled{{
                 {_isGivenUp ? -1 : wakeUp.number(), POLLIN, 0},
-                {_status ? -1 : _process->descriptor(), POLLIN, 0},
+                {_hasChildEnded ? -1 : _process->descriptor(), POLLIN, 0},
                 {_output.descriptor(), POLLIN, 0},
                 {_error.descriptor(), POLLIN, 0},
             }};
@@ -92,6 +92,7 @@ public:
             }
             if (polled[1].revents != 0) {
                 _status = _process->wait();
+                _hasChildEnded = true;
             }
             read(_output, polled[2]);
             read(_error, polled[3]);
@@ -109,13 +110,13 @@ public:
         if (_failure) {
             std::rethrow_exception(_failure);
         }
-        return {*_status, _output.takeBytes(), _error.takeBytes()};
+        return {_status, _output.takeBytes(), _error.takeBytes()};
     }
 
 private:
     bool isOver() const
     {
-        return _status && (_isGivenUp || (_output.isAtEnd() && _error.isAtEnd()));
+        return _hasChildEnded && (_isGivenUp || (_output.isAtEnd() && _error.isAtEnd()));
     }
 
     void read(PipeReader& reader, const pollfd& polled)
@@ -145,7 +146,8 @@ private:
     ProcessController& _controller;
     PipeReader _output;
     PipeReader _error;
-    std::optional<std::int32_t> _status;
+    std::int32_t _status = 0;
+    bool _hasChildEnded = false;
     std::exception_ptr _failure;
     bool _isGivenUp = false;
 };

@@ -1,7 +1,5 @@
 #include "GitHubProvider/ProcessController.h"
 
-#include <utility>
-
 namespace GitHubProvider {
 namespace {
 
@@ -15,7 +13,7 @@ void terminateIfRunning(const TerminableProcess& process)
 
 }  // namespace
 
-void ProcessController::registerProcess(std::shared_ptr<const TerminableProcess> process)
+void ProcessController::registerProcess(const std::shared_ptr<const TerminableProcess>& process)
 {
     bool isCancelled = false;
     {

@@ -24,7 +24,7 @@ public:
 class ProcessController {
 public:
     /// Hands over the launched process; ends it at once where `cancel` has come first.
-    void registerProcess(std::shared_ptr<const TerminableProcess> process);
+    void registerProcess(const std::shared_ptr<const TerminableProcess>& process);
 
     /// Ends the process if it is running, else the one that is registered later.
     void cancel();

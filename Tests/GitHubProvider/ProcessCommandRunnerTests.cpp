@@ -196,6 +196,7 @@ TEST(ProcessCommandRunner, servesSeveralThreadsAtOnce)
 {
     const ProcessCommandRunner runner(50s);
     std::vector<std::future<CommandResult>> results;
+    results.reserve(8);
     for (std::size_t size = 0; size < 8; ++size) {
         results.push_back(std::async(std::launch::async, [&runner, size] {
             const std::string bytes = std::to_string(size * 100'000);
@@ -286,28 +287,44 @@ TEST_F(LaunchFailure, isReportedForArgumentsThatNoProgramCanTake)
     expectFailure(helperPath(), std::errc::invalid_argument, {"echo", std::string("cut\0off", 7)});
 }
 
+/// Lets this process open no descriptor from `count` on.
+class DescriptorLimit {
+public:
+    explicit DescriptorLimit(rlim_t count)
+    {
+        EXPECT_EQ(::getrlimit(RLIMIT_NOFILE, &_normal), 0);
+        const rlimit low{count, _normal.rlim_max};
+        EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &low), 0);
+    }
+
+    DescriptorLimit(const DescriptorLimit&) = delete;
+    DescriptorLimit& operator=(const DescriptorLimit&) = delete;
+
+    ~DescriptorLimit() { EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &_normal), 0); }
+
+private:
+    rlimit _normal{};
+};
+
 TEST_F(LaunchFailure, leavesNothingBehindWhicheverDescriptorCannotBeOpened)
 {
+    // The undefined-behaviour sanitizer opens a pipe where it meets a class for the first time.
+    ASSERT_EQ(runHelper({"exit", "3"}).status, 3);
     const auto before = openDescriptors();
-    rlim_t firstFree = 0;
-    while (before.contains(static_cast<int>(firstFree))) {
-        ++firstFree;
+    rlim_t limit = 0;
+    while (before.contains(static_cast<int>(limit))) {
+        ++limit;
     }
-    rlimit normal{};
-    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &normal), 0);
     std::vector<std::error_code> failures;
     std::int32_t status = -1;
-    while (status < 0 && failures.size() < 100) {
-        rlimit low = normal;
-        low.rlim_cur = firstFree + failures.size();
-        ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &low), 0);
+    for (const rlim_t end = limit + 100; status < 0 && limit < end; ++limit) {
         try {
+            const DescriptorLimit limited(limit);
             status = runHelper({"exit", "3"}).status;
         } catch (const std::system_error& error) {
             failures.push_back(error.code());
             EXPECT_THAT(error.what(), StartsWith("Could not start " + helperPath().string()));
         }
-        ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &normal), 0);
         EXPECT_EQ(openDescriptors(), before);
         EXPECT_FALSE(hasChildren());
     }

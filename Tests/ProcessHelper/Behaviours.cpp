@@ -96,7 +96,7 @@ int printEnvironment(const Arguments& /*arguments*/)
 int printSurroundings(const Arguments& /*arguments*/)
 {
     sigset_t mask;
-    ::sigprocmask(SIG_BLOCK, nullptr, &mask);
+    ::pthread_sigmask(SIG_BLOCK, nullptr, &mask);
     std::string blocked;
     std::string ignored;
     for (int number = 1; number <= SIGRTMAX; ++number) {
@@ -161,7 +161,7 @@ public:
         sigset_t signals;
         ::sigemptyset(&signals);
         ::sigaddset(&signals, SIGTERM);
-        ::sigprocmask(SIG_BLOCK, &signals, nullptr);
+        ::pthread_sigmask(SIG_BLOCK, &signals, nullptr);
         _descriptor = ::signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC);
     }
 
