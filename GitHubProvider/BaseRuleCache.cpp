@@ -17,8 +17,8 @@ BaseRuleCache::Lookup BaseRuleCache::lookup(const std::vector<std::string>& ids)
         const auto entry = _entries.find(id);
         if (entry == _entries.end() || now - entry->second.loadedAt >= lifetime) {
             lookup.missing.push_back(id);
-        } else if (entry->second.count) {
-            lookup.counts.emplace(id, *entry->second.count);
+        } else if (const auto& count = entry->second.count) {
+            lookup.counts.emplace(id, *count);
         }
     }
     return lookup;

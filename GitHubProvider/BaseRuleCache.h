@@ -45,7 +45,7 @@ private:
         std::chrono::system_clock::time_point loadedAt;
     };
 
-    const WallClock _clock;
+    WallClock _clock;
     mutable std::mutex _mutex;
     std::unordered_map<std::string, Entry> _entries;
 };

@@ -37,8 +37,8 @@ void loadBatch(
         throw PullRequestKit::ProviderError(decodeText(result.standardError));
     }
     const auto envelope = PullRequestKit::Json::decode<BaseRulesEnvelope>(result.standardOutput);
-    if (envelope.hasErrors()) {
-        throw graphQLError(*envelope.errors);
+    if (const auto failures = envelope.failures(); !failures.empty()) {
+        throw graphQLError(failures);
     }
     for (const std::string& id : batch) {
         results[id] = std::nullopt;

@@ -37,8 +37,10 @@ Outcome outcome(const CheckContext& context)
 
 const CheckContext::WorkflowRun* workflowRun(const CheckContext& context)
 {
-    const bool isThere = context.checkSuite && context.checkSuite->workflowRun;
-    return isThere ? &*context.checkSuite->workflowRun : nullptr;
+    if (!context.checkSuite || !context.checkSuite->workflowRun) {
+        return nullptr;
+    }
+    return &*context.checkSuite->workflowRun;
 }
 
 std::optional<std::string_view> appID(const CheckContext& context)

@@ -7,6 +7,14 @@
 #include <utility>
 
 namespace GitHubProvider {
+namespace {
+
+PullRequestKit::ProviderError notFound()
+{
+    return PullRequestKit::ProviderError("GitHub CLI (gh) was not found.");
+}
+
+}  // namespace
 
 Gh::Gh(
     std::optional<std::filesystem::path> executable, std::shared_ptr<const CommandRunning> runner)
@@ -19,13 +27,15 @@ Gh::Gh(
 void Gh::requireFound() const
 {
     if (!_executable) {
-        throw PullRequestKit::ProviderError("GitHub CLI (gh) was not found.");
+        throw notFound();
     }
 }
 
 CommandResult Gh::run(const std::vector<std::string>& arguments, std::stop_token stopToken) const
 {
-    requireFound();
+    if (!_executable) {
+        throw notFound();
+    }
     return _runner->run(*_executable, arguments, std::move(stopToken));
 }
 

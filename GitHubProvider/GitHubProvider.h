@@ -52,10 +52,10 @@ public:
         std::stop_token stopToken) const override;
 
 private:
-    const std::string _host;
-    const Gh _gh;
-    const LogSink _log;
-    const SteadyClock _steadyClock;
+    std::string _host;
+    Gh _gh;
+    LogSink _log;
+    SteadyClock _steadyClock;
     mutable BaseRuleCache _ruleCache;
 };
 

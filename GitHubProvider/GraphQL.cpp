@@ -2,7 +2,7 @@
 
 namespace GitHubProvider {
 
-PullRequestKit::ProviderError graphQLError(const std::vector<GraphQLFailure>& failures)
+PullRequestKit::ProviderError graphQLError(std::span<const GraphQLFailure> failures)
 {
     std::string text;
     for (const GraphQLFailure& failure : failures) {

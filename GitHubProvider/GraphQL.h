@@ -4,6 +4,7 @@
 #include "PullRequestKit/Json/Fields.h"
 
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -22,7 +23,12 @@ struct GraphQLAnswer {
     std::optional<Payload> data;
     std::optional<std::vector<GraphQLFailure>> errors;
 
-    bool hasErrors() const { return errors && !errors->empty(); }
+    /// The errors, none when the list is not there at all.
+    std::span<const GraphQLFailure> failures() const
+    {
+        return errors ? std::span<const GraphQLFailure>(*errors)
+                      : std::span<const GraphQLFailure>();
+    }
 
     bool operator==(const GraphQLAnswer&) const = default;
 };
@@ -36,7 +42,7 @@ struct NodeList {
 };
 
 /// The error that carries the messages, one a line. Safe from any thread.
-PullRequestKit::ProviderError graphQLError(const std::vector<GraphQLFailure>& failures);
+PullRequestKit::ProviderError graphQLError(std::span<const GraphQLFailure> failures);
 
 }  // namespace GitHubProvider
 

@@ -19,9 +19,9 @@ SearchPage decodePage(const CommandResult& result, SearchTrace& trace)
         throw ProviderError(failureText(result, "gh could not load pull requests."));
     }
     auto envelope = PullRequestKit::Json::decode<SearchEnvelope>(result.standardOutput);
-    if (envelope.hasErrors()) {
-        trace.pageHadErrors(envelope.errors->size());
-        throw graphQLError(*envelope.errors);
+    if (const auto failures = envelope.failures(); !failures.empty()) {
+        trace.pageHadErrors(failures.size());
+        throw graphQLError(failures);
     }
     if (!envelope.data) {
         throw ProviderError("GitHub returned no pull-request data.");

@@ -79,19 +79,20 @@ TEST(SearchRecords, readErrorsBesideNullData)
     const auto envelope = decode<SearchEnvelope>(
         R"({"data": null, "errors": [{"message": "Slow down", "type": "X"}]})");
     EXPECT_FALSE(envelope.data);
-    ASSERT_TRUE(envelope.hasErrors());
-    EXPECT_EQ(*envelope.errors, std::vector{GraphQLFailure{"Slow down"}});
+    EXPECT_THAT(envelope.failures(), testing::ElementsAre(GraphQLFailure{"Slow down"}));
 }
 
 TEST(SearchRecords, anEmptyListOfErrorsIsNone)
 {
-    EXPECT_FALSE(decode<SearchEnvelope>(R"({"errors": []})").hasErrors());
+    const auto envelope = decode<SearchEnvelope>(R"({"errors": []})");
+    EXPECT_THAT(envelope.failures(), testing::IsEmpty());
 }
 
 TEST(SearchRecords, errorMessagesAreJoinedWithLineFeeds)
 {
-    EXPECT_EQ(graphQLError({{"one"}, {"two"}, {""}}).message(), "one\ntwo\n");
-    EXPECT_EQ(graphQLError({{"one"}}).message(), "one");
+    EXPECT_EQ(
+        graphQLError(std::vector<GraphQLFailure>{{"one"}, {"two"}, {""}}).message(), "one\ntwo\n");
+    EXPECT_EQ(graphQLError(std::vector<GraphQLFailure>{{"one"}}).message(), "one");
 }
 
 std::string page(const std::string& nodes)
