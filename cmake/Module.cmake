@@ -51,7 +51,7 @@ function(tarnwick_tests name)
         PROPERTIES TIMEOUT 60 LABELS ${name} ${arg_PROPERTIES})
 endfunction()
 
-# A libFuzzer target, run as a test: over its seeds, which lie in Seeds/ under its name, and then
+# A libFuzzer target, run as a test: over the inputs that lie in Corpora/ under its name, and then
 # for a few seconds wherever they lead. What it finds worth keeping stays in the build tree.
 function(tarnwick_fuzzer name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
@@ -64,6 +64,6 @@ function(tarnwick_fuzzer name)
     add_test(NAME ${name} COMMAND ${name}
         -max_total_time=5 -timeout=5 -rss_limit_mb=512
         "-artifact_prefix=${CMAKE_CURRENT_BINARY_DIR}/${name}-"
-        "${corpus}" "${CMAKE_CURRENT_SOURCE_DIR}/Seeds/${name}")
+        "${corpus}" "${CMAKE_CURRENT_SOURCE_DIR}/Corpora/${name}")
     set_tests_properties(${name} PROPERTIES TIMEOUT 60 LABELS fuzz)
 endfunction()
