@@ -57,6 +57,24 @@ std::string readText(const boost::json::value& value, const Path& path)
     return std::string(readTextView(value, path));
 }
 
+Date readDate(const boost::json::value& value, const Path& path)
+{
+    const auto date = parseDate(readTextView(value, path));
+    if (!date) {
+        throwDecodingError(path, "is not an ISO 8601 date");
+    }
+    return *date;
+}
+
+Url readUrl(const boost::json::value& value, const Path& path)
+{
+    auto url = parseUrl(readTextView(value, path));
+    if (!url) {
+        throwDecodingError(path, "is not a web address");
+    }
+    return *std::move(url);
+}
+
 const boost::json::object& readObject(const boost::json::value& value, const Path& path)
 {
     if (!value.is_object()) {

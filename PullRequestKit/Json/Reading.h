@@ -23,8 +23,10 @@ namespace PullRequestKit::Json {
 bool readBool(const boost::json::value& value, const Path& path);
 std::int64_t readInteger(const boost::json::value& value, const Path& path);
 std::string readText(const boost::json::value& value, const Path& path);
+Date readDate(const boost::json::value& value, const Path& path);
+Url readUrl(const boost::json::value& value, const Path& path);
 
-/// The same without a copy; it lives as long as the value.
+/// The text without a copy; it lives as long as the value.
 std::string_view readTextView(const boost::json::value& value, const Path& path);
 const boost::json::object& readObject(const boost::json::value& value, const Path& path);
 const boost::json::array& readList(const boost::json::value& value, const Path& path);
@@ -170,17 +172,9 @@ void read(Value& target, const boost::json::value& value, const Path& path)
         }
         target = *named;
     } else if constexpr (std::is_same_v<Value, Date>) {
-        const auto date = parseDate(readTextView(value, path));
-        if (!date) {
-            throwDecodingError(path, "is not an ISO 8601 date");
-        }
-        target = *date;
+        target = readDate(value, path);
     } else if constexpr (std::is_same_v<Value, Url>) {
-        auto url = parseUrl(readTextView(value, path));
-        if (!url) {
-            throwDecodingError(path, "is not a web address");
-        }
-        target = *std::move(url);
+        target = readUrl(value, path);
     } else if constexpr (std::is_same_v<Value, bool>) {
         target = readBool(value, path);
     } else if constexpr (std::is_same_v<Value, std::int64_t>) {
