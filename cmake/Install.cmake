@@ -1,7 +1,7 @@
 # What "cmake --install" puts where.
 
 include(GNUInstallDirs)
-if(TARGET tarnwick)
+if(TARNWICK_QT)
     install(TARGETS tarnwick RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 endif()
 install(FILES README.md CHANGELOG.md LICENSE DESTINATION "${CMAKE_INSTALL_DOCDIR}")

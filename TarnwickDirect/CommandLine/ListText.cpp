@@ -21,6 +21,9 @@ constexpr std::string_view gap = "  ";
 /// Titles are not cut below this, however narrow the terminal.
 constexpr int smallestTitle = 20;
 
+/// How far a warning stands to the right of the title above it.
+constexpr int warningIndent = 3;
+
 /// Without a terminal titles are not cut, but longer ones do not move the other rows' columns.
 constexpr int alignedTitle = 72;
 
@@ -58,7 +61,7 @@ Cell reviewCell(const PullRequest& pullRequest)
         return {
             "no reviews" + (pullRequest.requiredApprovingReviewCount ? count : ""), Style::faint};
     case ReviewState::pending:
-        return {"review pending" + count, Style::yellow};
+        return {"pending" + count, Style::yellow};
     case ReviewState::approved:
         return {"approved" + count, Style::green};
     case ReviewState::commented:
@@ -174,7 +177,7 @@ std::string draw(
         }
     }
     if (!line.warning.empty()) {
-        text += gap;
+        text += "\n" + padding(treeWidth + warningIndent);
         text += styled(line.warning, Style::yellow, terminal.hasColours);
     }
     return text + "\n";

@@ -80,7 +80,7 @@ TEST(ListText, carriesWarnings)
 {
     const auto x = makePullRequest(1, "x", "y");
     const auto y = makePullRequest(2, "y", "x");
-    EXPECT_THAT(list({x, y}), HasSubstr("no checks  Cyclic branch dependency\n"));
+    EXPECT_THAT(list({x, y}), HasSubstr("no checks\n   Cyclic branch dependency\n"));
 }
 
 TEST(ListText, cutsTitlesToTheTerminalsWidth)
