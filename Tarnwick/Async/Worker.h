@@ -2,11 +2,12 @@
 
 #include <QCoro/QCoroFuture>
 #include <QCoro/QCoroTask>
-#include <QtConcurrent/QtConcurrentRun>
+#include <QPromise>
 
 #include <atomic>
 #include <cassert>
 #include <exception>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <type_traits>
@@ -21,7 +22,9 @@ template<typename Work>
 struct Job {
     explicit Job(Work newWork)
         : work(std::move(newWork))
-    {}
+    {
+        promise.start();
+    }
 
     void run()
     {
@@ -31,13 +34,18 @@ struct Job {
             error = std::current_exception();
         }
         isDone.store(true, std::memory_order_release);
+        promise.finish();
     }
 
     Work work;
     std::optional<std::invoke_result_t<Work>> result;
     std::exception_ptr error;
     std::atomic<bool> isDone = false;
+    QPromise<void> promise;
 };
+
+/// Has a thread of the global pool call `work` soon. Safe from any thread.
+void runOnPool(std::function<void()> work);
 
 }  // namespace Detail
 
@@ -48,7 +56,8 @@ template<typename Work>
 QCoro::Task<std::invoke_result_t<Work>> onWorker(Work work)
 {
     const auto job = std::make_shared<Detail::Job<Work>>(std::move(work));
-    const QFuture<void> finished = QtConcurrent::run([job] { job->run(); });
+    const QFuture<void> finished = job->promise.future();
+    Detail::runOnPool([job] { job->run(); });
     co_await finished;
     [[maybe_unused]] const bool isDone = job->isDone.load(std::memory_order_acquire);
     assert(isDone);
