@@ -24,6 +24,8 @@ sigset_t endingSignals()
 
 Interruption::Interruption()
 {
+    // Where a parent had it ignored, ended children would vanish together with their statuses.
+    std::signal(SIGCHLD, SIG_DFL);
     const sigset_t signals = endingSignals();
     ::pthread_sigmask(SIG_BLOCK, &signals, nullptr);
     _descriptor = ::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
