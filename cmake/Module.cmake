@@ -1,11 +1,15 @@
 # A module sees its own headers and those of the modules it names, and no others: every module has
 # an include directory of its own in the build tree that holds one link, to the module's folder.
 
+# A second library of the same folder gives the FOLDER's name.
 function(tarnwick_module name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;HEADERS;PUBLIC;PRIVATE;PRECOMPILE")
-    set(root "${CMAKE_BINARY_DIR}/include/${name}")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER" "SOURCES;HEADERS;PUBLIC;PRIVATE;PRECOMPILE")
+    if(NOT arg_FOLDER)
+        set(arg_FOLDER "${name}")
+    endif()
+    set(root "${CMAKE_BINARY_DIR}/include/${arg_FOLDER}")
     file(MAKE_DIRECTORY "${root}")
-    file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${root}/${name}" SYMBOLIC)
+    file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${root}/${arg_FOLDER}" SYMBOLIC)
 
     add_library(${name} STATIC ${arg_SOURCES} ${arg_HEADERS})
     target_include_directories(${name} PUBLIC "${root}")
@@ -13,7 +17,7 @@ function(tarnwick_module name)
     tarnwick_precompile(${name} ${arg_PRECOMPILE})
 
     if(TARNWICK_HEADER_CHECK)
-        tarnwick_check_headers(${name} ${arg_HEADERS})
+        tarnwick_check_headers(${name} ${arg_FOLDER} ${arg_HEADERS})
     endif()
 endfunction()
 
@@ -25,12 +29,12 @@ endfunction()
 
 # Compiles each header as the only line of a source file, which fails when it leans on another
 # header having been included before it.
-function(tarnwick_check_headers name)
+function(tarnwick_check_headers name folder)
     set(sources)
     foreach(header IN LISTS ARGN)
         string(MAKE_C_IDENTIFIER "${header}" identifier)
-        set(source "${CMAKE_CURRENT_BINARY_DIR}/headers/${identifier}.cpp")
-        file(CONFIGURE OUTPUT "${source}" CONTENT "#include \"${name}/${header}\"\n")
+        set(source "${CMAKE_CURRENT_BINARY_DIR}/${name}Headers/${identifier}.cpp")
+        file(CONFIGURE OUTPUT "${source}" CONTENT "#include \"${folder}/${header}\"\n")
         list(APPEND sources "${source}")
     endforeach()
     add_library(${name}Headers OBJECT ${sources})

@@ -1,0 +1,67 @@
+#include "Tarnwick/Interface/Look/AppFonts.h"
+
+#include "Tarnwick/Interface/Look/AppResources.h"
+
+#include <QFontDatabase>
+#include <QGuiApplication>
+
+#include <cmath>
+
+namespace Tarnwick::AppFonts {
+namespace {
+
+QFont::Weight qtWeight(TextWeight weight)
+{
+    switch (weight) {
+    case TextWeight::regular:
+        return QFont::Normal;
+    case TextWeight::medium:
+        return QFont::Medium;
+    case TextWeight::bold:
+        return QFont::Bold;
+    }
+    return QFont::Normal;
+}
+
+}  // namespace
+
+void registerBundledFonts()
+{
+    static bool isRegistered = false;
+    if (isRegistered) {
+        return;
+    }
+    isRegistered = true;
+    AppResources::bundle();
+    for (const QString& file :
+         AppResources::files(QStringLiteral("Fonts"), QStringLiteral("ttf"))) {
+        QFontDatabase::addApplicationFont(file);
+    }
+}
+
+double desktopPointSize()
+{
+    constexpr double usual = 10;
+    const QFont desktop = QGuiApplication::font();
+    // Qt's own choice where no desktop names a font (6.4: "Sans Serif" at 9, or none at all).
+    const bool isUnnamed =
+        desktop.family() == QLatin1String("Sans Serif") && desktop.pointSizeF() == 9;
+    return isUnnamed || desktop.pointSizeF() <= 0 ? usual : desktop.pointSizeF();
+}
+
+double preferredPointSize(TextStyle style)
+{
+    return desktopPointSize() * sizeFactor(style);
+}
+
+QFont font(double pointSize, TextWeight weight)
+{
+    QFont font;
+    font.setFamilies({QStringLiteral("Geist"), QGuiApplication::font().family()});
+    font.setPointSizeF(pointSize);
+    font.setWeight(qtWeight(weight));
+    font.setHintingPreference(QFont::PreferVerticalHinting);
+    return font;
+}
+
+}  // namespace Tarnwick::AppFonts

@@ -1,0 +1,88 @@
+#include "Tarnwick/Interface/Look/Appearance.h"
+
+#include "Tarnwick/Interface/Look/AppFonts.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <cmath>
+
+namespace Tarnwick {
+namespace {
+
+constexpr double pointsAtScale1 = 10;
+constexpr double dotsPerInchAtScale1 = 96;
+constexpr double pointsPerInch = 72;
+
+double dotsPerInch()
+{
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    return screen == nullptr ? dotsPerInchAtScale1 : screen->logicalDotsPerInchY();
+}
+
+double desktopTextScale()
+{
+    return AppFonts::desktopPointSize() / pointsAtScale1 * dotsPerInch() / dotsPerInchAtScale1;
+}
+
+}  // namespace
+
+Appearance::Appearance(QObject* parent)
+    : QObject(parent)
+    , _textScale(desktopTextScale())
+{
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+Appearance::Appearance(double textScale, QObject* parent)
+    : QObject(parent)
+    , _textScale(textScale)
+{}
+
+void Appearance::setDark(bool dark)
+{
+    if (_isDark != dark) {
+        _isDark = dark;
+        Q_EMIT changed();
+    }
+}
+
+void Appearance::setWishes(Wishes wishes)
+{
+    if (_wishes != wishes) {
+        _wishes = wishes;
+        Q_EMIT changed();
+    }
+}
+
+int Appearance::scaled(int length) const
+{
+    return 2 * static_cast<int>(std::lround(length * _textScale / 2));
+}
+
+LineStyle Appearance::line(TextStyle style, TextWeight weight) const
+{
+    const double points = pointsAtScale1 * _textScale * sizeFactor(style);
+    const double pixelSize = points * dotsPerInchAtScale1 / pointsPerInch;
+    const int height = lineHeightOf(pixelSize);
+    return {
+        .font = AppFonts::font(pixelSize * pointsPerInch / dotsPerInch(), weight),
+        .height = height,
+        .baseline = baselineOf(pixelSize, height),
+        .pixelSize = pixelSize};
+}
+
+bool Appearance::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ApplicationFontChange && watched == QCoreApplication::instance()) {
+        const double scale = desktopTextScale();
+        if (_textScale != scale) {
+            _textScale = scale;
+            Q_EMIT changed();
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+}  // namespace Tarnwick

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "Tarnwick/Interface/Look/Palette.h"
+#include "Tarnwick/Interface/Look/TextStyle.h"
+
+#include <QFont>
+#include <QObject>
+
+namespace Tarnwick {
+
+/// How a line of text is set: its font, the height of the line and the place of the baseline below
+/// the line's top, in logical pixels.
+struct LineStyle {
+    QFont font;
+    int height = 0;
+    double baseline = 0;
+    double pixelSize = 0;
+};
+
+/// How everything on screen looks: light or dark, how large the desktop wants its text, whether it
+/// wants motion and how much contrast. Views take colours, fonts and sizes from here when they lay
+/// out and paint, and do so again on `changed`. Main thread only.
+class Appearance final : public QObject {
+    Q_OBJECT
+
+public:
+    /// What the desktop asks for beside the size of its font.
+    struct Wishes {
+        bool reducedMotion = false;
+        bool higherContrast = false;
+
+        bool operator==(const Wishes&) const = default;
+    };
+
+    /// Text is as large as the desktop's font makes it.
+    explicit Appearance(QObject* parent = nullptr);
+
+    /// The same with a text scale that does not follow the desktop. 1 is a font of 10 points.
+    explicit Appearance(double textScale, QObject* parent = nullptr);
+
+    bool isDark() const { return _isDark; }
+
+    void setDark(bool dark);
+
+    void setWishes(Wishes wishes);
+
+    bool reducedMotion() const { return _wishes.reducedMotion; }
+
+    bool higherContrast() const { return _wishes.higherContrast; }
+
+    const Palette& palette() const { return _isDark ? Palette::dark() : Palette::light(); }
+
+    /// The desktop's font size divided by 10 points.
+    double textScale() const { return _textScale; }
+
+    /// A length of the design at text scale 1, in logical pixels, made to fit the text and even.
+    int scaled(int length) const;
+
+    LineStyle line(TextStyle style, TextWeight weight) const;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    bool _isDark = false;
+    Wishes _wishes;
+    double _textScale = 1;
+};
+
+}  // namespace Tarnwick

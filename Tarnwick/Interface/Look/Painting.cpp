@@ -1,0 +1,90 @@
+#include "Tarnwick/Interface/Look/Painting.h"
+
+#include <QFontMetricsF>
+#include <QPainterPath>
+#include <QTransform>
+
+#include <cmath>
+
+namespace Tarnwick::Painting {
+namespace {
+
+double toPixel(double value, double scale, double offset)
+{
+    return (std::round(value * scale + offset) - offset) / scale;
+}
+
+}  // namespace
+
+QRectF aligned(const QPainter& painter, const QRectF& rectangle)
+{
+    const QTransform& transform = painter.deviceTransform();
+    const QPointF topLeft(
+        toPixel(rectangle.left(), transform.m11(), transform.dx()),
+        toPixel(rectangle.top(), transform.m22(), transform.dy()));
+    const QPointF bottomRight(
+        toPixel(rectangle.right(), transform.m11(), transform.dx()),
+        toPixel(rectangle.bottom(), transform.m22(), transform.dy()));
+    return {topLeft, bottomRight};
+}
+
+void fillRounded(QPainter& painter, const QRectF& rectangle, double radius, const QColor& colour)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, radius > 0);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawRoundedRect(aligned(painter, rectangle), radius, radius);
+    painter.restore();
+}
+
+void strokeInside(
+    QPainter& painter, const QRectF& rectangle, double radius, double width, const QColor& colour)
+{
+    const double scale = painter.deviceTransform().m11();
+    const double thickness = std::max(1.0, std::round(width * scale)) / scale;
+    const QRectF outer = aligned(painter, rectangle);
+    const QRectF inner = outer.adjusted(thickness, thickness, -thickness, -thickness);
+    const double innerRadius = std::max(0.0, radius - thickness);
+    QPainterPath path;
+    path.addRoundedRect(outer, radius, radius);
+    path.addRoundedRect(inner, innerRadius, innerRadius);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(path, colour);
+    painter.restore();
+}
+
+void hairline(QPainter& painter, double x, double y, double width, const QColor& colour)
+{
+    const double pixel = 1 / painter.deviceTransform().m22();
+    const QRectF line = aligned(painter, QRectF(x, y, width, 0));
+    painter.fillRect(QRectF(line.left(), line.top(), line.width(), pixel), colour);
+}
+
+void text(
+    QPainter& painter,
+    const QRectF& line,
+    const QString& text,
+    const LineStyle& style,
+    const QColor& colour,
+    Qt::AlignmentFlag alignment)
+{
+    double x = line.left();
+    if (alignment == Qt::AlignRight) {
+        x = line.right() - width(text, style);
+    } else if (alignment == Qt::AlignHCenter) {
+        x = line.left() + (line.width() - width(text, style)) / 2;
+    }
+    const QPointF origin = aligned(painter, QRectF(x, line.top() + style.baseline, 0, 0)).topLeft();
+    painter.setFont(style.font);
+    painter.setPen(colour);
+    painter.drawText(origin, text);
+}
+
+double width(const QString& text, const LineStyle& style)
+{
+    return QFontMetricsF(style.font).horizontalAdvance(text);
+}
+
+}  // namespace Tarnwick::Painting

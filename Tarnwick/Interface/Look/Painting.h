@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Tarnwick/Interface/Look/Appearance.h"
+
+#include <QPainter>
+
+namespace Tarnwick {
+
+/// Drawing on whole device pixels, at any scale factor. Rectangles are in logical pixels.
+namespace Painting {
+
+/// The rectangle with its edges moved to the nearest device pixels, still in logical pixels.
+QRectF aligned(const QPainter& painter, const QRectF& rectangle);
+
+void fillRounded(QPainter& painter, const QRectF& rectangle, double radius, const QColor& colour);
+
+/// A line of this width along the inside of the rectangle's edge, `radius` being the outer one.
+void strokeInside(
+    QPainter& painter, const QRectF& rectangle, double radius, double width, const QColor& colour);
+
+/// One device pixel high, its upper edge at `y`.
+void hairline(QPainter& painter, double x, double y, double width, const QColor& colour);
+
+/// One line of text with its top at the rectangle's. It is not elided.
+void text(
+    QPainter& painter,
+    const QRectF& line,
+    const QString& text,
+    const LineStyle& style,
+    const QColor& colour,
+    Qt::AlignmentFlag alignment = Qt::AlignLeft);
+
+double width(const QString& text, const LineStyle& style);
+
+}  // namespace Painting
+
+}  // namespace Tarnwick

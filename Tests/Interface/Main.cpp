@@ -1,0 +1,14 @@
+#include "Tarnwick/Interface/Look/AppFonts.h"
+
+#include <QApplication>
+
+#include <gmock/gmock.h>
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleMock(&argc, argv);
+    const QApplication application(argc, argv);
+    Tarnwick::AppFonts::registerBundledFonts();
+    return RUN_ALL_TESTS();
+}

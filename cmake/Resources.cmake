@@ -1,0 +1,43 @@
+# The resource bundle: one binary file beside the program, in whose place another can be put, that
+# the kernel maps instead of copying. It holds this program's own drawings and, where they could be
+# had, the fonts and icons that tools/stage-assets takes from their packages.
+
+set(TARNWICK_BUNDLE "Tarnwick_Tarnwick.bundle")
+set(TARNWICK_ASSETS "${CMAKE_SOURCE_DIR}/build/assets")
+
+execute_process(
+    COMMAND "${CMAKE_SOURCE_DIR}/tools/stage-assets"
+    RESULT_VARIABLE stagingFailed
+    ERROR_VARIABLE stagingErrors
+    OUTPUT_QUIET)
+if(stagingFailed)
+    string(STRIP "${stagingErrors}" stagingErrors)
+    message(NOTICE "${stagingErrors}\n"
+        "The program is built without Geist and Octicons: it uses the desktop's font, and a "
+        "placeholder stands for those icons. Configure again once they can be fetched.")
+endif()
+
+function(tarnwick_resource_bundle target)
+    file(GLOB drawings CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/Resources/*.svg")
+    file(GLOB icons CONFIGURE_DEPENDS "${TARNWICK_ASSETS}/*.svg")
+    file(GLOB fonts CONFIGURE_DEPENDS "${TARNWICK_ASSETS}/Fonts/*.ttf")
+    set(entries "")
+    foreach(file IN LISTS drawings icons)
+        get_filename_component(name "${file}" NAME)
+        string(APPEND entries "<file alias=\"${name}\">${file}</file>\n")
+    endforeach()
+    foreach(file IN LISTS fonts)
+        get_filename_component(name "${file}" NAME)
+        string(APPEND entries "<file alias=\"Fonts/${name}\">${file}</file>\n")
+    endforeach()
+    set(list "${CMAKE_CURRENT_BINARY_DIR}/bundle.qrc")
+    file(CONFIGURE OUTPUT "${list}" CONTENT
+        "<RCC><qresource prefix=\"/tarnwick\">\n${entries}</qresource></RCC>\n")
+    set(bundle "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${TARNWICK_BUNDLE}")
+    add_custom_command(OUTPUT "${bundle}"
+        COMMAND "${CMAKE_COMMAND}" -E make_directory "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}"
+        COMMAND Qt6::rcc --binary --no-compress --output "${bundle}" "${list}"
+        DEPENDS "${list}" ${drawings} ${icons} ${fonts}
+        VERBATIM)
+    add_custom_target(${target} ALL DEPENDS "${bundle}")
+endfunction()
