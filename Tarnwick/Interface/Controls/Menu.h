@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QMenu>
+
+namespace Tarnwick {
+
+class Appearance;
+
+/// A menu of the program. Choosing an item that can be checked leaves it open, so that several can
+/// be changed at one go.
+class Menu final : public QMenu {
+    Q_OBJECT
+
+public:
+    Menu(const QString& title, const Appearance& appearance, QWidget* parent);
+
+    /// Adds a submenu that looks and behaves as this one.
+    Menu* addSubmenu(const QString& title);
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    bool chooseCheckable(QAction* action);
+
+    const Appearance& _appearance;
+};
+
+}  // namespace Tarnwick
