@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Tarnwick/Interface/Panel/CardOverlay.h"
+
+namespace Tarnwick {
+
+class MessageText;
+class PushButton;
+
+/// A message that has to be answered. Return presses the primary button, Esc the one that changes
+/// nothing.
+class Alert final : public CardOverlay {
+    Q_OBJECT
+
+public:
+    struct Buttons {
+        QString primary;
+        QString cancel;    ///< Empty where the primary button changes nothing either.
+        QString copyHelp;  ///< Empty where there is nothing to copy.
+    };
+
+    Alert(
+        const QString& title,
+        const Buttons& buttons,
+        const Appearance& appearance,
+        QWidget* parent);
+
+    QString title() const;
+    QString message() const;
+    void setMessage(const QString& message);
+
+Q_SIGNALS:
+    void primaryTriggered();
+    /// Esc or the button that changes nothing.
+    void cancelled();
+    void copyTriggered();
+
+protected:
+    int layOutContent(const QPoint& origin, int width) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    MessageText* _title;
+    MessageText* _message;
+    PushButton* _copy = nullptr;
+    PushButton* _cancel = nullptr;
+    PushButton* _primary;
+};
+
+}  // namespace Tarnwick

@@ -1,0 +1,117 @@
+#include "Tarnwick/Interface/Panel/CardOverlay.h"
+
+#include "Tarnwick/Interface/Look/Painting.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace Tarnwick {
+namespace {
+
+constexpr int padding = 20;
+constexpr double radius = 12;
+constexpr int leastMargin = 16;
+constexpr int rise = 4;
+
+}  // namespace
+
+CardOverlay::CardOverlay(int cardWidth, const Appearance& appearance, QWidget* parent)
+    : QWidget(parent)
+    , _cardWidth(cardWidth)
+    , _appearance(appearance)
+    , _appearing(*this, appearance, Fade::slideMilliseconds)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    parent->installEventFilter(this);
+    connect(&appearance, &Appearance::changed, this, [this] {
+        layOut();
+        update();
+    });
+    hide();
+}
+
+QRect CardOverlay::card() const
+{
+    return _card;
+}
+
+void CardOverlay::layOut()
+{
+    const int cardWidth = std::min(_appearance.scaled(_cardWidth), width() - 2 * leastMargin);
+    const int inner = cardWidth - 2 * padding;
+    const int height = layOutContent({0, 0}, inner) + 2 * padding;
+    _card = QRect((width() - cardWidth) / 2, (this->height() - height) / 2, cardWidth, height);
+    layOutContent(_card.topLeft() + QPoint(padding, padding), inner);
+    update();
+}
+
+void CardOverlay::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    const Palette& palette = _appearance.palette();
+    QColor scrim = palette.scrim;
+    scrim.setAlphaF(scrim.alphaF() * static_cast<float>(_appearing.value()));
+    painter.fillRect(rect(), scrim);
+    painter.translate(0, rise * (1 - _appearing.value()));
+    Painting::fillRounded(painter, QRectF(_card), radius, palette.surfaceMenu);
+    Painting::strokeInside(painter, QRectF(_card), radius, 1, palette.strongLine);
+}
+
+void CardOverlay::resizeEvent(QResizeEvent* /*event*/)
+{
+    layOut();
+}
+
+void CardOverlay::showEvent(QShowEvent* /*event*/)
+{
+    setGeometry(parentWidget()->rect());
+    layOut();
+    raise();
+    _appearing.setOn(true);
+}
+
+void CardOverlay::hideEvent(QHideEvent* /*event*/)
+{
+    _appearing.setOn(false);
+}
+
+void CardOverlay::mousePressEvent(QMouseEvent* /*event*/) {}
+
+void CardOverlay::wheelEvent(QWheelEvent* event)
+{
+    event->accept();
+}
+
+bool CardOverlay::focusNextPrevChild(bool next)
+{
+    QList<QWidget*> stops;
+    for (QWidget* const child : findChildren<QWidget*>()) {
+        if (child->isVisible() && child->isEnabled()
+            && (child->focusPolicy() & Qt::TabFocus) == Qt::TabFocus) {
+            stops.append(child);
+        }
+    }
+    if (stops.isEmpty()) {
+        setFocus();
+        return true;
+    }
+    const auto current = stops.indexOf(window()->focusWidget());
+    const auto count = stops.size();
+    const auto step = next ? 1 : count - 1;
+    const auto following = current < 0 ? 0 : (current + step) % count;
+    stops.at(following)->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+}
+
+bool CardOverlay::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == parentWidget() && event->type() == QEvent::Resize) {
+        setGeometry(parentWidget()->rect());
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace Tarnwick

@@ -1,0 +1,104 @@
+#include "Tarnwick/Interface/Panel/MessageText.h"
+
+#include "Tarnwick/Interface/Look/Painting.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Tarnwick {
+namespace {
+
+constexpr int handleWidth = 4;
+constexpr int handleGap = 6;
+
+}  // namespace
+
+MessageText::MessageText(Setting setting, const Appearance& appearance, QWidget* parent)
+    : QLabel(parent)
+    , _setting(setting)
+    , _appearance(appearance)
+{
+    setTextFormat(Qt::PlainText);
+}
+
+WrappedText MessageText::laidOut() const
+{
+    return {text(), style(), static_cast<double>(width())};
+}
+
+void MessageText::fit(int width, bool isBalanced)
+{
+    const int lines = WrappedText(text(), style(), width).lineCount();
+    const bool scrolls = lines > _setting.mostLines;
+    const int room = scrolls ? width - handleWidth - handleGap : width;
+    const double used = isBalanced && !scrolls ? balancedWidth(text(), style(), room) : room;
+    resize(static_cast<int>(std::ceil(used)), std::min(lines, _setting.mostLines) * style().height);
+    _offset = 0;
+    setFocusPolicy(scrolls ? Qt::TabFocus : Qt::NoFocus);
+}
+
+bool MessageText::isScrollable() const
+{
+    return laidOut().height() > height();
+}
+
+void MessageText::scrollBy(int pixels)
+{
+    const int most = std::max(0, laidOut().height() - height());
+    _offset = std::clamp(_offset + pixels, 0, most);
+    update();
+}
+
+void MessageText::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    const Palette& palette = _appearance.palette();
+    const WrappedText lines = laidOut();
+    lines.draw(
+        painter, QPointF(0, -_offset), width(), palette.*_setting.colour, _setting.alignment);
+    if (lines.height() > height()) {
+        const double length =
+            std::max(16.0, static_cast<double>(height()) * height() / lines.height());
+        const double top = (height() - length) * _offset / std::max(1, lines.height() - height());
+        Painting::fillRounded(
+            painter,
+            QRectF(width() - handleWidth, top, handleWidth, length),
+            handleWidth / 2.0,
+            hasFocus() ? palette.accent : palette.controlLine);
+    }
+}
+
+void MessageText::wheelEvent(QWheelEvent* event)
+{
+    const int pixels =
+        event->pixelDelta().isNull() ? event->angleDelta().y() / 3 : event->pixelDelta().y();
+    scrollBy(-pixels);
+    event->accept();
+}
+
+void MessageText::keyPressEvent(QKeyEvent* event)
+{
+    const int line = style().height;
+    switch (event->key()) {
+    case Qt::Key_Up:
+        scrollBy(-line);
+        break;
+    case Qt::Key_Down:
+        scrollBy(line);
+        break;
+    case Qt::Key_PageUp:
+        scrollBy(-height());
+        break;
+    case Qt::Key_PageDown:
+        scrollBy(height());
+        break;
+    default:
+        QLabel::keyPressEvent(event);
+    }
+}
+
+}  // namespace Tarnwick

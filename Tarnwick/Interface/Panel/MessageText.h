@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Panel/WrappedText.h"
+
+#include <QLabel>
+
+#include <functional>
+
+namespace Tarnwick {
+
+/// A wrapped text of any length: it takes a number of lines at most and scrolls beyond that.
+class MessageText final : public QLabel {
+    Q_OBJECT
+
+public:
+    struct Setting {
+        TextStyle style = TextStyle::body;
+        TextWeight weight = TextWeight::regular;
+        Qt::AlignmentFlag alignment = Qt::AlignLeft;
+        int mostLines = 8;
+        QColor Palette::* colour = &Palette::textSecondary;
+    };
+
+    MessageText(Setting setting, const Appearance& appearance, QWidget* parent);
+
+    /// Gives the text this width, or the least in which it takes no more lines, and its height.
+    void fit(int width, bool isBalanced);
+
+    bool isScrollable() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    LineStyle style() const { return _appearance.line(_setting.style, _setting.weight); }
+
+    WrappedText laidOut() const;
+    void scrollBy(int pixels);
+
+    Setting _setting;
+    const Appearance& _appearance;
+    int _offset = 0;
+};
+
+}  // namespace Tarnwick

@@ -1,0 +1,69 @@
+#include "Tarnwick/Interface/Panel/PanelWording.h"
+
+#include <QDateTime>
+#include <QLocale>
+
+namespace Tarnwick::PanelWording {
+
+using namespace std::chrono;
+using PullRequestKit::Date;
+
+namespace {
+
+QString ago(std::int64_t number, const QString& unit)
+{
+    const QString plural = number == 1 ? QString() : QStringLiteral("s");
+    return QStringLiteral("Updated %1 %2%3 ago").arg(number).arg(unit, plural);
+}
+
+const QLocale& english()
+{
+    static const QLocale locale(QLocale::English, QLocale::UnitedStates);
+    return locale;
+}
+
+}  // namespace
+
+QString count(std::size_t pullRequests)
+{
+    const QString plural = pullRequests == 1 ? QString() : QStringLiteral("s");
+    return QStringLiteral("%1 pull request%2").arg(pullRequests).arg(plural);
+}
+
+QString updated(Date refreshed, Date now)
+{
+    const seconds age = now - refreshed;
+    if (age < minutes{1}) {
+        return QStringLiteral("Updated just now");
+    }
+    if (age < hours{1}) {
+        return ago(duration_cast<minutes>(age).count(), QStringLiteral("minute"));
+    }
+    if (age < days{1}) {
+        return ago(duration_cast<hours>(age).count(), QStringLiteral("hour"));
+    }
+    const QDateTime local = QDateTime::fromSecsSinceEpoch(refreshed.time_since_epoch().count());
+    return QStringLiteral("Updated ") + english().toString(local.date(), QStringLiteral("d MMM"));
+}
+
+std::optional<seconds> untilUpdatedChanges(Date refreshed, Date now)
+{
+    const seconds age = std::max(now - refreshed, seconds{0});
+    if (age < hours{1}) {
+        return minutes{1} - age % minutes{1};
+    }
+    if (age < days{1}) {
+        return hours{1} - age % hours{1};
+    }
+    return std::nullopt;
+}
+
+QString truncated(std::int64_t found, std::size_t listed)
+{
+    return QStringLiteral("GitHub found %1 pull requests; %2 are listed.")
+        .arg(
+            english().toString(static_cast<qlonglong>(found)),
+            english().toString(static_cast<qulonglong>(listed)));
+}
+
+}  // namespace Tarnwick::PanelWording

@@ -1,0 +1,141 @@
+#include "Tarnwick/Interface/Panel/Strip.h"
+
+#include "Tarnwick/Interface/Controls/IconButton.h"
+#include "Tarnwick/Interface/Controls/TextButton.h"
+#include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Look/SystemSymbol.h"
+#include "Tarnwick/Interface/Panel/WrappedText.h"
+
+#include <QPainter>
+
+namespace Tarnwick {
+namespace {
+
+constexpr int padding = 8;
+constexpr int sideMargin = 16;
+constexpr int iconSize = 16;
+constexpr int iconGap = 7;
+constexpr int gap = 12;
+constexpr int mostLines = 3;
+
+LineStyle textStyle(const Appearance& appearance)
+{
+    return appearance.line(TextStyle::footnote, TextWeight::regular);
+}
+
+}  // namespace
+
+Strip::Strip(Tone tone, const QString& name, const Appearance& appearance, QWidget* parent)
+    : QWidget(parent)
+    , _tone(tone)
+    , _appearance(appearance)
+    , _dismiss(new IconButton(
+          QStringLiteral("tarnwick-close"),
+          QStringLiteral("Dismiss"),
+          {.icon = 12, .box = 20, .radius = 6},
+          appearance,
+          this))
+{
+    setObjectName(name);
+    _dismiss->setObjectName(name + QStringLiteral("Dismiss"));
+    _dismiss->setToolTip(QStringLiteral("Dismiss"));
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+    connect(_dismiss, &QAbstractButton::clicked, this, &Strip::dismissed);
+    connect(&appearance, &Appearance::changed, this, [this] {
+        updateGeometry();
+        layOut();
+        update();
+    });
+    hide();
+}
+
+void Strip::setText(const QString& text)
+{
+    _text = text;
+    setAccessibleName(text);
+    setVisible(!text.isEmpty());
+    updateGeometry();
+    layOut();
+    update();
+}
+
+void Strip::setAction(const QString& title)
+{
+    delete _action;
+    _action = new TextButton(title, _appearance, this);
+    _action->setObjectName(objectName() + QStringLiteral("Action"));
+    connect(_action, &QAbstractButton::clicked, this, &Strip::actionTriggered);
+    setTabOrder(_action, _dismiss);
+    layOut();
+}
+
+int Strip::textStart() const
+{
+    return _tone == Tone::error ? sideMargin + _appearance.scaled(iconSize) + iconGap : sideMargin;
+}
+
+int Strip::textWidth(int width) const
+{
+    int end = width - sideMargin - _dismiss->visibleSize().width() - gap;
+    if (_action != nullptr) {
+        end -= _action->visibleSize().width() + gap;
+    }
+    return end - textStart();
+}
+
+QSize Strip::sizeHint() const
+{
+    return {360, heightForWidth(width() > 0 ? width() : 360)};
+}
+
+int Strip::heightForWidth(int width) const
+{
+    const WrappedText text(_text, textStyle(_appearance), textWidth(width), mostLines);
+    return 2 * padding + std::max(text.height(), textStyle(_appearance).height);
+}
+
+void Strip::layOut()
+{
+    const WrappedText text(_text, textStyle(_appearance), textWidth(width()), mostLines);
+    setToolTip(text.isElided() ? _text : QString());
+    const int middle = padding + textStyle(_appearance).height / 2;
+    const QSize cross = _dismiss->visibleSize();
+    // The cross itself, which is smaller than its box, ends at the side margin.
+    const int overhang = (cross.width() - _appearance.scaled(12)) / 2;
+    int end = width() - sideMargin + overhang;
+    _dismiss->place(QRect(QPoint(end - cross.width(), middle - cross.height() / 2), cross));
+    if (_action != nullptr) {
+        end -= cross.width() + gap - overhang;
+        const QSize size = _action->visibleSize();
+        _action->place(QRect(QPoint(end - size.width(), middle - size.height() / 2), size));
+    }
+}
+
+void Strip::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    const Palette& palette = _appearance.palette();
+    const bool isError = _tone == Tone::error;
+    painter.fillRect(rect(), isError ? palette.strip : palette.surfaceChrome);
+    Painting::hairline(painter, 0, 0, width(), isError ? palette.stripLine : palette.hairline);
+    if (isError) {
+        const int size = _appearance.scaled(iconSize);
+        SystemSymbol{QStringLiteral("exclamationmark.triangle")}.draw(
+            painter, QRectF(sideMargin, padding, size, size), palette.amber);
+    }
+    const WrappedText text(_text, textStyle(_appearance), textWidth(width()), mostLines);
+    text.draw(
+        painter,
+        QPointF(textStart(), padding),
+        textWidth(width()),
+        isError ? palette.textPrimary : palette.textSecondary);
+}
+
+void Strip::resizeEvent(QResizeEvent* /*event*/)
+{
+    layOut();
+}
+
+}  // namespace Tarnwick

@@ -1,0 +1,90 @@
+#include "Tarnwick/Interface/Panel/WrappedText.h"
+
+#include "Tarnwick/Interface/Look/Painting.h"
+
+#include <QFontMetricsF>
+#include <QTextOption>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Tarnwick {
+namespace {
+
+QStringList wrapped(const QString& paragraph, const QFont& font, double width)
+{
+    QTextLayout layout(paragraph, font);
+    layout.setTextOption([] {
+        QTextOption option;
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        return option;
+    }());
+    QStringList lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        lines.append(paragraph.mid(line.textStart(), line.textLength()));
+    }
+    layout.endLayout();
+    return lines;
+}
+
+}  // namespace
+
+WrappedText::WrappedText(const QString& text, const LineStyle& style, double width, int mostLines)
+    : _style(style)
+{
+    for (const QString& paragraph : text.split(QLatin1Char('\n'))) {
+        _lines += wrapped(paragraph, style.font, width);
+    }
+    if (_lines.size() > mostLines) {
+        _isElided = true;
+        const QString rest = _lines.mid(mostLines - 1).join(QLatin1Char(' '));
+        _lines = _lines.mid(0, mostLines - 1);
+        _lines.append(
+            QFontMetricsF(style.font)
+                .elidedText(rest.trimmed() + QStringLiteral(" …"), Qt::ElideRight, width));
+    }
+    for (QString& line : _lines) {
+        while (line.endsWith(QLatin1Char(' '))) {
+            line.chop(1);
+        }
+    }
+}
+
+double WrappedText::naturalWidth() const
+{
+    double widest = 0;
+    for (const QString& line : _lines) {
+        widest = std::max(widest, Painting::width(line, _style));
+    }
+    return widest;
+}
+
+void WrappedText::draw(
+    QPainter& painter,
+    const QPointF& topLeft,
+    double width,
+    const QColor& colour,
+    Qt::AlignmentFlag alignment) const
+{
+    QRectF line(topLeft, QSizeF(width, _style.height));
+    for (const QString& text : _lines) {
+        Painting::text(painter, line, text, _style, colour, alignment);
+        line.translate(0, _style.height);
+    }
+}
+
+double balancedWidth(const QString& text, const LineStyle& style, double width)
+{
+    const int lines = WrappedText(text, style, width).lineCount();
+    double tooNarrow = 0;
+    double enough = width;
+    while (enough - tooNarrow > 1) {
+        const double middle = (tooNarrow + enough) / 2;
+        (WrappedText(text, style, middle).lineCount() > lines ? tooNarrow : enough) = middle;
+    }
+    return std::ceil(enough);
+}
+
+}  // namespace Tarnwick

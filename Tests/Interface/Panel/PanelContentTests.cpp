@@ -1,0 +1,92 @@
+#include "Tarnwick/Interface/Panel/PanelContent.h"
+
+#include <gtest/gtest.h>
+
+namespace Tarnwick {
+namespace {
+
+using Kind = MenuState::Kind;
+
+StatusContent statusOf(const MenuState& state, bool hasRows = false, bool choosesNothing = false)
+{
+    return std::get<StatusContent>(panelContent(state, hasRows, choosesNothing));
+}
+
+bool isList(const MenuState& state)
+{
+    return std::holds_alternative<ListContent>(panelContent(state, true, false));
+}
+
+TEST(PanelContentTests, checksTheLoginFirst)
+{
+    const StatusContent expected{
+        .symbol = QStringLiteral("person.badge.key"),
+        .image = {},
+        .title = QStringLiteral("Checking GitHub CLI authentication…"),
+        .hasSpinner = true,
+        .offersRepositories = false};
+    EXPECT_EQ(statusOf({Kind::idle, {}}), expected);
+    EXPECT_EQ(statusOf({Kind::checkingAuthentication, {}}), expected);
+}
+
+TEST(PanelContentTests, loadsWithThePicture)
+{
+    const StatusContent expected{
+        .symbol = {},
+        .image = QStringLiteral("tarnwick-zap-black-cutout"),
+        .title = QStringLiteral("Loading pull requests…"),
+        .hasSpinner = true,
+        .offersRepositories = false};
+    EXPECT_EQ(statusOf({Kind::loading, {}}), expected);
+}
+
+TEST(PanelContentTests, loadingWithRowsKeepsShowingThem)
+{
+    EXPECT_TRUE(isList({Kind::loading, {}}));
+    EXPECT_TRUE(isList({Kind::loaded, {}}));
+}
+
+TEST(PanelContentTests, anEmptyListOffersAnotherTry)
+{
+    const StatusContent content = statusOf({Kind::loaded, {}});
+    EXPECT_EQ(content.symbol, QStringLiteral("tray"));
+    EXPECT_EQ(content.title, QStringLiteral("No pull requests involving you were found."));
+    EXPECT_FALSE(content.hasSpinner);
+    EXPECT_FALSE(content.offersRepositories);
+}
+
+TEST(PanelContentTests, anEmptySelectionOffersTheRepositories)
+{
+    const StatusContent content = statusOf({Kind::loaded, {}}, false, true);
+    EXPECT_EQ(content.title, QStringLiteral("No pull requests involving you were found."));
+    EXPECT_TRUE(content.offersRepositories);
+}
+
+TEST(PanelContentTests, aFailureIsItsMessage)
+{
+    const StatusContent content = statusOf({Kind::failed, "error connecting to api.github.com"});
+    EXPECT_EQ(content.symbol, QStringLiteral("exclamationmark.triangle"));
+    EXPECT_EQ(content.title, QStringLiteral("error connecting to api.github.com"));
+    EXPECT_FALSE(content.hasSpinner);
+}
+
+TEST(PanelContentTests, signedOutAndUnavailableSayWhatToDo)
+{
+    EXPECT_EQ(
+        std::get<AuthenticationContent>(
+            panelContent({Kind::signedOut, "GitHub CLI is not logged in."}, false, false)),
+        (AuthenticationContent{
+            QStringLiteral("person.crop.circle.badge.exclamationmark"),
+            QStringLiteral("Sign in to GitHub"),
+            QStringLiteral("GitHub CLI is not logged in.")}));
+    EXPECT_EQ(
+        std::get<AuthenticationContent>(
+            panelContent({Kind::unavailable, "gh was not found."}, false, false)),
+        (AuthenticationContent{
+            QStringLiteral("terminal"),
+            QStringLiteral("GitHub CLI unavailable"),
+            QStringLiteral("gh was not found.")}));
+}
+
+}  // namespace
+}  // namespace Tarnwick

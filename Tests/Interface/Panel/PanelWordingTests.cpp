@@ -1,0 +1,59 @@
+#include "Tarnwick/Interface/Panel/PanelWording.h"
+
+#include <cstdlib>
+#include <ctime>
+
+#include <gtest/gtest.h>
+
+namespace Tarnwick {
+namespace {
+
+using namespace std::chrono_literals;
+using PullRequestKit::Date;
+
+const Date noon = Date(1'710'244'800s);  // 2024-03-12T12:00:00Z
+
+TEST(PanelWordingTests, countsPullRequests)
+{
+    EXPECT_EQ(PanelWording::count(1), QStringLiteral("1 pull request"));
+    EXPECT_EQ(PanelWording::count(2), QStringLiteral("2 pull requests"));
+    EXPECT_EQ(PanelWording::count(0), QStringLiteral("0 pull requests"));
+}
+
+struct Age {
+    std::chrono::seconds age;
+    const char* text;
+    std::optional<std::chrono::seconds> untilNext;
+};
+
+TEST(PanelWordingTests, saysHowOldTheListIs)
+{
+    const Age ages[] = {
+        {-5s, "Updated just now", 60s},
+        {0s, "Updated just now", 60s},
+        {59s, "Updated just now", 1s},
+        {60s, "Updated 1 minute ago", 60s},
+        {119s, "Updated 1 minute ago", 1s},
+        {120s, "Updated 2 minutes ago", 60s},
+        {3599s, "Updated 59 minutes ago", 1s},
+        {1h, "Updated 1 hour ago", 1h},
+        {5h + 1s, "Updated 5 hours ago", 3599s},
+        {24h - 1s, "Updated 23 hours ago", 1s},
+        {24h, "Updated 12 Mar", std::nullopt},
+    };
+    for (const Age& age : ages) {
+        SCOPED_TRACE(age.text);
+        EXPECT_EQ(PanelWording::updated(noon, noon + age.age), QString::fromLatin1(age.text));
+        EXPECT_EQ(PanelWording::untilUpdatedChanges(noon, noon + age.age), age.untilNext);
+    }
+}
+
+TEST(PanelWordingTests, saysHowManyGitHubLeftOut)
+{
+    EXPECT_EQ(
+        PanelWording::truncated(1240, 1000),
+        QStringLiteral("GitHub found 1,240 pull requests; 1,000 are listed."));
+}
+
+}  // namespace
+}  // namespace Tarnwick
