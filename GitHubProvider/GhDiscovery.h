@@ -5,12 +5,18 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace GitHubProvider {
 
 /// Environment variables by name.
 using Environment = std::map<std::string, std::string>;
+
+/// The program of this name in each folder of PATH, in its order and each folder taken as it
+/// stands. Safe from any thread.
+std::vector<std::filesystem::path> searchPathCandidates(
+    const Environment& environment, std::string_view program);
 
 /// Where `gh` may be, best place first: three fixed places, then the folders of PATH, each taken as
 /// it stands. Safe from any thread.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "GitHubProvider/GitHubProvider.h"
-#include "ScriptedRunner.h"
+#include "Support/ScriptedRunner.h"
 
 #include <chrono>
 #include <filesystem>
