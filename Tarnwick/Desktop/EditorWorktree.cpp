@@ -1,0 +1,163 @@
+#include "Tarnwick/Desktop/EditorWorktree.h"
+
+#include "GitHubProvider/Text.h"
+#include "PullRequestKit/Errors.h"
+#include "Tarnwick/Async/Worker.h"
+#include "Tarnwick/ExternalNavigationError.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+#include <vector>
+
+namespace Tarnwick::EditorWorktree {
+
+using GitHubProvider::CommandResult;
+using GitHubProvider::CommandRunning;
+
+namespace {
+
+/// Not looked up on PATH.
+constexpr const char* gitExecutable = "/usr/bin/git";
+
+/// `git show-ref --verify` says with it that there is no such branch.
+constexpr std::int32_t noSuchReference = 1;
+
+/// Git in one clone. The steps are announced before they run.
+class Git {
+public:
+    Git(std::filesystem::path clone,
+        std::shared_ptr<const CommandRunning> runner,
+        ProgressSink progress,
+        std::stop_token stopToken)
+        : _clone(std::move(clone))
+        , _runner(std::move(runner))
+        , _progress(std::move(progress))
+        , _stopToken(std::move(stopToken))
+    {}
+
+    QCoro::Task<CommandResult> run(const std::string& step, std::vector<std::string> command) const
+    {
+        if (_stopToken.stop_requested()) {
+            throw PullRequestKit::CancellationError();
+        }
+        _progress(step);
+        std::vector<std::string> arguments{"-C", _clone.string()};
+        std::ranges::move(command, std::back_inserter(arguments));
+        return onWorker([runner = _runner, arguments, stopToken = _stopToken] {
+            return runner->run(gitExecutable, arguments, stopToken);
+        });
+    }
+
+private:
+    std::filesystem::path _clone;
+    std::shared_ptr<const CommandRunning> _runner;
+    ProgressSink _progress;
+    std::stop_token _stopToken;
+};
+
+/// Git refuses most names that are no branch's, but `git worktree add -b NAME` (2.39) hands the
+/// name on to `git branch`, which takes one that begins with "-" for an option: "-m" renames the
+/// branch that is checked out.
+void requireUsable(const std::string& branch)
+{
+    if (branch.empty()) {
+        throw ExternalNavigationError("The pull request has no head branch.");
+    }
+    if (branch.starts_with('-')) {
+        throw ExternalNavigationError(
+            "The pull request's head branch begins with \"-\", which git takes for an option.");
+    }
+}
+
+/// The command that makes the worktree, chosen by what looking for the local branch came to.
+std::vector<std::string> addCommand(
+    const CommandResult& localBranch,
+    const std::filesystem::path& worktree,
+    const std::string& branch)
+{
+    if (localBranch.status == noSuchReference) {
+        return {"worktree", "add", "-b", branch, "--", worktree.string(), "origin/" + branch};
+    }
+    check(localBranch, "Checking the local branch");
+    return {"worktree", "add", "--", worktree.string(), branch};
+}
+
+}  // namespace
+
+std::filesystem::path worktreeDirectory(
+    const std::filesystem::path& clone, const std::string& branch)
+{
+    std::string name = branch;
+    std::ranges::replace(name, '/', '-');
+    return clone.parent_path() / ".tarnwick-worktrees" / clone.filename() / name;
+}
+
+std::optional<std::filesystem::path> existingWorktree(
+    std::string_view listing, const std::string& branch)
+{
+    constexpr std::string_view worktreeField = "worktree ";
+    const std::string text = GitHubProvider::decodeText(listing);
+    const std::string branchField = "branch refs/heads/" + branch;
+    std::optional<std::filesystem::path> current;
+    std::string_view rest = text;
+    while (!rest.empty()) {
+        const std::size_t end = std::min(rest.find('\0'), rest.size());
+        const std::string_view field = rest.substr(0, end);
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+        if (field.starts_with(worktreeField)) {
+            current = field.substr(worktreeField.size());
+        } else if (current && field == branchField) {
+            return current;
+        }
+    }
+    return std::nullopt;
+}
+
+void check(const CommandResult& result, std::string_view action)
+{
+    if (result.status == 0) {
+        return;
+    }
+    std::string message(action);
+    message += " failed (exit " + std::to_string(result.status) + ").";
+    const std::string said =
+        GitHubProvider::trimText(GitHubProvider::decodeText(result.standardError));
+    throw ExternalNavigationError(said.empty() ? message : message + "\n" + said);
+}
+
+QCoro::Task<std::filesystem::path> prepare(
+    std::filesystem::path clone,
+    std::string branch,
+    std::shared_ptr<const CommandRunning> runner,
+    ProgressSink progress,
+    std::stop_token stopToken)
+{
+    requireUsable(branch);
+    const std::filesystem::path worktree = worktreeDirectory(clone, branch);
+    const Git git(std::move(clone), std::move(runner), std::move(progress), std::move(stopToken));
+
+    auto fetching = git.run("Fetching origin…", {"fetch", "origin"});
+    const CommandResult fetched = co_await fetching;
+    check(fetched, "Fetching origin");
+
+    auto listing =
+        git.run("Looking for an existing worktree…", {"worktree", "list", "--porcelain", "-z"});
+    const CommandResult listed = co_await listing;
+    check(listed, "Listing worktrees");
+    if (auto existing = existingWorktree(listed.standardOutput, branch)) {
+        co_return *std::move(existing);
+    }
+
+    auto looking = git.run(
+        "Checking the local branch…", {"show-ref", "--verify", "--quiet", "refs/heads/" + branch});
+    const CommandResult localBranch = co_await looking;
+    std::vector<std::string> command = addCommand(localBranch, worktree, branch);
+
+    auto adding = git.run("Creating the worktree…", std::move(command));
+    const CommandResult added = co_await adding;
+    check(added, "Creating the worktree");
+    co_return worktree;
+}
+
+}  // namespace Tarnwick::EditorWorktree

@@ -1,0 +1,81 @@
+#include "Tarnwick/Desktop/NotificationSettingsPane.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace Tarnwick {
+namespace {
+
+using IsExecutable = std::function<bool(const std::filesystem::path&)>;
+
+struct Pane {
+    std::string_view desktop;
+    std::string_view program;
+    std::string_view argument;
+};
+
+/// In the order in which one desktop's programs are tried.
+constexpr std::array panes{
+    Pane{"GNOME", "gnome-control-center", "notifications"},
+    Pane{"Unity", "gnome-control-center", "notifications"},
+    Pane{"KDE", "systemsettings", "kcm_notifications"},
+    Pane{"KDE", "systemsettings5", "kcm_notifications"},
+    Pane{"KDE", "kcmshell6", "kcm_notifications"},
+    Pane{"KDE", "kcmshell5", "kcm_notifications"},
+    Pane{"XFCE", "xfce4-notifyd-config", {}},
+};
+
+std::optional<Launch> installed(
+    const Pane& pane,
+    const GitHubProvider::Environment& environment,
+    const IsExecutable& isExecutable)
+{
+    const auto candidates = GitHubProvider::searchPathCandidates(environment, pane.program);
+    const auto found = std::ranges::find_if(candidates, isExecutable);
+    if (found == candidates.end()) {
+        return std::nullopt;
+    }
+    Launch launch;
+    launch.executable = *found;
+    if (!pane.argument.empty()) {
+        launch.arguments.emplace_back(pane.argument);
+    }
+    return launch;
+}
+
+std::optional<Launch> paneOf(
+    std::string_view desktop,
+    const GitHubProvider::Environment& environment,
+    const IsExecutable& isExecutable)
+{
+    for (const Pane& pane : panes) {
+        if (pane.desktop != desktop) {
+            continue;
+        }
+        if (auto launch = installed(pane, environment, isExecutable)) {
+            return launch;
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<Launch> notificationSettingsPane(
+    const GitHubProvider::Environment& environment, const IsExecutable& isExecutable)
+{
+    // A list, most particular name first, such as "ubuntu:GNOME".
+    const auto variable = environment.find("XDG_CURRENT_DESKTOP");
+    std::string_view rest = variable == environment.end() ? std::string_view() : variable->second;
+    while (!rest.empty()) {
+        const std::size_t end = std::min(rest.find(':'), rest.size());
+        if (auto launch = paneOf(rest.substr(0, end), environment, isExecutable)) {
+            return launch;
+        }
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    return std::nullopt;
+}
+
+}  // namespace Tarnwick

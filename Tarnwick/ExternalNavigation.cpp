@@ -1,0 +1,135 @@
+#include "Tarnwick/ExternalNavigation.h"
+
+#include "PullRequestKit/Errors.h"
+#include "Tarnwick/Async/Worker.h"
+#include "Tarnwick/Desktop/CodeDiscovery.h"
+#include "Tarnwick/Desktop/LinkPortal.h"
+#include "Tarnwick/Desktop/NotificationSettingsPane.h"
+
+#include <QCoreApplication>
+#include <QMetaObject>
+#include <QThread>
+
+#include <algorithm>
+#include <cassert>
+#include <utility>
+
+namespace Tarnwick {
+
+using GitHubProvider::CommandResult;
+using Surroundings = ExternalNavigation::Surroundings;
+
+namespace {
+
+bool isMainThread()
+{
+    const QCoreApplication* const application = QCoreApplication::instance();
+    return application != nullptr && application->thread() == QThread::currentThread();
+}
+
+std::optional<std::filesystem::path> linkOpener(const Surroundings& surroundings)
+{
+    const auto candidates =
+        GitHubProvider::searchPathCandidates(surroundings.environment, "xdg-open");
+    const auto found = std::ranges::find_if(candidates, surroundings.isExecutable);
+    return found == candidates.end() ? std::nullopt : std::optional(*found);
+}
+
+void openSettings(const Surroundings& surroundings)
+{
+    if (const auto pane =
+            notificationSettingsPane(surroundings.environment, surroundings.isExecutable)) {
+        surroundings.dismissPanel(PanelSearch::anyVisible);
+        surroundings.launch(*pane);
+    }
+}
+
+/// Takes the surroundings along, because whoever asked may be gone before the editor runs.
+QCoro::Task<> prepareAndOpen(
+    std::shared_ptr<const Surroundings> surroundings,
+    std::filesystem::path clone,
+    std::string branch,
+    ProgressSink progress,
+    std::stop_token stopToken)
+{
+    const auto code = codeExecutable(surroundings->environment, surroundings->isExecutable);
+    if (!code) {
+        throw ExternalNavigationError("Visual Studio Code's `code` command was not found.");
+    }
+    const auto runner = surroundings->runner;
+    auto preparing =
+        EditorWorktree::prepare(std::move(clone), std::move(branch), runner, progress, stopToken);
+    const std::filesystem::path worktree = co_await preparing;
+
+    if (stopToken.stop_requested()) {
+        throw PullRequestKit::CancellationError();
+    }
+    progress("Opening Visual Studio Code…");
+    surroundings->dismissPanel(PanelSearch::focusOnly);
+    const std::vector<std::string> arguments{"--new-window", worktree.string()};
+    auto opening = onWorker([runner, executable = *code, arguments, stopToken] {
+        return runner->run(executable, arguments, stopToken);
+    });
+    const CommandResult opened = co_await opening;
+    EditorWorktree::check(opened, "Opening Visual Studio Code");
+}
+
+}  // namespace
+
+ExternalNavigation::ExternalNavigation(Surroundings surroundings)
+    : _surroundings(std::make_shared<const Surroundings>(std::move(surroundings)))
+{}
+
+Surroundings ExternalNavigation::desktop(
+    std::shared_ptr<const GitHubProvider::CommandRunning> runner,
+    GitHubProvider::Environment environment)
+{
+    Surroundings surroundings;
+    surroundings.runner = std::move(runner);
+    surroundings.environment = std::move(environment);
+    surroundings.isExecutable = GitHubProvider::isExecutableFile;
+    surroundings.dismissPanel = Tarnwick::dismissPanel;
+    surroundings.launch = [inherited = surroundings.environment](const Launch& launch) {
+        launchDetached(launch, inherited);
+    };
+    surroundings.openThroughPortal = Tarnwick::openThroughPortal;
+    return surroundings;
+}
+
+// `QDesktopServices` is not asked: it passes on no token, and where it goes through the portal it
+// waits for the answer on the main thread (Qt 6.4).
+void ExternalNavigation::open(
+    const PullRequestKit::Url& url, const std::string& activationToken) const
+{
+    assert(isMainThread());
+    _surroundings->dismissPanel(PanelSearch::anyVisible);
+    if (const auto opener = linkOpener(*_surroundings)) {
+        _surroundings->launch({*opener, {url.text}, activationToken});
+    } else {
+        _surroundings->openThroughPortal(url, activationToken);
+    }
+}
+
+void ExternalNavigation::openNotificationSettings() const
+{
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(),
+        [surroundings = _surroundings] { openSettings(*surroundings); },
+        Qt::QueuedConnection);
+}
+
+QCoro::Task<> ExternalNavigation::openInCode(
+    std::filesystem::path clone,
+    std::string branch,
+    ProgressSink progress,
+    std::stop_token stopToken) const
+{
+    return prepareAndOpen(
+        _surroundings,
+        std::move(clone),
+        std::move(branch),
+        std::move(progress),
+        std::move(stopToken));
+}
+
+}  // namespace Tarnwick

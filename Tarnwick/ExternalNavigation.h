@@ -1,0 +1,61 @@
+#pragma once
+
+#include "GitHubProvider/CommandRunning.h"
+#include "PullRequestKit/Url.h"
+#include "Tarnwick/Desktop/EditorWorktree.h"
+#include "Tarnwick/Desktop/Launch.h"
+#include "Tarnwick/Desktop/PanelDismissal.h"
+#include "Tarnwick/ExternalNavigationError.h"
+
+#include <functional>
+#include <memory>
+
+namespace Tarnwick {
+
+/// Leaving the program: a web page in the browser, the desktop's notification settings, a worktree
+/// in the editor.
+class ExternalNavigation {
+public:
+    /// What leaving touches of the world. All are required; all are called on the main thread but
+    /// the runner.
+    struct Surroundings {
+        std::shared_ptr<const GitHubProvider::CommandRunning> runner;
+        GitHubProvider::Environment environment;
+        std::function<bool(const std::filesystem::path&)> isExecutable;
+        std::function<void(PanelSearch)> dismissPanel;
+        std::function<void(const Launch&)> launch;
+        /// Opens a link where there is no `xdg-open`.
+        std::function<void(const PullRequestKit::Url&, const std::string&)> openThroughPortal;
+    };
+
+    explicit ExternalNavigation(Surroundings surroundings);
+
+    /// The desktop around this process. Constructing it asks nothing of the desktop.
+    static Surroundings desktop(
+        std::shared_ptr<const GitHubProvider::CommandRunning> runner,
+        GitHubProvider::Environment environment);
+
+    /// Dismisses the panel and has the desktop open the address; nobody waits for that, and nothing
+    /// is reported. The token, if there is one, lets the browser come to the front. Main thread
+    /// only.
+    void open(const PullRequestKit::Url& url, const std::string& activationToken = {}) const;
+
+    /// Soon dismisses the panel and opens the desktop's notification settings; nothing happens
+    /// where none are found. Safe from any thread.
+    void openNotificationSettings() const;
+
+    /// Makes sure that there is a worktree on the branch and opens it in a new window of Visual
+    /// Studio Code. Ends when the editor was launched. Throws `ExternalNavigationError`, what the
+    /// runner throws, and `CancellationError` once `stopToken` is stopped. Main thread only.
+    /// Requires: `progress` can be called.
+    QCoro::Task<> openInCode(
+        std::filesystem::path clone,
+        std::string branch,
+        ProgressSink progress,
+        std::stop_token stopToken = {}) const;
+
+private:
+    std::shared_ptr<const Surroundings> _surroundings;
+};
+
+}  // namespace Tarnwick
