@@ -11,8 +11,12 @@
 namespace Tarnwick {
 namespace {
 
-QStringList wrapped(const QString& paragraph, const QFont& font, double width)
+/// Keeps the parts of a path together where a line has room for all of it.
+constexpr QChar wordJoiner(0x2060);
+
+QStringList wrapped(QString paragraph, const QFont& font, double width)
 {
+    paragraph.replace(QLatin1Char('/'), QStringLiteral("/") + wordJoiner);
     QTextLayout layout(paragraph, font);
     layout.setTextOption([] {
         QTextOption option;
@@ -23,7 +27,7 @@ QStringList wrapped(const QString& paragraph, const QFont& font, double width)
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);
-        lines.append(paragraph.mid(line.textStart(), line.textLength()));
+        lines.append(paragraph.mid(line.textStart(), line.textLength()).remove(wordJoiner));
     }
     layout.endLayout();
     return lines;

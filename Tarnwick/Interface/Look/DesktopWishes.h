@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Tarnwick/Interface/Look/Appearance.h"
+
+#include <QDBusConnection>
+#include <QDBusVariant>
+#include <QObject>
+
+class QDBusPendingCallWatcher;
+
+namespace Tarnwick {
+
+/// What the desktop's settings portal says of motion and contrast, handed on to the appearance now
+/// and whenever it changes. Asks asynchronously; without a bus or a portal nothing is wished. Main
+/// thread only.
+class DesktopWishes final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Requires: `appearance` lives longer than this.
+    DesktopWishes(Appearance& appearance, const QDBusConnection& bus, QObject* parent = nullptr);
+
+private Q_SLOTS:
+    void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+
+private:
+    void readAll(QDBusPendingCallWatcher* answer);
+    void take(const QString& group, const QString& key, const QVariant& value);
+    void handOn();
+
+    Appearance& _appearance;
+    Appearance::Wishes _wishes;
+    bool _hasAnimations = true;
+    bool _wantsLessMotion = false;
+};
+
+}  // namespace Tarnwick
