@@ -1,0 +1,43 @@
+#include "Tarnwick/Interface/Controls/TextLine.h"
+
+#include "Tarnwick/Interface/Look/Painting.h"
+
+#include <QFontMetricsF>
+
+#include <cmath>
+
+namespace Tarnwick {
+
+TextLine::TextLine(
+    const QString& text, Setting setting, const Appearance& appearance, QWidget* parent)
+    : QLabel(parent)
+    , _setting(setting)
+    , _appearance(appearance)
+{
+    setTextFormat(Qt::PlainText);
+    setText(text);
+    connect(&appearance, &Appearance::changed, this, [this] {
+        updateGeometry();
+        update();
+    });
+}
+
+QSize TextLine::sizeHint() const
+{
+    const LineStyle style = lineStyle();
+    return {static_cast<int>(std::ceil(Painting::width(text(), style))), style.height};
+}
+
+void TextLine::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    const LineStyle style = lineStyle();
+    const QRectF line(0, (height() - style.height) / 2.0, width(), style.height);
+    // Half a pixel: the widths that the size was reckoned from are rounded.
+    const QString shown =
+        QFontMetricsF(style.font).elidedText(text(), Qt::ElideRight, width() + 0.5);
+    Painting::text(
+        painter, line, shown, style, _appearance.palette().*_setting.colour, _setting.alignment);
+}
+
+}  // namespace Tarnwick

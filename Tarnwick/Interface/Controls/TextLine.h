@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Tarnwick/Interface/Look/Appearance.h"
+
+#include <QLabel>
+
+namespace Tarnwick {
+
+/// One line of text in a style of the design. It ends in "…" where it is too long.
+class TextLine final : public QLabel {
+    Q_OBJECT
+
+public:
+    struct Setting {
+        TextStyle style = TextStyle::body;
+        TextWeight weight = TextWeight::regular;
+        QColor Palette::* colour = &Palette::textPrimary;
+        Qt::AlignmentFlag alignment = Qt::AlignLeft;
+    };
+
+    TextLine(const QString& text, Setting setting, const Appearance& appearance, QWidget* parent);
+
+    LineStyle lineStyle() const { return _appearance.line(_setting.style, _setting.weight); }
+
+    QSize sizeHint() const override;
+
+    QSize minimumSizeHint() const override { return {0, sizeHint().height()}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Setting _setting;
+    const Appearance& _appearance;
+};
+
+}  // namespace Tarnwick
