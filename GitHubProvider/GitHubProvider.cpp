@@ -26,6 +26,13 @@ std::set<std::string> baseRefIDs(const std::vector<SearchHit>& hits)
     return ids;
 }
 
+/// GitHub gives at most 1,000 results of any search, and says how many there would be.
+std::optional<std::int64_t> matchesBeyond(const SearchResult& result)
+{
+    const bool isCutOff = std::cmp_greater(result.matches.value_or(0), result.hits.size());
+    return isCutOff ? result.matches : std::nullopt;
+}
+
 std::optional<std::int64_t> requiredReviews(const SearchHit& hit, const BaseRuleCounts& counts)
 {
     const auto count = hit.baseRefID ? counts.find(*hit.baseRefID) : counts.end();
@@ -90,6 +97,14 @@ std::vector<PullRequest> GitHubProvider::pullRequests(
     const std::set<std::string>& repositories,
     std::stop_token stopToken) const
 {
+    return listPullRequests(reviewerScope, repositories, std::move(stopToken)).pullRequests;
+}
+
+PullRequestKit::PullRequestList GitHubProvider::listPullRequests(
+    PullRequestKit::ReviewerScope reviewerScope,
+    const std::set<std::string>& repositories,
+    std::stop_token stopToken) const
+{
     _gh.requireFound();
     if (repositories.empty()) {
         return {};
@@ -97,11 +112,12 @@ std::vector<PullRequest> GitHubProvider::pullRequests(
     const std::string query = searchQuery(reviewerScope, repositories);
     SearchTrace trace(_log, _steadyClock);
     trace.searchStarted(query);
-    std::vector<SearchHit> hits = search(_gh, _host, query, trace, stopToken);
-    const std::set<std::string> ids = baseRefIDs(hits);
+    SearchResult result = search(_gh, _host, query, trace, stopToken);
+    const std::set<std::string> ids = baseRefIDs(result.hits);
     const BaseRuleCounts counts = loadBaseRules(ids, _gh, _ruleCache, stopToken);
-    trace.searchEnded(hits.size(), ids.size());
-    return openPullRequests(std::move(hits), counts);
+    trace.searchEnded(result.hits.size(), ids.size());
+    const auto found = matchesBeyond(result);
+    return {openPullRequests(std::move(result.hits), counts), found};
 }
 
 }  // namespace GitHubProvider

@@ -51,6 +51,11 @@ public:
         const std::set<std::string>& repositories,
         std::stop_token stopToken) const override;
 
+    PullRequestKit::PullRequestList listPullRequests(
+        PullRequestKit::ReviewerScope reviewerScope,
+        const std::set<std::string>& repositories,
+        std::stop_token stopToken) const override;
+
 private:
     std::string _host;
     Gh _gh;

@@ -72,22 +72,24 @@ void throwIfStopped(const std::stop_token& stopToken)
 
 }  // namespace
 
-std::vector<SearchHit> search(
+SearchResult search(
     const Gh& gh,
     const std::string& host,
     const std::string& query,
     SearchTrace& trace,
     std::stop_token stopToken)
 {
-    std::vector<SearchHit> hits;
+    SearchResult found;
     std::optional<std::string> cursor;
     do {
         throwIfStopped(stopToken);
         trace.pageStarted();
         const CommandResult result = gh.run(searchArguments(query, cursor), stopToken);
-        cursor = appendHits(hits, decodePage(result, trace), host);
+        SearchPage page = decodePage(result, trace);
+        found.matches = page.issueCount;
+        cursor = appendHits(found.hits, std::move(page), host);
     } while (cursor);
-    return hits;
+    return found;
 }
 
 }  // namespace GitHubProvider

@@ -25,10 +25,15 @@ struct SearchHit {
     bool operator==(const SearchHit&) const = default;
 };
 
-/// All hits of a query, in GitHub's order, loaded page by page. Blocks; call on a worker thread.
+struct SearchResult {
+    std::vector<SearchHit> hits;
+    std::optional<std::int64_t> matches;  ///< How many GitHub counts, which may be more.
+};
+
+/// The hits of a query, in GitHub's order, loaded page by page. Blocks; call on a worker thread.
 /// Throws `ProviderError`, `DecodingError`, `CancellationError` and what `Gh::run` throws; then
 /// nothing of what was loaded remains.
-std::vector<SearchHit> search(
+SearchResult search(
     const Gh& gh,
     const std::string& host,
     const std::string& query,

@@ -6,13 +6,24 @@
 #include "PullRequestKit/RepositorySummary.h"
 #include "PullRequestKit/ReviewerScope.h"
 
+#include <cstdint>
+#include <optional>
 #include <set>
 #include <stop_token>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace PullRequestKit {
+
+/// What a request for pull requests brings.
+struct PullRequestList {
+    std::vector<PullRequest> pullRequests;
+
+    /// How many there are in all, when that is known to be more than the service hands out.
+    std::optional<std::int64_t> found;
+};
 
 /// A code-hosting service as the program sees it. All three requests block; call them on a worker
 /// thread. They may be called from several threads at once. A request whose token is stopped ends
@@ -42,6 +53,15 @@ public:
         ReviewerScope reviewerScope,
         const std::set<std::string>& repositories,
         std::stop_token stopToken) const = 0;
+
+    /// The same, with how many there are. A provider that cannot tell leaves this as it is.
+    virtual PullRequestList listPullRequests(
+        ReviewerScope reviewerScope,
+        const std::set<std::string>& repositories,
+        std::stop_token stopToken) const
+    {
+        return {pullRequests(reviewerScope, repositories, std::move(stopToken)), std::nullopt};
+    }
 };
 
 }  // namespace PullRequestKit

@@ -2,6 +2,8 @@
 
 #include "PullRequestKit/UniquePullRequests.h"
 
+#include <utility>
+
 namespace Tarnwick {
 
 FetchedPullRequests fetch(
@@ -9,9 +11,12 @@ FetchedPullRequests fetch(
     const FetchRequest& request,
     std::stop_token stopToken)
 {
+    auto list = provider.listPullRequests(request.reviewerScope, request.repositories, stopToken);
     FetchedPullRequests fetched;
-    fetched.pullRequests = PullRequestKit::uniquePullRequests(
-        provider.pullRequests(request.reviewerScope, request.repositories, stopToken));
+    fetched.pullRequests = PullRequestKit::uniquePullRequests(std::move(list.pullRequests));
+    if (list.found) {
+        fetched.shortfall = {*list.found, static_cast<std::int64_t>(fetched.pullRequests.size())};
+    }
     fetched.repositories = provider.repositories(stopToken);
     return fetched;
 }

@@ -2,6 +2,8 @@
 
 #include "PullRequestKit/PullRequestProvider.h"
 
+#include <cstdint>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -14,10 +16,19 @@ struct FetchRequest {
     std::set<std::string> repositories;
 };
 
+/// More pull requests than are listed.
+struct Shortfall {
+    std::int64_t found = 0;
+    std::int64_t listed = 0;
+
+    bool operator==(const Shortfall&) const = default;
+};
+
 /// What came back.
 struct FetchedPullRequests {
     std::vector<PullRequestKit::PullRequest> pullRequests;  ///< One per identity.
     std::vector<PullRequestKit::RepositorySummary> repositories;
+    std::optional<Shortfall> shortfall;  ///< When the provider knows of more.
 };
 
 /// Asks for the pull requests, then for the repositories. Blocks; call on a worker thread. Throws

@@ -72,6 +72,31 @@ protected:
     }
 };
 
+TEST_F(PullRequestSearch, tellsHowManyThereAreWhenGitHubHandsOutFewer)
+{
+    runner->prints(page("x", node(1)));
+    runner->prints(lastPage(node(2)));
+    const auto list = provider->listPullRequests(ReviewerScope::any, {"octo/tools"}, {});
+    EXPECT_EQ(list.pullRequests.size(), 2U);
+    EXPECT_EQ(list.found, 3);
+}
+
+TEST_F(PullRequestSearch, tellsNoNumberWhenGitHubHandsOutAll)
+{
+    runner->prints(lastPage(node(1) + "," + node(2) + "," + node(3)));
+    const auto list = provider->listPullRequests(ReviewerScope::any, {"octo/tools"}, {});
+    EXPECT_EQ(list.pullRequests.size(), 3U);
+    EXPECT_EQ(list.found, std::nullopt);
+}
+
+TEST_F(PullRequestSearch, countsHitsThatAreNotListedAsHandedOut)
+{
+    runner->prints(lastPage(node(1) + R"(, {}, )" + node(3, R"(, "state": "CLOSED")")));
+    const auto list = provider->listPullRequests(ReviewerScope::any, {"octo/tools"}, {});
+    EXPECT_EQ(list.pullRequests.size(), 1U);
+    EXPECT_EQ(list.found, std::nullopt);
+}
+
 TEST_F(PullRequestSearch, namesItselfGitHub)
 {
     EXPECT_EQ(provider->id(), "github");

@@ -43,6 +43,22 @@ FakeProvider::PullRequests FakeProvider::pullRequests(
     return answer;
 }
 
+PullRequestList FakeProvider::listPullRequests(
+    ReviewerScope reviewerScope,
+    const std::set<std::string>& repositories,
+    std::stop_token stopToken) const
+{
+    PullRequests answer = pullRequests(reviewerScope, repositories, std::move(stopToken));
+    const std::lock_guard lock(_mutex);
+    return {std::move(answer), _found};
+}
+
+void FakeProvider::setFound(std::optional<std::int64_t> found)
+{
+    const std::lock_guard lock(_mutex);
+    _found = found;
+}
+
 void FakeProvider::setStatus(AuthenticationStatus status)
 {
     const std::lock_guard lock(_mutex);

@@ -33,8 +33,15 @@ public:
         const std::set<std::string>& repositories,
         std::stop_token stopToken) const override;
 
+    PullRequestKit::PullRequestList listPullRequests(
+        PullRequestKit::ReviewerScope reviewerScope,
+        const std::set<std::string>& repositories,
+        std::stop_token stopToken) const override;
+
     void setStatus(PullRequestKit::AuthenticationStatus status);
     void setPullRequests(PullRequests pullRequests);
+    /// How many pull requests the next answers say there are.
+    void setFound(std::optional<std::int64_t> found);
     void setRepositories(std::vector<std::string> names);
     /// The next request for pull requests throws a `ProviderError` with this text; empty: none
     /// does.
@@ -58,6 +65,7 @@ private:
     mutable std::condition_variable_any _released;
     PullRequestKit::AuthenticationStatus _status = PullRequestKit::Authenticated{"octo"};
     PullRequests _pullRequests;
+    std::optional<std::int64_t> _found;
     Repositories _repositories;
     std::string _error;
     std::string _repositoriesError;
