@@ -2,6 +2,7 @@
 
 #include "PullRequestKit/UniquePullRequests.h"
 #include "Tarnwick/Async/Worker.h"
+#include "Tarnwick/Model/OpenInEditor.h"
 #include "Tarnwick/Model/RowFilter.h"
 
 #include <QCoro/QCoroFuture>
@@ -45,12 +46,51 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
     : _parts(std::move(collaborators))
     , _settingsStore(*_parts.defaults)
     , _settings(_settingsStore.load())
+    , _operations(_settings, _settingsStore)
     , _visits(
           *_parts.defaults,
           VisitStore::programPrefix,
           [clock = _parts.clock] { return clock->now(); })
     , _snapshotWriter(_parts.cache)
     , _notifications(_parts.notifier, _settings, _settingsStore)
+{
+    followSettings();
+    followNotifications();
+    readLaunchAtLogin();
+    showSnapshot();
+    schedulePolling();
+    _notifications.prepare();
+}
+
+PullRequestMenuModel::~PullRequestMenuModel()
+{
+    _lifetime.request_stop();
+}
+
+void PullRequestMenuModel::followSettings()
+{
+    using Operations = SettingsOperations;
+    connect(&_operations, &Operations::changed, this, &PullRequestMenuModel::settingsChanged);
+    connect(
+        &_operations, &Operations::darkModeChanged, this, &PullRequestMenuModel::darkModeChanged);
+    connect(&_operations, &Operations::filtersChanged, this, &PullRequestMenuModel::rebuildRows);
+    connect(&_operations, &Operations::selectionChanged, this, [this] {
+        rebuildRows();
+        scheduleRefresh(selectionRest);
+    });
+    connect(&_operations, &Operations::reviewersChanged, this, [this] {
+        // The rows stay until the answer is there: an empty list would say that there are none.
+        _allPullRequests.clear();
+        scheduleRefresh(0ms);
+    });
+    connect(
+        &_operations,
+        &Operations::pollingIntervalChanged,
+        this,
+        &PullRequestMenuModel::schedulePolling);
+}
+
+void PullRequestMenuModel::followNotifications()
 {
     connect(
         &_notifications,
@@ -69,15 +109,6 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
         [this](const std::optional<std::string>& error) {
             assign(_settingsError, error, &PullRequestMenuModel::settingsErrorChanged);
         });
-    readLaunchAtLogin();
-    showSnapshot();
-    schedulePolling();
-    _notifications.prepare();
-}
-
-PullRequestMenuModel::~PullRequestMenuModel()
-{
-    _lifetime.request_stop();
 }
 
 template<typename Value>
@@ -106,23 +137,13 @@ void PullRequestMenuModel::showSnapshot()
     _lastRefreshed = snapshot->refreshedAt;
     _hasSnapshot = true;
     _state = {MenuState::Kind::loaded, {}};
-    resetUnconfiguredSelection();
+    _operations.resetUnconfiguredSelection();
     rebuildRows();
 }
 
 void PullRequestMenuModel::rebuildRows()
 {
     assign(_rows, filteredRows(_allPullRequests, _settings), &PullRequestMenuModel::rowsChanged);
-}
-
-/// A first run starts with no repository selected; having been written, the selection is the
-/// user's.
-void PullRequestMenuModel::resetUnconfiguredSelection()
-{
-    if (!_settingsStore.isRepositorySelectionConfigured()) {
-        _settings.selectedRepositories.clear();
-        persistRepositories();
-    }
 }
 
 void PullRequestMenuModel::saveSnapshot()
@@ -259,8 +280,9 @@ void PullRequestMenuModel::accept(FetchedPullRequests fetched)
     const auto previous = std::exchange(_allPullRequests, std::move(fetched.pullRequests));
     assign(
         _repositories, std::move(fetched.repositories), &PullRequestMenuModel::repositoriesChanged);
-    resetUnconfiguredSelection();
+    _operations.resetUnconfiguredSelection();
     rebuildRows();
+    assign(_shortfall, fetched.shortfall, &PullRequestMenuModel::shortfallChanged);
     const Date now = _parts.clock->now();
     assign(_lastRefreshed, now, &PullRequestMenuModel::lastRefreshedChanged);
     _hasSnapshot = true;
@@ -323,108 +345,17 @@ QCoro::Task<> PullRequestMenuModel::refreshWhenIdle(
     }
 }
 
-// Filters and settings
-
-void PullRequestMenuModel::persistRepositories()
-{
-    _settingsStore.setSelectedRepositories(_settings.selectedRepositories);
-    Q_EMIT settingsChanged();
-}
-
-void PullRequestMenuModel::selectionChanged()
-{
-    persistRepositories();
-    rebuildRows();
-    scheduleRefresh(selectionRest);
-}
-
-void PullRequestMenuModel::toggleRepository(const std::string& name)
-{
-    selectRepositories({name}, !_settings.selectedRepositories.contains(name));
-}
+// Settings
 
 void PullRequestMenuModel::selectAllRepositories(bool all)
 {
-    _settings.selectedRepositories.clear();
+    std::set<std::string> names;
     if (all) {
         for (const RepositorySummary& repository : _repositories) {
-            _settings.selectedRepositories.insert(repository.fullName);
+            names.insert(repository.fullName);
         }
     }
-    selectionChanged();
-}
-
-void PullRequestMenuModel::selectRepositories(const std::vector<std::string>& names, bool selected)
-{
-    for (const std::string& name : names) {
-        if (selected) {
-            _settings.selectedRepositories.insert(name);
-        } else {
-            _settings.selectedRepositories.erase(name);
-        }
-    }
-    selectionChanged();
-}
-
-template<typename E>
-void PullRequestMenuModel::toggleFilter(
-    std::set<E> Settings::* filter, E value, void (SettingsStore::*write)(const std::set<E>&))
-{
-    std::set<E>& values = _settings.*filter;
-    if (values.erase(value) == 0) {
-        values.insert(value);
-    }
-    (_settingsStore.*write)(values);
-    rebuildRows();
-    Q_EMIT settingsChanged();
-}
-
-void PullRequestMenuModel::toggleStatus(StatusFilter value)
-{
-    toggleFilter(&Settings::statuses, value, &SettingsStore::setStatuses);
-}
-
-void PullRequestMenuModel::toggleChecks(ChecksFilter value)
-{
-    toggleFilter(&Settings::checks, value, &SettingsStore::setChecks);
-}
-
-void PullRequestMenuModel::toggleReviewFilter(ReviewFilter value)
-{
-    toggleFilter(&Settings::reviewFilters, value, &SettingsStore::setReviewFilters);
-}
-
-void PullRequestMenuModel::toggleMergeability(MergeabilityFilter value)
-{
-    toggleFilter(&Settings::mergeabilities, value, &SettingsStore::setMergeabilities);
-}
-
-void PullRequestMenuModel::setReviewerFilter(ReviewerFilter value)
-{
-    if (value == _settings.reviewerFilter) {
-        return;
-    }
-    _settings.reviewerFilter = value;
-    _settingsStore.setReviewerFilter(value);
-    // The rows stay until the answer is there: an empty list would say that there are none.
-    _allPullRequests.clear();
-    Q_EMIT settingsChanged();
-    scheduleRefresh(0ms);
-}
-
-void PullRequestMenuModel::setPollingInterval(PollingInterval interval)
-{
-    _settings.pollingInterval = interval;
-    _settingsStore.setPollingInterval(interval);
-    Q_EMIT settingsChanged();
-    schedulePolling();
-}
-
-void PullRequestMenuModel::setProjectDirectory(const std::string& directory)
-{
-    _settings.projectDirectory = directory;
-    _settingsStore.setProjectDirectory(directory);
-    Q_EMIT settingsChanged();
+    _operations.setSelectedRepositories(std::move(names));
 }
 
 void PullRequestMenuModel::readLaunchAtLogin()
@@ -475,6 +406,25 @@ void PullRequestMenuModel::dismissRefreshError()
 void PullRequestMenuModel::dismissSettingsError()
 {
     assign(_settingsError, std::nullopt, &PullRequestMenuModel::settingsErrorChanged);
+}
+
+// Leaving the list
+
+void PullRequestMenuModel::recordVisit(const PullRequestID& id)
+{
+    _visits.recordVisit(id);
+    Q_EMIT visitsChanged();
+}
+
+QCoro::Task<std::optional<std::string>> PullRequestMenuModel::openInEditor(
+    PullRequest pullRequest, ProgressSink progress)
+{
+    return Tarnwick::openInEditor(
+        _parts.navigation,
+        _settings.projectDirectory,
+        std::move(pullRequest),
+        std::move(progress),
+        _lifetime.get_token());
 }
 
 }  // namespace Tarnwick

@@ -6,10 +6,12 @@
 #include "Tarnwick/Async/Clock.h"
 #include "Tarnwick/Desktop/LoginItem.h"
 #include "Tarnwick/Desktop/PullRequestNotifying.h"
+#include "Tarnwick/ExternalNavigation.h"
 #include "Tarnwick/Model/Fetch.h"
 #include "Tarnwick/Model/MenuState.h"
 #include "Tarnwick/Model/PullRequestNotifications.h"
 #include "Tarnwick/Model/Settings.h"
+#include "Tarnwick/Model/SettingsOperations.h"
 #include "Tarnwick/Persistence/DefaultsStore.h"
 #include "Tarnwick/Persistence/PullRequestDiskCache.h"
 #include "Tarnwick/Persistence/SnapshotWriter.h"
@@ -40,6 +42,7 @@ public:
         std::shared_ptr<PullRequestNotifying> notifier;
         std::shared_ptr<LoginItem> loginItem;
         std::shared_ptr<Clock> clock;
+        std::shared_ptr<const ExternalNavigation> navigation;
     };
 
     /// Reads and migrates the settings, shows the last snapshot if it was taken for the same
@@ -73,7 +76,21 @@ public:
     /// The filters and settings as they are now.
     const Settings& settings() const { return _settings; }
 
-    VisitStore& visits() { return _visits; }
+    /// Set while the provider knows of more pull requests than it listed.
+    const std::optional<Shortfall>& shortfall() const { return _shortfall; }
+
+    const VisitStore& visits() const { return _visits; }
+
+    /// The user opens the pull request from the list, now.
+    void recordVisit(const PullRequestKit::PullRequestID& id);
+
+    /// The way out of the program, for whoever shows the model.
+    const ExternalNavigation& navigation() const { return *_parts.navigation; }
+
+    /// Opens a worktree on the pull request's head branch in the editor; `progress` is told what is
+    /// done meanwhile. Yields what went wrong as a text for the user, or nothing.
+    QCoro::Task<std::optional<std::string>> openInEditor(
+        PullRequestKit::PullRequest pullRequest, ProgressSink progress);
 
     /// To be called each time the list comes in sight: starts a refresh in place of a running one
     /// that an earlier call started.
@@ -82,21 +99,36 @@ public:
     /// One refresh; returns at once while another one runs. Resumes when it has ended.
     QCoro::Task<> refresh();
 
-    void toggleRepository(const std::string& name);
+    void toggleRepository(const std::string& name) { _operations.toggleRepository(name); }
+
     /// Selects every repository that is known, or none.
     void selectAllRepositories(bool all);
-    void selectRepositories(const std::vector<std::string>& names, bool selected);
 
-    void toggleStatus(StatusFilter value);
-    void toggleChecks(ChecksFilter value);
-    void toggleReviewFilter(ReviewFilter value);
-    void toggleMergeability(MergeabilityFilter value);
+    void selectRepositories(const std::vector<std::string>& names, bool selected)
+    {
+        _operations.selectRepositories(names, selected);
+    }
+
+    void toggleStatus(StatusFilter value) { _operations.toggleStatus(value); }
+
+    void toggleChecks(ChecksFilter value) { _operations.toggleChecks(value); }
+
+    void toggleReviewFilter(ReviewFilter value) { _operations.toggleReviewFilter(value); }
+
+    void toggleMergeability(MergeabilityFilter value) { _operations.toggleMergeability(value); }
 
     /// Fetches anew, because other pull requests are asked for. Nothing happens when the value is
     /// the current one.
-    void setReviewerFilter(ReviewerFilter value);
-    void setPollingInterval(PollingInterval interval);
-    void setProjectDirectory(const std::string& directory);
+    void setReviewerFilter(ReviewerFilter value) { _operations.setReviewerFilter(value); }
+
+    void setPollingInterval(PollingInterval interval) { _operations.setPollingInterval(interval); }
+
+    void setProjectDirectory(const std::string& directory)
+    {
+        _operations.setProjectDirectory(directory);
+    }
+
+    void setDarkMode(bool isDark) { _operations.setDarkMode(isDark); }
 
     void toggleLaunchAtLogin();
     QCoro::Task<> toggleUnblockedNotifications();
@@ -117,6 +149,9 @@ Q_SIGNALS:
     void settingsErrorChanged();
     void refreshErrorChanged();
     void settingsChanged();
+    void darkModeChanged();
+    void shortfallChanged();
+    void visitsChanged();
 
 private:
     template<typename Value>
@@ -127,7 +162,6 @@ private:
 
     void showSnapshot();
     void rebuildRows();
-    void resetUnconfiguredSelection();
     void saveSnapshot();
 
     QCoro::Task<> refreshUntilStopped(std::stop_token stopToken);
@@ -141,16 +175,14 @@ private:
     void scheduleRefresh(std::chrono::milliseconds delay);
     QCoro::Task<> refreshWhenIdle(std::chrono::milliseconds delay, std::stop_token stopToken);
 
-    void persistRepositories();
-    void selectionChanged();
-    template<typename E>
-    void toggleFilter(
-        std::set<E> Settings::* filter, E value, void (SettingsStore::*write)(const std::set<E>&));
+    void followSettings();
+    void followNotifications();
     void readLaunchAtLogin();
 
     Collaborators _parts;
     SettingsStore _settingsStore;
     Settings _settings;
+    SettingsOperations _operations;
     VisitStore _visits;
     SnapshotWriter _snapshotWriter;
     PullRequestNotifications _notifications;
@@ -164,6 +196,7 @@ private:
     bool _launchAtLoginEnabled = false;
     std::optional<std::string> _settingsError;
     std::optional<std::string> _refreshError;
+    std::optional<Shortfall> _shortfall;
 
     std::vector<PullRequestKit::PullRequest> _allPullRequests;
     bool _hasSnapshot = false;

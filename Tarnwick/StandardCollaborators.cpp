@@ -30,7 +30,9 @@ PullRequestMenuModel::Collaborators standardCollaborators(
         .cache = PullRequestDiskCache{},
         .notifier = std::make_shared<SilentNotifier>(),
         .loginItem = std::make_shared<AbsentLoginItem>(),
-        .clock = std::make_shared<SystemClock>()};
+        .clock = std::make_shared<SystemClock>(),
+        .navigation =
+            std::make_shared<ExternalNavigation>(ExternalNavigation::desktop(runner, environment))};
 }
 
 }  // namespace Tarnwick

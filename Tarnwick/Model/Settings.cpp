@@ -60,6 +60,7 @@ Settings SettingsStore::load()
     settings.pollingInterval = loadPollingInterval();
     settings.reviewerFilter = loadReviewerFilter();
     settings.projectDirectory = readText(_defaults, Keys::projectDirectory).value_or("");
+    settings.darkMode = readFlag(_defaults, Keys::darkMode).value_or(false);
     return settings;
 }
 
@@ -184,6 +185,11 @@ void SettingsStore::setUnblockedNotificationsEnabled(bool enabled)
 void SettingsStore::setNewPullRequestNotificationsEnabled(bool enabled)
 {
     writeFlag(_defaults, SettingsKeys::newPullRequestNotifications, enabled);
+}
+
+void SettingsStore::setDarkMode(bool isDark)
+{
+    writeFlag(_defaults, SettingsKeys::darkMode, isDark);
 }
 
 }  // namespace Tarnwick

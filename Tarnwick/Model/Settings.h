@@ -22,6 +22,7 @@ struct Settings {
     std::string projectDirectory;  ///< The folder of the local clones; may be empty.
     bool unblockedNotificationsEnabled = false;
     bool newPullRequestNotificationsEnabled = false;
+    bool darkMode = false;  ///< The panel's appearance.
 
     bool operator==(const Settings&) const = default;
 };
@@ -54,6 +55,7 @@ public:
     void setProjectDirectory(const std::string& path);
     void setUnblockedNotificationsEnabled(bool enabled);
     void setNewPullRequestNotificationsEnabled(bool enabled);
+    void setDarkMode(bool isDark);
 
 private:
     std::set<StatusFilter> loadStatuses();

@@ -17,6 +17,7 @@ inline const QString mergeabilities = QStringLiteral("filters.mergeability");
 inline const QString reviewers = QStringLiteral("filters.reviewers");
 inline const QString pollingInterval = QStringLiteral("polling.interval");
 inline const QString projectDirectory = QStringLiteral("editor.projectDirectory");
+inline const QString darkMode = QStringLiteral("appearance.darkMode");
 
 // Older forms, which are read to be translated and never written.
 inline const QString reviewQuery = QStringLiteral("filters.reviewQuery");

@@ -21,7 +21,13 @@ void ModelTest::start()
 {
     model.reset();
     model = std::make_unique<PullRequestMenuModel>(PullRequestMenuModel::Collaborators{
-        provider, defaults, cache(), notifier, loginItem, clock});
+        provider,
+        defaults,
+        cache(),
+        notifier,
+        loginItem,
+        clock,
+        std::make_shared<ExternalNavigation>(desktop.navigation())});
 }
 
 void ModelTest::selectTools()

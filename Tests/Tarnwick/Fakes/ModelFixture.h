@@ -6,6 +6,7 @@
 #include "Fakes/FakeNotifier.h"
 #include "Fakes/FakeProvider.h"
 #include "Fakes/MemoryDefaultsStore.h"
+#include "Fakes/RecordingSurroundings.h"
 #include "Support/PullRequests.h"
 #include "Tarnwick/PullRequestMenuModel.h"
 
@@ -49,6 +50,7 @@ protected:
     std::shared_ptr<FakeNotifier> notifier = std::make_shared<FakeNotifier>();
     std::shared_ptr<FakeLoginItem> loginItem = std::make_shared<FakeLoginItem>();
     std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
+    RecordingSurroundings desktop;  ///< As it is when the model starts.
     std::unique_ptr<Tarnwick::PullRequestMenuModel> model;
 };
 

@@ -157,12 +157,34 @@ TEST_F(FilterOperations, saysWhyTheLoginItemCouldNotBeChanged)
     EXPECT_EQ(model->settingsError(), std::nullopt);
 }
 
-TEST_F(FilterOperations, rememberVisits)
+TEST_F(FilterOperations, switchDarkModeAndKeepIt)
 {
+    int switched = 0;
+    QObject::connect(
+        model.get(), &Tarnwick::PullRequestMenuModel::darkModeChanged, model.get(), [&] {
+            ++switched;
+        });
+    EXPECT_FALSE(model->settings().darkMode);
+    model->setDarkMode(true);
+    model->setDarkMode(true);
+    EXPECT_TRUE(model->settings().darkMode);
+    EXPECT_EQ(switched, 1);
+    EXPECT_EQ(defaults->values.at(QStringLiteral("appearance.darkMode")), true);
+    start();
+    EXPECT_TRUE(model->settings().darkMode);
+}
+
+TEST_F(FilterOperations, rememberVisitsAndSaySo)
+{
+    int visited = 0;
+    QObject::connect(model.get(), &Tarnwick::PullRequestMenuModel::visitsChanged, model.get(), [&] {
+        ++visited;
+    });
     const auto pullRequest = makePullRequest(1);
     EXPECT_FALSE(model->visits().isVisited(pullRequest));
-    model->visits().recordVisit(pullRequest.id);
+    model->recordVisit(pullRequest.id);
     EXPECT_TRUE(model->visits().isVisited(pullRequest));
+    EXPECT_EQ(visited, 1);
 }
 
 }  // namespace

@@ -275,4 +275,24 @@ TEST_F(Refresh, readsTheLoginItemEachTimeTheListIsOpened)
     ASSERT_TRUE(settle());
 }
 
+TEST_F(Refresh, tellsOfMorePullRequestsThanAreListed)
+{
+    start();
+    int changed = 0;
+    QObject::connect(
+        model.get(), &Tarnwick::PullRequestMenuModel::shortfallChanged, model.get(), [&] {
+            ++changed;
+        });
+    EXPECT_EQ(model->shortfall(), std::nullopt);
+    provider->setPullRequests({makePullRequest(1), makePullRequest(2), makePullRequest(2)});
+    provider->setFound(1240);
+    refresh();
+    EXPECT_EQ(model->shortfall(), (Tarnwick::Shortfall{.found = 1240, .listed = 2}));
+    EXPECT_EQ(changed, 1);
+    provider->setFound(std::nullopt);
+    refresh();
+    EXPECT_EQ(model->shortfall(), std::nullopt);
+    EXPECT_EQ(changed, 2);
+}
+
 }  // namespace
