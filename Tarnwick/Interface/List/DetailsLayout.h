@@ -1,0 +1,35 @@
+#pragma once
+
+#include "Tarnwick/Interface/List/RowWording.h"
+
+#include <functional>
+#include <vector>
+
+namespace Tarnwick {
+
+/// The quiet line below a title, piece by piece. Where room is short the owner goes first, then the
+/// repository is elided in its middle, then the author at the end; number and age always stay.
+struct DetailsLayout {
+    struct Piece {
+        QString text;
+        double left = 0;  ///< From the start of the line, in logical pixels.
+    };
+
+    std::vector<Piece> pieces;
+    bool isElided = false;  ///< Whether something was left out or cut.
+
+    /// What is shown as one text, for tests and screen readers.
+    QString text() const;
+};
+
+/// How texts are measured and cut.
+struct TextMeasure {
+    std::function<double(const QString&)> width;
+    std::function<QString(const QString&, Qt::TextElideMode, double)> elided;
+};
+
+/// `gap` stands on both sides of each "·" and between repository and number.
+DetailsLayout layOutDetails(
+    const RowWording::Details& details, double width, double gap, const TextMeasure& measure);
+
+}  // namespace Tarnwick

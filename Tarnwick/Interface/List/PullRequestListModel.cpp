@@ -1,0 +1,190 @@
+#include "Tarnwick/Interface/List/PullRequestListModel.h"
+
+#include "Tarnwick/Interface/List/RowWording.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
+namespace Tarnwick {
+
+using PullRequestKit::PullRequestID;
+
+namespace {
+
+/// The place of each identity in a list. The list must stay while the map is used.
+template<typename Contents>
+class Places {
+public:
+    explicit Places(const Contents& contents)
+    {
+        _places.reserve(contents.size());
+        int place = 0;
+        for (const auto& content : contents) {
+            _places.emplace(&content->row().id(), place++);
+        }
+    }
+
+    /// -1 when it is not there.
+    int of(const PullRequestID& id) const
+    {
+        const auto found = _places.find(&id);
+        return found == _places.end() ? -1 : found->second;
+    }
+
+private:
+    struct Hash {
+        std::size_t operator()(const PullRequestID* id) const
+        {
+            // Repositories repeat; the number alone tells most rows apart.
+            return std::hash<std::string>()(id->repository) * 31
+                   + static_cast<std::size_t>(id->number);
+        }
+    };
+
+    struct Equal {
+        bool operator()(const PullRequestID* left, const PullRequestID* right) const
+        {
+            return *left == *right;
+        }
+    };
+
+    std::unordered_map<const PullRequestID*, int, Hash, Equal> _places;
+};
+
+}  // namespace
+
+PullRequestListModel::PullRequestListModel(Now now, QObject* parent)
+    : QAbstractListModel(parent)
+    , _now(std::move(now))
+{}
+
+void PullRequestListModel::setRows(std::vector<ListedRow> rows)
+{
+    const Places<Contents> known(_all);
+    Contents contents;
+    contents.reserve(rows.size());
+    _countWidths = {};
+    for (ListedRow& row : rows) {
+        const int place = known.of(row.row.id());
+        const auto& old = place < 0 ? nullptr : _all[static_cast<std::size_t>(place)];
+        contents.push_back(
+            old != nullptr && old->listed() == row
+                ? old
+                : std::make_shared<const RowContent>(std::move(row)));
+        const CountWidths widths = contents.back()->countWidths();
+        _countWidths.reviews = std::max(_countWidths.reviews, widths.reviews);
+        _countWidths.checks = std::max(_countWidths.checks, widths.checks);
+    }
+    std::swap(_all, contents);
+    show(found());
+}
+
+void PullRequestListModel::setFindText(const QString& text)
+{
+    QStringList words = foldedWords(text);
+    if (words != _words) {
+        _words = std::move(words);
+        show(found());
+    }
+}
+
+PullRequestListModel::Contents PullRequestListModel::found() const
+{
+    if (_words.isEmpty()) {
+        return _all;
+    }
+    Contents matching;
+    std::ranges::copy_if(_all, std::back_inserter(matching), [&](const auto& content) {
+        return content->matches(_words);
+    });
+    return matching;
+}
+
+void PullRequestListModel::show(Contents contents)
+{
+    Q_EMIT listAboutToChange();
+    const Places<Contents> places(contents);
+    std::vector<int> targets;
+    targets.reserve(_shown.size());
+    std::ranges::transform(_shown, std::back_inserter(targets), [&](const auto& content) {
+        return places.of(content->row().id());
+    });
+    takeSteps(rowChanges(targets, static_cast<int>(contents.size())), contents);
+    replaceContents(contents);
+    Q_EMIT listChanged();
+}
+
+void PullRequestListModel::takeSteps(const RowChanges& changes, const Contents& wanted)
+{
+    for (const RowRange& range : changes.removals) {
+        beginRemoveRows({}, range.first, range.last);
+        _shown.erase(_shown.begin() + range.first, _shown.begin() + range.last + 1);
+        endRemoveRows();
+    }
+    for (const auto& [from, to] : changes.moves) {
+        beginMoveRows({}, from, from, {}, to > from ? to + 1 : to);
+        const auto moved = _shown.begin() + from;
+        if (to > from) {
+            std::rotate(moved, moved + 1, _shown.begin() + to + 1);
+        } else {
+            std::rotate(_shown.begin() + to, moved, moved + 1);
+        }
+        endMoveRows();
+    }
+    for (const RowRange& range : changes.insertions) {
+        beginInsertRows({}, range.first, range.last);
+        _shown.insert(
+            _shown.begin() + range.first,
+            wanted.begin() + range.first,
+            wanted.begin() + range.last + 1);
+        endInsertRows();
+    }
+}
+
+void PullRequestListModel::replaceContents(const Contents& wanted)
+{
+    std::vector<int> changed;
+    for (std::size_t row = 0; row < wanted.size(); ++row) {
+        if (_shown[row] != wanted[row]) {
+            _shown[row] = wanted[row];
+            changed.push_back(static_cast<int>(row));
+        }
+    }
+    for (const RowRange& range : ranges(changed)) {
+        Q_EMIT dataChanged(index(range.first), index(range.last));
+    }
+}
+
+QModelIndex PullRequestListModel::indexOf(const PullRequestID& id) const
+{
+    const auto found = std::ranges::find_if(
+        _shown, [&](const auto& content) { return content->row().id() == id; });
+    return found == _shown.end() ? QModelIndex() : index(static_cast<int>(found - _shown.begin()));
+}
+
+int PullRequestListModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(_shown.size());
+}
+
+QVariant PullRequestListModel::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+        return {};
+    }
+    const RowContent& row = content(index);
+    switch (role) {
+    case Qt::DisplayRole:
+        return row.title();
+    case Qt::AccessibleTextRole:
+        return RowWording::accessibilityLabel(row.pullRequest());
+    case Qt::AccessibleDescriptionRole:
+        return RowWording::detailsText(
+            RowWording::details(row.pullRequest(), now(), QTimeZone::systemTimeZone()));
+    default:
+        return {};
+    }
+}
+
+}  // namespace Tarnwick

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "PullRequestKit/PullRequest.h"
+#include "Tarnwick/Interface/Look/Palette.h"
+
+#include <QColor>
+
+namespace Tarnwick {
+
+/// The colours that tell a pull request's state. Green, red, purple and draft grey are the same in
+/// both appearances.
+namespace RowColors {
+
+inline const QColor green = QColor::fromRgbF(0.102F, 0.498F, 0.216F);
+inline const QColor red = QColor::fromRgbF(0.812F, 0.133F, 0.18F);
+inline const QColor purple = QColor::fromRgbF(0.51F, 0.314F, 0.875F);
+inline const QColor draftGrey = QColor::fromRgbF(0.396F, 0.427F, 0.463F);
+
+QColor stateColor(const PullRequestKit::PullRequest& pullRequest);
+
+QColor reviewColor(PullRequestKit::ReviewState state, const Palette& palette);
+
+/// A failure shows before everything else has ended.
+QColor checkColor(const PullRequestKit::ProgressCount& checks, const Palette& palette);
+
+/// Whether small figures of this colour are hard to read on a dark surface, so that whoever asks
+/// for more contrast gets them in white on a plate of the colour.
+bool wantsPlate(const QColor& color);
+
+}  // namespace RowColors
+
+}  // namespace Tarnwick

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "PullRequestKit/PullRequestRow.h"
+#include "Tarnwick/Interface/List/RowGeometry.h"
+
+#include <QString>
+
+namespace Tarnwick {
+
+/// A row of the menu and whether the user has seen the pull request as it is now.
+struct ListedRow {
+    PullRequestKit::PullRequestRow row;
+    bool isVisited = false;
+
+    bool operator==(const ListedRow&) const = default;
+};
+
+/// A listed row with its words made ready, so that painting and searching need not do it again.
+class RowContent {
+public:
+    explicit RowContent(ListedRow listed);
+
+    const PullRequestKit::PullRequestRow& row() const { return _listed.row; }
+
+    const PullRequestKit::PullRequest& pullRequest() const { return _listed.row.pullRequest; }
+
+    bool isVisited() const { return _listed.isVisited; }
+
+    const ListedRow& listed() const { return _listed; }
+
+    const QString& title() const { return _title; }
+
+    /// Empty where the row has none.
+    const QString& warning() const { return _warning; }
+
+    const QString& reviewLabel() const { return _reviewLabel; }
+
+    const QString& checkLabel() const { return _checkLabel; }
+
+    CountWidths countWidths() const;
+
+    /// "stack" or "git-pull-request".
+    QString stateIconName() const;
+
+    /// Whether each of the words, which are folded, is in the title, the repository, the author or
+    /// a branch.
+    bool matches(const QStringList& foldedWords) const;
+
+private:
+    ListedRow _listed;
+    QString _title;
+    QString _warning;
+    QString _reviewLabel;
+    QString _checkLabel;
+    mutable QString _searchText;
+};
+
+/// A text as searching compares it: without case and accents.
+QString folded(const QString& text);
+
+/// The words of what somebody types to find something, folded.
+QStringList foldedWords(const QString& text);
+
+}  // namespace Tarnwick

@@ -1,0 +1,136 @@
+#include "Tarnwick/Interface/List/RowWording.h"
+
+#include <QDateTime>
+#include <QLocale>
+#include <QStringList>
+
+namespace Tarnwick::RowWording {
+namespace {
+
+using namespace PullRequestKit;
+using namespace std::chrono_literals;
+
+constexpr QChar firstStrongIsolate(0x2068);
+constexpr QChar popDirectionalIsolate(0x2069);
+
+QString stateWord(PullRequestState state)
+{
+    switch (state) {
+    case PullRequestState::open:
+        return QStringLiteral("Open");
+    case PullRequestState::closed:
+        return QStringLiteral("Closed");
+    case PullRequestState::merged:
+        return QStringLiteral("Merged");
+    }
+    return {};
+}
+
+QString calendarAge(Date instant, Date now, const QTimeZone& zone)
+{
+    const auto local = [&](Date date) {
+        return QDateTime::fromSecsSinceEpoch(date.time_since_epoch().count(), zone).date();
+    };
+    const QDate day = local(instant);
+    const bool isThisYear = day.year() == local(now).year();
+    return QLocale::c().toString(
+        day, isThisYear ? QStringLiteral("d MMM") : QStringLiteral("MMM yyyy"));
+}
+
+}  // namespace
+
+QString stateDescription(const PullRequest& pullRequest)
+{
+    const QString word =
+        pullRequest.isDraft ? QStringLiteral("Draft") : stateWord(pullRequest.state);
+    return word + QStringLiteral(" pull request");
+}
+
+QString stateHelpText(const PullRequestRow& row)
+{
+    const QString description = stateDescription(row.pullRequest);
+    const bool isStacked = row.depth > 0 || row.hasChildren;
+    return isStacked ? QStringLiteral("Stacked ") + description : description;
+}
+
+QString reviewPhrase(ReviewState state)
+{
+    switch (state) {
+    case ReviewState::none:
+        return QStringLiteral("No reviewers");
+    case ReviewState::pending:
+        return QStringLiteral("Reviews pending");
+    case ReviewState::approved:
+        return QStringLiteral("All reviews approved");
+    case ReviewState::commented:
+        return QStringLiteral("Reviews commented");
+    case ReviewState::changesRequested:
+        return QStringLiteral("Changes requested");
+    }
+    return {};
+}
+
+QString accessibilityLabel(const PullRequest& pullRequest)
+{
+    const QString comma = QStringLiteral(", ");
+    const QString conflict =
+        pullRequest.hasMergeConflict() ? QStringLiteral("merge conflict, ") : QString();
+    return QString::fromStdString(pullRequest.title) + comma + stateDescription(pullRequest) + comma
+           + conflict + reviewPhrase(pullRequest.reviewState) + comma
+           + QString::fromStdString(pullRequest.checks.label()) + QStringLiteral(" checks");
+}
+
+QString reviewHelpText(const PullRequest& pullRequest)
+{
+    return QString::fromStdString(pullRequest.reviewCountTooltip());
+}
+
+QString age(Date instant, Date now, const QTimeZone& zone)
+{
+    const auto elapsed = now - instant;
+    if (elapsed < 1min) {
+        return QStringLiteral("now");
+    }
+    if (elapsed < 1h) {
+        return QString::number(elapsed / 1min) + QLatin1Char('m');
+    }
+    if (elapsed < std::chrono::days(1)) {
+        return QString::number(elapsed / 1h) + QLatin1Char('h');
+    }
+    if (elapsed < std::chrono::weeks(1)) {
+        return QString::number(elapsed / std::chrono::days(1)) + QLatin1Char('d');
+    }
+    if (elapsed < std::chrono::weeks(4)) {
+        return QString::number(elapsed / std::chrono::weeks(1)) + QLatin1Char('w');
+    }
+    return calendarAge(instant, now, zone);
+}
+
+Details details(const PullRequest& pullRequest, Date now, const QTimeZone& zone)
+{
+    const QString name = QString::fromStdString(pullRequest.id.repository);
+    const auto ownerLength = name.indexOf(QLatin1Char('/')) + 1;
+    return {
+        .isDraft = pullRequest.isDraft,
+        .owner = name.left(ownerLength),
+        .repository = name.mid(ownerLength),
+        .number = QLatin1Char('#') + QString::number(pullRequest.id.number),
+        .author = QString::fromStdString(pullRequest.author),
+        .age = age(pullRequest.updatedAt, now, zone)};
+}
+
+QString detailsText(const Details& details)
+{
+    QStringList pieces;
+    if (details.isDraft) {
+        pieces.append(QStringLiteral("Draft"));
+    }
+    pieces.append(details.owner + details.repository + QLatin1Char(' ') + details.number);
+    if (!details.author.isEmpty()) {
+        pieces.append(firstStrongIsolate + details.author + popDirectionalIsolate);
+    }
+    pieces.append(details.age);
+    return pieces.join(QStringLiteral(" · "));
+}
+
+}  // namespace Tarnwick::RowWording

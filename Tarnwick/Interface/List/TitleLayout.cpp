@@ -1,0 +1,96 @@
+#include "Tarnwick/Interface/List/TitleLayout.h"
+
+#include "Tarnwick/Interface/Look/Painting.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QTextOption>
+
+namespace Tarnwick {
+namespace {
+
+/// Wider than any line: a line that is cut to fit already must not break again.
+constexpr double endless = 1 << 20;
+
+QTextOption optionFor(bool isRightToLeft)
+{
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setTextDirection(isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    // Lines are moved to the right where they are drawn: the last one may have no edge there.
+    option.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
+    return option;
+}
+
+}  // namespace
+
+TitleLayout::TitleLayout(const QString& title, const LineStyle& style, int width)
+    : _style(style)
+    , _layout(title, style.font)
+    , _width(width)
+    , _isRightToLeft(title.isRightToLeft())
+{
+    _layout.setCacheEnabled(true);
+    _layout.setTextOption(optionFor(_isRightToLeft));
+    _layout.beginLayout();
+    QTextLine line = _layout.createLine();
+    while (line.isValid()) {
+        line.setLineWidth(width);
+        if (_layout.lineCount() == mostLines) {
+            break;
+        }
+        line = _layout.createLine();
+    }
+    _layout.endLayout();
+    if (_layout.lineCount() == mostLines) {
+        elideLastLine(title, width);
+    }
+}
+
+void TitleLayout::elideLastLine(const QString& title, double width)
+{
+    const QTextLine last = _layout.lineAt(mostLines - 1);
+    const auto start = last.textStart();
+    if (start + last.textLength() >= title.size()) {
+        return;
+    }
+    const QString rest =
+        QFontMetricsF(_style.font).elidedText(title.mid(start), Qt::ElideRight, width);
+    _isElided = true;
+    _layout.setText(title.left(start) + rest);
+    _layout.beginLayout();
+    _layout.createLine().setNumColumns(start, width);
+    _layout.createLine().setLineWidth(endless);
+    _layout.endLayout();
+}
+
+void TitleLayout::draw(QPainter& painter, const QPointF& topLeft, const QColor& color) const
+{
+    painter.setPen(color);
+    double top = topLeft.y();
+    for (int number = 0; number < lineCount(); ++number) {
+        const QTextLine line = _layout.lineAt(number);
+        const double free = _isRightToLeft ? _width - line.naturalTextWidth() : 0;
+        const QPointF origin =
+            Painting::aligned(painter, QRectF(topLeft.x() + free, top + _style.baseline, 0, 0))
+                .topLeft();
+        line.draw(&painter, origin - QPointF(0, line.ascent()) - line.position());
+        top += _style.height;
+    }
+}
+
+QString titleText(const std::string& title)
+{
+    QString text = QString::fromStdString(title);
+    for (QChar& character : text) {
+        const bool breaks = character == QChar::LineSeparator
+                            || character == QChar::ParagraphSeparator
+                            || character.category() == QChar::Other_Control;
+        if (breaks) {
+            character = QLatin1Char(' ');
+        }
+    }
+    return text;
+}
+
+}  // namespace Tarnwick

@@ -1,0 +1,155 @@
+#include "Tarnwick/Interface/List/RowWording.h"
+
+#include "Support/PullRequests.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace PullRequestKit;
+using namespace Qt::StringLiterals;
+using namespace Tarnwick;
+using TestSupport::date;
+using TestSupport::makePullRequest;
+
+PullRequest inState(PullRequestState state, bool isDraft = false)
+{
+    PullRequest pullRequest = makePullRequest(1);
+    pullRequest.state = state;
+    pullRequest.isDraft = isDraft;
+    return pullRequest;
+}
+
+QString ageAt(std::string_view instant, std::string_view now, const QByteArray& zone = "UTC")
+{
+    return RowWording::age(date(instant), date(now), QTimeZone(zone));
+}
+
+TEST(RowWording, describesTheStateByItsCapitalisedWord)
+{
+    EXPECT_EQ(
+        RowWording::stateDescription(inState(PullRequestState::open)), u"Open pull request"_s);
+    EXPECT_EQ(
+        RowWording::stateDescription(inState(PullRequestState::closed)), u"Closed pull request"_s);
+    EXPECT_EQ(
+        RowWording::stateDescription(inState(PullRequestState::merged)), u"Merged pull request"_s);
+}
+
+TEST(RowWording, describesAClosedDraftAsADraft)
+{
+    EXPECT_EQ(
+        RowWording::stateDescription(inState(PullRequestState::closed, true)),
+        u"Draft pull request"_s);
+}
+
+TEST(RowWording, helpOfTheStateSaysStackedForEveryRowOfAStack)
+{
+    const PullRequest open = inState(PullRequestState::open);
+    EXPECT_EQ(RowWording::stateHelpText({open, 0, false, {}}), u"Open pull request"_s);
+    EXPECT_EQ(RowWording::stateHelpText({open, 0, true, {}}), u"Stacked Open pull request"_s);
+    EXPECT_EQ(RowWording::stateHelpText({open, 2, false, {}}), u"Stacked Open pull request"_s);
+}
+
+TEST(RowWording, hasAPhraseForEveryReviewState)
+{
+    EXPECT_EQ(RowWording::reviewPhrase(ReviewState::none), u"No reviewers"_s);
+    EXPECT_EQ(RowWording::reviewPhrase(ReviewState::pending), u"Reviews pending"_s);
+    EXPECT_EQ(RowWording::reviewPhrase(ReviewState::approved), u"All reviews approved"_s);
+    EXPECT_EQ(RowWording::reviewPhrase(ReviewState::commented), u"Reviews commented"_s);
+    EXPECT_EQ(RowWording::reviewPhrase(ReviewState::changesRequested), u"Changes requested"_s);
+}
+
+TEST(RowWording, readsTheRowAsOneSentence)
+{
+    PullRequest pullRequest = inState(PullRequestState::open);
+    pullRequest.title = "Fix login";
+    pullRequest.mergeability = PullRequestMergeability::conflicting;
+    pullRequest.reviewState = ReviewState::changesRequested;
+    pullRequest.checks = {2, 3, 0};
+    EXPECT_EQ(
+        RowWording::accessibilityLabel(pullRequest),
+        u"Fix login, Open pull request, merge conflict, Changes requested, 2/3 checks"_s);
+}
+
+TEST(RowWording, readsNothingOfConflictsWhereThereIsNone)
+{
+    PullRequest pullRequest = inState(PullRequestState::merged);
+    pullRequest.title = "Fix login";
+    pullRequest.mergeability = PullRequestMergeability::unknown;
+    EXPECT_EQ(
+        RowWording::accessibilityLabel(pullRequest),
+        u"Fix login, Merged pull request, No reviewers, 0/0 checks"_s);
+}
+
+TEST(RowWording, helpOfTheBadgesExplainsTheirCounts)
+{
+    PullRequest pullRequest = makePullRequest(1);
+    EXPECT_EQ(RowWording::reviewHelpText(pullRequest), u"Completed/Total Reviewers"_s);
+    pullRequest.requiredApprovingReviewCount = 2;
+    EXPECT_EQ(RowWording::reviewHelpText(pullRequest), u"Completed/Required/Total Reviewers"_s);
+    EXPECT_EQ(RowWording::checkHelpText, u"Checks passed / total checks"_s);
+    EXPECT_EQ(RowWording::conflictHelpText, u"Merge conflict"_s);
+    EXPECT_EQ(RowWording::openHelpText, u"Opens this pull request in your browser"_s);
+}
+
+TEST(RowWording, agesGrowFromNowToWeeks)
+{
+    const auto now = "2025-06-20T12:00:00Z";
+    EXPECT_EQ(ageAt("2025-06-20T11:59:01Z", now), u"now"_s);
+    EXPECT_EQ(ageAt("2025-06-20T11:59:00Z", now), u"1m"_s);
+    EXPECT_EQ(ageAt("2025-06-20T11:12:00Z", now), u"48m"_s);
+    EXPECT_EQ(ageAt("2025-06-20T11:00:01Z", now), u"59m"_s);
+    EXPECT_EQ(ageAt("2025-06-20T09:00:00Z", now), u"3h"_s);
+    EXPECT_EQ(ageAt("2025-06-19T12:00:01Z", now), u"23h"_s);
+    EXPECT_EQ(ageAt("2025-06-14T12:00:00Z", now), u"6d"_s);
+    EXPECT_EQ(ageAt("2025-06-13T12:00:00Z", now), u"1w"_s);
+    EXPECT_EQ(ageAt("2025-05-23T12:00:01Z", now), u"3w"_s);
+}
+
+TEST(RowWording, agesOfFourWeeksAndMoreAreDaysAndThenMonths)
+{
+    const auto now = "2025-06-20T12:00:00Z";
+    EXPECT_EQ(ageAt("2025-05-23T12:00:00Z", now), u"23 May"_s);
+    EXPECT_EQ(ageAt("2025-03-12T08:00:00Z", now), u"12 Mar"_s);
+    EXPECT_EQ(ageAt("2025-01-01T00:00:00Z", now), u"1 Jan"_s);
+    EXPECT_EQ(ageAt("2024-12-31T23:59:59Z", now), u"Dec 2024"_s);
+    EXPECT_EQ(ageAt("2025-03-12T08:00:00Z", "2026-01-02T00:00:00Z"), u"Mar 2025"_s);
+}
+
+TEST(RowWording, daysAreThoseOfTheUsersTimeZone)
+{
+    const auto now = "2025-06-20T12:00:00Z";
+    EXPECT_EQ(ageAt("2025-03-12T23:30:00Z", now, "Europe/Berlin"), u"13 Mar"_s);
+    EXPECT_EQ(ageAt("2025-01-01T02:00:00Z", now, "America/New_York"), u"Dec 2024"_s);
+}
+
+TEST(RowWording, anInstantToComeIsNow)
+{
+    EXPECT_EQ(ageAt("2025-06-20T12:05:00Z", "2025-06-20T12:00:00Z"), u"now"_s);
+}
+
+TEST(RowWording, detailsNameRepositoryNumberAuthorAndAge)
+{
+    PullRequest pullRequest = makePullRequest(482);
+    pullRequest.id.repository = "northmere/quay";
+    pullRequest.author = "mira-k";
+    pullRequest.updatedAt = date("2025-06-20T09:00:00Z");
+    const RowWording::Details details =
+        RowWording::details(pullRequest, date("2025-06-20T12:00:00Z"), QTimeZone::utc());
+    EXPECT_EQ(
+        details,
+        (RowWording::Details{false, u"northmere/"_s, u"quay"_s, u"#482"_s, u"mira-k"_s, u"3h"_s}));
+    EXPECT_EQ(RowWording::detailsText(details), u"northmere/quay #482 · \u2068mira-k\u2069 · 3h"_s);
+}
+
+TEST(RowWording, detailsOfDraftsBeginWithTheWord)
+{
+    PullRequest pullRequest = inState(PullRequestState::open, true);
+    pullRequest.updatedAt = date("2025-06-20T11:12:00Z");
+    EXPECT_EQ(
+        RowWording::detailsText(
+            RowWording::details(pullRequest, date("2025-06-20T12:00:00Z"), QTimeZone::utc())),
+        u"Draft · octo/tools #1 · \u2068octo\u2069 · 48m"_s);
+}
+
+}  // namespace
