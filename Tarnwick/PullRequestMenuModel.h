@@ -73,6 +73,9 @@ public:
 
     const std::optional<std::string>& refreshError() const { return _refreshError; }
 
+    /// The time of day that everything in the list is reckoned from.
+    PullRequestKit::Date now() const { return _parts.clock->now(); }
+
     /// The filters and settings as they are now.
     const Settings& settings() const { return _settings; }
 

@@ -7,6 +7,7 @@ option(TARNWICK_BENCHMARKS "Build the benchmarks" OFF)
 option(TARNWICK_FUZZERS "Build the libFuzzer targets (Clang only)" OFF)
 option(TARNWICK_HEADER_CHECK "Compile every header on its own" OFF)
 option(TARNWICK_PRECOMPILE "Use precompiled headers" ON)
+set(TARNWICK_WEB_SITE "https://tarnwick.dev" CACHE STRING "The product's web site")
 set(TARNWICK_SANITIZERS "" CACHE STRING "Sanitizers for every target, such as address,undefined")
 
 set(CMAKE_CXX_STANDARD 20)

@@ -8,7 +8,7 @@ class Appearance;
 
 /// A menu of the program. Choosing an item that can be checked leaves it open, so that several can
 /// be changed at one go.
-class Menu final : public QMenu {
+class Menu : public QMenu {
     Q_OBJECT
 
 public:

@@ -58,12 +58,12 @@ std::optional<seconds> untilUpdatedChanges(Date refreshed, Date now)
     return std::nullopt;
 }
 
-QString truncated(std::int64_t found, std::size_t listed)
+QString truncated(std::int64_t found, std::int64_t listed)
 {
     return QStringLiteral("GitHub found %1 pull requests; %2 are listed.")
         .arg(
             english().toString(static_cast<qlonglong>(found)),
-            english().toString(static_cast<qulonglong>(listed)));
+            english().toString(static_cast<qlonglong>(listed)));
 }
 
 }  // namespace Tarnwick::PanelWording

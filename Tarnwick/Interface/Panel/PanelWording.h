@@ -26,7 +26,7 @@ std::optional<std::chrono::seconds> untilUpdatedChanges(
 
 /// That GitHub found more than it gives, such as "GitHub found 1,240 pull requests; 1,000 are
 /// listed."
-QString truncated(std::int64_t found, std::size_t listed);
+QString truncated(std::int64_t found, std::int64_t listed);
 
 }  // namespace PanelWording
 

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Tarnwick/Interface/Panel/PanelContent.h"
+#include "Tarnwick/PullRequestMenuModel.h"
+
+#include <QStackedWidget>
+
+namespace Tarnwick {
+
+class Appearance;
+class AuthenticationPanel;
+class StatusPanel;
+
+/// What stands between header and footer, chosen by the model's state.
+class ContentArea final : public QStackedWidget {
+    Q_OBJECT
+
+public:
+    /// `list` shows the rows; the area takes it over.
+    ContentArea(
+        PullRequestMenuModel& model, QWidget* list, const Appearance& appearance, QWidget* parent);
+
+    bool showsList() const { return currentWidget() == _list; }
+
+Q_SIGNALS:
+    void repositoriesRequested();
+
+private:
+    void update();
+
+    PullRequestMenuModel& _model;
+    QWidget* _list;
+    StatusPanel* _status;
+    AuthenticationPanel* _authentication;
+};
+
+}  // namespace Tarnwick

@@ -1,0 +1,163 @@
+#include "Tarnwick/Interface/Panel/OptionsMenu.h"
+
+#include <string_view>
+
+namespace Tarnwick {
+namespace {
+
+QString titleOf(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+OptionsMenu::OptionsMenu(PullRequestMenuModel& model, const Appearance& appearance, QWidget* parent)
+    : Menu(QStringLiteral("List options"), appearance, parent)
+    , _model(model)
+{
+    setObjectName(QStringLiteral("optionsMenu"));
+    setAccessibleName(title());
+    // The divider above "Filters" stays although the label is one, too.
+    setSeparatorsCollapsible(false);
+
+    addAction(QStringLiteral("Reload\tR"), this, &OptionsMenu::reloadRequested);
+    addPolling();
+    addNotifications();
+    addSettings();
+    addSeparator();
+    addSection(QStringLiteral("Filters"));
+    addAction(QStringLiteral("Repositories"), this, &OptionsMenu::repositoriesRequested);
+    addFilters();
+    addSeparator();
+    _checkForUpdates =
+        addAction(QStringLiteral("Check for Updates…"), this, [this] { _updateCheck(); });
+    _checkForUpdates->setVisible(false);
+    addAction(QStringLiteral("Help"), this, &OptionsMenu::helpRequested);
+    addAction(QStringLiteral("Quit"), this, &OptionsMenu::quitRequested);
+
+    connect(&model, &PullRequestMenuModel::settingsChanged, this, &OptionsMenu::updateCheckMarks);
+    connect(
+        &model,
+        &PullRequestMenuModel::launchAtLoginEnabledChanged,
+        this,
+        &OptionsMenu::updateCheckMarks);
+    updateCheckMarks();
+}
+
+void OptionsMenu::setUpdateCheck(bool canCheckForUpdates, std::function<void()> checkForUpdates)
+{
+    _updateCheck = std::move(checkForUpdates);
+    _checkForUpdates->setVisible(static_cast<bool>(_updateCheck));
+    _checkForUpdates->setEnabled(canCheckForUpdates);
+}
+
+void OptionsMenu::addChoice(
+    Menu& menu,
+    const QString& title,
+    std::function<bool()> isChecked,
+    const std::function<void()>& choose)
+{
+    QAction* const action = menu.addAction(title);
+    action->setCheckable(true);
+    _choices.push_back({action, std::move(isChecked)});
+    connect(action, &QAction::triggered, this, [this, choose] {
+        choose();
+        // Qt has turned the mark over already; what was chosen may not have come about.
+        updateCheckMarks();
+    });
+}
+
+template<typename E, typename IsChosen, typename Choose>
+void OptionsMenu::addChoices(const QString& title, IsChosen isChosen, Choose choose)
+{
+    Menu* const menu = addSubmenu(title);
+    for (const auto& [value, name] : PullRequestKit::EnumNames<E>::names) {
+        addChoice(
+            *menu,
+            titleOf(name),
+            [isChosen, value = value] { return isChosen(value); },
+            [choose, value = value] { choose(value); });
+    }
+}
+
+template<typename E>
+void OptionsMenu::addFilter(
+    const QString& title, std::set<E> Settings::* filter, void (PullRequestMenuModel::*toggle)(E))
+{
+    addChoices<E>(
+        title,
+        [this, filter](E value) { return (_model.settings().*filter).contains(value); },
+        [this, toggle](E value) { (_model.*toggle)(value); });
+}
+
+void OptionsMenu::addPolling()
+{
+    Menu* const menu = addSubmenu(QStringLiteral("Polling"));
+    for (const PollingInterval interval : pollingIntervals) {
+        addChoice(
+            *menu,
+            titleOf(labelOf(interval)),
+            [this, interval] { return _model.settings().pollingInterval == interval; },
+            [this, interval] { _model.setPollingInterval(interval); });
+    }
+}
+
+void OptionsMenu::addNotifications()
+{
+    Menu* const menu = addSubmenu(QStringLiteral("Notifications"));
+    addChoice(
+        *menu,
+        QStringLiteral("New PR"),
+        [this] { return _model.settings().newPullRequestNotificationsEnabled; },
+        [this] { _model.toggleNewPullRequestNotifications(); });
+    addChoice(
+        *menu,
+        QStringLiteral("Unblocked"),
+        [this] { return _model.settings().unblockedNotificationsEnabled; },
+        [this] { _model.toggleUnblockedNotifications(); });
+}
+
+void OptionsMenu::addSettings()
+{
+    Menu* const menu = addSubmenu(QStringLiteral("Settings"));
+    addChoice(
+        *menu,
+        QStringLiteral("Open at Login"),
+        [this] { return _model.launchAtLoginEnabled(); },
+        [this] { _model.toggleLaunchAtLogin(); });
+    addChoice(
+        *menu,
+        QStringLiteral("Dark Mode"),
+        [this] { return _model.settings().darkMode; },
+        [this] { _model.setDarkMode(!_model.settings().darkMode); });
+}
+
+void OptionsMenu::addFilters()
+{
+    addChoices<ReviewerFilter>(
+        QStringLiteral("Reviewers"),
+        [this](ReviewerFilter value) { return _model.settings().reviewerFilter == value; },
+        [this](ReviewerFilter value) { _model.setReviewerFilter(value); });
+    addFilter<StatusFilter>(
+        QStringLiteral("Status"), &Settings::statuses, &PullRequestMenuModel::toggleStatus);
+    addFilter<ChecksFilter>(
+        QStringLiteral("Checks"), &Settings::checks, &PullRequestMenuModel::toggleChecks);
+    addFilter<ReviewFilter>(
+        QStringLiteral("Reviews"),
+        &Settings::reviewFilters,
+        &PullRequestMenuModel::toggleReviewFilter);
+    addFilter<MergeabilityFilter>(
+        QStringLiteral("Merge-ready"),
+        &Settings::mergeabilities,
+        &PullRequestMenuModel::toggleMergeability);
+}
+
+void OptionsMenu::updateCheckMarks()
+{
+    for (const Choice& choice : _choices) {
+        choice.action->setChecked(choice.isChecked());
+    }
+}
+
+}  // namespace Tarnwick

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Tarnwick/Interface/Controls/Menu.h"
+#include "Tarnwick/PullRequestMenuModel.h"
+
+#include <functional>
+#include <vector>
+
+namespace Tarnwick {
+
+/// The panel's menu: what the list does, what it leaves out, and the program itself. Its check
+/// marks follow the model.
+class OptionsMenu final : public Menu {
+    Q_OBJECT
+
+public:
+    OptionsMenu(PullRequestMenuModel& model, const Appearance& appearance, QWidget* parent);
+
+    /// Without an action there is no "Check for Updates…".
+    void setUpdateCheck(bool canCheckForUpdates, std::function<void()> checkForUpdates);
+
+Q_SIGNALS:
+    void reloadRequested();
+    void repositoriesRequested();
+    void helpRequested();
+    void quitRequested();
+
+private:
+    /// An item whose check mark says what `isChecked` says.
+    void addChoice(
+        Menu& menu,
+        const QString& title,
+        std::function<bool()> isChecked,
+        const std::function<void()>& choose);
+    /// A submenu of the values of an enumeration.
+    template<typename E, typename IsChosen, typename Choose>
+    void addChoices(const QString& title, IsChosen isChosen, Choose choose);
+    /// A submenu of the values of a filter, each of which is in it or not.
+    template<typename E>
+    void addFilter(
+        const QString& title,
+        std::set<E> Settings::* filter,
+        void (PullRequestMenuModel::*toggle)(E));
+
+    void addPolling();
+    void addNotifications();
+    void addSettings();
+    void addFilters();
+    void updateCheckMarks();
+
+    struct Choice {
+        QAction* action;
+        std::function<bool()> isChecked;
+    };
+
+    PullRequestMenuModel& _model;
+    std::vector<Choice> _choices;
+    QAction* _checkForUpdates;
+    std::function<void()> _updateCheck;
+};
+
+}  // namespace Tarnwick

@@ -1,0 +1,66 @@
+#include "Tarnwick/Interface/Panel/StripStack.h"
+
+#include "Tarnwick/Interface/Panel/PanelWording.h"
+#include "Tarnwick/Interface/Panel/Strip.h"
+
+#include <QVBoxLayout>
+
+namespace Tarnwick {
+namespace {
+
+QString textOf(const std::optional<std::string>& text)
+{
+    return text ? QString::fromStdString(*text) : QString();
+}
+
+}  // namespace
+
+StripStack::StripStack(PullRequestMenuModel& model, const Appearance& appearance, QWidget* parent)
+    : QWidget(parent)
+    , _model(model)
+    , _refreshError(new Strip(Strip::Tone::error, QStringLiteral("refreshError"), appearance, this))
+    , _settingsError(
+          new Strip(Strip::Tone::error, QStringLiteral("settingsError"), appearance, this))
+    , _shortfall(new Strip(Strip::Tone::quiet, QStringLiteral("shortfall"), appearance, this))
+{
+    setObjectName(QStringLiteral("strips"));
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    for (Strip* const strip : {_refreshError, _settingsError, _shortfall}) {
+        layout->addWidget(strip);
+    }
+    _refreshError->setAction(QStringLiteral("Try Again"));
+    connect(_refreshError, &Strip::actionTriggered, this, [this] { _model.refresh(); });
+    connect(_refreshError, &Strip::dismissed, &model, &PullRequestMenuModel::dismissRefreshError);
+    connect(_settingsError, &Strip::dismissed, &model, &PullRequestMenuModel::dismissSettingsError);
+    connect(_shortfall, &Strip::dismissed, this, [this] { _shortfall->setText({}); });
+
+    connect(
+        &model, &PullRequestMenuModel::refreshErrorChanged, this, &StripStack::showRefreshError);
+    connect(
+        &model, &PullRequestMenuModel::settingsErrorChanged, this, &StripStack::showSettingsError);
+    connect(&model, &PullRequestMenuModel::shortfallChanged, this, &StripStack::showShortfall);
+    showRefreshError();
+    showSettingsError();
+    showShortfall();
+}
+
+void StripStack::showRefreshError()
+{
+    _refreshError->setText(textOf(_model.refreshError()));
+}
+
+void StripStack::showSettingsError()
+{
+    _settingsError->setText(textOf(_model.settingsError()));
+}
+
+void StripStack::showShortfall()
+{
+    const auto& shortfall = _model.shortfall();
+    _shortfall->setText(
+        shortfall ? PanelWording::truncated(shortfall->found, shortfall->listed) : QString());
+}
+
+}  // namespace Tarnwick

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Tarnwick/PullRequestMenuModel.h"
+
+#include <QWidget>
+
+namespace Tarnwick {
+
+class Appearance;
+class Strip;
+
+/// The strips above the footer: what went wrong with the refresh and with a setting, and what
+/// GitHub left out. At most one of each.
+class StripStack final : public QWidget {
+    Q_OBJECT
+
+public:
+    StripStack(PullRequestMenuModel& model, const Appearance& appearance, QWidget* parent);
+
+private:
+    void showRefreshError();
+    void showSettingsError();
+    void showShortfall();
+
+    PullRequestMenuModel& _model;
+    Strip* _refreshError;
+    Strip* _settingsError;
+    Strip* _shortfall;
+};
+
+}  // namespace Tarnwick

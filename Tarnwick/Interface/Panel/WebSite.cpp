@@ -1,0 +1,17 @@
+#include "Tarnwick/Interface/Panel/WebSite.h"
+
+#include <QUrl>
+
+namespace Tarnwick {
+
+PullRequestKit::Url webSite()
+{
+    return {TARNWICK_WEB_SITE};
+}
+
+QString webSiteHelpText()
+{
+    return QStringLiteral("Open ") + QUrl(QString::fromStdString(webSite().text)).host();
+}
+
+}  // namespace Tarnwick
