@@ -1,11 +1,12 @@
+#include "TarnwickDirect/Application/Desktop.h"
 #include "TarnwickDirect/CommandLine/Interruption.h"
 #include "TarnwickDirect/CommandLine/ListCommand.h"
 #include "TarnwickDirect/CommandLine/RepositoriesCommand.h"
 #include "TarnwickDirect/Environment.h"
+#include "TarnwickDirect/Settling.h"
 #include "TarnwickDirect/Version.h"
 
 #include <QCoreApplication>
-#include <QThreadPool>
 
 #include <iostream>
 
@@ -20,19 +21,14 @@ struct Overloaded : Handlers... {
     using Handlers::operator()...;
 };
 
-/// Waits until cancelled work has ended, child processes included, and lets the coroutines that
-/// awaited it come to their ends.
-void settle()
+/// What needs no desktop must not pay for one.
+int runInTerminal(const Command& command, int argc, char** argv)
 {
-    QThreadPool::globalInstance()->waitForDone();
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
-int run(const Command& command, const Interruption& interruption)
-{
-    return std::visit(
+    const QCoreApplication application(argc, argv);
+    const Interruption interruption;
+    const int status = std::visit(
         Overloaded{
+            [](const ShowPanel&) { return 0; },
             [](const ShowHelp&) {
                 std::cout << helpText();
                 return 0;
@@ -45,6 +41,11 @@ int run(const Command& command, const Interruption& interruption)
             [&](const ListRepositories& list) { return listRepositories(list, interruption); },
             [&](const ChangeSelection& change) { return changeSelection(change, interruption); }},
         command);
+    settle();
+    if (interruption.signal()) {
+        interruption.endProcess();
+    }
+    return status;
 }
 
 }  // namespace
@@ -55,14 +56,10 @@ int main(int argc, char** argv)
         const Command command =
             parseArguments(std::vector<std::string>(argv + std::min(argc, 1), argv + argc));
         prepareEnvironment();
-        const QCoreApplication application(argc, argv);
-        const Interruption interruption;
-        const int status = run(command, interruption);
-        settle();
-        if (interruption.signal()) {
-            interruption.endProcess();
+        if (const auto* const show = std::get_if<ShowPanel>(&command)) {
+            return runOnDesktop(*show, argc, argv);
         }
-        return status;
+        return runInTerminal(command, argc, argv);
     } catch (const UsageError& error) {
         std::cerr << error.what() << " \"tarnwick --help\" shows what there is.\n";
         return usageStatus;

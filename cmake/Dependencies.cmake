@@ -6,6 +6,15 @@ find_package(Threads REQUIRED)
 if(TARNWICK_QT)
     find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Svg Widgets)
     find_package(QCoro6 0.8 REQUIRED COMPONENTS Core)
+
+    # The X server's own protocol, for the little that Qt does not say of it.
+    find_path(XCB_INCLUDE_DIR xcb/xcb.h REQUIRED)
+    find_library(XCB_LIBRARY xcb REQUIRED)
+    mark_as_advanced(XCB_INCLUDE_DIR XCB_LIBRARY)
+    add_library(XCB::XCB UNKNOWN IMPORTED)
+    set_target_properties(XCB::XCB PROPERTIES
+        IMPORTED_LOCATION "${XCB_LIBRARY}"
+        INTERFACE_INCLUDE_DIRECTORIES "${XCB_INCLUDE_DIR}")
 endif()
 if(TARNWICK_TESTS)
     find_package(GTest REQUIRED)

@@ -10,6 +10,10 @@ namespace {
 constexpr std::string_view help = R"(Tarnwick keeps your open GitHub pull requests in view.
 
 Usage:
+  tarnwick [--background | --toggle]
+        Start Tarnwick in the tray and open its panel, or show the panel of the
+        running one. With --background the panel stays closed; --toggle closes
+        it when it is open, for a key binding.
   tarnwick list [--json]
         Refresh once and print the pull requests of the selected repositories,
         stacked branches as a tree.
@@ -113,12 +117,32 @@ Command parseRepositories(std::vector<std::string> words)
     return ListRepositories{parsed.has("--json")};
 }
 
+/// What stands without a command.
+Command parseOptions(const std::vector<std::string>& arguments)
+{
+    const Words parsed(arguments, {"--version", "--background", "--toggle"});
+    if (parsed.has("--help")) {
+        return ShowHelp{};
+    }
+    parsed.requireNoRest();
+    if (parsed.has("--version")) {
+        return ShowVersion{};
+    }
+    if (parsed.has("--background") && parsed.has("--toggle")) {
+        throw UsageError("Give either --background or --toggle, not both.");
+    }
+    if (parsed.has("--background")) {
+        return ShowPanel{ShowPanel::Manner::background};
+    }
+    return ShowPanel{parsed.has("--toggle") ? ShowPanel::Manner::toggle : ShowPanel::Manner::show};
+}
+
 }  // namespace
 
 Command parseArguments(const std::vector<std::string>& arguments)
 {
     if (arguments.empty()) {
-        throw UsageError("This version works in the terminal only, so give it a command.");
+        return ShowPanel{};
     }
     const std::string& first = arguments.front();
     std::vector<std::string> rest(arguments.begin() + 1, arguments.end());
@@ -128,12 +152,7 @@ Command parseArguments(const std::vector<std::string>& arguments)
     if (first == "repositories") {
         return parseRepositories(std::move(rest));
     }
-    const Words parsed(arguments, {"--version"});
-    if (parsed.has("--help")) {
-        return ShowHelp{};
-    }
-    parsed.requireNoRest();
-    return ShowVersion{};
+    return parseOptions(arguments);
 }
 
 std::string helpText()

@@ -11,6 +11,17 @@ struct ShowHelp {};
 
 struct ShowVersion {};
 
+/// `tarnwick` without a command: the program on the desktop.
+struct ShowPanel {
+    enum class Manner {
+        show,        ///< Start it, or bring the running one into sight.
+        background,  ///< `--background`: start it without its panel.
+        toggle,      ///< `--toggle`: show the panel of the running one, or hide it.
+    };
+
+    Manner manner = Manner::show;
+};
+
 /// `tarnwick list`
 struct ListPullRequests {
     bool asJson = false;
@@ -28,8 +39,8 @@ struct ChangeSelection {
     std::vector<std::string> names;  ///< Empty with `all`, else at least one.
 };
 
-using Command =
-    std::variant<ShowHelp, ShowVersion, ListPullRequests, ListRepositories, ChangeSelection>;
+using Command = std::
+    variant<ShowHelp, ShowVersion, ShowPanel, ListPullRequests, ListRepositories, ChangeSelection>;
 
 /// The command line makes no sense; the text is one sentence for the user.
 class UsageError : public std::runtime_error {

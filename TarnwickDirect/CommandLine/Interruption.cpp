@@ -1,23 +1,47 @@
 #include "TarnwickDirect/CommandLine/Interruption.h"
 
+#include <atomic>
 #include <cassert>
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <system_error>
 
-#include <sys/signalfd.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace TarnwickDirect {
 namespace {
 
-sigset_t endingSignals()
+constexpr int endingSignals[] = {SIGINT, SIGTERM};
+
+/// Where the handler writes; all that it may use.
+std::atomic<int> pipeEnd = -1;
+static_assert(std::atomic<int>::is_always_lock_free);
+
+void handle(int number)
 {
+    const int savedError = errno;
+    const auto byte = static_cast<unsigned char>(number);
+    // A full pipe has told of enough signals already.
+    [[maybe_unused]] const auto written = ::write(pipeEnd, &byte, 1);
+    errno = savedError;
+}
+
+/// The signals are let through too, whatever the parent had done with them.
+void setHandlers(void (*handler)(int))
+{
+    struct sigaction action{};
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    ::sigemptyset(&action.sa_mask);
     sigset_t signals{};
     ::sigemptyset(&signals);
-    ::sigaddset(&signals, SIGINT);
-    ::sigaddset(&signals, SIGTERM);
-    return signals;
+    for (const int number : endingSignals) {
+        ::sigaction(number, &action, nullptr);
+        ::sigaddset(&signals, number);
+    }
+    ::pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
 }
 
 }  // namespace
@@ -26,42 +50,42 @@ Interruption::Interruption()
 {
     // Where a parent had it ignored, ended children would vanish together with their statuses.
     std::signal(SIGCHLD, SIG_DFL);
-    const sigset_t signals = endingSignals();
-    ::pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-    _descriptor = ::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
-    if (_descriptor < 0) {
+    int ends[2] = {-1, -1};
+    if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) {
         throw std::system_error(errno, std::generic_category(), "Signals cannot be received");
     }
+    _descriptor = ends[0];
+    pipeEnd = ends[1];
+    setHandlers(handle);
     _notifier = std::make_unique<QSocketNotifier>(_descriptor, QSocketNotifier::Read);
     connect(_notifier.get(), &QSocketNotifier::activated, this, &Interruption::read);
 }
 
 Interruption::~Interruption()
 {
+    setHandlers(SIG_DFL);
     _notifier.reset();
+    ::close(pipeEnd.exchange(-1));
     ::close(_descriptor);
 }
 
 void Interruption::read()
 {
-    signalfd_siginfo info{};
-    if (::read(_descriptor, &info, sizeof info) != sizeof info) {
-        return;
+    unsigned char byte = 0;
+    while (::read(_descriptor, &byte, 1) == 1) {
+        if (_signal) {
+            // Whoever asks a second time does not want to wait for a child that takes its time.
+            endProcess();
+        }
+        _signal = byte;
+        Q_EMIT interrupted();
     }
-    if (_signal) {
-        // Whoever asks a second time does not want to wait for a child that takes its time.
-        endProcess();
-    }
-    _signal = static_cast<int>(info.ssi_signo);
-    Q_EMIT interrupted();
 }
 
 void Interruption::endProcess() const
 {
     assert(_signal);
-    const sigset_t signals = endingSignals();
-    std::signal(*_signal, SIG_DFL);
-    ::pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
+    setHandlers(SIG_DFL);
     std::raise(*_signal);
     std::_Exit(128 + *_signal);
 }

@@ -8,8 +8,9 @@
 
 namespace TarnwickDirect {
 
-/// Turns SIGINT and SIGTERM into a call on the main thread. Made before any thread starts, because
-/// the signals are blocked from then on in every thread; child processes get them unblocked.
+/// Turns SIGINT and SIGTERM into a call on the main thread. The signals are handled and not
+/// blocked, so programs that this one starts get them as usual. Requires: an event loop, and no
+/// other instance.
 class Interruption final : public QObject {
     Q_OBJECT
 

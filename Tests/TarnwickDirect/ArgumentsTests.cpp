@@ -25,6 +25,22 @@ bool asks(const std::vector<std::string>& arguments)
     return std::holds_alternative<Expected>(parseArguments(arguments));
 }
 
+ShowPanel::Manner manner(const std::vector<std::string>& arguments)
+{
+    return std::get<ShowPanel>(parseArguments(arguments)).manner;
+}
+
+TEST(Arguments, noneShowThePanel)
+{
+    EXPECT_EQ(manner({}), ShowPanel::Manner::show);
+}
+
+TEST(Arguments, thePanelInTheBackgroundOrToggled)
+{
+    EXPECT_EQ(manner({"--background"}), ShowPanel::Manner::background);
+    EXPECT_EQ(manner({"--toggle"}), ShowPanel::Manner::toggle);
+}
+
 TEST(Arguments, listAsTextAndAsJson)
 {
     EXPECT_FALSE(std::get<ListPullRequests>(parseArguments({"list"})).asJson);
@@ -79,7 +95,8 @@ TEST(Arguments, helpIsThereEverywhere)
 TEST(Arguments, helpNamesEveryCommand)
 {
     for (const char* const command :
-         {"tarnwick list [--json]",
+         {"tarnwick [--background | --toggle]",
+          "tarnwick list [--json]",
           "tarnwick repositories [--json]",
           "tarnwick repositories select",
           "tarnwick repositories unselect",
@@ -90,7 +107,9 @@ TEST(Arguments, helpNamesEveryCommand)
 
 TEST(Arguments, whatMakesNoSenseIsNamed)
 {
-    EXPECT_THAT(usageError({}), HasSubstr("give it a command"));
+    EXPECT_THAT(usageError({"--background", "--toggle"}), HasSubstr("not both"));
+    EXPECT_THAT(usageError({"--background", "list"}), HasSubstr("\"list\""));
+    EXPECT_THAT(usageError({"list", "--toggle"}), HasSubstr("--toggle"));
     EXPECT_THAT(usageError({"lost"}), HasSubstr("\"lost\""));
     EXPECT_THAT(usageError({"list", "octo/a"}), HasSubstr("\"octo/a\""));
     EXPECT_THAT(usageError({"list", "--yaml"}), HasSubstr("--yaml"));

@@ -1,0 +1,92 @@
+#include "TarnwickDirect/Application/PanelPlacement.h"
+
+#include <algorithm>
+#include <cassert>
+
+namespace TarnwickDirect {
+namespace {
+
+/// Between the panel and the edges of the free area.
+constexpr int margin = 4;
+
+/// Between the panel and a click within the free area, which is on an icon of a tray that hides
+/// itself or that the desktop does not count as its own.
+constexpr int iconReach = 16;
+
+enum class Edge {
+    top,
+    bottom,
+    left,
+    right,
+};
+
+int distance(const QRect& area, const QPoint& point)
+{
+    const int x = std::max({area.left() - point.x(), 0, point.x() - area.right()});
+    const int y = std::max({area.top() - point.y(), 0, point.y() - area.bottom()});
+    return x + y;
+}
+
+const ScreenArea& screenAt(const QPoint& point, const QList<ScreenArea>& screens)
+{
+    return *std::ranges::min_element(
+        screens, {}, [&](const ScreenArea& screen) { return distance(screen.whole, point); });
+}
+
+/// The edge that the tray lies at: where the click left the free area, else the nearest.
+Edge edgeOf(const QRect& area, const QPoint& click)
+{
+    const int top = click.y() - area.top();
+    const int bottom = area.bottom() - click.y();
+    const int left = click.x() - area.left();
+    const int right = area.right() - click.x();
+    const int nearest = std::min({top, bottom, left, right});
+    if (nearest == top) {
+        return Edge::top;
+    }
+    if (nearest == bottom) {
+        return Edge::bottom;
+    }
+    return nearest == left ? Edge::left : Edge::right;
+}
+
+/// The corner in which a tray usually lies.
+QPoint usualTray(const ScreenArea& screen)
+{
+    const bool isAtBottom =
+        screen.free.bottom() < screen.whole.bottom() && screen.free.top() == screen.whole.top();
+    return isAtBottom ? screen.whole.bottomRight() : screen.whole.topRight();
+}
+
+}  // namespace
+
+QRect panelPlace(const QSize& size, std::optional<QPoint> click, const QList<ScreenArea>& screens)
+{
+    assert(!screens.isEmpty());
+    const ScreenArea& screen = click ? screenAt(*click, screens) : screens.first();
+    const QPoint point = click.value_or(usualTray(screen));
+    const QRect room = screen.free.adjusted(margin, margin, -margin, -margin);
+    QRect place(QPoint(), size.boundedTo(room.size()));
+    place.moveTopLeft(point - QPoint(place.width() / 2, place.height() / 2));
+    switch (edgeOf(screen.free, point)) {
+    case Edge::top:
+        place.moveTop(point.y() + iconReach);
+        break;
+    case Edge::bottom:
+        place.moveBottom(point.y() - iconReach);
+        break;
+    case Edge::left:
+        place.moveLeft(point.x() + iconReach);
+        break;
+    case Edge::right:
+        place.moveRight(point.x() - iconReach);
+        break;
+    }
+    place.moveRight(std::min(place.right(), room.right()));
+    place.moveBottom(std::min(place.bottom(), room.bottom()));
+    place.moveLeft(std::max(place.left(), room.left()));
+    place.moveTop(std::max(place.top(), room.top()));
+    return place;
+}
+
+}  // namespace TarnwickDirect

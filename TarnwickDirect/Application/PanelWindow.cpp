@@ -1,0 +1,226 @@
+#include "TarnwickDirect/Application/PanelWindow.h"
+
+#include "Tarnwick/Interface/Look/Painting.h"
+#include "TarnwickDirect/Application/PanelPlacement.h"
+#include "TarnwickDirect/X11/X11.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace TarnwickDirect {
+namespace {
+
+constexpr QSize smallestSize(360, 320);
+
+QList<ScreenArea> currentScreens()
+{
+    QList<ScreenArea> areas;
+    // The primary screen stands first.
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        areas.append({screen->geometry(), screen->availableGeometry()});
+    }
+    return areas;
+}
+
+/// Shown in the front of others by the token, which Qt takes from the environment when it asks the
+/// compositor. It must lie there by itself: Qt 6.4 has no other way for it.
+void passOn(const QString& activationToken)
+{
+    if (!activationToken.isEmpty()) {
+        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+    }
+}
+
+}  // namespace
+
+PanelWindow::PanelWindow(
+    QWidget* content, std::function<bool()> keepsOpen, Tarnwick::Appearance& appearance)
+    : _keepsOpen(std::move(keepsOpen))
+    , _appearance(appearance)
+{
+    setObjectName(QStringLiteral("panelWindow"));
+    setWindowTitle(QStringLiteral("Tarnwick"));
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(content);
+    _corners = new RoundedCorners(this);
+    _border = new Tarnwick::WindowBorderView(this);
+    _grips = EdgeGrip::makeAll(this);
+    connect(&appearance, &Tarnwick::Appearance::changed, this, &PanelWindow::appearanceChanged);
+    appearanceChanged();
+    applyForm();
+}
+
+void PanelWindow::appearanceChanged()
+{
+    _border->setDark(_appearance.isDark());
+    setMinimumSize(
+        _appearance.scaled(smallestSize.width()), _appearance.scaled(smallestSize.height()));
+    update();
+}
+
+void PanelWindow::setForm(Form form)
+{
+    _wantedForm = form;
+    if (!isVisible() && _form != form) {
+        applyForm();
+    }
+}
+
+void PanelWindow::applyForm()
+{
+    _form = _wantedForm;
+    const bool isPanel = _form == Form::panel;
+    _isTranslucent = isPanel && (!X11::isInUse() || X11::hasOwner(X11::compositorSelection()));
+    // These count when the native window is made, which is when it is next shown.
+    destroy();
+    setAttribute(Qt::WA_TranslucentBackground, _isTranslucent);
+    setAttribute(Qt::WA_NoSystemBackground, _isTranslucent);
+    setWindowFlags(isPanel ? Qt::Tool | Qt::FramelessWindowHint : Qt::Window);
+    _corners->setVisible(_isTranslucent);
+    _border->setShown(isPanel);
+    for (EdgeGrip* const grip : std::as_const(_grips)) {
+        grip->setVisible(isPanel);
+    }
+    if (isPanel && !_isTranslucent) {
+        setMask(RoundedCorners::shape(size()));
+    } else {
+        clearMask();
+    }
+}
+
+void PanelWindow::setPreferredSize(const QSize& size)
+{
+    _preferredSize = size.expandedTo(minimumSize());
+}
+
+void PanelWindow::place(std::optional<QPoint> click)
+{
+    if (click) {
+        _lastClick = click;
+    }
+    if (_form == Form::panel) {
+        const QRect geometry = panelPlace(_preferredSize, _lastClick, currentScreens());
+        setGeometry(geometry);
+        _givenSize = geometry.size();
+        return;
+    }
+    _givenSize = _preferredSize.boundedTo(screen()->availableGeometry().size());
+    resize(_givenSize);
+}
+
+void PanelWindow::present(std::optional<QPoint> click, const PlatformData& platformData)
+{
+    ++_presentation;
+    passOn(platformData.activationToken);
+    if (!isVisible()) {
+        const bool isComposited = !X11::isInUse() || X11::hasOwner(X11::compositorSelection());
+        if (_form != _wantedForm || (_form == Form::panel && isComposited != _isTranslucent)) {
+            applyForm();
+        }
+        place(click);
+    }
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+    X11::activate(winId(), platformData.startupTime());
+    X11::endStartup(platformData.startupId.toUtf8());
+}
+
+bool PanelWindow::isInFront() const
+{
+    return isVisible() && !isMinimized() && (_form == Form::panel || isActiveWindow());
+}
+
+bool PanelWindow::hasJustLostFocus(Clock::time_point now) const
+{
+    return _focusLost && now - *_focusLost < clickThatClosed;
+}
+
+bool PanelWindow::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowDeactivate && _form == Form::panel && isVisible()) {
+        // Who has the focus now is known only when the event has been dealt with; by then the
+        // panel may have been hidden and shown anew.
+        const auto close = [this, presentation = _presentation] {
+            if (presentation == _presentation) {
+                closeUnlessKept();
+            }
+        };
+        QMetaObject::invokeMethod(this, close, Qt::QueuedConnection);
+    }
+    return QWidget::event(event);
+}
+
+void PanelWindow::closeUnlessKept()
+{
+    const bool isOurs =
+        QApplication::activeWindow() != nullptr || QApplication::activePopupWidget() != nullptr;
+    if (isVisible() && _form == Form::panel && !isOurs && !_keepsOpen()) {
+        _focusLost = Clock::now();
+        hide();
+    }
+}
+
+void PanelWindow::rememberSize()
+{
+    const bool isOrdinary = (windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) == 0;
+    if (isOrdinary && size() != _givenSize) {
+        _givenSize = size();
+        _preferredSize = size();
+        Q_EMIT preferredSizeChanged();
+    }
+}
+
+void PanelWindow::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    _corners->raise();
+    _border->setShown(_form == Form::panel);
+    for (EdgeGrip* const grip : std::as_const(_grips)) {
+        grip->raise();
+    }
+    Q_EMIT shown();
+}
+
+void PanelWindow::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    if (!event->spontaneous()) {
+        rememberSize();
+    }
+    Q_EMIT hidden();
+}
+
+void PanelWindow::closeEvent(QCloseEvent* event)
+{
+    // Accepting hides the window and leaves the rest to whoever listens. Refusing would stand in
+    // the way of the session's end.
+    event->accept();
+    QMetaObject::invokeMethod(this, &PanelWindow::closed, Qt::QueuedConnection);
+}
+
+void PanelWindow::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    _corners->setGeometry(rect());
+    for (EdgeGrip* const grip : std::as_const(_grips)) {
+        grip->moveToEdge();
+    }
+    if (_form == Form::panel && !_isTranslucent) {
+        setMask(RoundedCorners::shape(size()));
+    }
+}
+
+void PanelWindow::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    Tarnwick::Painting::fillRounded(painter, QRectF(rect()), 0, _appearance.palette().surfaceList);
+}
+
+}  // namespace TarnwickDirect

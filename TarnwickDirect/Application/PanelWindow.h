@@ -1,0 +1,95 @@
+#pragma once
+
+#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Look/WindowBorder.h"
+#include "TarnwickDirect/Application/EdgeGrip.h"
+#include "TarnwickDirect/Application/PlatformData.h"
+#include "TarnwickDirect/Application/RoundedCorners.h"
+
+#include <QWidget>
+
+#include <chrono>
+#include <functional>
+#include <optional>
+
+namespace TarnwickDirect {
+
+/// The window that holds the panel's content. Main thread only.
+class PanelWindow final : public QWidget {
+    Q_OBJECT
+
+public:
+    enum class Form {
+        panel,   ///< Without a frame, near the tray; closes when the focus leaves it.
+        window,  ///< An ordinary window, which the desktop frames and places.
+    };
+
+    using Clock = std::chrono::steady_clock;
+
+    /// How long after the focus has left the panel a click on the tray icon counts as the one that
+    /// took it, and opens nothing.
+    static constexpr std::chrono::milliseconds clickThatClosed{300};
+
+    /// Takes the content over. `keepsOpen` tells whether the content has something up that must
+    /// not be closed when the focus leaves. Requires: `appearance` lives longer.
+    PanelWindow(
+        QWidget* content, std::function<bool()> keepsOpen, Tarnwick::Appearance& appearance);
+
+    /// Takes effect at once, or, while the window is in sight, when it next is not.
+    void setForm(Form form);
+
+    Form form() const { return _form; }
+
+    /// The size to have when shown, as far as the screen allows.
+    void setPreferredSize(const QSize& size);
+
+    QSize preferredSize() const { return _preferredSize; }
+
+    /// Comes to the front with the focus; a panel is placed by the click, if there was one.
+    void present(std::optional<QPoint> click, const PlatformData& platformData);
+
+    /// Shown with the focus, and not minimised. A panel without the focus counts too.
+    bool isInFront() const;
+
+    /// Whether a click on the tray icon at this time is the one that took the focus away.
+    bool hasJustLostFocus(Clock::time_point now = Clock::now()) const;
+
+Q_SIGNALS:
+    void shown();
+    void hidden();
+    /// The user closed the window, which is hidden now.
+    void closed();
+    /// The user gave it another size.
+    void preferredSizeChanged();
+
+protected:
+    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void applyForm();
+    void place(std::optional<QPoint> click);
+    void closeUnlessKept();
+    void rememberSize();
+    void appearanceChanged();
+
+    std::function<bool()> _keepsOpen;
+    Tarnwick::Appearance& _appearance;
+    RoundedCorners* _corners = nullptr;
+    Tarnwick::WindowBorderView* _border = nullptr;
+    QList<EdgeGrip*> _grips;
+    Form _form = Form::window;
+    Form _wantedForm = Form::window;
+    bool _isTranslucent = false;
+    QSize _preferredSize;
+    QSize _givenSize;           ///< What the window was last shown with.
+    quint64 _presentation = 0;  ///< Counts the calls of `present`.
+    std::optional<QPoint> _lastClick;
+    std::optional<Clock::time_point> _focusLost;
+};
+
+}  // namespace TarnwickDirect

@@ -1,0 +1,51 @@
+#include "TarnwickDirect/Application/RoundedCorners.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+namespace TarnwickDirect {
+
+RoundedCorners::RoundedCorners(QWidget* window)
+    : QWidget(window)
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+QRegion RoundedCorners::squares(const QSize& size)
+{
+    const int right = size.width() - radius;
+    const int bottom = size.height() - radius;
+    QRegion region;
+    for (const QPoint& corner :
+         {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom), QPoint(right, bottom)}) {
+        region += QRect(corner, QSize(radius, radius));
+    }
+    return region;
+}
+
+QRegion RoundedCorners::shape(const QSize& size)
+{
+    QPainterPath path;
+    path.addRoundedRect(QRectF(QPointF(), QSizeF(size)), radius, radius);
+    return QRegion(path.toFillPolygon().toPolygon());
+}
+
+void RoundedCorners::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainterPath corners;
+    corners.addRect(rect());
+    corners.addRoundedRect(rect(), radius, radius);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    painter.fillPath(corners, Qt::black);
+}
+
+void RoundedCorners::resizeEvent(QResizeEvent* /*event*/)
+{
+    // Scrolling below it stays cheap where the mask says that nothing lies over it.
+    setMask(squares(size()));
+}
+
+}  // namespace TarnwickDirect

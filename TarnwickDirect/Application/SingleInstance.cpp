@@ -1,0 +1,109 @@
+#include "TarnwickDirect/Application/SingleInstance.h"
+
+#include "TarnwickDirect/Application/ApplicationService.h"
+
+#include <QDBusError>
+#include <QDBusMessage>
+
+#include <optional>
+#include <stdexcept>
+
+namespace TarnwickDirect {
+namespace {
+
+constexpr int busLimit = 2'000;       ///< Milliseconds for the bus itself.
+constexpr int instanceLimit = 5'000;  ///< Milliseconds for another Tarnwick, which may be starting.
+
+/// How often the process with the name may go away before it is asked.
+constexpr int attempts = 5;
+
+/// What the bus makes of a request for a name.
+enum class Claim {
+    granted,
+    taken,
+    impossible,
+};
+
+Claim claimName(const QDBusConnection& bus)
+{
+    constexpr quint32 doNotQueue = 4;
+    constexpr quint32 isOwner = 1;
+    constexpr quint32 isOwnerAlready = 4;
+    QDBusMessage request = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"),
+        QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"),
+        QStringLiteral("RequestName"));
+    request << QString::fromLatin1(ApplicationService::name) << doNotQueue;
+    const QDBusMessage reply = bus.call(request, QDBus::Block, busLimit);
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) {
+        return Claim::impossible;
+    }
+    const quint32 answer = reply.arguments().constFirst().toUInt();
+    return answer == isOwner || answer == isOwnerAlready ? Claim::granted : Claim::taken;
+}
+
+QDBusMessage messageFor(ShowPanel::Manner manner, const PlatformData& platformData)
+{
+    const auto call = [](const char* member) {
+        QDBusMessage message = QDBusMessage::createMethodCall(
+            QString::fromLatin1(ApplicationService::name),
+            QString::fromLatin1(ApplicationService::path),
+            QString::fromLatin1(ApplicationService::interface),
+            QString::fromLatin1(member));
+        message.setAutoStartService(false);
+        return message;
+    };
+    if (manner == ShowPanel::Manner::toggle) {
+        return call("ActivateAction")
+               << QStringLiteral("toggle") << QVariantList() << platformData.toMap();
+    }
+    return call("Activate") << platformData.toMap();
+}
+
+/// Whether the process that holds the name took the message; nothing when nobody holds it any more.
+std::optional<bool> deliver(const QDBusConnection& bus, const QDBusMessage& message)
+{
+    const QDBusMessage reply = bus.call(message, QDBus::Block, instanceLimit);
+    if (reply.type() == QDBusMessage::ReplyMessage) {
+        return true;
+    }
+    switch (QDBusError(reply).type()) {
+    case QDBusError::ServiceUnknown:
+    case QDBusError::UnknownObject:
+        return std::nullopt;
+    default:
+        break;
+    }
+    // The bus answers "NoReply" in the place of a process that ends meanwhile, and Qt says the same
+    // when the time is up. Only in the first case the name is free.
+    return claimName(bus) == Claim::granted ? std::nullopt : std::optional<bool>(false);
+}
+
+}  // namespace
+
+Start startOrForward(
+    const QDBusConnection& bus, ShowPanel::Manner manner, const PlatformData& platformData)
+{
+    if (!bus.isConnected()) {
+        return Start::first;
+    }
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        if (claimName(bus) != Claim::taken) {
+            return Start::first;
+        }
+        if (manner == ShowPanel::Manner::background) {
+            return Start::forwarded;
+        }
+        const auto isDelivered = deliver(bus, messageFor(manner, platformData));
+        if (isDelivered && *isDelivered) {
+            return Start::forwarded;
+        }
+        if (isDelivered) {
+            break;
+        }
+    }
+    throw std::runtime_error("Tarnwick is running already but does not answer.");
+}
+
+}  // namespace TarnwickDirect

@@ -1,0 +1,14 @@
+#pragma once
+
+namespace TarnwickDirect {
+
+/// What the program needs before anything of it is on screen.
+namespace TarnwickApplication {
+
+/// Makes the bundled fonts known. To be called once, before the first window and the first
+/// notification. Main thread only.
+void initialize();
+
+}  // namespace TarnwickApplication
+
+}  // namespace TarnwickDirect

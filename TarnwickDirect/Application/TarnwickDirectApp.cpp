@@ -1,0 +1,159 @@
+#include "TarnwickDirect/Application/TarnwickDirectApp.h"
+
+#include "TarnwickDirect/Application/PanelSize.h"
+#include "TarnwickDirect/Application/TarnwickApplication.h"
+#include "TarnwickDirect/Application/TarnwickMenuContent.h"
+#include "TarnwickDirect/X11/X11.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+
+#include <utility>
+
+namespace TarnwickDirect {
+
+using Tarnwick::PullRequestMenuModel;
+using Tarnwick::PullRequestMenuView;
+
+namespace {
+
+/// Fonts are to be known before the first widget asks for one.
+PullRequestMenuModel::Collaborators initialized(PullRequestMenuModel::Collaborators collaborators)
+{
+    TarnwickApplication::initialize();
+    return collaborators;
+}
+
+/// Windows of Wayland are placed by the compositor.
+bool canPlaceWindows()
+{
+    return X11::isInUse();
+}
+
+}  // namespace
+
+TarnwickDirectApp::TarnwickDirectApp(
+    PullRequestMenuModel::Collaborators collaborators,
+    const QDBusConnection& bus,
+    ApplicationService& service)
+    : _defaults(collaborators.defaults)
+    , _model(initialized(std::move(collaborators)))
+    , _view(TarnwickMenuContent{}.makeView(_model, _appearance))
+    , _window(
+          _view, [view = _view] { return view->keepsOpen(); }, _appearance)
+    , _trayHost(bus)
+{
+    _window.setPreferredSize(PanelSize::read(*_defaults, _appearance.textScale()));
+    connectPanel();
+    connectService(service);
+    connect(&_trayHost, &TrayHost::changed, this, &TarnwickDirectApp::trayChanged);
+}
+
+TarnwickDirectApp::~TarnwickDirectApp()
+{
+    // What the window tells while it goes finds nobody any more.
+    _window.disconnect(this);
+    _trayHost.disconnect(this);
+}
+
+void TarnwickDirectApp::connectPanel()
+{
+    connect(_view, &PullRequestMenuView::closeRequested, &_window, &QWidget::close);
+    connect(_view, &PullRequestMenuView::quitRequested, this, &TarnwickDirectApp::quitRequested);
+    connect(&_window, &PanelWindow::shown, this, [this] {
+        _model.menuOpened();
+        _view->panelShown();
+    });
+    connect(&_window, &PanelWindow::hidden, _view, &PullRequestMenuView::panelHidden);
+    connect(&_window, &PanelWindow::closed, this, &TarnwickDirectApp::panelClosed);
+    connect(&_window, &PanelWindow::preferredSizeChanged, this, [this] {
+        PanelSize::write(*_defaults, _window.preferredSize());
+    });
+}
+
+void TarnwickDirectApp::connectService(ApplicationService& service)
+{
+    connect(
+        &service,
+        &ApplicationService::activateRequested,
+        this,
+        [this](const PlatformData& platformData) { _window.present(std::nullopt, platformData); });
+    connect(
+        &service,
+        &ApplicationService::toggleRequested,
+        this,
+        [this](const PlatformData& platformData) { toggle(std::nullopt, platformData); });
+    connect(&service, &ApplicationService::reloadRequested, this, &TarnwickDirectApp::reload);
+    connect(&service, &ApplicationService::quitRequested, this, &TarnwickDirectApp::quitRequested);
+}
+
+void TarnwickDirectApp::start(ShowPanel::Manner manner, const PlatformData& platformData)
+{
+    _staysInBackground = manner == ShowPanel::Manner::background;
+    if (_staysInBackground) {
+        // Nobody opens the list, but its icon and its notifications are to be right.
+        _model.menuOpened();
+    } else {
+        // With the tray known, the window has its form from the beginning.
+        connect(
+            &_trayHost,
+            &TrayHost::settled,
+            this,
+            [this, platformData] { _window.present(std::nullopt, platformData); },
+            Qt::SingleShotConnection);
+    }
+    _trayHost.start();
+}
+
+void TarnwickDirectApp::trayChanged()
+{
+    const bool hasTray = _trayHost.isPresent();
+    if (hasTray && !_trayItem) {
+        makeTrayItem();
+    }
+    _window.setForm(
+        hasTray && canPlaceWindows() ? PanelWindow::Form::panel : PanelWindow::Form::window);
+}
+
+void TarnwickDirectApp::makeTrayItem()
+{
+    _trayItem = std::make_unique<TrayItem>(_model);
+    connect(_trayItem.get(), &TrayItem::clicked, this, &TarnwickDirectApp::trayClicked);
+    connect(_trayItem.get(), &TrayItem::openRequested, this, [this] {
+        _window.present(QCursor::pos(), {});
+    });
+    connect(_trayItem.get(), &TrayItem::reloadRequested, this, &TarnwickDirectApp::reload);
+    connect(_trayItem.get(), &TrayItem::quitRequested, this, &TarnwickDirectApp::quitRequested);
+}
+
+void TarnwickDirectApp::trayClicked()
+{
+    // Hosts that take the focus have closed the panel before they tell of the click.
+    if (!_window.hasJustLostFocus()) {
+        toggle(QCursor::pos(), {});
+    }
+}
+
+void TarnwickDirectApp::toggle(std::optional<QPoint> click, const PlatformData& platformData)
+{
+    if (_window.isInFront()) {
+        _window.hide();
+    } else {
+        _window.present(click, platformData);
+    }
+}
+
+void TarnwickDirectApp::reload()
+{
+    [[maybe_unused]] const auto refreshing = _model.refresh();
+}
+
+void TarnwickDirectApp::panelClosed()
+{
+    // A window that is gone for good would leave a program that nobody sees.
+    if (!_trayHost.isPresent() && !_staysInBackground) {
+        Q_EMIT quitRequested();
+    }
+}
+
+}  // namespace TarnwickDirect

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Tarnwick/PullRequestMenuView.h"
+
+#include <functional>
+
+namespace TarnwickDirect {
+
+/// The panel's content as the program has it: what the shell knows of software updates goes in, and
+/// the menu view on the shared model comes out.
+struct TarnwickMenuContent {
+    bool canCheckForUpdates = false;
+    std::function<void()> checkForUpdates;  ///< Empty where the program has no updater.
+
+    /// Requires: `model` and `appearance` live longer than the view.
+    Tarnwick::PullRequestMenuView* makeView(
+        Tarnwick::PullRequestMenuModel& model, Tarnwick::Appearance& appearance) const;
+};
+
+}  // namespace TarnwickDirect

@@ -1,0 +1,222 @@
+#include "TarnwickDirect/Application/PanelWindow.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QPainter>
+#include <QScreen>
+#include <QSignalSpy>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace TarnwickDirect;
+using namespace std::chrono_literals;
+using Form = PanelWindow::Form;
+
+/// Covers everything, corners too.
+class Paper : public QWidget {
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override { QPainter(this).fillRect(rect(), Qt::green); }
+};
+
+class PanelWindowTest : public testing::Test {
+protected:
+    PanelWindowTest() { window.setPreferredSize(QSize(440, 620)); }
+
+    void show(Form form)
+    {
+        window.setForm(form);
+        window.present(std::nullopt, {});
+        QCoreApplication::processEvents();
+    }
+
+    void loseFocus()
+    {
+        QEvent left(QEvent::WindowDeactivate);
+        QCoreApplication::sendEvent(&window, &left);
+    }
+
+    QImage picture()
+    {
+        QImage image(window.size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        window.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+        return image;
+    }
+
+    bool keepsOpen = false;
+    Tarnwick::Appearance appearance{1.0};
+    PanelWindow window{new Paper, [this] { return keepsOpen; }, appearance};
+};
+
+TEST_F(PanelWindowTest, isFramelessAsAPanelAndOrdinaryWithoutATray)
+{
+    show(Form::panel);
+    EXPECT_EQ(window.windowType(), Qt::Tool);
+    EXPECT_TRUE(window.windowFlags().testFlag(Qt::FramelessWindowHint));
+    window.hide();
+    show(Form::window);
+    EXPECT_EQ(window.windowType(), Qt::Window);
+    EXPECT_FALSE(window.windowFlags().testFlag(Qt::FramelessWindowHint));
+}
+
+TEST_F(PanelWindowTest, keepsItsFormWhileItIsInSight)
+{
+    show(Form::window);
+    window.setForm(Form::panel);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(window.form(), Form::window);
+    window.hide();
+    window.present(std::nullopt, {});
+    EXPECT_EQ(window.form(), Form::panel);
+}
+
+TEST_F(PanelWindowTest, hasTheSizeThatIsPreferred)
+{
+    show(Form::panel);
+    EXPECT_EQ(window.size(), QSize(440, 620).boundedTo(window.screen()->availableSize()));
+    EXPECT_EQ(window.minimumSize(), QSize(360, 320));
+    window.setPreferredSize(QSize(10, 10));
+    EXPECT_EQ(window.preferredSize(), QSize(360, 320));
+}
+
+TEST_F(PanelWindowTest, remembersTheSizeThatTheUserGivesIt)
+{
+    const QSignalSpy changes(&window, &PanelWindow::preferredSizeChanged);
+    show(Form::panel);
+    window.hide();
+    EXPECT_EQ(changes.count(), 0);
+    show(Form::panel);
+    window.resize(400, 350);
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    window.hide();
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_EQ(window.preferredSize(), QSize(400, 350));
+}
+
+TEST_F(PanelWindowTest, tellsWhenItIsShownAndHidden)
+{
+    const QSignalSpy shown(&window, &PanelWindow::shown);
+    const QSignalSpy hidden(&window, &PanelWindow::hidden);
+    show(Form::panel);
+    window.present(std::nullopt, {});
+    EXPECT_EQ(shown.count(), 1);
+    window.hide();
+    EXPECT_EQ(hidden.count(), 1);
+}
+
+TEST_F(PanelWindowTest, closingHidesItAndIsTold)
+{
+    const QSignalSpy closed(&window, &PanelWindow::closed);
+    show(Form::window);
+    window.close();
+    EXPECT_FALSE(window.isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(closed.count(), 1);
+    window.present(std::nullopt, {});
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(PanelWindowTest, aPanelClosesWhenTheFocusLeavesIt)
+{
+    show(Form::panel);
+    QApplication::setActiveWindow(nullptr);
+    loseFocus();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(PanelWindowTest, aPanelThatIsShownAgainDoesNotMindThatItLostTheFocusBefore)
+{
+    show(Form::panel);
+    QApplication::setActiveWindow(nullptr);
+    loseFocus();
+    window.hide();
+    window.present(std::nullopt, {});
+    QApplication::setActiveWindow(nullptr);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(PanelWindowTest, aPanelStaysWhileItsContentHasSomethingUp)
+{
+    show(Form::panel);
+    keepsOpen = true;
+    QApplication::setActiveWindow(nullptr);
+    loseFocus();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(PanelWindowTest, anOrdinaryWindowStaysWhenTheFocusLeavesIt)
+{
+    show(Form::window);
+    QApplication::setActiveWindow(nullptr);
+    loseFocus();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(window.isInFront());
+}
+
+TEST_F(PanelWindowTest, theClickThatTookTheFocusIsKnown)
+{
+    EXPECT_FALSE(window.hasJustLostFocus());
+    show(Form::panel);
+    QApplication::setActiveWindow(nullptr);
+    loseFocus();
+    QCoreApplication::processEvents();
+    const auto now = PanelWindow::Clock::now();
+    EXPECT_TRUE(window.hasJustLostFocus(now));
+    EXPECT_FALSE(window.hasJustLostFocus(now + 300ms));
+}
+
+TEST_F(PanelWindowTest, cornersAreRoundWhateverTheContentPaints)
+{
+    show(Form::panel);
+    const QImage image = picture();
+    const int right = image.width() - 1;
+    const int bottom = image.height() - 1;
+    for (const QPoint& corner :
+         {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom), QPoint(right, bottom)}) {
+        EXPECT_EQ(image.pixelColor(corner).alpha(), 0);
+    }
+    EXPECT_EQ(image.pixelColor(2, 2).alpha(), 0);
+    EXPECT_EQ(image.pixelColor(16, 16), QColor(Qt::green));
+    EXPECT_EQ(image.pixelColor(0, 100), QColor(Qt::black));
+}
+
+TEST_F(PanelWindowTest, anOrdinaryWindowHasNeitherRoundCornersNorABorder)
+{
+    show(Form::window);
+    const QImage image = picture();
+    EXPECT_EQ(image.pixelColor(0, 0), QColor(Qt::green));
+    EXPECT_EQ(image.pixelColor(0, 100), QColor(Qt::green));
+}
+
+TEST(RoundedCorners, areCutFromAWindowThatCannotBeTranslucent)
+{
+    const QRegion shape = RoundedCorners::shape(QSize(100, 80));
+    EXPECT_FALSE(shape.contains(QPoint(0, 0)));
+    EXPECT_FALSE(shape.contains(QPoint(3, 3)));
+    EXPECT_FALSE(shape.contains(QPoint(99, 79)));
+    EXPECT_TRUE(shape.contains(QPoint(16, 0)));
+    EXPECT_TRUE(shape.contains(QPoint(0, 40)));
+    EXPECT_TRUE(shape.contains(QPoint(99, 40)));
+    EXPECT_TRUE(shape.contains(QPoint(50, 79)));
+    EXPECT_TRUE(shape.contains(QPoint(6, 6)));
+}
+
+TEST(EdgeGrip, liesAtTheEdgesAndCorners)
+{
+    const QSize size(440, 620);
+    EXPECT_EQ(EdgeGrip::place(Qt::TopEdge, size), QRect(0, 0, 440, 4));
+    EXPECT_EQ(EdgeGrip::place(Qt::BottomEdge, size), QRect(0, 616, 440, 4));
+    EXPECT_EQ(EdgeGrip::place(Qt::LeftEdge, size), QRect(0, 0, 4, 620));
+    EXPECT_EQ(EdgeGrip::place(Qt::RightEdge, size), QRect(436, 0, 4, 620));
+    EXPECT_EQ(EdgeGrip::place(Qt::TopEdge | Qt::LeftEdge, size), QRect(0, 0, 14, 14));
+    EXPECT_EQ(EdgeGrip::place(Qt::BottomEdge | Qt::RightEdge, size), QRect(426, 606, 14, 14));
+}
+
+}  // namespace
