@@ -38,12 +38,14 @@ TarnwickDirectApp::TarnwickDirectApp(
     ApplicationService& service)
     : _defaults(collaborators.defaults)
     , _model(initialized(std::move(collaborators)))
+    , _wishes(_appearance, bus)
     , _view(TarnwickMenuContent{}.makeView(_model, _appearance))
     , _window(
           _view, [view = _view] { return view->keepsOpen(); }, _appearance)
     , _trayHost(bus)
 {
     _window.setPreferredSize(PanelSize::read(*_defaults, _appearance.textScale()));
+    connectAppearance();
     connectPanel();
     connectService(service);
     connect(&_trayHost, &TrayHost::changed, this, &TarnwickDirectApp::trayChanged);
@@ -54,6 +56,13 @@ TarnwickDirectApp::~TarnwickDirectApp()
     // What the window tells while it goes finds nobody any more.
     _window.disconnect(this);
     _trayHost.disconnect(this);
+}
+
+void TarnwickDirectApp::connectAppearance()
+{
+    const auto follow = [this] { _appearance.setDark(_model.settings().darkMode); };
+    connect(&_model, &PullRequestMenuModel::darkModeChanged, this, follow);
+    follow();
 }
 
 void TarnwickDirectApp::connectPanel()

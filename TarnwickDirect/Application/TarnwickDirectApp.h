@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Look/DesktopWishes.h"
 #include "Tarnwick/PullRequestMenuModel.h"
 #include "Tarnwick/PullRequestMenuView.h"
 #include "TarnwickDirect/Application/ApplicationService.h"
@@ -39,6 +40,7 @@ Q_SIGNALS:
     void quitRequested();
 
 private:
+    void connectAppearance();
     void connectPanel();
     void connectService(ApplicationService& service);
     void trayChanged();
@@ -51,6 +53,7 @@ private:
     std::shared_ptr<Tarnwick::DefaultsStore> _defaults;
     Tarnwick::PullRequestMenuModel _model;
     Tarnwick::Appearance _appearance;
+    Tarnwick::DesktopWishes _wishes;
     Tarnwick::PullRequestMenuView* _view = nullptr;  ///< The window's.
     PanelWindow _window;
     TrayHost _trayHost;
