@@ -1,0 +1,32 @@
+#include "Tarnwick/Desktop/BusCall.h"
+
+#include <QDBusError>
+#include <QDBusPendingCallWatcher>
+#include <QPromise>
+
+#include <memory>
+
+namespace Tarnwick {
+
+QFuture<QDBusMessage> callBus(
+    const QDBusConnection& bus, const QDBusMessage& message, std::chrono::milliseconds limit)
+{
+    if (!bus.isConnected()) {
+        // A call on such a bus never ends (Qt 6.4).
+        return QtFuture::makeReadyFuture(QDBusMessage::createError(
+            QDBusError::errorString(QDBusError::Disconnected),
+            QStringLiteral("The bus is not connected.")));
+    }
+    const auto promise = std::make_shared<QPromise<QDBusMessage>>();
+    promise->start();
+    auto* const watcher =
+        new QDBusPendingCallWatcher(bus.asyncCall(message, static_cast<int>(limit.count())));
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [promise, watcher] {
+        promise->addResult(watcher->reply());
+        promise->finish();
+        watcher->deleteLater();
+    });
+    return promise->future();
+}
+
+}  // namespace Tarnwick

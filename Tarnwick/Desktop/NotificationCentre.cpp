@@ -1,0 +1,277 @@
+#include "Tarnwick/Desktop/NotificationCentre.h"
+
+#include "Tarnwick/Desktop/BusCall.h"
+#include "Tarnwick/Desktop/NotificationMessage.h"
+
+#include <QCoro/QCoroFuture>
+#include <QDBusError>
+
+#include <stdexcept>
+#include <utility>
+
+namespace Tarnwick {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString service = QStringLiteral("org.freedesktop.Notifications");
+const QString path = QStringLiteral("/org/freedesktop/Notifications");
+const QString busService = QStringLiteral("org.freedesktop.DBus");
+
+/// Long enough for a server that has yet to start.
+constexpr std::chrono::milliseconds answerLimit = 10s;
+
+/// How long a session may take until its notification server is there.
+constexpr std::chrono::seconds sessionStart = 10s;
+
+QDBusMessage serverCall(const QString& method)
+{
+    return QDBusMessage::createMethodCall(service, path, service, method);
+}
+
+QDBusMessage busCall(const QString& method)
+{
+    return QDBusMessage::createMethodCall(
+        busService, QStringLiteral("/org/freedesktop/DBus"), busService, method);
+}
+
+bool isError(const QDBusMessage& reply)
+{
+    return reply.type() != QDBusMessage::ReplyMessage;
+}
+
+/// Nobody has the name, and nobody could be started to take it.
+bool saysThatNoneIsThere(const QDBusMessage& reply)
+{
+    const QString name = reply.errorName();
+    return name == QDBusError::errorString(QDBusError::ServiceUnknown)
+           || name == QDBusError::errorString(QDBusError::Disconnected)
+           || name == u"org.freedesktop.DBus.Error.NameHasNoOwner"
+           || name.startsWith(u"org.freedesktop.DBus.Error.Spawn.");
+}
+
+std::string problemOf(const QDBusMessage& reply)
+{
+    if (saysThatNoneIsThere(reply)) {
+        return "There is no notification service on this desktop.";
+    }
+    const QString name = reply.errorName();
+    const bool isSilent = name == QDBusError::errorString(QDBusError::NoReply)
+                          || name == QDBusError::errorString(QDBusError::Timeout)
+                          || name == QDBusError::errorString(QDBusError::TimedOut);
+    return isSilent ? "The notification service did not answer."
+                    : "The notification service refused the request.";
+}
+
+void requireReply(const QDBusMessage& reply)
+{
+    if (isError(reply)) {
+        throw std::runtime_error(problemOf(reply));
+    }
+}
+
+}  // namespace
+
+NotificationAuthorization authorizationOf(NotificationServerStatus status)
+{
+    switch (status) {
+    case NotificationServerStatus::running:
+    case NotificationServerStatus::startable:
+        return NotificationAuthorization::authorized;
+    case NotificationServerStatus::absent:
+    case NotificationServerStatus::unknown:
+        return NotificationAuthorization::denied;
+    }
+    return NotificationAuthorization::denied;
+}
+
+NotificationCentre::NotificationCentre(QDBusConnection bus, std::shared_ptr<Clock> clock)
+    : _bus(std::move(bus))
+    , _clock(std::move(clock))
+    , _start(_clock->now())
+{
+    if (_bus.isConnected()) {
+        listen();
+    }
+}
+
+/// No sender is named, because Qt would look up its owner and wait for the answer.
+void NotificationCentre::listen()
+{
+    _bus.connect(
+        busService,
+        {},
+        busService,
+        QStringLiteral("NameOwnerChanged"),
+        {service},
+        {},
+        this,
+        SLOT(ownerChanged(QString, QString, QString)));
+    _bus.connect(
+        {},
+        path,
+        service,
+        QStringLiteral("ActionInvoked"),
+        this,
+        SLOT(actionInvoked(quint32, QString, QDBusMessage)));
+    _bus.connect(
+        {},
+        path,
+        service,
+        QStringLiteral("ActivationToken"),
+        this,
+        SLOT(activationToken(quint32, QString, QDBusMessage)));
+    _bus.connect(
+        {},
+        path,
+        service,
+        QStringLiteral("NotificationClosed"),
+        this,
+        SLOT(notificationClosed(quint32, quint32, QDBusMessage)));
+}
+
+void NotificationCentre::setDelegate(
+    std::shared_ptr<const NotificationPresentationDelegate> delegate)
+{
+    _delegate = std::move(delegate);
+}
+
+QCoro::Task<NotificationServerStatus> NotificationCentre::status()
+{
+    using enum NotificationServerStatus;
+    QDBusMessage question = busCall(QStringLiteral("NameHasOwner"));
+    question << service;
+    const QFuture<QDBusMessage> asking = callBus(_bus, question, answerLimit);
+    const QDBusMessage owned = co_await asking;
+    if (isError(owned)) {
+        co_return unknown;
+    }
+    if (owned.arguments().value(0).toBool()) {
+        co_return running;
+    }
+    const QFuture<QDBusMessage> listing =
+        callBus(_bus, busCall(QStringLiteral("ListActivatableNames")), answerLimit);
+    const QDBusMessage names = co_await listing;
+    if (isError(names)) {
+        co_return unknown;
+    }
+    co_return names.arguments().value(0).toStringList().contains(service) ? startable : absent;
+}
+
+QCoro::Task<bool> NotificationCentre::requestAuthorization()
+{
+    auto asking = askCapabilities();
+    QDBusMessage answer = co_await asking;
+    if (saysThatNoneIsThere(answer) && _bus.isConnected()) {
+        auto waiting = waitForServer();
+        co_await waiting;
+        auto askingAgain = askCapabilities();
+        answer = co_await askingAgain;
+    }
+    if (saysThatNoneIsThere(answer)) {
+        co_return false;
+    }
+    requireReply(answer);
+    co_return true;
+}
+
+QCoro::Task<> NotificationCentre::waitForServer()
+{
+    const auto left = _start + sessionStart - _clock->now();
+    if (left > 0s) {
+        const QFuture<void> pause = _clock->sleep(left, _waiting.get_token());
+        co_await pause;
+    }
+}
+
+QCoro::Task<QDBusMessage> NotificationCentre::askCapabilities()
+{
+    const QFuture<QDBusMessage> asking =
+        callBus(_bus, serverCall(QStringLiteral("GetCapabilities")), answerLimit);
+    const QDBusMessage reply = co_await asking;
+    if (!isError(reply)) {
+        follow(reply.service());
+        _capabilities = reply.arguments().value(0).toStringList();
+    }
+    co_return reply;
+}
+
+QCoro::Task<> NotificationCentre::add(NotificationRequest request)
+{
+    if (!_capabilities) {
+        auto asking = askCapabilities();
+        const QDBusMessage answer = co_await asking;
+        requireReply(answer);
+    }
+    const QStringList capabilities = _capabilities.value_or(QStringList());
+    QDBusMessage message = serverCall(QStringLiteral("Notify"));
+    message.setArguments(NotificationMessage::notifyArguments(
+        request, capabilities, _shown.idOf(request.identifier)));
+    const QFuture<QDBusMessage> delivering = callBus(_bus, message, answerLimit);
+    const QDBusMessage reply = co_await delivering;
+    requireReply(reply);
+    follow(reply.service());
+    _shown.insert(reply.arguments().value(0).toUInt(), request);
+}
+
+/// Numbers and capabilities are those of one server, and end with it.
+void NotificationCentre::follow(const QString& server)
+{
+    if (server != _server) {
+        _server = server;
+        _capabilities.reset();
+        _shown.clear();
+    }
+}
+
+void NotificationCentre::ownerChanged(
+    const QString& /*name*/, const QString& oldOwner, const QString& newOwner)
+{
+    if (!newOwner.isEmpty()) {
+        follow(newOwner);
+        std::exchange(_waiting, std::stop_source()).request_stop();
+    } else if (oldOwner == _server) {
+        // An answer of the next server may have overtaken the news of this one's end.
+        follow({});
+    }
+}
+
+/// Every program on the bus can send these signals; only those of the server count.
+ShownNotifications::Entry* NotificationCentre::shown(quint32 id, const QDBusMessage& message)
+{
+    return message.service() == _server ? _shown.find(id) : nullptr;
+}
+
+void NotificationCentre::actionInvoked(
+    quint32 id, const QString& action, const QDBusMessage& message)
+{
+    const ShownNotifications::Entry* const entry = shown(id, message);
+    if (entry == nullptr || !_delegate) {
+        return;
+    }
+    const bool isDefault =
+        action == NotificationMessage::defaultAction || action == NotificationMessage::openAction;
+    _delegate->didReceive(
+        {isDefault ? defaultActionIdentifier : action.toStdString(),
+         entry->userInfo,
+         entry->activationToken});
+}
+
+void NotificationCentre::activationToken(
+    quint32 id, const QString& token, const QDBusMessage& message)
+{
+    if (ShownNotifications::Entry* const entry = shown(id, message)) {
+        entry->activationToken = token.toStdString();
+    }
+}
+
+void NotificationCentre::notificationClosed(
+    quint32 id, quint32 /*reason*/, const QDBusMessage& message)
+{
+    if (shown(id, message) != nullptr) {
+        _shown.erase(id);
+    }
+}
+
+}  // namespace Tarnwick

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Tarnwick/Desktop/NotificationRequest.h"
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+
+namespace Tarnwick {
+
+/// What a notification server shows of this program's, by the server's own numbers.
+class ShownNotifications {
+public:
+    struct Entry {
+        std::string identifier;
+        std::map<std::string, std::string> userInfo;
+        std::string activationToken;
+    };
+
+    void insert(std::uint32_t id, const NotificationRequest& request)
+    {
+        _entries.insert_or_assign(id, Entry{request.identifier, request.userInfo, {}});
+    }
+
+    /// The server's number of the one with this identifier, or 0.
+    std::uint32_t idOf(const std::string& identifier) const
+    {
+        for (const auto& [id, entry] : _entries) {
+            if (entry.identifier == identifier) {
+                return id;
+            }
+        }
+        return 0;
+    }
+
+    /// Nothing when no such notification is shown.
+    Entry* find(std::uint32_t id)
+    {
+        const auto found = _entries.find(id);
+        return found == _entries.end() ? nullptr : &found->second;
+    }
+
+    void erase(std::uint32_t id) { _entries.erase(id); }
+
+    void clear() { _entries.clear(); }
+
+private:
+    std::map<std::uint32_t, Entry> _entries;
+};
+
+}  // namespace Tarnwick
