@@ -54,8 +54,11 @@ void TitleLayout::elideLastLine(const QString& title, double width)
     if (start + last.textLength() >= title.size()) {
         return;
     }
-    const QString rest =
-        QFontMetricsF(_style.font).elidedText(title.mid(start), Qt::ElideRight, width);
+    const QFontMetricsF metrics(_style.font);
+    QString rest = metrics.elidedText(title.mid(start), Qt::ElideRight, width);
+    while (rest.size() > 1 && rest[rest.size() - 2].isSpace()) {
+        rest.remove(rest.size() - 2, 1);
+    }
     _isElided = true;
     _layout.setText(title.left(start) + rest);
     _layout.beginLayout();

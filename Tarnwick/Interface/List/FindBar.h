@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QVariantAnimation>
+#include <QWidget>
+
+namespace Tarnwick {
+
+class Appearance;
+class IconButton;
+class TextField;
+class TextLine;
+
+/// The bar between header and list in which the user types what to find. It slides open and shut,
+/// at once where the desktop wants no motion. Main thread only.
+class FindBar final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Requires: `appearance` lives longer than the bar. It is closed at first.
+    explicit FindBar(const Appearance& appearance, QWidget* parent = nullptr);
+
+    bool isOpen() const { return _isOpen; }
+
+    QString text() const;
+
+    /// Opens it with the caret in the field.
+    void open();
+
+    /// Clears the text and closes it.
+    void close();
+
+    /// Says how many of all rows match, while there is something to find.
+    void setMatches(int shown, int total);
+
+    /// What stands at the end of the field: "7 of 12", or nothing.
+    QString matchesText() const;
+
+    QSize sizeHint() const override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    /// Whenever another text is to be found, also when it is cleared.
+    void findTextChanged(const QString& text);
+    /// The user goes on to the list.
+    void leftForList();
+    /// The bar was closed by the user.
+    void closed();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void adoptAppearance();
+    void layOut();
+    void slideTo(int height);
+    int openHeight() const;
+    bool takesKey(int key);
+
+    const Appearance& _appearance;
+    TextField* _field;
+    TextLine* _matches;
+    IconButton* _closeButton;
+    QVariantAnimation _slide;
+    bool _isOpen = false;
+};
+
+}  // namespace Tarnwick

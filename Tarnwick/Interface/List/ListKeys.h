@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+
+class QKeyEvent;
+
+namespace Tarnwick {
+
+/// What the list does on a key.
+enum class ListCommand {
+    up,
+    down,
+    first,
+    last,
+    pageUp,
+    pageDown,
+    open,
+    openInEditor,
+    find,
+    showMenu,
+};
+
+/// Nothing for keys that are the panel's.
+std::optional<ListCommand> listCommand(const QKeyEvent& event);
+
+}  // namespace Tarnwick

@@ -1,0 +1,428 @@
+#include "Tarnwick/Interface/List/PullRequestListView.h"
+
+#include "Tarnwick/Interface/List/RowMenu.h"
+#include "Tarnwick/Interface/Look/Painting.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QToolTip>
+
+#include <algorithm>
+
+namespace Tarnwick {
+namespace {
+
+constexpr int ageMilliseconds = 60'000;
+constexpr int wheelStep = 20;
+
+/// Titles are written by strangers and must not be taken for markup.
+QString asMarkup(const QString& plain)
+{
+    QString markup = plain.toHtmlEscaped();
+    markup.replace(QLatin1Char('\n'), QLatin1String("<br/>"));
+    return QStringLiteral("<qt>%1</qt>").arg(markup);
+}
+
+}  // namespace
+
+PullRequestListView::PullRequestListView(
+    PullRequestListModel& model, const Appearance& appearance, QWidget* parent)
+    : QListView(parent)
+    , _model(model)
+    , _appearance(appearance)
+    , _delegate(new RowDelegate(model, appearance, this))
+    , _scrollBar(*this, appearance)
+    , _hover(*viewport(), appearance)
+{
+    setObjectName(QStringLiteral("pullRequestList"));
+    setAccessibleName(QStringLiteral("Pull requests"));
+    setFrameShape(QFrame::NoFrame);
+    setItemDelegate(_delegate);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setAutoScroll(false);
+    setMouseTracking(true);
+    viewport()->setMouseTracking(true);
+    setModel(&model);
+    connect(&appearance, &Appearance::changed, this, &PullRequestListView::adoptAppearance);
+    connect(&model, &PullRequestListModel::listAboutToChange, this, [this] {
+        _anchor.reset();
+        if (isVisible()) {
+            _anchor.emplace(*this);
+        }
+    });
+    connect(&model, &PullRequestListModel::listChanged, this, &PullRequestListView::takeInList);
+    adoptAppearance();
+}
+
+void PullRequestListView::adoptAppearance()
+{
+    verticalScrollBar()->setSingleStep(_appearance.scaled(wheelStep));
+    scheduleDelayedItemsLayout();
+    viewport()->update();
+}
+
+void PullRequestListView::takeInList()
+{
+    scheduleDelayedItemsLayout();
+    if (_anchor && isVisible()) {
+        doItemsLayout();
+        _anchor->restore(*this);
+    }
+    _anchor.reset();
+    viewport()->update();
+}
+
+void PullRequestListView::doItemsLayout()
+{
+    _delegate->setWidth(viewport()->width());
+    QListView::doItemsLayout();
+}
+
+int PullRequestListView::selectedRow() const
+{
+    const QModelIndex current = currentIndex();
+    return current.isValid() && selectionModel()->isSelected(current) ? current.row() : -1;
+}
+
+int PullRequestListView::rowAt(const QPoint& position) const
+{
+    const QModelIndex index = indexAt(position);
+    return index.isValid() ? index.row() : -1;
+}
+
+RowPart PullRequestListView::partAt(int row, const QPoint& position) const
+{
+    return _delegate->partAt(row, position - visualRect(_model.index(row)).topLeft());
+}
+
+void PullRequestListView::select(int row)
+{
+    selectionModel()->setCurrentIndex(
+        _model.index(row), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Current);
+    viewport()->update();
+}
+
+bool PullRequestListView::isFilled(int row) const
+{
+    return row == selectedRow() || _hover.fill(_model.index(row)) > 0;
+}
+
+RowSituation PullRequestListView::situation(int row) const
+{
+    const bool isSelected = row == selectedRow();
+    const bool isHovered = _hover.row().isValid() && _hover.row().row() == row;
+    const bool hasFocusRing = isSelected && _usesKeyboard && hasFocus();
+    const bool beginsStack = row > 0 && _model.content(row).row().depth <= 0;
+    return {
+        .hover = _hover.fill(_model.index(row)),
+        .isSelected = isSelected,
+        .hasFocusRing = hasFocusRing,
+        .showsEditorButton = isHovered || hasFocusRing,
+        .isOnEditorButton = isHovered && _isOnEditorButton,
+        .hasLineAbove = beginsStack && !isFilled(row) && !isFilled(row - 1)};
+}
+
+void PullRequestListView::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(viewport());
+    painter.fillRect(event->rect(), _appearance.palette().surfaceList);
+    if (_model.rowCount() == 0) {
+        if (_model.isFinding()) {
+            const LineStyle style = _appearance.line(TextStyle::body, TextWeight::regular);
+            const QRectF area = viewport()->rect();
+            Painting::text(
+                painter,
+                QRectF(0, (area.height() - style.height) / 2, area.width(), style.height),
+                QStringLiteral("No matches"),
+                style,
+                _appearance.palette().textSecondary,
+                Qt::AlignHCenter);
+        }
+        return;
+    }
+    const QModelIndex first = indexAt(QPoint(1, std::max(0, event->rect().top())));
+    for (int row = first.isValid() ? first.row() : _model.rowCount(); row < _model.rowCount();
+         ++row) {
+        const QRect place = visualRect(_model.index(row));
+        if (place.top() > event->rect().bottom()) {
+            break;
+        }
+        painter.save();
+        painter.translate(place.topLeft());
+        _delegate->paint(painter, row, situation(row));
+        painter.restore();
+    }
+}
+
+bool PullRequestListView::viewportEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto* const help = static_cast<QHelpEvent*>(event);
+        showHelp(help->pos(), help->globalPos());
+        return true;
+    }
+    if (event->type() == QEvent::Leave) {
+        _hover.setRow({});
+    }
+    return QListView::viewportEvent(event);
+}
+
+QString PullRequestListView::helpTextAt(const QPoint& position) const
+{
+    const int row = rowAt(position);
+    return row < 0 ? QString() : _delegate->helpText(row, partAt(row, position));
+}
+
+void PullRequestListView::showHelp(const QPoint& position, const QPoint& globalPosition)
+{
+    const int row = rowAt(position);
+    if (row < 0) {
+        QToolTip::hideText();
+        return;
+    }
+    const QRect part = _delegate->place(row, partAt(row, position))
+                           .translated(visualRect(_model.index(row)).topLeft());
+    QToolTip::showText(globalPosition, asMarkup(helpTextAt(position)), viewport(), part);
+}
+
+void PullRequestListView::keyPressEvent(QKeyEvent* event)
+{
+    const std::optional<ListCommand> command = listCommand(*event);
+    if (!command) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    const int row = selectedRow();
+    switch (*command) {
+    case ListCommand::find:
+        Q_EMIT findRequested();
+        return;
+    case ListCommand::open:
+        if (row >= 0) {
+            Q_EMIT openRequested(_model.content(row).pullRequest());
+        }
+        return;
+    case ListCommand::openInEditor:
+        if (row >= 0) {
+            Q_EMIT openInEditorRequested(_model.content(row).pullRequest());
+        }
+        return;
+    case ListCommand::showMenu:
+        if (row >= 0) {
+            const RowGeometry geometry = _delegate->geometry(row);
+            const QPoint corner = visualRect(_model.index(row)).topLeft();
+            showMenu(
+                row,
+                viewport()->mapToGlobal(corner + geometry.details.bottomLeft() + QPoint(0, 1)));
+        }
+        return;
+    case ListCommand::up:
+    case ListCommand::down:
+    case ListCommand::first:
+    case ListCommand::last:
+    case ListCommand::pageUp:
+    case ListCommand::pageDown:
+        move(*command);
+        return;
+    }
+}
+
+void PullRequestListView::move(ListCommand command)
+{
+    const int count = _model.rowCount();
+    if (count == 0) {
+        return;
+    }
+    const int row = selectedRow();
+    const int firstInSight = std::max(0, rowAt(QPoint(1, 0)));
+    const auto from = [&](int step) { return row < 0 ? firstInSight : row + step; };
+    int target = 0;
+    switch (command) {
+    case ListCommand::up:
+        target = from(-1);
+        break;
+    case ListCommand::down:
+        target = from(1);
+        break;
+    case ListCommand::pageUp:
+        target = row < 0 ? firstInSight : rowAPageFrom(row, -1);
+        break;
+    case ListCommand::pageDown:
+        target = row < 0 ? firstInSight : rowAPageFrom(row, 1);
+        break;
+    case ListCommand::last:
+        target = count - 1;
+        break;
+    default:
+        break;
+    }
+    _usesKeyboard = true;
+    select(std::clamp(target, 0, count - 1));
+    scrollTo(currentIndex());
+}
+
+int PullRequestListView::rowAPageFrom(int row, int direction) const
+{
+    const int page = viewport()->height();
+    const QRect start = visualRect(_model.index(row));
+    int target = row;
+    int distance = 0;
+    while (distance < page && target + direction >= 0 && target + direction < _model.rowCount()) {
+        const QRect next = visualRect(_model.index(target + direction));
+        distance = direction > 0 ? next.bottom() - start.top() : start.bottom() - next.top();
+        if (distance >= page && target != row) {
+            break;
+        }
+        target += direction;
+    }
+    return target;
+}
+
+void PullRequestListView::followPointer(const QPoint& position)
+{
+    const int row = viewport()->rect().contains(position) ? rowAt(position) : -1;
+    const bool isOnEditorButton = row >= 0 && partAt(row, position) == RowPart::editorButton;
+    _hover.setRow(row < 0 ? QModelIndex() : _model.index(row));
+    if (_isOnEditorButton != isOnEditorButton) {
+        _isOnEditorButton = isOnEditorButton;
+        viewport()->update();
+    }
+    viewport()->setCursor(row < 0 ? Qt::ArrowCursor : Qt::PointingHandCursor);
+}
+
+void PullRequestListView::mousePressEvent(QMouseEvent* event)
+{
+    const QPoint position = event->position().toPoint();
+    followPointer(position);
+    const int row = rowAt(position);
+    _pressed = QPersistentModelIndex();
+    if (row < 0 || event->button() != Qt::LeftButton) {
+        return;
+    }
+    _usesKeyboard = false;
+    _pressed = _model.index(row);
+    _isEditorPressed = partAt(row, position) == RowPart::editorButton;
+    select(row);
+}
+
+void PullRequestListView::mouseMoveEvent(QMouseEvent* event)
+{
+    followPointer(event->position().toPoint());
+}
+
+void PullRequestListView::mouseReleaseEvent(QMouseEvent* event)
+{
+    const QPoint position = event->position().toPoint();
+    const QModelIndex pressed = _pressed;
+    _pressed = QPersistentModelIndex();
+    if (event->button() != Qt::LeftButton || !pressed.isValid() || indexAt(position) != pressed) {
+        return;
+    }
+    const bool isEditor = partAt(pressed.row(), position) == RowPart::editorButton;
+    if (isEditor != _isEditorPressed) {
+        return;
+    }
+    const PullRequestKit::PullRequest pullRequest = _model.content(pressed).pullRequest();
+    if (isEditor) {
+        Q_EMIT openInEditorRequested(pullRequest);
+    } else {
+        Q_EMIT openRequested(pullRequest);
+    }
+}
+
+void PullRequestListView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    // The first click has opened the row; the second must not do so again.
+    event->accept();
+}
+
+void PullRequestListView::contextMenuEvent(QContextMenuEvent* event)
+{
+    const int row = rowAt(event->pos());
+    // The menu key is the panel's.
+    if (event->reason() == QContextMenuEvent::Keyboard || row < 0) {
+        event->ignore();
+        return;
+    }
+    select(row);
+    showMenu(row, event->globalPos());
+}
+
+void PullRequestListView::showMenu(int row, const QPoint& globalPosition)
+{
+    const PullRequestKit::PullRequest pullRequest = _model.content(row).pullRequest();
+    const RowMenuActions actions{
+        .open = [this, pullRequest] { Q_EMIT openRequested(pullRequest); },
+        .openInEditor = [this, pullRequest] { Q_EMIT openInEditorRequested(pullRequest); }};
+    _menu = makeRowMenu(pullRequest, actions, _appearance, this);
+    _menu->popup(globalPosition);
+}
+
+void PullRequestListView::focusInEvent(QFocusEvent* event)
+{
+    // Not the item view's own, which makes the first row current where none is: what is not seen to
+    // be selected must not be opened by Return.
+    QAbstractScrollArea::focusInEvent(event);
+    const bool isByKey =
+        event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (isByKey && _model.rowCount() > 0) {
+        _usesKeyboard = true;
+        if (selectedRow() < 0) {
+            select(std::max(0, rowAt(QPoint(1, 0))));
+        }
+    }
+    viewport()->update();
+}
+
+void PullRequestListView::resizeEvent(QResizeEvent* event)
+{
+    const bool isOtherWidth = viewport()->width() != _delegate->metrics().width;
+    const ScrollAnchor anchor(*this);
+    QListView::resizeEvent(event);
+    if (isOtherWidth) {
+        doItemsLayout();
+        anchor.restore(*this);
+    }
+}
+
+void PullRequestListView::scrollContentsBy(int dx, int dy)
+{
+    QListView::scrollContentsBy(dx, dy);
+    if (viewport()->underMouse()) {
+        followPointer(viewport()->mapFromGlobal(QCursor::pos()));
+    }
+}
+
+void PullRequestListView::showEvent(QShowEvent* event)
+{
+    _ageTimer.start(ageMilliseconds, Qt::VeryCoarseTimer, this);
+    QListView::showEvent(event);
+}
+
+void PullRequestListView::hideEvent(QHideEvent* event)
+{
+    _ageTimer.stop();
+    _usesKeyboard = false;
+    _hover.setRow({});
+    QListView::hideEvent(event);
+}
+
+void PullRequestListView::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() == _ageTimer.timerId()) {
+        viewport()->update();
+        return;
+    }
+    QListView::timerEvent(event);
+}
+
+}  // namespace Tarnwick

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "Tarnwick/Interface/Controls/OverlayScrollBar.h"
+#include "Tarnwick/Interface/List/ListKeys.h"
+#include "Tarnwick/Interface/List/RowDelegate.h"
+#include "Tarnwick/Interface/List/RowHover.h"
+#include "Tarnwick/Interface/List/ScrollAnchor.h"
+
+#include <QBasicTimer>
+#include <QListView>
+#include <QMenu>
+#include <QPointer>
+
+#include <optional>
+
+namespace Tarnwick {
+
+/// The list of pull requests. It shows the model's rows, follows keys and pointer and says what the
+/// user wants done with a row; it does none of it but copying. Main thread only.
+class PullRequestListView final : public QListView {
+    Q_OBJECT
+
+public:
+    /// Requires: `model` and `appearance` live longer than the view.
+    PullRequestListView(
+        PullRequestListModel& model, const Appearance& appearance, QWidget* parent = nullptr);
+
+    const RowDelegate& rows() const { return *_delegate; }
+
+    /// How a row is painted now.
+    RowSituation situation(int row) const;
+
+    /// The help text for a point of the viewport; empty where there is no row.
+    QString helpTextAt(const QPoint& position) const;
+
+    /// Whether the menu of a row is up.
+    bool isMenuOpen() const { return _menu != nullptr && _menu->isVisible(); }
+
+    void doItemsLayout() override;
+
+Q_SIGNALS:
+    void openRequested(const PullRequestKit::PullRequest& pullRequest);
+    void openInEditorRequested(const PullRequestKit::PullRequest& pullRequest);
+    void findRequested();
+
+protected:
+    bool viewportEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    void adoptAppearance();
+    void takeInList();
+    int selectedRow() const;
+    int rowAt(const QPoint& position) const;
+    RowPart partAt(int row, const QPoint& position) const;
+    void select(int row);
+    void move(ListCommand command);
+    int rowAPageFrom(int row, int direction) const;
+    void followPointer(const QPoint& position);
+    void showHelp(const QPoint& position, const QPoint& globalPosition);
+    void showMenu(int row, const QPoint& globalPosition);
+    bool isFilled(int row) const;
+
+    PullRequestListModel& _model;
+    const Appearance& _appearance;
+    RowDelegate* _delegate;
+    OverlayScrollBar _scrollBar;
+    RowHover _hover;
+    bool _isOnEditorButton = false;
+    QPersistentModelIndex _pressed;
+    bool _isEditorPressed = false;
+    /// Whether the selected row has a focus ring: not before the keyboard is used.
+    bool _usesKeyboard = false;
+    std::optional<ScrollAnchor> _anchor;
+    QPointer<QMenu> _menu;
+    QBasicTimer _ageTimer;  ///< Runs while the list is in sight.
+};
+
+}  // namespace Tarnwick

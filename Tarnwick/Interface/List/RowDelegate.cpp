@@ -1,0 +1,167 @@
+#include "Tarnwick/Interface/List/RowDelegate.h"
+
+#include "Tarnwick/Interface/List/RowTexts.h"
+
+#include <array>
+
+namespace Tarnwick {
+namespace {
+
+/// A few screens full of rows.
+constexpr int titlesKept = 200;
+
+/// Where the parts are, the ones on top of others first.
+constexpr std::array<std::pair<RowPart, QRect RowGeometry::*>, 8> partPlaces{{
+    {RowPart::editorButton, &RowGeometry::editorHitArea},
+    {RowPart::stateIcon, &RowGeometry::stateIcon},
+    {RowPart::conflict, &RowGeometry::conflict},
+    {RowPart::review, &RowGeometry::review},
+    {RowPart::check, &RowGeometry::check},
+    {RowPart::title, &RowGeometry::title},
+    {RowPart::warning, &RowGeometry::warning},
+    {RowPart::details, &RowGeometry::details},
+}};
+
+}  // namespace
+
+RowDelegate::RowDelegate(
+    const PullRequestListModel& model, const Appearance& appearance, QObject* parent)
+    : QAbstractItemDelegate(parent)
+    , _model(model)
+    , _appearance(appearance)
+    , _titles(titlesKept)
+{
+    setWidth(0);
+}
+
+void RowDelegate::setWidth(int width)
+{
+    const bool isAsBefore = _metrics && _metrics->width == width
+                            && _textScale == _appearance.textScale()
+                            && _counts == _model.countWidths();
+    if (isAsBefore) {
+        return;
+    }
+    if (_textScale != _appearance.textScale()) {
+        _titles.clear();
+        _measure.reset();
+    }
+    _textScale = _appearance.textScale();
+    _counts = _model.countWidths();
+    _metrics = rowMetrics(_appearance, width, _counts);
+    if (!_measure) {
+        _measure.emplace(_metrics->title);
+    }
+}
+
+RowShape RowDelegate::shape(const RowContent& content) const
+{
+    const std::int64_t depth = content.row().depth;
+    return {
+        .depth = depth,
+        .titleLines = _measure->lineCount(content.title(), titleWidth(*_metrics, depth)),
+        .hasWarning = !content.warning().isEmpty()};
+}
+
+RowGeometry RowDelegate::geometry(int row) const
+{
+    return rowGeometry(*_metrics, shape(_model.content(row)));
+}
+
+const TitleLayout& RowDelegate::title(const RowContent& content) const
+{
+    const std::pair key(titleWidth(*_metrics, content.row().depth), content.title());
+    TitleLayout* layout = _titles.object(key);
+    if (layout == nullptr) {
+        layout = new TitleLayout(content.title(), _metrics->title, key.first);
+        _titles.insert(key, layout);
+    }
+    return *layout;
+}
+
+RowPart RowDelegate::partAt(int row, const QPoint& position) const
+{
+    const RowGeometry places = geometry(row);
+    const bool hasConflict = _model.content(row).pullRequest().hasMergeConflict();
+    for (const auto& [part, place] : partPlaces) {
+        const bool isThere = part != RowPart::conflict || hasConflict;
+        if (isThere && (places.*place).contains(position)) {
+            return part;
+        }
+    }
+    return RowPart::row;
+}
+
+QRect RowDelegate::place(int row, RowPart part) const
+{
+    const RowGeometry places = geometry(row);
+    for (const auto& [named, place] : partPlaces) {
+        if (named == part) {
+            return places.*place;
+        }
+    }
+    return {0, 0, _metrics->width, places.height};
+}
+
+QString RowDelegate::titleHelpText(const RowContent& content) const
+{
+    return title(content).isElided()
+               ? content.title() + QLatin1Char('\n') + RowWording::openHelpText
+               : RowWording::openHelpText;
+}
+
+QString RowDelegate::helpText(int row, RowPart part) const
+{
+    const RowContent& content = _model.content(row);
+    switch (part) {
+    case RowPart::stateIcon:
+        return RowWording::stateHelpText(content.row());
+    case RowPart::conflict:
+        return RowWording::conflictHelpText;
+    case RowPart::review:
+        return RowWording::reviewHelpText(content.pullRequest());
+    case RowPart::check:
+        return RowWording::checkHelpText;
+    case RowPart::editorButton:
+        return RowWording::editorHelpText;
+    case RowPart::title:
+        return titleHelpText(content);
+    case RowPart::details: {
+        const DetailsLayout shown = RowTexts::details(
+            content.pullRequest(),
+            _model.now(),
+            *_metrics,
+            geometry(row).detailsBesideButton.width());
+        return shown.isElided
+                   ? _model.data(_model.index(row), Qt::AccessibleDescriptionRole).toString()
+                   : RowWording::openHelpText;
+    }
+    case RowPart::warning:
+    case RowPart::row:
+        return RowWording::openHelpText;
+    }
+    return {};
+}
+
+void RowDelegate::paint(QPainter& painter, int row, const RowSituation& situation) const
+{
+    const RowContent& content = _model.content(row);
+    RowPainter(painter, _appearance, *_metrics, _model.now())
+        .paint(content, geometry(row), title(content), situation);
+}
+
+void RowDelegate::paint(
+    QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    painter->save();
+    painter->translate(option.rect.topLeft());
+    paint(*painter, index.row(), {});
+    painter->restore();
+}
+
+QSize RowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const
+{
+    return {_metrics->width, rowHeight(*_metrics, shape(_model.content(index)))};
+}
+
+}  // namespace Tarnwick

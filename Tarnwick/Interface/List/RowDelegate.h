@@ -1,0 +1,72 @@
+#pragma once
+
+#include "Tarnwick/Interface/List/PullRequestListModel.h"
+#include "Tarnwick/Interface/List/RowPainter.h"
+#include "Tarnwick/Interface/List/TitleMeasure.h"
+
+#include <QAbstractItemDelegate>
+#include <QCache>
+
+#include <optional>
+#include <utility>
+
+namespace Tarnwick {
+
+/// The parts of a row that a pointer can be on.
+enum class RowPart {
+    row,
+    stateIcon,
+    title,
+    warning,
+    details,
+    conflict,
+    review,
+    check,
+    editorButton,
+};
+
+/// Gives the list its rows: their sizes, their pictures, and what is at a point of them, all from
+/// one geometry. Layouts are kept as long as width, text size and counts stay. Main thread only.
+class RowDelegate final : public QAbstractItemDelegate {
+    Q_OBJECT
+
+public:
+    RowDelegate(const PullRequestListModel& model, const Appearance& appearance, QObject* parent);
+
+    /// To be called before rows of another width, text size or widest count are asked for.
+    void setWidth(int width);
+
+    const RowMetrics& metrics() const { return *_metrics; }
+
+    RowGeometry geometry(int row) const;
+
+    /// `position` is relative to the row's upper left corner.
+    RowPart partAt(int row, const QPoint& position) const;
+
+    /// Where a part is, relative to the row's upper left corner.
+    QRect place(int row, RowPart part) const;
+
+    /// What to say about a part; for cut texts the whole of them. Plain text.
+    QString helpText(int row, RowPart part) const;
+
+    void paint(QPainter& painter, int row, const RowSituation& situation) const;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index)
+        const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+private:
+    RowShape shape(const RowContent& content) const;
+    const TitleLayout& title(const RowContent& content) const;
+    QString titleHelpText(const RowContent& content) const;
+
+    const PullRequestListModel& _model;
+    const Appearance& _appearance;
+    std::optional<RowMetrics> _metrics;
+    double _textScale = 0;
+    CountWidths _counts;
+    mutable std::optional<TitleMeasure> _measure;
+    mutable QCache<std::pair<int, QString>, TitleLayout> _titles;
+};
+
+}  // namespace Tarnwick

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QPersistentModelIndex>
+#include <QVariantAnimation>
+
+class QWidget;
+
+namespace Tarnwick {
+
+class Appearance;
+
+/// Which row is under the pointer, and how far its fill has come and the fill of the row before has
+/// gone. Without motion both are immediate. Main thread only.
+class RowHover {
+public:
+    /// Repaints `widget` while a fill changes.
+    RowHover(QWidget& widget, const Appearance& appearance);
+
+    /// An invalid index for none.
+    void setRow(const QModelIndex& index);
+
+    const QPersistentModelIndex& row() const { return _current; }
+
+    /// From 0 to 1.
+    double fill(const QModelIndex& index) const;
+
+private:
+    QWidget& _widget;
+    const Appearance& _appearance;
+    QPersistentModelIndex _current;
+    QPersistentModelIndex _before;
+    double _beforeFill = 0;  ///< Of the row before, when the pointer left it.
+    QVariantAnimation _animation;
+    double _progress = 1;
+};
+
+}  // namespace Tarnwick

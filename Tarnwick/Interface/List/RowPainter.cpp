@@ -1,0 +1,158 @@
+#include "Tarnwick/Interface/List/RowPainter.h"
+
+#include "Tarnwick/Interface/Controls/Fade.h"
+#include "Tarnwick/Interface/List/CountFigures.h"
+#include "Tarnwick/Interface/List/RowColors.h"
+#include "Tarnwick/Interface/List/RowTexts.h"
+#include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Look/ResourceIcon.h"
+#include "Tarnwick/Interface/Look/SystemSymbol.h"
+
+namespace Tarnwick {
+namespace {
+
+constexpr double fillRadius = 8;
+constexpr double ringWidth = 2;
+constexpr double barRadius = 1.5;
+constexpr double buttonRadius = 6;
+constexpr double plateRadius = 4;
+constexpr int plateBefore = 2;
+constexpr int plateAfter = 3;
+
+void drawIcon(QPainter& painter, const char* name, const QRect& place, const QColor& color)
+{
+    ResourceIcon{QString::fromLatin1(name)}.draw(painter, place, color);
+}
+
+}  // namespace
+
+RowPainter::RowPainter(
+    QPainter& painter,
+    const Appearance& appearance,
+    const RowMetrics& metrics,
+    PullRequestKit::Date now)
+    : _painter(painter)
+    , _appearance(appearance)
+    , _metrics(metrics)
+    , _palette(appearance.palette())
+    , _now(now)
+{}
+
+void RowPainter::paint(
+    const RowContent& content,
+    const RowGeometry& geometry,
+    const TitleLayout& title,
+    const RowSituation& situation)
+{
+    paintFill(geometry, situation);
+    paintStart(content, geometry);
+    title.draw(
+        _painter,
+        geometry.title.topLeft(),
+        content.isVisited() ? _palette.textSecondary : _palette.textPrimary);
+    if (!geometry.warning.isEmpty()) {
+        const QString warning =
+            RowTexts::elided(content.warning(), _metrics.caption, geometry.warning.width());
+        Painting::text(_painter, geometry.warning, warning, _metrics.caption, _palette.textWarning);
+    }
+    paintDetails(
+        content, situation.showsEditorButton ? geometry.detailsBesideButton : geometry.details);
+    paintBadges(content, geometry);
+    if (situation.showsEditorButton) {
+        paintEditorButton(geometry, situation);
+    }
+}
+
+void RowPainter::paintFill(const RowGeometry& geometry, const RowSituation& situation)
+{
+    if (situation.hasLineAbove) {
+        Painting::hairline(
+            _painter,
+            geometry.line.left(),
+            geometry.line.top(),
+            geometry.line.width(),
+            _palette.hairline);
+    }
+    if (situation.isSelected) {
+        Painting::fillRounded(_painter, geometry.fill, fillRadius, _palette.surfaceSelected);
+    } else if (situation.hover > 0) {
+        Painting::fillRounded(
+            _painter,
+            geometry.fill,
+            fillRadius,
+            mixed(_palette.surfaceList, _palette.surfaceHover, situation.hover));
+    }
+    if (situation.hasFocusRing) {
+        Painting::strokeInside(_painter, geometry.fill, fillRadius, ringWidth, _palette.accent);
+    }
+}
+
+void RowPainter::paintStart(const RowContent& content, const RowGeometry& geometry)
+{
+    if (content.pullRequest().isBlocked()) {
+        Painting::fillRounded(_painter, geometry.blockedBar, barRadius, RowColors::red);
+    }
+    if (!geometry.arrow.isEmpty()) {
+        SystemSymbol{QStringLiteral("arrow.turn.down.right")}.draw(
+            _painter, geometry.arrow, _palette.textTertiary);
+    }
+    ResourceIcon{content.stateIconName()}.draw(
+        _painter, geometry.stateIcon, RowColors::stateColor(content.pullRequest()));
+}
+
+void RowPainter::paintBadges(const RowContent& content, const RowGeometry& geometry)
+{
+    const PullRequestKit::PullRequest& shown = content.pullRequest();
+    if (shown.hasMergeConflict()) {
+        drawIcon(_painter, "alert", geometry.conflict, RowColors::red);
+    }
+    const QColor review = RowColors::reviewColor(shown.reviewState, _palette);
+    drawIcon(_painter, "code-review", geometry.reviewIcon, review);
+    paintCount(geometry.reviewCount, content.reviewLabel(), review);
+
+    const QColor check = RowColors::checkColor(shown.checks, _palette);
+    drawIcon(_painter, "checklist", geometry.checkIcon, check);
+    paintCount(geometry.checkCount, content.checkLabel(), check);
+}
+
+void RowPainter::paintCount(const QRect& place, const QString& label, const QColor& color)
+{
+    const bool hasPlate =
+        _appearance.isDark() && _appearance.higherContrast() && RowColors::wantsPlate(color);
+    if (hasPlate) {
+        const double width = CountFigures::widthInEm(label) * _metrics.count.pixelSize;
+        const QRectF plate(
+            place.left() - plateBefore,
+            place.top(),
+            plateBefore + width + plateAfter,
+            place.height());
+        Painting::fillRounded(_painter, plate, plateRadius, color);
+    }
+    CountFigures::draw(
+        _painter, place.topLeft(), label, _metrics.count, hasPlate ? QColor(Qt::white) : color);
+}
+
+void RowPainter::paintDetails(const RowContent& content, const QRect& place)
+{
+    const DetailsLayout layout =
+        RowTexts::details(content.pullRequest(), _now, _metrics, place.width());
+    for (const DetailsLayout::Piece& piece : layout.pieces) {
+        const QRectF line(place.left() + piece.left, place.top(), place.width(), place.height());
+        Painting::text(_painter, line, piece.text, _metrics.caption, _palette.textTertiary);
+    }
+}
+
+void RowPainter::paintEditorButton(const RowGeometry& geometry, const RowSituation& situation)
+{
+    const bool isOn = situation.isOnEditorButton;
+    Painting::fillRounded(
+        _painter,
+        geometry.editorButton,
+        buttonRadius,
+        isOn ? _palette.menuHighlight : _palette.button);
+    Painting::strokeInside(_painter, geometry.editorButton, buttonRadius, 1, _palette.buttonLine);
+    SystemSymbol{QStringLiteral("tarnwick-editor")}.draw(
+        _painter, geometry.editorIcon, isOn ? _palette.textPrimary : _palette.textSecondary);
+}
+
+}  // namespace Tarnwick

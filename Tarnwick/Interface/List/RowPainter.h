@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Tarnwick/Interface/List/RowContent.h"
+#include "Tarnwick/Interface/List/RowGeometry.h"
+#include "Tarnwick/Interface/List/TitleLayout.h"
+#include "Tarnwick/Interface/Look/Appearance.h"
+
+#include <QPainter>
+
+namespace Tarnwick {
+
+/// What the user does with a row at this moment.
+struct RowSituation {
+    double hover = 0;  ///< From 0 to 1 while the fill comes and goes.
+    bool isSelected = false;
+    bool hasFocusRing = false;
+    bool showsEditorButton = false;
+    bool isOnEditorButton = false;
+    bool hasLineAbove = false;
+};
+
+/// Paints one row where its geometry says. It is made for one frame of rows. Main thread only.
+class RowPainter {
+public:
+    RowPainter(
+        QPainter& painter,
+        const Appearance& appearance,
+        const RowMetrics& metrics,
+        PullRequestKit::Date now);
+
+    /// The painter's origin is the row's upper left corner.
+    void paint(
+        const RowContent& content,
+        const RowGeometry& geometry,
+        const TitleLayout& title,
+        const RowSituation& situation);
+
+private:
+    void paintFill(const RowGeometry& geometry, const RowSituation& situation);
+    void paintStart(const RowContent& content, const RowGeometry& geometry);
+    void paintBadges(const RowContent& content, const RowGeometry& geometry);
+    void paintCount(const QRect& place, const QString& label, const QColor& color);
+    void paintDetails(const RowContent& content, const QRect& place);
+    void paintEditorButton(const RowGeometry& geometry, const RowSituation& situation);
+
+    QPainter& _painter;
+    const Appearance& _appearance;
+    const RowMetrics& _metrics;
+    const Palette& _palette;
+    PullRequestKit::Date _now;
+};
+
+}  // namespace Tarnwick

@@ -1,0 +1,72 @@
+#include "List/SampleRows.h"
+#include "Support/Pictures.h"
+#include "Tarnwick/Interface/List/PullRequestListView.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+
+#include <gtest/gtest.h>
+
+namespace Tarnwick {
+namespace {
+
+struct Sheet {
+    double textScale = 1;
+    bool isDark = false;
+    bool higherContrast = false;
+    int width = 420;
+    int height = 800;
+    double scaleFactor = 1;
+};
+
+/// Without the rows whose characters no bundled font has.
+std::vector<ListedRow> latinRows()
+{
+    std::vector<ListedRow> rows = TestSupport::sampleRows();
+    std::erase_if(rows, [](const ListedRow& row) {
+        const QString title = QString::fromStdString(row.row.pullRequest.title);
+        return title.isRightToLeft() || title.contains(QStringLiteral("🚀"));
+    });
+    return rows;
+}
+
+/// The list with the pointer on its fifth row.
+QImage listPicture(const Sheet& sheet)
+{
+    Appearance appearance(sheet.textScale);
+    appearance.setDark(sheet.isDark);
+    appearance.setWishes({.reducedMotion = true, .higherContrast = sheet.higherContrast});
+    PullRequestListModel model(TestSupport::sampleNow);
+    model.setRows(latinRows());
+    PullRequestListView view(model, appearance);
+    view.setAttribute(Qt::WA_DontShowOnScreen);
+    view.resize(sheet.width, sheet.height);
+    view.show();
+    const QPointF pointer = view.visualRect(model.index(4)).center();
+    QMouseEvent move(
+        QEvent::MouseMove,
+        pointer,
+        view.viewport()->mapToGlobal(pointer),
+        Qt::NoButton,
+        Qt::NoButton,
+        Qt::NoModifier);
+    QApplication::sendEvent(view.viewport(), &move);
+    return pictureOf(view, sheet.scaleFactor);
+}
+
+TEST(ListPictures, rowsOfEveryKind)
+{
+    expectPicture(listPicture({}), "list-light");
+    expectPicture(listPicture({.isDark = true, .scaleFactor = 1.5}), "list-dark-150");
+}
+
+TEST(ListPictures, higherContrastAndLargerText)
+{
+    expectPicture(
+        listPicture({.isDark = true, .higherContrast = true, .height = 400, .scaleFactor = 1.25}),
+        "list-contrast-125");
+    expectPicture(listPicture({.textScale = 1.5, .width = 630, .height = 700}), "list-large-text");
+}
+
+}  // namespace
+}  // namespace Tarnwick

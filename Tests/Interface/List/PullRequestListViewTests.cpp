@@ -1,0 +1,395 @@
+#include "Tarnwick/Interface/List/PullRequestListView.h"
+
+#include "List/SampleRows.h"
+#include "Support/PullRequests.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace PullRequestKit;
+using namespace Qt::StringLiterals;
+using namespace Tarnwick;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using TestSupport::makePullRequest;
+using TestSupport::plainRows;
+using TestSupport::sampleRows;
+
+class PullRequestListViewTests : public testing::Test {
+protected:
+    PullRequestListViewTests()
+    {
+        appearance.setWishes({.reducedMotion = true, .higherContrast = false});
+        QObject::connect(
+            &view, &PullRequestListView::openRequested, &view, [this](const PullRequest& opened) {
+                openedNumbers.push_back(opened.id.number);
+            });
+        QObject::connect(
+            &view,
+            &PullRequestListView::openInEditorRequested,
+            &view,
+            [this](const PullRequest& opened) { editedNumbers.push_back(opened.id.number); });
+        view.resize(420, 520);
+    }
+
+    void show(std::vector<ListedRow> rows)
+    {
+        model.setRows(std::move(rows));
+        view.show();
+        view.activateWindow();
+        view.setFocus(Qt::OtherFocusReason);
+        QApplication::processEvents();
+    }
+
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(&view, static_cast<Qt::Key>(key), modifiers);
+    }
+
+    QPoint inRow(int row, const QPoint& position) const
+    {
+        return view.visualRect(model.index(row)).topLeft() + position;
+    }
+
+    void pointAt(const QPoint& position)
+    {
+        QMouseEvent event(
+            QEvent::MouseMove,
+            position,
+            view.viewport()->mapToGlobal(position),
+            Qt::NoButton,
+            Qt::NoButton,
+            Qt::NoModifier);
+        QApplication::sendEvent(view.viewport(), &event);
+    }
+
+    void click(const QPoint& position)
+    {
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, position);
+    }
+
+    int current() const { return view.currentIndex().row(); }
+
+    std::vector<std::int64_t> openedNumbers;
+    std::vector<std::int64_t> editedNumbers;
+    Appearance appearance{1.0};
+    PullRequestListModel model{TestSupport::sampleNow};
+    PullRequestListView view{model, appearance};
+};
+
+const QPoint onTitle(100, 18);
+const QPoint onEditorButton(390, 35);
+
+TEST_F(PullRequestListViewTests, keysMoveTheSelection)
+{
+    show(plainRows(40));
+    EXPECT_EQ(current(), -1);
+    press(Qt::Key_Down);
+    EXPECT_EQ(current(), 0);
+    press(Qt::Key_Down);
+    press(Qt::Key_J);
+    EXPECT_EQ(current(), 2);
+    press(Qt::Key_Up);
+    press(Qt::Key_K);
+    press(Qt::Key_K);
+    EXPECT_EQ(current(), 0);
+    press(Qt::Key_End);
+    EXPECT_EQ(current(), 39);
+    press(Qt::Key_Down);
+    EXPECT_EQ(current(), 39);
+    press(Qt::Key_Home);
+    EXPECT_EQ(current(), 0);
+}
+
+TEST_F(PullRequestListViewTests, pageKeysMoveByWhatIsInSight)
+{
+    show(plainRows(40));
+    press(Qt::Key_Home);
+    press(Qt::Key_PageDown);
+    EXPECT_EQ(current(), 9);
+    press(Qt::Key_PageDown);
+    EXPECT_EQ(current(), 18);
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(current(), 9);
+    press(Qt::Key_PageUp);
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(current(), 0);
+}
+
+TEST_F(PullRequestListViewTests, theSelectedRowIsInSight)
+{
+    show(plainRows(40));
+    press(Qt::Key_End);
+    const QRect last = view.visualRect(view.currentIndex());
+    EXPECT_EQ(last.bottom(), view.viewport()->height() - 1);
+    EXPECT_EQ(last.height(), 52);
+}
+
+TEST_F(PullRequestListViewTests, returnOpensAndEOpensInTheEditor)
+{
+    show(plainRows(3));
+    press(Qt::Key_Return);
+    press(Qt::Key_E);
+    EXPECT_THAT(openedNumbers, IsEmpty());
+    EXPECT_THAT(editedNumbers, IsEmpty());
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    press(Qt::Key_E);
+    EXPECT_THAT(openedNumbers, ElementsAre(2));
+    EXPECT_THAT(editedNumbers, ElementsAre(2));
+}
+
+TEST_F(PullRequestListViewTests, slashAsksToFind)
+{
+    show(plainRows(3));
+    const QSignalSpy asked(&view, &PullRequestListView::findRequested);
+    QTest::keyClick(&view, '/');
+    EXPECT_EQ(asked.size(), 1);
+}
+
+TEST_F(PullRequestListViewTests, keysOfThePanelGoOnToIt)
+{
+    show(plainRows(3));
+    for (const Qt::Key key : {Qt::Key_R, Qt::Key_Comma, Qt::Key_Menu, Qt::Key_Escape}) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(&view, &event);
+        EXPECT_FALSE(event.isAccepted()) << key;
+    }
+}
+
+TEST_F(PullRequestListViewTests, thereIsNoFocusRingBeforeTheFirstKey)
+{
+    show(plainRows(3));
+    click(inRow(1, onTitle));
+    EXPECT_TRUE(view.situation(1).isSelected);
+    EXPECT_FALSE(view.situation(1).hasFocusRing);
+    press(Qt::Key_Down);
+    EXPECT_TRUE(view.situation(2).hasFocusRing);
+    EXPECT_TRUE(view.situation(2).showsEditorButton);
+    view.hide();
+    view.show();
+    EXPECT_FALSE(view.situation(2).hasFocusRing);
+}
+
+TEST_F(PullRequestListViewTests, tabbingIntoTheListShowsWhereTheFocusIs)
+{
+    show(plainRows(3));
+    view.clearFocus();
+    view.setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(current(), 0);
+    EXPECT_TRUE(view.situation(0).hasFocusRing);
+}
+
+TEST_F(PullRequestListViewTests, aClickOpensTheRow)
+{
+    show(plainRows(3));
+    click(inRow(1, onTitle));
+    EXPECT_THAT(openedNumbers, ElementsAre(2));
+    EXPECT_THAT(editedNumbers, IsEmpty());
+}
+
+TEST_F(PullRequestListViewTests, aDoubleClickOpensTheRowOnce)
+{
+    show(plainRows(3));
+    const QPoint position = inRow(1, onTitle);
+    click(position);
+    // What the second click becomes when it comes in time.
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, position);
+    QTest::mouseRelease(view.viewport(), Qt::LeftButton, Qt::NoModifier, position);
+    EXPECT_THAT(openedNumbers, ElementsAre(2));
+}
+
+TEST_F(PullRequestListViewTests, aClickOnTheEditorButtonOpensTheEditor)
+{
+    show(plainRows(3));
+    click(inRow(2, onEditorButton));
+    click(inRow(1, QPoint(419 - 13, 51)));
+    EXPECT_THAT(editedNumbers, ElementsAre(3, 2));
+    EXPECT_THAT(openedNumbers, IsEmpty());
+}
+
+TEST_F(PullRequestListViewTests, aPressThatIsReleasedElsewhereOpensNothing)
+{
+    show(plainRows(3));
+    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, inRow(0, onTitle));
+    QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, inRow(1, onTitle));
+    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, inRow(0, onTitle));
+    QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, inRow(0, onEditorButton));
+    EXPECT_THAT(openedNumbers, IsEmpty());
+    EXPECT_THAT(editedNumbers, IsEmpty());
+}
+
+TEST_F(PullRequestListViewTests, theRowUnderThePointerHasItsEditorButton)
+{
+    show(plainRows(3));
+    pointAt(inRow(1, onTitle));
+    EXPECT_EQ(view.situation(1).hover, 1);
+    EXPECT_TRUE(view.situation(1).showsEditorButton);
+    EXPECT_FALSE(view.situation(1).isOnEditorButton);
+    EXPECT_FALSE(view.situation(0).showsEditorButton);
+    EXPECT_EQ(view.viewport()->cursor().shape(), Qt::PointingHandCursor);
+    pointAt(inRow(1, onEditorButton));
+    EXPECT_TRUE(view.situation(1).isOnEditorButton);
+    pointAt(QPoint(100, 500));
+    EXPECT_EQ(view.situation(1).hover, 0);
+    EXPECT_EQ(view.viewport()->cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(PullRequestListViewTests, linesStandBetweenStacksAndNotBesideAFill)
+{
+    show(sampleRows());
+    EXPECT_FALSE(view.situation(0).hasLineAbove);
+    EXPECT_FALSE(view.situation(1).hasLineAbove);
+    EXPECT_FALSE(view.situation(3).hasLineAbove);
+    EXPECT_TRUE(view.situation(4).hasLineAbove);
+    EXPECT_TRUE(view.situation(5).hasLineAbove);
+    EXPECT_TRUE(view.situation(6).hasLineAbove);
+    pointAt(inRow(5, onTitle));
+    EXPECT_TRUE(view.situation(4).hasLineAbove);
+    EXPECT_FALSE(view.situation(5).hasLineAbove);
+    EXPECT_FALSE(view.situation(6).hasLineAbove);
+}
+
+TEST_F(PullRequestListViewTests, helpTextsGoByTheRegion)
+{
+    show(sampleRows());
+    const auto helpAt = [this](int row, QRect RowGeometry::* place) {
+        return view.helpTextAt(inRow(row, (view.rows().geometry(row).*place).center()));
+    };
+    EXPECT_EQ(helpAt(0, &RowGeometry::stateIcon), u"Stacked Open pull request"_s);
+    EXPECT_EQ(helpAt(3, &RowGeometry::stateIcon), u"Stacked Draft pull request"_s);
+    EXPECT_EQ(helpAt(4, &RowGeometry::stateIcon), u"Open pull request"_s);
+    EXPECT_EQ(helpAt(4, &RowGeometry::conflict), u"Merge conflict"_s);
+    EXPECT_EQ(helpAt(5, &RowGeometry::conflict), u"Opens this pull request in your browser"_s);
+    EXPECT_EQ(helpAt(0, &RowGeometry::review), u"Completed/Required/Total Reviewers"_s);
+    EXPECT_EQ(helpAt(4, &RowGeometry::review), u"Completed/Total Reviewers"_s);
+    EXPECT_EQ(helpAt(0, &RowGeometry::check), u"Checks passed / total checks"_s);
+    EXPECT_EQ(helpAt(0, &RowGeometry::editorButton), u"Open in Editor"_s);
+    EXPECT_EQ(helpAt(0, &RowGeometry::title), u"Opens this pull request in your browser"_s);
+    EXPECT_EQ(helpAt(0, &RowGeometry::details), u"Opens this pull request in your browser"_s);
+    EXPECT_EQ(view.helpTextAt(QPoint(100, 5000)), QString());
+}
+
+TEST_F(PullRequestListViewTests, theHelpTextOfAnElidedTitleIsTheWholeTitle)
+{
+    show(sampleRows());
+    const QString title =
+        u"Retry uploads with exponential back-off and resume from the last acknowledged part"_s;
+    EXPECT_EQ(
+        view.helpTextAt(inRow(5, onTitle)), title + u"\nOpens this pull request in your browser"_s);
+}
+
+TEST_F(PullRequestListViewTests, selectionAndPlaceStayWhenTheListChanges)
+{
+    show(plainRows(60));
+    press(Qt::Key_End);
+    press(Qt::Key_Up);
+    const int top = view.visualRect(view.currentIndex()).top();
+    std::vector<ListedRow> rows = plainRows(60);
+    rows.insert(rows.begin(), {{makePullRequest(777), 0, false, {}}, false});
+    rows.insert(rows.begin(), {{makePullRequest(778), 0, false, {}}, false});
+    model.setRows(rows);
+    EXPECT_EQ(current(), 60);
+    EXPECT_EQ(model.content(current()).pullRequest().id.number, 59);
+    EXPECT_EQ(view.visualRect(view.currentIndex()).top(), top);
+}
+
+TEST_F(PullRequestListViewTests, aListAtItsTopStaysAtItsTop)
+{
+    show(plainRows(60));
+    std::vector<ListedRow> rows = plainRows(60);
+    rows.insert(rows.begin(), {{makePullRequest(777), 0, false, {}}, false});
+    model.setRows(rows);
+    QApplication::processEvents();
+    EXPECT_EQ(view.verticalScrollBar()->value(), 0);
+}
+
+TEST_F(PullRequestListViewTests, rowsFollowTheWidthAtOnce)
+{
+    show(sampleRows());
+    EXPECT_EQ(view.visualRect(model.index(0)).height(), 70);
+    view.resize(700, 520);
+    EXPECT_EQ(view.visualRect(model.index(0)).height(), 52);
+    EXPECT_EQ(view.visualRect(model.index(0)).width(), 700);
+    EXPECT_EQ(view.rows().geometry(0).check.right(), 700 - 16 - 1);
+}
+
+TEST_F(PullRequestListViewTests, rowsHaveNamesForScreenReaders)
+{
+    std::vector<ListedRow> rows = plainRows(2);
+    rows[1].row.pullRequest.title = "Fix login";
+    rows[1].row.pullRequest.checks = {2, 3, 0};
+    show(rows);
+    EXPECT_EQ(view.objectName(), u"pullRequestList"_s);
+    QAccessibleInterface* const list = QAccessible::queryAccessibleInterface(&view);
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->text(QAccessible::Name), u"Pull requests"_s);
+    EXPECT_EQ(list->role(), QAccessible::List);
+    ASSERT_EQ(list->childCount(), 2);
+    EXPECT_EQ(
+        list->child(1)->text(QAccessible::Name),
+        u"Fix login, Open pull request, No reviewers, 2/3 checks"_s);
+    EXPECT_EQ(list->child(1)->role(), QAccessible::ListItem);
+}
+
+QAction* actionNamed(const QMenu& menu, const QString& name)
+{
+    for (QAction* const action : menu.actions()) {
+        if (action->text() == name) {
+            return action;
+        }
+    }
+    return nullptr;
+}
+
+TEST_F(PullRequestListViewTests, aRowsMenuOpensAndCopies)
+{
+    show(plainRows(3));
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_F10, Qt::ShiftModifier);
+    ASSERT_TRUE(view.isMenuOpen());
+    const auto* const menu = view.findChild<QMenu*>(u"rowMenu"_s);
+    ASSERT_NE(menu, nullptr);
+    QStringList names;
+    for (const QAction* const action : menu->actions()) {
+        if (!action->isSeparator()) {
+            names.append(action->text());
+        }
+    }
+    EXPECT_EQ(
+        names,
+        QStringList(
+            {u"Open in Browser"_s, u"Open in Editor"_s, u"Copy Link"_s, u"Copy Branch Name"_s}));
+    actionNamed(*menu, u"Open in Browser"_s)->trigger();
+    actionNamed(*menu, u"Open in Editor"_s)->trigger();
+    EXPECT_THAT(openedNumbers, ElementsAre(2));
+    EXPECT_THAT(editedNumbers, ElementsAre(2));
+    actionNamed(*menu, u"Copy Link"_s)->trigger();
+    EXPECT_EQ(QApplication::clipboard()->text(), u"https://github.com/octo/tools/pull/2"_s);
+    actionNamed(*menu, u"Copy Branch Name"_s)->trigger();
+    EXPECT_EQ(QApplication::clipboard()->text(), u"branch-2"_s);
+}
+
+TEST_F(PullRequestListViewTests, theMenuKeyIsThePanels)
+{
+    show(plainRows(3));
+    press(Qt::Key_Down);
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, inRow(0, onTitle), QPoint(1, 1));
+    QApplication::sendEvent(view.viewport(), &byKey);
+    EXPECT_FALSE(view.isMenuOpen());
+    QContextMenuEvent byMouse(QContextMenuEvent::Mouse, inRow(1, onTitle), QPoint(1, 1));
+    QApplication::sendEvent(view.viewport(), &byMouse);
+    EXPECT_TRUE(view.isMenuOpen());
+}
+
+}  // namespace
