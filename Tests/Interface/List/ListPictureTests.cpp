@@ -15,7 +15,7 @@ struct Sheet {
     bool isDark = false;
     bool higherContrast = false;
     int width = 420;
-    int height = 800;
+    int height = 640;
     double scaleFactor = 1;
 };
 
