@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -116,6 +117,7 @@ void PanelWindow::place(std::optional<QPoint> click)
 void PanelWindow::present(std::optional<QPoint> click, const PlatformData& platformData)
 {
     ++_presentation;
+    _isWanted = true;
     passOn(platformData.activationToken);
     if (!isVisible()) {
         const bool isComposited = !X11::isInUse() || X11::hasOwner(X11::compositorSelection());
@@ -130,6 +132,12 @@ void PanelWindow::present(std::optional<QPoint> click, const PlatformData& platf
     activateWindow();
     X11::activate(winId(), platformData.startupTime());
     X11::endStartup(platformData.startupId.toUtf8());
+}
+
+void PanelWindow::dismiss()
+{
+    _isWanted = false;
+    hide();
 }
 
 bool PanelWindow::isInFront() const
@@ -163,7 +171,7 @@ void PanelWindow::closeUnlessKept()
         QApplication::activeWindow() != nullptr || QApplication::activePopupWidget() != nullptr;
     if (isVisible() && _form == Form::panel && !isOurs && !_keepsOpen()) {
         _focusLost = Clock::now();
-        hide();
+        dismiss();
     }
 }
 
@@ -177,6 +185,37 @@ void PanelWindow::rememberSize()
     }
 }
 
+void PanelWindow::updateSight()
+{
+    const bool isInSight = isVisible() && !isMinimized();
+    if (_isInSight != isInSight) {
+        _isInSight = isInSight;
+        if (isInSight) {
+            Q_EMIT shown();
+        } else {
+            Q_EMIT hidden();
+        }
+    }
+}
+
+void PanelWindow::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange) {
+        updateSight();
+    }
+}
+
+void PanelWindow::keyPressEvent(QKeyEvent* event)
+{
+    // What the content has no use for.
+    if (event->key() == Qt::Key_Escape && !_keepsOpen()) {
+        close();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
 void PanelWindow::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
@@ -185,20 +224,26 @@ void PanelWindow::showEvent(QShowEvent* event)
     for (EdgeGrip* const grip : std::as_const(_grips)) {
         grip->raise();
     }
-    Q_EMIT shown();
+    updateSight();
 }
 
 void PanelWindow::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
-    if (!event->spontaneous()) {
-        rememberSize();
+    if (event->spontaneous()) {
+        return;
     }
-    Q_EMIT hidden();
+    rememberSize();
+    updateSight();
+    if (_isWanted) {
+        // Whoever hid the window is not done with it yet.
+        QMetaObject::invokeMethod(this, &PanelWindow::steppedAside, Qt::QueuedConnection);
+    }
 }
 
 void PanelWindow::closeEvent(QCloseEvent* event)
 {
+    _isWanted = false;
     // Accepting hides the window and leaves the rest to whoever listens. Refusing would stand in
     // the way of the session's end.
     event->accept();

@@ -45,6 +45,9 @@ public:
 
     QSize preferredSize() const { return _preferredSize; }
 
+    /// Hides it, as closing does, but nobody is told that it was closed.
+    void dismiss();
+
     /// Comes to the front with the focus; a panel is placed by the click, if there was one.
     void present(std::optional<QPoint> click, const PlatformData& platformData);
 
@@ -55,8 +58,12 @@ public:
     bool hasJustLostFocus(Clock::time_point now = Clock::now()) const;
 
 Q_SIGNALS:
+    /// It came in sight or went, minimised windows being out of sight.
     void shown();
     void hidden();
+    /// It is hidden, neither by its user nor by `dismiss`: something that was opened from it wants
+    /// the place.
+    void steppedAside();
     /// The user closed the window, which is hidden now.
     void closed();
     /// The user gave it another size.
@@ -64,6 +71,8 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -74,6 +83,7 @@ private:
     void applyForm();
     void place(std::optional<QPoint> click);
     void closeUnlessKept();
+    void updateSight();
     void rememberSize();
     void appearanceChanged();
 
@@ -86,7 +96,9 @@ private:
     Form _wantedForm = Form::window;
     bool _isTranslucent = false;
     QSize _preferredSize;
-    QSize _givenSize;           ///< What the window was last shown with.
+    QSize _givenSize;  ///< What the window was last shown with.
+    bool _isInSight = false;
+    bool _isWanted = false;     ///< Presented, and neither closed nor dismissed since.
     quint64 _presentation = 0;  ///< Counts the calls of `present`.
     std::optional<QPoint> _lastClick;
     std::optional<Clock::time_point> _focusLost;

@@ -75,6 +75,12 @@ void TarnwickDirectApp::connectPanel()
     });
     connect(&_window, &PanelWindow::hidden, _view, &PullRequestMenuView::panelHidden);
     connect(&_window, &PanelWindow::closed, this, &TarnwickDirectApp::panelClosed);
+    connect(&_window, &PanelWindow::steppedAside, this, [this] {
+        // Without an icon there would be nothing left to click.
+        if (!_trayHost.isPresent()) {
+            _window.showMinimized();
+        }
+    });
     connect(&_window, &PanelWindow::preferredSizeChanged, this, [this] {
         PanelSize::write(*_defaults, _window.preferredSize());
     });
@@ -146,7 +152,7 @@ void TarnwickDirectApp::trayClicked()
 void TarnwickDirectApp::toggle(std::optional<QPoint> click, const PlatformData& platformData)
 {
     if (_window.isInFront()) {
-        _window.hide();
+        _window.dismiss();
     } else {
         _window.present(click, platformData);
     }

@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QScreen>
 #include <QSignalSpy>
+#include <QTest>
+#include <QWindow>
 
 #include <gmock/gmock.h>
 
@@ -105,6 +107,50 @@ TEST_F(PanelWindowTest, tellsWhenItIsShownAndHidden)
     EXPECT_EQ(shown.count(), 1);
     window.hide();
     EXPECT_EQ(hidden.count(), 1);
+}
+
+TEST_F(PanelWindowTest, isOutOfSightWhileItIsMinimised)
+{
+    const QSignalSpy shown(&window, &PanelWindow::shown);
+    const QSignalSpy hidden(&window, &PanelWindow::hidden);
+    show(Form::window);
+    window.showMinimized();
+    EXPECT_EQ(hidden.count(), 1);
+    EXPECT_FALSE(window.isInFront());
+    window.present(std::nullopt, {});
+    EXPECT_EQ(shown.count(), 2);
+    EXPECT_FALSE(window.isMinimized());
+}
+
+TEST_F(PanelWindowTest, tellsWhenItIsHiddenForWhatItOpened)
+{
+    const QSignalSpy aside(&window, &PanelWindow::steppedAside);
+    show(Form::window);
+    window.dismiss();
+    QCoreApplication::processEvents();
+    window.present(std::nullopt, {});
+    window.close();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(aside.count(), 0);
+    window.present(std::nullopt, {});
+    window.windowHandle()->hide();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(aside.count(), 1);
+}
+
+TEST_F(PanelWindowTest, escapeThatNobodyElseUsesClosesIt)
+{
+    const QSignalSpy closed(&window, &PanelWindow::closed);
+    show(Form::panel);
+    keepsOpen = true;
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_TRUE(window.isVisible());
+    keepsOpen = false;
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(closed.count(), 1);
 }
 
 TEST_F(PanelWindowTest, closingHidesItAndIsTold)

@@ -1,0 +1,177 @@
+"""The icon in trays of both kinds, and the panel that it opens."""
+
+import os
+
+from desktop import SessionTest, wait_until
+from desktop.screen import Rectangle
+from desktop.session import SCREEN
+from desktop.waiting import stays
+
+# Where icons lie in the two trays.
+TOP = Rectangle(SCREEN[0] - 160, 0, 160, 30)
+BOTTOM = Rectangle(SCREEN[0] - 160, SCREEN[1] - 32, 160, 32)
+
+# Where the menu of an icon at the top opens.
+BELOW = Rectangle(SCREEN[0] - 240, 32, 240, 140)
+
+
+class XfceTests(SessionTest):
+    window_manager = ("xfwm4", "--compositor=off")
+
+    def testAClickOnTheIconOpensThePanelBelowItAndTheNextClosesIt(self):
+        self.session.start_xfce_panel()
+        self.start_tarnwick("--background")
+        icon = self.tray_icon(TOP)
+        self.screen.click(*icon.centre)
+        place = self.screen.place(self.panel())
+        self.assertEqual((place.width, place.height), (440, 620))
+        self.assertEqual(place.y, self.screen.work_area().y + 4)
+        self.assertLessEqual(abs(place.right - (SCREEN[0] - 4)), 1)
+        self.assertLess(place.x, icon.x)
+        self.screen.click(*icon.centre)
+        self.panel_gone()
+        self.screen.click(*icon.centre)
+        self.panel()
+
+    def testThePanelHasTheFocusAndEscapeClosesIt(self):
+        self.session.start_xfce_panel()
+        self.start_tarnwick("--background")
+        self.screen.click(*self.tray_icon(TOP).centre)
+        window = self.panel()
+        wait_until(lambda: self.screen.has_focus(window), "the focus of the panel")
+        self.screen.key("Escape")
+        self.panel_gone()
+        self.assertTrue(self.session.owns_name("dev.tarnwick.Tarnwick"))
+
+    def testThePanelClosesWhenTheFocusLeavesIt(self):
+        self.session.start_xfce_panel()
+        self.start_tarnwick("--background")
+        icon = self.tray_icon(TOP)
+        self.session.processes.start("xmessage", "-geometry", "+40+300", "Another window.")
+        other = self.screen.wait_for_window("xmessage")
+        self.screen.click(*icon.centre)
+        window = self.panel()
+        wait_until(lambda: self.screen.has_focus(window), "the focus of the panel")
+        self.screen.click(*self.screen.place(other).centre)
+        self.panel_gone()
+        # A click this soon might be the one that took the focus away.
+        stays(lambda: not self.screen.windows(), "the closed panel", 0.4)
+        self.screen.click(*icon.centre)
+        self.panel()
+
+    def testTheIconsMenuOpensReloadsAndQuits(self):
+        self.session.start_xfce_panel()
+        program = self.start_tarnwick("--background")
+        icon = self.tray_icon(TOP)
+        wait_until(lambda: os.path.exists(self.cache_file), "the first refresh")
+        searches = len(self.github.requests("search"))
+        self.choose_in_menu(icon, 2)
+        wait_until(lambda: len(self.github.requests("search")) > searches, "a refresh")
+        self.assertEqual(self.screen.windows(), [])
+        wait_until(self.nothing_is_below, "the end of the menu")
+        self.choose_in_menu(icon, 1)
+        self.panel()
+        self.screen.key("Escape")
+        self.panel_gone()
+        wait_until(self.nothing_is_below, "the panel's pixels gone")
+        self.choose_in_menu(icon, 3)
+        self.assertEqual(self.wait_for_end(program), 0)
+
+    def nothing_is_below(self):
+        return self.screen.find(BELOW, is_not_black) is None
+
+    def choose_in_menu(self, icon, number):
+        """Chooses the item at this place of three, counted from 1, from the menu that the host
+        draws over the black of the screen."""
+        self.screen.click(*icon.centre, button=3)
+        menu = wait_until(lambda: self.screen.find(BELOW, is_not_black), "the icon's menu")
+        self.screen.click(menu.centre[0], menu.y + menu.height * (2 * number - 1) // 6)
+
+    def testThePanelIsResizedAtItsEdges(self):
+        self.session.start_xfce_panel()
+        program = self.start_tarnwick("--background")
+        self.screen.click(*self.tray_icon(TOP).centre)
+        window = self.panel()
+        before = self.screen.place(window)
+        edge = (before.x + 1, before.y + 300)
+        self.screen.drag(
+            edge,
+            (edge[0] - 60, edge[1]),
+            until=lambda: self.screen.place(window).width >= before.width + 50,
+        )
+        after = self.screen.place(window)
+        self.assertEqual((after.right, after.height), (before.right, before.height))
+        self.assertEqual(self.action("quit").returncode, 0)
+        self.wait_for_end(program)
+        self.assertIn(f"panel.size={after.width}x{after.height}", self.read_settings())
+
+    def testTheIconComesWithAHostThatStartsLater(self):
+        self.start_tarnwick("--background")
+        self.wait_for_name()
+        self.session.start_xfce_panel()
+        icon = self.tray_icon(TOP)
+        self.screen.click(*icon.centre)
+        self.panel()
+
+    def testTheIconComesBackWithAHostThatRestarts(self):
+        host = self.session.start_xfce_panel()
+        self.start_tarnwick("--background")
+        self.tray_icon(TOP)
+        self.session.processes.end(host)
+        self.session.start_xfce_panel()
+        icon = self.tray_icon(TOP)
+        self.screen.click(*icon.centre)
+        self.panel()
+
+    def testTheIconHasADotWhileAShownPullRequestIsBlocked(self):
+        self.session.start_xfce_panel()
+        self.start_tarnwick("--background")
+        self.tray_icon(TOP)
+        wait_until(lambda: self.screen.find(TOP, is_dot), "the dot")
+
+    def testTheIconHasNoDotWhileNothingIsBlocked(self):
+        self.start_github("empty")
+        self.session.start_xfce_panel()
+        self.start_tarnwick("--background")
+        self.tray_icon(TOP)
+        wait_until(lambda: self.github.requests("repositories"), "the first refresh")
+        stays(lambda: not self.screen.find(TOP, is_dot), "an icon without a dot", 0.3)
+
+
+class LxqtTests(SessionTest):
+    def testAClickOnTheIconOpensThePanelAboveItAndTheNextClosesIt(self):
+        self.session.start_lxqt_panel()
+        self.start_tarnwick("--background")
+        icon = self.tray_icon(BOTTOM)
+        self.screen.click(*icon.centre)
+        place = self.screen.place(self.panel())
+        self.assertEqual((place.width, place.height), (440, 620))
+        self.assertEqual(place.bottom, self.screen.work_area().bottom - 4)
+        self.screen.click(*icon.centre)
+        self.panel_gone()
+        self.screen.click(*icon.centre)
+        self.panel()
+
+    def testTheIconComesWithAHostThatStartsLater(self):
+        self.start_tarnwick("--background")
+        self.wait_for_name()
+        self.session.start_lxqt_panel()
+        self.screen.click(*self.tray_icon(BOTTOM).centre)
+        self.panel()
+
+    def testTheIconComesBackWithAHostThatRestarts(self):
+        host = self.session.start_lxqt_panel()
+        self.start_tarnwick("--background")
+        self.tray_icon(BOTTOM)
+        self.session.processes.end(host)
+        self.session.start_lxqt_panel()
+        self.screen.click(*self.tray_icon(BOTTOM).centre)
+        self.panel()
+
+
+def is_not_black(*colour):
+    return max(colour) > 60
+
+
+def is_dot(red, green, blue):
+    return red > 190 and green < 110 and blue < 120

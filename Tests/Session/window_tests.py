@@ -1,0 +1,89 @@
+"""The panel where there is no tray, its size, and how the program ends."""
+
+import os
+import signal
+import time
+
+from desktop import SessionTest, wait_until
+from desktop.waiting import stays
+
+
+class WindowTests(SessionTest):
+    def testWithoutATrayThePanelIsAnOrdinaryWindow(self):
+        self.start_tarnwick()
+        window = self.panel()
+        self.assertIn(
+            "_NET_WM_WINDOW_TYPE_NORMAL", self.screen.property(window, "_NET_WM_WINDOW_TYPE")
+        )
+        place = self.screen.place(window)
+        self.assertEqual((place.width, place.height), (440, 620))
+
+    def testWithoutATrayClosingTheWindowEndsTheProgram(self):
+        program = self.start_tarnwick()
+        window = self.panel()
+        wait_until(lambda: self.screen.has_focus(window), "the focus")
+        self.screen.key("alt+F4")
+        self.assertEqual(self.wait_for_end(program), 0)
+
+    def testStartedInTheBackgroundItStaysThereWhenItsWindowIsClosed(self):
+        program = self.start_tarnwick("--background")
+        self.wait_for_name()
+        self.activate()
+        window = self.panel()
+        wait_until(lambda: self.screen.has_focus(window), "the focus")
+        self.screen.key("alt+F4")
+        self.panel_gone()
+        stays(lambda: program.poll() is None, "the program", 0.5)
+
+    def testTheBackgroundShowsNoWindowAndRefreshes(self):
+        self.start_tarnwick("--background")
+        wait_until(lambda: self.github.requests("repositories"), "a refresh")
+        self.assertEqual(self.screen.windows(), [])
+
+    def testTheSizeIsKept(self):
+        program = self.start_tarnwick()
+        window = self.panel()
+        self.session.processes.run("xdotool", "windowsize", "--sync", str(window), "500", "640")
+        self.action("quit")
+        self.wait_for_end(program)
+        self.assertIn("panel.size=500x640", self.read_settings())
+        self.start_tarnwick()
+        place = self.screen.place(self.panel())
+        self.assertEqual((place.width, place.height), (500, 640))
+
+    def testTheWindowCannotBeSmallerThanItsContent(self):
+        self.start_tarnwick()
+        hints = self.screen.property(self.panel(), "WM_NORMAL_HINTS")
+        self.assertIn("program specified minimum size: 360 by 320", hints)
+
+
+class EndingTests(SessionTest):
+    def endedBy(self, number):
+        self.start_github(faults=["delay=60000@search"])
+        program = self.start_tarnwick()
+        wait_until(lambda: self.github.requests("search"), "a search under way")
+        start = time.monotonic()
+        os.kill(program.pid, number)
+        status = self.wait_for_end(program)
+        self.assertLess(time.monotonic() - start, 3)
+        self.assertEqual(status, -number)
+
+    def testSigtermDuringARefreshEndsItAndItsChildren(self):
+        self.endedBy(signal.SIGTERM)
+
+    def testSigintDuringARefreshEndsItAndItsChildren(self):
+        self.endedBy(signal.SIGINT)
+
+    def testTheCacheIsWholeWhenItEnds(self):
+        program = self.start_tarnwick()
+        wait_until(lambda: os.path.exists(self.cache_file), "the cache")
+        os.kill(program.pid, signal.SIGTERM)
+        self.wait_for_end(program)
+        listed = self.run_tarnwick("list", "--json", environment={"GH_CONFIG_DIR": "/nowhere"})
+        self.assertIn('"refreshError":"Showing cached data: ', listed.stdout)
+
+    def testTheEndOfTheDisplayEndsIt(self):
+        program = self.start_tarnwick("--background")
+        self.wait_for_name()
+        self.session.processes.end(self.session.display)
+        self.wait_for_end(program)
