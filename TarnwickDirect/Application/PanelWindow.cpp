@@ -118,6 +118,7 @@ void PanelWindow::present(std::optional<QPoint> click, const PlatformData& platf
 {
     ++_presentation;
     _isWanted = true;
+    _isFocusBorrowed = false;
     passOn(platformData.activationToken);
     if (!isVisible()) {
         const bool isComposited = !X11::isInUse() || X11::hasOwner(X11::compositorSelection());
@@ -152,17 +153,47 @@ bool PanelWindow::hasJustLostFocus(Clock::time_point now) const
 
 bool PanelWindow::event(QEvent* event)
 {
-    if (event->type() == QEvent::WindowDeactivate && _form == Form::panel && isVisible()) {
-        // Who has the focus now is known only when the event has been dealt with; by then the
-        // panel may have been hidden and shown anew.
-        const auto close = [this, presentation = _presentation] {
-            if (presentation == _presentation) {
-                closeUnlessKept();
-            }
-        };
-        QMetaObject::invokeMethod(this, close, Qt::QueuedConnection);
+    if (event->type() == QEvent::WindowDeactivate && !_isFocusBorrowed) {
+        focusLeft();
     }
     return QWidget::event(event);
+}
+
+bool PanelWindow::nativeEvent(const QByteArray& type, void* message, qintptr* result)
+{
+    // Qt takes a keyboard that is only borrowed for a focus that has left, 0.1 s later, and then
+    // does not tell when it really leaves.
+    switch (X11::focusChange(type, message)) {
+    case X11::FocusChange::none:
+        break;
+    case X11::FocusChange::came:
+        _isFocusBorrowed = false;
+        break;
+    case X11::FocusChange::borrowed:
+        _isFocusBorrowed = true;
+        break;
+    case X11::FocusChange::left:
+        if (std::exchange(_isFocusBorrowed, false)) {
+            focusLeft();
+        }
+        break;
+    }
+    return QWidget::nativeEvent(type, message, result);
+}
+
+void PanelWindow::focusLeft()
+{
+    if (_form != Form::panel || !isVisible()) {
+        return;
+    }
+    // Who has the focus now is known only when the event has been dealt with; by then the panel may
+    // have been hidden and shown anew.
+    const auto close = [this, presentation = _presentation] {
+        if (presentation == _presentation) {
+            closeUnlessKept();
+        }
+    };
+    QMetaObject::invokeMethod(this, close, Qt::QueuedConnection);
 }
 
 void PanelWindow::closeUnlessKept()

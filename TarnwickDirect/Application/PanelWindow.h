@@ -71,6 +71,7 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
+    bool nativeEvent(const QByteArray& type, void* message, qintptr* result) override;
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -82,6 +83,7 @@ protected:
 private:
     void applyForm();
     void place(std::optional<QPoint> click);
+    void focusLeft();
     void closeUnlessKept();
     void updateSight();
     void rememberSize();
@@ -98,6 +100,7 @@ private:
     QSize _preferredSize;
     QSize _givenSize;  ///< What the window was last shown with.
     bool _isInSight = false;
+    bool _isFocusBorrowed = false;
     bool _isWanted = false;     ///< Presented, and neither closed nor dismissed since.
     quint64 _presentation = 0;  ///< Counts the calls of `present`.
     std::optional<QPoint> _lastClick;

@@ -106,6 +106,26 @@ bool hasOwner(const QByteArray& selection)
     return answer && answer->owner != XCB_WINDOW_NONE;
 }
 
+FocusChange focusChange(const QByteArray& type, const void* message)
+{
+    if (type != "xcb_generic_event_t") {
+        return FocusChange::none;
+    }
+    const auto* const event = static_cast<const xcb_focus_out_event_t*>(message);
+    switch (event->response_type & ~0x80) {
+    case XCB_FOCUS_IN:
+        return FocusChange::came;
+    case XCB_FOCUS_OUT:
+        // Of a focus that follows the pointer alone.
+        if (event->detail == XCB_NOTIFY_DETAIL_POINTER) {
+            return FocusChange::none;
+        }
+        return event->mode == XCB_NOTIFY_MODE_GRAB ? FocusChange::borrowed : FocusChange::left;
+    default:
+        return FocusChange::none;
+    }
+}
+
 void activate(WId window, quint32 time)
 {
     xcb_connection_t* const server = connection();

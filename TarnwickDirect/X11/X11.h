@@ -29,6 +29,18 @@ bool hasOwner(const QByteArray& selection);
 /// The atom of this name, made if there is none.
 std::optional<quint32> atom(const QByteArray& name);
 
+/// What an event says of a window's focus.
+enum class FocusChange {
+    none,
+    came,
+    left,
+    /// Somebody reads the keyboard for a while, such as a window manager that resizes the window.
+    borrowed,
+};
+
+/// Of an event as `QWidget::nativeEvent` gets it.
+FocusChange focusChange(const QByteArray& type, const void* message);
+
 /// Has the window manager bring the window to the front and give it the focus, as the user wants
 /// it at this time (in the server's milliseconds, 0 for now).
 void activate(WId window, quint32 time);

@@ -94,11 +94,13 @@ class XfceTests(SessionTest):
         window = self.panel()
         before = self.screen.place(window)
         edge = (before.x + 1, before.y + 300)
-        self.screen.drag(
-            edge,
-            (edge[0] - 60, edge[1]),
-            until=lambda: self.screen.place(window).width >= before.width + 50,
-        )
+        with self.screen.dragging(edge) as drag_to:
+            drag_to(
+                (edge[0] - 60, edge[1]),
+                lambda: self.screen.place(window).width >= before.width + 50,
+            )
+            # The window manager has the keyboard meanwhile.
+            stays(lambda: self.screen.windows() == [window], "the panel", 0.5)
         after = self.screen.place(window)
         self.assertEqual((after.right, after.height), (before.right, before.height))
         self.assertEqual(self.action("quit").returncode, 0)

@@ -1,5 +1,6 @@
 """What is on the display, and the user's hands."""
 
+import contextlib
 import os
 import re
 from typing import NamedTuple
@@ -64,17 +65,22 @@ class Screen:
     def click(self, x, y, button=1):
         self._xdotool("mousemove", str(x), str(y), "click", str(button))
 
-    def drag(self, start, end, until):
-        """Drags with the left button and lets go once the condition holds."""
+    @contextlib.contextmanager
+    def dragging(self, start):
+        """Holds the left button down from `start` on. Yields a function that moves the pointer to
+        a place until a condition holds."""
         self._xdotool("mousemove", *map(str, start), "mousedown", "1")
 
-        def go_on():
-            # A window manager follows the pointer only from when it has taken it over.
-            self._xdotool("mousemove", *map(str, start), "mousemove", *map(str, end))
-            return until()
+        def drag_to(end, until):
+            def go_on():
+                # A window manager follows the pointer only from when it has taken it over.
+                self._xdotool("mousemove", *map(str, start), "mousemove", *map(str, end))
+                return until()
+
+            wait_until(go_on, "what dragging does")
 
         try:
-            wait_until(go_on, "what dragging does")
+            yield drag_to
         finally:
             self._xdotool("mouseup", "1")
 
