@@ -1,23 +1,234 @@
 #include "Tarnwick/PullRequestMenuView.h"
 
+#include "Tarnwick/Interface/Controls/IconButton.h"
+#include "Tarnwick/Interface/List/FindBar.h"
+#include "Tarnwick/Interface/List/PullRequestListModel.h"
+#include "Tarnwick/Interface/List/PullRequestListView.h"
+#include "Tarnwick/Interface/Panel/BrandButton.h"
+#include "Tarnwick/Interface/Panel/ContentArea.h"
+#include "Tarnwick/Interface/Panel/EditorFlow.h"
+#include "Tarnwick/Interface/Panel/OptionsMenu.h"
+#include "Tarnwick/Interface/Panel/PanelAlerts.h"
+#include "Tarnwick/Interface/Panel/PanelFooter.h"
+#include "Tarnwick/Interface/Panel/PanelHeader.h"
+#include "Tarnwick/Interface/Panel/StripStack.h"
+#include "Tarnwick/Interface/Panel/WebSite.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+
 namespace Tarnwick {
 
 PullRequestMenuView::PullRequestMenuView(
-    PullRequestMenuModel& /*model*/, Appearance& /*appearance*/, QWidget* parent)
+    PullRequestMenuModel& model, Appearance& appearance, QWidget* parent)
     : QWidget(parent)
-{}
+    , _model(model)
+    , _appearance(appearance)
+    , _page(new QWidget(this))
+    , _header(new PanelHeader(appearance, _page))
+    , _findBar(new FindBar(appearance, _page))
+    , _rows(new PullRequestListModel([&model] { return model.now(); }, this))
+    , _list(new PullRequestListView(*_rows, appearance, _page))
+    , _content(new ContentArea(model, _list, appearance, _page))
+    , _footer(new PanelFooter([&model] { return model.now(); }, appearance, _page))
+    , _menu(new OptionsMenu(model, appearance, this))
+    , _editorFlow(new EditorFlow(model, this))
+    , _alerts(new PanelAlerts(model, *_editorFlow, appearance, this))
+{
+    layOut();
+    connectHeader();
+    connectMenu();
+    connectList();
+    connectFind();
+    connectModel();
+}
+
+void PullRequestMenuView::layOut()
+{
+    auto* const whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(_page);
+    auto* const column = new QVBoxLayout(_page);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(_header);
+    column->addWidget(_findBar);
+    column->addWidget(_content, 1);
+    column->addWidget(new StripStack(_model, _appearance, _page));
+    column->addWidget(_footer);
+}
 
 void PullRequestMenuView::setUpdateCheck(
-    bool /*canCheckForUpdates*/, std::function<void()> /*checkForUpdates*/)
-{}
+    bool canCheckForUpdates, std::function<void()> checkForUpdates)
+{
+    _menu->setUpdateCheck(canCheckForUpdates, std::move(checkForUpdates));
+}
 
 bool PullRequestMenuView::keepsOpen() const
 {
-    return false;
+    return QApplication::activePopupWidget() != nullptr || _alerts->isAnyShown();
 }
 
-void PullRequestMenuView::panelShown() {}
+void PullRequestMenuView::panelShown()
+{
+    if (!_alerts->isAnyShown()) {
+        _content->setFocus(Qt::OtherFocusReason);
+    }
+}
 
-void PullRequestMenuView::panelHidden() {}
+void PullRequestMenuView::panelHidden()
+{
+    closeFind();
+}
+
+void PullRequestMenuView::connectHeader()
+{
+    _header->brand().setToolTip(webSiteHelpText());
+    connect(&_header->brand(), &QAbstractButton::clicked, this, &PullRequestMenuView::openWebSite);
+    connect(&_header->options(), &QAbstractButton::clicked, this, &PullRequestMenuView::showMenu);
+    const auto showRefreshing = [this] { _header->setRefreshing(_model.isRefreshing()); };
+    connect(&_model, &PullRequestMenuModel::isRefreshingChanged, this, showRefreshing);
+    showRefreshing();
+}
+
+void PullRequestMenuView::connectMenu()
+{
+    connect(_menu, &OptionsMenu::reloadRequested, this, [this] { _model.refresh(); });
+    connect(
+        _menu, &OptionsMenu::repositoriesRequested, this, &PullRequestMenuView::showRepositories);
+    connect(_menu, &OptionsMenu::helpRequested, this, &PullRequestMenuView::openWebSite);
+    connect(_menu, &OptionsMenu::quitRequested, this, &PullRequestMenuView::quitRequested);
+    connect(_menu, &QMenu::aboutToHide, this, [this] { _header->options().setOpen(false); });
+    connect(
+        _content,
+        &ContentArea::repositoriesRequested,
+        this,
+        &PullRequestMenuView::showRepositories);
+}
+
+void PullRequestMenuView::connectList()
+{
+    connect(_list, &PullRequestListView::openRequested, this, &PullRequestMenuView::open);
+    connect(_list, &PullRequestListView::openInEditorRequested, _editorFlow, &EditorFlow::open);
+    connect(_list, &PullRequestListView::findRequested, this, &PullRequestMenuView::openFind);
+    connect(_alerts, &PanelAlerts::shownChanged, this, &PullRequestMenuView::updateUse);
+}
+
+void PullRequestMenuView::connectFind()
+{
+    connect(_findBar, &FindBar::findTextChanged, this, [this](const QString& text) {
+        _rows->setFindText(text);
+        showCount();
+    });
+    connect(_findBar, &FindBar::closed, this, [this] { _content->setFocus(); });
+    connect(_findBar, &FindBar::leftForList, this, [this] { _list->setFocus(); });
+}
+
+void PullRequestMenuView::connectModel()
+{
+    connect(&_model, &PullRequestMenuModel::rowsChanged, this, &PullRequestMenuView::showRows);
+    connect(&_model, &PullRequestMenuModel::visitsChanged, this, &PullRequestMenuView::showRows);
+    showRows();
+
+    const auto showRefreshed = [this] { _footer->setRefreshed(_model.lastRefreshed()); };
+    connect(&_model, &PullRequestMenuModel::lastRefreshedChanged, this, showRefreshed);
+    showRefreshed();
+}
+
+void PullRequestMenuView::showRows()
+{
+    std::vector<ListedRow> listed;
+    listed.reserve(_model.rows().size());
+    for (const PullRequestKit::PullRequestRow& row : _model.rows()) {
+        listed.push_back({row, _model.visits().isVisited(row.pullRequest)});
+    }
+    _rows->setRows(std::move(listed));
+    showCount();
+}
+
+void PullRequestMenuView::showCount()
+{
+    const int shown = _rows->rowCount();
+    _footer->setCount(static_cast<std::size_t>(shown));
+    _findBar->setMatches(shown, _rows->totalCount());
+}
+
+void PullRequestMenuView::showMenu()
+{
+    constexpr int gap = 4;
+    IconButton& button = _header->options();
+    const QRect visible = button.visibleRect();
+    const QPoint corner = button.mapToGlobal(visible.bottomRight() + QPoint(1, 1 + gap));
+    button.setOpen(true);
+    _menu->popup(corner - QPoint(_menu->sizeHint().width(), 0));
+}
+
+void PullRequestMenuView::showRepositories() {}
+
+void PullRequestMenuView::hideRepositories() {}
+
+void PullRequestMenuView::openFind()
+{
+    if (_content->showsList()) {
+        _findBar->open();
+    }
+}
+
+void PullRequestMenuView::closeFind()
+{
+    const bool hadFocus = _findBar->isAncestorOf(focusWidget());
+    _findBar->close();
+    if (hadFocus) {
+        _content->setFocus();
+    }
+}
+
+/// Takes a copy: the visit has the rows made anew that the pull request comes from.
+void PullRequestMenuView::open(PullRequestKit::PullRequest pullRequest)
+{
+    _model.recordVisit(pullRequest.id);
+    _model.navigation().open(pullRequest.url);
+}
+
+void PullRequestMenuView::openWebSite()
+{
+    _model.navigation().open(webSite());
+}
+
+void PullRequestMenuView::updateUse()
+{
+    const bool isUsable = !_alerts->isAnyShown();
+    _page->setEnabled(isUsable);
+    if (isUsable && _page->isVisible()) {
+        _content->setFocus();
+    }
+}
+
+void PullRequestMenuView::keyPressEvent(QKeyEvent* event)
+{
+    const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (!isPlain) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    switch (event->key()) {
+    case Qt::Key_R:
+        _model.refresh();
+        break;
+    case Qt::Key_Comma:
+    case Qt::Key_Menu:
+        showMenu();
+        break;
+    case Qt::Key_Slash:
+        openFind();
+        break;
+    case Qt::Key_Escape:
+        Q_EMIT closeRequested();
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
 
 }  // namespace Tarnwick

@@ -2,6 +2,7 @@
 
 #include "Tarnwick/PullRequestMenuModel.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <functional>
@@ -9,6 +10,16 @@
 namespace Tarnwick {
 
 class Appearance;
+class ContentArea;
+class EditorFlow;
+class FindBar;
+class OptionsMenu;
+class PanelAlerts;
+class PanelFooter;
+class PanelHeader;
+class PullRequestListModel;
+class PullRequestListView;
+class RepositoryPicker;
 
 /// What the panel shows: header, content by the model's state, footer, options menu, alerts and the
 /// editor's overlay. It decides nothing: every action is an operation of the model or of the
@@ -24,8 +35,8 @@ public:
     /// Without an action the options menu has no "Check for Updates…".
     void setUpdateCheck(bool canCheckForUpdates, std::function<void()> checkForUpdates);
 
-    /// Whether a menu, an alert or the editor's overlay is up, so that the panel must not close
-    /// when it loses the focus.
+    /// Whether a menu, an alert, a dialog or the editor's overlay is up, so that the panel must not
+    /// close when it loses the focus.
     bool keepsOpen() const;
 
     /// To be called when the panel comes in sight and when it goes: nothing ticks in between.
@@ -35,6 +46,42 @@ public:
 Q_SIGNALS:
     void closeRequested();
     void quitRequested();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void layOut();
+    void connectHeader();
+    void connectMenu();
+    void connectList();
+    void connectFind();
+    void connectModel();
+
+    void showRows();
+    void showCount();
+    void showMenu();
+    void showRepositories();
+    void hideRepositories();
+    void openFind();
+    void closeFind();
+    void open(PullRequestKit::PullRequest pullRequest);
+    void openWebSite();
+    void updateUse();
+
+    PullRequestMenuModel& _model;
+    Appearance& _appearance;
+    QWidget* _page;  ///< Everything that is out of use while a card is up.
+    PanelHeader* _header;
+    FindBar* _findBar;
+    PullRequestListModel* _rows;
+    PullRequestListView* _list;
+    ContentArea* _content;
+    PanelFooter* _footer;
+    OptionsMenu* _menu;
+    EditorFlow* _editorFlow;
+    PanelAlerts* _alerts;
+    QWidget* _picker = nullptr;
 };
 
 }  // namespace Tarnwick

@@ -1,5 +1,6 @@
 #include "TarnwickDirect/Application/TarnwickDirectApp.h"
 
+#include "Tarnwick/Interface/Look/ApplicationLook.h"
 #include "TarnwickDirect/Application/PanelSize.h"
 #include "TarnwickDirect/Application/TarnwickApplication.h"
 #include "TarnwickDirect/Application/TarnwickMenuContent.h"
@@ -60,6 +61,9 @@ TarnwickDirectApp::~TarnwickDirectApp()
 
 void TarnwickDirectApp::connectAppearance()
 {
+    const auto apply = [this] { Tarnwick::applyToApplication(_appearance); };
+    connect(&_appearance, &Tarnwick::Appearance::changed, this, apply);
+    apply();
     const auto follow = [this] { _appearance.setDark(_model.settings().darkMode); };
     connect(&_model, &PullRequestMenuModel::darkModeChanged, this, follow);
     follow();

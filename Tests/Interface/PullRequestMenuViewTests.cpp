@@ -1,0 +1,262 @@
+#include "Tarnwick/PullRequestMenuView.h"
+
+#include "Fakes/ModelFixture.h"
+#include "Tarnwick/Interface/Look/Appearance.h"
+
+#include <QAbstractButton>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace Tarnwick {
+namespace {
+
+using testing::ElementsAre;
+
+class PullRequestMenuViewTests : public TestSupport::ModelTest {
+protected:
+    void showView()
+    {
+        view = std::make_unique<PullRequestMenuView>(*model, appearance);
+        view->resize(440, 620);
+        view->show();
+        (void)QTest::qWaitForWindowActive(view.get());
+        view->panelShown();
+        TestSupport::processEvents();
+    }
+
+    /// A view of these pull requests of octo/tools.
+    void showList(const std::vector<PullRequestKit::PullRequest>& pullRequests)
+    {
+        provider->setPullRequests(pullRequests);
+        selectTools();
+        start();
+        refresh();
+        showView();
+    }
+
+    template<typename Widget>
+    Widget* part(const char* name) const
+    {
+        return view->findChild<Widget*>(QLatin1String(name));
+    }
+
+    QListView& list() const { return *view->findChild<QListView*>(); }
+
+    bool shows(const char* name) const
+    {
+        const auto* const widget = part<QWidget>(name);
+        return widget != nullptr && widget->isVisible();
+    }
+
+    void press(Qt::Key key) const { QTest::keyClick(view->focusWidget(), key); }
+
+    void type(const char* text) const
+    {
+        QTest::keyClicks(view->focusWidget(), QLatin1String(text));
+    }
+
+    QString footer() const { return part<QWidget>("footer")->accessibleName(); }
+
+    int rows() const { return list().model()->rowCount(); }
+
+    Appearance appearance{1.0};
+    std::unique_ptr<PullRequestMenuView> view;
+};
+
+TEST_F(PullRequestMenuViewTests, startsWithTheLogin)
+{
+    start();
+    showView();
+    EXPECT_TRUE(shows("status"));
+    EXPECT_EQ(
+        part<QLabel>("statusTitle")->text(), QStringLiteral("Checking GitHub CLI authentication…"));
+    EXPECT_TRUE(shows("statusSpinner"));
+    EXPECT_FALSE(shows("tryAgain"));
+    EXPECT_EQ(footer(), QStringLiteral("0 pull requests"));
+}
+
+TEST_F(PullRequestMenuViewTests, showsWhatTheRefreshBrings)
+{
+    showList({TestSupport::makePullRequest(1), TestSupport::makePullRequest(2)});
+    EXPECT_TRUE(list().isVisible());
+    EXPECT_EQ(rows(), 2);
+    EXPECT_THAT(footer().toStdString(), testing::StartsWith("2 pull requests, Updated just now"));
+}
+
+TEST_F(PullRequestMenuViewTests, keepsTheRowsWhileTheyAreLoadedAnew)
+{
+    showList({TestSupport::makePullRequest(1)});
+    openAndHold();
+    EXPECT_TRUE(list().isVisible());
+    EXPECT_TRUE(shows("refreshing"));
+    releaseAndSettle();
+    EXPECT_FALSE(shows("refreshing"));
+}
+
+TEST_F(PullRequestMenuViewTests, signedOutOffersTheCommand)
+{
+    provider->setStatus(PullRequestKit::NotAuthenticated{"GitHub CLI is not logged in."});
+    start();
+    refresh();
+    showView();
+    EXPECT_EQ(part<QLabel>("authenticationTitle")->text(), QStringLiteral("Sign in to GitHub"));
+    EXPECT_EQ(
+        part<QLabel>("authenticationMessage")->text(),
+        QStringLiteral("GitHub CLI is not logged in."));
+    EXPECT_EQ(
+        part<QLabel>("authenticationHint")->text(),
+        QStringLiteral("Run `gh auth login` in Terminal, then try again."));
+    auto* const copy = part<QAbstractButton>("copyLogin");
+    EXPECT_EQ(copy->text(), QStringLiteral("Copy gh auth login"));
+    copy->click();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("gh auth login"));
+
+    provider->setStatus(PullRequestKit::Authenticated{"octo"});
+    part<QAbstractButton>("authenticationTryAgain")->click();
+    ASSERT_TRUE(settle());
+    EXPECT_FALSE(shows("authentication"));
+}
+
+TEST_F(PullRequestMenuViewTests, aFailureCanBeTriedAgain)
+{
+    provider->setError("error connecting to api.github.com");
+    selectTools();
+    start();
+    refresh();
+    showView();
+    EXPECT_EQ(
+        part<QLabel>("statusTitle")->text(), QStringLiteral("error connecting to api.github.com"));
+    provider->setError({});
+    provider->setPullRequests({TestSupport::makePullRequest(1)});
+    part<QAbstractButton>("tryAgain")->click();
+    ASSERT_TRUE(settle());
+    EXPECT_TRUE(list().isVisible());
+}
+
+TEST_F(PullRequestMenuViewTests, theListHasTheFocusAndReturnOpens)
+{
+    showList({TestSupport::makePullRequest(1), TestSupport::makePullRequest(2)});
+    EXPECT_TRUE(list().hasFocus());
+    press(Qt::Key_Home);
+    press(Qt::Key_Return);
+    const auto url = QStringLiteral("https://github.com/octo/tools/pull/");
+    EXPECT_THAT(desktop.journal(), testing::Contains(testing::HasSubstr(url.toStdString())));
+    EXPECT_THAT(desktop.journal(), testing::Contains(testing::HasSubstr("dismiss")));
+}
+
+TEST_F(PullRequestMenuViewTests, openingARowRecordsTheVisit)
+{
+    showList({TestSupport::makePullRequest(1)});
+    EXPECT_FALSE(model->visits().lastVisited(TestSupport::makePullRequest(1).id));
+    press(Qt::Key_Home);
+    press(Qt::Key_Return);
+    EXPECT_EQ(model->visits().lastVisited(TestSupport::makePullRequest(1).id), clock->now());
+}
+
+TEST_F(PullRequestMenuViewTests, keysReachTheirOperations)
+{
+    showList({TestSupport::makePullRequest(1)});
+    const int calls = provider->statusCalls();
+    press(Qt::Key_R);
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(provider->statusCalls(), calls + 1);
+
+    press(Qt::Key_Comma);
+    auto* const menu = part<QMenu>("optionsMenu");
+    EXPECT_TRUE(menu->isVisible());
+    EXPECT_TRUE(view->keepsOpen());
+    menu->close();
+    EXPECT_FALSE(view->keepsOpen());
+    press(Qt::Key_Menu);
+    EXPECT_TRUE(menu->isVisible());
+    menu->close();
+
+    const QSignalSpy closes(view.get(), &PullRequestMenuView::closeRequested);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(closes.count(), 1);
+}
+
+TEST_F(PullRequestMenuViewTests, tabGoesThroughHeaderListAndFindsItsWayBack)
+{
+    showList({TestSupport::makePullRequest(1)});
+    std::vector<std::string> stops;
+    for (int press = 0; press < 3; ++press) {
+        QTest::keyClick(view->focusWidget(), Qt::Key_Tab);
+        stops.push_back(view->focusWidget()->objectName().toStdString());
+    }
+    EXPECT_THAT(stops, ElementsAre("brand", "options", list().objectName().toStdString()));
+}
+
+TEST_F(PullRequestMenuViewTests, slashFindsAmongTheRows)
+{
+    auto quay = TestSupport::makePullRequest(1);
+    quay.title = "Widen the quay";
+    showList({quay, TestSupport::makePullRequest(2), TestSupport::makePullRequest(3)});
+    press(Qt::Key_Slash);
+    ASSERT_NE(qobject_cast<QLineEdit*>(view->focusWidget()), nullptr);
+    type("quay");
+    EXPECT_EQ(rows(), 1);
+    EXPECT_THAT(footer().toStdString(), testing::StartsWith("1 pull request,"));
+    press(Qt::Key_Down);
+    EXPECT_TRUE(list().hasFocus());
+    press(Qt::Key_Slash);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(rows(), 3);
+    EXPECT_TRUE(list().hasFocus());
+}
+
+TEST_F(PullRequestMenuViewTests, lettersInTheFindFieldAreText)
+{
+    showList({TestSupport::makePullRequest(1)});
+    const int calls = provider->statusCalls();
+    press(Qt::Key_Slash);
+    type("r,e");
+    EXPECT_EQ(provider->statusCalls(), calls);
+    EXPECT_FALSE(part<QMenu>("optionsMenu")->isVisible());
+    EXPECT_EQ(qobject_cast<QLineEdit*>(view->focusWidget())->text(), QStringLiteral("r,e"));
+}
+
+TEST_F(PullRequestMenuViewTests, nothingBelowACardCanBeUsed)
+{
+    showList({TestSupport::makePullRequest(1)});
+    model->setProjectDirectory("/nowhere");
+    press(Qt::Key_Home);
+    press(Qt::Key_E);
+    ASSERT_TRUE(TestSupport::eventually([this] { return shows("editorError"); }));
+    EXPECT_FALSE(list().isEnabled());
+    EXPECT_TRUE(view->keepsOpen());
+    press(Qt::Key_Return);
+    EXPECT_FALSE(shows("editorError"));
+    EXPECT_TRUE(list().isEnabled());
+    EXPECT_TRUE(list().hasFocus());
+    EXPECT_FALSE(view->keepsOpen());
+}
+
+TEST_F(PullRequestMenuViewTests, theBrandLeadsToTheWebSite)
+{
+    start();
+    showView();
+    auto* const brand = part<QAbstractButton>("brand");
+    EXPECT_EQ(brand->accessibleName(), QStringLiteral("Tarnwick"));
+    EXPECT_EQ(brand->toolTip(), QStringLiteral("Open tarnwick.dev"));
+    brand->click();
+    EXPECT_THAT(desktop.journal(), testing::Contains(testing::HasSubstr("https://tarnwick.dev")));
+}
+
+TEST_F(PullRequestMenuViewTests, aHiddenPanelForgetsWhatWasToBeFound)
+{
+    showList({TestSupport::makePullRequest(1), TestSupport::makePullRequest(2)});
+    press(Qt::Key_Slash);
+    type("zzz");
+    EXPECT_EQ(rows(), 0);
+    view->panelHidden();
+    EXPECT_EQ(rows(), 2);
+}
+
+}  // namespace
+}  // namespace Tarnwick
