@@ -1,7 +1,7 @@
 #include "TarnwickDirect/Application/Desktop.h"
 
+#include "Tarnwick/DesktopCollaborators.h"
 #include "Tarnwick/Interface/Look/AppResources.h"
-#include "Tarnwick/StandardCollaborators.h"
 #include "TarnwickDirect/Application/ApplicationService.h"
 #include "TarnwickDirect/Application/Display.h"
 #include "TarnwickDirect/Application/SingleInstance.h"
@@ -47,7 +47,7 @@ int runFirst(
     const Interruption& interruption)
 {
     describeApplication();
-    TarnwickDirectApp app(Tarnwick::standardCollaborators(environment()), bus, service);
+    TarnwickDirectApp app(Tarnwick::desktopCollaborators(environment(), bus), bus, service);
     QObject::connect(
         &app,
         &TarnwickDirectApp::quitRequested,

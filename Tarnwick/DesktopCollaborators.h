@@ -1,0 +1,18 @@
+#pragma once
+
+#include "Tarnwick/PullRequestMenuModel.h"
+
+#include <QDBusConnection>
+
+#include <map>
+#include <string>
+
+namespace Tarnwick {
+
+/// What the model stands on in a program with a panel: the standard collaborators, with the
+/// notifications of the desktop, which open what is clicked, and the user's autostart entry.
+/// Requires: an application object.
+PullRequestMenuModel::Collaborators desktopCollaborators(
+    const std::map<std::string, std::string>& environment, const QDBusConnection& bus);
+
+}  // namespace Tarnwick
