@@ -1,5 +1,6 @@
 #include "Tarnwick/DesktopCollaborators.h"
 
+#include "GitHubProvider/ProcessCommandRunner.h"
 #include "Tarnwick/Desktop/AutostartLoginItem.h"
 #include "Tarnwick/Desktop/SystemPullRequestNotifier.h"
 #include "Tarnwick/StandardCollaborators.h"
@@ -7,12 +8,26 @@
 #include <QCoreApplication>
 #include <QFile>
 
+#include <utility>
+
 namespace Tarnwick {
+namespace {
+
+/// For each run of git and of the editor.
+constexpr std::chrono::seconds commandTimeout{30};
+
+}  // namespace
 
 PullRequestMenuModel::Collaborators desktopCollaborators(
-    const std::map<std::string, std::string>& environment, const QDBusConnection& bus)
+    const std::map<std::string, std::string>& environment,
+    const QDBusConnection& bus,
+    PanelDismissal dismissPanel)
 {
     auto collaborators = standardCollaborators(environment);
+    collaborators.navigation = std::make_shared<ExternalNavigation>(ExternalNavigation::desktop(
+        std::make_shared<GitHubProvider::ProcessCommandRunner>(commandTimeout),
+        environment,
+        std::move(dismissPanel)));
     const auto centre = std::make_shared<NotificationCentre>(bus, collaborators.clock);
     centre->setDelegate(
         std::make_shared<NotificationPresentationDelegate>(collaborators.navigation));

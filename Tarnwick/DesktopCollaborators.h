@@ -10,9 +10,12 @@
 namespace Tarnwick {
 
 /// What the model stands on in a program with a panel: the standard collaborators, with the
-/// notifications of the desktop, which open what is clicked, and the user's autostart entry.
+/// notifications of the desktop, which open what is clicked, the user's autostart entry, and the
+/// panel dismissed when something is opened.
 /// Requires: an application object.
 PullRequestMenuModel::Collaborators desktopCollaborators(
-    const std::map<std::string, std::string>& environment, const QDBusConnection& bus);
+    const std::map<std::string, std::string>& environment,
+    const QDBusConnection& bus,
+    PanelDismissal dismissPanel);
 
 }  // namespace Tarnwick

@@ -82,13 +82,14 @@ ExternalNavigation::ExternalNavigation(Surroundings surroundings)
 
 Surroundings ExternalNavigation::desktop(
     std::shared_ptr<const GitHubProvider::CommandRunning> runner,
-    GitHubProvider::Environment environment)
+    GitHubProvider::Environment environment,
+    PanelDismissal dismissPanel)
 {
     Surroundings surroundings;
     surroundings.runner = std::move(runner);
     surroundings.environment = std::move(environment);
     surroundings.isExecutable = GitHubProvider::isExecutableFile;
-    surroundings.dismissPanel = Tarnwick::dismissPanel;
+    surroundings.dismissPanel = std::move(dismissPanel);
     surroundings.launch = [inherited = surroundings.environment](const Launch& launch) {
         launchDetached(launch, inherited);
     };

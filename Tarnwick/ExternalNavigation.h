@@ -4,7 +4,7 @@
 #include "PullRequestKit/Url.h"
 #include "Tarnwick/Desktop/EditorWorktree.h"
 #include "Tarnwick/Desktop/Launch.h"
-#include "Tarnwick/Desktop/PanelDismissal.h"
+#include "Tarnwick/Desktop/PanelSearch.h"
 #include "Tarnwick/ExternalNavigationError.h"
 
 #include <functional>
@@ -22,7 +22,7 @@ public:
         std::shared_ptr<const GitHubProvider::CommandRunning> runner;
         GitHubProvider::Environment environment;
         std::function<bool(const std::filesystem::path&)> isExecutable;
-        std::function<void(PanelSearch)> dismissPanel;
+        PanelDismissal dismissPanel;
         std::function<void(const Launch&)> launch;
         /// Opens a link where there is no `xdg-open`.
         std::function<void(const PullRequestKit::Url&, const std::string&)> openThroughPortal;
@@ -33,7 +33,8 @@ public:
     /// The desktop around this process. Constructing it asks nothing of the desktop.
     static Surroundings desktop(
         std::shared_ptr<const GitHubProvider::CommandRunning> runner,
-        GitHubProvider::Environment environment);
+        GitHubProvider::Environment environment,
+        PanelDismissal dismissPanel);
 
     /// Dismisses the panel and has the desktop open the address; nobody waits for that, and nothing
     /// is reported. The token, if there is one, lets the browser come to the front. Main thread

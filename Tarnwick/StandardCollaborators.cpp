@@ -31,8 +31,8 @@ PullRequestMenuModel::Collaborators standardCollaborators(
         .notifier = std::make_shared<SilentNotifier>(),
         .loginItem = std::make_shared<AbsentLoginItem>(),
         .clock = std::make_shared<SystemClock>(),
-        .navigation =
-            std::make_shared<ExternalNavigation>(ExternalNavigation::desktop(runner, environment))};
+        .navigation = std::make_shared<ExternalNavigation>(
+            ExternalNavigation::desktop(runner, environment, [](PanelSearch /*search*/) {}))};
 }
 
 }  // namespace Tarnwick

@@ -2,6 +2,7 @@
 
 #include "Tarnwick/DesktopCollaborators.h"
 #include "Tarnwick/Interface/Look/AppResources.h"
+#include "Tarnwick/Interface/Panel/PanelDismissal.h"
 #include "TarnwickDirect/Application/ApplicationService.h"
 #include "TarnwickDirect/Application/Display.h"
 #include "TarnwickDirect/Application/SingleInstance.h"
@@ -47,7 +48,8 @@ int runFirst(
     const Interruption& interruption)
 {
     describeApplication();
-    TarnwickDirectApp app(Tarnwick::desktopCollaborators(environment(), bus), bus, service);
+    TarnwickDirectApp app(
+        Tarnwick::desktopCollaborators(environment(), bus, Tarnwick::dismissPanel), bus, service);
     QObject::connect(
         &app,
         &TarnwickDirectApp::quitRequested,

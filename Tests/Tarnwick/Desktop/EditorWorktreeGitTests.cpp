@@ -49,7 +49,8 @@ protected:
     {
         auto surroundings = ExternalNavigation::desktop(
             std::make_shared<GitHubProvider::ProcessCommandRunner>(std::chrono::seconds(30)),
-            {{"HOME", git.folder().string()}, {"PATH", (git.folder() / "bin").string()}});
+            {{"HOME", git.folder().string()}, {"PATH", (git.folder() / "bin").string()}},
+            [](PanelSearch /*search*/) {});
         surroundings.isExecutable = [own = git.folder() / "bin/code"](const fs::path& path) {
             return path == own;
         };

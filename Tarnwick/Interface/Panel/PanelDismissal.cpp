@@ -1,7 +1,8 @@
-#include "Tarnwick/Desktop/PanelDismissal.h"
+#include "Tarnwick/Interface/Panel/PanelDismissal.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QPointer>
+#include <QWidget>
 #include <QWindow>
 
 namespace Tarnwick {
@@ -35,13 +36,24 @@ QWindow* firstVisibleWindow()
     return nullptr;
 }
 
+/// A widget has to be told itself: hidden through its window it would still take itself for shown,
+/// and never come back (Qt 6.4).
+void hide(QWindow& window)
+{
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    for (QWidget* const widget : widgets) {
+        if (widget->windowHandle() == &window) {
+            widget->hide();
+            return;
+        }
+    }
+    window.hide();
+}
+
 }  // namespace
 
 void dismissPanel(PanelSearch search)
 {
-    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) == nullptr) {
-        return;
-    }
     QPointer<QWindow> window = QGuiApplication::focusWindow();
     if (!window && search == PanelSearch::anyVisible) {
         window = firstVisibleWindow();
@@ -49,12 +61,12 @@ void dismissPanel(PanelSearch search)
     if (!window) {
         return;
     }
-    // An alert without its panel would stay in front of what is opened.
+    // A dialog without its panel would stay in front of what is opened.
     if (QWindow* const owner = window->transientParent()) {
-        owner->hide();
+        hide(*owner);
     }
     if (window) {
-        window->hide();
+        hide(*window);
     }
 }
 

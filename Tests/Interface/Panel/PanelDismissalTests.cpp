@@ -1,8 +1,9 @@
-#include "Tarnwick/Desktop/PanelDismissal.h"
+#include "Tarnwick/Interface/Panel/PanelDismissal.h"
 
-#include "Fakes/EventLoop.h"
-
+#include <QDialog>
 #include <QGuiApplication>
+#include <QTest>
+#include <QWidget>
 #include <QWindow>
 
 #include <gmock/gmock.h>
@@ -11,15 +12,14 @@ namespace {
 
 using namespace Tarnwick;
 
-class PanelDismissal : public testing::Test {
+class DismissedPanel : public testing::Test {
 protected:
-    ~PanelDismissal() override { TestSupport::processEvents(); }
+    ~DismissedPanel() override { QCoreApplication::processEvents(); }
 
     static void focus(QWindow& window)
     {
         window.requestActivate();
-        ASSERT_TRUE(
-            TestSupport::eventually([&] { return QGuiApplication::focusWindow() == &window; }));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return QGuiApplication::focusWindow() == &window; }));
     }
 
     /// The offscreen platform gives the focus to what is shown; this takes it away from everything.
@@ -30,12 +30,11 @@ protected:
         focus(other);
         other.hide();
         other.destroy();
-        ASSERT_TRUE(
-            TestSupport::eventually([] { return QGuiApplication::focusWindow() == nullptr; }));
+        ASSERT_TRUE(QTest::qWaitFor([] { return QGuiApplication::focusWindow() == nullptr; }));
     }
 };
 
-TEST_F(PanelDismissal, hidesTheWindowWithTheFocusAndNoOther)
+TEST_F(DismissedPanel, hidesTheWindowWithTheFocusAndNoOther)
 {
     QWindow panel;
     QWindow other;
@@ -47,7 +46,7 @@ TEST_F(PanelDismissal, hidesTheWindowWithTheFocusAndNoOther)
     EXPECT_TRUE(other.isVisible());
 }
 
-TEST_F(PanelDismissal, hidesThePanelThatOwnsAnAlertAndTheAlert)
+TEST_F(DismissedPanel, hidesThePanelThatOwnsAnAlertAndTheAlert)
 {
     QWindow panel;
     QWindow alert;
@@ -62,7 +61,7 @@ TEST_F(PanelDismissal, hidesThePanelThatOwnsAnAlertAndTheAlert)
     EXPECT_FALSE(alert.isVisible());
 }
 
-TEST_F(PanelDismissal, hidesTheFirstWindowThatCanHaveTheFocusWhenNoneHasIt)
+TEST_F(DismissedPanel, hidesTheFirstWindowThatCanHaveTheFocusWhenNoneHasIt)
 {
     QWindow help;
     help.setFlags(Qt::ToolTip);
@@ -83,7 +82,7 @@ TEST_F(PanelDismissal, hidesTheFirstWindowThatCanHaveTheFocusWhenNoneHasIt)
     EXPECT_TRUE(later.isVisible());
 }
 
-TEST_F(PanelDismissal, looksAtNoOtherWindowWhenOnlyTheFocusCounts)
+TEST_F(DismissedPanel, looksAtNoOtherWindowWhenOnlyTheFocusCounts)
 {
     QWindow panel;
     panel.show();
@@ -92,7 +91,31 @@ TEST_F(PanelDismissal, looksAtNoOtherWindowWhenOnlyTheFocusCounts)
     EXPECT_TRUE(panel.isVisible());
 }
 
-TEST_F(PanelDismissal, doesNothingWhereThereIsNoWindow)
+TEST_F(DismissedPanel, letsAPanelOfWidgetsComeBack)
+{
+    QWidget panel(nullptr, Qt::Tool | Qt::FramelessWindowHint);
+    panel.show();
+    focus(*panel.windowHandle());
+    dismissPanel(PanelSearch::anyVisible);
+    EXPECT_TRUE(panel.isHidden());
+    panel.show();
+    EXPECT_TRUE(panel.isVisible());
+    EXPECT_TRUE(panel.windowHandle()->isVisible());
+}
+
+TEST_F(DismissedPanel, endsADialogOfAPanelOfWidgets)
+{
+    QWidget panel(nullptr, Qt::Tool | Qt::FramelessWindowHint);
+    QDialog dialog(&panel);
+    panel.show();
+    dialog.open();
+    focus(*dialog.windowHandle());
+    dismissPanel(PanelSearch::focusOnly);
+    EXPECT_TRUE(panel.isHidden());
+    EXPECT_TRUE(dialog.isHidden());
+}
+
+TEST_F(DismissedPanel, doesNothingWhereThereIsNoWindow)
 {
     EXPECT_NO_THROW(dismissPanel(PanelSearch::anyVisible));
 }

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "Tarnwick/Desktop/PanelSearch.h"
+
+namespace Tarnwick {
+
+/// Hides the window that has the focus and, when that belongs to another one, such as a dialog of
+/// the panel, that one too; where none has it, what `search` says. Main thread only.
+void dismissPanel(PanelSearch search);
+
+}  // namespace Tarnwick
