@@ -40,7 +40,8 @@ void passOn(const QString& activationToken)
 
 PanelWindow::PanelWindow(
     QWidget* content, std::function<bool()> keepsOpen, Tarnwick::Appearance& appearance)
-    : _keepsOpen(std::move(keepsOpen))
+    : _content(content)
+    , _keepsOpen(std::move(keepsOpen))
     , _appearance(appearance)
 {
     setObjectName(QStringLiteral("panelWindow"));

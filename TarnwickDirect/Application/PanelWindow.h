@@ -35,6 +35,8 @@ public:
     PanelWindow(
         QWidget* content, std::function<bool()> keepsOpen, Tarnwick::Appearance& appearance);
 
+    QWidget* content() const { return _content; }
+
     /// Takes effect at once, or, while the window is in sight, when it next is not.
     void setForm(Form form);
 
@@ -89,6 +91,7 @@ private:
     void rememberSize();
     void appearanceChanged();
 
+    QWidget* _content = nullptr;
     std::function<bool()> _keepsOpen;
     Tarnwick::Appearance& _appearance;
     RoundedCorners* _corners = nullptr;

@@ -1,6 +1,7 @@
 #include "TarnwickDirect/Application/TarnwickDirectApp.h"
 
 #include "Tarnwick/Interface/Look/ApplicationLook.h"
+#include "TarnwickDirect/Application/AccessiblePanel.h"
 #include "TarnwickDirect/Application/PanelSize.h"
 #include "TarnwickDirect/Application/TarnwickApplication.h"
 #include "TarnwickDirect/Application/TarnwickMenuContent.h"
@@ -46,6 +47,7 @@ TarnwickDirectApp::TarnwickDirectApp(
     , _trayHost(bus)
 {
     _window.setPreferredSize(PanelSize::read(*_defaults, _appearance.textScale()));
+    installAccessiblePanel();
     connectAppearance();
     connectPanel();
     connectService(service);

@@ -42,9 +42,13 @@ class Screen:
         return [int(line) for line in found.stdout.split()]
 
     def place(self, window):
-        text = self._xdotool("getwindowgeometry", "--shell", str(window)).stdout
-        values = dict(line.split("=", 1) for line in text.split() if "=" in line)
-        return Rectangle(*(int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT")))
+        """Where it is without the window manager's frame."""
+        text = self._processes.run("xwininfo", "-id", str(window)).stdout
+        values = (
+            re.search(rf"{label}: +(-?\d+)", text)
+            for label in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")
+        )
+        return Rectangle(*(int(value[1]) if value else 0 for value in values))
 
     def has_focus(self, window):
         return self._xdotool("getwindowfocus").stdout.strip() == str(window)
