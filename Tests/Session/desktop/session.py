@@ -138,6 +138,17 @@ class Session:
         )
         self.screen = Screen(self.processes)
 
+    def start_weston(self):
+        """A Wayland compositor without a screen, in the place of the display."""
+        name = "wayland-test"
+        socket = os.path.join(self.environment["XDG_RUNTIME_DIR"], name)
+        self.processes.start(
+            "weston", "--backend=headless-backend.so", f"--socket={name}", "--idle-time=0"
+        )
+        wait_until(lambda: os.path.exists(socket), "the compositor")
+        self.environment["WAYLAND_DISPLAY"] = name
+        del self.environment["DISPLAY"]
+
     def start_bus(self):
         socket = os.path.join(self.folder, "run", "bus")
         configuration = os.path.join(self.folder, "bus.conf")
