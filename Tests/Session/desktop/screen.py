@@ -71,20 +71,20 @@ class Screen:
 
     @contextlib.contextmanager
     def dragging(self, start):
-        """Holds the left button down from `start` on. Yields a function that moves the pointer to
-        a place until a condition holds."""
+        """Holds the left button down from `start` on. Yields a function that moves the pointer on
+        by steps until a condition holds: a window manager follows only from when it has taken
+        the pointer over."""
         self._xdotool("mousemove", *map(str, start), "mousedown", "1")
 
-        def drag_to(end, until):
+        def drag_by(step, until):
             def go_on():
-                # A window manager follows the pointer only from when it has taken it over.
-                self._xdotool("mousemove", *map(str, start), "mousemove", *map(str, end))
+                self._xdotool("mousemove_relative", "--", *map(str, step))
                 return until()
 
             wait_until(go_on, "what dragging does")
 
         try:
-            yield drag_to
+            yield drag_by
         finally:
             self._xdotool("mouseup", "1")
 
