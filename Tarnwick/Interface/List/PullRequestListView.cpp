@@ -1,5 +1,6 @@
 #include "Tarnwick/Interface/List/PullRequestListView.h"
 
+#include "Tarnwick/Interface/List/ListNavigation.h"
 #include "Tarnwick/Interface/List/RowMenu.h"
 #include "Tarnwick/Interface/Look/Painting.h"
 
@@ -24,6 +25,19 @@ QString asMarkup(const QString& plain)
     QString markup = plain.toHtmlEscaped();
     markup.replace(QLatin1Char('\n'), QLatin1String("<br/>"));
     return QStringLiteral("<qt>%1</qt>").arg(markup);
+}
+
+void paintNoMatches(QPainter& painter, const QRectF& area, const Appearance& appearance)
+{
+    const LineStyle style = appearance.line(TextStyle::body, TextWeight::regular);
+    const double top = area.top() + (area.height() - style.height) / 2;
+    Painting::text(
+        painter,
+        QRectF(area.left(), top, area.width(), style.height),
+        QStringLiteral("No matches"),
+        style,
+        appearance.palette().textSecondary,
+        Qt::AlignHCenter);
 }
 
 }  // namespace
@@ -98,6 +112,11 @@ int PullRequestListView::rowAt(const QPoint& position) const
     return index.isValid() ? index.row() : -1;
 }
 
+int PullRequestListView::firstRowInSight() const
+{
+    return std::max(0, rowAt(QPoint(1, 0)));
+}
+
 RowPart PullRequestListView::partAt(int row, const QPoint& position) const
 {
     return _delegate->partAt(row, position - visualRect(_model.index(row)).topLeft());
@@ -133,26 +152,15 @@ RowSituation PullRequestListView::situation(int row) const
 void PullRequestListView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(viewport());
-    painter.fillRect(event->rect(), _appearance.palette().surfaceList);
-    if (_model.rowCount() == 0) {
-        if (_model.isFinding()) {
-            const LineStyle style = _appearance.line(TextStyle::body, TextWeight::regular);
-            const QRectF area = viewport()->rect();
-            Painting::text(
-                painter,
-                QRectF(0, (area.height() - style.height) / 2, area.width(), style.height),
-                QStringLiteral("No matches"),
-                style,
-                _appearance.palette().textSecondary,
-                Qt::AlignHCenter);
-        }
-        return;
+    const QRect& area = event->rect();
+    painter.fillRect(area, _appearance.palette().surfaceList);
+    if (_model.rowCount() == 0 && _model.isFinding()) {
+        paintNoMatches(painter, viewport()->rect(), _appearance);
     }
-    const QModelIndex first = indexAt(QPoint(1, std::max(0, event->rect().top())));
-    for (int row = first.isValid() ? first.row() : _model.rowCount(); row < _model.rowCount();
-         ++row) {
+    const QModelIndex first = indexAt(QPoint(1, area.top()));
+    for (int row = first.row(); first.isValid() && row < _model.rowCount(); ++row) {
         const QRect place = visualRect(_model.index(row));
-        if (place.top() > event->rect().bottom()) {
+        if (place.top() > area.bottom()) {
             break;
         }
         painter.save();
@@ -201,30 +209,17 @@ void PullRequestListView::keyPressEvent(QKeyEvent* event)
         return;
     }
     event->accept();
-    const int row = selectedRow();
     switch (*command) {
     case ListCommand::find:
         Q_EMIT findRequested();
-        return;
+        break;
     case ListCommand::open:
-        if (row >= 0) {
-            Q_EMIT openRequested(_model.content(row).pullRequest());
-        }
-        return;
     case ListCommand::openInEditor:
-        if (row >= 0) {
-            Q_EMIT openInEditorRequested(_model.content(row).pullRequest());
-        }
-        return;
     case ListCommand::showMenu:
-        if (row >= 0) {
-            const RowGeometry geometry = _delegate->geometry(row);
-            const QPoint corner = visualRect(_model.index(row)).topLeft();
-            showMenu(
-                row,
-                viewport()->mapToGlobal(corner + geometry.details.bottomLeft() + QPoint(0, 1)));
+        if (selectedRow() >= 0) {
+            act(*command, selectedRow());
         }
-        return;
+        break;
     case ListCommand::up:
     case ListCommand::down:
     case ListCommand::first:
@@ -232,59 +227,37 @@ void PullRequestListView::keyPressEvent(QKeyEvent* event)
     case ListCommand::pageUp:
     case ListCommand::pageDown:
         move(*command);
-        return;
+        break;
+    }
+}
+
+void PullRequestListView::act(ListCommand command, int row)
+{
+    const PullRequestKit::PullRequest pullRequest = _model.content(row).pullRequest();
+    if (command == ListCommand::open) {
+        Q_EMIT openRequested(pullRequest);
+    } else if (command == ListCommand::openInEditor) {
+        Q_EMIT openInEditorRequested(pullRequest);
+    } else {
+        const QPoint belowDetails = _delegate->geometry(row).details.bottomLeft() + QPoint(0, 1);
+        showMenu(
+            row, viewport()->mapToGlobal(visualRect(_model.index(row)).topLeft() + belowDetails));
     }
 }
 
 void PullRequestListView::move(ListCommand command)
 {
-    const int count = _model.rowCount();
-    if (count == 0) {
+    if (_model.rowCount() == 0) {
         return;
     }
-    const int row = selectedRow();
-    const int firstInSight = std::max(0, rowAt(QPoint(1, 0)));
-    const auto from = [&](int step) { return row < 0 ? firstInSight : row + step; };
-    int target = 0;
-    switch (command) {
-    case ListCommand::up:
-        target = from(-1);
-        break;
-    case ListCommand::down:
-        target = from(1);
-        break;
-    case ListCommand::pageUp:
-        target = row < 0 ? firstInSight : rowAPageFrom(row, -1);
-        break;
-    case ListCommand::pageDown:
-        target = row < 0 ? firstInSight : rowAPageFrom(row, 1);
-        break;
-    case ListCommand::last:
-        target = count - 1;
-        break;
-    default:
-        break;
-    }
+    const ListExtent extent{
+        .count = _model.rowCount(),
+        .firstInSight = firstRowInSight(),
+        .pageHeight = viewport()->height(),
+        .placeOf = [this](int row) { return visualRect(_model.index(row)); }};
     _usesKeyboard = true;
-    select(std::clamp(target, 0, count - 1));
+    select(targetRow(command, selectedRow(), extent));
     scrollTo(currentIndex());
-}
-
-int PullRequestListView::rowAPageFrom(int row, int direction) const
-{
-    const int page = viewport()->height();
-    const QRect start = visualRect(_model.index(row));
-    int target = row;
-    int distance = 0;
-    while (distance < page && target + direction >= 0 && target + direction < _model.rowCount()) {
-        const QRect next = visualRect(_model.index(target + direction));
-        distance = direction > 0 ? next.bottom() - start.top() : start.bottom() - next.top();
-        if (distance >= page && target != row) {
-            break;
-        }
-        target += direction;
-    }
-    return target;
 }
 
 void PullRequestListView::followPointer(const QPoint& position)
@@ -331,12 +304,7 @@ void PullRequestListView::mouseReleaseEvent(QMouseEvent* event)
     if (isEditor != _isEditorPressed) {
         return;
     }
-    const PullRequestKit::PullRequest pullRequest = _model.content(pressed).pullRequest();
-    if (isEditor) {
-        Q_EMIT openInEditorRequested(pullRequest);
-    } else {
-        Q_EMIT openRequested(pullRequest);
-    }
+    act(isEditor ? ListCommand::openInEditor : ListCommand::open, pressed.row());
 }
 
 void PullRequestListView::mouseDoubleClickEvent(QMouseEvent* event)
@@ -377,7 +345,7 @@ void PullRequestListView::focusInEvent(QFocusEvent* event)
     if (isByKey && _model.rowCount() > 0) {
         _usesKeyboard = true;
         if (selectedRow() < 0) {
-            select(std::max(0, rowAt(QPoint(1, 0))));
+            select(firstRowInSight());
         }
     }
     viewport()->update();

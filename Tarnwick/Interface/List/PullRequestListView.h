@@ -64,10 +64,11 @@ private:
     void takeInList();
     int selectedRow() const;
     int rowAt(const QPoint& position) const;
+    int firstRowInSight() const;
     RowPart partAt(int row, const QPoint& position) const;
     void select(int row);
     void move(ListCommand command);
-    int rowAPageFrom(int row, int direction) const;
+    void act(ListCommand command, int row);
     void followPointer(const QPoint& position);
     void showHelp(const QPoint& position, const QPoint& globalPosition);
     void showMenu(int row, const QPoint& globalPosition);

@@ -1,0 +1,181 @@
+#include "Benchmarks/Input.h"
+#include "Benchmarks/Timing.h"
+#include "PullRequestKit/StackBuilder.h"
+#include "Tarnwick/Interface/List/PullRequestListView.h"
+#include "Tarnwick/Interface/Look/AppFonts.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QScrollBar>
+
+#include <algorithm>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using namespace PullRequestKit;
+using namespace Tarnwick;
+using Benchmarks::Seconds;
+using Benchmarks::timeOf;
+
+constexpr int rowCount = 1'000;
+constexpr double aimMilliseconds = 16;
+
+std::vector<ListedRow> listed(std::vector<PullRequest> pullRequests)
+{
+    std::vector<ListedRow> rows;
+    for (PullRequestRow& row : StackBuilder::rows(std::move(pullRequests))) {
+        const bool isVisited = row.pullRequest.id.number % 3 == 0;
+        rows.push_back({std::move(row), isVisited});
+    }
+    return rows;
+}
+
+/// The list as it stands in the panel, and a picture that it is painted to as to a screen.
+class ShownList {
+public:
+    explicit ShownList(std::vector<ListedRow> rows)
+    {
+        _model.setRows(std::move(rows));
+        _view.resize(440, 544);
+        _view.setAttribute(Qt::WA_DontShowOnScreen);
+        _view.show();
+        paint();
+    }
+
+    void paint() { _view.render(&_screen); }
+
+    PullRequestListModel& model() { return _model; }
+
+    QScrollBar& scrollBar() { return *_view.verticalScrollBar(); }
+
+private:
+    Appearance _appearance{1.0};
+    PullRequestListModel _model{[] { return Date{std::chrono::seconds{1'714'600'000}}; }};
+    PullRequestListView _view{_model, _appearance};
+    QImage _screen{440, 544, QImage::Format_ARGB32_Premultiplied};
+};
+
+/// Keeps the longest of the times of one run and says so.
+class Longest {
+public:
+    explicit Longest(benchmark::State& state)
+        : _state(state)
+    {}
+
+    void add(Seconds time)
+    {
+        _longest = std::max(_longest, time);
+        _state.SetIterationTime(time.count());
+    }
+
+    void report() const
+    {
+        _state.counters["longestMilliseconds"] = 1e3 * _longest.count();
+        _state.counters["aimMilliseconds"] = aimMilliseconds;
+    }
+
+private:
+    benchmark::State& _state;
+    Seconds _longest{};
+};
+
+/// From the first page to the last and over again; the first round lays out every title.
+void scrollingAPage(benchmark::State& state)
+{
+    ShownList list(listed(Benchmarks::makePullRequests(rowCount)));
+    Longest longest(state);
+    for ([[maybe_unused]] auto iteration : state) {
+        longest.add(timeOf([&] {
+            QScrollBar& bar = list.scrollBar();
+            bar.setValue(bar.value() == bar.maximum() ? 0 : bar.value() + bar.pageStep());
+            list.paint();
+        }));
+    }
+    longest.report();
+}
+
+BENCHMARK(scrollingAPage)->Iterations(300)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+/// Letter by letter, and everything shown again.
+void aKeystrokeOfFinding(benchmark::State& state)
+{
+    ShownList list(listed(Benchmarks::makePullRequests(rowCount)));
+    Longest longest(state);
+    const QString typed = QStringLiteral("retry part 12");
+    qsizetype length = 0;
+    for ([[maybe_unused]] auto iteration : state) {
+        length = length == typed.size() ? 0 : length + 1;
+        longest.add(timeOf([&] {
+            list.model().setFindText(typed.left(length));
+            list.paint();
+        }));
+    }
+    longest.report();
+}
+
+BENCHMARK(aKeystrokeOfFinding)->Iterations(140)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+/// A refresh after which a tenth of the rows says something else and stands elsewhere, a few are
+/// gone and a few are new.
+void aRefreshResult(benchmark::State& state)
+{
+    std::vector<PullRequest> before = Benchmarks::makePullRequests(rowCount);
+    std::vector<PullRequest> after = before;
+    for (std::size_t place = 0; place < after.size(); place += 10) {
+        after[place].updatedAt += std::chrono::hours(2);
+        after[place].checks = {3, 7, 0};
+    }
+    before.resize(before.size() - 20);
+    after.erase(after.begin(), after.begin() + 20);
+    const std::vector<ListedRow> lists[] = {listed(before), listed(after)};
+    ShownList list(lists[0]);
+    list.scrollBar().setValue(list.scrollBar().maximum() / 2);
+    Longest longest(state);
+    std::size_t next = 1;
+    for ([[maybe_unused]] auto iteration : state) {
+        std::vector<ListedRow> rows = lists[next];
+        next = 1 - next;
+        longest.add(timeOf([&] {
+            list.model().setRows(std::move(rows));
+            list.paint();
+        }));
+    }
+    longest.report();
+}
+
+BENCHMARK(aRefreshResult)->Iterations(60)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+/// The list from rows that the model of the menu has to the first picture.
+void theFirstFrame(benchmark::State& state)
+{
+    const std::vector<ListedRow> rows =
+        listed(Benchmarks::makePullRequests(static_cast<std::size_t>(state.range(0))));
+    Longest longest(state);
+    for ([[maybe_unused]] auto iteration : state) {
+        std::vector<ListedRow> given = rows;
+        std::optional<ShownList> list;
+        longest.add(timeOf([&] { list.emplace(std::move(given)); }));
+    }
+    longest.report();
+}
+
+BENCHMARK(theFirstFrame)
+    ->Arg(0)
+    ->Arg(rowCount)
+    ->Iterations(20)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    AppFonts::registerBundledFonts();
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Tarnwick/Interface/List/ListKeys.h"
+
+#include <QRect>
+
+#include <functional>
+
+namespace Tarnwick {
+
+/// What moving through a list needs to know of it.
+struct ListExtent {
+    int count = 0;  ///< At least 1.
+    int firstInSight = 0;
+    int pageHeight = 0;                 ///< In logical pixels.
+    std::function<QRect(int)> placeOf;  ///< Of a row.
+};
+
+/// The row that a key leads to from the selected one, or from none, which is -1: then the first row
+/// in sight begins. A page ends with the last row that fits into it whole.
+int targetRow(ListCommand command, int selected, const ListExtent& list);
+
+}  // namespace Tarnwick
