@@ -21,7 +21,8 @@ using Surroundings = ExternalNavigation::Surroundings;
 
 namespace {
 
-bool isMainThread()
+/// For assertions, which a release leaves out.
+[[maybe_unused]] bool isMainThread()
 {
     const QCoreApplication* const application = QCoreApplication::instance();
     return application != nullptr && application->thread() == QThread::currentThread();
