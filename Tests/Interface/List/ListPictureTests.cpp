@@ -1,8 +1,10 @@
 #include "List/SampleRows.h"
 #include "Support/Pictures.h"
+#include "Tarnwick/Interface/List/FindBar.h"
 #include "Tarnwick/Interface/List/PullRequestListView.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QMouseEvent>
 
 #include <gtest/gtest.h>
@@ -66,6 +68,20 @@ TEST(ListPictures, higherContrastAndLargerText)
         listPicture({.isDark = true, .higherContrast = true, .height = 400, .scaleFactor = 1.25}),
         "list-contrast-125");
     expectPicture(listPicture({.textScale = 1.5, .width = 630, .height = 700}), "list-large-text");
+}
+
+TEST(ListPictures, theFindBar)
+{
+    Appearance appearance(1.0);
+    appearance.setWishes({.reducedMotion = true, .higherContrast = false});
+    QWidget panel;
+    panel.resize(420, 80);
+    FindBar bar(appearance, &panel);
+    bar.resize(420, 0);
+    bar.open();
+    bar.findChild<QLineEdit*>(QStringLiteral("findField"))->setText(QStringLiteral("north"));
+    bar.setMatches(7, 12);
+    expectPicture(pictureOf(bar, 2), "find-bar");
 }
 
 }  // namespace
