@@ -123,6 +123,7 @@ void PanelWindow::present(std::optional<QPoint> click, const PlatformData& platf
     passOn(platformData.activationToken);
     if (!isVisible()) {
         const bool isComposited = !X11::isInUse() || X11::hasOwner(X11::compositorSelection());
+        _appearance.setBlendsWindows(isComposited);
         if (_form != _wantedForm || (_form == Form::panel && isComposited != _isTranslucent)) {
             applyForm();
         }

@@ -1,5 +1,7 @@
 #include "TarnwickDirect/Application/RoundedCorners.h"
 
+#include "Tarnwick/Interface/Look/Painting.h"
+
 #include <QPainter>
 #include <QPainterPath>
 
@@ -26,9 +28,7 @@ QRegion RoundedCorners::squares(const QSize& size)
 
 QRegion RoundedCorners::shape(const QSize& size)
 {
-    QPainterPath path;
-    path.addRoundedRect(QRectF(QPointF(), QSizeF(size)), radius, radius);
-    return QRegion(path.toFillPolygon().toPolygon());
+    return Tarnwick::Painting::roundedShape(size, radius);
 }
 
 void RoundedCorners::paintEvent(QPaintEvent* /*event*/)

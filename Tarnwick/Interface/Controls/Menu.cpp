@@ -1,7 +1,7 @@
 #include "Tarnwick/Interface/Controls/Menu.h"
 
 #include "Tarnwick/Interface/Controls/MenuStyle.h"
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Look/Painting.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -55,6 +55,11 @@ void Menu::showEvent(QShowEvent* event)
 {
     // Item widths are cached until the font changes, and the menu's own font is never drawn with.
     setFont(_appearance.line(TextStyle::body, TextWeight::regular).font);
+    if (_appearance.blendsWindows()) {
+        clearMask();
+    } else {
+        setMask(Painting::roundedShape(size(), MenuStyle::radius));
+    }
     QMenu::showEvent(event);
 }
 

@@ -120,7 +120,6 @@ void MenuStyle::drawPrimitive(
     QPainter* painter,
     const QWidget* widget) const
 {
-    constexpr double radius = 10;
     if (element == PE_PanelMenu) {
         const QRectF panel(option->rect);
         Painting::fillRounded(*painter, panel, radius, _appearance.palette().surfaceMenu);
@@ -158,11 +157,12 @@ QSize MenuStyle::sizeFromContents(
     if (type != CT_MenuItem || item == nullptr) {
         return QProxyStyle::sizeFromContents(type, option, size, widget);
     }
+    // Qt leaves out items without a width.
     if (isLabel(*item)) {
-        return {0, _appearance.scaled(24)};
+        return {1, _appearance.scaled(24)};
     }
     if (item->menuItemType == QStyleOptionMenuItem::Separator) {
-        return {0, 2 * dividerRoom + 1};
+        return {1, 2 * dividerRoom + 1};
     }
     double width =
         2 * itemPadding

@@ -13,6 +13,9 @@ class MenuStyle final : public QProxyStyle {
     Q_OBJECT
 
 public:
+    /// Of a menu's corners.
+    static constexpr double radius = 10;
+
     explicit MenuStyle(const Appearance& appearance);
 
     void drawControl(

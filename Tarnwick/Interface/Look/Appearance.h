@@ -48,6 +48,11 @@ public:
 
     bool higherContrast() const { return _wishes.higherContrast; }
 
+    /// Whether windows can be translucent, so that round corners need not be cut out of them.
+    bool blendsWindows() const { return _blendsWindows; }
+
+    void setBlendsWindows(bool blends) { _blendsWindows = blends; }
+
     const Palette& palette() const { return _isDark ? Palette::dark() : Palette::light(); }
 
     /// The desktop's font size divided by 10 points.
@@ -65,6 +70,7 @@ Q_SIGNALS:
 
 private:
     bool _isDark = false;
+    bool _blendsWindows = true;
     Wishes _wishes;
     double _textScale = 1;
 };

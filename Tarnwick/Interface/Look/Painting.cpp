@@ -87,4 +87,11 @@ double width(const QString& text, const LineStyle& style)
     return QFontMetricsF(style.font).horizontalAdvance(text);
 }
 
+QRegion roundedShape(const QSize& size, double radius)
+{
+    QPainterPath path;
+    path.addRoundedRect(QRectF(QPointF(), QSizeF(size)), radius, radius);
+    return {path.toFillPolygon().toPolygon()};
+}
+
 }  // namespace Tarnwick::Painting

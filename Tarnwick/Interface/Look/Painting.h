@@ -32,6 +32,9 @@ void text(
 
 double width(const QString& text, const LineStyle& style);
 
+/// A shape of this size with round corners, for windows that cannot be translucent.
+QRegion roundedShape(const QSize& size, double radius);
+
 }  // namespace Painting
 
 }  // namespace Tarnwick

@@ -1,5 +1,7 @@
 #include "Tarnwick/Interface/Panel/OptionsMenu.h"
 
+#include "Tarnwick/Interface/Look/Appearance.h"
+
 #include <string_view>
 
 namespace Tarnwick {
@@ -36,6 +38,8 @@ OptionsMenu::OptionsMenu(PullRequestMenuModel& model, const Appearance& appearan
     addAction(QStringLiteral("Help"), this, &OptionsMenu::helpRequested);
     addAction(QStringLiteral("Quit"), this, &OptionsMenu::quitRequested);
 
+    constexpr int leastWidth = 216;
+    setMinimumWidth(appearance.scaled(leastWidth));
     connect(&model, &PullRequestMenuModel::settingsChanged, this, &OptionsMenu::updateCheckMarks);
     connect(
         &model,
