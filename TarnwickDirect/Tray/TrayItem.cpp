@@ -26,7 +26,8 @@ TrayItem::TrayItem(PullRequestMenuModel& model, QObject* parent)
         &QSystemTrayIcon::activated,
         this,
         [this](QSystemTrayIcon::ActivationReason reason) {
-            if (reason == QSystemTrayIcon::Trigger) {
+            // Of two quick clicks, an icon on X11 tells the second as a double one.
+            if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) {
                 Q_EMIT clicked();
             }
         });

@@ -4,6 +4,7 @@ import os
 import re
 
 from desktop import SessionTest, wait_until
+from desktop.processes import output_of
 from desktop.screen import Rectangle
 from desktop.session import SCREEN
 from desktop.waiting import stays
@@ -134,6 +135,30 @@ class XfceTests(SessionTest):
         self.tray_icon(TOP)
         wait_until(lambda: self.github.requests("repositories"), "the first refresh")
         stays(lambda: not self.screen.find(TOP, is_dot), "an icon without a dot", 0.3)
+
+
+class EmbeddingTests(SessionTest):
+    """A program that does not find the bus sees a tray of the old kind alone, into which it puts
+    a window."""
+
+    NO_BUS = {"DBUS_SESSION_BUS_ADDRESS": "unix:path=/nowhere/bus"}
+
+    def testTheIconIsAWindowWhereThereAreNoItems(self):
+        self.session.start_xfce_panel()
+        program = self.start_tarnwick("--background", environment=self.NO_BUS)
+        icon = self.tray_icon(TOP)
+        self.screen.click(*icon.centre)
+        place = self.screen.place(self.panel())
+        self.assertEqual(place.y, self.screen.work_area().y + 4)
+        self.screen.click(*icon.centre)
+        self.panel_gone()
+        self.assertEqual(output_of(program), "")
+
+    def testTheIconComesWithATrayThatStartsLater(self):
+        self.start_tarnwick(environment=self.NO_BUS)
+        self.panel()
+        self.session.start_xfce_panel()
+        self.tray_icon(TOP)
 
 
 class LxqtTests(SessionTest):
