@@ -11,5 +11,5 @@ class AccessibilityTests(SessionTest):
         window = self.panel()
         screen_reader = self.accessibility()
         frame = screen_reader.find(role="frame", name="Tarnwick")
-        self.assertEqual(screen_reader.extents(frame), tuple(self.screen.place(window)))
-        self.assertEqual(frame.childCount, 1)
+        self.assertEqual(frame.box, self.screen.place(window))
+        self.assertEqual(frame.children, 1)

@@ -1,63 +1,66 @@
-"""What a screen reader finds. One session to a process: the library keeps its first bus."""
+"""What a screen reader finds in the program, and the pressing that it does for its user."""
 
+import json
 import os
+from typing import NamedTuple
 
+from .screen import Rectangle
 from .waiting import wait_until
+
+SCREEN_READER = os.path.join(os.path.dirname(os.path.abspath(__file__)), "screen_reader.py")
+
+
+class Element(NamedTuple):
+    """Of the states, those that tests ask for: "checked", "enabled", "focused" and "selected"."""
+
+    number: int
+    role: str
+    name: str
+    description: str
+    states: frozenset
+    box: Rectangle
+    children: int
 
 
 class Accessibility:
-    def __init__(self, environment):
-        for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR"):
-            os.environ[name] = environment[name]
-        import pyatspi  # pylint: disable=import-outside-toplevel
+    """To be made before what it is asked for is on the screen: menus are seen when they open."""
 
-        self._library = pyatspi
+    def __init__(self, processes, program="tarnwick"):
+        self._process = processes.start_piped("/usr/bin/python3", SCREEN_READER, program)
+        self.find_all("application")
 
-    def application(self, name="tarnwick"):
-        """The program's root, once it is there."""
-
-        def find():
-            for application in self._library.Registry.getDesktop(0):
-                if application is not None and application.name.lower() == name:
-                    return application
-            return None
-
-        return wait_until(find, f'"{name}" among the accessible programs')
+    def _ask(self, **question):
+        self._process.stdin.write(json.dumps(question) + "\n")
+        self._process.stdin.flush()
+        answer = self._process.stdout.readline()
+        if not answer:
+            raise AssertionError(f"The screen reader ended; see {self._process.log}")
+        return json.loads(answer)
 
     def find_all(self, role=None, name=None):
-        """Every element of the role (such as "push button") and the name, either of which may be
-        left out."""
-
-        def matches(element):
-            return (role is None or element.getRoleName() == role) and (
-                name is None or element.name == name
+        """The elements in sight of the role (such as "push button") and the name, either of which
+        may be left out; parents before their children."""
+        return [
+            Element(
+                **{
+                    **element,
+                    "states": frozenset(element["states"]),
+                    "box": Rectangle(*element["box"]) if element["box"] else None,
+                }
             )
-
-        found = []
-        waiting = [self.application()]
-        while waiting:
-            element = waiting.pop()
-            if element is None:
-                continue
-            try:
-                if matches(element):
-                    found.append(element)
-                waiting.extend(reversed(list(element)))
-            except Exception:  # An element that went away meanwhile. pylint: disable=broad-except
-                continue
-        return found
+            for element in self._ask(ask="find", role=role, name=name)
+        ]
 
     def find(self, role=None, name=None):
         """The first such element, once it is there."""
         return wait_until(lambda: self.find_all(role, name), f'{role or "element"} "{name}"')[0]
 
-    def press(self, element):
-        """Does what a screen reader's user does to press it."""
-        actions = element.queryAction()
-        names = [actions.getName(index) for index in range(actions.nActions)]
-        actions.doAction(names.index("Press"))
+    def names(self, role):
+        return [element.name for element in self.find_all(role)]
 
-    def extents(self, element):
-        """Left, top, width and height on the screen."""
-        box = element.queryComponent().getExtents(self._library.DESKTOP_COORDS)
-        return box.x, box.y, box.width, box.height
+    def wait_until_gone(self, role=None, name=None):
+        wait_until(lambda: not self.find_all(role, name), f'that no {role or "element"} is "{name}"')
+
+    def press(self, role, name):
+        """Does what a screen reader's user does to press it, once it is there."""
+        self._ask(ask="press", number=self.find(role, name).number)

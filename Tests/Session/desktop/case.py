@@ -8,6 +8,7 @@ import unittest
 from .accessibility import Accessibility
 from .github import GitHub
 from .processes import ended
+from .programs import Programs
 from .session import Session
 from .waiting import wait_until
 
@@ -41,6 +42,9 @@ class SessionTest(unittest.TestCase):
         if self.window_manager:
             self.session.start_window_manager(*self.window_manager)
         self.screen = self.session.screen
+        self.programs = Programs(
+            os.path.join(self.session.folder, "programs"), self.session.environment
+        )
         self.github = None
 
     def _end(self):
@@ -132,7 +136,23 @@ class SessionTest(unittest.TestCase):
     def wait_for_name(self):
         wait_until(lambda: self.session.owns_name(NAME), "the program on the bus")
 
+    def reload(self):
+        """Has the list refreshed, and waits until all that it takes was asked for."""
+        asked = len(self.github.requests("repositories"))
+        self.action("reload")
+        wait_until(lambda: len(self.github.requests("repositories")) > asked, "a refresh")
+
     # What is to be seen
+
+    def focused_panel(self):
+        """The panel's window once it is in sight and has the keyboard."""
+        window = self.panel()
+        wait_until(lambda: self.screen.has_focus(window), "the focus of the panel")
+        return window
+
+    def clipboard(self):
+        """The text that was copied last."""
+        return self.session.processes.run("xclip", "-out", "-selection", "clipboard").stdout
 
     def panel(self):
         """The panel's window once it is in sight."""
@@ -151,7 +171,7 @@ class SessionTest(unittest.TestCase):
         return wait_until(find, "the icon in the tray")
 
     def accessibility(self):
-        return Accessibility(self.session.environment)
+        return Accessibility(self.session.processes)
 
 
 def is_drop(red, green, blue):

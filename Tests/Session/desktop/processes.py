@@ -19,19 +19,35 @@ class Processes:
     def start(self, *command, environment=None, **options):
         """The output goes to a file; the environment is the session's and what is given here, of
         which None takes a variable away."""
-        self._count += 1
-        name = os.path.basename(command[0])
-        log = os.path.join(self.logs, f"{self._count:02}-{name}.log")
+        log = self._log_of(command)
         with open(log, "wb") as output:
-            process = subprocess.Popen(
+            return self._started(command, environment, log, stdout=output, stderr=output, **options)
+
+    def start_piped(self, *command):
+        """Starts a program that is written to and read from in lines."""
+        log = self._log_of(command)
+        with open(log, "wb") as errors:
+            return self._started(
                 command,
-                stdin=subprocess.DEVNULL,
-                stdout=output,
-                stderr=subprocess.STDOUT,
-                env=self.variables(environment),
-                start_new_session=True,
-                **options,
+                None,
+                log,
+                stdin=subprocess.PIPE,
+                stdout=subprocess.PIPE,
+                stderr=errors,
+                text=True,
             )
+
+    def _log_of(self, command):
+        self._count += 1
+        return os.path.join(self.logs, f"{self._count:02}-{os.path.basename(command[0])}.log")
+
+    def _started(self, command, environment, log, **options):
+        process = subprocess.Popen(
+            command,
+            env=self.variables(environment),
+            start_new_session=True,
+            **{"stdin": subprocess.DEVNULL, **options},
+        )
         process.log = log
         self._running.append(process)
         return process
@@ -47,6 +63,11 @@ class Processes:
             check=False,
             env=self.variables(environment),
         )
+
+    @staticmethod
+    def says(process, text):
+        """Whether the text is in what the program has said so far."""
+        return text in output_of(process)
 
     def variables(self, changes=None):
         merged = {**self.environment, **(changes or {})}
@@ -66,6 +87,9 @@ class Processes:
             except AssertionError:
                 continue
         process.wait()
+        for pipe in (process.stdin, process.stdout):
+            if pipe is not None:
+                pipe.close()
         if process in self._running:
             self._running.remove(process)
 
