@@ -1,6 +1,8 @@
-"""tools/run, with the programs built already."""
+"""tools/run and tools/screenshot, with the programs built already."""
 
+import filecmp
 import os
+import re
 import shutil
 import signal
 
@@ -22,7 +24,7 @@ SHOWS_OWN = (
 )
 
 
-class RunTests(SessionTest):
+class ToolsTest(SessionTest):
     def setUp(self):
         super().setUp()
         self.tree = os.path.join(self.session.folder, "tree")
@@ -34,6 +36,8 @@ class RunTests(SessionTest):
         os.makedirs(release)
         os.makedirs(os.path.join(self.tree, "tools"))
         shutil.copy(os.path.join(ROOT, "tools", "run"), os.path.join(self.tree, "tools", "run"))
+        screenshot = os.path.join("tools", "screenshot")
+        os.symlink(os.path.join(ROOT, screenshot), os.path.join(self.tree, screenshot))
         os.symlink(PROGRAMS, os.path.join(release, "bin"))
         with open(os.path.join(release, "build.ninja"), "w", encoding="utf-8"):
             pass
@@ -56,9 +60,13 @@ class RunTests(SessionTest):
     def start(self, *arguments, environment=None):
         return self.session.processes.start(self.tools_run, *arguments, environment=environment)
 
-    def run_to_end(self, *arguments, environment=None):
-        return self.session.processes.run(self.tools_run, *arguments, environment=environment)
+    def run_to_end(self, *arguments, environment=None, limit=20):
+        return self.session.processes.run(
+            self.tools_run, *arguments, environment=environment, limit=limit
+        )
 
+
+class RunTests(ToolsTest):
     def testTheSamplesPanelStaysUntilItIsQuit(self):
         program = self.start("--sample")
         self.panel()
@@ -135,3 +143,64 @@ class RunTests(SessionTest):
                 answer.stderr,
                 "tools/run: --scenario wants the name of a scenario, such as everyday.\n",
             )
+
+
+class ScreenshotTests(ToolsTest):
+    """It makes a session of its own, so this one gives it no display."""
+
+    def start_screenshot(self, *arguments):
+        return self.run_to_end("--screenshot", *arguments, environment={"DISPLAY": None}, limit=60)
+
+    def screenshot(self, name, *options):
+        file = os.path.join(self.session.folder, name)
+        answer = self.start_screenshot(file, *options)
+        self.assertEqual((answer.returncode, answer.stdout, answer.stderr), (0, "", ""))
+        return file
+
+    def size_of(self, file):
+        return self.session.processes.run("identify", "-format", "%wx%h", file).stdout
+
+    def colours_of(self, file, *points):
+        """The colours at these points, as hexadecimal digits for red, green, blue and opacity."""
+        found = []
+        for x, y in points:
+            pixel = f"{file}[1x1+{x}+{y}]"
+            text = self.session.processes.run("convert", pixel, "-depth", "8", "txt:-").stdout
+            found.append(re.search(r"#([0-9A-F]{8})", text)[1])
+        return found
+
+    def testThePictureIsThePanelAlone(self):
+        picture = self.screenshot("light.png")
+        self.assertEqual(self.size_of(picture), "440x620")
+        corner, border, header, content = self.colours_of(
+            picture, (0, 0), (220, 0), (220, 22), (220, 48)
+        )
+        self.assertTrue(corner.endswith("00"), corner)
+        self.assertEqual(border, "000000FF")
+        self.assertEqual(header, "F8FAF9FF")
+        self.assertEqual(content, "FFFFFFFF")
+
+    def testPicturesOfTheSameAreEqualToTheByte(self):
+        options = ("--dark", "--scale", "1.5", "--set", "panel.size=400x500")
+        options += ("--scenario", "signed-out")
+        first, second = (self.screenshot(name, *options) for name in ("first.png", "second.png"))
+        self.assertEqual(self.size_of(first), "600x750")
+        self.assertEqual(self.colours_of(first, (300, 33)), ["141A18FF"])
+        colours = self.session.processes.run(
+            "convert", first, "-depth", "8", "-format", "%c", "histogram:info:-"
+        )
+        # The button that copies the command for signing in.
+        self.assertIn("#3CCB9BFF", colours.stdout)
+        self.assertTrue(filecmp.cmp(first, second, shallow=False))
+
+    def testBadArgumentsAreToldInASentence(self):
+        for arguments, sentence in (
+            ((), "The following arguments are required: FILE."),
+            (("/nowhere/x.png",), "There is no folder /nowhere."),
+            (("x.png", "--scale", "9"), "--scale wants a factor from 1 to 4."),
+            (("x.png", "--scenario", "../x"), "--scenario wants the name of a scenario, such as everyday."),
+            (("x.png", "--set", "dark"), "--set wants a key and a value, such as polling.interval=60."),
+        ):
+            answer = self.start_screenshot(*arguments)
+            self.assertEqual(answer.returncode, 2)
+            self.assertEqual(answer.stderr, f"tools/screenshot: {sentence}\n")

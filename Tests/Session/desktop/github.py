@@ -16,7 +16,9 @@ SCENARIOS = os.path.join(
 class GitHub:
     """Serves a scenario until the session ends, or until `end`."""
 
-    def __init__(self, processes: Processes, programs, folder, scenario="everyday", faults=()):
+    def __init__(
+        self, processes: Processes, programs, folder, scenario="everyday", faults=(), now=None
+    ):
         self._processes = processes
         self._program = os.path.join(programs, "tarnwick-sample-github")
         self._folder = folder
@@ -25,7 +27,7 @@ class GitHub:
         self._record = os.path.join(folder, "requests")
         self._socket = os.path.join(folder, "socket")
         self.process = None
-        self.serve(scenario, faults)
+        self.serve(scenario, faults, now)
 
     def serve(self, scenario="everyday", faults=(), now=None):
         """Starts to serve; in the place of what was served, if anything was. The scenario is a name

@@ -111,7 +111,7 @@ class Session:
     def environment(self):
         return self.processes.environment
 
-    def start_display(self):
+    def start_display(self, size=SCREEN):
         read_end, write_end = os.pipe()
         self.display = self.processes.start(
             "Xvfb",
@@ -119,7 +119,7 @@ class Session:
             str(write_end),
             "-screen",
             "0",
-            f"{SCREEN[0]}x{SCREEN[1]}x24",
+            f"{size[0]}x{size[1]}x24",
             "-nolisten",
             "tcp",
             "-noreset",
