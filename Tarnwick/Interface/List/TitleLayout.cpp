@@ -62,9 +62,17 @@ void TitleLayout::elideLastLine(const QString& title, double width)
     _isElided = true;
     _layout.setText(title.left(start) + rest);
     _layout.beginLayout();
-    _layout.createLine().setNumColumns(start, width);
+    // It breaks where it did before. A number of columns would not tell where: letters that the
+    // font draws as one count for one.
+    _layout.createLine().setLineWidth(width);
     _layout.createLine().setLineWidth(endless);
     _layout.endLayout();
+}
+
+QString TitleLayout::lineText(int number) const
+{
+    const QTextLine line = _layout.lineAt(number);
+    return _layout.text().mid(line.textStart(), line.textLength());
 }
 
 void TitleLayout::draw(QPainter& painter, const QPointF& topLeft, const QColor& color) const

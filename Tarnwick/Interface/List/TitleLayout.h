@@ -29,6 +29,10 @@ public:
     /// What is shown, without the line break.
     QString shownText() const { return _layout.text(); }
 
+    /// What stands in one line, with the space at which it breaks. Requires: `number` is less than
+    /// `lineCount()`.
+    QString lineText(int number) const;
+
     /// Draws it with the upper left corner of its column at `topLeft`. Every line keeps its
     /// height, whatever fonts its characters need.
     void draw(QPainter& painter, const QPointF& topLeft, const QColor& color) const;

@@ -51,6 +51,15 @@ TEST(TitleLayout, whatDoesNotFitInTwoLinesIsElided)
     EXPECT_TRUE(text.startsWith(title.shownText().chopped(1).trimmed()));
 }
 
+TEST(TitleLayout, anElidedTitleBreaksBetweenWords)
+{
+    // Letters that the font draws as one, such as the two of "written", count for one column.
+    const TitleLayout title = layout(
+        u"Buttered, flattened, attributed and written letters, all of them of two that are one"_s);
+    ASSERT_TRUE(title.isElided());
+    EXPECT_TRUE(title.lineText(0).endsWith(u' ')) << title.lineText(0).toStdString();
+}
+
 TEST(TitleLayout, aWordWiderThanTheColumnBreaksAnywhere)
 {
     const TitleLayout title = layout(QString(300, u'w'));
