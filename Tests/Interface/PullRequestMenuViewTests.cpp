@@ -149,6 +149,18 @@ TEST_F(PullRequestMenuViewTests, theListHasTheFocusAndReturnOpens)
     EXPECT_THAT(desktop.journal(), testing::Contains(testing::HasSubstr("dismiss")));
 }
 
+TEST_F(PullRequestMenuViewTests, theListHasTheFocusWhenItsRowsComeLater)
+{
+    provider->setPullRequests({TestSupport::makePullRequest(1)});
+    selectTools();
+    start();
+    showView();
+    EXPECT_TRUE(part<QWidget>("status")->hasFocus());
+    refresh();
+    TestSupport::processEvents();
+    EXPECT_TRUE(list().hasFocus());
+}
+
 TEST_F(PullRequestMenuViewTests, openingARowRecordsTheVisit)
 {
     showList({TestSupport::makePullRequest(1)});

@@ -23,7 +23,10 @@ OptionsMenu::OptionsMenu(PullRequestMenuModel& model, const Appearance& appearan
     // The divider above "Filters" stays although the label is one, too.
     setSeparatorsCollapsible(false);
 
-    addAction(QStringLiteral("Reload\tR"), this, &OptionsMenu::reloadRequested);
+    QAction* const reload =
+        addAction(QStringLiteral("Reload"), this, &OptionsMenu::reloadRequested);
+    // Shown, and told by screen readers; the key itself is the panel's.
+    reload->setShortcut(Qt::Key_R);
     addPolling();
     addNotifications();
     addSettings();

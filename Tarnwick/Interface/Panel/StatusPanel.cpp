@@ -61,7 +61,10 @@ void StatusPanel::show(const StatusContent& content)
     _spinner->setVisible(content.hasSpinner);
     _tryAgain->setVisible(!content.hasSpinner);
     _chooseRepositories->setVisible(content.offersRepositories);
-    setFocusProxy(content.offersRepositories ? _chooseRepositories : _tryAgain);
+    // With nothing to press it holds the focus itself, until there are rows to pass it on to.
+    PushButton* const button = content.offersRepositories ? _chooseRepositories : _tryAgain;
+    setFocusProxy(content.hasSpinner ? nullptr : button);
+    setAccessibleName(content.title);
     layOut();
     update();
 }

@@ -3,6 +3,7 @@
 #include "Fakes/ModelFixture.h"
 #include "Tarnwick/Interface/Look/Appearance.h"
 
+#include <QAccessible>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -24,7 +25,7 @@ protected:
     {
         std::vector<std::string> items;
         for (const QAction* const action : shown.actions()) {
-            const std::string title = action->text().section(u'\t', 0, 0).toStdString();
+            const std::string title = action->text().toStdString();
             if (!action->isVisible()) {
                 continue;
             }
@@ -40,7 +41,7 @@ protected:
     static QAction* item(const QMenu& shown, const char* title)
     {
         for (QAction* const action : shown.actions()) {
-            if (action->text().section(u'\t', 0, 0) == QString::fromUtf8(title)) {
+            if (action->text() == QString::fromUtf8(title)) {
                 return action;
             }
         }
@@ -92,6 +93,14 @@ TEST_F(OptionsMenuTests, hasItsItemsInOrder)
             "Help",
             "Quit"));
     EXPECT_EQ(menu->accessibleName(), QStringLiteral("List options"));
+}
+
+TEST_F(OptionsMenuTests, screenReadersTellTheKeyApartFromTheTitle)
+{
+    const QAccessibleInterface* const shown = QAccessible::queryAccessibleInterface(menu.get());
+    const QAccessibleInterface* const reload = shown->child(0);
+    EXPECT_EQ(reload->text(QAccessible::Name), QStringLiteral("Reload"));
+    EXPECT_EQ(reload->text(QAccessible::Accelerator), QStringLiteral("R"));
 }
 
 TEST_F(OptionsMenuTests, submenusHaveTheirItemsInOrder)
