@@ -2,6 +2,7 @@
 
 import json
 import os
+import shutil
 
 from .processes import Processes
 from .waiting import wait_until
@@ -33,6 +34,7 @@ class GitHub:
         """Starts to serve; in the place of what was served, if anything was. The scenario is a name
         or what a scenario file holds; ages count back from `now`, such as 2026-03-01T12:00:00Z."""
         self.end()
+        shutil.rmtree(self.configuration, ignore_errors=True)
         if isinstance(scenario, dict):
             file = os.path.join(self._folder, "scenario.json")
             with open(file, "w", encoding="utf-8") as text:

@@ -48,9 +48,14 @@ class ScreenReader:
     def find(self, role, name):
         """The elements in sight of the role and the name, either of which may be left out."""
         found = []
+        seen = set()
         waiting = list(reversed(self._roots()))
         while waiting:
             element = waiting.pop()
+            # A menu below another is its child, too.
+            if element in seen:
+                continue
+            seen.add(element)
             try:
                 states = element.get_state_set()
                 if not states.contains(Atspi.StateType.SHOWING):
