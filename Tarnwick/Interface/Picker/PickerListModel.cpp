@@ -1,0 +1,306 @@
+#include "Tarnwick/Interface/Picker/PickerListModel.h"
+
+#include "Tarnwick/Interface/Picker/PickerWording.h"
+#include "Tarnwick/Interface/Picker/RepositoryGroups.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+namespace Tarnwick {
+namespace {
+
+using PullRequestKit::RepositorySummary;
+
+const void* identityOf(const PickerRow& row)
+{
+    return row.isOwner() ? static_cast<const void*>(row.owner) : row.repository;
+}
+
+/// For each old row its place among the new ones, or -1.
+std::vector<int> placesIn(const std::vector<PickerRow>& after, const std::vector<PickerRow>& before)
+{
+    std::unordered_map<const void*, int> places;
+    places.reserve(after.size());
+    for (std::size_t place = 0; place < after.size(); ++place) {
+        places.emplace(identityOf(after[place]), static_cast<int>(place));
+    }
+    std::vector<int> targets;
+    targets.reserve(before.size());
+    for (const PickerRow& row : before) {
+        const auto found = places.find(identityOf(row));
+        targets.push_back(found == places.end() ? -1 : found->second);
+    }
+    return targets;
+}
+
+Qt::CheckState checkStateOf(const PickerOwner& owner)
+{
+    if (owner.isAllSelected()) {
+        return Qt::Checked;
+    }
+    return owner.selectedCount > 0 ? Qt::PartiallyChecked : Qt::Unchecked;
+}
+
+QVariant ownerData(const PickerOwner& owner, int role)
+{
+    switch (role) {
+    case Qt::DisplayRole:
+        return owner.name;
+    case Qt::AccessibleTextRole:
+        return QStringLiteral("%1, %2").arg(
+            owner.name, PickerWording::ownerButton(owner.isAllSelected()));
+    case Qt::CheckStateRole:
+        return static_cast<int>(checkStateOf(owner));
+    default:
+        return {};
+    }
+}
+
+QVariant repositoryData(const PickerRepository& repository, int role)
+{
+    switch (role) {
+    case Qt::DisplayRole:
+        return repository.name;
+    case Qt::AccessibleTextRole:
+        return PickerWording::sentence(repository.summary);
+    case Qt::CheckStateRole:
+        return static_cast<int>(repository.isSelected ? Qt::Checked : Qt::Unchecked);
+    default:
+        return {};
+    }
+}
+
+template<typename Map, typename Names>
+void keepOnly(Map& map, const Names& names)
+{
+    std::erase_if(map, [&](const auto& entry) { return !names.contains(entry.first); });
+}
+
+}  // namespace
+
+PickerListModel::PickerListModel(QObject* parent)
+    : QAbstractListModel(parent)
+{}
+
+void PickerListModel::setRepositories(const std::vector<RepositorySummary>& repositories)
+{
+    std::unordered_set<std::string> names;
+    std::unordered_set<std::string> owners;
+    std::vector<PickerRow> all;
+    all.reserve(repositories.size());
+    for (const RepositoryGroup& group : repositoryGroups(repositories)) {
+        owners.insert(group.owner);
+        PickerOwner& owner = _owners[group.owner];
+        owner.name = QString::fromStdString(group.owner);
+        all.push_back({.owner = &owner, .repository = nullptr});
+        for (const RepositorySummary& summary : group.repositories) {
+            if (!names.insert(summary.fullName).second) {
+                continue;
+            }
+            const auto [entry, isNew] = _repositories.try_emplace(summary.fullName, summary);
+            PickerRepository& repository = entry->second;
+            if (!isNew && repository.summary != summary) {
+                repository = PickerRepository(summary);
+                repository.isChanged = true;
+            }
+            repository.isSelected = _selected.contains(summary.fullName);
+            all.push_back({.owner = &owner, .repository = &repository});
+        }
+    }
+    _all = std::move(all);
+    show(wantedRows());
+    keepOnly(_repositories, names);
+    keepOnly(_owners, owners);
+}
+
+void PickerListModel::setSelection(const std::set<std::string>& selected)
+{
+    _selected = selected;
+    for (auto& [name, repository] : _repositories) {
+        const bool isSelected = selected.contains(name);
+        repository.isChanged = repository.isChanged || repository.isSelected != isSelected;
+        repository.isSelected = isSelected;
+    }
+    countSelected();
+    announceChanges();
+}
+
+void PickerListModel::setFindText(const QString& text)
+{
+    const QStringList words =
+        text.toCaseFolded().simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    if (_words != words) {
+        _words = words;
+        show(wantedRows());
+    }
+}
+
+bool PickerListModel::matches(const PickerRepository& repository) const
+{
+    return std::ranges::all_of(
+        _words, [&](const QString& word) { return repository.searchText.contains(word); });
+}
+
+std::vector<PickerRow> PickerListModel::wantedRows() const
+{
+    std::vector<PickerRow> wanted;
+    wanted.reserve(_all.size());
+    for (const PickerRow& row : _all) {
+        if (!row.isOwner() && !matches(*row.repository)) {
+            continue;
+        }
+        // An owner gives way to the next when nothing of it has matched.
+        if (row.isOwner() && !wanted.empty() && wanted.back().isOwner()) {
+            wanted.pop_back();
+        }
+        wanted.push_back(row);
+    }
+    if (!wanted.empty() && wanted.back().isOwner()) {
+        wanted.pop_back();
+    }
+    return wanted;
+}
+
+void PickerListModel::show(const std::vector<PickerRow>& wanted)
+{
+    const RowChanges changes =
+        rowChanges(placesIn(wanted, _shown), static_cast<int>(wanted.size()));
+    take(changes, wanted);
+    countSelected();
+    announceChanges();
+}
+
+void PickerListModel::take(const RowChanges& changes, const std::vector<PickerRow>& wanted)
+{
+    for (const RowRange& range : changes.removals) {
+        beginRemoveRows({}, range.first, range.last);
+        _shown.erase(_shown.begin() + range.first, _shown.begin() + range.last + 1);
+        endRemoveRows();
+    }
+    for (const RowMove& move : changes.moves) {
+        // Qt counts the destination in the list before the move.
+        beginMoveRows({}, move.from, move.from, {}, move.to > move.from ? move.to + 1 : move.to);
+        const auto from = _shown.begin() + move.from;
+        const auto to = _shown.begin() + move.to;
+        if (move.from < move.to) {
+            std::rotate(from, from + 1, to + 1);
+        } else {
+            std::rotate(to, from, from + 1);
+        }
+        endMoveRows();
+    }
+    for (const RowRange& range : changes.insertions) {
+        beginInsertRows({}, range.first, range.last);
+        _shown.insert(
+            _shown.begin() + range.first,
+            wanted.begin() + range.first,
+            wanted.begin() + range.last + 1);
+        endInsertRows();
+    }
+}
+
+void PickerListModel::countSelected()
+{
+    PickerOwner counted;
+    for (std::size_t place = 0; place < _shown.size(); ++place) {
+        const PickerRow& row = _shown[place];
+        if (!row.isOwner()) {
+            ++counted.shownCount;
+            counted.selectedCount += row.repository->isSelected ? 1 : 0;
+        }
+        const bool isLast = place + 1 == _shown.size() || _shown[place + 1].isOwner();
+        if (isLast) {
+            PickerOwner& owner = *row.owner;
+            owner.isChanged = owner.isChanged || owner.shownCount != counted.shownCount
+                              || owner.selectedCount != counted.selectedCount;
+            owner.shownCount = counted.shownCount;
+            owner.selectedCount = counted.selectedCount;
+            counted = {};
+        }
+    }
+}
+
+void PickerListModel::announceChanges()
+{
+    std::vector<int> changed;
+    for (std::size_t place = 0; place < _shown.size(); ++place) {
+        const PickerRow& row = _shown[place];
+        bool& isChanged = row.isOwner() ? row.owner->isChanged : row.repository->isChanged;
+        if (isChanged) {
+            changed.push_back(static_cast<int>(place));
+            isChanged = false;
+        }
+    }
+    for (const RowRange& range : ranges(changed)) {
+        Q_EMIT dataChanged(index(range.first), index(range.last));
+    }
+}
+
+std::vector<std::string> PickerListModel::shownNames() const
+{
+    std::vector<std::string> names;
+    for (const PickerRow& row : _shown) {
+        if (!row.isOwner()) {
+            names.push_back(row.repository->summary.fullName);
+        }
+    }
+    return names;
+}
+
+std::vector<std::string> PickerListModel::shownNamesOf(const PickerOwner& owner) const
+{
+    std::vector<std::string> names;
+    for (const PickerRow& row : _shown) {
+        if (!row.isOwner() && row.owner == &owner) {
+            names.push_back(row.repository->summary.fullName);
+        }
+    }
+    return names;
+}
+
+bool PickerListModel::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    if (!index.isValid() || role != Qt::CheckStateRole) {
+        return false;
+    }
+    const PickerRow& wanted = row(index.row());
+    const bool selected = value.toInt() == Qt::Checked;
+    std::vector<std::string> names;
+    if (wanted.isOwner()) {
+        names = shownNamesOf(*wanted.owner);
+        Q_EMIT selectionRequested(names, selected);
+    } else {
+        names = {wanted.repository->summary.fullName};
+        if (wanted.repository->isSelected != selected) {
+            Q_EMIT toggleRequested(names.front());
+        }
+    }
+    return std::ranges::all_of(
+        names, [&](const std::string& name) { return _selected.contains(name) == selected; });
+}
+
+QVariant PickerListModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid()) {
+        return {};
+    }
+    const PickerRow& wanted = row(index.row());
+    return wanted.isOwner() ? ownerData(*wanted.owner, role)
+                            : repositoryData(*wanted.repository, role);
+}
+
+int PickerListModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(_shown.size());
+}
+
+Qt::ItemFlags PickerListModel::flags(const QModelIndex& index) const
+{
+    if (!index.isValid()) {
+        return Qt::NoItemFlags;
+    }
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable
+           | Qt::ItemNeverHasChildren;
+}
+
+}  // namespace Tarnwick
