@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QWidget>
+
+namespace Tarnwick {
+
+class Appearance;
+class TextLine;
+
+/// What stands in the list's place when it has no rows.
+class PickerPlaceholder final : public QWidget {
+    Q_OBJECT
+
+public:
+    PickerPlaceholder(const Appearance& appearance, QWidget* parent);
+
+    void showNoRepositories();
+    void showNoMatches();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void layOut();
+
+    const Appearance& _appearance;
+    TextLine* _noRepositories;
+    TextLine* _noMatches;
+    QRect _symbol;
+};
+
+}  // namespace Tarnwick

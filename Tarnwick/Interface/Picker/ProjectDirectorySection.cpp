@@ -1,0 +1,187 @@
+#include "Tarnwick/Interface/Picker/ProjectDirectorySection.h"
+
+#include "Tarnwick/Interface/Controls/PushButton.h"
+#include "Tarnwick/Interface/Controls/TextField.h"
+#include "Tarnwick/Interface/Controls/TextLine.h"
+#include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Picker/PickerWording.h"
+#include "Tarnwick/PullRequestMenuModel.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFontMetricsF>
+
+#include <algorithm>
+
+namespace Tarnwick {
+namespace {
+
+constexpr int lineGap = 6;
+constexpr int buttonGap = 8;
+constexpr int fieldHeight = 32;
+
+/// The folder that a dialog starts in. A dialog knows no "~".
+QString startFolder(const QString& directory)
+{
+    if (directory == QLatin1String("~") || directory.startsWith(QLatin1String("~/"))) {
+        return QDir::homePath() + directory.mid(1);
+    }
+    return directory.isEmpty() ? QDir::homePath() : directory;
+}
+
+}  // namespace
+
+ProjectDirectorySection::ProjectDirectorySection(
+    PullRequestMenuModel& model, const Appearance& appearance, QWidget* parent)
+    : QWidget(parent)
+    , _model(model)
+    , _appearance(appearance)
+    , _title(new TextLine(
+          QStringLiteral("Project Directory"),
+          {.style = TextStyle::body, .weight = TextWeight::medium},
+          appearance,
+          this))
+    , _field(new TextField(QString(), appearance, this))
+    , _choose(new PushButton(QStringLiteral("Choose…"), PushButton::Kind::plain, appearance, this))
+    , _note(new TextLine(
+          QString(),
+          {.style = TextStyle::footnote,
+           .weight = TextWeight::regular,
+           .colour = &Palette::textTertiary},
+          appearance,
+          this))
+{
+    _title->setObjectName(QStringLiteral("projectDirectoryTitle"));
+    _note->setObjectName(QStringLiteral("projectDirectoryNote"));
+    _choose->setObjectName(QStringLiteral("chooseProjectDirectory"));
+    _choose->setAccessibleName(QStringLiteral("Choose project directory"));
+    _field->setDesignHeight(fieldHeight);
+    QLineEdit& edit = _field->edit();
+    edit.setObjectName(QStringLiteral("projectDirectory"));
+    edit.setAccessibleName(_title->text());
+    edit.setPlaceholderText(QStringLiteral("/path/to/projects"));
+    _title->setBuddy(&edit);
+
+    connect(&edit, &QLineEdit::editingFinished, this, &ProjectDirectorySection::commit);
+    connect(_choose, &QAbstractButton::clicked, this, &ProjectDirectorySection::choose);
+    connect(
+        &model,
+        &PullRequestMenuModel::settingsChanged,
+        this,
+        &ProjectDirectorySection::showSetting);
+    connect(&appearance, &Appearance::changed, this, [this] {
+        updateGeometry();
+        layOut();
+    });
+    showSetting();
+}
+
+ProjectDirectorySection::~ProjectDirectorySection()
+{
+    // A field that goes loses the focus, which would finish what is typed into it.
+    _field->edit().disconnect(this);
+}
+
+QWidget& ProjectDirectorySection::field() const
+{
+    return _field->edit();
+}
+
+QWidget& ProjectDirectorySection::chooseButton() const
+{
+    return *_choose;
+}
+
+QString ProjectDirectorySection::setting() const
+{
+    return QString::fromStdString(_model.settings().projectDirectory);
+}
+
+void ProjectDirectorySection::commit()
+{
+    QLineEdit& edit = _field->edit();
+    if (!edit.isModified()) {
+        return;
+    }
+    edit.setModified(false);
+    if (edit.text() != setting()) {
+        _model.setProjectDirectory(edit.text().toStdString());
+    }
+}
+
+bool ProjectDirectorySection::revert()
+{
+    QLineEdit& edit = _field->edit();
+    const bool isUnfinished = edit.isModified() && edit.text() != setting();
+    edit.setModified(false);
+    showSetting();
+    return isUnfinished;
+}
+
+void ProjectDirectorySection::showSetting()
+{
+    QLineEdit& edit = _field->edit();
+    if (!edit.isModified() && edit.text() != setting()) {
+        edit.setText(setting());
+    }
+    showNote();
+}
+
+/// A note too long for its line is shortened within the path.
+void ProjectDirectorySection::showNote()
+{
+    PickerWording::DirectoryNote note = PickerWording::directoryNote(setting());
+    _note->setAccessibleName(note.text());
+    const LineStyle style = _note->lineStyle();
+    const double room =
+        _note->width() - Painting::width(note.before, style) - Painting::width(note.after, style);
+    const QString whole = note.directory;
+    note.directory = QFontMetricsF(style.font).elidedText(whole, Qt::ElideMiddle, room);
+    _note->setText(note.text());
+    _note->setToolTip(note.directory == whole ? QString() : whole);
+}
+
+void ProjectDirectorySection::choose()
+{
+    if (_dialog != nullptr) {
+        _dialog->raise();
+        return;
+    }
+    commit();
+    _dialog = new QFileDialog(this, _title->text(), startFolder(setting()));
+    _dialog->setObjectName(QStringLiteral("projectDirectoryDialog"));
+    _dialog->setAttribute(Qt::WA_DeleteOnClose);
+    _dialog->setFileMode(QFileDialog::Directory);
+    _dialog->setOption(QFileDialog::ShowDirsOnly);
+    connect(_dialog, &QFileDialog::fileSelected, this, [this](const QString& folder) {
+        _model.setProjectDirectory(folder.toStdString());
+    });
+    _dialog->open();
+}
+
+QSize ProjectDirectorySection::sizeHint() const
+{
+    const int height = _title->sizeHint().height() + lineGap + _appearance.scaled(fieldHeight)
+                       + lineGap + _note->sizeHint().height();
+    return {360, height};
+}
+
+void ProjectDirectorySection::layOut()
+{
+    const int lineHeight = _title->sizeHint().height();
+    _title->setGeometry(0, 0, width(), lineHeight);
+    const QSize button = _choose->visibleSize();
+    const int fieldTop = lineHeight + lineGap;
+    const int height = _appearance.scaled(fieldHeight);
+    _field->setGeometry(0, fieldTop, std::max(0, width() - buttonGap - button.width()), height);
+    _choose->place(QRect(width() - button.width(), fieldTop, button.width(), height));
+    _note->setGeometry(0, fieldTop + height + lineGap, width(), _note->sizeHint().height());
+    showNote();
+}
+
+void ProjectDirectorySection::resizeEvent(QResizeEvent* /*event*/)
+{
+    layOut();
+}
+
+}  // namespace Tarnwick

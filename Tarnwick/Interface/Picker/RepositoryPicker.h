@@ -1,0 +1,72 @@
+#pragma once
+
+#include "Tarnwick/Interface/Picker/PickerListModel.h"
+#include "Tarnwick/PullRequestMenuModel.h"
+
+#include <QWidget>
+
+namespace Tarnwick {
+
+class Appearance;
+class PickerListView;
+class PickerPlaceholder;
+class ProjectDirectorySection;
+class PushButton;
+class TextField;
+class TextLine;
+
+/// Where the user chooses the repositories whose pull requests are listed, and the folder of the
+/// clones. Everything that is chosen goes to the model at once. It takes the whole of the window,
+/// and the focus goes to its find field. Main thread only.
+class RepositoryPicker final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Requires: `model` and `appearance` live longer than the picker.
+    RepositoryPicker(
+        PullRequestMenuModel& model, const Appearance& appearance, QWidget* parent = nullptr);
+    ~RepositoryPicker() override;
+
+    /// Whether the folder dialog is open, so that the panel must not close when it loses the focus.
+    bool keepsOpen() const;
+
+Q_SIGNALS:
+    /// The user has finished.
+    void done();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void connectParts();
+    void nameParts();
+    void layOut();
+    void showRepositories();
+    void showSelection();
+    void showRows();
+    void find(const QString& text);
+    void selectShown(bool selected);
+    void finish();
+    void goBack();
+
+    PullRequestMenuModel& _model;
+    const Appearance& _appearance;
+    PickerListModel _rows;
+    TextLine* _title;
+    PushButton* _done;
+    TextField* _find;
+    ProjectDirectorySection* _directory;
+    TextLine* _count;
+    PushButton* _selectAll;
+    PushButton* _selectNone;
+    PickerListView* _list;
+    PickerPlaceholder* _placeholder;
+    QRect _head;
+    int _divider = 0;
+};
+
+}  // namespace Tarnwick

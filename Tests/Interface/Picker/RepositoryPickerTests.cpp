@@ -1,0 +1,359 @@
+#include "Picker/PickerFixture.h"
+
+#include <QAbstractButton>
+#include <QFileDialog>
+#include <QLabel>
+
+namespace Tarnwick {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class RepositoryPickerTests : public PickerTest {
+protected:
+    QString textOf(const char* label) const { return part<QLabel>(label)->text(); }
+
+    void press(const char* button) const { part<QAbstractButton>(button)->click(); }
+
+    QLineEdit* directoryField() const { return part<QLineEdit>("projectDirectory"); }
+
+    QFileDialog* dialog() const { return picker->findChild<QFileDialog*>(); }
+
+    std::string directory() const { return model->settings().projectDirectory; }
+
+    /// Everything up to the button has been painted where it can be seen.
+    bool isShown(const char* name) const { return part<QWidget>(name)->isVisible(); }
+
+    QRect placeOf(const char* name) const
+    {
+        const QWidget* const widget = part<QWidget>(name);
+        return {widget->mapTo(picker.get(), QPoint()), widget->size()};
+    }
+};
+
+TEST_F(RepositoryPickerTests, saysWhatItIsFor)
+{
+    open(someRepositories(), {"fenland/compass", "gone/away"});
+    EXPECT_EQ(textOf("repositoryPickerTitle"), QStringLiteral("Repositories"));
+    EXPECT_EQ(part<QAbstractButton>("done")->text(), QStringLiteral("Done"));
+    EXPECT_EQ(textOf("projectDirectoryTitle"), QStringLiteral("Project Directory"));
+    EXPECT_EQ(directoryField()->placeholderText(), QStringLiteral("/path/to/projects"));
+    EXPECT_EQ(part<QAbstractButton>("chooseProjectDirectory")->text(), QStringLiteral("Choose…"));
+    EXPECT_EQ(findField()->placeholderText(), QStringLiteral("Find a repository"));
+    EXPECT_EQ(part<QAbstractButton>("selectAll")->text(), QStringLiteral("Select All"));
+    EXPECT_EQ(part<QAbstractButton>("selectNone")->text(), QStringLiteral("Select None"));
+    // A selected repository that is not listed counts.
+    EXPECT_EQ(textOf("selectedCount"), QStringLiteral("2 selected"));
+}
+
+TEST_F(RepositoryPickerTests, everyControlHasAnAccessibleName)
+{
+    open(someRepositories());
+    for (const char* const name :
+         {"done",
+          "findRepository",
+          "projectDirectory",
+          "chooseProjectDirectory",
+          "selectAll",
+          "selectNone",
+          "repositories"}) {
+        EXPECT_FALSE(part<QWidget>(name)->accessibleName().isEmpty()) << name;
+    }
+    EXPECT_EQ(picker->accessibleName(), QStringLiteral("Repositories"));
+}
+
+TEST_F(RepositoryPickerTests, theDesignsMeasuresHold)
+{
+    open(someRepositories());
+    EXPECT_EQ(placeOf("projectDirectoryTitle"), QRect(16, 94, 388, 18));
+    EXPECT_EQ(placeOf("projectDirectoryNote"), QRect(16, 156, 388, 16));
+    EXPECT_EQ(placeOf("repositories"), QRect(0, 227, 420, 373));
+    // Buttons have room for their focus rings around them.
+    EXPECT_EQ(placeOf("done").adjusted(4, 4, -4, -4).right() + 1, 404);
+    EXPECT_EQ(placeOf("done").adjusted(4, 4, -4, -4).height(), 26);
+    EXPECT_EQ(placeOf("selectNone").adjusted(4, 4, -4, -4).top(), 193);
+    EXPECT_EQ(placeOf("chooseProjectDirectory").adjusted(4, 4, -4, -4).top(), 118);
+    EXPECT_EQ(placeOf("chooseProjectDirectory").adjusted(4, 4, -4, -4).height(), 32);
+}
+
+TEST_F(RepositoryPickerTests, theFocusStartsInTheFindField)
+{
+    open(someRepositories());
+    EXPECT_TRUE(findField()->hasFocus());
+}
+
+TEST_F(RepositoryPickerTests, tabGoesFromTopToBottom)
+{
+    open(someRepositories());
+    part<QWidget>("done")->setFocus();
+    std::vector<std::string> names;
+    for (int step = 0; step < 7; ++step) {
+        names.push_back(QApplication::focusWidget()->objectName().toStdString());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_THAT(
+        names,
+        ElementsAre(
+            "done",
+            "findRepository",
+            "projectDirectory",
+            "chooseProjectDirectory",
+            "selectAll",
+            "selectNone",
+            "repositories"));
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("done"));
+}
+
+TEST_F(RepositoryPickerTests, selectAllAndSelectNone)
+{
+    open(someRepositories(), {"gone/away"});
+    press("selectAll");
+    EXPECT_EQ(selected().size(), 6U);
+    EXPECT_EQ(textOf("selectedCount"), QStringLiteral("6 selected"));
+    EXPECT_EQ(rows().at(1), "compass+");
+    press("selectNone");
+    EXPECT_THAT(selected(), IsEmpty());
+    EXPECT_EQ(textOf("selectedCount"), QStringLiteral("0 selected"));
+    EXPECT_EQ(rows().at(1), "compass");
+}
+
+TEST_F(RepositoryPickerTests, aSelectionIsStored)
+{
+    open(someRepositories());
+    press("selectAll");
+    EXPECT_EQ(defaults->value(QStringLiteral("filters.repositories"))->toStringList().size(), 6);
+}
+
+TEST_F(RepositoryPickerTests, whileFindingTheButtonsActOnWhatIsShown)
+{
+    open(someRepositories(), {"northmere/quay"});
+    QTest::keyClicks(findField(), QStringLiteral("harbour"));
+    EXPECT_THAT(rows(), ElementsAre("fenland:", "harbour-9", "harbour-10"));
+    press("selectAll");
+    EXPECT_THAT(
+        selected(), ElementsAre("fenland/harbour-10", "fenland/harbour-9", "northmere/quay"));
+    press("selectNone");
+    EXPECT_THAT(selected(), ElementsAre("northmere/quay"));
+}
+
+TEST_F(RepositoryPickerTests, withoutHitsItSaysNoMatches)
+{
+    open(someRepositories(), {"northmere/quay"});
+    QTest::keyClicks(findField(), QStringLiteral("nowhere"));
+    EXPECT_TRUE(isShown("noMatches"));
+    EXPECT_EQ(textOf("noMatches"), QStringLiteral("No matches"));
+    EXPECT_FALSE(isShown("noRepositories"));
+    EXPECT_FALSE(isShown("repositories"));
+    press("selectAll");
+    press("selectNone");
+    EXPECT_THAT(selected(), ElementsAre("northmere/quay"));
+    findField()->clear();
+    EXPECT_TRUE(isShown("repositories"));
+    EXPECT_FALSE(isShown("noMatches"));
+}
+
+TEST_F(RepositoryPickerTests, withoutRepositoriesItSaysSo)
+{
+    open({}, {"gone/away"});
+    EXPECT_TRUE(isShown("noRepositories"));
+    EXPECT_EQ(textOf("noRepositories"), QStringLiteral("No repositories"));
+    EXPECT_FALSE(isShown("repositories"));
+    // All of nothing would take the selection of an earlier day away.
+    press("selectAll");
+    EXPECT_THAT(selected(), ElementsAre("gone/away"));
+    press("selectNone");
+    EXPECT_THAT(selected(), IsEmpty());
+}
+
+TEST_F(RepositoryPickerTests, repositoriesAppearWhenTheyAreKnown)
+{
+    open({});
+    provider->setRepositories({"fenland/compass"});
+    refresh();
+    EXPECT_THAT(rows(), ElementsAre("fenland:", "compass"));
+    EXPECT_TRUE(isShown("repositories"));
+    EXPECT_FALSE(isShown("noRepositories"));
+}
+
+TEST_F(RepositoryPickerTests, downAndReturnGoFromTheFieldToTheFirstRepository)
+{
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Return}) {
+        open(someRepositories());
+        QTest::keyClicks(findField(), QStringLiteral("quay"));
+        QTest::keyClick(findField(), key);
+        EXPECT_TRUE(list()->hasFocus());
+        EXPECT_EQ(list()->currentIndex().data().toString(), QStringLiteral("quay"));
+        QTest::keyClick(list(), Qt::Key_Space);
+        EXPECT_THAT(selected(), ElementsAre("northmere/quay"));
+    }
+}
+
+TEST_F(RepositoryPickerTests, escapeClearsTheFieldAndThenCloses)
+{
+    open(someRepositories());
+    QTest::keyClicks(findField(), QStringLiteral("quay"));
+    QTest::keyClick(findField(), Qt::Key_Escape);
+    EXPECT_EQ(findField()->text(), QString());
+    EXPECT_EQ(doneCount, 0);
+    QTest::keyClick(findField(), Qt::Key_Escape);
+    EXPECT_EQ(doneCount, 1);
+}
+
+TEST_F(RepositoryPickerTests, escapeInTheListDoesTheSame)
+{
+    open(someRepositories());
+    QTest::keyClicks(findField(), QStringLiteral("quay"));
+    QTest::keyClick(findField(), Qt::Key_Down);
+    QTest::keyClick(list(), Qt::Key_Escape);
+    EXPECT_EQ(findField()->text(), QString());
+    QTest::keyClick(list(), Qt::Key_Escape);
+    EXPECT_EQ(doneCount, 1);
+}
+
+TEST_F(RepositoryPickerTests, doneCloses)
+{
+    open(someRepositories());
+    press("done");
+    EXPECT_EQ(doneCount, 1);
+}
+
+TEST_F(RepositoryPickerTests, aHalfTypedPathIsNoSetting)
+{
+    open(someRepositories());
+    directoryField()->setFocus();
+    QTest::keyClicks(directoryField(), QStringLiteral("~/pro"));
+    EXPECT_EQ(directory(), "");
+    QTest::keyClicks(directoryField(), QStringLiteral("jects"));
+    QTest::keyClick(directoryField(), Qt::Key_Return);
+    EXPECT_EQ(directory(), "~/projects");
+    EXPECT_EQ(
+        textOf("projectDirectoryNote"),
+        QStringLiteral("Repositories open from ~/projects/<repository>."));
+    EXPECT_EQ(doneCount, 0);
+}
+
+TEST_F(RepositoryPickerTests, leavingTheFieldFinishesThePath)
+{
+    open(someRepositories());
+    directoryField()->setFocus();
+    QTest::keyClicks(directoryField(), QStringLiteral("/srv/code"));
+    QTest::keyClick(directoryField(), Qt::Key_Tab);
+    EXPECT_EQ(directory(), "/srv/code");
+}
+
+TEST_F(RepositoryPickerTests, doneFinishesThePath)
+{
+    open(someRepositories());
+    directoryField()->setFocus();
+    QTest::keyClicks(directoryField(), QStringLiteral("/srv/code"));
+    press("done");
+    EXPECT_EQ(directory(), "/srv/code");
+    EXPECT_EQ(doneCount, 1);
+}
+
+TEST_F(RepositoryPickerTests, escapeForgetsAHalfTypedPath)
+{
+    open(someRepositories());
+    model->setProjectDirectory("/srv/code");
+    directoryField()->setFocus();
+    QTest::keyClicks(directoryField(), QStringLiteral("/more"));
+    QTest::keyClick(directoryField(), Qt::Key_Escape);
+    EXPECT_EQ(directoryField()->text(), QStringLiteral("/srv/code"));
+    EXPECT_EQ(doneCount, 0);
+    QTest::keyClick(directoryField(), Qt::Key_Escape);
+    EXPECT_EQ(doneCount, 1);
+    EXPECT_EQ(directory(), "/srv/code");
+}
+
+TEST_F(RepositoryPickerTests, aChangedSelectionLeavesAHalfTypedPathAlone)
+{
+    open(someRepositories());
+    directoryField()->setFocus();
+    QTest::keyClicks(directoryField(), QStringLiteral("/srv"));
+    model->toggleRepository("fenland/compass");
+    EXPECT_EQ(directoryField()->text(), QStringLiteral("/srv"));
+}
+
+TEST_F(RepositoryPickerTests, aHalfTypedPathIsForgottenWhenThePickerGoes)
+{
+    open(someRepositories());
+    directoryField()->setFocus();
+    QTest::keyClicks(directoryField(), QStringLiteral("/srv"));
+    picker.reset();
+    EXPECT_EQ(directory(), "");
+}
+
+TEST_F(RepositoryPickerTests, anUntouchedPathIsNotWrittenAgain)
+{
+    open(someRepositories());
+    model->setProjectDirectory("/srv/code");
+    defaults->writtenKeys.clear();
+    directoryField()->setFocus();
+    QTest::keyClick(directoryField(), Qt::Key_Return);
+    press("done");
+    EXPECT_THAT(defaults->writtenKeys, IsEmpty());
+}
+
+TEST_F(RepositoryPickerTests, aLongPathIsShortenedInTheMiddleOfTheNote)
+{
+    open(someRepositories());
+    const std::string path = "/home/mira/" + std::string(120, 'p') + "/projects";
+    model->setProjectDirectory(path);
+    const QString note = textOf("projectDirectoryNote");
+    EXPECT_TRUE(note.startsWith(QStringLiteral("Repositories open from /home/mira/")))
+        << note.toStdString();
+    EXPECT_TRUE(note.contains(u'…'));
+    EXPECT_TRUE(note.endsWith(QStringLiteral("/projects/<repository>.")));
+    EXPECT_EQ(
+        part<QLabel>("projectDirectoryNote")->accessibleName().toStdString(),
+        "Repositories open from " + path + "/<repository>.");
+    EXPECT_EQ(part<QLabel>("projectDirectoryNote")->toolTip().toStdString(), path);
+}
+
+TEST_F(RepositoryPickerTests, theFolderDialogKeepsThePanelOpenAndGivesThePath)
+{
+    open(someRepositories());
+    model->setProjectDirectory(folder.path().toStdString());
+    EXPECT_FALSE(picker->keepsOpen());
+    press("chooseProjectDirectory");
+    ASSERT_NE(dialog(), nullptr);
+    EXPECT_TRUE(picker->keepsOpen());
+    EXPECT_EQ(dialog()->fileMode(), QFileDialog::Directory);
+    EXPECT_EQ(dialog()->directory().absolutePath(), folder.path());
+
+    QDir(folder.path()).mkdir(QStringLiteral("clones"));
+    const QString chosen = folder.filePath(QStringLiteral("clones"));
+    dialog()->selectFile(chosen);
+    QMetaObject::invokeMethod(dialog(), "accept");
+    TestSupport::processEvents();
+    EXPECT_FALSE(picker->keepsOpen());
+    EXPECT_EQ(directory(), chosen.toStdString());
+    EXPECT_EQ(directoryField()->text(), chosen);
+}
+
+TEST_F(RepositoryPickerTests, aDismissedFolderDialogChangesNothing)
+{
+    open(someRepositories());
+    model->setProjectDirectory(folder.path().toStdString());
+    press("chooseProjectDirectory");
+    dialog()->reject();
+    TestSupport::processEvents();
+    EXPECT_FALSE(picker->keepsOpen());
+    EXPECT_EQ(directory(), folder.path().toStdString());
+}
+
+TEST_F(RepositoryPickerTests, theTextSizeMovesEverything)
+{
+    open(someRepositories());
+    Appearance large(1.5);
+    RepositoryPicker larger(*model, large);
+    larger.resize(630, 900);
+    larger.show();
+    const auto* const listed = larger.findChild<PickerListView*>();
+    // 66 of head, 10, 42 of field, 12, the section, 12, 1 and 64 of summary.
+    EXPECT_EQ(listed->y(), 66 + 10 + 42 + 12 + (28 + 6 + 48 + 6 + 24) + 12 + 1 + 64);
+}
+
+}  // namespace
+}  // namespace Tarnwick
