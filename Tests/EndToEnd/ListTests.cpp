@@ -227,7 +227,7 @@ TEST_F(List, printsItsHelpAndItsVersion)
 TEST_F(List, refusesWhatMakesNoSense)
 {
     for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{}, {"lost"}, {"list", "--yaml"}, {"repositories", "select"}}) {
+         {std::vector<std::string>{"lost"}, {"list", "--yaml"}, {"repositories", "select"}}) {
         const auto result = tarnwick(arguments);
         EXPECT_EQ(result.status, 2);
         EXPECT_THAT(result.output, IsEmpty());
