@@ -13,6 +13,7 @@
 #include "Tarnwick/Interface/Panel/PanelHeader.h"
 #include "Tarnwick/Interface/Panel/StripStack.h"
 #include "Tarnwick/Interface/Panel/WebSite.h"
+#include "Tarnwick/Interface/Picker/RepositoryPicker.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -67,12 +68,13 @@ void PullRequestMenuView::setUpdateCheck(
 
 bool PullRequestMenuView::keepsOpen() const
 {
-    return QApplication::activePopupWidget() != nullptr || _alerts->isAnyShown();
+    return QApplication::activePopupWidget() != nullptr || _alerts->isAnyShown()
+           || (_picker != nullptr && _picker->keepsOpen());
 }
 
 void PullRequestMenuView::panelShown()
 {
-    if (!_alerts->isAnyShown()) {
+    if (_picker == nullptr && !_alerts->isAnyShown()) {
         _content->setFocus(Qt::OtherFocusReason);
     }
 }
@@ -164,9 +166,27 @@ void PullRequestMenuView::showMenu()
     _menu->popup(corner - QPoint(_menu->sizeHint().width(), 0));
 }
 
-void PullRequestMenuView::showRepositories() {}
+void PullRequestMenuView::showRepositories()
+{
+    if (_picker != nullptr) {
+        return;
+    }
+    _picker = new RepositoryPicker(_model, _appearance, this);
+    connect(_picker, &RepositoryPicker::done, this, &PullRequestMenuView::hideRepositories);
+    layout()->addWidget(_picker);
+    _page->hide();
+    _picker->show();
+    _picker->setFocus();
+}
 
-void PullRequestMenuView::hideRepositories() {}
+void PullRequestMenuView::hideRepositories()
+{
+    _picker->hide();
+    _picker->deleteLater();
+    _picker.clear();
+    _page->show();
+    _content->setFocus();
+}
 
 void PullRequestMenuView::openFind()
 {
@@ -208,7 +228,7 @@ void PullRequestMenuView::updateUse()
 void PullRequestMenuView::keyPressEvent(QKeyEvent* event)
 {
     const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    if (!isPlain) {
+    if (!isPlain || _picker != nullptr) {
         QWidget::keyPressEvent(event);
         return;
     }

@@ -81,7 +81,7 @@ private:
     OptionsMenu* _menu;
     EditorFlow* _editorFlow;
     PanelAlerts* _alerts;
-    QWidget* _picker = nullptr;
+    QPointer<RepositoryPicker> _picker;  ///< In the place of the page while it is up.
 };
 
 }  // namespace Tarnwick

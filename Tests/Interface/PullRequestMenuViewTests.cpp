@@ -60,6 +60,16 @@ protected:
         QTest::keyClicks(view->focusWidget(), QLatin1String(text));
     }
 
+    QAction* actionOfMenu(const char* text) const
+    {
+        for (QAction* const action : part<QMenu>("optionsMenu")->actions()) {
+            if (action->text() == QString::fromUtf8(text)) {
+                return action;
+            }
+        }
+        return nullptr;
+    }
+
     QString footer() const { return part<QWidget>("footer")->accessibleName(); }
 
     int rows() const { return list().model()->rowCount(); }
@@ -258,6 +268,65 @@ TEST_F(PullRequestMenuViewTests, theBrandLeadsToTheWebSite)
     EXPECT_EQ(brand->toolTip(), QStringLiteral("Open tarnwick.dev"));
     brand->click();
     EXPECT_THAT(desktop.journal(), testing::Contains(testing::HasSubstr("https://tarnwick.dev")));
+}
+
+TEST_F(PullRequestMenuViewTests, theMenuLeadsToTheRepositoriesAndDoneBack)
+{
+    showList({TestSupport::makePullRequest(1)});
+    const int calls = provider->statusCalls();
+    QAction* const repositories = actionOfMenu("Repositories");
+    ASSERT_NE(repositories, nullptr);
+    repositories->trigger();
+    EXPECT_TRUE(shows("repositoryPicker"));
+    EXPECT_FALSE(list().isVisible());
+    EXPECT_TRUE(part<QWidget>("findRepository")->hasFocus());
+
+    type("r,e");  // Keys of the list are text here.
+    EXPECT_EQ(provider->statusCalls(), calls);
+    EXPECT_EQ(part<QLineEdit>("findRepository")->text(), QStringLiteral("r,e"));
+
+    part<QAbstractButton>("done")->click();
+    EXPECT_FALSE(shows("repositoryPicker"));
+    EXPECT_TRUE(list().isVisible());
+    EXPECT_TRUE(list().hasFocus());
+}
+
+TEST_F(PullRequestMenuViewTests, escapeLeadsFromTheRepositoriesToTheListAndNotOut)
+{
+    showList({TestSupport::makePullRequest(1)});
+    actionOfMenu("Repositories")->trigger();
+    const QSignalSpy closes(view.get(), &PullRequestMenuView::closeRequested);
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(shows("repositoryPicker"));
+    EXPECT_TRUE(list().hasFocus());
+    EXPECT_EQ(closes.count(), 0);
+}
+
+TEST_F(PullRequestMenuViewTests, withoutASelectionAButtonLeadsToTheRepositories)
+{
+    start();
+    refresh();
+    showView();
+    EXPECT_EQ(
+        part<QLabel>("statusTitle")->text(),
+        QStringLiteral("No pull requests involving you were found."));
+    part<QAbstractButton>("chooseRepositories")->click();
+    EXPECT_TRUE(shows("repositoryPicker"));
+    EXPECT_FALSE(shows("status"));
+    part<QAbstractButton>("done")->click();
+    EXPECT_TRUE(shows("status"));
+}
+
+TEST_F(PullRequestMenuViewTests, thePanelOpensWhereItWasLeft)
+{
+    showList({TestSupport::makePullRequest(1)});
+    actionOfMenu("Repositories")->trigger();
+    view->panelHidden();
+    view->hide();
+    view->show();
+    view->panelShown();
+    EXPECT_TRUE(shows("repositoryPicker"));
+    EXPECT_EQ(view->focusWidget()->objectName(), QStringLiteral("findRepository"));
 }
 
 TEST_F(PullRequestMenuViewTests, aHiddenPanelForgetsWhatWasToBeFound)
