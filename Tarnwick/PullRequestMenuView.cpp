@@ -239,6 +239,7 @@ void PullRequestMenuView::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Comma:
     case Qt::Key_Menu:
         showMenu();
+        _menu->setActiveAction(_menu->actions().constFirst());
         break;
     case Qt::Key_Slash:
         openFind();

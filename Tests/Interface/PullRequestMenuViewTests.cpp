@@ -191,6 +191,7 @@ TEST_F(PullRequestMenuViewTests, keysReachTheirOperations)
     press(Qt::Key_Comma);
     auto* const menu = part<QMenu>("optionsMenu");
     EXPECT_TRUE(menu->isVisible());
+    EXPECT_EQ(menu->activeAction()->text(), QStringLiteral("Reload"));
     EXPECT_TRUE(view->keepsOpen());
     menu->close();
     EXPECT_FALSE(view->keepsOpen());
