@@ -28,12 +28,12 @@ std::unique_ptr<icu::Collator> makeCollator()
     UErrorCode status = U_ZERO_ERROR;
     std::unique_ptr<icu::Collator> collator(
         icu::Collator::createInstance(collationLocale(), status));
-    if (U_SUCCESS(status)) {
+    if (U_SUCCESS(status) != 0) {
         // Secondary differences are those of accents; letter case would be the third.
         collator->setStrength(icu::Collator::SECONDARY);
         collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
     }
-    if (U_FAILURE(status)) {
+    if (U_FAILURE(status) != 0) {
         throw std::runtime_error(
             std::string("The order of names could not be set up: ") + u_errorName(status) + ".");
     }
@@ -44,9 +44,8 @@ icu::CollationKey sortKey(const icu::Collator& collator, std::string_view name)
 {
     UErrorCode status = U_ZERO_ERROR;
     icu::CollationKey key;
-    const auto length = static_cast<std::int32_t>(name.size());
-    collator.getCollationKey(icu::UnicodeString::fromUTF8({name.data(), length}), key, status);
-    if (U_FAILURE(status)) {
+    collator.getCollationKey(icu::UnicodeString::fromUTF8(name), key, status);
+    if (U_FAILURE(status) != 0) {
         throw std::bad_alloc();
     }
     return key;

@@ -22,7 +22,7 @@ template<typename Record, typename Value>
 struct Field {
     std::string_view key;
     Value Record::* member;
-    bool isDefaulted;  ///< May be missing or null, and then keeps the member's initial value.
+    bool isDefaulted = false;  ///< May be missing or null; the member then keeps its first value.
 };
 
 template<typename Record, typename Value>

@@ -56,7 +56,7 @@ template<typename Record>
 struct Slot {
     std::string_view key;
     void (*read)(Record& record, const boost::json::value& value, const Path& path);
-    bool isRequired;
+    bool isRequired = false;
 };
 
 template<typename Record, std::size_t index>
