@@ -124,7 +124,8 @@ void PullRequestMenuView::connectFind()
         showCount();
     });
     connect(_findBar, &FindBar::closed, this, [this] { _content->setFocus(); });
-    connect(_findBar, &FindBar::leftForList, this, [this] { _list->setFocus(); });
+    // As by Tab, so that a row is chosen for the next key.
+    connect(_findBar, &FindBar::leftForList, this, [this] { _list->setFocus(Qt::TabFocusReason); });
 }
 
 void PullRequestMenuView::connectModel()

@@ -227,6 +227,7 @@ TEST_F(PullRequestMenuViewTests, slashFindsAmongTheRows)
     EXPECT_THAT(footer().toStdString(), testing::StartsWith("1 pull request,"));
     press(Qt::Key_Down);
     EXPECT_TRUE(list().hasFocus());
+    EXPECT_TRUE(list().selectionModel()->isSelected(list().model()->index(0, 0)));
     press(Qt::Key_Slash);
     press(Qt::Key_Escape);
     EXPECT_EQ(rows(), 3);
