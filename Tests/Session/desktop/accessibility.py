@@ -23,7 +23,8 @@ class Element(NamedTuple):
 
 
 class Accessibility:
-    """To be made before what it is asked for is on the screen: menus are seen when they open."""
+    """To be made before the program starts, which asks once at its start who listens: menus are
+    seen when they open."""
 
     def __init__(self, processes, program="tarnwick"):
         self._process = processes.start_piped("/usr/bin/python3", SCREEN_READER, program)

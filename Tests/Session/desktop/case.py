@@ -39,6 +39,7 @@ class SessionTest(unittest.TestCase):
             self.session.start_bus()
         if self.has_accessibility:
             self.session.start_accessibility()
+            self._screen_reader = Accessibility(self.session.processes)
         if self.window_manager:
             self.session.start_window_manager(*self.window_manager)
         self.screen = self.session.screen
@@ -171,7 +172,8 @@ class SessionTest(unittest.TestCase):
         return wait_until(find, "the icon in the tray")
 
     def accessibility(self):
-        return Accessibility(self.session.processes)
+        """The session's screen reader. Requires: `has_accessibility`."""
+        return self._screen_reader
 
 
 def is_drop(red, green, blue):
