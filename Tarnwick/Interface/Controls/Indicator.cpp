@@ -1,0 +1,46 @@
+#include "Tarnwick/Interface/Controls/Indicator.h"
+
+#include "Tarnwick/Interface/Look/Appearance.h"
+
+#include <QTimerEvent>
+
+namespace Tarnwick {
+namespace {
+
+constexpr int frameMilliseconds = 33;
+
+}  // namespace
+
+Indicator::Indicator(const Appearance& appearance, QWidget* parent)
+    : QWidget(parent)
+    , _appearance(appearance)
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+double Indicator::phase(int milliseconds) const
+{
+    return static_cast<double>(_since.elapsed() % milliseconds) / milliseconds;
+}
+
+void Indicator::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() == _timer.timerId()) {
+        update();
+    }
+}
+
+void Indicator::showEvent(QShowEvent* /*event*/)
+{
+    if (!_appearance.reducedMotion()) {
+        _since.start();
+        _timer.start(frameMilliseconds, this);
+    }
+}
+
+void Indicator::hideEvent(QHideEvent* /*event*/)
+{
+    _timer.stop();
+}
+
+}  // namespace Tarnwick
