@@ -26,6 +26,13 @@ PullRequestMenuModel::Collaborators initialized(PullRequestMenuModel::Collaborat
     return collaborators;
 }
 
+/// The same goes for the style.
+Tarnwick::Appearance& styled(Tarnwick::Appearance& appearance)
+{
+    Tarnwick::setApplicationStyle(appearance);
+    return appearance;
+}
+
 /// Windows of Wayland are placed by the compositor.
 bool canPlaceWindows()
 {
@@ -40,7 +47,7 @@ TarnwickDirectApp::TarnwickDirectApp(
     ApplicationService& service)
     : _defaults(collaborators.defaults)
     , _model(initialized(std::move(collaborators)))
-    , _wishes(_appearance, bus)
+    , _wishes(styled(_appearance), bus)
     , _view(TarnwickMenuContent{}.makeView(_model, _appearance))
     , _window(
           _view, [view = _view] { return view->keepsOpen(); }, _appearance)

@@ -1,5 +1,6 @@
 #include "Tarnwick/Interface/List/PullRequestListView.h"
 
+#include "Tarnwick/Interface/Controls/HelpText.h"
 #include "Tarnwick/Interface/List/ListNavigation.h"
 #include "Tarnwick/Interface/List/RowMenu.h"
 #include "Tarnwick/Interface/Look/Painting.h"
@@ -18,14 +19,6 @@ namespace {
 
 constexpr int ageMilliseconds = 60'000;
 constexpr int wheelStep = 20;
-
-/// Titles are written by strangers and must not be taken for markup.
-QString asMarkup(const QString& plain)
-{
-    QString markup = plain.toHtmlEscaped();
-    markup.replace(QLatin1Char('\n'), QLatin1String("<br/>"));
-    return QStringLiteral("<qt>%1</qt>").arg(markup);
-}
 
 void paintNoMatches(QPainter& painter, const QRectF& area, const Appearance& appearance)
 {
@@ -198,7 +191,7 @@ void PullRequestListView::showHelp(const QPoint& position, const QPoint& globalP
     }
     const QRect part = _delegate->place(row, partAt(row, position))
                            .translated(visualRect(_model.index(row)).topLeft());
-    QToolTip::showText(globalPosition, asMarkup(helpTextAt(position)), viewport(), part);
+    QToolTip::showText(globalPosition, helpMarkup(helpTextAt(position)), viewport(), part);
 }
 
 void PullRequestListView::keyPressEvent(QKeyEvent* event)

@@ -1,6 +1,7 @@
 #include "Tarnwick/Interface/Look/ApplicationLook.h"
 
 #include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 
 #include <QApplication>
 #include <QPalette>
@@ -31,6 +32,11 @@ QPalette qtPalette(const Palette& colours)
 }
 
 }  // namespace
+
+void setApplicationStyle(const Appearance& appearance)
+{
+    QApplication::setStyle(new ApplicationStyle(appearance));
+}
 
 void applyToApplication(const Appearance& appearance)
 {

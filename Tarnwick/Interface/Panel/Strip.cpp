@@ -1,12 +1,15 @@
 #include "Tarnwick/Interface/Panel/Strip.h"
 
+#include "Tarnwick/Interface/Controls/HelpText.h"
 #include "Tarnwick/Interface/Controls/IconButton.h"
 #include "Tarnwick/Interface/Controls/TextButton.h"
 #include "Tarnwick/Interface/Look/Painting.h"
 #include "Tarnwick/Interface/Look/SystemSymbol.h"
 #include "Tarnwick/Interface/Panel/WrappedText.h"
 
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace Tarnwick {
 namespace {
@@ -111,6 +114,17 @@ void Strip::layOut()
         const QSize size = _action->visibleSize();
         _action->place(QRect(QPoint(end - size.width(), middle - size.height() / 2), size));
     }
+}
+
+bool Strip::event(QEvent* event)
+{
+    // What gh says is not to be taken for markup.
+    if (event->type() == QEvent::ToolTip && !toolTip().isEmpty()) {
+        const auto* const help = static_cast<QHelpEvent*>(event);
+        QToolTip::showText(help->globalPos(), helpMarkup(toolTip()), this);
+        return true;
+    }
+    return QWidget::event(event);
 }
 
 void Strip::paintEvent(QPaintEvent* /*event*/)

@@ -40,6 +40,7 @@ Q_SIGNALS:
     void dismissed();
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
