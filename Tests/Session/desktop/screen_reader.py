@@ -1,49 +1,102 @@
 #!/usr/bin/python3
 """What a screen reader finds, asked for and answered in lines of JSON.
 
-A process of its own for each session, because the library keeps to the bus that it saw first."""
+A process of its own for each session, because a process has one session bus. It speaks to the
+accessibility bus itself: the usual library waits for itself, and for ever, when an event arrives in
+the wrong moment."""
 
 import json
 import sys
 
 import gi
 
-gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi, GLib  # pylint: disable=wrong-import-position
+gi.require_version("Gio", "2.0")
+from gi.repository import Gio, GLib  # pylint: disable=wrong-import-position
 
-STATES = {
-    "checked": Atspi.StateType.CHECKED,
-    "enabled": Atspi.StateType.ENABLED,
-    "focused": Atspi.StateType.FOCUSED,
-    "selected": Atspi.StateType.SELECTED,
-}
+REGISTRY = "org.a11y.atspi.Registry"
+ROOT = (REGISTRY, "/org/a11y/atspi/accessible/root")
+ACCESSIBLE = "org.a11y.atspi.Accessible"
+ACTION = "org.a11y.atspi.Action"
+COMPONENT = "org.a11y.atspi.Component"
+MENUS = ("popup menu", "menu")
+
+# Bits of the answer to GetState.
+STATES = {"checked": 4, "enabled": 8, "focused": 12, "selected": 23}
+SHOWING = 25
+
+SCREEN_COORDINATES = 0
+LIMIT_MILLISECONDS = 10_000
+
+
+def accessibility_bus():
+    session = Gio.bus_get_sync(Gio.BusType.SESSION)
+    address = session.call_sync(
+        "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None, 0, -1, None
+    ).unpack()[0]
+    return Gio.DBusConnection.new_for_address_sync(
+        address,
+        Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+        | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION,
+    )
 
 
 class ScreenReader:
+    """Elements are pairs of a name on the bus and a path."""
+
     def __init__(self, program):
         self._program = program
+        self._bus = accessibility_bus()
         self._menus = []
         self._elements = []
-        self._listener = Atspi.EventListener.new(self._shown)
-        self._listener.register("object:state-changed:showing")
+        self._bus.signal_subscribe(
+            None, "org.a11y.atspi.Event.Object", "StateChanged", None, "showing", 0, self._shown
+        )
+        self._call(
+            (REGISTRY, "/org/a11y/atspi/registry"),
+            REGISTRY,
+            "RegisterEvent",
+            GLib.Variant("(s)", ("Object:StateChanged:Showing",)),
+        )
 
-    def _shown(self, event):
+    def _call(self, element, interface, method, arguments=None):
+        return self._bus.call_sync(
+            *element, interface, method, arguments, None, 0, LIMIT_MILLISECONDS, None
+        ).unpack()
+
+    def _property(self, element, name, interface=ACCESSIBLE):
+        arguments = GLib.Variant("(ss)", (interface, name))
+        return self._call(element, "org.freedesktop.DBus.Properties", "Get", arguments)[0]
+
+    def _role(self, element):
+        return self._call(element, ACCESSIBLE, "GetRoleName")[0]
+
+    def _children(self, element):
+        return self._call(element, ACCESSIBLE, "GetChildren")[0]
+
+    def _states(self, element):
+        low, high = self._call(element, ACCESSIBLE, "GetState")[0]
+        bits = low | high << 32
+        return lambda number: bool(bits & 1 << number)
+
+    def _shown(self, _bus, sender, path, _interface, _signal, parameters):
         # Menus are windows of their own that no other element has for a child.
-        if event.source.get_role() in (Atspi.Role.POPUP_MENU, Atspi.Role.MENU):
-            if event.detail1 and event.source not in self._menus:
-                event.source.set_cache_mask(Atspi.Cache.NONE)
-                self._menus.append(event.source)
+        element = (sender, path)
+        try:
+            if parameters[1] and element not in self._menus and self._role(element) in MENUS:
+                self._menus.append(element)
+        except GLib.Error:  # It went away meanwhile.
+            pass
 
     def _roots(self):
-        desktop = Atspi.get_desktop(0)
-        desktop.set_cache_mask(Atspi.Cache.NONE)
-        found = []
-        for index in range(desktop.get_child_count()):
-            application = desktop.get_child_at_index(index)
-            if application is not None and application.get_name().lower() == self._program:
-                application.set_cache_mask(Atspi.Cache.NONE)
-                found.append(application)
-        return found + self._menus
+        # What has happened so far is to be known, however soon the question comes.
+        while GLib.MainContext.default().iteration(False):
+            pass
+        applications = [
+            application
+            for application in self._children(ROOT)
+            if self._property(application, "Name").lower() == self._program
+        ]
+        return applications + self._menus
 
     def find(self, role, name):
         """The elements in sight of the role and the name, either of which may be left out."""
@@ -57,62 +110,53 @@ class ScreenReader:
                 continue
             seen.add(element)
             try:
-                states = element.get_state_set()
-                if not states.contains(Atspi.StateType.SHOWING):
+                states = self._states(element)
+                if not states(SHOWING):
                     continue
-                children = [
-                    element.get_child_at_index(index)
-                    for index in range(element.get_child_count())
-                ]
-                if role in (None, element.get_role_name()) and name in (None, element.get_name()):
+                children = self._children(element)
+                if role in (None, self._role(element)) and name in (
+                    None,
+                    self._property(element, "Name"),
+                ):
                     found.append(self._described(element, states, len(children)))
             except GLib.Error:  # It went away meanwhile.
                 continue
-            waiting.extend(child for child in reversed(children) if child is not None)
+            waiting.extend(reversed(children))
         return found
 
     def _described(self, element, states, children):
         self._elements.append(element)
         box = None
-        if element.get_component_iface() is not None:
-            extents = element.get_extents(Atspi.CoordType.SCREEN)
-            box = [extents.x, extents.y, extents.width, extents.height]
+        if COMPONENT in self._call(element, ACCESSIBLE, "GetInterfaces")[0]:
+            arguments = GLib.Variant("(u)", (SCREEN_COORDINATES,))
+            box = self._call(element, COMPONENT, "GetExtents", arguments)[0]
         return {
             "number": len(self._elements) - 1,
-            "role": element.get_role_name(),
-            "name": element.get_name(),
-            "description": element.get_description(),
-            "states": [name for name, state in STATES.items() if states.contains(state)],
+            "role": self._role(element),
+            "name": self._property(element, "Name"),
+            "description": self._property(element, "Description"),
+            "states": [name for name, number in STATES.items() if states(number)],
             "box": box,
             "children": children,
         }
 
     def press(self, number):
         element = self._elements[number]
-        names = [element.get_action_name(index) for index in range(element.get_n_actions())]
+        names = [action[0] for action in self._call(element, ACTION, "GetActions")[0]]
         pressing = next(name for name in ("Press", "Toggle", "ShowMenu") if name in names)
-        return element.do_action(names.index(pressing))
+        arguments = GLib.Variant("(i)", (names.index(pressing),))
+        return self._call(element, ACTION, "DoAction", arguments)[0]
 
 
 def main():
     reader = ScreenReader(sys.argv[1])
-    loop = GLib.MainLoop()
-
-    def answer(channel, _condition):
-        line = channel.readline()
-        if not line:
-            loop.quit()
-            return False
+    for line in sys.stdin:
         question = json.loads(line)
         if question["ask"] == "find":
             result = reader.find(question["role"], question["name"])
         else:
             result = reader.press(question["number"])
         print(json.dumps(result), flush=True)
-        return True
-
-    GLib.io_add_watch(sys.stdin, GLib.IO_IN | GLib.IO_HUP, answer)
-    loop.run()
 
 
 if __name__ == "__main__":
