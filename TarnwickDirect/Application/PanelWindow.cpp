@@ -83,7 +83,8 @@ void PanelWindow::applyForm()
     setAttribute(Qt::WA_TranslucentBackground, _isTranslucent);
     setAttribute(Qt::WA_NoSystemBackground, _isTranslucent);
     setWindowFlags(isPanel ? Qt::Tool | Qt::FramelessWindowHint : Qt::Window);
-    _corners->setVisible(_isTranslucent);
+    _corners->setTranslucent(_isTranslucent);
+    _corners->setVisible(isPanel);
     _border->setShown(isPanel);
     for (EdgeGrip* const grip : std::as_const(_grips)) {
         grip->setVisible(isPanel);

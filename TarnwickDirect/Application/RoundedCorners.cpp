@@ -14,6 +14,12 @@ RoundedCorners::RoundedCorners(QWidget* window)
     setFocusPolicy(Qt::NoFocus);
 }
 
+void RoundedCorners::setTranslucent(bool isTranslucent)
+{
+    _isTranslucent = isTranslucent;
+    update();
+}
+
 QRegion RoundedCorners::squares(const QSize& size)
 {
     const int right = size.width() - radius;
@@ -38,7 +44,9 @@ void RoundedCorners::paintEvent(QPaintEvent* /*event*/)
     corners.addRoundedRect(rect(), radius, radius);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    if (_isTranslucent) {
+        painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    }
     painter.fillPath(corners, Qt::black);
 }
 

@@ -5,13 +5,18 @@
 
 namespace TarnwickDirect {
 
-/// Rounds off the window that it lies over, above everything else there: what stands in the corners
-/// is cleared away. Requires: the window is translucent. It lets the pointer through.
+/// Rounds off the window that it lies over, above everything else there but the border. It lets the
+/// pointer through.
 class RoundedCorners final : public QWidget {
 public:
     static constexpr int radius = 16;
 
     explicit RoundedCorners(QWidget* window);
+
+    /// What stands in the corners of a translucent window is cleared away. In those of an opaque
+    /// one, which are cut off at whole pixels, it is covered with the border's black, or the steps
+    /// of the cut would shine.
+    void setTranslucent(bool isTranslucent);
 
     /// The corners' squares in an area of this size, outside of which nothing is touched.
     static QRegion squares(const QSize& size);
@@ -22,6 +27,9 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+
+private:
+    bool _isTranslucent = true;
 };
 
 }  // namespace TarnwickDirect

@@ -89,9 +89,19 @@ double width(const QString& text, const LineStyle& style)
 
 QRegion roundedShape(const QSize& size, double radius)
 {
-    QPainterPath path;
-    path.addRoundedRect(QRectF(QPointF(), QSizeF(size)), radius, radius);
-    return {path.toFillPolygon().toPolygon()};
+    // Row by row the pixels whose centres lie inside, which are those that a line along the edge
+    // covers most.
+    const int height = static_cast<int>(std::ceil(radius));
+    QRegion shape(0, height, size.width(), size.height() - 2 * height);
+    for (int row = 0; row < height; ++row) {
+        const double rise = radius - row - 0.5;
+        const double inset = radius - std::sqrt(radius * radius - rise * rise);
+        const int left = static_cast<int>(std::round(inset));
+        const int width = size.width() - 2 * left;
+        shape += QRect(left, row, width, 1);
+        shape += QRect(left, size.height() - 1 - row, width, 1);
+    }
+    return shape;
 }
 
 }  // namespace Tarnwick::Painting

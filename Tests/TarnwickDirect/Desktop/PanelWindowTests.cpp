@@ -254,6 +254,29 @@ TEST(RoundedCorners, areCutFromAWindowThatCannotBeTranslucent)
     EXPECT_TRUE(shape.contains(QPoint(6, 6)));
 }
 
+TEST(RoundedCorners, ofAnOpaqueWindowHaveADarkEdge)
+{
+    QWidget window;
+    window.setAttribute(Qt::WA_StyledBackground);
+    window.setPalette(QPalette(Qt::white, Qt::white));
+    window.resize(100, 80);
+    RoundedCorners corners(&window);
+    corners.setTranslucent(false);
+    corners.resize(window.size());
+    Tarnwick::WindowBorderOverlayView border(false, &window);
+    border.resize(window.size());
+    const QImage image = window.grab().toImage();
+    const QRegion shape = RoundedCorners::shape(window.size());
+    for (int y = 0; y < RoundedCorners::radius; ++y) {
+        int x = 0;
+        while (!shape.contains(QPoint(x, y))) {
+            ++x;
+        }
+        EXPECT_LT(image.pixelColor(x, y).lightness(), 80) << x << ", " << y;
+    }
+    EXPECT_EQ(image.pixelColor(50, 40), QColor(Qt::white));
+}
+
 TEST(EdgeGrip, liesAtTheEdgesAndCorners)
 {
     const QSize size(440, 620);
