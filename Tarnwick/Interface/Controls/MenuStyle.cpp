@@ -122,6 +122,10 @@ void MenuStyle::drawPrimitive(
 {
     if (element == PE_PanelMenu) {
         const QRectF panel(option->rect);
+        if (!_appearance.blendsWindows()) {
+            // What a cut at whole pixels leaves of the corners' outside would be black.
+            painter->fillRect(panel, _appearance.palette().strongLine);
+        }
         Painting::fillRounded(*painter, panel, radius, _appearance.palette().surfaceMenu);
         Painting::strokeInside(*painter, panel, radius, 1, _appearance.palette().strongLine);
         return;
