@@ -221,6 +221,10 @@ void PullRequestMenuView::updateUse()
 {
     const bool isUsable = !_alerts->isAnyShown();
     _page->setEnabled(isUsable);
+    if (!isUsable) {
+        // It stays open while settings are chosen in it, and would hide what one of them led to.
+        _menu->close();
+    }
     if (isUsable && _page->isVisible()) {
         _content->setFocus();
     }

@@ -245,6 +245,18 @@ TEST_F(PullRequestMenuViewTests, lettersInTheFindFieldAreText)
     EXPECT_EQ(qobject_cast<QLineEdit*>(view->focusWidget())->text(), QStringLiteral("r,e"));
 }
 
+TEST_F(PullRequestMenuViewTests, aCardClosesTheMenuThatItWouldBeBehind)
+{
+    showList({TestSupport::makePullRequest(1)});
+    notifier->isGranted = false;
+    press(Qt::Key_Comma);
+    ASSERT_TRUE(part<QMenu>("optionsMenu")->isVisible());
+    model->toggleNewPullRequestNotifications();
+    ASSERT_TRUE(TestSupport::eventually([this] { return shows("notificationsDisabled"); }));
+    EXPECT_FALSE(part<QMenu>("optionsMenu")->isVisible());
+    EXPECT_TRUE(part<QWidget>("notificationsDisabled")->isAncestorOf(view->focusWidget()));
+}
+
 TEST_F(PullRequestMenuViewTests, nothingBelowACardCanBeUsed)
 {
     showList({TestSupport::makePullRequest(1)});
