@@ -22,8 +22,9 @@ QStringList actions(const QStringList& capabilities)
     if (!capabilities.contains(QStringLiteral("actions"))) {
         return {};
     }
-    const QString label = QStringLiteral("Open");
-    return {defaultAction, label, openAction, label};
+    // Some servers (xfce4-notifyd 0.7) give every action that has a name a button, the default one
+    // too, which then is there twice.
+    return {defaultAction, QString(), openAction, QStringLiteral("Open")};
 }
 
 /// No hint for groups is in general use, so the thread goes under a name of this program's.

@@ -127,7 +127,7 @@ TEST_F(NotificationCentreTest, showsANotificationAsTheServerCan)
     EXPECT_EQ(shown.application, "Tarnwick");
     EXPECT_EQ(shown.summary, makePullRequest(7).title);
     EXPECT_EQ(shown.body, "Pull request unblocked");
-    EXPECT_THAT(shown.actions, ElementsAre("default", "Open", "open", "Open"));
+    EXPECT_THAT(shown.actions, ElementsAre("default", "", "open", "Open"));
     EXPECT_EQ(shown.hints.value(u"desktop-entry"_s), u"dev.tarnwick.Tarnwick"_s);
     EXPECT_EQ(shown.hints.value(u"sound-name"_s), u"message-new-instant"_s);
     EXPECT_EQ(shown.hints.value(u"x-dev.tarnwick.thread"_s), u"tarnwick.pull-requests"_s);
