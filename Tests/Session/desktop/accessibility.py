@@ -2,10 +2,11 @@
 
 import json
 import os
+import select
 from typing import NamedTuple
 
 from .screen import Rectangle
-from .waiting import wait_until
+from .waiting import LIMIT, wait_until
 
 SCREEN_READER = os.path.join(os.path.dirname(os.path.abspath(__file__)), "screen_reader.py")
 
@@ -33,6 +34,8 @@ class Accessibility:
     def _ask(self, **question):
         self._process.stdin.write(json.dumps(question) + "\n")
         self._process.stdin.flush()
+        if not select.select([self._process.stdout], [], [], LIMIT)[0]:
+            raise AssertionError(f"The screen reader gave no answer within {LIMIT:g} s")
         answer = self._process.stdout.readline()
         if not answer:
             raise AssertionError(f"The screen reader ended; see {self._process.log}")

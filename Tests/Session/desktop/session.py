@@ -172,10 +172,14 @@ class Session:
     def start_xfce_panel(self):
         """At the top. A host of status notifier items and of icons that are windows."""
         self._write(".config/xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml", XFCE_PANEL)
+        self.start_xfconf()
+        return self._start_panel("xfce4-panel", "--disable-wm-check")
+
+    def start_xfconf(self):
+        """What programs of Xfce keep their settings with."""
         if not self.owns_name("org.xfce.Xfconf"):
             self.processes.start(*glob.glob("/usr/lib/*/xfce4/xfconf/xfconfd")[:1])
             wait_until(lambda: self.owns_name("org.xfce.Xfconf"), "xfconfd")
-        return self._start_panel("xfce4-panel", "--disable-wm-check")
 
     def start_lxqt_panel(self):
         """At the bottom. A host of status notifier items alone."""
