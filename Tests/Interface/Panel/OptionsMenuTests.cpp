@@ -103,6 +103,23 @@ TEST_F(OptionsMenuTests, screenReadersTellTheKeyApartFromTheTitle)
     EXPECT_EQ(reload->text(QAccessible::Accelerator), QStringLiteral("R"));
 }
 
+TEST_F(OptionsMenuTests, aPressByAScreenReaderClosesItUnlessItWasAChoice)
+{
+    const auto press = [](QMenu& shown, int place) {
+        QAccessible::queryAccessibleInterface(&shown)->child(place)->actionInterface()->doAction(
+            QAccessibleActionInterface::pressAction());
+        TestSupport::processEvents();
+    };
+    menu->popup({0, 0});
+    press(submenu("Status"), 1);
+    EXPECT_TRUE(model->settings().statuses.contains(StatusFilter::draft));
+    EXPECT_TRUE(menu->isVisible());
+    const QSignalSpy reloads(menu.get(), &OptionsMenu::reloadRequested);
+    press(*menu, 0);
+    EXPECT_EQ(reloads.count(), 1);
+    EXPECT_FALSE(menu->isVisible());
+}
+
 TEST_F(OptionsMenuTests, submenusHaveTheirItemsInOrder)
 {
     EXPECT_THAT(
