@@ -221,6 +221,27 @@ class KeyboardTests(PanelTest):
         self.reader.wait_until_gone("popup menu", "List options")
         self.wait_for_focus("list", "Pull requests")
 
+    def testTheRowsMenuCopies(self):
+        self.open(TIDE_TABLES)
+        self.wait_for_focus("list", "Pull requests")
+        link = "https://github.com/harbourlight/tide-tables/pull/77"
+        for keys, item, copied in (
+            (("Up",), "Copy Branch Name", "nordhavn"),
+            (("Up", "Up"), "Copy Link", link),
+        ):
+            self.press_key("Home", "Read the gauges of Nordhavn")
+            self.screen.key("shift+F10")
+            self.reader.find("menu item", item)
+            self.assertEqual(
+                self.reader.names("menu item"),
+                ["Open in Browser", "Open in Editor", "Copy Link", "Copy Branch Name"],
+            )
+            self.screen.key(*keys)
+            self.wait_for_focus("menu item", item)
+            self.screen.key("Return")
+            wait_until(lambda: self.clipboard() == copied, f"the clipboard after {item}")
+            self.reader.wait_until_gone("menu item", item)
+
     def testTabGoesThroughHeaderListAndStrips(self):
         self.open(TIDE_TABLES)
         self.wait_for_focus("list", "Pull requests")
@@ -260,3 +281,47 @@ class KeyboardTests(PanelTest):
         after = self.chosen()
         self.assertEqual((after.name, after.box), (before.name, before.box))
         self.press_key("Home", "Ebb")
+
+
+class PickerTests(PanelTest):
+    def testRepositoriesAreChosenByKeys(self):
+        self.open(TIDE_TABLES)
+        self.wait_for_focus("list", "Pull requests")
+        self.screen.key("comma")
+        self.wait_for_focus("menu item", "Reload")
+        self.screen.key("Down", "Down", "Down", "Down", "Return")
+        self.wait_for_focus("text", "Find a repository")
+        self.reader.find("label", "1 selected")
+        self.assertEqual(
+            self.rows(),
+            [
+                "harbourlight, Select All",
+                "harbourlight/ferry-api, Private, Go",
+                "harbourlight/ferry-web, Public, TypeScript",
+                "harbourlight/tide-tables, Public, Python",
+                "robin-k, Select All",
+                "robin-k/dotfiles, Public, Shell",
+                "robin-k/pocket-atlas, Private, Archived",
+            ],
+        )
+        self.screen.type("WEB")
+        wait_until(lambda: len(self.rows()) == 2, "what was found")
+        self.screen.key("Down")
+        self.wait_for_focus("list item", "harbourlight/ferry-web, Public, TypeScript")
+        asked = len(self.github.requests("search"))
+        self.screen.key("space")
+        self.reader.find("label", "2 selected")
+        chosen = self.reader.find("list item", "harbourlight/ferry-web, Public, TypeScript")
+        self.assertIn("checked", chosen.states)
+        self.assertEqual(
+            self.setting("filters.repositories"),
+            "harbourlight/ferry-web, harbourlight/tide-tables",
+        )
+        self.screen.key("Up", "Up")
+        self.wait_for_focus("text", "Find a repository")
+        self.screen.key("shift+Tab")
+        self.wait_for_focus("push button", "Done")
+        self.screen.key("space")
+        self.wait_for_focus("list", "Pull requests")
+        self.reader.find(name="14 pull requests, Updated just now")
+        self.assertGreater(len(self.github.requests("search")), asked)
