@@ -55,7 +55,8 @@ class SessionTest(unittest.TestCase):
         if failed and self.session.screen is not None:
             picture = os.path.join(self.session.logs, "screen.png")
             self.session.screen.screenshot(picture)
-            print(f"\n{self.id()}: logs and a picture of the screen lie in {self.session.logs}", file=sys.stderr)
+            place = self.session.logs
+            print(f"\n{self.id()}: logs and a picture of the screen lie in {place}", file=sys.stderr)
         self.session.end(keep=failed)
 
     def _succeeded(self):

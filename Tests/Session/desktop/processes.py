@@ -1,5 +1,6 @@
 """Programs that a test starts, each in a process group of its own, and all of which it ends."""
 
+import atexit
 import os
 import signal
 import subprocess
@@ -15,6 +16,8 @@ class Processes:
         self.environment = environment
         self._running = []
         self._count = 0
+        # A run that is interrupted comes to no clean-up of its tests.
+        atexit.register(self.end_all)
 
     def start(self, *command, environment=None, **options):
         """The output goes to a file; the environment is the session's and what is given here, of
