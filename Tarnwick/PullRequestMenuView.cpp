@@ -250,7 +250,11 @@ void PullRequestMenuView::keyPressEvent(QKeyEvent* event)
         openFind();
         break;
     case Qt::Key_Escape:
-        Q_EMIT closeRequested();
+        if (_findBar->isOpen()) {
+            closeFind();
+        } else {
+            Q_EMIT closeRequested();
+        }
         break;
     default:
         QWidget::keyPressEvent(event);

@@ -1,6 +1,7 @@
 #include "Tarnwick/PullRequestMenuView.h"
 
 #include "Fakes/ModelFixture.h"
+#include "Tarnwick/Interface/List/FindBar.h"
 #include "Tarnwick/Interface/Look/Appearance.h"
 
 #include <QAbstractButton>
@@ -232,6 +233,21 @@ TEST_F(PullRequestMenuViewTests, slashFindsAmongTheRows)
     press(Qt::Key_Escape);
     EXPECT_EQ(rows(), 3);
     EXPECT_TRUE(list().hasFocus());
+}
+
+TEST_F(PullRequestMenuViewTests, escapeInTheHitsEndsFindingBeforeItCloses)
+{
+    showList({TestSupport::makePullRequest(1), TestSupport::makePullRequest(2)});
+    const QSignalSpy closes(view.get(), &PullRequestMenuView::closeRequested);
+    press(Qt::Key_Slash);
+    press(Qt::Key_Down);
+    ASSERT_TRUE(list().hasFocus());
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(view->findChild<FindBar*>()->isOpen());
+    EXPECT_TRUE(list().hasFocus());
+    EXPECT_EQ(closes.count(), 0);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(closes.count(), 1);
 }
 
 TEST_F(PullRequestMenuViewTests, lettersInTheFindFieldAreText)
