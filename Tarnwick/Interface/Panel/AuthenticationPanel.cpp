@@ -43,7 +43,7 @@ AuthenticationPanel::AuthenticationPanel(const Appearance& appearance, QWidget* 
           {.style = TextStyle::body,
            .weight = TextWeight::regular,
            .alignment = Qt::AlignHCenter,
-           .mostLines = 6,
+           .mostLines = 10,
            .colour = &Palette::textSecondary},
           appearance,
           this))

@@ -58,8 +58,14 @@ void MessageText::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     const Palette& palette = _appearance.palette();
     const WrappedText lines = laidOut();
+    // Lists, such as those that gh prints, are read by where their lines begin.
+    const bool isList = text().contains(QLatin1Char('\n'));
     lines.draw(
-        painter, QPointF(0, -_offset), width(), palette.*_setting.colour, _setting.alignment);
+        painter,
+        QPointF(0, -_offset),
+        width(),
+        palette.*_setting.colour,
+        isList ? Qt::AlignLeft : _setting.alignment);
     if (lines.height() > height()) {
         const double length =
             std::max(16.0, static_cast<double>(height()) * height() / lines.height());

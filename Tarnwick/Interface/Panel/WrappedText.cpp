@@ -30,6 +30,10 @@ QStringList wrapped(QString paragraph, const QFont& font, double width)
         lines.append(paragraph.mid(line.textStart(), line.textLength()).remove(wordJoiner));
     }
     layout.endLayout();
+    if (!lines.isEmpty()) {
+        // Tells the paragraph's end from a break within a word where lines come together again.
+        lines.last().append(QLatin1Char(' '));
+    }
     return lines;
 }
 
@@ -43,7 +47,7 @@ WrappedText::WrappedText(const QString& text, const LineStyle& style, double wid
     }
     if (_lines.size() > mostLines) {
         _isElided = true;
-        const QString rest = _lines.mid(mostLines - 1).join(QLatin1Char(' '));
+        const QString rest = _lines.mid(mostLines - 1).join(QString());
         _lines = _lines.mid(0, mostLines - 1);
         _lines.append(
             QFontMetricsF(style.font)

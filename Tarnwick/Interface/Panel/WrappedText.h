@@ -2,6 +2,7 @@
 
 #include "Tarnwick/Interface/Look/Appearance.h"
 
+#include <QStringList>
 #include <QTextLayout>
 
 class QPainter;
@@ -16,6 +17,8 @@ public:
 
     WrappedText(
         const QString& text, const LineStyle& style, double width, int mostLines = anyNumber);
+
+    const QStringList& lines() const { return _lines; }
 
     int lineCount() const { return static_cast<int>(_lines.size()); }
 
