@@ -58,6 +58,7 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
     followNotifications();
     readLaunchAtLogin();
     showSnapshot();
+    showSettingsProblem();
     schedulePolling();
     _notifications.prepare();
 }
@@ -71,6 +72,7 @@ void PullRequestMenuModel::followSettings()
 {
     using Operations = SettingsOperations;
     connect(&_operations, &Operations::changed, this, &PullRequestMenuModel::settingsChanged);
+    connect(this, &PullRequestMenuModel::settingsChanged, this, [this] { showSettingsProblem(); });
     connect(
         &_operations, &Operations::darkModeChanged, this, &PullRequestMenuModel::darkModeChanged);
     connect(&_operations, &Operations::filtersChanged, this, &PullRequestMenuModel::rebuildRows);
@@ -358,6 +360,17 @@ void PullRequestMenuModel::selectAllRepositories(bool all)
     _operations.setSelectedRepositories(std::move(names));
 }
 
+/// Says after each change that settings cannot be kept, and takes it back when they can.
+void PullRequestMenuModel::showSettingsProblem()
+{
+    const std::optional<QString> problem = _parts.defaults->problem();
+    auto text = problem ? std::optional(problem->toStdString()) : std::nullopt;
+    const auto previous = std::exchange(_settingsProblem, text);
+    if (text || _settingsError == previous) {
+        assign(_settingsError, std::move(text), &PullRequestMenuModel::settingsErrorChanged);
+    }
+}
+
 void PullRequestMenuModel::readLaunchAtLogin()
 {
     assign(
@@ -413,6 +426,7 @@ void PullRequestMenuModel::dismissSettingsError()
 void PullRequestMenuModel::recordVisit(const PullRequestID& id)
 {
     _visits.recordVisit(id);
+    showSettingsProblem();
     Q_EMIT visitsChanged();
 }
 

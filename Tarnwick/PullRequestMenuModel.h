@@ -180,6 +180,7 @@ private:
 
     void followSettings();
     void followNotifications();
+    void showSettingsProblem();
     void readLaunchAtLogin();
 
     Collaborators _parts;
@@ -198,6 +199,7 @@ private:
     bool _isRefreshing = false;
     bool _launchAtLoginEnabled = false;
     std::optional<std::string> _settingsError;
+    std::optional<std::string> _settingsProblem;  ///< Why the settings are not kept.
     std::optional<std::string> _refreshError;
     std::optional<Shortfall> _shortfall;
 

@@ -24,9 +24,12 @@ public:
 
     void refresh() override { ++refreshCount; }
 
+    std::optional<QString> problem() const override { return reportedProblem; }
+
     std::map<QString, QVariant> values;
     std::vector<QString> writtenKeys;
     int refreshCount = 0;
+    std::optional<QString> reportedProblem;
 };
 
 }  // namespace Fakes

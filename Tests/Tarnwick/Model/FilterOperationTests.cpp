@@ -157,6 +157,35 @@ TEST_F(FilterOperations, saysWhyTheLoginItemCouldNotBeChanged)
     EXPECT_EQ(model->settingsError(), std::nullopt);
 }
 
+TEST_F(FilterOperations, sayWhyAChangeCannotBeKeptUntilOneCan)
+{
+    defaults->reportedProblem = QStringLiteral("The disk is full.");
+    model->setDarkMode(true);
+    EXPECT_EQ(model->settingsError(), "The disk is full.");
+    model->dismissSettingsError();
+    model->toggleStatus(StatusFilter::draft);
+    EXPECT_EQ(model->settingsError(), "The disk is full.");
+    defaults->reportedProblem.reset();
+    model->toggleStatus(StatusFilter::draft);
+    EXPECT_EQ(model->settingsError(), std::nullopt);
+}
+
+TEST_F(FilterOperations, keepAnErrorThatIsNotOfTheStore)
+{
+    loginItem->error = "The folder is read-only.";
+    model->toggleLaunchAtLogin();
+    model->setDarkMode(true);
+    EXPECT_EQ(
+        model->settingsError(), "Open at Login could not be changed: The folder is read-only.");
+}
+
+TEST_F(FilterOperations, sayThatAVisitCannotBeKept)
+{
+    defaults->reportedProblem = QStringLiteral("The disk is full.");
+    model->recordVisit(makePullRequest(1).id);
+    EXPECT_EQ(model->settingsError(), "The disk is full.");
+}
+
 TEST_F(FilterOperations, switchDarkModeAndKeepIt)
 {
     int switched = 0;
