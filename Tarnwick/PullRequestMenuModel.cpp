@@ -65,7 +65,14 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
 
 PullRequestMenuModel::~PullRequestMenuModel()
 {
+    stop();
+}
+
+void PullRequestMenuModel::stop()
+{
     _lifetime.request_stop();
+    _refreshTask.cancel();
+    _pollingTask.cancel();
 }
 
 void PullRequestMenuModel::followSettings()

@@ -102,6 +102,10 @@ public:
     /// One refresh; returns at once while another one runs. Resumes when it has ended.
     QCoro::Task<> refresh();
 
+    /// Asks everything that runs to stop, child processes included, and waits for nothing. The
+    /// model refreshes no more. For the end of the process.
+    void stop();
+
     void toggleRepository(const std::string& name) { _operations.toggleRepository(name); }
 
     /// Selects every repository that is known, or none.

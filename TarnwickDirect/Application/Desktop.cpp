@@ -5,6 +5,7 @@
 #include "Tarnwick/Interface/Panel/PanelDismissal.h"
 #include "TarnwickDirect/Application/ApplicationService.h"
 #include "TarnwickDirect/Application/Display.h"
+#include "TarnwickDirect/Application/ExitGuard.h"
 #include "TarnwickDirect/Application/SingleInstance.h"
 #include "TarnwickDirect/Application/TarnwickDirectApp.h"
 #include "TarnwickDirect/CommandLine/Interruption.h"
@@ -50,6 +51,7 @@ int runFirst(
     describeApplication();
     TarnwickDirectApp app(
         Tarnwick::desktopCollaborators(environment(), bus, Tarnwick::dismissPanel), bus, service);
+    const ExitGuard exitGuard([&app] { app.stop(); });
     QObject::connect(
         &app,
         &TarnwickDirectApp::quitRequested,

@@ -34,6 +34,9 @@ public:
     /// Looks for a tray and then does what the user started the program for.
     void start(ShowPanel::Manner manner, const PlatformData& platformData);
 
+    /// Asks everything that runs to stop, child processes included, and waits for nothing.
+    void stop() { _model.stop(); }
+
     PanelWindow& window() { return _window; }
 
 Q_SIGNALS:
