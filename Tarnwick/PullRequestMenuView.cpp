@@ -115,6 +115,11 @@ void PullRequestMenuView::connectList()
     connect(_list, &PullRequestListView::openInEditorRequested, _editorFlow, &EditorFlow::open);
     connect(_list, &PullRequestListView::findRequested, this, &PullRequestMenuView::openFind);
     connect(_alerts, &PanelAlerts::shownChanged, this, &PullRequestMenuView::updateUse);
+    connect(_editorFlow, &EditorFlow::externalActionErrorChanged, this, [this] {
+        if (_editorFlow->externalActionError()) {
+            Q_EMIT attentionRequested();
+        }
+    });
 }
 
 void PullRequestMenuView::connectFind()

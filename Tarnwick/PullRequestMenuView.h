@@ -46,6 +46,8 @@ public:
 Q_SIGNALS:
     void closeRequested();
     void quitRequested();
+    /// Something that the user asked for has failed and is told, maybe with the panel out of sight.
+    void attentionRequested();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -53,6 +53,9 @@ public:
     /// Comes to the front with the focus; a panel is placed by the click, if there was one.
     void present(std::optional<QPoint> click, const PlatformData& platformData);
 
+    /// Shown and not minimised.
+    bool isInSight() const { return _isInSight; }
+
     /// Shown with the focus, and not minimised. A panel without the focus counts too.
     bool isInFront() const;
 

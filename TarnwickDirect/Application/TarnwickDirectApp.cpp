@@ -82,6 +82,12 @@ void TarnwickDirectApp::connectPanel()
 {
     connect(_view, &PullRequestMenuView::closeRequested, &_window, &QWidget::close);
     connect(_view, &PullRequestMenuView::quitRequested, this, &TarnwickDirectApp::quitRequested);
+    connect(_view, &PullRequestMenuView::attentionRequested, this, [this] {
+        // It made room for what did not come.
+        if (!_window.isInSight()) {
+            _window.present(std::nullopt, {});
+        }
+    });
     connect(&_window, &PanelWindow::shown, this, [this] {
         _model.menuOpened();
         _view->panelShown();

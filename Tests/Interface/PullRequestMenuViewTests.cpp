@@ -289,6 +289,18 @@ TEST_F(PullRequestMenuViewTests, nothingBelowACardCanBeUsed)
     EXPECT_FALSE(view->keepsOpen());
 }
 
+TEST_F(PullRequestMenuViewTests, anEditorThatFailsAsksForThePanelToBeShown)
+{
+    showList({TestSupport::makePullRequest(1)});
+    const QSignalSpy asked(view.get(), &PullRequestMenuView::attentionRequested);
+    press(Qt::Key_Home);
+    press(Qt::Key_E);
+    ASSERT_TRUE(TestSupport::eventually([this] { return shows("editorError"); }));
+    EXPECT_EQ(asked.count(), 1);
+    press(Qt::Key_Return);
+    EXPECT_EQ(asked.count(), 1);
+}
+
 TEST_F(PullRequestMenuViewTests, theBrandLeadsToTheWebSite)
 {
     start();
