@@ -103,16 +103,18 @@ class SessionTest(unittest.TestCase):
         with open(self.settings_file, encoding="utf-8") as file:
             return file.read()
 
-    def start_tarnwick(self, *arguments, environment=None):
+    def start_tarnwick(self, *arguments, environment=None, through=None):
         """Starts the program; on the sample GitHub with some repositories selected, where the test
-        arranged nothing else."""
+        arranged nothing else. `through` makes of a command one that starts it, as `Mounts.command`
+        does."""
         if self.github is None:
             self.start_github()
         if not os.path.exists(self.settings_file):
             self.select()
-        return self.session.processes.start(
-            os.path.join(PROGRAMS, "tarnwick"), *arguments, environment=environment
-        )
+        command = (os.path.join(PROGRAMS, "tarnwick"), *arguments)
+        if through:
+            command = through(*command)
+        return self.session.processes.start(*command, environment=environment)
 
     def run_tarnwick(self, *arguments, environment=None):
         """Runs it to its end."""

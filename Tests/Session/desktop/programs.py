@@ -20,11 +20,12 @@ class Programs:
         environment["PATH"] = f"{folder}:{environment['PATH']}"
 
     def add(self, name, script):
-        """A program by this text, which begins with its interpreter."""
+        """A program by this text, which begins with its interpreter. Returns where it lies."""
         path = os.path.join(self._folder, name)
         with open(path, "w", encoding="utf-8") as file:
             file.write(textwrap.dedent(script))
         os.chmod(path, 0o755)
+        return path
 
     def record(self, name):
         """A program that does nothing but record its runs."""

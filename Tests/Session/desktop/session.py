@@ -79,6 +79,7 @@ class Session:
         self.home = self._made("home")
         self.processes = Processes(self.logs, self._environment())
         self.display = None
+        self.bus = None
         self.screen = None
 
     def _made(self, name, mode=0o755):
@@ -154,7 +155,9 @@ class Session:
         configuration = os.path.join(self.folder, "bus.conf")
         with open(configuration, "w", encoding="utf-8") as file:
             file.write(BUS_CONFIGURATION.format(socket=socket))
-        self.processes.start("dbus-daemon", f"--config-file={configuration}", "--nofork")
+        self.bus = self.processes.start(
+            "dbus-daemon", f"--config-file={configuration}", "--nofork"
+        )
         wait_until(lambda: os.path.exists(socket), "the session bus")
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={socket}"
 

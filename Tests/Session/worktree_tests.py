@@ -1,0 +1,280 @@
+"""Pull requests opened in the editor: the real git, and a `code` that records how it is run."""
+
+import json
+import os
+
+from desktop import SessionTest, wait_until
+from desktop.clone import Clone
+from desktop.mounts import Mounts
+
+TITLE = "Unable to Open Editor"
+GIT = "/usr/bin/git"
+BRANCH = "booking/split"
+
+SCENARIO = {
+    "account": {"login": "robin-k"},
+    "repositories": [{"fullName": "harbourlight/ferry-api"}],
+    "pullRequests": [
+        {
+            "repository": "harbourlight/ferry-api",
+            "number": 412,
+            "title": "Split bookings",
+            "author": "mara-lindqvist",
+            "created": "6d",
+            "updated": "2h",
+            "head": BRANCH,
+        }
+    ],
+}
+
+# In the place of git: does what git does, but for the command that the file FAIL names.
+FAILING_GIT = """\
+#!/bin/sh
+failing=$(cat {fail} 2>/dev/null)
+case "$3 $4" in
+    ${{failing:-none}}*)
+        printf 'fatal: no %s today\\n\\n' "$3" >&2
+        exit 3 ;;
+esac
+exec /usr/lib/git-core/git "$@"
+"""
+
+
+class EditorTest(SessionTest):
+    """One pull request on the screen, and the key that opens it in the editor."""
+
+    has_accessibility = True
+
+    def setUp(self):
+        super().setUp()
+        self.projects = os.path.join(self.session.home, "projects")
+        self.programs.record("code")
+        self.start_github(SCENARIO)
+        self.program = None
+        self.reader = None
+
+    def clone(self, *branches):
+        """The user's clone, whose origin has these branches."""
+        return Clone(self.session.processes, self.projects, "ferry-api", branches)
+
+    def open_in_editor(self, folder=None, mounts=None, path=None):
+        """Starts the program, anew if it runs, with this project directory and presses the key."""
+        if self.program is not None:
+            self.session.processes.end(self.program)
+        folder = folder or self.projects
+        self.select("harbourlight/ferry-api", **{"editor.projectDirectory": folder})
+
+        def through(*command):
+            if path:
+                command = ("/usr/bin/env", f"PATH={path}", *command)
+            return mounts.command(*command) if mounts else command
+
+        self.program = self.start_tarnwick(through=through)
+        self.focused_panel()
+        self.reader = self.accessibility()
+        self.press_the_key()
+
+    def press_the_key(self):
+        wait_until(self.row_is_there, "the row")
+        self.screen.key("Home", "e")
+
+    def row_is_there(self):
+        return any("Split bookings" in name for name in self.reader.names("list item"))
+
+    def wait_for_calls(self, number):
+        """The arguments that `code` got each time, once it ran so often."""
+        wait_until(lambda: len(self.programs.arguments("code")) >= number, "a run of code")
+        return self.programs.arguments("code")
+
+    def message(self):
+        """The alert's text, once it is there."""
+        self.reader.find("label", TITLE)
+        text = self.reader.find(None, TITLE).description
+        self.reader.find("label", text)
+        return text
+
+    def dismiss(self):
+        self.reader.press("push button", "OK")
+        self.reader.wait_until_gone("label", TITLE)
+
+
+class WorktreeTests(EditorTest):
+    def trace(self):
+        """What git is asked for from here on; a function that returns it as commands."""
+        file = os.path.join(self.session.folder, "git-trace")
+        self.session.environment["GIT_TRACE2_EVENT"] = file
+
+        def commands():
+            with open(file, encoding="utf-8") as lines:
+                events = [json.loads(line) for line in lines]
+            # Those that git runs itself have a place below their parent's.
+            return [
+                event["argv"]
+                for event in events
+                if event["event"] == "start" and "/" not in event["sid"]
+            ]
+
+        return commands
+
+    def testTheEditorOpensANewWorktreeAndTheSecondTimeTheSame(self):
+        clone = self.clone(BRANCH)
+        worktree = clone.worktree("booking-split")
+        commands = self.trace()
+        self.open_in_editor()
+        self.assertEqual(self.wait_for_calls(1), [["--new-window", worktree]])
+        git = ["/usr/bin/git", "-C", clone.path]
+        looking = [
+            [*git, "fetch", "origin"],
+            [*git, "worktree", "list", "--porcelain", "-z"],
+        ]
+        making = [
+            [*git, "show-ref", "--verify", "--quiet", "refs/heads/booking/split"],
+            [*git, "worktree", "add", "-b", BRANCH, "--", worktree, "origin/booking/split"],
+        ]
+        self.assertEqual(commands(), looking + making)
+        # The editor has the place.
+        self.panel_gone()
+
+        self.activate()
+        self.focused_panel()
+        self.press_the_key()
+        self.assertEqual(self.wait_for_calls(2), [["--new-window", worktree]] * 2)
+        self.assertEqual(commands(), looking + making + looking)
+        del self.session.environment["GIT_TRACE2_EVENT"]
+        self.assertEqual(clone.git("rev-parse", "--abbrev-ref", "HEAD", at=worktree), BRANCH)
+        self.assertEqual(clone.git("rev-parse", "--abbrev-ref", "HEAD"), "main")
+
+    def testALocalBranchIsTakenAsItIs(self):
+        clone = self.clone(BRANCH)
+        clone.git("branch", BRANCH)
+        local = clone.git("rev-parse", BRANCH)
+        clone.git("commit", "--quiet", "--allow-empty", "--message=More")
+        clone.git("push", "--quiet", "origin", "HEAD:booking/split")
+        self.open_in_editor()
+        self.wait_for_calls(1)
+        self.assertEqual(clone.git("rev-parse", "HEAD", at=clone.worktree("booking-split")), local)
+
+    def testAWorktreeOfTheUsersOwnIsOpened(self):
+        clone = self.clone(BRANCH)
+        elsewhere = os.path.join(self.session.home, "my worktree")
+        clone.git("fetch", "--quiet")
+        clone.git("worktree", "add", "--quiet", "-b", BRANCH, elsewhere, f"origin/{BRANCH}")
+        self.open_in_editor("~/projects/")
+        self.assertEqual(self.wait_for_calls(1), [["--new-window", elsewhere]])
+        self.assertFalse(os.path.exists(clone.worktree("booking-split")))
+
+    def testTheOverlayTellsTheStepAndThePanelIsOutOfUse(self):
+        clone = self.clone(BRANCH)
+        let_through = clone.hold_fetches()
+        self.open_in_editor()
+        overlay = "Opening in Editor"
+        self.reader.find("label", overlay)
+        wait_until(
+            lambda: self.reader.find(None, overlay).description == "Fetching origin…", "the step"
+        )
+        self.assertNotIn("enabled", self.reader.find("push button", "List options").states)
+        self.screen.key("Escape")
+        let_through()
+        self.wait_for_calls(1)
+        self.reader.wait_until_gone("label", overlay)
+
+
+class WorktreeFailureTests(EditorTest):
+    def fails_with(self, message):
+        self.assertEqual(self.message(), message)
+        self.assertEqual(self.programs.arguments("code"), [])
+
+    def testAProjectDirectoryThatIsUnsetOrGoneIsToldWithWhatToDo(self):
+        self.open_in_editor(" ")
+        self.fails_with("Open Menu > Repositories and set Project Directory first.")
+        os.makedirs(self.projects)
+        for folder in (self.projects, "/nowhere/projects"):
+            self.open_in_editor(folder)
+            self.fails_with(
+                f"The repository directory does not exist at {folder}/ferry-api. "
+                "Open Menu > Repositories and set Project Directory first."
+            )
+        self.assertEqual(os.listdir(self.projects), [])
+
+    def testEachStepThatFailsIsToldWithItsStatusAndGitsWords(self):
+        clone = self.clone(BRANCH)
+        fail = os.path.join(self.session.folder, "fail")
+        mounts = Mounts()
+        mounts.put(self.programs.add("failing-git", FAILING_GIT.format(fail=fail)), GIT)
+        steps = (
+            ("fetch", "Fetching origin"),
+            ("worktree list", "Listing worktrees"),
+            ("show-ref", "Checking the local branch"),
+            ("worktree add", "Creating the worktree"),
+        )
+        for command, action in steps:
+            with open(fail, "w", encoding="utf-8") as file:
+                file.write(command)
+            if self.program is None:
+                self.open_in_editor(mounts=mounts)
+            else:
+                self.dismiss()
+                self.press_the_key()
+            said = f"fatal: no {command.split()[0]} today"
+            self.fails_with(f"{action} failed (exit 3).\n{said}")
+        self.assertEqual(clone.git("worktree", "list").count("\n"), 0)
+        self.assertEqual(clone.git("branch", "--list", BRANCH), "")
+
+    def testWhatTheRealGitRefusesIsToldAndNothingOfTheUsersIsTouched(self):
+        clone = self.clone()
+        os.rename(clone.origin, f"{clone.origin}.gone")
+        self.open_in_editor()
+        first, second, *_ = self.message().split("\n")
+        self.assertEqual(first, "Fetching origin failed (exit 128).")
+        self.assertEqual(second, f"fatal: '{clone.origin}' does not appear to be a git repository")
+
+        os.rename(f"{clone.origin}.gone", clone.origin)
+        self.dismiss()
+        self.press_the_key()
+        first, *_, last = self.message().split("\n")
+        self.assertRegex(first, r"^Creating the worktree failed \(exit \d+\)\.$")
+        self.assertRegex(last, "^fatal: .*origin/booking/split")
+
+        clone.add_to_origin(BRANCH)
+        occupied = clone.worktree("booking-split")
+        os.makedirs(os.path.join(occupied, "mine"))
+        self.dismiss()
+        self.press_the_key()
+        first, *_, last = self.message().split("\n")
+        self.assertEqual(first, "Creating the worktree failed (exit 128).")
+        self.assertEqual(last, f"fatal: '{occupied}' already exists")
+        self.assertEqual(os.listdir(occupied), ["mine"])
+        self.assertEqual(self.programs.arguments("code"), [])
+
+    def testWithoutTheEditorGitIsNotRunAndWithoutGitTheAlertSaysSo(self):
+        clone = self.clone(BRANCH)
+        nothing = os.path.join(self.session.folder, "nothing")
+        os.makedirs(nothing)
+        mounts = Mounts()
+        mounts.hide_program(GIT)
+        self.open_in_editor(mounts=mounts, path=nothing)
+        self.fails_with("Visual Studio Code's `code` command was not found.")
+        self.open_in_editor(mounts=mounts)
+        self.fails_with("Could not start /usr/bin/git: Permission denied")
+        self.assertEqual(clone.git("branch", "--remotes"), "origin/main")
+
+    def testAnEditorThatFailsIsToldAndTheWorktreeStays(self):
+        clone = self.clone(BRANCH)
+        self.programs.add("code", "#!/bin/sh\necho 'No more windows.' >&2\nexit 5\n")
+        message = "Opening Visual Studio Code failed (exit 5).\nNo more windows."
+        for start_tray in (lambda: None, self.session.start_xfce_panel):
+            start_tray()
+            self.open_in_editor()
+            self.assertEqual(self.message(), message)
+            # It made room for the editor, which did not come.
+            self.focused_panel()
+        self.assertTrue(os.path.isdir(clone.worktree("booking-split")))
+
+    def testTheAlertIsCopiedAndTheListIsOfUseAgain(self):
+        self.open_in_editor("/nowhere/projects")
+        message = self.message()
+        self.reader.press("push button", "Copy error title and message")
+        wait_until(lambda: self.clipboard() == f"{TITLE}\n\n{message}", "the copied text")
+        self.dismiss()
+        self.press_the_key()
+        self.assertEqual(self.message(), message)
