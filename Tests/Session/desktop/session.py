@@ -162,9 +162,13 @@ class Session:
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={socket}"
 
     def start_window_manager(self, *command):
-        process = self.processes.start(*(command or ("openbox",)))
+        # openbox announces itself a good while before it takes windows, but can say when it does.
+        ready = os.path.join(self.folder, "openbox")
+        openbox = ("openbox", "--startup", f"touch {ready}")
+        process = self.processes.start(*(command or openbox))
         wait_until(
-            lambda: "window id" in self._root_property("_NET_SUPPORTING_WM_CHECK"),
+            lambda: "window id" in self._root_property("_NET_SUPPORTING_WM_CHECK")
+            and (command or os.path.exists(ready)),
             "the window manager",
         )
         return process
