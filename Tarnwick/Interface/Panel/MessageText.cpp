@@ -27,18 +27,23 @@ MessageText::MessageText(Setting setting, const Appearance& appearance, QWidget*
 
 WrappedText MessageText::laidOut() const
 {
-    return {text(), style(), static_cast<double>(width())};
+    return {text(), style(), static_cast<double>(textWidth())};
 }
 
 void MessageText::fit(int width, bool isBalanced)
 {
     const int lines = WrappedText(text(), style(), width).lineCount();
-    const bool scrolls = lines > _setting.mostLines;
-    const int room = scrolls ? width - handleWidth - handleGap : width;
-    const double used = isBalanced && !scrolls ? balancedWidth(text(), style(), room) : room;
+    _scrolls = lines > _setting.mostLines;
+    const double used = isBalanced && !_scrolls ? balancedWidth(text(), style(), width) : width;
     resize(static_cast<int>(std::ceil(used)), std::min(lines, _setting.mostLines) * style().height);
     _offset = 0;
-    setFocusPolicy(scrolls ? Qt::TabFocus : Qt::NoFocus);
+    setFocusPolicy(_scrolls ? Qt::TabFocus : Qt::NoFocus);
+}
+
+/// The handle stands beside the text.
+int MessageText::textWidth() const
+{
+    return _scrolls ? width() - handleWidth - handleGap : width();
 }
 
 bool MessageText::isScrollable() const
@@ -63,7 +68,7 @@ void MessageText::paintEvent(QPaintEvent* /*event*/)
     lines.draw(
         painter,
         QPointF(0, -_offset),
-        width(),
+        textWidth(),
         palette.*_setting.colour,
         isList ? Qt::AlignLeft : _setting.alignment);
     if (lines.height() > height()) {

@@ -37,11 +37,13 @@ protected:
 private:
     LineStyle style() const { return _appearance.line(_setting.style, _setting.weight); }
 
+    int textWidth() const;
     WrappedText laidOut() const;
     void scrollBy(int pixels);
 
     Setting _setting;
     const Appearance& _appearance;
+    bool _scrolls = false;
     int _offset = 0;
 };
 

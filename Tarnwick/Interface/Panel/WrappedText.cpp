@@ -47,11 +47,13 @@ WrappedText::WrappedText(const QString& text, const LineStyle& style, double wid
     }
     if (_lines.size() > mostLines) {
         _isElided = true;
-        const QString rest = _lines.mid(mostLines - 1).join(QString());
+        QString rest = _lines.mid(mostLines - 1).join(QString());
+        while (rest.endsWith(QLatin1Char(' '))) {
+            rest.chop(1);
+        }
         _lines = _lines.mid(0, mostLines - 1);
-        _lines.append(
-            QFontMetricsF(style.font)
-                .elidedText(rest.trimmed() + QStringLiteral(" …"), Qt::ElideRight, width));
+        _lines.append(QFontMetricsF(style.font)
+                          .elidedText(rest + QStringLiteral(" …"), Qt::ElideRight, width));
     }
     for (QString& line : _lines) {
         while (line.endsWith(QLatin1Char(' '))) {
