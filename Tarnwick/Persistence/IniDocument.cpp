@@ -38,32 +38,33 @@ IniDocument::IniDocument(std::string_view text)
         _lines.emplace_back(text.substr(0, end));
         text.remove_prefix(std::min(end + 1, text.size()));
     }
+    findKeys();
 }
 
 std::optional<std::string_view> IniDocument::value(std::string_view key) const
 {
-    const auto line = placeOf(key).line;
-    if (!line) {
+    const auto found = _keys.find(key);
+    if (found == _keys.end()) {
         return std::nullopt;
     }
-    const std::string_view text = _lines[*line];
+    const std::string_view text = _lines[found->second];
     return trimmed(text.substr(text.find('=') + 1));
 }
 
 void IniDocument::set(std::string_view key, std::string_view value)
 {
     std::string line = std::string(key) + "=" + std::string(value);
-    const Place place = placeOf(key);
-    if (place.line) {
-        _lines[*place.line] = std::move(line);
+    if (const auto found = _keys.find(key); found != _keys.end()) {
+        _lines[found->second] = std::move(line);
         return;
     }
     if (_lines.empty()) {
         _lines.emplace_back(generalSection);
         _lines.push_back(std::move(line));
-        return;
+    } else {
+        _lines.insert(_lines.begin() + static_cast<std::ptrdiff_t>(_end), std::move(line));
     }
-    _lines.insert(_lines.begin() + static_cast<std::ptrdiff_t>(place.end), std::move(line));
+    findKeys();
 }
 
 std::string IniDocument::text() const
@@ -76,9 +77,11 @@ std::string IniDocument::text() const
     return text;
 }
 
-IniDocument::Place IniDocument::placeOf(std::string_view key) const
+/// Every visit has a key of its own, and each row of the list asks for one.
+void IniDocument::findKeys()
 {
-    Place place;
+    _keys.clear();
+    _end = 0;
     bool counts = true;
     for (std::size_t index = 0; index < _lines.size(); ++index) {
         const std::string_view line = trimmed(_lines[index]);
@@ -88,12 +91,11 @@ IniDocument::Place IniDocument::placeOf(std::string_view key) const
         if (!counts || line.empty()) {
             continue;
         }
-        place.end = index + 1;
-        if (keyOf(line) == key) {
-            place.line = index;
+        _end = index + 1;
+        if (const std::string_view key = keyOf(line); !key.empty()) {
+            _keys.insert_or_assign(std::string(key), index);
         }
     }
-    return place;
 }
 
 }  // namespace Tarnwick

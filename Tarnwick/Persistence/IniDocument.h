@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,15 +30,11 @@ public:
     std::string text() const;
 
 private:
-    /// Where the key's line is, and after which line a new one belongs.
-    struct Place {
-        std::optional<std::size_t> line;
-        std::size_t end = 0;
-    };
-
-    Place placeOf(std::string_view key) const;
+    void findKeys();
 
     std::vector<std::string> _lines;
+    std::map<std::string, std::size_t, std::less<>> _keys;  ///< On which line each key counts.
+    std::size_t _end = 0;  ///< Before which line a new key belongs.
 };
 
 }  // namespace Tarnwick

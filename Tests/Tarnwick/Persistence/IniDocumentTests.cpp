@@ -35,6 +35,19 @@ TEST(IniDocument, takesTheLastOfSeveralValues)
     EXPECT_EQ(changed("key=1\nkey=2\n"), "key=1\nkey=new\n");
 }
 
+TEST(IniDocument, findsKeysAfterOthersWereAdded)
+{
+    IniDocument document("first=1\n[Other]\nkey=2\n");
+    document.set("second", "2");
+    document.set("third", "3");
+    document.set("first", "4");
+    EXPECT_THAT(document.value("first"), Optional(std::string_view("4")));
+    EXPECT_THAT(document.value("second"), Optional(std::string_view("2")));
+    EXPECT_THAT(document.value("third"), Optional(std::string_view("3")));
+    EXPECT_EQ(document.value("key"), std::nullopt);
+    EXPECT_EQ(document.text(), "first=4\nsecond=2\nthird=3\n[Other]\nkey=2\n");
+}
+
 TEST(IniDocument, beginsWithItsSection)
 {
     EXPECT_EQ(changed(""), "[General]\nkey=new\n");
