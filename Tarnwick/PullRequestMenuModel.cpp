@@ -134,7 +134,7 @@ void PullRequestMenuModel::assign(
 
 void PullRequestMenuModel::showSnapshot()
 {
-    auto snapshot = _parts.cache.load();
+    auto snapshot = _parts.snapshot ? _parts.snapshot->take() : _parts.cache.load();
     if (!snapshot
         || (snapshot->reviewerScope
             && *snapshot->reviewerScope != reviewerScopeOf(_settings.reviewerFilter))) {

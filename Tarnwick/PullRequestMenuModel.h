@@ -14,6 +14,7 @@
 #include "Tarnwick/Model/SettingsOperations.h"
 #include "Tarnwick/Persistence/DefaultsStore.h"
 #include "Tarnwick/Persistence/PullRequestDiskCache.h"
+#include "Tarnwick/Persistence/SnapshotReader.h"
 #include "Tarnwick/Persistence/SnapshotWriter.h"
 #include "Tarnwick/Persistence/VisitStore.h"
 
@@ -34,7 +35,7 @@ class PullRequestMenuModel final : public QObject {
     Q_OBJECT
 
 public:
-    /// What the model stands on. All are required.
+    /// What the model stands on. All are required but the last.
     struct Collaborators {
         std::shared_ptr<const PullRequestKit::PullRequestProvider> provider;
         std::shared_ptr<DefaultsStore> defaults;
@@ -43,6 +44,8 @@ public:
         std::shared_ptr<LoginItem> loginItem;
         std::shared_ptr<Clock> clock;
         std::shared_ptr<const ExternalNavigation> navigation;
+        /// Where the last snapshot is being read already; without it, the model reads it.
+        std::shared_ptr<SnapshotReader> snapshot = nullptr;
     };
 
     /// Reads and migrates the settings, shows the last snapshot if it was taken for the same

@@ -20,14 +20,19 @@ ModelTest::~ModelTest()
 void ModelTest::start()
 {
     model.reset();
-    model = std::make_unique<PullRequestMenuModel>(PullRequestMenuModel::Collaborators{
-        provider,
-        defaults,
-        cache(),
-        notifier,
-        loginItem,
-        clock,
-        std::make_shared<ExternalNavigation>(desktop.navigation())});
+    model = std::make_unique<PullRequestMenuModel>(collaborators());
+}
+
+PullRequestMenuModel::Collaborators ModelTest::collaborators() const
+{
+    return {
+        .provider = provider,
+        .defaults = defaults,
+        .cache = cache(),
+        .notifier = notifier,
+        .loginItem = loginItem,
+        .clock = clock,
+        .navigation = std::make_shared<ExternalNavigation>(desktop.navigation())};
 }
 
 void ModelTest::selectTools()

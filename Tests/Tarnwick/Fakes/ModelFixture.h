@@ -27,6 +27,9 @@ protected:
     /// Makes the model; a second call starts the program anew on the same settings and cache.
     void start();
 
+    /// What `start` gives the model.
+    Tarnwick::PullRequestMenuModel::Collaborators collaborators() const;
+
     /// Selects octo/tools as a user did in an earlier run.
     void selectTools();
 

@@ -57,6 +57,20 @@ TEST_F(Snapshots, aFirstRunForgetsASelectionThatNobodyConfigured)
     EXPECT_TRUE(Tarnwick::SettingsStore(*defaults).isRepositorySelectionConfigured());
 }
 
+TEST_F(Snapshots, showsTheResultThatIsBeingReadAlready)
+{
+    selectTools();
+    cacheSnapshot(ReviewerScope::myself);
+    const auto reader = std::make_shared<Tarnwick::SnapshotReader>(cache());
+    Tarnwick::PullRequestMenuModel::Collaborators parts = collaborators();
+    parts.cache =
+        Tarnwick::PullRequestDiskCache{folder.filePath(QStringLiteral("none")).toStdString()};
+    parts.snapshot = reader;
+    const Tarnwick::PullRequestMenuModel other(std::move(parts));
+    EXPECT_EQ(other.rows().size(), 2U);
+    EXPECT_EQ(other.account(), "cached");
+}
+
 TEST_F(Snapshots, showsTheLastResultAtOnce)
 {
     selectTools();
