@@ -2,7 +2,9 @@
 
 #include "PullRequestKit/UniquePullRequests.h"
 
-#include <unordered_map>
+#include <algorithm>
+#include <iterator>
+#include <unordered_set>
 #include <utility>
 
 namespace Tarnwick {
@@ -53,17 +55,21 @@ std::vector<PullRequest> newPullRequests(
 std::vector<PullRequest> newlyUnblockedPullRequests(
     const std::vector<PullRequest>& current, const std::vector<PullRequest>& previous)
 {
-    std::unordered_map<PullRequestID, bool> wasBlocked;
+    // Few are blocked, and only those are copied.
+    std::unordered_set<PullRequestID> blocked;
     for (const PullRequest& pullRequest : previous) {
-        wasBlocked[pullRequest.id] = pullRequest.isBlocked();
-    }
-    std::vector<PullRequest> found;
-    for (PullRequest& pullRequest : uniquePullRequests(current)) {
-        const auto before = wasBlocked.find(pullRequest.id);
-        if (before != wasBlocked.end() && before->second && pullRequest.isUnblocked()) {
-            found.push_back(std::move(pullRequest));
+        if (pullRequest.isBlocked()) {
+            blocked.insert(pullRequest.id);
+        } else {
+            blocked.erase(pullRequest.id);
         }
     }
+    std::vector<PullRequest> found;
+    std::ranges::copy_if(current, std::back_inserter(found), [&](const PullRequest& pullRequest) {
+        return blocked.contains(pullRequest.id);
+    });
+    found = uniquePullRequests(std::move(found));
+    std::erase_if(found, [](const PullRequest& pullRequest) { return !pullRequest.isUnblocked(); });
     return found;
 }
 
