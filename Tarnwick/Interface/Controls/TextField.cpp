@@ -15,13 +15,26 @@ constexpr int symbolSize = 16;
 /// What a line edit keeps free at both ends of its text on its own.
 constexpr int editMargin = 2;
 
+QFont textFont(const Appearance& appearance)
+{
+    return appearance.line(TextStyle::body, TextWeight::regular).font;
+}
+
+/// A line edit measures its font at once, and the desktop's own, which nothing else here is written
+/// in, takes milliseconds to load.
+QLineEdit* editIn(QWidget* field, const Appearance& appearance)
+{
+    field->setFont(textFont(appearance));
+    return new QLineEdit(field);
+}
+
 }  // namespace
 
 TextField::TextField(const QString& symbol, const Appearance& appearance, QWidget* parent)
     : QWidget(parent)
     , _appearance(appearance)
     , _symbol(symbol)
-    , _edit(new QLineEdit(this))
+    , _edit(editIn(this, appearance))
 {
     _edit->setFrame(false);
     _edit->installEventFilter(this);
@@ -68,7 +81,7 @@ void TextField::adopt()
     palette.setColor(QPalette::HighlightedText, colours.onAccent);
     palette.setColor(QPalette::Disabled, QPalette::Text, colours.textTertiary);
     _edit->setPalette(palette);
-    _edit->setFont(_appearance.line(TextStyle::body, TextWeight::regular).font);
+    _edit->setFont(textFont(_appearance));
     updateGeometry();
     layOut();
     update();

@@ -1,5 +1,6 @@
 #include "Tarnwick/Interface/List/DetailsLayout.h"
 
+#include <QHash>
 #include <QStringList>
 
 #include <algorithm>
@@ -32,20 +33,27 @@ public:
     }
 
 private:
-    double widthOf(const Details& details) const
+    /// Most pieces are asked for several times.
+    double widthOf(const QString& piece)
     {
-        double width = _measure.width(details.owner + details.repository) + _gap
-                       + _measure.width(details.number) + separator() + _measure.width(details.age);
+        const auto known = _widths.constFind(piece);
+        return known == _widths.constEnd() ? *_widths.insert(piece, _measure.width(piece)) : *known;
+    }
+
+    double widthOf(const Details& details)
+    {
+        double width = widthOf(details.owner + details.repository) + _gap + widthOf(details.number)
+                       + separator() + widthOf(details.age);
         if (details.isDraft) {
-            width += _measure.width(draft) + separator();
+            width += widthOf(draft) + separator();
         }
         if (!details.author.isEmpty()) {
-            width += _measure.width(details.author) + separator();
+            width += widthOf(details.author) + separator();
         }
         return width;
     }
 
-    double separator() const { return 2 * _gap + _measure.width(dot); }
+    double separator() { return 2 * _gap + widthOf(dot); }
 
     void shorten(QString& piece, Qt::TextElideMode mode, double width)
     {
@@ -53,7 +61,7 @@ private:
         if (excess <= 0 || piece.isEmpty()) {
             return;
         }
-        const double room = std::max(0.0, _measure.width(piece) - excess);
+        const double room = std::max(0.0, widthOf(piece) - excess);
         const QString cut = _measure.elided(piece, mode, room);
         piece = cut.isEmpty() ? QStringLiteral("…") : cut;
         _isElided = true;
@@ -66,7 +74,7 @@ private:
         double left = 0;
         const auto put = [&](const QString& text) {
             layout.pieces.push_back({text, left});
-            left += _measure.width(text) + _gap;
+            left += widthOf(text) + _gap;
         };
         if (_details.isDraft) {
             put(draft);
@@ -86,6 +94,7 @@ private:
     Details _details;
     double _gap;
     const TextMeasure& _measure;
+    QHash<QString, double> _widths;
     bool _isElided = false;
 };
 

@@ -4,12 +4,19 @@
 
 #include <QFontMetricsF>
 
+#include <limits>
+
 namespace Tarnwick {
 namespace {
 
-/// How far a line may be from the sum of its letters, for kerning: pairs of Geist are drawn
-/// together by up to a tenth of the two.
-constexpr double tolerance = 0.1;
+/// How far a line may be from the sum of its letters, for kerning: "AVATo" is drawn together by
+/// more than a tenth.
+constexpr double tolerance = 0.25;
+
+/// The same with the pairs taken into account, for what three letters make of each other.
+constexpr double pairedTolerance = 0.015;
+constexpr float unknown = std::numeric_limits<float>::infinity();
+
 constexpr qsizetype mostKept = 5'000;
 
 }  // namespace
@@ -17,6 +24,7 @@ constexpr qsizetype mostKept = 5'000;
 TitleMeasure::TitleMeasure(const LineStyle& style)
     : _style(style)
 {
+    _kernings.fill(unknown);
     const QFontMetricsF metrics(style.font);
     constexpr char16_t firstPrintable = 0x20;
     for (char16_t letter = firstPrintable; letter < letterCount - 1; ++letter) {
@@ -33,6 +41,13 @@ int TitleMeasure::lineCount(const QString& title, int width)
     if (rough >= width * (1 + tolerance)) {
         return TitleLayout::mostLines;
     }
+    const double paired = rough < 0 ? rough : pairedWidth(title);
+    if (paired >= 0 && paired <= width * (1 - pairedTolerance)) {
+        return 1;
+    }
+    if (paired >= width * (1 + pairedTolerance)) {
+        return TitleLayout::mostLines;
+    }
     const auto known = _laidOut.constFind({width, title});
     if (known != _laidOut.constEnd()) {
         return *known;
@@ -43,6 +58,23 @@ int TitleMeasure::lineCount(const QString& title, int width)
     const int lines = TitleLayout(title, _style, width).lineCount();
     _laidOut.insert({width, title}, lines);
     return lines;
+}
+
+double TitleMeasure::pairedWidth(const QString& title)
+{
+    const QFontMetricsF metrics(_style.font);
+    double width = roughWidth(title);
+    for (qsizetype place = 1; place < title.size(); ++place) {
+        const std::size_t first = title[place - 1].unicode();
+        const std::size_t second = title[place].unicode();
+        float& kerning = _kernings.at(first * letterCount + second);
+        if (kerning == unknown) {
+            const double pair = metrics.horizontalAdvance(title.mid(place - 1, 2));
+            kerning = static_cast<float>(pair) - _letterWidths.at(first) - _letterWidths.at(second);
+        }
+        width += static_cast<double>(kerning);
+    }
+    return width;
 }
 
 double TitleMeasure::roughWidth(const QString& title) const

@@ -63,7 +63,9 @@ void Alert::setMessage(const QString& message)
 {
     _message->setText(message);
     setAccessibleDescription(message);
-    layOut();
+    if (isVisible()) {
+        layOut();
+    }
 }
 
 int Alert::layOutContent(const QPoint& origin, int width)

@@ -101,6 +101,9 @@ int Strip::heightForWidth(int width) const
 
 void Strip::layOut()
 {
+    if (_text.isEmpty()) {
+        return;
+    }
     const WrappedText text(_text, textStyle(_appearance), textWidth(width()), mostLines);
     setToolTip(text.isElided() ? _text : QString());
     const int middle = padding + textStyle(_appearance).height / 2;

@@ -155,4 +155,17 @@ TEST(TitleMeasure, countsTheLinesThatTheLayoutHas)
     EXPECT_EQ(measure.lineCount(u"תיקון יישור"_s, columnWidth), 1);
 }
 
+TEST(TitleMeasure, countsTheLinesOfTitlesWhoseLettersStandCloseTogether)
+{
+    TitleMeasure measure(style());
+    for (const QString& word : {u"AVAVATo"_s, u"a -> b => c"_s, u"fi ffl ///"_s}) {
+        const QString text = QStringList(20, word).join(u' ');
+        for (qsizetype length = 1; length <= text.size(); ++length) {
+            const QString title = text.left(length).trimmed();
+            EXPECT_EQ(measure.lineCount(title, columnWidth), layout(title).lineCount())
+                << title.toStdString();
+        }
+    }
+}
+
 }  // namespace
