@@ -3,6 +3,7 @@
 #include "TarnwickDirect/CommandLine/ListCommand.h"
 #include "TarnwickDirect/CommandLine/RepositoriesCommand.h"
 #include "TarnwickDirect/Environment.h"
+#include "TarnwickDirect/Memory.h"
 #include "TarnwickDirect/Settling.h"
 #include "TarnwickDirect/Version.h"
 
@@ -52,6 +53,7 @@ int runInTerminal(const Command& command, int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    Memory::holdLittle();
     try {
         const Command command =
             parseArguments(std::vector<std::string>(argv + std::min(argc, 1), argv + argc));

@@ -6,6 +6,7 @@ find_package(Threads REQUIRED)
 if(TARNWICK_QT)
     find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Svg Widgets)
     find_package(QCoro6 0.8 REQUIRED COMPONENTS Core)
+    find_package(Fontconfig REQUIRED)
 
     # The X server's own protocol, for the little that Qt does not say of it.
     find_path(XCB_INCLUDE_DIR xcb/xcb.h REQUIRED)

@@ -6,6 +6,7 @@
 #include "TarnwickDirect/Application/ApplicationService.h"
 #include "TarnwickDirect/Application/Display.h"
 #include "TarnwickDirect/Application/ExitGuard.h"
+#include "TarnwickDirect/Application/HeadStart.h"
 #include "TarnwickDirect/Application/SingleInstance.h"
 #include "TarnwickDirect/Application/TarnwickDirectApp.h"
 #include "TarnwickDirect/CommandLine/Interruption.h"
@@ -17,6 +18,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QSessionManager>
+#include <QTimer>
 
 #include <stdexcept>
 
@@ -30,9 +32,19 @@ void describeApplication()
         QString::fromUtf8(version().data(), qsizetype(version().size())));
     QGuiApplication::setDesktopFileName(QString::fromLatin1(ApplicationService::name));
     QApplication::setQuitOnLastWindowClosed(false);
-    Tarnwick::AppResources::bundle();
-    QApplication::setWindowIcon(QIcon(Tarnwick::AppResources::path(
-        QStringLiteral("tarnwick-zap-inner-light-icon"), QStringLiteral("svg"))));
+}
+
+/// What lists of windows show. It takes several milliseconds to draw, and nobody looks there before
+/// the first frame.
+void setIconOnceShown(PanelWindow& window)
+{
+    using namespace std::chrono_literals;
+    const auto setIcon = [] {
+        QApplication::setWindowIcon(QIcon(Tarnwick::AppResources::path(
+            QStringLiteral("tarnwick-zap-inner-light-icon"), QStringLiteral("svg"))));
+    };
+    const auto setIconSoon = [setIcon] { QTimer::singleShot(100ms, qApp, setIcon); };
+    QObject::connect(&window, &PanelWindow::shown, qApp, setIconSoon, Qt::SingleShotConnection);
 }
 
 /// The session starts the program again by its autostart entry, if the user wants it at all.
@@ -46,11 +58,15 @@ int runFirst(
     const PlatformData& platformData,
     const QDBusConnection& bus,
     ApplicationService& service,
-    const Interruption& interruption)
+    const Interruption& interruption,
+    HeadStart& headStart)
 {
     describeApplication();
-    TarnwickDirectApp app(
-        Tarnwick::desktopCollaborators(environment(), bus, Tarnwick::dismissPanel), bus, service);
+    auto collaborators = Tarnwick::desktopCollaborators(environment(), bus, Tarnwick::dismissPanel);
+    collaborators.snapshot = headStart.snapshot();
+    headStart.waitForFonts();
+    TarnwickDirectApp app(std::move(collaborators), bus, service);
+    setIconOnceShown(app.window());
     const ExitGuard exitGuard([&app] { app.stop(); });
     QObject::connect(
         &app,
@@ -73,6 +89,7 @@ int runOnDesktop(const ShowPanel& command, int argc, char** argv)
         throw std::runtime_error("There is no display to show the panel on; \"tarnwick list\" "
                                  "prints the pull requests.");
     }
+    HeadStart headStart;
     const PlatformData platformData = PlatformData::fromEnvironment();
     const QApplication application(argc, argv);
     const Interruption interruption;
@@ -86,7 +103,7 @@ int runOnDesktop(const ShowPanel& command, int argc, char** argv)
         X11::endStartup(platformData.startupId.toUtf8());
         return 0;
     }
-    const int status = runFirst(command, platformData, bus, service, interruption);
+    const int status = runFirst(command, platformData, bus, service, interruption, headStart);
     settle();
     if (interruption.signal()) {
         interruption.endProcess();

@@ -5,10 +5,12 @@
 #include "TarnwickDirect/Application/PanelSize.h"
 #include "TarnwickDirect/Application/TarnwickApplication.h"
 #include "TarnwickDirect/Application/TarnwickMenuContent.h"
+#include "TarnwickDirect/Memory.h"
 #include "TarnwickDirect/X11/X11.h"
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QTimer>
 
 #include <utility>
 
@@ -57,6 +59,7 @@ TarnwickDirectApp::TarnwickDirectApp(
     installAccessiblePanel();
     connectAppearance();
     connectPanel();
+    connectMemory();
     connectService(service);
     connect(&_trayHost, &TrayHost::changed, this, &TarnwickDirectApp::trayChanged);
 }
@@ -102,6 +105,24 @@ void TarnwickDirectApp::connectPanel()
     });
     connect(&_window, &PanelWindow::preferredSizeChanged, this, [this] {
         PanelSize::write(*_defaults, _window.preferredSize());
+    });
+}
+
+/// A refresh takes many times the memory of what it leaves.
+void TarnwickDirectApp::connectMemory()
+{
+    // By then the snapshot is on disk, too.
+    constexpr std::chrono::seconds afterRefresh{1};
+    auto* const timer = new QTimer(this);
+    timer->setSingleShot(true);
+    timer->setInterval(afterRefresh);
+    connect(timer, &QTimer::timeout, this, &Memory::giveBack);
+    connect(&_model, &PullRequestMenuModel::isRefreshingChanged, timer, [this, timer] {
+        if (_model.isRefreshing()) {
+            timer->stop();
+        } else {
+            timer->start();
+        }
     });
 }
 

@@ -45,6 +45,7 @@ Q_SIGNALS:
 private:
     void connectAppearance();
     void connectPanel();
+    void connectMemory();
     void connectService(ApplicationService& service);
     void trayChanged();
     void makeTrayItem();

@@ -1,6 +1,7 @@
 #include "TarnwickDirect/X11/X11.h"
 
 #include <QGuiApplication>
+#include <QHash>
 
 #include <cstdlib>
 #include <cstring>
@@ -87,10 +88,18 @@ std::optional<quint32> atom(const QByteArray& name)
     if (server == nullptr) {
         return std::nullopt;
     }
+    // They stay what they are as long as the server runs, and each question is a wait for it.
+    static QHash<QByteArray, quint32> known;
+    if (const auto found = known.constFind(name); found != known.constEnd()) {
+        return *found;
+    }
     const auto cookie =
         xcb_intern_atom(server, 0, static_cast<std::uint16_t>(name.size()), name.constData());
     const Answer<xcb_intern_atom_reply_t> answer(xcb_intern_atom_reply(server, cookie, nullptr));
-    return answer ? std::optional<quint32>(answer->atom) : std::nullopt;
+    if (!answer) {
+        return std::nullopt;
+    }
+    return *known.insert(name, answer->atom);
 }
 
 bool hasOwner(const QByteArray& selection)
@@ -154,10 +163,13 @@ void activate(WId window, quint32 time)
 
 void endStartup(const QByteArray& startupId)
 {
+    if (startupId.isEmpty()) {
+        return;
+    }
     xcb_connection_t* const server = connection();
     const auto begin = atom("_NET_STARTUP_INFO_BEGIN");
     const auto more = atom("_NET_STARTUP_INFO");
-    if (server == nullptr || !begin || !more || startupId.isEmpty()) {
+    if (server == nullptr || !begin || !more) {
         return;
     }
     const xcb_window_t root = rootWindow(server);

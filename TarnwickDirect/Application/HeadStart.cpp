@@ -1,0 +1,18 @@
+#include "TarnwickDirect/Application/HeadStart.h"
+
+#include <fontconfig/fontconfig.h>
+
+namespace TarnwickDirect {
+
+HeadStart::HeadStart()
+    : _snapshot(std::make_shared<Tarnwick::SnapshotReader>(Tarnwick::PullRequestDiskCache{}))
+    // Qt asks for the same on the main thread, and finds it done.
+    , _fonts(std::async(std::launch::async, [] { FcInit(); }))
+{}
+
+void HeadStart::waitForFonts()
+{
+    _fonts.wait();
+}
+
+}  // namespace TarnwickDirect

@@ -1,0 +1,26 @@
+#include "TarnwickDirect/Memory.h"
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
+namespace TarnwickDirect::Memory {
+
+void holdLittle()
+{
+#ifdef __GLIBC__
+    // By itself the threshold rises with the largest block that was ever freed, up to 32 MiB.
+    constexpr int largeBlock = 128 * 1024;
+    mallopt(M_MMAP_THRESHOLD, largeBlock);
+    mallopt(M_ARENA_MAX, 1);
+#endif
+}
+
+void giveBack()
+{
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
+}
+
+}  // namespace TarnwickDirect::Memory
