@@ -1,0 +1,147 @@
+#include "Benchmarks/Longest.h"
+#include "Benchmarks/PanelInput.h"
+#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Look/AppFonts.h"
+#include "Tarnwick/Interface/Picker/RepositoryPicker.h"
+#include "Tarnwick/PullRequestMenuView.h"
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QImage>
+#include <QLineEdit>
+#include <QScrollBar>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using namespace Tarnwick;
+using Benchmarks::listBeforeAndAfter;
+using Benchmarks::Longest;
+using Benchmarks::makeRepositories;
+using Benchmarks::ModelOnProvider;
+using Benchmarks::timeOf;
+using Benchmarks::timeOn;
+using Benchmarks::TurningProvider;
+
+constexpr QSize panelSize(440, 620);
+constexpr int repositoryCount = 3'000;
+
+/// A widget of the panel's size and a picture that it is painted to as to a screen.
+template<typename Shown>
+class OnScreen {
+public:
+    OnScreen()
+        : _provider(std::make_shared<TurningProvider>(
+              listBeforeAndAfter(), makeRepositories(repositoryCount)))
+        , _model(_provider)
+        , _shown(_model.model(), _appearance)
+    {
+        _shown.setAttribute(Qt::WA_DontShowOnScreen);
+        _shown.resize(panelSize);
+        _shown.show();
+        QCoreApplication::processEvents();
+        paint();
+    }
+
+    void paint() { _shown.render(&_screen); }
+
+    /// Whether the picture is another one than at the last call.
+    bool hasChanged() { return std::exchange(_seen, _screen.copy()) != _screen; }
+
+    ModelOnProvider& model() { return _model; }
+
+    const TurningProvider& provider() const { return *_provider; }
+
+    template<typename Part>
+    Part& part(const char* name)
+    {
+        auto* const found = _shown.template findChild<Part*>(QString::fromLatin1(name));
+        Q_ASSERT(found != nullptr);
+        return *found;
+    }
+
+private:
+    std::shared_ptr<TurningProvider> _provider;
+    ModelOnProvider _model;
+    Appearance _appearance{1.0};
+    Shown _shown;
+    QImage _screen{panelSize, QImage::Format_ARGB32_Premultiplied};
+    QImage _seen;
+};
+
+/// What the answer to a refresh takes of the main thread, from its arrival to the new picture.
+void aRefreshResultInThePanel(benchmark::State& state)
+{
+    OnScreen<PullRequestMenuView> panel;
+    Longest longest(state);
+    for ([[maybe_unused]] auto iteration : state) {
+        panel.model().refresh();
+        panel.paint();
+        longest.add(timeOn(CLOCK_THREAD_CPUTIME_ID) - panel.provider().mainThreadAtAnswer());
+        if (!panel.hasChanged()) {
+            state.SkipWithError("the refresh changed nothing");
+            break;
+        }
+    }
+    state.counters["rows"] = static_cast<double>(panel.model().model().rows().size());
+    longest.report();
+}
+
+BENCHMARK(aRefreshResultInThePanel)->Iterations(40)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+void scrollingThePicker(benchmark::State& state)
+{
+    OnScreen<RepositoryPicker> picker;
+    QScrollBar& bar = *picker.part<QAbstractScrollArea>("repositories").verticalScrollBar();
+    Longest longest(state);
+    for ([[maybe_unused]] auto iteration : state) {
+        longest.add(timeOf([&] {
+            bar.setValue(bar.value() == bar.maximum() ? 0 : bar.value() + bar.pageStep());
+            picker.paint();
+        }));
+        if (!picker.hasChanged()) {
+            state.SkipWithError("a page looks like the one before it");
+            break;
+        }
+    }
+    longest.report();
+}
+
+BENCHMARK(scrollingThePicker)->Iterations(300)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+/// Letter by letter, and everything shown again.
+void aKeystrokeInThePicker(benchmark::State& state)
+{
+    OnScreen<RepositoryPicker> picker;
+    auto& field = picker.part<QLineEdit>("findRepository");
+    const QString typed = QStringLiteral("service-12");
+    qsizetype length = 0;
+    Longest longest(state);
+    for ([[maybe_unused]] auto iteration : state) {
+        length = length == typed.size() ? 0 : length + 1;
+        longest.add(timeOf([&] {
+            field.setText(typed.left(length));
+            picker.paint();
+        }));
+        if (!picker.hasChanged()) {
+            state.SkipWithError("the letter changed nothing");
+            break;
+        }
+    }
+    longest.report();
+}
+
+BENCHMARK(aKeystrokeInThePicker)->Iterations(110)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    AppFonts::registerBundledFonts();
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,0 +1,1 @@
+"""What the scripts that watch the program from outside have in common."""

@@ -1,0 +1,108 @@
+"""A desktop session in which the program finds the large sample account, or what it kept of it."""
+
+import os
+import sys
+
+from gi.repository import Gio, GLib
+
+ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+sys.path.insert(0, os.path.join(ROOT, "Tests", "Session"))
+
+from desktop.github import GitHub  # noqa: E402
+from desktop.session import Session  # noqa: E402
+
+NAME = "dev.tarnwick.Tarnwick"
+PATH = "/dev/tarnwick/Tarnwick"
+
+SETTINGS = """filters.reviewers=Any
+filters.status=Draft, Open
+polling.interval=1800
+"""
+
+# The panel's first size, and that of the empty window.
+SIZE = (440, 620)
+
+
+class Place:
+    """A session with a display and a bus. Its home holds settings that select everything and the
+    cache of a refresh."""
+
+    def __init__(self, programs):
+        self.programs = programs
+        self.session = Session()
+        self.session.start_display()
+        self.session.start_bus()
+        folder = os.path.join(self.session.folder, "github")
+        self.github = GitHub(self.session.processes, programs, folder, "large")
+        self.session.environment["GH_CONFIG_DIR"] = self.github.configuration
+        self.rows = self._fill()
+
+    def _run(self, *arguments):
+        answer = self.session.processes.run(
+            os.path.join(self.programs, "tarnwick"), *arguments, limit=120
+        )
+        if answer.returncode != 0:
+            raise AssertionError(f"tarnwick {arguments[0]} failed: {answer.stderr}")
+        return answer.stdout
+
+    def _fill(self):
+        self._run("repositories", "select", "--all")
+        with open(self._settings_file, "a", encoding="utf-8") as file:
+            file.write(SETTINGS)
+        return self._run("list", "--json").count('"depth":')
+
+    @property
+    def _settings_file(self):
+        return os.path.join(self.session.environment["XDG_CONFIG_HOME"], NAME, "settings.ini")
+
+    @property
+    def display(self):
+        return self.session.environment["DISPLAY"]
+
+    def start_tray(self):
+        """A window manager and a desktop's panel that shows the icon."""
+        self.session.start_window_manager("xfwm4", "--compositor=off")
+        self.session.start_xfce_panel()
+
+    def panel(self):
+        """The panel's window once it is in sight."""
+        return self.session.screen.wait_for_window()
+
+    def start(self, program, *arguments):
+        return self.session.processes.start(os.path.join(self.programs, program), *arguments)
+
+    def end(self, process):
+        self.session.processes.end(process)
+
+    def close(self):
+        self.session.end(keep=False)
+
+
+class Bus:
+    """Speaks to the running program, without starting a program for it."""
+
+    def __init__(self, session):
+        flags = (
+            Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+            | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+        )
+        self._connection = Gio.DBusConnection.new_for_address_sync(
+            session.environment["DBUS_SESSION_BUS_ADDRESS"], flags, None, None
+        )
+
+    def toggle(self):
+        """Has the panel shown or hidden. Does not wait for it."""
+        arguments = GLib.Variant("(sava{sv})", ("toggle", [], {}))
+        self._connection.call(
+            NAME,
+            PATH,
+            "org.freedesktop.Application",
+            "ActivateAction",
+            arguments,
+            None,
+            Gio.DBusCallFlags.NONE,
+            -1,
+            None,
+            None,
+        )
+        self._connection.flush_sync(None)
