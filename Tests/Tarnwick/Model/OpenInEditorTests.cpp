@@ -2,6 +2,7 @@
 
 #include "Fakes/ModelFixture.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 namespace {
@@ -9,6 +10,7 @@ namespace {
 using namespace PullRequestKit;
 using namespace Tarnwick;
 using namespace std::string_literals;
+using testing::ElementsAre;
 using testing::IsEmpty;
 using TestSupport::makePullRequest;
 
@@ -124,14 +126,17 @@ TEST_F(OpenInEditor, endsQuietlyWhenTheModelGoes)
 {
     haveClone();
     model->setProjectDirectory(projects());
-    std::optional<std::string> problem = "not yet";
-    desktop.meanwhile([] {});
-    auto opening = model->openInEditor(makePullRequest(7), desktop.progress());
-    auto kept = keep(std::move(opening), &problem);
-    model.reset();
-    TestSupport::runToEnd(std::move(kept));
-    EXPECT_EQ(problem, std::nullopt);
-    EXPECT_THAT(desktop.journal(), IsEmpty());
+    // The worker waits until the model is gone.
+    desktop.meanwhile([this] {
+        QMetaObject::invokeMethod(qApp, [this] { model.reset(); }, Qt::BlockingQueuedConnection);
+    });
+    EXPECT_EQ(open(), std::nullopt);
+    EXPECT_EQ(model, nullptr);
+    EXPECT_THAT(
+        desktop.journal(),
+        ElementsAre(
+            "progress Fetching origin…",
+            "run /usr/bin/git [-C] [" + projects() + "/tools] [fetch] [origin]"));
 }
 
 TEST(ProjectFolder, isTheTextWithoutWhiteSpaceAndSlashesAtItsEnds)
