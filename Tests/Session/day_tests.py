@@ -72,22 +72,24 @@ class DayTests(SessionTest):
         for submenu, item in (
             ("Settings", "Dark Mode"),
             ("Polling", "30 minutes"),
-            ("Notifications", "New PR"),
             ("Reviewers", "Myself"),
             ("Reviewers", "Any"),
             ("Checks", "Pass"),
             ("Checks", "Pass"),
         ):
-            self.reader.press("push button", "List options")
-            self.reader.press("menu item", submenu)
-            self.reader.press("menu item", item)
+            self.choose(submenu, item)
             self.screen.key("Escape", "Escape")
             self.reader.wait_until_gone("popup menu", "List options")
-            if item == "New PR":
-                # There is no server of notifications in this session.
-                self.reader.press("push button", "Cancel")
-                self.reader.wait_until_gone("push button", "Cancel")
+        # There is no server of notifications in this session.
+        self.choose("Notifications", "New PR")
+        self.reader.press("push button", "Cancel")
+        self.reader.wait_until_gone("push button", "Cancel")
         self.reader.find(name=COUNT)
+
+    def choose(self, submenu, item):
+        self.reader.press("push button", "List options")
+        self.reader.press("menu item", submenu)
+        self.reader.press("menu item", item)
 
     def choose_repositories(self):
         self.reader.press("push button", "List options")
