@@ -95,14 +95,14 @@ void OptionsMenu::addChoices(const QString& title, IsChosen isChosen, Choose cho
     }
 }
 
-template<typename E>
-void OptionsMenu::addFilter(
-    const QString& title, std::set<E> Settings::* filter, void (PullRequestMenuModel::*toggle)(E))
+/// `toggle` is an operation of the model.
+template<auto toggle, typename E>
+void OptionsMenu::addFilter(const QString& title, std::set<E> Settings::* filter)
 {
     addChoices<E>(
         title,
         [this, filter](E value) { return (_model.settings().*filter).contains(value); },
-        [this, toggle](E value) { (_model.*toggle)(value); });
+        [this](E value) { (_model.*toggle)(value); });
 }
 
 void OptionsMenu::addPolling()
@@ -153,18 +153,12 @@ void OptionsMenu::addFilters()
         QStringLiteral("Reviewers"),
         [this](ReviewerFilter value) { return _model.settings().reviewerFilter == value; },
         [this](ReviewerFilter value) { _model.setReviewerFilter(value); });
-    addFilter<StatusFilter>(
-        QStringLiteral("Status"), &Settings::statuses, &PullRequestMenuModel::toggleStatus);
-    addFilter<ChecksFilter>(
-        QStringLiteral("Checks"), &Settings::checks, &PullRequestMenuModel::toggleChecks);
-    addFilter<ReviewFilter>(
-        QStringLiteral("Reviews"),
-        &Settings::reviewFilters,
-        &PullRequestMenuModel::toggleReviewFilter);
-    addFilter<MergeabilityFilter>(
-        QStringLiteral("Merge-ready"),
-        &Settings::mergeabilities,
-        &PullRequestMenuModel::toggleMergeability);
+    addFilter<&PullRequestMenuModel::toggleStatus>(QStringLiteral("Status"), &Settings::statuses);
+    addFilter<&PullRequestMenuModel::toggleChecks>(QStringLiteral("Checks"), &Settings::checks);
+    addFilter<&PullRequestMenuModel::toggleReviewFilter>(
+        QStringLiteral("Reviews"), &Settings::reviewFilters);
+    addFilter<&PullRequestMenuModel::toggleMergeability>(
+        QStringLiteral("Merge-ready"), &Settings::mergeabilities);
 }
 
 void OptionsMenu::updateCheckMarks()

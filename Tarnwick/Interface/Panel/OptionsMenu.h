@@ -36,11 +36,8 @@ private:
     template<typename E, typename IsChosen, typename Choose>
     void addChoices(const QString& title, IsChosen isChosen, Choose choose);
     /// A submenu of the values of a filter, each of which is in it or not.
-    template<typename E>
-    void addFilter(
-        const QString& title,
-        std::set<E> Settings::* filter,
-        void (PullRequestMenuModel::*toggle)(E));
+    template<auto toggle, typename E>
+    void addFilter(const QString& title, std::set<E> Settings::* filter);
 
     void addPolling();
     void addNotifications();
