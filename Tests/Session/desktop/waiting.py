@@ -3,7 +3,7 @@
 import time
 
 # Far beyond what anything here takes, so that a slow machine fails nothing.
-LIMIT = 20.0
+LIMIT = 60.0
 
 
 def wait_until(condition, what, limit=LIMIT):
