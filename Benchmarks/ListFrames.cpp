@@ -3,9 +3,7 @@
 #include "Benchmarks/Timing.h"
 #include "PullRequestKit/StackBuilder.h"
 #include "Tarnwick/Interface/List/PullRequestListView.h"
-#include "Tarnwick/Interface/Look/AppFonts.h"
 
-#include <QApplication>
 #include <QImage>
 #include <QScrollBar>
 
@@ -150,13 +148,3 @@ BENCHMARK(theFirstFrame)
     ->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-int main(int argc, char** argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    AppFonts::registerBundledFonts();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -1,12 +1,10 @@
 #include "Benchmarks/Longest.h"
 #include "Benchmarks/PanelInput.h"
 #include "Tarnwick/Interface/Look/Appearance.h"
-#include "Tarnwick/Interface/Look/AppFonts.h"
 #include "Tarnwick/Interface/Picker/RepositoryPicker.h"
 #include "Tarnwick/PullRequestMenuView.h"
 
 #include <QAbstractScrollArea>
-#include <QApplication>
 #include <QImage>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -135,13 +133,3 @@ void aKeystrokeInThePicker(benchmark::State& state)
 BENCHMARK(aKeystrokeInThePicker)->Iterations(110)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-int main(int argc, char** argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    AppFonts::registerBundledFonts();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -10,6 +10,7 @@
 namespace Tarnwick {
 
 /// What a notification server shows of this program's, by the server's own numbers.
+/// Main thread only.
 class ShownNotifications {
 public:
     struct Entry {

@@ -5,7 +5,7 @@
 namespace TarnwickDirect {
 
 /// An edge or a corner of a window without a frame, by which the user changes its size. It shows
-/// nothing but the pointer's form.
+/// nothing but the pointer's form. Main thread only.
 class EdgeGrip final : public QWidget {
 public:
     EdgeGrip(Qt::Edges edges, QWidget* window);

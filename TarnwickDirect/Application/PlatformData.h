@@ -7,7 +7,7 @@
 namespace TarnwickDirect {
 
 /// What a launcher hands on so that the window it asks for may come to the front. Both may be
-/// empty.
+/// empty. Safe from any thread.
 struct PlatformData {
     QString activationToken;  ///< On Wayland.
     QString startupId;        ///< On X11, by the startup notification protocol.

@@ -6,7 +6,7 @@
 namespace TarnwickDirect {
 
 /// Rounds off the window that it lies over, above everything else there but the border. It lets the
-/// pointer through.
+/// pointer through. Main thread only.
 class RoundedCorners final : public QWidget {
 public:
     static constexpr int radius = 16;

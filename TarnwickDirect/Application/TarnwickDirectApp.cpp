@@ -73,12 +73,12 @@ TarnwickDirectApp::~TarnwickDirectApp()
 
 void TarnwickDirectApp::connectAppearance()
 {
-    const auto apply = [this] { Tarnwick::applyToApplication(_appearance); };
-    connect(&_appearance, &Tarnwick::Appearance::changed, this, apply);
-    apply();
     const auto follow = [this] { _appearance.setDark(_model.settings().darkMode); };
     connect(&_model, &PullRequestMenuModel::darkModeChanged, this, follow);
     follow();
+    const auto apply = [this] { Tarnwick::applyToApplication(_appearance); };
+    connect(&_appearance, &Tarnwick::Appearance::changed, this, apply);
+    apply();
 }
 
 void TarnwickDirectApp::connectPanel()

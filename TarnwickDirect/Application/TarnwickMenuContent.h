@@ -7,7 +7,7 @@
 namespace TarnwickDirect {
 
 /// The panel's content as the program has it: what the shell knows of software updates goes in, and
-/// the menu view on the shared model comes out.
+/// the menu view on the shared model comes out. Main thread only.
 struct TarnwickMenuContent {
     bool canCheckForUpdates = false;
     std::function<void()> checkForUpdates;  ///< Empty where the program has no updater.

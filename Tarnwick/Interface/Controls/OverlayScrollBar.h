@@ -10,7 +10,7 @@ namespace Tarnwick {
 
 /// A vertical scroll bar that is nothing but its handle, in the gutter at the right of a scroll
 /// area, where it takes no room. It grows under the pointer. The area's own bar keeps the values
-/// and is not shown.
+/// and is not shown. Main thread only.
 class OverlayScrollBar final : public QWidget {
     Q_OBJECT
 

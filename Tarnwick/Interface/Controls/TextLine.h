@@ -7,6 +7,7 @@
 namespace Tarnwick {
 
 /// One line of text in a style of the design. It ends in "…" where it is too long.
+/// Main thread only.
 class TextLine final : public QLabel {
     Q_OBJECT
 

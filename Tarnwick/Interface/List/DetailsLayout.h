@@ -28,7 +28,7 @@ struct TextMeasure {
     std::function<QString(const QString&, Qt::TextElideMode, double)> elided;
 };
 
-/// `gap` stands on both sides of each "·" and between repository and number.
+/// `gap` stands on both sides of each "·" and between repository and number. Main thread only.
 DetailsLayout layOutDetails(
     const RowWording::Details& details, double width, double gap, const TextMeasure& measure);
 

@@ -20,7 +20,7 @@ enum class ListCommand {
     showMenu,
 };
 
-/// Nothing for keys that are the panel's.
+/// Nothing for keys that are the panel's. Safe from any thread.
 std::optional<ListCommand> listCommand(const QKeyEvent& event);
 
 }  // namespace Tarnwick

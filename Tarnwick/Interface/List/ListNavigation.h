@@ -17,7 +17,7 @@ struct ListExtent {
 };
 
 /// The row that a key leads to from the selected one, or from none, which is -1: then the first row
-/// in sight begins. A page ends with the last row that fits into it whole.
+/// in sight begins. A page ends with the last row that fits into it whole. Safe from any thread.
 int targetRow(ListCommand command, int selected, const ListExtent& list);
 
 }  // namespace Tarnwick

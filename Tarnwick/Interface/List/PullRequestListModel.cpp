@@ -1,5 +1,6 @@
 #include "Tarnwick/Interface/List/PullRequestListModel.h"
 
+#include "Tarnwick/Interface/List/FindText.h"
 #include "Tarnwick/Interface/List/RowWording.h"
 
 #include <algorithm>
@@ -55,7 +56,7 @@ private:
 }  // namespace
 
 PullRequestListModel::PullRequestListModel(Now now, QObject* parent)
-    : QAbstractListModel(parent)
+    : RowListModel(parent)
     , _now(std::move(now))
 {}
 
@@ -110,36 +111,9 @@ void PullRequestListModel::show(Contents contents)
     std::ranges::transform(_shown, std::back_inserter(targets), [&](const auto& content) {
         return places.of(content->row().id());
     });
-    takeSteps(rowChanges(targets, static_cast<int>(contents.size())), contents);
+    takeSteps(_shown, rowChanges(targets, static_cast<int>(contents.size())), contents);
     replaceContents(contents);
     Q_EMIT listChanged();
-}
-
-void PullRequestListModel::takeSteps(const RowChanges& changes, const Contents& wanted)
-{
-    for (const RowRange& range : changes.removals) {
-        beginRemoveRows({}, range.first, range.last);
-        _shown.erase(_shown.begin() + range.first, _shown.begin() + range.last + 1);
-        endRemoveRows();
-    }
-    for (const auto& [from, to] : changes.moves) {
-        beginMoveRows({}, from, from, {}, to > from ? to + 1 : to);
-        const auto moved = _shown.begin() + from;
-        if (to > from) {
-            std::rotate(moved, moved + 1, _shown.begin() + to + 1);
-        } else {
-            std::rotate(_shown.begin() + to, moved, moved + 1);
-        }
-        endMoveRows();
-    }
-    for (const RowRange& range : changes.insertions) {
-        beginInsertRows({}, range.first, range.last);
-        _shown.insert(
-            _shown.begin() + range.first,
-            wanted.begin() + range.first,
-            wanted.begin() + range.last + 1);
-        endInsertRows();
-    }
 }
 
 void PullRequestListModel::replaceContents(const Contents& wanted)
@@ -151,9 +125,7 @@ void PullRequestListModel::replaceContents(const Contents& wanted)
             changed.push_back(static_cast<int>(row));
         }
     }
-    for (const RowRange& range : ranges(changed)) {
-        Q_EMIT dataChanged(index(range.first), index(range.last));
-    }
+    announceData(changed);
 }
 
 QModelIndex PullRequestListModel::indexOf(const PullRequestID& id) const

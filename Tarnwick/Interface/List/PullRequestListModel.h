@@ -1,9 +1,8 @@
 #pragma once
 
-#include "Tarnwick/Interface/List/RowChanges.h"
 #include "Tarnwick/Interface/List/RowContent.h"
+#include "Tarnwick/Interface/List/RowListModel.h"
 
-#include <QAbstractListModel>
 #include <QStringList>
 
 #include <functional>
@@ -18,7 +17,7 @@ namespace Tarnwick {
 ///
 /// `Qt::DisplayRole` is the title, `Qt::AccessibleTextRole` the row as one sentence, and
 /// `Qt::AccessibleDescriptionRole` the line of details.
-class PullRequestListModel final : public QAbstractListModel {
+class PullRequestListModel final : public RowListModel {
     Q_OBJECT
 
 public:
@@ -63,7 +62,6 @@ private:
 
     void show(Contents contents);
     Contents found() const;
-    void takeSteps(const RowChanges& changes, const Contents& wanted);
     void replaceContents(const Contents& wanted);
 
     Now _now;

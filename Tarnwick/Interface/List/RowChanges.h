@@ -31,6 +31,7 @@ struct RowChanges {
 /// `targets` holds for each row of the old list its place in the new one, or -1 where it goes;
 /// places that are not named are new rows. Rows that keep their order among each other are not
 /// moved, as many of them as there can be. Takes n log n time and, for each move, n more.
+/// Safe from any thread.
 RowChanges rowChanges(const std::vector<int>& targets, int newCount);
 
 /// Places that follow each other, put together to ranges. Requires: `rows` ascends.

@@ -8,7 +8,7 @@
 namespace Tarnwick {
 
 /// The colours that tell a pull request's state. Green, red, purple and draft grey are the same in
-/// both appearances.
+/// both appearances. Safe from any thread.
 namespace RowColors {
 
 inline const QColor green = QColor::fromRgbF(0.102F, 0.498F, 0.216F);

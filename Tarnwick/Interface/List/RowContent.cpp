@@ -1,22 +1,12 @@
 #include "Tarnwick/Interface/List/RowContent.h"
 
 #include "Tarnwick/Interface/List/CountFigures.h"
+#include "Tarnwick/Interface/List/FindText.h"
 #include "Tarnwick/Interface/List/TitleLayout.h"
 
-#include <QStringList>
-
-#include <algorithm>
 #include <utility>
 
 namespace Tarnwick {
-namespace {
-
-bool isAscii(const QString& text)
-{
-    return std::ranges::all_of(text, [](QChar character) { return character.unicode() < 0x80; });
-}
-
-}  // namespace
 
 RowContent::RowContent(ListedRow listed)
     : _listed(std::move(listed))
@@ -51,24 +41,7 @@ bool RowContent::matches(const QStringList& foldedWords) const
         // No word holds a line break, so none is found across two fields.
         _searchText = folded(fields.join(QLatin1Char('\n')));
     }
-    return std::ranges::all_of(
-        foldedWords, [&](const QString& word) { return _searchText.contains(word); });
-}
-
-QString folded(const QString& text)
-{
-    if (isAscii(text)) {
-        return text.toLower();
-    }
-    QString decomposed = text.normalized(QString::NormalizationForm_KD).toCaseFolded();
-    decomposed.removeIf(
-        [](QChar character) { return character.category() == QChar::Mark_NonSpacing; });
-    return decomposed;
-}
-
-QStringList foldedWords(const QString& text)
-{
-    return folded(text).simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    return holdsAll(_searchText, foldedWords);
 }
 
 }  // namespace Tarnwick

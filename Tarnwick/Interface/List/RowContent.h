@@ -16,6 +16,7 @@ struct ListedRow {
 };
 
 /// A listed row with its words made ready, so that painting and searching need not do it again.
+/// Main thread only.
 class RowContent {
 public:
     explicit RowContent(ListedRow listed);
@@ -54,11 +55,5 @@ private:
     QString _checkLabel;
     mutable QString _searchText;
 };
-
-/// A text as searching compares it: without case and accents.
-QString folded(const QString& text);
-
-/// The words of what somebody types to find something, folded.
-QStringList foldedWords(const QString& text);
 
 }  // namespace Tarnwick

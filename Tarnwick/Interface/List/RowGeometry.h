@@ -17,6 +17,7 @@ struct RowShape {
 
 /// Where everything of one row is, in logical pixels from the row's upper left corner. Size hint,
 /// painting, hit tests and help texts all go by it. What a row does not have is empty.
+/// Safe from any thread.
 struct RowGeometry {
     int height = 0;
     QRect fill;  ///< Under the pointer, when selected, and inside the focus ring.

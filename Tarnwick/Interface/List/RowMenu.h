@@ -13,7 +13,7 @@ struct RowMenuActions {
     std::function<void()> openInEditor;
 };
 
-/// The menu of a row, which deletes itself when it has been closed.
+/// The menu of a row, which deletes itself when it has been closed. Main thread only.
 Menu* makeRowMenu(
     const PullRequestKit::PullRequest& pullRequest,
     RowMenuActions actions,

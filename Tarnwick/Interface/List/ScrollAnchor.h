@@ -11,6 +11,7 @@ class PullRequestListView;
 
 /// Where the rows in sight stand, so that the list can be put back to show the same ones at the
 /// same height after it has changed or got other sizes. A list at its top stays at its top.
+/// Main thread only.
 class ScrollAnchor {
 public:
     explicit ScrollAnchor(const PullRequestListView& view);

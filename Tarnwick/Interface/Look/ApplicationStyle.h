@@ -8,6 +8,7 @@
 namespace Tarnwick {
 
 /// Fusion, with help texts on a small card as menus are. Belongs to the application.
+/// Main thread only.
 class ApplicationStyle final : public QProxyStyle {
     Q_OBJECT
 

@@ -11,7 +11,7 @@ class Appearance;
 class AuthenticationPanel;
 class StatusPanel;
 
-/// What stands between header and footer, chosen by the model's state.
+/// What stands between header and footer, chosen by the model's state. Main thread only.
 class ContentArea final : public QStackedWidget {
     Q_OBJECT
 

@@ -9,7 +9,7 @@
 namespace Tarnwick {
 
 /// The panel's menu: what the list does, what it leaves out, and the program itself. Its check
-/// marks follow the model.
+/// marks follow the model. Main thread only.
 class OptionsMenu final : public Menu {
     Q_OBJECT
 

@@ -14,6 +14,7 @@ class EditorFlow;
 class EditorOverlay;
 
 /// What stands over the panel at times: the alerts, and the overlay while the editor is opened.
+/// Main thread only.
 class PanelAlerts final : public QObject {
     Q_OBJECT
 

@@ -88,6 +88,11 @@ int Strip::textWidth(int width) const
     return end - textStart();
 }
 
+WrappedText Strip::laidOut(int width) const
+{
+    return WrappedText(_text, textStyle(_appearance), textWidth(width), mostLines);
+}
+
 QSize Strip::sizeHint() const
 {
     return {360, heightForWidth(width() > 0 ? width() : 360)};
@@ -95,7 +100,7 @@ QSize Strip::sizeHint() const
 
 int Strip::heightForWidth(int width) const
 {
-    const WrappedText text(_text, textStyle(_appearance), textWidth(width), mostLines);
+    const WrappedText text = laidOut(width);
     return 2 * padding + std::max(text.height(), textStyle(_appearance).height);
 }
 
@@ -104,8 +109,7 @@ void Strip::layOut()
     if (_text.isEmpty()) {
         return;
     }
-    const WrappedText text(_text, textStyle(_appearance), textWidth(width()), mostLines);
-    setToolTip(text.isElided() ? _text : QString());
+    setToolTip(laidOut(width()).isElided() ? _text : QString());
     const int middle = padding + textStyle(_appearance).height / 2;
     const QSize cross = _dismiss->visibleSize();
     // The cross itself, which is smaller than its box, ends at the side margin.
@@ -142,8 +146,7 @@ void Strip::paintEvent(QPaintEvent* /*event*/)
         SystemSymbol{QStringLiteral("exclamationmark.triangle")}.draw(
             painter, QRectF(sideMargin, padding, size, size), palette.amber);
     }
-    const WrappedText text(_text, textStyle(_appearance), textWidth(width()), mostLines);
-    text.draw(
+    laidOut(width()).draw(
         painter,
         QPointF(textStart(), padding),
         textWidth(width()),

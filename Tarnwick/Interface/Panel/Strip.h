@@ -7,9 +7,10 @@ namespace Tarnwick {
 class Appearance;
 class IconButton;
 class TextButton;
+class WrappedText;
 
-/// A line above the footer that says what went wrong or is left out, and can be put away. It slides
-/// in; a text of more than three lines is in its help text.
+/// A line above the footer that says what went wrong or is left out, and can be put away. A
+/// text of more than three lines is in its help text. Main thread only.
 class Strip final : public QWidget {
     Q_OBJECT
 
@@ -48,6 +49,7 @@ private:
     void layOut();
     int textStart() const;
     int textWidth(int width) const;
+    WrappedText laidOut(int width) const;
 
     Tone _tone;
     const Appearance& _appearance;

@@ -10,7 +10,7 @@ class Appearance;
 class Strip;
 
 /// The strips above the footer: what went wrong with the refresh and with a setting, and what
-/// GitHub left out. At most one of each.
+/// GitHub left out. At most one of each. Main thread only.
 class StripStack final : public QWidget {
     Q_OBJECT
 

@@ -7,6 +7,7 @@ namespace Tarnwick {
 class Appearance;
 
 /// Where the picker's parts lie, in logical pixels. Buttons are told by what is seen of them.
+/// Main thread only.
 struct PickerLayout {
     /// The sizes of what lies at the right and of what is as high as its texts.
     struct Sizes {

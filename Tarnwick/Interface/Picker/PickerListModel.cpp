@@ -1,5 +1,6 @@
 #include "Tarnwick/Interface/Picker/PickerListModel.h"
 
+#include "Tarnwick/Interface/List/FindText.h"
 #include "Tarnwick/Interface/Picker/PickerWording.h"
 #include "Tarnwick/Interface/Picker/RepositoryGroups.h"
 
@@ -79,7 +80,7 @@ void keepOnly(Map& map, const Names& names)
 }  // namespace
 
 PickerListModel::PickerListModel(QObject* parent)
-    : QAbstractListModel(parent)
+    : RowListModel(parent)
 {}
 
 void PickerListModel::setRepositories(const std::vector<RepositorySummary>& repositories)
@@ -127,18 +128,11 @@ void PickerListModel::setSelection(const std::set<std::string>& selected)
 
 void PickerListModel::setFindText(const QString& text)
 {
-    const QStringList words =
-        text.toCaseFolded().simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    const QStringList words = foldedWords(text);
     if (_words != words) {
         _words = words;
         show(wantedRows());
     }
-}
-
-bool PickerListModel::matches(const PickerRepository& repository) const
-{
-    return std::ranges::all_of(
-        _words, [&](const QString& word) { return repository.searchText.contains(word); });
 }
 
 std::vector<PickerRow> PickerListModel::wantedRows() const
@@ -146,7 +140,7 @@ std::vector<PickerRow> PickerListModel::wantedRows() const
     std::vector<PickerRow> wanted;
     wanted.reserve(_all.size());
     for (const PickerRow& row : _all) {
-        if (!row.isOwner() && !matches(*row.repository)) {
+        if (!row.isOwner() && !holdsAll(row.repository->searchText, _words)) {
             continue;
         }
         // An owner gives way to the next when nothing of it has matched.
@@ -165,38 +159,9 @@ void PickerListModel::show(const std::vector<PickerRow>& wanted)
 {
     const RowChanges changes =
         rowChanges(placesIn(wanted, _shown), static_cast<int>(wanted.size()));
-    take(changes, wanted);
+    takeSteps(_shown, changes, wanted);
     countSelected();
     announceChanges();
-}
-
-void PickerListModel::take(const RowChanges& changes, const std::vector<PickerRow>& wanted)
-{
-    for (const RowRange& range : changes.removals) {
-        beginRemoveRows({}, range.first, range.last);
-        _shown.erase(_shown.begin() + range.first, _shown.begin() + range.last + 1);
-        endRemoveRows();
-    }
-    for (const RowMove& move : changes.moves) {
-        // Qt counts the destination in the list before the move.
-        beginMoveRows({}, move.from, move.from, {}, move.to > move.from ? move.to + 1 : move.to);
-        const auto from = _shown.begin() + move.from;
-        const auto to = _shown.begin() + move.to;
-        if (move.from < move.to) {
-            std::rotate(from, from + 1, to + 1);
-        } else {
-            std::rotate(to, from, from + 1);
-        }
-        endMoveRows();
-    }
-    for (const RowRange& range : changes.insertions) {
-        beginInsertRows({}, range.first, range.last);
-        _shown.insert(
-            _shown.begin() + range.first,
-            wanted.begin() + range.first,
-            wanted.begin() + range.last + 1);
-        endInsertRows();
-    }
 }
 
 void PickerListModel::countSelected()
@@ -231,27 +196,14 @@ void PickerListModel::announceChanges()
             isChanged = false;
         }
     }
-    for (const RowRange& range : ranges(changed)) {
-        Q_EMIT dataChanged(index(range.first), index(range.last));
-    }
+    announceData(changed);
 }
 
-std::vector<std::string> PickerListModel::shownNames() const
+std::vector<std::string> PickerListModel::shownNames(const PickerOwner* owner) const
 {
     std::vector<std::string> names;
     for (const PickerRow& row : _shown) {
-        if (!row.isOwner()) {
-            names.push_back(row.repository->summary.fullName);
-        }
-    }
-    return names;
-}
-
-std::vector<std::string> PickerListModel::shownNamesOf(const PickerOwner& owner) const
-{
-    std::vector<std::string> names;
-    for (const PickerRow& row : _shown) {
-        if (!row.isOwner() && row.owner == &owner) {
+        if (!row.isOwner() && (owner == nullptr || row.owner == owner)) {
             names.push_back(row.repository->summary.fullName);
         }
     }
@@ -267,7 +219,7 @@ bool PickerListModel::setData(const QModelIndex& index, const QVariant& value, i
     const bool selected = value.toInt() == Qt::Checked;
     std::vector<std::string> names;
     if (wanted.isOwner()) {
-        names = shownNamesOf(*wanted.owner);
+        names = shownNames(wanted.owner);
         Q_EMIT selectionRequested(names, selected);
     } else {
         names = {wanted.repository->summary.fullName};

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "Tarnwick/Interface/List/RowChanges.h"
+#include "Tarnwick/Interface/List/RowListModel.h"
 #include "Tarnwick/Interface/Picker/PickerRow.h"
 
-#include <QAbstractListModel>
 #include <QStringList>
 
 #include <set>
@@ -19,7 +18,7 @@ namespace Tarnwick {
 ///
 /// `Qt::DisplayRole` is the owner or the repository's name, `Qt::AccessibleTextRole` the row in
 /// words, `Qt::CheckStateRole` whether the repository, all of the owner's or some are selected.
-class PickerListModel final : public QAbstractListModel {
+class PickerListModel final : public RowListModel {
     Q_OBJECT
 
 public:
@@ -42,8 +41,8 @@ public:
 
     const PickerRow& row(int number) const { return _shown[static_cast<std::size_t>(number)]; }
 
-    /// The full names of the repositories that are listed.
-    std::vector<std::string> shownNames() const;
+    /// The full names of the repositories that are listed; of this owner alone, if one is given.
+    std::vector<std::string> shownNames(const PickerOwner* owner = nullptr) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -56,13 +55,10 @@ Q_SIGNALS:
     void selectionRequested(const std::vector<std::string>& names, bool selected);
 
 private:
-    bool matches(const PickerRepository& repository) const;
     std::vector<PickerRow> wantedRows() const;
     void show(const std::vector<PickerRow>& wanted);
-    void take(const RowChanges& changes, const std::vector<PickerRow>& wanted);
     void countSelected();
     void announceChanges();
-    std::vector<std::string> shownNamesOf(const PickerOwner& owner) const;
 
     // Nodes of these maps stay where they are while others come and go, and rows point to them.
     std::unordered_map<std::string, PickerRepository> _repositories;

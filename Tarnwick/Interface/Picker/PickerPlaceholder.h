@@ -7,7 +7,7 @@ namespace Tarnwick {
 class Appearance;
 class TextLine;
 
-/// What stands in the list's place when it has no rows.
+/// What stands in the list's place when it has no rows. Main thread only.
 class PickerPlaceholder final : public QWidget {
     Q_OBJECT
 

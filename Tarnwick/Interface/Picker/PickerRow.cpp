@@ -1,5 +1,6 @@
 #include "Tarnwick/Interface/Picker/PickerRow.h"
 
+#include "Tarnwick/Interface/List/FindText.h"
 #include "Tarnwick/Interface/Picker/PickerWording.h"
 #include "Tarnwick/Interface/Picker/RepositoryGroups.h"
 
@@ -17,7 +18,7 @@ PickerRepository::PickerRepository(const PullRequestKit::RepositorySummary& repo
     : summary(repository)
     , name(text(nameOf(repository.fullName)))
     , details(PickerWording::details(repository))
-    , searchText(text(repository.fullName).toCaseFolded())
+    , searchText(folded(text(repository.fullName)))
     , isPrivate(PickerWording::isPrivate(repository))
 {}
 

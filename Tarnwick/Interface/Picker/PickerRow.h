@@ -30,7 +30,7 @@ struct PickerOwner {
     bool isAllSelected() const { return shownCount > 0 && selectedCount == shownCount; }
 };
 
-/// A row of the picker: an owner's label, or a repository below it.
+/// A row of the picker: an owner's label, or a repository below it. Main thread only.
 struct PickerRow {
     PickerOwner* owner = nullptr;
     PickerRepository* repository = nullptr;  ///< Null in the owner's own row.

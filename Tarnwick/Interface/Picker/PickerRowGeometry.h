@@ -21,6 +21,7 @@ struct PickerRowMetrics {
 
 /// Where the parts of a row lie, from the row's upper left corner on, in whole logical pixels.
 /// Painting, hit tests and help texts all go by it. What a row does not have is empty.
+/// Safe from any thread.
 struct PickerRowGeometry {
     QRect row;
     QRect fill;  ///< Of the row under the pointer or the current one.

@@ -244,9 +244,9 @@ private:
 RC_GTEST_FIXTURE_PROP(PullRequestListModelTests, theSignalsAloneLeadFromListToList, ())
 {
     const Follower follower(model);
-    const auto seeds = *rc::gen::arbitrary<std::vector<unsigned>>();
-    for (const unsigned seed : seeds) {
-        const std::vector<std::int64_t> shuffled = someOf(12, seed);
+    const auto orders = *rc::gen::arbitrary<std::vector<unsigned>>();
+    for (const unsigned order : orders) {
+        const std::vector<std::int64_t> shuffled = someOf(12, order);
         model.setRows(listed(shuffled));
         RC_ASSERT(follower.numbers == shown());
         model.setFindText(QString());
