@@ -53,10 +53,11 @@ class SessionTest(unittest.TestCase):
             error for _, error in getattr(self._outcome, "errors", []) if error
         ) or not self._succeeded()
         if failed and self.session.screen is not None:
-            picture = os.path.join(self.session.logs, "screen.png")
-            self.session.screen.screenshot(picture)
+            self.session.screen.screenshot(os.path.join(self.session.logs, "screen.png"))
             place = self.session.logs
             print(f"\n{self.id()}: logs and a picture of the screen lie in {place}", file=sys.stderr)
+            print(self.session.screen.tree(), file=sys.stderr)
+            print(self.session.processes.what_was_said(), file=sys.stderr)
         self.session.end(keep=failed)
 
     def _succeeded(self):

@@ -72,6 +72,16 @@ class Processes:
         """Whether the text is in what the program has said so far."""
         return text in output_of(process)
 
+    def what_was_said(self, lines=30):
+        """The last lines of each log, for whoever looks into a failure."""
+        ends = []
+        for name in sorted(os.listdir(self.logs)):
+            if name.endswith(".log"):
+                with open(os.path.join(self.logs, name), encoding="utf-8", errors="replace") as log:
+                    end = "".join(log.readlines()[-lines:])
+                ends.append(f"--- {name}\n{end}")
+        return "".join(ends)
+
     def variables(self, changes=None):
         merged = {**self.environment, **(changes or {})}
         return {name: value for name, value in merged.items() if value is not None}

@@ -56,6 +56,11 @@ class Screen:
     def property(self, window, name):
         return self._processes.run("xprop", "-id", str(window), name).stdout.strip()
 
+    def tree(self):
+        """All windows and which one has the focus, for whoever looks into a failure."""
+        tree = self._processes.run("xwininfo", "-root", "-tree").stdout
+        return f"{tree}Focus: {self._xdotool('getwindowfocus').stdout}"
+
     def work_area(self):
         """What the desktop's panels leave free."""
         text = self._processes.run("xprop", "-root", "_NET_WORKAREA").stdout

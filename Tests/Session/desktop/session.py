@@ -162,16 +162,19 @@ class Session:
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={socket}"
 
     def start_window_manager(self, *command):
-        # openbox announces itself a good while before it takes windows, but can say when it does.
-        ready = os.path.join(self.folder, "openbox")
-        openbox = ("openbox", "--startup", f"touch {ready}")
-        process = self.processes.start(*(command or openbox))
+        process = self.processes.start(*(command or ("openbox",)))
+        # One announces itself a good while before it takes windows, and loses those that come
+        # meanwhile. Whoever follows a wish takes windows, too.
         wait_until(
             lambda: "window id" in self._root_property("_NET_SUPPORTING_WM_CHECK")
-            and (command or os.path.exists(ready)),
+            and self._has_one_desktop(),
             "the window manager",
         )
         return process
+
+    def _has_one_desktop(self):
+        self.processes.run("xdotool", "set_num_desktops", "1")
+        return self._root_property("_NET_NUMBER_OF_DESKTOPS").endswith("= 1\n")
 
     def _root_property(self, name):
         return self.processes.run("xprop", "-root", name).stdout
