@@ -1,15 +1,10 @@
 #include "Tarnwick/PullRequestMenuModel.h"
 
 #include "PullRequestKit/UniquePullRequests.h"
-#include "Tarnwick/Async/Worker.h"
 #include "Tarnwick/Model/OpenInEditor.h"
 #include "Tarnwick/Model/RowFilter.h"
 
-#include <QCoro/QCoroFuture>
-#include <QPointer>
-
 #include <utility>
-#include <variant>
 
 namespace Tarnwick {
 
@@ -20,9 +15,6 @@ namespace {
 
 /// How long the selection of repositories has to rest before it is fetched for.
 constexpr std::chrono::milliseconds selectionRest = 250ms;
-
-/// How soon a refresh that waits for the end of another one looks again.
-constexpr std::chrono::milliseconds lookAgain = 50ms;
 
 std::set<std::string> reviewFilterTexts(const std::set<ReviewFilter>& filters)
 {
@@ -120,16 +112,6 @@ void PullRequestMenuModel::followNotifications()
         });
 }
 
-template<typename Value>
-void PullRequestMenuModel::assign(
-    Value& property, std::type_identity_t<Value> value, void (PullRequestMenuModel::*changed)())
-{
-    if (property != value) {
-        property = std::move(value);
-        Q_EMIT(this->*changed)();
-    }
-}
-
 // The list
 
 void PullRequestMenuModel::showSnapshot()
@@ -167,191 +149,6 @@ void PullRequestMenuModel::saveSnapshot()
     snapshot.reviewFilters = reviewFilterTexts(_settings.reviewFilters);
     snapshot.states = statesLetThrough(_settings.statuses);
     _snapshotWriter.save(std::move(snapshot));
-}
-
-// Refreshing
-
-void PullRequestMenuModel::menuOpened()
-{
-    readLaunchAtLogin();
-    _refreshTask.start(
-        [this](std::stop_token stopToken) { return refreshUntilStopped(std::move(stopToken)); });
-}
-
-QCoro::Task<> PullRequestMenuModel::refresh()
-{
-    return refreshUntilStopped(_lifetime.get_token());
-}
-
-QCoro::Task<> PullRequestMenuModel::refreshUntilStopped(std::stop_token stopToken)
-{
-    const QPointer<PullRequestMenuModel> self(this);
-    while (_isRefreshing) {
-        // A cancelled refresh no longer counts as running, but its child process may still be
-        // ending, and two refreshes never overlap.
-        if (!_runningRefresh.stop_requested()) {
-            co_return;
-        }
-        const QFuture<void> pause = _parts.clock->sleep(lookAgain, stopToken);
-        co_await pause;
-        if (!self || stopToken.stop_requested()) {
-            co_return;
-        }
-    }
-    begin(stopToken);
-    std::optional<std::string> error;
-    try {
-        auto asked = askProvider(stopToken);
-        co_await asked;
-    } catch (const std::exception& exception) {
-        error = exception.what();
-    }
-    if (!self) {
-        co_return;
-    }
-    if (error && !stopToken.stop_requested()) {
-        cannotAsk(MenuState::Kind::failed, *error);
-    }
-    assign(_isRefreshing, false, &PullRequestMenuModel::isRefreshingChanged);
-}
-
-void PullRequestMenuModel::begin(const std::stop_token& stopToken)
-{
-    _runningRefresh = stopToken;
-    assign(_isRefreshing, true, &PullRequestMenuModel::isRefreshingChanged);
-    dismissRefreshError();
-    if (!_hasSnapshot) {
-        assign(
-            _state,
-            {MenuState::Kind::checkingAuthentication, {}},
-            &PullRequestMenuModel::stateChanged);
-    }
-}
-
-QCoro::Task<> PullRequestMenuModel::askProvider(std::stop_token stopToken)
-{
-    const QPointer<PullRequestMenuModel> self(this);
-    const auto provider = _parts.provider;
-    auto asking =
-        onWorker([provider, stopToken] { return provider->authenticationStatus(stopToken); });
-    const AuthenticationStatus status = co_await asking;
-    if (!self || stopToken.stop_requested()) {
-        co_return;
-    }
-    if (const auto* const signedOut = std::get_if<NotAuthenticated>(&status)) {
-        cannotAsk(MenuState::Kind::signedOut, signedOut->message);
-        co_return;
-    }
-    if (const auto* const unavailable = std::get_if<Unavailable>(&status)) {
-        cannotAsk(MenuState::Kind::unavailable, unavailable->message);
-        co_return;
-    }
-    const auto& account = std::get<Authenticated>(status).account;
-    assign(_account, account, &PullRequestMenuModel::accountChanged);
-    if (!_hasSnapshot) {
-        assign(_state, {MenuState::Kind::loading, {}}, &PullRequestMenuModel::stateChanged);
-    }
-
-    const ReviewerFilter reviewerFilter = _settings.reviewerFilter;
-    const FetchRequest request{reviewerScopeOf(reviewerFilter), _settings.selectedRepositories};
-    auto fetching =
-        onWorker([provider, request, stopToken] { return fetch(*provider, request, stopToken); });
-    FetchedPullRequests fetched = co_await fetching;
-    if (!self || stopToken.stop_requested()) {
-        co_return;
-    }
-    // The change that made the answer stale has scheduled the refresh that fetches the right one.
-    const bool isStale = reviewerFilter != _settings.reviewerFilter
-                         || request.repositories != _settings.selectedRepositories;
-    if (!isStale) {
-        accept(std::move(fetched));
-    }
-}
-
-/// The refresh ends without an answer: what is in sight stays, with a text that says so; with
-/// nothing in sight the state says it.
-void PullRequestMenuModel::cannotAsk(MenuState::Kind kind, const std::string& message)
-{
-    if (_hasSnapshot) {
-        assign(_state, {MenuState::Kind::loaded, {}}, &PullRequestMenuModel::stateChanged);
-        assign(
-            _refreshError,
-            "Showing cached data: " + message,
-            &PullRequestMenuModel::refreshErrorChanged);
-        return;
-    }
-    assign(_rows, {}, &PullRequestMenuModel::rowsChanged);
-    assign(_state, {kind, message}, &PullRequestMenuModel::stateChanged);
-}
-
-void PullRequestMenuModel::accept(FetchedPullRequests fetched)
-{
-    const auto previous = std::exchange(_allPullRequests, std::move(fetched.pullRequests));
-    assign(
-        _repositories, std::move(fetched.repositories), &PullRequestMenuModel::repositoriesChanged);
-    _operations.resetUnconfiguredSelection();
-    rebuildRows();
-    assign(_shortfall, fetched.shortfall, &PullRequestMenuModel::shortfallChanged);
-    const Date now = _parts.clock->now();
-    assign(_lastRefreshed, now, &PullRequestMenuModel::lastRefreshedChanged);
-    _hasSnapshot = true;
-    assign(_state, {MenuState::Kind::loaded, {}}, &PullRequestMenuModel::stateChanged);
-
-    const NotificationScope scope = notificationScope(_account, _settings);
-    auto appeared = newPullRequests(_rows, scope, _newPullRequestBaseline);
-    _newPullRequestBaseline = makeBaseline(scope, _rows, now);
-    _notifications.deliver(
-        {std::move(appeared), newlyUnblockedPullRequests(_allPullRequests, previous)});
-    saveSnapshot();
-}
-
-// When to refresh
-
-void PullRequestMenuModel::schedulePolling()
-{
-    _pollingTask.start(
-        [this](std::stop_token stopToken) { return pollWhileRunning(std::move(stopToken)); });
-}
-
-QCoro::Task<> PullRequestMenuModel::pollWhileRunning(std::stop_token stopToken)
-{
-    while (!stopToken.stop_requested()) {
-        const std::chrono::seconds period = secondsOf(_settings.pollingInterval);
-        const QFuture<void> pause = _parts.clock->sleep(period, stopToken);
-        co_await pause;
-        if (stopToken.stop_requested()) {
-            co_return;
-        }
-        auto refreshing = refreshUntilStopped(stopToken);
-        co_await refreshing;
-    }
-}
-
-void PullRequestMenuModel::scheduleRefresh(std::chrono::milliseconds delay)
-{
-    _refreshTask.start([this, delay](std::stop_token stopToken) {
-        return refreshWhenIdle(delay, std::move(stopToken));
-    });
-}
-
-/// A refresh that must not be left out: it waits for the end of a running one, whose answer no
-/// longer is the right one.
-QCoro::Task<> PullRequestMenuModel::refreshWhenIdle(
-    std::chrono::milliseconds delay, std::stop_token stopToken)
-{
-    const auto clock = _parts.clock;
-    if (delay > 0ms) {
-        const QFuture<void> rest = clock->sleep(delay, stopToken);
-        co_await rest;
-    }
-    while (!stopToken.stop_requested() && _isRefreshing) {
-        const QFuture<void> pause = clock->sleep(lookAgain, stopToken);
-        co_await pause;
-    }
-    if (!stopToken.stop_requested()) {
-        auto refreshing = refreshUntilStopped(stopToken);
-        co_await refreshing;
-    }
 }
 
 // Settings

@@ -220,4 +220,14 @@ private:
     CancellableTask _pollingTask;
 };
 
+template<typename Value>
+void PullRequestMenuModel::assign(
+    Value& property, std::type_identity_t<Value> value, void (PullRequestMenuModel::*changed)())
+{
+    if (property != value) {
+        property = std::move(value);
+        Q_EMIT(this->*changed)();
+    }
+}
+
 }  // namespace Tarnwick
