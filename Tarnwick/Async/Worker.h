@@ -61,10 +61,11 @@ QCoro::Task<std::invoke_result_t<Work>> onWorker(Work work)
     co_await finished;
     [[maybe_unused]] const bool isDone = job->isDone.load(std::memory_order_acquire);
     assert(isDone);
-    if (job->error) {
+    auto& result = job->result;
+    if (!result) {
         std::rethrow_exception(job->error);
     }
-    co_return std::move(*job->result);
+    co_return std::move(*result);
 }
 
 }  // namespace Tarnwick
