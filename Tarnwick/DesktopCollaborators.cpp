@@ -21,9 +21,10 @@ constexpr std::chrono::seconds commandTimeout{30};
 PullRequestMenuModel::Collaborators desktopCollaborators(
     const std::map<std::string, std::string>& environment,
     const QDBusConnection& bus,
-    PanelDismissal dismissPanel)
+    PanelDismissal dismissPanel,
+    std::shared_ptr<ReadAhead> readAhead)
 {
-    auto collaborators = standardCollaborators(environment);
+    auto collaborators = standardCollaborators(environment, std::move(readAhead));
     collaborators.navigation = std::make_shared<ExternalNavigation>(ExternalNavigation::desktop(
         std::make_shared<GitHubProvider::ProcessCommandRunner>(commandTimeout),
         environment,

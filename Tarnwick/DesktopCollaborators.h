@@ -16,6 +16,7 @@ namespace Tarnwick {
 PullRequestMenuModel::Collaborators desktopCollaborators(
     const std::map<std::string, std::string>& environment,
     const QDBusConnection& bus,
-    PanelDismissal dismissPanel);
+    PanelDismissal dismissPanel,
+    std::shared_ptr<ReadAhead> readAhead);
 
 }  // namespace Tarnwick

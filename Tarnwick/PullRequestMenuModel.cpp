@@ -1,6 +1,5 @@
 #include "Tarnwick/PullRequestMenuModel.h"
 
-#include "PullRequestKit/UniquePullRequests.h"
 #include "Tarnwick/Model/OpenInEditor.h"
 #include "Tarnwick/Model/RowFilter.h"
 
@@ -37,7 +36,7 @@ std::set<PullRequestState> statesLetThrough(const std::set<StatusFilter>& status
 PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
     : _parts(std::move(collaborators))
     , _settingsStore(*_parts.defaults)
-    , _settings(_settingsStore.load())
+    , _settings(_parts.readAhead ? _parts.readAhead->settings() : _settingsStore.load())
     , _operations(_settings, _settingsStore)
     , _visits(
           *_parts.defaults,
@@ -49,7 +48,7 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
     followSettings();
     followNotifications();
     readLaunchAtLogin();
-    showSnapshot();
+    showLastList();
     showSettingsProblem();
     schedulePolling();
     _notifications.prepare();
@@ -114,22 +113,24 @@ void PullRequestMenuModel::followNotifications()
 
 // The list
 
-void PullRequestMenuModel::showSnapshot()
+void PullRequestMenuModel::showLastList()
 {
-    auto snapshot = _parts.snapshot ? _parts.snapshot->take() : _parts.cache.load();
-    if (!snapshot
-        || (snapshot->reviewerScope
-            && *snapshot->reviewerScope != reviewerScopeOf(_settings.reviewerFilter))) {
+    auto list =
+        _parts.readAhead ? _parts.readAhead->takeList() : readLastList(_parts.cache, _settings);
+    if (!list) {
         return;
     }
-    _allPullRequests = uniquePullRequests(std::move(snapshot->pullRequests));
-    _repositories = std::move(snapshot->repositories);
-    _account = std::move(snapshot->account);
-    _lastRefreshed = snapshot->refreshedAt;
+    _rows = std::move(list->rows);
+    _allPullRequests = std::move(list->snapshot.pullRequests);
+    _repositories = std::move(list->snapshot.repositories);
+    _account = std::move(list->snapshot.account);
+    _lastRefreshed = list->snapshot.refreshedAt;
     _hasSnapshot = true;
     _state = {MenuState::Kind::loaded, {}};
     _operations.resetUnconfiguredSelection();
-    rebuildRows();
+    if (_settings.selectedRepositories.empty()) {
+        rebuildRows();
+    }
 }
 
 void PullRequestMenuModel::rebuildRows()

@@ -10,11 +10,9 @@
 #include "Tarnwick/Model/Fetch.h"
 #include "Tarnwick/Model/MenuState.h"
 #include "Tarnwick/Model/PullRequestNotifications.h"
-#include "Tarnwick/Model/Settings.h"
+#include "Tarnwick/Model/ReadAhead.h"
 #include "Tarnwick/Model/SettingsOperations.h"
 #include "Tarnwick/Persistence/DefaultsStore.h"
-#include "Tarnwick/Persistence/PullRequestDiskCache.h"
-#include "Tarnwick/Persistence/SnapshotReader.h"
 #include "Tarnwick/Persistence/SnapshotWriter.h"
 #include "Tarnwick/Persistence/VisitStore.h"
 
@@ -44,8 +42,8 @@ public:
         std::shared_ptr<LoginItem> loginItem;
         std::shared_ptr<Clock> clock;
         std::shared_ptr<const ExternalNavigation> navigation;
-        /// Where the last snapshot is being read already; without it, the model reads it.
-        std::shared_ptr<SnapshotReader> snapshot = nullptr;
+        /// Where `defaults` and `cache` are being read already; without it, the model reads them.
+        std::shared_ptr<ReadAhead> readAhead = nullptr;
     };
 
     /// Reads and migrates the settings, shows the last snapshot if it was taken for the same
@@ -170,7 +168,7 @@ private:
         std::type_identity_t<Value> value,
         void (PullRequestMenuModel::*changed)());
 
-    void showSnapshot();
+    void showLastList();
     void rebuildRows();
     void saveSnapshot();
 

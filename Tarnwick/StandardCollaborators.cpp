@@ -9,6 +9,8 @@
 #include "Tarnwick/Desktop/SilentNotifier.h"
 #include "Tarnwick/Persistence/IniDefaultsStore.h"
 
+#include <utility>
+
 namespace Tarnwick {
 namespace {
 
@@ -17,7 +19,7 @@ constexpr std::chrono::seconds commandTimeout{30};
 }  // namespace
 
 PullRequestMenuModel::Collaborators standardCollaborators(
-    const std::map<std::string, std::string>& environment)
+    const std::map<std::string, std::string>& environment, std::shared_ptr<ReadAhead> readAhead)
 {
     const auto runner = std::make_shared<GitHubProvider::ProcessCommandRunner>(commandTimeout);
     return {
@@ -26,13 +28,19 @@ PullRequestMenuModel::Collaborators standardCollaborators(
             GitHubProvider::findGH(environment),
             runner,
             GitHubProvider::systemLog()),
-        .defaults = std::make_shared<IniDefaultsStore>(),
+        .defaults = readAhead ? readAhead->defaults() : openStandardDefaults(),
         .cache = PullRequestDiskCache{},
         .notifier = std::make_shared<SilentNotifier>(),
         .loginItem = std::make_shared<AbsentLoginItem>(),
         .clock = std::make_shared<SystemClock>(),
         .navigation = std::make_shared<ExternalNavigation>(
-            ExternalNavigation::desktop(runner, environment, [](PanelSearch /*search*/) {}))};
+            ExternalNavigation::desktop(runner, environment, [](PanelSearch /*search*/) {})),
+        .readAhead = std::move(readAhead)};
+}
+
+std::shared_ptr<DefaultsStore> openStandardDefaults()
+{
+    return std::make_shared<IniDefaultsStore>();
 }
 
 }  // namespace Tarnwick

@@ -18,7 +18,6 @@
 #include <QApplication>
 #include <QIcon>
 #include <QSessionManager>
-#include <QTimer>
 
 #include <stdexcept>
 
@@ -34,17 +33,14 @@ void describeApplication()
     QApplication::setQuitOnLastWindowClosed(false);
 }
 
-/// What lists of windows show. It takes several milliseconds to draw, and nobody looks there before
-/// the first frame.
+/// What lists of windows show. It takes several milliseconds to draw.
 void setIconOnceShown(PanelWindow& window)
 {
-    using namespace std::chrono_literals;
     const auto setIcon = [] {
         QApplication::setWindowIcon(QIcon(Tarnwick::AppResources::path(
             QStringLiteral("tarnwick-zap-inner-light-icon"), QStringLiteral("svg"))));
     };
-    const auto setIconSoon = [setIcon] { QTimer::singleShot(100ms, qApp, setIcon); };
-    QObject::connect(&window, &PanelWindow::shown, qApp, setIconSoon, Qt::SingleShotConnection);
+    QObject::connect(&window, &PanelWindow::painted, qApp, setIcon, Qt::SingleShotConnection);
 }
 
 /// The session starts the program again by its autostart entry, if the user wants it at all.
@@ -62,8 +58,8 @@ int runFirst(
     HeadStart& headStart)
 {
     describeApplication();
-    auto collaborators = Tarnwick::desktopCollaborators(environment(), bus, Tarnwick::dismissPanel);
-    collaborators.snapshot = headStart.snapshot();
+    auto collaborators = Tarnwick::desktopCollaborators(
+        environment(), bus, Tarnwick::dismissPanel, headStart.readAhead());
     headStart.waitForFonts();
     TarnwickDirectApp app(std::move(collaborators), bus, service);
     setIconOnceShown(app.window());

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Tarnwick/Persistence/SnapshotReader.h"
+#include "Tarnwick/Model/ReadAhead.h"
 
 #include <future>
 #include <memory>
@@ -8,19 +8,19 @@
 namespace TarnwickDirect {
 
 /// What takes long and needs no application yet, under way on other threads while the application
-/// is made: reading the last snapshot, and the list of the fonts that are installed. To be made
-/// first; destruction waits for both.
+/// is made: reading what the last run left, and the list of the fonts that are installed. To be
+/// made first; destruction waits for both.
 class HeadStart {
 public:
     HeadStart();
 
-    const std::shared_ptr<Tarnwick::SnapshotReader>& snapshot() const { return _snapshot; }
+    const std::shared_ptr<Tarnwick::ReadAhead>& readAhead() const { return _readAhead; }
 
     /// To be called before anything asks for a font. Blocks until fonts are known.
     void waitForFonts();
 
 private:
-    std::shared_ptr<Tarnwick::SnapshotReader> _snapshot;
+    std::shared_ptr<Tarnwick::ReadAhead> _readAhead;
     std::future<void> _fonts;
 };
 

@@ -224,7 +224,9 @@ void PanelWindow::updateSight()
     const bool isInSight = isVisible() && !isMinimized();
     if (_isInSight != isInSight) {
         _isInSight = isInSight;
+        _awaitsPainting = isInSight;
         if (isInSight) {
+            update();
             Q_EMIT shown();
         } else {
             Q_EMIT hidden();
@@ -298,6 +300,9 @@ void PanelWindow::resizeEvent(QResizeEvent* event)
 
 void PanelWindow::paintEvent(QPaintEvent* /*event*/)
 {
+    if (std::exchange(_awaitsPainting, false)) {
+        QMetaObject::invokeMethod(this, &PanelWindow::painted, Qt::QueuedConnection);
+    }
     QPainter painter(this);
     Tarnwick::Painting::fillRounded(painter, QRectF(rect()), 0, _appearance.palette().surfaceList);
 }

@@ -66,6 +66,9 @@ Q_SIGNALS:
     /// It came in sight or went, minimised windows being out of sight.
     void shown();
     void hidden();
+    /// Its first picture since it came in sight is on the screen: the time for what the user need
+    /// not wait for.
+    void painted();
     /// It is hidden, neither by its user nor by `dismiss`: something that was opened from it wants
     /// the place.
     void steppedAside();
@@ -106,6 +109,7 @@ private:
     QSize _preferredSize;
     QSize _givenSize;  ///< What the window was last shown with.
     bool _isInSight = false;
+    bool _awaitsPainting = false;  ///< From when it came in sight to its first picture.
     bool _isFocusBorrowed = false;
     bool _isWanted = false;     ///< Presented, and neither closed nor dismissed since.
     quint64 _presentation = 0;  ///< Counts the calls of `present`.

@@ -91,10 +91,8 @@ void TarnwickDirectApp::connectPanel()
             _window.present(std::nullopt, {});
         }
     });
-    connect(&_window, &PanelWindow::shown, this, [this] {
-        _model.menuOpened();
-        _view->panelShown();
-    });
+    connect(&_window, &PanelWindow::shown, _view, &PullRequestMenuView::panelShown);
+    connect(&_window, &PanelWindow::painted, &_model, &PullRequestMenuModel::menuOpened);
     connect(&_window, &PanelWindow::hidden, _view, &PullRequestMenuView::panelHidden);
     connect(&_window, &PanelWindow::closed, this, &TarnwickDirectApp::panelClosed);
     connect(&_window, &PanelWindow::steppedAside, this, [this] {

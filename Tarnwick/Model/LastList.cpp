@@ -1,0 +1,23 @@
+#include "Tarnwick/Model/LastList.h"
+
+#include "PullRequestKit/UniquePullRequests.h"
+#include "Tarnwick/Model/RowFilter.h"
+
+#include <utility>
+
+namespace Tarnwick {
+
+std::optional<LastList> readLastList(const PullRequestDiskCache& cache, const Settings& settings)
+{
+    auto snapshot = cache.load();
+    if (!snapshot
+        || (snapshot->reviewerScope
+            && *snapshot->reviewerScope != reviewerScopeOf(settings.reviewerFilter))) {
+        return std::nullopt;
+    }
+    snapshot->pullRequests = PullRequestKit::uniquePullRequests(std::move(snapshot->pullRequests));
+    auto rows = filteredRows(snapshot->pullRequests, settings);
+    return LastList{std::move(*snapshot), std::move(rows)};
+}
+
+}  // namespace Tarnwick

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "PullRequestKit/PullRequestRow.h"
+#include "Tarnwick/Model/Settings.h"
+#include "Tarnwick/Persistence/PullRequestDiskCache.h"
+
+#include <optional>
+#include <vector>
+
+namespace Tarnwick {
+
+/// What the last refresh found, as it is shown until the next one has ended.
+struct LastList {
+    CachedPullRequestSnapshot snapshot;  ///< Each pull request once.
+    std::vector<PullRequestKit::PullRequestRow> rows;
+};
+
+/// Reads the cache and makes the rows that the settings leave. Nothing when there is no snapshot,
+/// or it was taken for other reviewers. Safe from any thread.
+std::optional<LastList> readLastList(const PullRequestDiskCache& cache, const Settings& settings);
+
+}  // namespace Tarnwick

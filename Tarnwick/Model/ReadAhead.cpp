@@ -1,0 +1,25 @@
+#include "Tarnwick/Model/ReadAhead.h"
+
+#include <utility>
+
+namespace Tarnwick {
+
+ReadAhead::ReadAhead(OpenDefaults openDefaults, PullRequestDiskCache cache)
+    : _read(std::async(
+          std::launch::async,
+          [openDefaults = std::move(openDefaults)] {
+              auto defaults = openDefaults();
+              const Settings settings = SettingsStore(*defaults).load();
+              return Read{std::move(defaults), settings};
+          }))
+    , _list(std::async(std::launch::async, [read = _read, cache = std::move(cache)] {
+        return readLastList(cache, read.get().settings);
+    }))
+{}
+
+std::optional<LastList> ReadAhead::takeList()
+{
+    return _list.get();
+}
+
+}  // namespace Tarnwick
