@@ -116,7 +116,7 @@ void PullRequestMenuModel::followNotifications()
 void PullRequestMenuModel::showLastList()
 {
     auto list =
-        _parts.readAhead ? _parts.readAhead->takeList() : readLastList(_parts.cache, _settings);
+        _parts.readAhead ? _parts.readAhead->takeList() : lastList(_parts.cache.load(), _settings);
     if (!list) {
         return;
     }

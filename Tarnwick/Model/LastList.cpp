@@ -7,9 +7,9 @@
 
 namespace Tarnwick {
 
-std::optional<LastList> readLastList(const PullRequestDiskCache& cache, const Settings& settings)
+std::optional<LastList> lastList(
+    std::optional<CachedPullRequestSnapshot> snapshot, const Settings& settings)
 {
-    auto snapshot = cache.load();
     if (!snapshot
         || (snapshot->reviewerScope
             && *snapshot->reviewerScope != reviewerScopeOf(settings.reviewerFilter))) {

@@ -2,7 +2,7 @@
 
 #include "PullRequestKit/PullRequestRow.h"
 #include "Tarnwick/Model/Settings.h"
-#include "Tarnwick/Persistence/PullRequestDiskCache.h"
+#include "Tarnwick/Persistence/CachedPullRequestSnapshot.h"
 
 #include <optional>
 #include <vector>
@@ -15,8 +15,9 @@ struct LastList {
     std::vector<PullRequestKit::PullRequestRow> rows;
 };
 
-/// Reads the cache and makes the rows that the settings leave. Nothing when there is no snapshot,
-/// or it was taken for other reviewers. Safe from any thread.
-std::optional<LastList> readLastList(const PullRequestDiskCache& cache, const Settings& settings);
+/// What of the snapshot the settings leave. Nothing when there is no snapshot, or it was taken for
+/// other reviewers. Safe from any thread.
+std::optional<LastList> lastList(
+    std::optional<CachedPullRequestSnapshot> snapshot, const Settings& settings);
 
 }  // namespace Tarnwick

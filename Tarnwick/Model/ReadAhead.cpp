@@ -13,7 +13,8 @@ ReadAhead::ReadAhead(OpenDefaults openDefaults, PullRequestDiskCache cache)
               return Read{std::move(defaults), settings};
           }))
     , _list(std::async(std::launch::async, [read = _read, cache = std::move(cache)] {
-        return readLastList(cache, read.get().settings);
+        auto snapshot = cache.load();
+        return lastList(std::move(snapshot), read.get().settings);
     }))
 {}
 

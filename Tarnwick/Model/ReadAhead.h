@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tarnwick/Model/LastList.h"
+#include "Tarnwick/Persistence/PullRequestDiskCache.h"
 
 #include <functional>
 #include <future>
@@ -26,7 +27,7 @@ public:
     /// What `SettingsStore::load` yields.
     const Settings& settings() { return read().settings; }
 
-    /// What `readLastList` yields. Blocks until it is there. To be called once.
+    /// What `lastList` makes of the snapshot. Blocks until it is there. To be called once.
     std::optional<LastList> takeList();
 
 private:

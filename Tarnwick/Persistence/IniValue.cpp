@@ -2,6 +2,7 @@
 
 #include "PullRequestKit/Date.h"
 
+#include <QByteArray>
 #include <QDateTime>
 #include <QMetaType>
 #include <QStringList>
@@ -42,6 +43,13 @@ bool isPlain(std::string_view text)
                   return isControl(character)
                          || std::string_view(",;=\"\\").find(character) != std::string_view::npos;
               });
+}
+
+bool isPlainInKeys(char character)
+{
+    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z')
+           || (character >= '0' && character <= '9') || character == '-' || character == '_'
+           || character == '.';
 }
 
 std::string encodeText(const QString& value)
@@ -169,13 +177,11 @@ std::optional<QDateTime> decodeDate(std::string_view text)
 
 std::string encodeKey(const QString& key)
 {
+    const QByteArray text = key.toUtf8();
     std::string encoded;
-    for (const char character : key.toStdString()) {
-        const bool isLetter =
-            (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
-        const bool isDigit = character >= '0' && character <= '9';
-        if (isLetter || isDigit
-            || std::string_view("-_.").find(character) != std::string_view::npos) {
+    encoded.reserve(static_cast<std::size_t>(text.size()) * 2);
+    for (const char character : text) {
+        if (isPlainInKeys(character)) {
             encoded += character;
         } else {
             encoded += '%';
