@@ -28,7 +28,6 @@ PullRequestMenuView::PullRequestMenuView(
     , _appearance(appearance)
     , _page(new QWidget(this))
     , _header(new PanelHeader(appearance, _page))
-    , _findBar(new FindBar(appearance, _page))
     , _rows(new PullRequestListModel([&model] { return model.now(); }, this))
     , _list(new PullRequestListView(*_rows, appearance, _page))
     , _content(new ContentArea(model, _list, appearance, _page))
@@ -41,7 +40,6 @@ PullRequestMenuView::PullRequestMenuView(
     connectHeader();
     connectMenu();
     connectList();
-    connectFind();
     connectModel();
 }
 
@@ -50,14 +48,13 @@ void PullRequestMenuView::layOut()
     auto* const whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(_page);
-    auto* const column = new QVBoxLayout(_page);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(_header);
-    column->addWidget(_findBar);
-    column->addWidget(_content, 1);
-    column->addWidget(new StripStack(_model, _appearance, _page));
-    column->addWidget(_footer);
+    _column = new QVBoxLayout(_page);
+    _column->setContentsMargins(0, 0, 0, 0);
+    _column->setSpacing(0);
+    _column->addWidget(_header);
+    _column->addWidget(_content, 1);
+    _column->addWidget(new StripStack(_model, _appearance, _page));
+    _column->addWidget(_footer);
 }
 
 void PullRequestMenuView::setUpdateCheck(
@@ -122,8 +119,11 @@ void PullRequestMenuView::connectList()
     });
 }
 
-void PullRequestMenuView::connectFind()
+/// Not before it is wanted: the list is to be in sight soon.
+void PullRequestMenuView::makeFindBar()
 {
+    _findBar = new FindBar(_appearance, _page);
+    _column->insertWidget(_column->indexOf(_header) + 1, _findBar);
     connect(_findBar, &FindBar::findTextChanged, this, [this](const QString& text) {
         _rows->setFindText(text);
         showCount();
@@ -159,7 +159,9 @@ void PullRequestMenuView::showCount()
 {
     const int shown = _rows->rowCount();
     _footer->setCount(static_cast<std::size_t>(shown));
-    _findBar->setMatches(shown, _rows->totalCount());
+    if (_findBar != nullptr) {
+        _findBar->setMatches(shown, _rows->totalCount());
+    }
 }
 
 void PullRequestMenuView::showMenu()
@@ -196,13 +198,25 @@ void PullRequestMenuView::hideRepositories()
 
 void PullRequestMenuView::openFind()
 {
-    if (_content->showsList()) {
-        _findBar->open();
+    if (!_content->showsList()) {
+        return;
     }
+    if (_findBar == nullptr) {
+        makeFindBar();
+    }
+    _findBar->open();
+}
+
+bool PullRequestMenuView::isFinding() const
+{
+    return _findBar != nullptr && _findBar->isOpen();
 }
 
 void PullRequestMenuView::closeFind()
 {
+    if (!isFinding()) {
+        return;
+    }
     const bool hadFocus = _findBar->isAncestorOf(focusWidget());
     _findBar->close();
     if (hadFocus) {
@@ -255,7 +269,7 @@ void PullRequestMenuView::keyPressEvent(QKeyEvent* event)
         openFind();
         break;
     case Qt::Key_Escape:
-        if (_findBar->isOpen()) {
+        if (isFinding()) {
             closeFind();
         } else {
             Q_EMIT closeRequested();

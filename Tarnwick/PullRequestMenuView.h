@@ -7,6 +7,8 @@
 
 #include <functional>
 
+class QVBoxLayout;
+
 namespace Tarnwick {
 
 class Appearance;
@@ -57,7 +59,7 @@ private:
     void connectHeader();
     void connectMenu();
     void connectList();
-    void connectFind();
+    void makeFindBar();
     void connectModel();
 
     void showRows();
@@ -67,6 +69,7 @@ private:
     void hideRepositories();
     void openFind();
     void closeFind();
+    bool isFinding() const;
     void open(PullRequestKit::PullRequest pullRequest);
     void openWebSite();
     void updateUse();
@@ -75,7 +78,8 @@ private:
     Appearance& _appearance;
     QWidget* _page;  ///< Everything that is out of use while a card is up.
     PanelHeader* _header;
-    FindBar* _findBar;
+    QVBoxLayout* _column = nullptr;  ///< Of the page.
+    FindBar* _findBar = nullptr;     ///< From when something was first to be found.
     PullRequestListModel* _rows;
     PullRequestListView* _list;
     ContentArea* _content;
