@@ -37,7 +37,7 @@ mount --bind "$2" "$1/var/cache/apt/archives" && mount -t proc proc "$1/proc" ||
 user=$3
 root=$1
 shift 3
-exec chroot --userspec="$user" "$root" "$@"
+exec /usr/sbin/chroot --userspec="$user" "$root" "$@"
 """
 
 
