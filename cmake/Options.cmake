@@ -8,7 +8,6 @@ option(TARNWICK_FUZZERS "Build the libFuzzer targets (Clang only)" OFF)
 option(TARNWICK_HEADER_CHECK "Compile every header on its own" OFF)
 option(TARNWICK_PRECOMPILE "Use precompiled headers" ON)
 set(TARNWICK_WEB_SITE "https://tarnwick.dev" CACHE STRING "The product's web site")
-set(TARNWICK_MAINTAINER "The Tarnwick authors <maintainers@tarnwick.dev>" CACHE STRING "Who answers for packages")
 set(TARNWICK_SANITIZERS "" CACHE STRING "Sanitizers for every target, such as address,undefined")
 
 set(CMAKE_CXX_STANDARD 20)

@@ -132,8 +132,8 @@ class AllShellsTests(CompletionsTest):
         for path in (BASH, ZSH, FISH):
             with open(path, encoding="utf-8") as file:
                 text = file.read()
-            # The options of the programs that the scripts call stand in capital or single letters.
-            offered = set(re.findall(r"(?:--|-l )([a-z]+)", text))
+            offered = set(re.findall(r"--([a-z]+)", text))
+            offered |= set(re.findall(r"(?m)^complete .* -l ([a-z]+)", text))
             self.assertEqual(offered, known, path)
 
 
