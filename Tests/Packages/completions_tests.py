@@ -1,8 +1,11 @@
 """What shells offer after "tarnwick"."""
 
 import os
+import pty
 import re
+import select
 import shutil
+import signal
 import subprocess
 import tempfile
 import unittest
@@ -26,6 +29,20 @@ COMP_WORDS=("$@")
 COMP_CWORD=$(($# - 1))
 _tarnwick
 ((${#COMPREPLY[@]} == 0)) || printf '%s\\n' "${COMPREPLY[@]}"
+"""
+
+
+# A prompt to wait for, and Ctrl+X for what the line has become.
+ZSHRC = """
+PS1='ready '
+unsetopt zle_bracketed_paste
+fpath=({folder} $fpath)
+autoload -U compinit
+compinit -D
+show-line() {{ print -r -- "<$BUFFER>"; BUFFER= }}
+zle -N show-line
+bindkey '^I' complete-word
+bindkey '^X' show-line
 """
 
 
@@ -92,6 +109,16 @@ class OfferedWords:
         self.assertEqual(self.offered("repositories", "unselect", "o"), ["octo/tools"])
 
 
+def read_until(terminal, pattern):
+    """The first match in what the terminal shows from here on."""
+    shown = ""
+    while not (match := re.search(pattern, shown)):
+        if not select.select([terminal], [], [], 20)[0]:
+            raise AssertionError(f"The terminal shows no {pattern} but {shown!r}")
+        shown += os.read(terminal, 4096).decode(errors="replace")
+    return match
+
+
 class BashTests(OfferedWords, CompletionsTest):
     def offered(self, *words):
         output = self.output_of("bash", "--norc", "-c", ASK_BASH, "bash", BASH, "tarnwick", *words)
@@ -119,10 +146,46 @@ class ZshTests(CompletionsTest):
     def testIsValid(self):
         self.output_of("zsh", "-n", ZSH)
 
-    def testIsFoundByItsFirstLine(self):
-        folder = os.path.dirname(ZSH)
-        script = f"fpath=({folder} $fpath); autoload -U compinit; compinit -D; print $_comps[tarnwick]"
-        self.assertEqual(self.output_of("zsh", "-f", "-c", script), "_tarnwick\n")
+    def completed(self, *lines):
+        """What each line has become after a press of the tabulator, in one interactive shell."""
+        with open(os.path.join(self.home, ".zshrc"), "w", encoding="utf-8") as file:
+            file.write(ZSHRC.format(folder=COMPLETIONS))
+        environment = {"HOME": self.home, "PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8", "TERM": "dumb"}
+        process, terminal = pty.fork()
+        if process == 0:
+            os.execvpe("zsh", ["zsh", "-d", "-i"], environment)
+        try:
+            read_until(terminal, r"ready ")
+            results = []
+            for line in lines:
+                os.write(terminal, f"tarnwick {line}\t\x18".encode())
+                results.append(read_until(terminal, r"<tarnwick ([^>]*)>")[1])
+            return results
+        finally:
+            os.kill(process, signal.SIGKILL)
+            os.waitpid(process, 0)
+            os.close(terminal)
+
+    def testCompletesCommandsAndOptions(self):
+        self.assertEqual(
+            self.completed("li", "rep", "--ba", "list --j", "repositories un", "repositories --j"),
+            ["list ", "repositories ", "--background ", "list --json ", "repositories unselect ", "repositories --json "],
+        )
+        self.assertEqual(
+            self.completed("repositories select --a", "repositories unselect --a"),
+            ["repositories select --all ", "repositories unselect --all "],
+        )
+
+    def testCompletesTheChosenRepositoriesToUnselect(self):
+        self.write_selection("octo/tools, octo/web.site")
+        self.assertEqual(
+            self.completed("repositories unselect octo/w", "repositories unselect octo/tools octo/w"),
+            ["repositories unselect octo/web.site ", "repositories unselect octo/tools octo/web.site "],
+        )
+
+    def testLeavesTheLineAloneWhereNothingIsChosen(self):
+        self.write_selection("@Empty()")
+        self.assertEqual(self.completed("repositories unselect o"), ["repositories unselect o"])
 
 
 class AllShellsTests(CompletionsTest):
