@@ -6,10 +6,10 @@ import re
 
 FORMAT = "https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/"
 
-# Name of the licence's file, name of the licence, what it is for.
+# Name of the licence's file, name of the licence, the files it is for, what they are.
 STAGED = (
-    ("Geist.txt", "OFL-1.1", "build/assets/Fonts/*", "The Geist fonts, within Tarnwick_Tarnwick.bundle."),
-    ("Octicons.txt", "Expat-Octicons", "build/assets/*.svg", "Icons of Octicons, within Tarnwick_Tarnwick.bundle."),
+    ("Geist.txt", "OFL-1.1", "build/assets/Fonts/*", "The Geist fonts"),
+    ("Octicons.txt", "Expat-Octicons", "build/assets/*.svg", "Icons of Octicons"),
 )
 
 
@@ -34,5 +34,5 @@ def paragraph(files, path, short, comment):
     lines = [f"Files: {files}", "Copyright: " + "\n           ".join(holders), f"License: {short}"]
     lines += [f" {line.rstrip()}" if line.strip() else " ." for line in text.splitlines()]
     if comment:
-        lines.append(f"Comment: {comment}")
+        lines.append(f"Comment: {comment}, within Tarnwick_Tarnwick.bundle.")
     return "\n".join(lines)

@@ -64,7 +64,8 @@ class CheckReleaseTests(unittest.TestCase):
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         self.assertEqual(
             done.stdout,
-            "The feed offers 1.1.0, and tarnwick_1.1.0-1_amd64.deb is the file it describes, signed with the key.\n",
+            "The feed offers 1.1.0, and tarnwick_1.1.0-1_amd64.deb is the file it describes, "
+            "signed with the key.\n",
         )
 
     def testPassesAFeedThatKeepsEarlierItems(self):

@@ -169,7 +169,8 @@ class ZshTests(CompletionsTest):
     def testCompletesCommandsAndOptions(self):
         self.assertEqual(
             self.completed("li", "rep", "--ba", "list --j", "repositories un", "repositories --j"),
-            ["list ", "repositories ", "--background ", "list --json ", "repositories unselect ", "repositories --json "],
+            ["list ", "repositories ", "--background ", "list --json ", "repositories unselect "]
+            + ["repositories --json "],
         )
         self.assertEqual(
             self.completed("repositories select --a", "repositories unselect --a"),

@@ -63,7 +63,8 @@ class SigningTests(FeedTest):
         self.assertNotEqual(self.verify(path, signed), 0)
 
     def verify(self, path, signed):
-        command = ("openssl", "pkeyutl", "-verify", "-rawin", "-inkey", self.key, "-in", path, "-sigfile", signed)
+        command = ("openssl", "pkeyutl", "-verify", "-rawin", "-inkey", self.key)
+        command += ("-in", path, "-sigfile", signed)
         return subprocess.run(command, capture_output=True, check=False).returncode
 
     def testTakesAKeyThatLiesOutsideOfTheTree(self):

@@ -106,9 +106,9 @@ class FreshRoot:
         found = {}
         for folder, folders, files in os.walk(self.folder):
             inner = os.path.relpath(folder, self.folder)
-            folders[:] = [name for name in folders if os.path.normpath(os.path.join(inner, name)) not in UNCOUNTED]
-            for name in folders + files:
-                path = os.path.normpath(os.path.join(inner, name))
+            inside = {name: os.path.normpath(os.path.join(inner, name)) for name in folders + files}
+            folders[:] = [name for name in folders if inside[name] not in UNCOUNTED]
+            for path in inside.values():
                 if path not in UNCOUNTED:
                     found[path] = self._description(path)
         return found

@@ -130,9 +130,8 @@ class SystemInstallationTests(InstalledTest):
         self.assertEqual(dict(service), {"Name": NAME, "Exec": "/usr/bin/tarnwick --background"})
 
     def testTheMetadataIsValid(self):
-        done = run(
-            "appstreamcli", "validate", "--no-net", "--no-color", self.path("share/metainfo", f"{NAME}.metainfo.xml")
-        )
+        metadata = self.path("share/metainfo", f"{NAME}.metainfo.xml")
+        done = run("appstreamcli", "validate", "--no-net", "--no-color", metadata)
         self.assertEqual(done.returncode, 0, done.stdout)
         self.assertNotRegex(done.stdout, r"(?m)^\s*[EWI]: ")
 
