@@ -16,7 +16,8 @@ if(TARNWICK_QT)
     set_target_properties(XCB::XCB PROPERTIES
         IMPORTED_LOCATION "${XCB_LIBRARY}"
         INTERFACE_INCLUDE_DIRECTORIES "${XCB_INCLUDE_DIR}")
-
+endif()
+if(TARNWICK_QT OR TARNWICK_FUZZERS)
     # The signatures of updates.
     find_path(SODIUM_INCLUDE_DIR sodium.h REQUIRED)
     find_library(SODIUM_LIBRARY sodium REQUIRED)
@@ -25,6 +26,9 @@ if(TARNWICK_QT)
     set_target_properties(sodium::sodium PROPERTIES
         IMPORTED_LOCATION "${SODIUM_LIBRARY}"
         INTERFACE_INCLUDE_DIRECTORIES "${SODIUM_INCLUDE_DIR}")
+endif()
+if(TARNWICK_FUZZERS)
+    find_package(Qt6 6.4 REQUIRED COMPONENTS Core)
 endif()
 if(TARNWICK_TESTS)
     find_package(GTest REQUIRED)

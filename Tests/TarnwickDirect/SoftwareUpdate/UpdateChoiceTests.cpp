@@ -1,0 +1,200 @@
+#include "TarnwickDirect/SoftwareUpdate/UpdateChoice.h"
+
+#include "SoftwareUpdate/AppcastItems.h"
+#include "SoftwareUpdate/UpdateErrors.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace TarnwickDirect;
+using Reason = NoUpdate::Reason;
+
+class UpdateChoiceTest : public testing::Test {
+protected:
+    /// Adds an item to the feed, which the test may change until it adds another.
+    AppcastItem& add(const char16_t* version)
+    {
+        return feed.items.emplace_back(TestSupport::itemOf(QString::fromUtf16(version)));
+    }
+
+    UpdateOffer offer() const { return std::get<UpdateOffer>(chooseUpdate(feed, needs)); }
+
+    std::string offered() const { return offer().version.toStdString(); }
+
+    NoUpdate none() const { return std::get<NoUpdate>(chooseUpdate(feed, needs)); }
+
+    static NoUpdate noUpdate(Reason reason, const char16_t* version)
+    {
+        return {.reason = reason, .version = QString::fromUtf16(version), .systemVersion = {}};
+    }
+
+    Appcast feed;
+    UpdateNeeds needs{
+        .ownVersion = QStringLiteral("1.0"),
+        .systemVersion = QStringLiteral("6.1.0"),
+        .format = PackageFormat::appImage,
+        .channels = {},
+        .skippedVersion = {}};
+};
+
+TEST_F(UpdateChoiceTest, takesTheNewestWhereverItStands)
+{
+    add(u"1.9");
+    add(u"1.10");
+    add(u"1.2");
+    EXPECT_EQ(offered(), "1.10");
+}
+
+TEST_F(UpdateChoiceTest, takesTheFirstOfEqualOnes)
+{
+    add(u"1.2").title = QStringLiteral("first");
+    feed.items.back().shortVersion = QStringLiteral("one");
+    add(u"1.2.0").shortVersion = QStringLiteral("two");
+    EXPECT_EQ(offer().displayedVersion, QStringLiteral("one"));
+}
+
+TEST_F(UpdateChoiceTest, takesTheFileOfTheRightFormat)
+{
+    add(u"1.1");
+    EXPECT_EQ(offer().fileName, QStringLiteral("Tarnwick-1.1.AppImage"));
+    needs.format = PackageFormat::debianPackage;
+    EXPECT_EQ(offer().fileName, QStringLiteral("Tarnwick-1.1.deb"));
+    needs.format = std::nullopt;
+    EXPECT_EQ(offer().fileName, QStringLiteral("Tarnwick-1.1.AppImage"));
+}
+
+TEST_F(UpdateChoiceTest, knowsFormatsByTheirMediaTypes)
+{
+    AppcastItem& item = add(u"1.1");
+    item.enclosures[0].url = QUrl(QStringLiteral("https://example.com/latest"));
+    item.enclosures[0].type = QStringLiteral("application/vnd.debian.binary-package");
+    item.enclosures[1].url = QUrl(QStringLiteral("https://example.com/newest"));
+    item.enclosures[1].type = QStringLiteral("application/vnd.appimage");
+    EXPECT_EQ(offer().fileName, QStringLiteral("newest"));
+}
+
+TEST_F(UpdateChoiceTest, leavesOutWhatHasNoFileOfTheRightFormat)
+{
+    add(u"1.1");
+    add(u"1.2").enclosures.erase(feed.items.back().enclosures.begin());
+    EXPECT_EQ(offered(), "1.1");
+}
+
+TEST_F(UpdateChoiceTest, leavesOutOtherSystems)
+{
+    add(u"1.1").enclosures[0].operatingSystem = QStringLiteral("linux");
+    add(u"1.2").enclosures[0].operatingSystem = QStringLiteral("windows");
+    add(u"1.3").enclosures[0].operatingSystem = QStringLiteral("macos");
+    EXPECT_EQ(offered(), "1.1");
+}
+
+TEST_F(UpdateChoiceTest, leavesOutOtherChannels)
+{
+    add(u"1.1");
+    add(u"1.2").channel = QStringLiteral("beta");
+    EXPECT_EQ(offered(), "1.1");
+    needs.channels = {QStringLiteral("beta")};
+    EXPECT_EQ(offered(), "1.2");
+}
+
+TEST_F(UpdateChoiceTest, takesTheCommonChannelBesideAnother)
+{
+    add(u"1.2");
+    add(u"1.1").channel = QStringLiteral("beta");
+    needs.channels = {QStringLiteral("beta")};
+    EXPECT_EQ(offered(), "1.2");
+}
+
+TEST_F(UpdateChoiceTest, leavesOutWhatNeedsANewerSystem)
+{
+    add(u"1.1").minimumSystemVersion = QStringLiteral("6.1");
+    add(u"1.2").minimumSystemVersion = QStringLiteral("6.10");
+    EXPECT_EQ(offered(), "1.1");
+}
+
+TEST_F(UpdateChoiceTest, tellsWhenOnlyTheSystemIsTooOld)
+{
+    add(u"1.2").minimumSystemVersion = QStringLiteral("6.10");
+    EXPECT_EQ(
+        none(), (NoUpdate{Reason::systemTooOld, QStringLiteral("1.2"), QStringLiteral("6.10")}));
+}
+
+TEST_F(UpdateChoiceTest, aFeedWithNothingForThisSystemIsEmpty)
+{
+    EXPECT_EQ(none(), NoUpdate{});
+    add(u"1.2").enclosures.clear();
+    add(u"");
+    EXPECT_EQ(none(), NoUpdate{});
+}
+
+TEST_F(UpdateChoiceTest, theSameVersionIsUpToDate)
+{
+    add(u"0.9");
+    add(u"1.0.0");
+    EXPECT_EQ(none(), noUpdate(Reason::upToDate, u"1.0.0"));
+}
+
+TEST_F(UpdateChoiceTest, aDowngradeIsNeverOffered)
+{
+    add(u"0.9").isCritical = true;
+    EXPECT_EQ(none(), noUpdate(Reason::onlyOlder, u"0.9"));
+    add(u"1.0 beta").isCritical = true;
+    EXPECT_EQ(none(), noUpdate(Reason::onlyOlder, u"1.0 beta"));
+}
+
+TEST_F(UpdateChoiceTest, aSkippedVersionIsNotOffered)
+{
+    needs.skippedVersion = QStringLiteral("1.2");
+    add(u"1.1");
+    add(u"1.2");
+    EXPECT_EQ(none(), noUpdate(Reason::skipped, u"1.2"));
+    add(u"1.3");
+    EXPECT_EQ(offered(), "1.3");
+}
+
+TEST_F(UpdateChoiceTest, aCriticalVersionIsNotSkipped)
+{
+    needs.skippedVersion = QStringLiteral("1.2");
+    add(u"1.2").isCritical = true;
+    EXPECT_EQ(offered(), "1.2");
+    EXPECT_TRUE(offer().isCritical);
+}
+
+TEST_F(UpdateChoiceTest, isCriticalWhereAVersionOnTheWayIs)
+{
+    add(u"1.2");
+    EXPECT_FALSE(offer().isCritical);
+    add(u"1.1").isCritical = true;
+    EXPECT_EQ(offered(), "1.2");
+    EXPECT_TRUE(offer().isCritical);
+}
+
+TEST_F(UpdateChoiceTest, isCriticalOnlyBelowTheVersionThatTheFeedNames)
+{
+    AppcastItem& item = add(u"1.2");
+    item.isCritical = true;
+    item.criticalBelow = QStringLiteral("1.1");
+    EXPECT_TRUE(offer().isCritical);
+    needs.ownVersion = QStringLiteral("1.1");
+    EXPECT_FALSE(offer().isCritical);
+}
+
+TEST_F(UpdateChoiceTest, anUnsignedNewestIsAnErrorAndNoReasonToTakeAnOlderOne)
+{
+    add(u"1.1");
+    add(u"1.2").enclosures[0].signature.clear();
+    EXPECT_EQ(
+        TestSupport::updateErrorOf([this] { chooseUpdate(feed, needs); }),
+        "The update feed has no signature for version 1.2.");
+}
+
+TEST_F(UpdateChoiceTest, whatIsNotChosenMayBeDamaged)
+{
+    add(u"0.9").enclosures[0].signature.clear();
+    add(u"1.1").enclosures[0].length = std::nullopt;
+    add(u"1.2");
+    EXPECT_EQ(offered(), "1.2");
+}
+
+}  // namespace
