@@ -1,0 +1,319 @@
+#include "TarnwickDirect/SoftwareUpdate/HttpsFetch.h"
+
+#include "Fakes/EventLoop.h"
+#include "SoftwareUpdate/TlsServer.h"
+
+#include <QNetworkAccessManager>
+#include <QTimer>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+using namespace TarnwickDirect;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+class HttpsFetchTest : public testing::Test {
+protected:
+    void begin(const QUrl& url)
+    {
+        request.url = url;
+        fetch = std::make_unique<HttpsFetch>(network, request);
+        QObject::connect(
+            fetch.get(), &HttpsFetch::received, &context, [this](const QByteArray& piece) {
+                bytes += piece;
+            });
+        QObject::connect(
+            fetch.get(), &HttpsFetch::finished, &context, [this] { ending += "finished"; });
+        QObject::connect(
+            fetch.get(), &HttpsFetch::failed, &context, [this](const QString& message) {
+                ending += message.toStdString();
+            });
+    }
+
+    /// How the fetch ends: "finished" or the message, and both where there are two endings.
+    std::string run(const QUrl& url)
+    {
+        begin(url);
+        if (!TestSupport::eventually([this] { return !ending.empty(); })) {
+            return "no end";
+        }
+        TestSupport::processEvents();
+        return ending;
+    }
+
+    TestSupport::TlsServer server;
+    QNetworkAccessManager network;
+    FetchRequest request{
+        .url = {},
+        .subject = QStringLiteral("The update feed"),
+        .byteLimit = 1'000'000,
+        .silenceLimit = 20s,
+        .timeLimit = std::nullopt,
+        .tls = TestSupport::TlsServer::trust()};
+    QObject context;
+    QByteArray bytes;
+    std::string ending;
+    std::unique_ptr<HttpsFetch> fetch;
+};
+
+TEST_F(HttpsFetchTest, bringsTheBytes)
+{
+    server.serve("/feed", QByteArray(700'000, 'x'));
+    EXPECT_EQ(run(server.url("/feed")), "finished");
+    EXPECT_EQ(bytes, QByteArray(700'000, 'x'));
+}
+
+TEST_F(HttpsFetchTest, bringsNothingWhereThereIsNothing)
+{
+    server.serve("/feed", "");
+    EXPECT_EQ(run(server.url("/feed")), "finished");
+    EXPECT_TRUE(bytes.isEmpty());
+}
+
+TEST_F(HttpsFetchTest, followsARedirectToHttps)
+{
+    server.serve("/new", "moved");
+    server.redirect("/feed", server.url("/new"));
+    EXPECT_EQ(run(server.url("/feed")), "finished");
+    EXPECT_EQ(bytes, "moved");
+}
+
+TEST_F(HttpsFetchTest, refusesARedirectToPlainHttp)
+{
+    QTcpServer plain;
+    ASSERT_TRUE(plain.listen(QHostAddress::LocalHost));
+    server.redirect(
+        "/feed", QUrl(QStringLiteral("http://127.0.0.1:%1/feed").arg(plain.serverPort())));
+    EXPECT_EQ(
+        run(server.url("/feed")),
+        "The update feed could not be fetched: the server redirected to an address that is not "
+        "HTTPS.");
+    EXPECT_FALSE(plain.hasPendingConnections());
+}
+
+TEST_F(HttpsFetchTest, refusesARedirectToAFile)
+{
+    server.redirect("/feed", QUrl(QStringLiteral("file:///etc/passwd")));
+    EXPECT_EQ(
+        run(server.url("/feed")),
+        "The update feed could not be fetched: the server redirected to an address that is not "
+        "HTTPS.");
+    EXPECT_TRUE(bytes.isEmpty());
+}
+
+TEST_F(HttpsFetchTest, refusesEndlessRedirects)
+{
+    server.redirect("/feed", server.url("/feed"));
+    EXPECT_EQ(
+        run(server.url("/feed")),
+        "The update feed could not be fetched: the server redirected too often.");
+    // Qt may ask once more where it takes a connection for closed.
+    EXPECT_GE(server.requests().size(), 6U);
+    EXPECT_LE(server.requests().size(), 12U);
+}
+
+TEST_F(HttpsFetchTest, refusesPlainAddressesWithoutAsking)
+{
+    QTcpServer plain;
+    ASSERT_TRUE(plain.listen(QHostAddress::LocalHost));
+    EXPECT_EQ(
+        run(QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(plain.serverPort()))),
+        "The update feed could not be fetched: its address is not an HTTPS address.");
+    EXPECT_FALSE(plain.hasPendingConnections());
+}
+
+TEST_F(HttpsFetchTest, refusesACertificateThatNobodyVouchesFor)
+{
+    server.serve("/feed", "secret");
+    request.tls = QSslConfiguration::defaultConfiguration();
+    EXPECT_EQ(
+        run(server.url("/feed")),
+        "The update feed could not be fetched: the server could not prove its identity.");
+    EXPECT_TRUE(server.requests().empty());
+}
+
+TEST_F(HttpsFetchTest, refusesACertificateForAnotherName)
+{
+    server.serve("/feed", "secret");
+    QUrl url = server.url("/feed");
+    url.setHost(QStringLiteral("localhost"));
+    EXPECT_EQ(
+        run(url), "The update feed could not be fetched: the server could not prove its identity.");
+    EXPECT_TRUE(server.requests().empty());
+}
+
+TEST_F(HttpsFetchTest, endsAtTheSizeLimit)
+{
+    server.serve("/feed", QByteArray(1001, 'x'));
+    request.byteLimit = 1000;
+    EXPECT_EQ(
+        run(server.url("/feed")),
+        "The update feed could not be fetched: it is longer than 1000 bytes.");
+    EXPECT_LE(bytes.size(), 1000);
+}
+
+TEST_F(HttpsFetchTest, takesExactlyTheSizeLimit)
+{
+    server.serve("/feed", QByteArray(1000, 'x'));
+    request.byteLimit = 1000;
+    EXPECT_EQ(run(server.url("/feed")), "finished");
+    EXPECT_EQ(bytes.size(), 1000);
+}
+
+TEST_F(HttpsFetchTest, endsAtTheSizeLimitOfAnAnswerWithoutEnd)
+{
+    server.answer("/feed", [this](QSslSocket& connection) {
+        connection.write("HTTP/1.1 200 OK\r\n\r\n");
+        QObject::connect(&connection, &QSslSocket::encryptedBytesWritten, &context, [&connection] {
+            connection.write(QByteArray(10'000, 'x'));
+        });
+        connection.write(QByteArray(10'000, 'x'));
+    });
+    EXPECT_EQ(
+        run(server.url("/feed")),
+        "The update feed could not be fetched: it is longer than 1000000 bytes.");
+    EXPECT_TRUE(TestSupport::eventually([this] { return server.openConnections() == 0; }));
+}
+
+TEST_F(HttpsFetchTest, endsWhenTheServerFallsSilent)
+{
+    server.answer("/feed", [](QSslSocket& connection) {
+        connection.write("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nhalf");
+    });
+    request.silenceLimit = 100ms;
+    EXPECT_EQ(
+        run(server.url("/feed")),
+        "The update feed could not be fetched: the server took too long.");
+}
+
+TEST_F(HttpsFetchTest, endsWhenTheServerTrickles)
+{
+    QTimer drip;
+    server.answer("/feed", [&](QSslSocket& connection) {
+        connection.write("HTTP/1.1 200 OK\r\n\r\n");
+        QObject::connect(&drip, &QTimer::timeout, &connection, [&] { connection.write("."); });
+        drip.start(1ms);
+    });
+    request.timeLimit = 200ms;
+    EXPECT_EQ(
+        run(server.url("/feed")),
+        "The update feed could not be fetched: the server took too long.");
+    EXPECT_TRUE(bytes.startsWith("."));
+}
+
+TEST_F(HttpsFetchTest, noticesThatTheAnswerIsCutOff)
+{
+    server.answer("/feed", [](QSslSocket& connection) {
+        connection.write("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nhalf");
+        connection.disconnectFromHost();
+    });
+    EXPECT_EQ(
+        run(server.url("/feed")),
+        "The update feed could not be fetched: the connection ended too early.");
+}
+
+TEST_F(HttpsFetchTest, tellsTheStatusOfOtherAnswers)
+{
+    EXPECT_EQ(
+        run(server.url("/feed")),
+        "The update feed could not be fetched: the server answered with status 404.");
+    EXPECT_TRUE(bytes.isEmpty());
+}
+
+TEST_F(HttpsFetchTest, takesNoPartForTheWhole)
+{
+    server.answer("/feed", [](QSslSocket& connection) {
+        connection.write("HTTP/1.1 206 Partial Content\r\nContent-Length: 4\r\n\r\nhalf");
+    });
+    EXPECT_EQ(
+        run(server.url("/feed")),
+        "The update feed could not be fetched: the server answered with status 206.");
+    EXPECT_TRUE(bytes.isEmpty());
+}
+
+TEST_F(HttpsFetchTest, tellsThatNobodyListens)
+{
+    QTcpServer plain;
+    ASSERT_TRUE(plain.listen(QHostAddress::LocalHost));
+    const quint16 port = plain.serverPort();
+    plain.close();
+    EXPECT_EQ(
+        run(QUrl(QStringLiteral("https://127.0.0.1:%1/").arg(port))),
+        "The update feed could not be fetched: the server refused the connection.");
+}
+
+TEST_F(HttpsFetchTest, tellsThatThereIsNoSuchServer)
+{
+    EXPECT_EQ(
+        run(QUrl(QStringLiteral("https://feed.invalid/"))),
+        "The update feed could not be fetched: the server was not found.");
+}
+
+TEST_F(HttpsFetchTest, takesThePackedBytesAsTheyAre)
+{
+    const QByteArray packed =
+        QByteArray::fromHex("1f8b0800000000000203cb48cdc9c9070086a6103605000000");
+    server.answer("/feed", [&](QSslSocket& connection) {
+        connection.write(
+            "HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: "
+            + QByteArray::number(packed.size()) + "\r\n\r\n" + packed);
+    });
+    EXPECT_EQ(run(server.url("/feed")), "finished");
+    EXPECT_EQ(bytes, packed);
+    EXPECT_THAT(
+        server.requests().at(0).toLower().toStdString(),
+        AllOf(HasSubstr("accept-encoding: identity\r\n"), Not(HasSubstr("gzip"))));
+}
+
+TEST_F(HttpsFetchTest, saysLittleOfTheUser)
+{
+    server.answer("/feed", [](QSslSocket& connection) {
+        connection.write("HTTP/1.1 200 OK\r\nSet-Cookie: who=me\r\nContent-Length: 0\r\n\r\n");
+    });
+    EXPECT_EQ(run(server.url("/feed")), "finished");
+    ending.clear();
+    EXPECT_EQ(run(server.url("/feed")), "finished");
+    ASSERT_EQ(server.requests().size(), 2U);
+    const std::string second = server.requests()[1].toLower().toStdString();
+    EXPECT_THAT(second, AllOf(HasSubstr("user-agent: tarnwick\r\n"), Not(HasSubstr("cookie"))));
+}
+
+TEST_F(HttpsFetchTest, endsWithoutASignalWhenItIsDestroyed)
+{
+    server.answer("/feed", [](QSslSocket& connection) {
+        connection.write("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nhalf");
+    });
+    begin(server.url("/feed"));
+    ASSERT_TRUE(TestSupport::eventually([this] { return bytes == "half"; }));
+    fetch.reset();
+    EXPECT_TRUE(TestSupport::eventually([this] { return server.openConnections() == 0; }));
+    EXPECT_EQ(ending, "");
+}
+
+TEST_F(HttpsFetchTest, mayBeDestroyedByEachOfItsSignals)
+{
+    server.serve("/feed", "all");
+    begin(server.url("/feed"));
+    QObject::connect(fetch.get(), &HttpsFetch::received, &context, [this] { fetch.reset(); });
+    EXPECT_TRUE(TestSupport::eventually([this] { return !fetch; }));
+    begin(server.url("/feed"));
+    QObject::connect(fetch.get(), &HttpsFetch::finished, &context, [this] { fetch.reset(); });
+    EXPECT_TRUE(TestSupport::eventually([this] { return !fetch; }));
+    begin(server.url("/missing"));
+    QObject::connect(fetch.get(), &HttpsFetch::failed, &context, [this] { fetch.reset(); });
+    EXPECT_TRUE(TestSupport::eventually([this] { return !fetch; }));
+}
+
+TEST_F(HttpsFetchTest, mayBeDestroyedAtOnce)
+{
+    begin(server.url("/feed"));
+    fetch.reset();
+    TestSupport::processEvents();
+    EXPECT_EQ(ending, "");
+}
+
+}  // namespace

@@ -1,0 +1,258 @@
+#include "TarnwickDirect/SoftwareUpdate/UpdateDownload.h"
+
+#include "Fakes/EventLoop.h"
+#include "Persistence/FileTrouble.h"
+#include "SoftwareUpdate/Signing.h"
+#include "SoftwareUpdate/TlsServer.h"
+
+#include <QNetworkAccessManager>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+using namespace TarnwickDirect;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+class UpdateDownloadTest : public testing::Test {
+protected:
+    UpdateDownloadTest()
+    {
+        server.serve("/files/Tarnwick.AppImage", file);
+        offer.url = server.url("/files/Tarnwick.AppImage");
+        offer.fileName = QStringLiteral("Tarnwick.AppImage");
+        offer.length = std::uint64_t(file.size());
+        offer.signature = key.sign(file);
+    }
+
+    void begin()
+    {
+        download = std::make_unique<UpdateDownload>(
+            network,
+            offer,
+            UpdateDownload::Settings{
+                .folder = folder / "updates",
+                .key = key.publicKey(),
+                .tls = TestSupport::TlsServer::trust(),
+                .silenceLimit = silenceLimit});
+        QObject::connect(
+            download.get(), &UpdateDownload::progressed, &context, [this](quint64 bytes) {
+                progress.push_back(bytes);
+            });
+        QObject::connect(download.get(), &UpdateDownload::verifying, &context, [this] {
+            EXPECT_EQ(progress.back(), offer.length);
+            isVerifying = true;
+        });
+        QObject::connect(
+            download.get(),
+            &UpdateDownload::finished,
+            &context,
+            [this](const std::filesystem::path& path) {
+                downloaded = path;
+                ending += "finished";
+            });
+        QObject::connect(
+            download.get(), &UpdateDownload::failed, &context, [this](const QString& message) {
+                ending += message.toStdString();
+            });
+    }
+
+    /// How it ends: "finished" or the message, and both where there are two endings.
+    std::string run()
+    {
+        begin();
+        if (!TestSupport::eventually([this] { return !ending.empty(); })) {
+            return "no end";
+        }
+        TestSupport::processEvents();
+        return ending;
+    }
+
+    bool isNothingLeft() const
+    {
+        return !exists(folder / "updates") || is_empty(folder / "updates");
+    }
+
+    const QByteArray file = QByteArray(600'000, 'a') + "the program";
+    TestSupport::TlsServer server;
+    TestSupport::SigningKey key;
+    FileTrouble::Folder folder;
+    QNetworkAccessManager network;
+    UpdateOffer offer;
+    std::chrono::milliseconds silenceLimit = 20s;
+    QObject context;
+    std::vector<quint64> progress;
+    bool isVerifying = false;
+    std::filesystem::path downloaded;
+    std::string ending;
+    std::unique_ptr<UpdateDownload> download;
+};
+
+TEST_F(UpdateDownloadTest, yieldsTheVerifiedFile)
+{
+    EXPECT_EQ(run(), "finished");
+    EXPECT_EQ(downloaded.filename(), "Tarnwick.AppImage");
+    EXPECT_EQ(FileTrouble::contentsOf(downloaded), file.toStdString());
+    EXPECT_TRUE(isVerifying);
+    EXPECT_TRUE(std::ranges::is_sorted(progress));
+}
+
+TEST_F(UpdateDownloadTest, keepsTheFileFromOtherUsers)
+{
+    EXPECT_EQ(run(), "finished");
+    EXPECT_EQ(FileTrouble::modeOf(downloaded.parent_path()), 0700U);
+    EXPECT_EQ(downloaded.parent_path().parent_path(), folder / "updates");
+}
+
+TEST_F(UpdateDownloadTest, leavesNothingAtItsEnd)
+{
+    EXPECT_EQ(run(), "finished");
+    download.reset();
+    EXPECT_TRUE(isNothingLeft());
+}
+
+TEST_F(UpdateDownloadTest, takesTheNameOfTheOfferAndNotOfTheRedirect)
+{
+    server.serve("/elsewhere/evil.sh", file);
+    server.redirect("/files/Tarnwick.AppImage", server.url("/elsewhere/evil.sh"));
+    EXPECT_EQ(run(), "finished");
+    EXPECT_EQ(downloaded.filename(), "Tarnwick.AppImage");
+}
+
+TEST_F(UpdateDownloadTest, deletesOtherBytes)
+{
+    QByteArray other = file;
+    other[300'000] = 'b';
+    server.serve("/files/Tarnwick.AppImage", other);
+    EXPECT_EQ(
+        run(),
+        "The download \"Tarnwick.AppImage\" was deleted because its signature is not valid.");
+    EXPECT_TRUE(isNothingLeft());
+}
+
+TEST_F(UpdateDownloadTest, deletesWhatAnotherKeySigned)
+{
+    offer.signature = TestSupport::SigningKey(2).sign(file);
+    EXPECT_EQ(
+        run(),
+        "The download \"Tarnwick.AppImage\" was deleted because its signature is not valid.");
+    EXPECT_TRUE(isNothingLeft());
+}
+
+TEST_F(UpdateDownloadTest, stopsWhereTheServerSendsMoreThanTheFeedTells)
+{
+    offer.length = 1000;
+    EXPECT_EQ(run(), "\"Tarnwick.AppImage\" could not be fetched: it is longer than 1000 bytes.");
+    EXPECT_FALSE(isVerifying);
+    EXPECT_TRUE(isNothingLeft());
+}
+
+TEST_F(UpdateDownloadTest, deletesWhatIsShorterThanTheFeedTells)
+{
+    offer.length = std::uint64_t(file.size()) + 1;
+    begin();
+    QObject::disconnect(download.get(), &UpdateDownload::verifying, &context, nullptr);
+    ASSERT_TRUE(TestSupport::eventually([this] { return !ending.empty(); }));
+    EXPECT_EQ(
+        ending,
+        "The download \"Tarnwick.AppImage\" was deleted because it has 600011 bytes instead of "
+        "600012.");
+    EXPECT_TRUE(isNothingLeft());
+}
+
+TEST_F(UpdateDownloadTest, refusesARedirectToPlainHttp)
+{
+    server.redirect(
+        "/files/Tarnwick.AppImage", QUrl(QStringLiteral("http://127.0.0.1/Tarnwick.AppImage")));
+    EXPECT_EQ(
+        run(),
+        "\"Tarnwick.AppImage\" could not be fetched: the server redirected to an address that is "
+        "not HTTPS.");
+    EXPECT_TRUE(isNothingLeft());
+}
+
+TEST_F(UpdateDownloadTest, leavesNothingWhenItIsCutOff)
+{
+    server.answer("/files/Tarnwick.AppImage", [this](QSslSocket& connection) {
+        connection.write(TestSupport::okay(file).chopped(10));
+        connection.disconnectFromHost();
+    });
+    EXPECT_EQ(run(), "\"Tarnwick.AppImage\" could not be fetched: the connection ended too early.");
+    EXPECT_TRUE(isNothingLeft());
+}
+
+TEST_F(UpdateDownloadTest, leavesNothingWhenTheServerFallsSilent)
+{
+    server.answer("/files/Tarnwick.AppImage", [this](QSslSocket& connection) {
+        connection.write(TestSupport::okay(file).chopped(10));
+    });
+    silenceLimit = 200ms;
+    EXPECT_EQ(run(), "\"Tarnwick.AppImage\" could not be fetched: the server took too long.");
+    EXPECT_TRUE(isNothingLeft());
+}
+
+TEST_F(UpdateDownloadTest, leavesNothingOnAFullDisk)
+{
+    const FileTrouble::LargestFile limit(300'000);
+    EXPECT_EQ(run(), "\"Tarnwick.AppImage\" could not be saved: File too large.");
+    EXPECT_TRUE(isNothingLeft());
+}
+
+TEST_F(UpdateDownloadTest, tellsThatTheFolderCannotBeMade)
+{
+    FileTrouble::writeFile(folder / "updates", "a file in its place");
+    EXPECT_THAT(run(), StartsWith("The update could not be saved: "));
+    EXPECT_THAT(folder.names(), ElementsAre("updates"));
+    EXPECT_THAT(server.requests(), IsEmpty());
+}
+
+TEST_F(UpdateDownloadTest, leavesNothingWhenItIsCancelledOnTheWay)
+{
+    server.answer("/files/Tarnwick.AppImage", [this](QSslSocket& connection) {
+        connection.write(TestSupport::okay(file).chopped(10));
+    });
+    begin();
+    ASSERT_TRUE(TestSupport::eventually([this] { return !progress.empty(); }));
+    EXPECT_FALSE(isNothingLeft());
+    download.reset();
+    EXPECT_TRUE(isNothingLeft());
+    EXPECT_TRUE(TestSupport::eventually([this] { return server.openConnections() == 0; }));
+    EXPECT_EQ(ending, "");
+}
+
+TEST_F(UpdateDownloadTest, leavesNothingWhenItIsCancelledDuringVerification)
+{
+    begin();
+    QObject::connect(download.get(), &UpdateDownload::verifying, &context, [this] {
+        QMetaObject::invokeMethod(&context, [this] { download.reset(); }, Qt::QueuedConnection);
+    });
+    ASSERT_TRUE(TestSupport::eventually([this] { return !download; }));
+    TestSupport::processEvents();
+    EXPECT_TRUE(isNothingLeft());
+    EXPECT_EQ(ending, "");
+}
+
+TEST_F(UpdateDownloadTest, mayBeDestroyedByEachOfItsSignals)
+{
+    const auto destroy = [this] { download.reset(); };
+    const auto isGone = [this] { return !download; };
+    begin();
+    QObject::connect(download.get(), &UpdateDownload::progressed, &context, destroy);
+    EXPECT_TRUE(TestSupport::eventually(isGone));
+    begin();
+    QObject::connect(download.get(), &UpdateDownload::verifying, &context, destroy);
+    EXPECT_TRUE(TestSupport::eventually(isGone));
+    begin();
+    QObject::connect(download.get(), &UpdateDownload::finished, &context, destroy);
+    EXPECT_TRUE(TestSupport::eventually(isGone));
+    offer.length = 1000;
+    begin();
+    QObject::connect(download.get(), &UpdateDownload::failed, &context, destroy);
+    EXPECT_TRUE(TestSupport::eventually(isGone));
+    EXPECT_TRUE(isNothingLeft());
+}
+
+}  // namespace
