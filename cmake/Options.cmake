@@ -8,7 +8,21 @@ option(TARNWICK_FUZZERS "Build the libFuzzer targets (Clang only)" OFF)
 option(TARNWICK_HEADER_CHECK "Compile every header on its own" OFF)
 option(TARNWICK_PRECOMPILE "Use precompiled headers" ON)
 set(TARNWICK_WEB_SITE "https://tarnwick.dev" CACHE STRING "The product's web site")
+set(TARNWICK_UPDATE_FEED "" CACHE STRING "The HTTPS address of the update feed; without it the program has no updater")
+set(TARNWICK_UPDATE_KEY "" CACHE STRING "The Ed25519 public key that updates are signed for, in Base64")
 set(TARNWICK_SANITIZERS "" CACHE STRING "Sanitizers for every target, such as address,undefined")
+
+# A program with one of them or with a wrong one would quietly have no updater.
+set(feedForm "^https://[^/\"\\ ]+(/[^\"\\ ]*)?$")
+set(keyForm "^[A-Za-z0-9+/]+=$")
+string(LENGTH "${TARNWICK_UPDATE_KEY}" keyLength)
+if(TARNWICK_UPDATE_FEED OR TARNWICK_UPDATE_KEY)
+    if(NOT TARNWICK_UPDATE_FEED MATCHES "${feedForm}" OR NOT TARNWICK_UPDATE_KEY MATCHES "${keyForm}"
+        OR NOT keyLength EQUAL 44)
+        message(FATAL_ERROR "TARNWICK_UPDATE_FEED has to be an HTTPS address and TARNWICK_UPDATE_KEY "
+            "the Base64 text of 32 bytes, or both have to be empty.")
+    endif()
+endif()
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)

@@ -1,0 +1,328 @@
+#include "TarnwickDirect/SoftwareUpdate/AppcastUpdater.h"
+
+#include "PullRequestKit/Errors.h"
+#include "Tarnwick/Async/Worker.h"
+#include "TarnwickDirect/SoftwareUpdate/AppImageReplacement.h"
+#include "TarnwickDirect/SoftwareUpdate/UpdateError.h"
+#include "TarnwickDirect/SoftwareUpdate/UpdaterDelegate.h"
+#include "TarnwickDirect/SoftwareUpdate/UpdateWording.h"
+
+#include <cassert>
+#include <utility>
+
+namespace TarnwickDirect {
+namespace {
+
+using namespace std::chrono_literals;
+using Kind = UpdateState::Kind;
+
+constexpr auto settlingTime = 1min;
+constexpr auto checkInterval = 24h;
+
+/// Lets go of an object that may be the one that is calling.
+template<typename Object>
+void discard(std::unique_ptr<Object>& object)
+{
+    if (object) {
+        object->disconnect();
+        object.release()->deleteLater();
+    }
+}
+
+/// The message of what went wrong, or nothing.
+std::optional<QString> replacementProblem(
+    const std::filesystem::path& oldFile, const std::filesystem::path& newFile)
+{
+    try {
+        replaceAppImage(oldFile, newFile);
+        return std::nullopt;
+    } catch (const std::exception& error) {
+        return QString::fromUtf8(error.what());
+    }
+}
+
+/// Nothing while the search for it is being stopped.
+std::optional<Installation> installationFound(
+    const std::function<Installation(std::stop_token)>& find, const std::stop_token& stopToken)
+{
+    try {
+        return find(stopToken);
+    } catch (const PullRequestKit::CancellationError&) {
+        return std::nullopt;
+    }
+}
+
+UpdateState withMessage(Kind kind, const QString& message)
+{
+    UpdateState state;
+    state.kind = kind;
+    state.message = message;
+    return state;
+}
+
+}  // namespace
+
+AppcastUpdater::AppcastUpdater(Collaborators collaborators, UpdaterDelegate& delegate)
+    : _collaborators(std::move(collaborators))
+    , _delegate(delegate)
+    , _settings(_collaborators.defaults)
+{
+    // What a program that was killed has left.
+    std::error_code ignored;
+    std::filesystem::remove_all(_collaborators.downloadFolder, ignored);
+    _dailyChecks.start([this](std::stop_token stopToken) { return checkDaily(stopToken); });
+}
+
+AppcastUpdater::~AppcastUpdater() = default;
+
+bool AppcastUpdater::canCheckForUpdates() const
+{
+    switch (_state.kind) {
+    case Kind::checking:
+    case Kind::downloading:
+    case Kind::verifying:
+    case Kind::installing:
+        return false;
+    case Kind::idle:
+    case Kind::upToDate:
+    case Kind::noUpdate:
+    case Kind::available:
+    case Kind::installed:
+    case Kind::handedOver:
+    case Kind::failed:
+        return true;
+    }
+    return false;
+}
+
+void AppcastUpdater::checkForUpdates()
+{
+    if (canCheckForUpdates()) {
+        begin(Occasion::user);
+    }
+}
+
+QCoro::Task<> AppcastUpdater::checkDaily(std::stop_token stopToken)
+{
+    auto settling = _collaborators.clock->sleep(settlingTime, stopToken);
+    co_await settling;
+    while (!stopToken.stop_requested()) {
+        const auto wait = untilNextCheck();
+        if (wait <= 0ms) {
+            if (_state.kind == Kind::idle && !_occasion) {
+                begin(Occasion::background);
+            } else {
+                _settings.setLastCheck(_collaborators.clock->now());
+            }
+            continue;
+        }
+        auto sleeping = _collaborators.clock->sleep(wait, stopToken);
+        co_await sleeping;
+    }
+}
+
+/// A time that is still to come is no time at which anything was checked.
+std::chrono::milliseconds AppcastUpdater::untilNextCheck() const
+{
+    const auto now = _collaborators.clock->now();
+    const auto last = _settings.lastCheck();
+    return last && *last <= now ? *last + checkInterval - now : 0ms;
+}
+
+void AppcastUpdater::begin(Occasion occasion)
+{
+    endCheck();
+    _occasion = occasion;
+    _settings.setLastCheck(_collaborators.clock->now());
+    if (occasion == Occasion::user) {
+        setState(withMessage(Kind::checking, {}));
+    }
+    _check.start(
+        [this, occasion](std::stop_token stopToken) { return check(occasion, stopToken); });
+}
+
+QCoro::Task<> AppcastUpdater::check(Occasion occasion, std::stop_token stopToken)
+{
+    const auto find = [find = _collaborators.findInstallation, stopToken] {
+        return installationFound(find, stopToken);
+    };
+    auto finding = Tarnwick::onWorker(find);
+    const std::optional<Installation> installation = co_await finding;
+    if (stopToken.stop_requested() || !installation) {
+        co_return;
+    }
+    _installation = *installation;
+    if (occasion == Occasion::background && !_installation.format()) {
+        endCheck();
+    } else {
+        lookAtFeed(occasion);
+    }
+}
+
+void AppcastUpdater::lookAtFeed(Occasion occasion)
+{
+    const UpdateNeeds needed = needs(occasion);
+    _feedCheck = std::make_unique<FeedCheck>(
+        _network,
+        FeedCheck::Settings{
+            .feed = _collaborators.source.feed, .needs = needed, .tls = _collaborators.tls});
+    connect(_feedCheck.get(), &FeedCheck::found, this, &AppcastUpdater::found);
+    connect(
+        _feedCheck.get(), &FeedCheck::foundNothing, this, [this, needed](const NoUpdate& reason) {
+            const auto kind = UpdateWording::isUpToDate(reason) ? Kind::upToDate : Kind::noUpdate;
+            foundNone(withMessage(kind, UpdateWording::noUpdate(reason, needed)));
+        });
+    connect(_feedCheck.get(), &FeedCheck::failed, this, [this](const QString& message) {
+        foundNone(withMessage(Kind::failed, message));
+    });
+}
+
+/// Whoever asks for a check hears of a skipped version as well.
+UpdateNeeds AppcastUpdater::needs(Occasion occasion) const
+{
+    return {
+        .ownVersion = _collaborators.ownVersion,
+        .systemVersion = _collaborators.systemVersion,
+        .format = _installation.format(),
+        .channels = _settings.channels(),
+        .skippedVersion =
+            occasion == Occasion::background ? _settings.skippedVersion() : QString{}};
+}
+
+void AppcastUpdater::found(const UpdateOffer& offer)
+{
+    endCheck();
+    _delegate.updaterDidFindValidUpdate(offer);
+    UpdateState state;
+    state.kind = Kind::available;
+    state.offer = offer;
+    setState(state);
+}
+
+void AppcastUpdater::foundNone(const UpdateState& state)
+{
+    const bool wasAskedFor = _occasion == Occasion::user;
+    endCheck();
+    _delegate.updaterDidNotFindUpdate(state.message);
+    if (wasAskedFor) {
+        setState(state);
+    }
+}
+
+void AppcastUpdater::endCheck()
+{
+    _occasion.reset();
+    _check.cancel();
+    discard(_feedCheck);
+}
+
+void AppcastUpdater::cancel()
+{
+    if (_state.kind == Kind::checking) {
+        endCheck();
+        _delegate.updaterDidNotFindUpdate(QStringLiteral("The check was cancelled."));
+        setState({});
+    } else if (_state.kind == Kind::downloading || _state.kind == Kind::verifying) {
+        _download.reset();
+        setState({});
+    }
+}
+
+void AppcastUpdater::dismiss()
+{
+    if (canCheckForUpdates()) {
+        setState({});
+    }
+}
+
+void AppcastUpdater::skip()
+{
+    assert(_state.kind == Kind::available && !_state.offer.isCritical);
+    _settings.setSkippedVersion(_state.offer.version);
+    setState({});
+}
+
+void AppcastUpdater::install()
+{
+    assert(_state.kind == Kind::available && _installation.format());
+    endCheck();
+    _download = std::make_unique<UpdateDownload>(
+        _network,
+        _state.offer,
+        UpdateDownload::Settings{
+            .folder = _collaborators.downloadFolder,
+            .key = _collaborators.source.key,
+            .tls = _collaborators.tls});
+    connect(_download.get(), &UpdateDownload::progressed, this, [this](quint64 receivedBytes) {
+        UpdateState state = _state;
+        state.receivedBytes = receivedBytes;
+        setState(state);
+    });
+    connect(
+        _download.get(), &UpdateDownload::verifying, this, [this] { setKind(Kind::verifying); });
+    connect(_download.get(), &UpdateDownload::finished, this, &AppcastUpdater::downloaded);
+    connect(_download.get(), &UpdateDownload::failed, this, &AppcastUpdater::failInstallation);
+    setKind(Kind::downloading);
+}
+
+void AppcastUpdater::downloaded(const std::filesystem::path& file)
+{
+    if (_installation.kind == Installation::Kind::appImage) {
+        setKind(Kind::installing);
+        _replacement.start(
+            [this, file](std::stop_token stopToken) { return replace(file, stopToken); });
+        return;
+    }
+    _download->keepFile();
+    discard(_download);
+    setKind(Kind::handedOver);
+    Q_EMIT packageReady(file);
+}
+
+QCoro::Task<> AppcastUpdater::replace(std::filesystem::path file, std::stop_token stopToken)
+{
+    const auto work = [file, oldFile = _installation.appImage] {
+        return replacementProblem(oldFile, file);
+    };
+    auto replacing = Tarnwick::onWorker(work);
+    const std::optional<QString> problem = co_await replacing;
+    if (stopToken.stop_requested()) {
+        co_return;
+    }
+    if (problem) {
+        failInstallation(*problem);
+        co_return;
+    }
+    discard(_download);
+    // What later checks compare with is what would run after the next start.
+    _collaborators.ownVersion = _state.offer.version;
+    setKind(Kind::installed);
+}
+
+void AppcastUpdater::failInstallation(const QString& message)
+{
+    discard(_download);
+    setState(withMessage(Kind::failed, message));
+}
+
+void AppcastUpdater::setState(UpdateState state)
+{
+    const bool couldCheck = canCheckForUpdates();
+    if (std::exchange(_state, std::move(state)) == _state) {
+        return;
+    }
+    const bool canCheck = canCheckForUpdates();
+    if (canCheck != couldCheck) {
+        Q_EMIT canCheckForUpdatesChanged(canCheck);
+    }
+    Q_EMIT stateChanged();
+}
+
+void AppcastUpdater::setKind(Kind kind)
+{
+    UpdateState state = _state;
+    state.kind = kind;
+    setState(state);
+}
+
+}  // namespace TarnwickDirect

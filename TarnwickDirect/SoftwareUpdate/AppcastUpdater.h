@@ -1,0 +1,106 @@
+#pragma once
+
+#include "Tarnwick/Async/CancellableTask.h"
+#include "Tarnwick/Async/Clock.h"
+#include "TarnwickDirect/SoftwareUpdate/FeedCheck.h"
+#include "TarnwickDirect/SoftwareUpdate/Installation.h"
+#include "TarnwickDirect/SoftwareUpdate/UpdateDownload.h"
+#include "TarnwickDirect/SoftwareUpdate/UpdaterController.h"
+#include "TarnwickDirect/SoftwareUpdate/UpdateSettings.h"
+#include "TarnwickDirect/SoftwareUpdate/UpdateSource.h"
+#include "TarnwickDirect/SoftwareUpdate/UpdateState.h"
+
+#include <QNetworkAccessManager>
+
+namespace TarnwickDirect {
+
+class UpdaterDelegate;
+
+/// Keeps the program up to date from a feed. It looks at the feed when the user asks and, where
+/// this copy of the program can be replaced by what the feed offers, once a day by itself: what
+/// comes of that is silence or an update. What the user sees and does is here, and how it looks
+/// elsewhere. Main thread only. The end of the object ends what runs and leaves nothing behind.
+class AppcastUpdater final : public UpdaterController {
+    Q_OBJECT
+
+public:
+    struct Collaborators {
+        UpdateSource source;
+        QString ownVersion;
+        QString systemVersion;                 ///< The kernel's, such as "6.1.0".
+        std::filesystem::path downloadFolder;  ///< Of this program alone: it is emptied.
+        std::function<Installation(std::stop_token)> findInstallation;  ///< Called on a worker.
+        std::shared_ptr<Tarnwick::DefaultsStore> defaults;
+        std::shared_ptr<Tarnwick::Clock> clock;
+        QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
+    };
+
+    /// The first check by itself comes a minute later at the earliest. Requires: every collaborator
+    /// is there, and the delegate lives longer.
+    AppcastUpdater(Collaborators collaborators, UpdaterDelegate& delegate);
+    ~AppcastUpdater() override;
+
+    bool canCheckForUpdates() const override;
+    void checkForUpdates() override;
+
+    const UpdateState& state() const { return _state; }
+
+    /// As the last check found it.
+    const Installation& installation() const { return _installation; }
+
+    /// Ends the check or the download that the user sees.
+    void cancel();
+
+    /// The user has read what is shown, or wants to be reminded of the update later.
+    void dismiss();
+
+    /// The user does not want to hear of this version again, unless by asking for a check.
+    /// Requires: an update is available that is not critical.
+    void skip();
+
+    /// Downloads, verifies and installs. Requires: an update is available, and this installation
+    /// can take it.
+    void install();
+
+Q_SIGNALS:
+    void stateChanged();
+
+    /// A verified package file waits for the system's installer.
+    void packageReady(const std::filesystem::path& file);
+
+private:
+    enum class Occasion {
+        background,
+        user
+    };
+
+    QCoro::Task<> checkDaily(std::stop_token stopToken);
+    std::chrono::milliseconds untilNextCheck() const;
+    void begin(Occasion occasion);
+    QCoro::Task<> check(Occasion occasion, std::stop_token stopToken);
+    void lookAtFeed(Occasion occasion);
+    UpdateNeeds needs(Occasion occasion) const;
+    void found(const UpdateOffer& offer);
+    void foundNone(const UpdateState& state);
+    void endCheck();
+    void downloaded(const std::filesystem::path& file);
+    QCoro::Task<> replace(std::filesystem::path file, std::stop_token stopToken);
+    void failInstallation(const QString& message);
+    void setState(UpdateState state);
+    void setKind(UpdateState::Kind kind);
+
+    Collaborators _collaborators;
+    UpdaterDelegate& _delegate;
+    UpdateSettings _settings;
+    QNetworkAccessManager _network;
+    Installation _installation;
+    UpdateState _state;
+    std::optional<Occasion> _occasion;  ///< Of the check that runs.
+    std::unique_ptr<FeedCheck> _feedCheck;
+    std::unique_ptr<UpdateDownload> _download;
+    Tarnwick::CancellableTask _dailyChecks;
+    Tarnwick::CancellableTask _check;
+    Tarnwick::CancellableTask _replacement;
+};
+
+}  // namespace TarnwickDirect
