@@ -7,26 +7,26 @@ namespace TarnwickDirect {
 UpdateManager::UpdateManager(const MakeController& makeController)
     : _updaterController(makeController(*this))
 {
-    if (!_updaterController) {
-        return;
-    }
-    _canCheckForUpdatesObservation = connect(
-        _updaterController.get(),
-        &UpdaterController::canCheckForUpdatesChanged,
+    connect(
+        this,
+        &UpdateManager::canCheckForUpdatesHeard,
         this,
         &UpdateManager::setCanCheckForUpdates,
         Qt::QueuedConnection);
-    QMetaObject::invokeMethod(
+    connect(
         this,
-        [this, canCheck = _updaterController->canCheckForUpdates()] {
-            setCanCheckForUpdates(canCheck);
-        },
+        &UpdateManager::updateAvailabilityHeard,
+        this,
+        &UpdateManager::setUpdateAvailability,
         Qt::QueuedConnection);
-}
-
-UpdateManager::~UpdateManager()
-{
-    disconnect(_canCheckForUpdatesObservation);
+    if (_updaterController) {
+        _canCheckForUpdatesObservation = connect(
+            _updaterController.get(),
+            &UpdaterController::canCheckForUpdatesChanged,
+            this,
+            [this](bool canCheck) { Q_EMIT canCheckForUpdatesHeard(canCheck, QPrivateSignal()); });
+        Q_EMIT canCheckForUpdatesHeard(_updaterController->canCheckForUpdates(), QPrivateSignal());
+    }
 }
 
 void UpdateManager::checkForUpdates()
@@ -39,18 +39,12 @@ void UpdateManager::checkForUpdates()
 
 void UpdateManager::updaterDidFindValidUpdate(const UpdateOffer& /*offer*/)
 {
-    QMetaObject::invokeMethod(
-        this,
-        [this] { setUpdateAvailability(UpdateAvailability::available); },
-        Qt::QueuedConnection);
+    Q_EMIT updateAvailabilityHeard(UpdateAvailability::available, QPrivateSignal());
 }
 
 void UpdateManager::updaterDidNotFindUpdate(const QString& /*error*/)
 {
-    QMetaObject::invokeMethod(
-        this,
-        [this] { setUpdateAvailability(UpdateAvailability::unavailable); },
-        Qt::QueuedConnection);
+    Q_EMIT updateAvailabilityHeard(UpdateAvailability::unavailable, QPrivateSignal());
 }
 
 void UpdateManager::setCanCheckForUpdates(bool canCheckForUpdates)

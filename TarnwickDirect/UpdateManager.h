@@ -25,7 +25,6 @@ public:
 
     /// Starts the updater at once. What it says comes with the event loop's next turns.
     explicit UpdateManager(const MakeController& makeController);
-    ~UpdateManager() override;
 
     bool canCheckForUpdates() const { return _canCheckForUpdates; }
 
@@ -43,6 +42,11 @@ public:
 Q_SIGNALS:
     void canCheckForUpdatesChanged();
     void updateAvailabilityChanged();
+
+    /// These two carry what is heard to the main thread.
+    void canCheckForUpdatesHeard(bool canCheckForUpdates, QPrivateSignal);
+    void updateAvailabilityHeard(
+        TarnwickDirect::UpdateAvailability updateAvailability, QPrivateSignal);
 
 private:
     void setCanCheckForUpdates(bool canCheckForUpdates);

@@ -30,7 +30,7 @@ QString systemReason(int error)
 /// The reason why a copy did not come about, or nothing.
 QString copyProblem(QFile& source, QFile& target)
 {
-    std::array<char, 256 * 1024> buffer{};
+    std::array<char, std::size_t{256} * 1024> buffer{};
     qint64 count = 0;
     while ((count = source.read(buffer.data(), buffer.size())) > 0) {
         // A full disk takes a part of the bytes and reports that as success.

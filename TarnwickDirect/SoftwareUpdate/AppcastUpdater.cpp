@@ -13,11 +13,7 @@
 namespace TarnwickDirect {
 namespace {
 
-using namespace std::chrono_literals;
 using Kind = UpdateState::Kind;
-
-constexpr auto settlingTime = 1min;
-constexpr auto checkInterval = 24h;
 
 /// Lets go of an object that may be the one that is calling.
 template<typename Object>
@@ -66,11 +62,11 @@ AppcastUpdater::AppcastUpdater(Collaborators collaborators, UpdaterDelegate& del
     : _collaborators(std::move(collaborators))
     , _delegate(delegate)
     , _settings(_collaborators.defaults)
+    , _schedule(_settings, _collaborators.clock, [this] { checkInBackground(); })
 {
     // What a program that was killed has left.
     std::error_code ignored;
     std::filesystem::remove_all(_collaborators.downloadFolder, ignored);
-    _dailyChecks.start([this](std::stop_token stopToken) { return checkDaily(stopToken); });
 }
 
 AppcastUpdater::~AppcastUpdater() = default;
@@ -102,39 +98,19 @@ void AppcastUpdater::checkForUpdates()
     }
 }
 
-QCoro::Task<> AppcastUpdater::checkDaily(std::stop_token stopToken)
+void AppcastUpdater::checkInBackground()
 {
-    auto settling = _collaborators.clock->sleep(settlingTime, stopToken);
-    co_await settling;
-    while (!stopToken.stop_requested()) {
-        const auto wait = untilNextCheck();
-        if (wait <= 0ms) {
-            if (_state.kind == Kind::idle && !_occasion) {
-                begin(Occasion::background);
-            } else {
-                _settings.setLastCheck(_collaborators.clock->now());
-            }
-            continue;
-        }
-        auto sleeping = _collaborators.clock->sleep(wait, stopToken);
-        co_await sleeping;
+    if (_state.kind == Kind::idle && !_occasion) {
+        begin(Occasion::background);
     }
-}
-
-/// A time that is still to come is no time at which anything was checked.
-std::chrono::milliseconds AppcastUpdater::untilNextCheck() const
-{
-    const auto now = _collaborators.clock->now();
-    const auto last = _settings.lastCheck();
-    return last && *last <= now ? *last + checkInterval - now : 0ms;
 }
 
 void AppcastUpdater::begin(Occasion occasion)
 {
     endCheck();
     _occasion = occasion;
-    _settings.setLastCheck(_collaborators.clock->now());
     if (occasion == Occasion::user) {
+        _schedule.noteCheck();
         setState(withMessage(Kind::checking, {}));
     }
     _check.start(

@@ -1,12 +1,11 @@
 #pragma once
 
 #include "Tarnwick/Async/CancellableTask.h"
-#include "Tarnwick/Async/Clock.h"
+#include "TarnwickDirect/SoftwareUpdate/DailySchedule.h"
 #include "TarnwickDirect/SoftwareUpdate/FeedCheck.h"
 #include "TarnwickDirect/SoftwareUpdate/Installation.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateDownload.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdaterController.h"
-#include "TarnwickDirect/SoftwareUpdate/UpdateSettings.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateSource.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateState.h"
 
@@ -74,8 +73,7 @@ private:
         user
     };
 
-    QCoro::Task<> checkDaily(std::stop_token stopToken);
-    std::chrono::milliseconds untilNextCheck() const;
+    void checkInBackground();
     void begin(Occasion occasion);
     QCoro::Task<> check(Occasion occasion, std::stop_token stopToken);
     void lookAtFeed(Occasion occasion);
@@ -92,13 +90,13 @@ private:
     Collaborators _collaborators;
     UpdaterDelegate& _delegate;
     UpdateSettings _settings;
+    DailySchedule _schedule;
     QNetworkAccessManager _network;
     Installation _installation;
     UpdateState _state;
     std::optional<Occasion> _occasion;  ///< Of the check that runs.
     std::unique_ptr<FeedCheck> _feedCheck;
     std::unique_ptr<UpdateDownload> _download;
-    Tarnwick::CancellableTask _dailyChecks;
     Tarnwick::CancellableTask _check;
     Tarnwick::CancellableTask _replacement;
 };

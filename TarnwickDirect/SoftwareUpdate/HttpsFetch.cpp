@@ -67,20 +67,14 @@ QString reasonOf(QNetworkReply::NetworkError error)
 }  // namespace
 
 HttpsFetch::HttpsFetch(QNetworkAccessManager& network, FetchRequest request)
-    : _request(std::move(request))
+    : _network(network)
+    , _request(std::move(request))
 {
     _timeLimit.setSingleShot(true);
     connect(&_timeLimit, &QTimer::timeout, this, [this] {
         fail(reasonOf(QNetworkReply::TimeoutError));
     });
-    if (_request.url.scheme() == u"https") {
-        start(network);
-    } else {
-        QMetaObject::invokeMethod(
-            this,
-            [this] { fail(QStringLiteral("its address is not an HTTPS address")); },
-            Qt::QueuedConnection);
-    }
+    QMetaObject::invokeMethod(this, &HttpsFetch::start, Qt::QueuedConnection);
 }
 
 HttpsFetch::~HttpsFetch()
@@ -88,9 +82,13 @@ HttpsFetch::~HttpsFetch()
     stop();
 }
 
-void HttpsFetch::start(QNetworkAccessManager& network)
+void HttpsFetch::start()
 {
-    _reply.reset(network.get(networkRequest(_request)));
+    if (_request.url.scheme() != u"https") {
+        fail(QStringLiteral("its address is not an HTTPS address"));
+        return;
+    }
+    _reply.reset(_network.get(networkRequest(_request)));
     _reply->setReadBufferSize(bufferSize);
     connect(_reply.get(), &QNetworkReply::readyRead, this, &HttpsFetch::read);
     connect(_reply.get(), &QNetworkReply::finished, this, &HttpsFetch::end);

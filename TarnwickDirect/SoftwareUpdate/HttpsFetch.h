@@ -49,12 +49,13 @@ Q_SIGNALS:
     void failed(const QString& message);
 
 private:
-    void start(QNetworkAccessManager& network);
+    void start();
     void read();
     void end();
     void fail(const QString& reason);
     void stop();
 
+    QNetworkAccessManager& _network;
     FetchRequest _request;
     std::unique_ptr<QNetworkReply> _reply;
     QTimer _timeLimit;

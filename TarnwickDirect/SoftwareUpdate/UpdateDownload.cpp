@@ -24,11 +24,17 @@ std::optional<QString> verificationProblem(
 }  // namespace
 
 UpdateDownload::UpdateDownload(QNetworkAccessManager& network, UpdateOffer offer, Settings settings)
-    : _offer(std::move(offer))
+    : _network(network)
+    , _offer(std::move(offer))
     , _settings(std::move(settings))
 {
+    QMetaObject::invokeMethod(this, &UpdateDownload::start, Qt::QueuedConnection);
+}
+
+void UpdateDownload::start()
+{
     if (prepareFile()) {
-        fetch(network);
+        fetch();
     }
 }
 
@@ -38,24 +44,19 @@ bool UpdateDownload::prepareFile()
     QDir().mkpath(parent);
     _folder = std::make_unique<QTemporaryDir>(parent + QStringLiteral("/XXXXXX"));
     if (!_folder->isValid()) {
-        failLater(QStringLiteral("The update could not be saved: %1.").arg(_folder->errorString()));
+        fail(QStringLiteral("The update could not be saved: %1.").arg(_folder->errorString()));
         return false;
     }
     _file.setFileName(_folder->filePath(_offer.fileName));
     // Unbuffered, so that a full disk is noticed at the write that it fails.
     if (!_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
-        failLater(QStringLiteral("The update could not be saved: %1.").arg(_file.errorString()));
+        fail(QStringLiteral("The update could not be saved: %1.").arg(_file.errorString()));
         return false;
     }
     return true;
 }
 
-void UpdateDownload::failLater(const QString& message)
-{
-    QMetaObject::invokeMethod(this, [this, message] { fail(message); }, Qt::QueuedConnection);
-}
-
-void UpdateDownload::fetch(QNetworkAccessManager& network)
+void UpdateDownload::fetch()
 {
     const FetchRequest request{
         .url = _offer.url,
@@ -64,7 +65,7 @@ void UpdateDownload::fetch(QNetworkAccessManager& network)
         .silenceLimit = _settings.silenceLimit,
         .timeLimit = std::nullopt,
         .tls = _settings.tls};
-    _fetch = std::make_unique<HttpsFetch>(network, request);
+    _fetch = std::make_unique<HttpsFetch>(_network, request);
     connect(_fetch.get(), &HttpsFetch::received, this, &UpdateDownload::write);
     connect(_fetch.get(), &HttpsFetch::finished, this, &UpdateDownload::complete);
     connect(_fetch.get(), &HttpsFetch::failed, this, &UpdateDownload::fail);

@@ -47,15 +47,16 @@ Q_SIGNALS:
     void failed(const QString& message);
 
 private:
+    void start();
     bool prepareFile();
-    void failLater(const QString& message);
-    void fetch(QNetworkAccessManager& network);
+    void fetch();
     void write(const QByteArray& bytes);
     void complete();
     void failWriting();
     void fail(const QString& message);
     QCoro::Task<> verify(std::stop_token stopToken);
 
+    QNetworkAccessManager& _network;
     UpdateOffer _offer;
     Settings _settings;
     std::unique_ptr<QTemporaryDir> _folder;

@@ -246,13 +246,6 @@ TEST_F(HttpsFetchTest, tellsThatNobodyListens)
         "The update feed could not be fetched: the server refused the connection.");
 }
 
-TEST_F(HttpsFetchTest, tellsThatThereIsNoSuchServer)
-{
-    EXPECT_EQ(
-        run(QUrl(QStringLiteral("https://feed.invalid/"))),
-        "The update feed could not be fetched: the server was not found.");
-}
-
 TEST_F(HttpsFetchTest, takesThePackedBytesAsTheyAre)
 {
     const QByteArray packed =
