@@ -1,0 +1,239 @@
+#include "TarnwickDirect/SoftwareUpdate/Dialog/UpdateDialog.h"
+
+#include "Tarnwick/Interface/Controls/ProgressBar.h"
+#include "Tarnwick/Interface/Controls/PushButton.h"
+#include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Panel/MessageText.h"
+#include "TarnwickDirect/SoftwareUpdate/Dialog/DownloadBar.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <utility>
+
+namespace TarnwickDirect {
+namespace {
+
+using namespace Tarnwick;
+
+constexpr int dialogWidth = 440;
+constexpr int padding = 20;
+constexpr int titleGap = 6;
+constexpr int gap = 16;
+constexpr int notesPadding = 10;
+constexpr double notesRadius = 8;
+constexpr int betweenButtons = 8;
+
+MessageText* addText(
+    const MessageText::Setting& setting,
+    const char* name,
+    const Appearance& appearance,
+    QWidget* parent)
+{
+    auto* const text = new MessageText(setting, appearance, parent);
+    text->setObjectName(QString::fromLatin1(name));
+    return text;
+}
+
+/// Shows the text in this width and yields the height that it takes with the space before it.
+int placeText(MessageText& label, const QString& text, const QPoint& place, int width, int space)
+{
+    label.setText(text);
+    label.setVisible(!text.isEmpty());
+    if (text.isEmpty()) {
+        return 0;
+    }
+    label.fit(width, false);
+    label.move(place + QPoint(0, space));
+    return space + label.height();
+}
+
+}  // namespace
+
+UpdateDialog::UpdateDialog(const Appearance& appearance)
+    : QWidget(nullptr, Qt::Dialog)
+    , _appearance(appearance)
+    , _title(addText(
+          {.style = TextStyle::headline,
+           .weight = TextWeight::bold,
+           .alignment = Qt::AlignLeft,
+           .mostLines = 2,
+           .colour = &Palette::textPrimary},
+          "updateTitle",
+          appearance,
+          this))
+    , _message(addText({}, "updateMessage", appearance, this))
+    , _notes(addText({.mostLines = 12}, "updateNotes", appearance, this))
+    , _progress(new DownloadBar(appearance, this))
+    , _busy(new ProgressBar(appearance, this))
+{
+    setObjectName(QStringLiteral("updateDialog"));
+    setWindowTitle(QStringLiteral("Software Update"));
+    _progress->setObjectName(QStringLiteral("updateProgress"));
+    _busy->setObjectName(QStringLiteral("updateBusy"));
+    _notes->setAccessibleName(QStringLiteral("Release notes"));
+    connect(&appearance, &Appearance::changed, this, &UpdateDialog::layOut);
+}
+
+void UpdateDialog::setPage(const std::optional<UpdatePage>& page)
+{
+    const auto before = std::exchange(_page, page);
+    if (!_page) {
+        hide();
+        return;
+    }
+    const bool isAnother = !before || before->actions != _page->actions;
+    if (isAnother) {
+        makeButtons();
+    }
+    layOut();
+    setAccessibleName(_page->title);
+    setAccessibleDescription(_page->message);
+    if (isAnother) {
+        show();
+        raise();
+        activateWindow();
+        if (!_buttons.empty()) {
+            _buttons.back()->setFocus(Qt::PopupFocusReason);
+        }
+    }
+}
+
+void UpdateDialog::makeButtons()
+{
+    // One of them may be the one that is calling.
+    for (PushButton* const button : std::exchange(_buttons, {})) {
+        button->hide();
+        button->deleteLater();
+    }
+    for (const UpdateAction action : _page->actions) {
+        const bool isPrimary = _buttons.size() + 1 == _page->actions.size();
+        auto* const button = new PushButton(
+            textOf(action),
+            isPrimary ? PushButton::Kind::primary : PushButton::Kind::plain,
+            _appearance,
+            this);
+        button->setObjectName(QStringLiteral("updateButton"));
+        connect(
+            button, &QAbstractButton::clicked, this, [this, action] { Q_EMIT triggered(action); });
+        button->show();
+        _buttons.push_back(button);
+    }
+}
+
+/// As the design has it, or what the buttons need with a large font.
+int UpdateDialog::innerWidth() const
+{
+    int buttons = -betweenButtons;
+    for (const PushButton* const button : _buttons) {
+        buttons += button->visibleSize().width() + betweenButtons;
+    }
+    return std::max(_appearance.scaled(dialogWidth) - 2 * padding, buttons);
+}
+
+void UpdateDialog::layOut()
+{
+    if (!_page) {
+        return;
+    }
+    int y = padding;
+    y += placeText(*_title, _page->title, {padding, y}, innerWidth(), 0);
+    y += placeText(*_message, _page->message, {padding, y}, innerWidth(), titleGap);
+    y += placeNotes(y);
+    y += placeBars(y);
+    y += placeButtons(y);
+    setFixedSize(innerWidth() + 2 * padding, y + padding);
+    update();
+}
+
+int UpdateDialog::placeNotes(int y)
+{
+    const QPoint place(padding + notesPadding, y + gap);
+    const int height =
+        placeText(*_notes, _page->notes, place, innerWidth() - 2 * notesPadding, notesPadding);
+    if (height == 0) {
+        _notesFrame = {};
+        return 0;
+    }
+    _notesFrame = QRect(padding, y + gap, innerWidth(), height + notesPadding);
+    return gap + _notesFrame.height();
+}
+
+int UpdateDialog::placeBars(int y)
+{
+    _progress->setVisible(_page->progress.has_value());
+    _progress->setShare(_page->progress.value_or(0));
+    _busy->setVisible(_page->isBusy);
+    if (!_page->progress && !_page->isBusy) {
+        return 0;
+    }
+    const QRect bar(padding, y + gap, innerWidth(), _progress->sizeHint().height());
+    _progress->setGeometry(bar);
+    _busy->setGeometry(bar);
+    return gap + bar.height();
+}
+
+/// From the right, the last action first; skipping stands apart at the left.
+int UpdateDialog::placeButtons(int y)
+{
+    int height = 0;
+    int end = padding + innerWidth();
+    for (std::size_t index = _buttons.size(); index-- > 0;) {
+        PushButton& button = *_buttons[index];
+        const QSize size = button.visibleSize();
+        const bool standsApart = _page->actions[index] == UpdateAction::skip;
+        const int x = standsApart ? padding : end - size.width();
+        button.place(QRect(QPoint(x, y + gap), size));
+        end -= size.width() + betweenButtons;
+        height = gap + size.height();
+    }
+    return height;
+}
+
+void UpdateDialog::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    const Palette& palette = _appearance.palette();
+    painter.fillRect(rect(), palette.surfaceMenu);
+    if (!_notesFrame.isEmpty()) {
+        const QRectF frame(_notesFrame);
+        Painting::fillRounded(painter, frame, notesRadius, palette.field);
+        Painting::strokeInside(painter, frame, notesRadius, 1, palette.hairline);
+    }
+}
+
+void UpdateDialog::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (!_buttons.empty()) {
+            _buttons.back()->click();
+        }
+        break;
+    case Qt::Key_Escape:
+        close();
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+/// Whoever hears of the action decides what is shown from then on.
+void UpdateDialog::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    close();
+}
+
+void UpdateDialog::close()
+{
+    const auto closing = _page ? _page->closing() : std::nullopt;
+    if (closing) {
+        Q_EMIT triggered(*closing);
+    }
+}
+
+}  // namespace TarnwickDirect

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "Tarnwick/Interface/Look/Appearance.h"
+#include "TarnwickDirect/SoftwareUpdate/UpdatePage.h"
+
+#include <QWidget>
+
+namespace Tarnwick {
+class MessageText;
+class ProgressBar;
+class PushButton;
+}  // namespace Tarnwick
+
+namespace TarnwickDirect {
+
+class DownloadBar;
+
+/// The window in which the user follows an update. It is as large as its page needs. Return presses
+/// the last button; Esc and the window's own button close it in the way that decides nothing.
+class UpdateDialog final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Requires: `appearance` lives longer.
+    explicit UpdateDialog(const Tarnwick::Appearance& appearance);
+
+    /// Shows the page, or nothing. A page with other buttons than the one before comes to the
+    /// front.
+    void setPage(const std::optional<UpdatePage>& page);
+
+    const std::optional<UpdatePage>& page() const { return _page; }
+
+Q_SIGNALS:
+    void triggered(TarnwickDirect::UpdateAction action);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void makeButtons();
+    void layOut();
+    int placeNotes(int y);
+    int placeBars(int y);
+    int placeButtons(int y);
+    int innerWidth() const;
+    void close();
+
+    const Tarnwick::Appearance& _appearance;
+    std::optional<UpdatePage> _page;
+    Tarnwick::MessageText* _title;
+    Tarnwick::MessageText* _message;
+    Tarnwick::MessageText* _notes;
+    DownloadBar* _progress;
+    Tarnwick::ProgressBar* _busy;
+    std::vector<Tarnwick::PushButton*> _buttons;  ///< One for each of the page's actions.
+    QRect _notesFrame;                            ///< Empty without notes.
+};
+
+}  // namespace TarnwickDirect
