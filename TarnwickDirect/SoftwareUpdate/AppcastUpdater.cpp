@@ -25,26 +25,26 @@ void discard(std::unique_ptr<Object>& object)
     }
 }
 
-/// The message of what went wrong, or nothing.
-std::optional<QString> replacementProblem(
+/// The message of what went wrong, or an empty text.
+QString replacementProblem(
     const std::filesystem::path& oldFile, const std::filesystem::path& newFile)
 {
     try {
         replaceAppImage(oldFile, newFile);
-        return std::nullopt;
+        return {};
     } catch (const std::exception& error) {
         return QString::fromUtf8(error.what());
     }
 }
 
-/// Nothing while the search for it is being stopped.
-std::optional<Installation> installationFound(
+/// What is found while the search is being stopped means nothing.
+Installation installationFound(
     const std::function<Installation(std::stop_token)>& find, const std::stop_token& stopToken)
 {
     try {
         return find(stopToken);
     } catch (const PullRequestKit::CancellationError&) {
-        return std::nullopt;
+        return {};
     }
 }
 
@@ -123,11 +123,11 @@ QCoro::Task<> AppcastUpdater::check(Occasion occasion, std::stop_token stopToken
         return installationFound(find, stopToken);
     };
     auto finding = Tarnwick::onWorker(find);
-    const std::optional<Installation> installation = co_await finding;
-    if (stopToken.stop_requested() || !installation) {
+    const Installation installation = co_await finding;
+    if (stopToken.stop_requested()) {
         co_return;
     }
-    _installation = *installation;
+    _installation = installation;
     if (occasion == Occasion::background && !_installation.format()) {
         endCheck();
     } else {
@@ -246,7 +246,7 @@ void AppcastUpdater::downloaded(const std::filesystem::path& file)
     if (_installation.kind == Installation::Kind::appImage) {
         setKind(Kind::installing);
         _replacement.start(
-            [this, file](std::stop_token stopToken) { return replace(file, stopToken); });
+            [this, &file](std::stop_token stopToken) { return replace(file, stopToken); });
         return;
     }
     _download->keepFile();
@@ -261,12 +261,12 @@ QCoro::Task<> AppcastUpdater::replace(std::filesystem::path file, std::stop_toke
         return replacementProblem(oldFile, file);
     };
     auto replacing = Tarnwick::onWorker(work);
-    const std::optional<QString> problem = co_await replacing;
+    const QString problem = co_await replacing;
     if (stopToken.stop_requested()) {
         co_return;
     }
-    if (problem) {
-        failInstallation(*problem);
+    if (!problem.isEmpty()) {
+        failInstallation(problem);
         co_return;
     }
     discard(_download);

@@ -9,13 +9,13 @@
 namespace TarnwickDirect {
 namespace {
 
-/// The message of what is wrong with the file, or nothing.
-std::optional<QString> verificationProblem(
+/// The message of what is wrong with the file, or an empty text.
+QString verificationProblem(
     const std::filesystem::path& file, const UpdateOffer& offer, const Ed25519::PublicKey& key)
 {
     try {
         verifyDownload(file, offer, key);
-        return std::nullopt;
+        return {};
     } catch (const std::exception& error) {
         return QString::fromUtf8(error.what());
     }
@@ -113,12 +113,12 @@ QCoro::Task<> UpdateDownload::verify(std::stop_token stopToken)
         co_return;
     }
     auto verification = Tarnwick::onWorker(work);
-    const std::optional<QString> problem = co_await verification;
+    const QString problem = co_await verification;
     if (stopToken.stop_requested()) {
         co_return;
     }
-    if (problem) {
-        fail(*problem);
+    if (!problem.isEmpty()) {
+        fail(problem);
     } else {
         Q_EMIT finished(file);
     }
