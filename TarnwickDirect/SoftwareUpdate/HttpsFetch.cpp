@@ -9,7 +9,7 @@ namespace TarnwickDirect {
 namespace {
 
 constexpr int redirectLimit = 5;
-constexpr qint64 bufferSize = 256 * 1024;
+constexpr qint64 bufferSize = qint64{256} * 1024;
 
 QNetworkRequest networkRequest(const FetchRequest& request)
 {
@@ -74,7 +74,9 @@ HttpsFetch::HttpsFetch(QNetworkAccessManager& network, FetchRequest request)
     connect(&_timeLimit, &QTimer::timeout, this, [this] {
         fail(reasonOf(QNetworkReply::TimeoutError));
     });
-    QMetaObject::invokeMethod(this, &HttpsFetch::start, Qt::QueuedConnection);
+    _beginning.setSingleShot(true);
+    connect(&_beginning, &QTimer::timeout, this, &HttpsFetch::start);
+    _beginning.start(0);
 }
 
 HttpsFetch::~HttpsFetch()

@@ -32,6 +32,7 @@ struct FetchRequest {
 /// The end of the object, at any moment, ends the fetch, and no signal comes.
 class HttpsFetch final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(HttpsFetch)
 
 public:
     /// Signals come once the event loop runs. Requires: `network` lives longer.
@@ -58,6 +59,7 @@ private:
     QNetworkAccessManager& _network;
     FetchRequest _request;
     std::unique_ptr<QNetworkReply> _reply;
+    QTimer _beginning;
     QTimer _timeLimit;
     std::uint64_t _received = 0;
 };

@@ -28,7 +28,9 @@ UpdateDownload::UpdateDownload(QNetworkAccessManager& network, UpdateOffer offer
     , _offer(std::move(offer))
     , _settings(std::move(settings))
 {
-    QMetaObject::invokeMethod(this, &UpdateDownload::start, Qt::QueuedConnection);
+    _beginning.setSingleShot(true);
+    connect(&_beginning, &QTimer::timeout, this, &UpdateDownload::start);
+    _beginning.start(0);
 }
 
 void UpdateDownload::start()

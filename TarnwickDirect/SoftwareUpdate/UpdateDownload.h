@@ -59,6 +59,7 @@ private:
     QNetworkAccessManager& _network;
     UpdateOffer _offer;
     Settings _settings;
+    QTimer _beginning;
     std::unique_ptr<QTemporaryDir> _folder;
     QFile _file;
     std::unique_ptr<HttpsFetch> _fetch;

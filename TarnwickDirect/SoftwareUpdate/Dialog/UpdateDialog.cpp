@@ -79,18 +79,19 @@ UpdateDialog::UpdateDialog(const Appearance& appearance)
 
 void UpdateDialog::setPage(const std::optional<UpdatePage>& page)
 {
-    const auto before = std::exchange(_page, page);
-    if (!_page) {
+    const bool hadPage = std::exchange(_hasPage, page.has_value());
+    const UpdatePage before = std::exchange(_page, page.value_or(UpdatePage{}));
+    if (!_hasPage) {
         hide();
         return;
     }
-    const bool isAnother = !before || before->actions != _page->actions;
+    const bool isAnother = !hadPage || before.actions != _page.actions;
     if (isAnother) {
         makeButtons();
     }
     layOut();
-    setAccessibleName(_page->title);
-    setAccessibleDescription(_page->message);
+    setAccessibleName(_page.title);
+    setAccessibleDescription(_page.message);
     if (isAnother) {
         show();
         raise();
@@ -108,8 +109,8 @@ void UpdateDialog::makeButtons()
         button->hide();
         button->deleteLater();
     }
-    for (const UpdateAction action : _page->actions) {
-        const bool isPrimary = _buttons.size() + 1 == _page->actions.size();
+    for (const UpdateAction action : _page.actions) {
+        const bool isPrimary = _buttons.size() + 1 == _page.actions.size();
         auto* const button = new PushButton(
             textOf(action),
             isPrimary ? PushButton::Kind::primary : PushButton::Kind::plain,
@@ -135,12 +136,12 @@ int UpdateDialog::innerWidth() const
 
 void UpdateDialog::layOut()
 {
-    if (!_page) {
+    if (!_hasPage) {
         return;
     }
     int y = padding;
-    y += placeText(*_title, _page->title, {padding, y}, innerWidth(), 0);
-    y += placeText(*_message, _page->message, {padding, y}, innerWidth(), titleGap);
+    y += placeText(*_title, _page.title, {padding, y}, innerWidth(), 0);
+    y += placeText(*_message, _page.message, {padding, y}, innerWidth(), titleGap);
     y += placeNotes(y);
     y += placeBars(y);
     y += placeButtons(y);
@@ -152,7 +153,7 @@ int UpdateDialog::placeNotes(int y)
 {
     const QPoint place(padding + notesPadding, y + gap);
     const int height =
-        placeText(*_notes, _page->notes, place, innerWidth() - 2 * notesPadding, notesPadding);
+        placeText(*_notes, _page.notes, place, innerWidth() - 2 * notesPadding, notesPadding);
     if (height == 0) {
         _notesFrame = {};
         return 0;
@@ -163,10 +164,10 @@ int UpdateDialog::placeNotes(int y)
 
 int UpdateDialog::placeBars(int y)
 {
-    _progress->setVisible(_page->progress.has_value());
-    _progress->setShare(_page->progress.value_or(0));
-    _busy->setVisible(_page->isBusy);
-    if (!_page->progress && !_page->isBusy) {
+    _progress->setVisible(_page.progress.has_value());
+    _progress->setShare(_page.progress.value_or(0));
+    _busy->setVisible(_page.isBusy);
+    if (!_page.progress && !_page.isBusy) {
         return 0;
     }
     const QRect bar(padding, y + gap, innerWidth(), _progress->sizeHint().height());
@@ -183,7 +184,7 @@ int UpdateDialog::placeButtons(int y)
     for (std::size_t index = _buttons.size(); index-- > 0;) {
         PushButton& button = *_buttons[index];
         const QSize size = button.visibleSize();
-        const bool standsApart = _page->actions[index] == UpdateAction::skip;
+        const bool standsApart = _page.actions[index] == UpdateAction::skip;
         const int x = standsApart ? padding : end - size.width();
         button.place(QRect(QPoint(x, y + gap), size));
         end -= size.width() + betweenButtons;
@@ -230,8 +231,7 @@ void UpdateDialog::closeEvent(QCloseEvent* event)
 
 void UpdateDialog::close()
 {
-    const auto closing = _page ? _page->closing() : std::nullopt;
-    if (closing) {
+    if (const auto closing = _page.closing()) {
         Q_EMIT triggered(*closing);
     }
 }

@@ -28,8 +28,6 @@ public:
     /// front.
     void setPage(const std::optional<UpdatePage>& page);
 
-    const std::optional<UpdatePage>& page() const { return _page; }
-
 Q_SIGNALS:
     void triggered(TarnwickDirect::UpdateAction action);
 
@@ -48,7 +46,8 @@ private:
     void close();
 
     const Tarnwick::Appearance& _appearance;
-    std::optional<UpdatePage> _page;
+    UpdatePage _page;
+    bool _hasPage = false;
     Tarnwick::MessageText* _title;
     Tarnwick::MessageText* _message;
     Tarnwick::MessageText* _notes;
