@@ -37,6 +37,20 @@ void UpdateManager::checkForUpdates()
     }
 }
 
+void UpdateManager::bringToFront()
+{
+    if (_updaterController) {
+        _updaterController->bringToFront();
+    }
+}
+
+void UpdateManager::stop()
+{
+    if (_updaterController) {
+        _updaterController->stop();
+    }
+}
+
 void UpdateManager::updaterDidFindValidUpdate(const UpdateOffer& /*offer*/)
 {
     Q_EMIT updateAvailabilityHeard(UpdateAvailability::available, QPrivateSignal());

@@ -36,6 +36,12 @@ public:
     /// A check that the user asked for. Without an updater nothing comes of it.
     void checkForUpdates();
 
+    /// Brings the updater's dialog to the front, if there is one.
+    void bringToFront();
+
+    /// Has a check or a download end at once and leave nothing behind.
+    void stop();
+
     void updaterDidFindValidUpdate(const UpdateOffer& offer) override;
     void updaterDidNotFindUpdate(const QString& error) override;
 

@@ -5,6 +5,7 @@
 #include "TarnwickDirect/Environment.h"
 #include "TarnwickDirect/Memory.h"
 #include "TarnwickDirect/Settling.h"
+#include "TarnwickDirect/SoftwareUpdate/ProgramUpdater.h"
 #include "TarnwickDirect/Version.h"
 
 #include <QCoreApplication>
@@ -59,7 +60,7 @@ int main(int argc, char** argv)
             parseArguments(std::vector<std::string>(argv + std::min(argc, 1), argv + argc));
         prepareEnvironment();
         if (const auto* const show = std::get_if<ShowPanel>(&command)) {
-            return runOnDesktop(*show, argc, argv);
+            return runOnDesktop(*show, programUpdater(), argc, argv);
         }
         return runInTerminal(command, argc, argv);
     } catch (const UsageError& error) {

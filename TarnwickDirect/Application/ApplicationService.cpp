@@ -94,6 +94,9 @@ void ApplicationService::activateAction(
     } else if (action == QLatin1String("reload")) {
         answer();
         Q_EMIT reloadRequested();
+    } else if (action == QLatin1String("check-for-updates") && _checksForUpdates) {
+        answer();
+        Q_EMIT checkForUpdatesRequested(lastArgument(message));
     } else if (action == QLatin1String("quit")) {
         answer();
         Q_EMIT quitRequested();

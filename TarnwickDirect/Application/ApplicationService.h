@@ -7,8 +7,8 @@
 namespace TarnwickDirect {
 
 /// The program on the session bus: org.freedesktop.Application at /dev/tarnwick/Tarnwick, with the
-/// actions "toggle", "reload" and "quit". Calls are answered at once and become signals here. Main
-/// thread only.
+/// actions "toggle", "reload", "quit" and, where the program has an updater, "check-for-updates".
+/// Calls are answered at once and become signals here. Main thread only.
 class ApplicationService final : public QDBusVirtualObject {
     Q_OBJECT
 
@@ -19,6 +19,9 @@ public:
 
     using QDBusVirtualObject::QDBusVirtualObject;
 
+    /// Whether there is the action "check-for-updates". Not at first.
+    void setChecksForUpdates(bool checksForUpdates) { _checksForUpdates = checksForUpdates; }
+
     QString introspect(const QString& path) const override;
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
@@ -26,10 +29,13 @@ Q_SIGNALS:
     void activateRequested(const TarnwickDirect::PlatformData& platformData);
     void toggleRequested(const TarnwickDirect::PlatformData& platformData);
     void reloadRequested();
+    void checkForUpdatesRequested(const TarnwickDirect::PlatformData& platformData);
     void quitRequested();
 
 private:
     void activateAction(const QDBusMessage& message, const QDBusConnection& connection);
+
+    bool _checksForUpdates = false;
 };
 
 }  // namespace TarnwickDirect

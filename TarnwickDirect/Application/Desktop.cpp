@@ -8,6 +8,7 @@
 #include "TarnwickDirect/Application/ExitGuard.h"
 #include "TarnwickDirect/Application/HeadStart.h"
 #include "TarnwickDirect/Application/SingleInstance.h"
+#include "TarnwickDirect/Application/Succession.h"
 #include "TarnwickDirect/Application/TarnwickDirectApp.h"
 #include "TarnwickDirect/CommandLine/Interruption.h"
 #include "TarnwickDirect/Environment.h"
@@ -19,6 +20,7 @@
 #include <QIcon>
 #include <QSessionManager>
 
+#include <optional>
 #include <stdexcept>
 
 namespace TarnwickDirect {
@@ -49,8 +51,14 @@ void stayOutOfSavedSessions(QSessionManager& session)
     session.setRestartHint(QSessionManager::RestartNever);
 }
 
-int runFirst(
+struct Ending {
+    int status = 0;
+    std::optional<Tarnwick::Launch> successor;  ///< What is to run in the place of this program.
+};
+
+Ending runFirst(
     const ShowPanel& command,
+    const MakeUpdater& makeUpdater,
     const PlatformData& platformData,
     const QDBusConnection& bus,
     ApplicationService& service,
@@ -61,7 +69,7 @@ int runFirst(
     auto collaborators = Tarnwick::desktopCollaborators(
         environment(), bus, Tarnwick::dismissPanel, headStart.readAhead());
     headStart.waitForFonts();
-    TarnwickDirectApp app(std::move(collaborators), bus, service);
+    TarnwickDirectApp app(std::move(collaborators), bus, service, makeUpdater);
     setIconOnceShown(app.window());
     const ExitGuard exitGuard([&app] { app.stop(); });
     QObject::connect(
@@ -70,21 +78,27 @@ int runFirst(
         qApp,
         &QCoreApplication::quit,
         Qt::QueuedConnection);
+    Ending ending;
+    QObject::connect(
+        &app,
+        &TarnwickDirectApp::successionRequested,
+        qApp,
+        [&ending](const Tarnwick::Launch& successor) {
+            ending.successor = successor;
+            QCoreApplication::quit();
+        },
+        Qt::QueuedConnection);
     QObject::connect(&interruption, &Interruption::interrupted, qApp, &QCoreApplication::quit);
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, &app, stayOutOfSavedSessions);
     QObject::connect(qApp, &QGuiApplication::saveStateRequest, &app, stayOutOfSavedSessions);
     app.start(command.manner, platformData);
-    return QApplication::exec();
+    ending.status = QApplication::exec();
+    return ending;
 }
 
-}  // namespace
-
-int runOnDesktop(const ShowPanel& command, int argc, char** argv)
+/// Everything of this program that could be in the successor's way is gone afterwards.
+Ending run(const ShowPanel& command, const MakeUpdater& makeUpdater, int argc, char** argv)
 {
-    if (!hasDisplay()) {
-        throw std::runtime_error("There is no display to show the panel on; \"tarnwick list\" "
-                                 "prints the pull requests.");
-    }
     HeadStart headStart;
     const PlatformData platformData = PlatformData::fromEnvironment();
     const QApplication application(argc, argv);
@@ -97,14 +111,33 @@ int runOnDesktop(const ShowPanel& command, int argc, char** argv)
     }
     if (startOrForward(bus, command.manner, platformData) == Start::forwarded) {
         X11::endStartup(platformData.startupId.toUtf8());
-        return 0;
+        return {};
     }
-    const int status = runFirst(command, platformData, bus, service, interruption, headStart);
+    Ending ending =
+        runFirst(command, makeUpdater, platformData, bus, service, interruption, headStart);
     settle();
     if (interruption.signal()) {
         interruption.endProcess();
     }
-    return status;
+    if (ending.successor && bus.isConnected()) {
+        bus.unregisterService(QString::fromLatin1(ApplicationService::name));
+    }
+    return ending;
+}
+
+}  // namespace
+
+int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int argc, char** argv)
+{
+    if (!hasDisplay()) {
+        throw std::runtime_error("There is no display to show the panel on; \"tarnwick list\" "
+                                 "prints the pull requests.");
+    }
+    const Ending ending = run(command, makeUpdater, argc, argv);
+    if (ending.successor) {
+        succeed(*ending.successor, environment());
+    }
+    return ending.status;
 }
 
 }  // namespace TarnwickDirect

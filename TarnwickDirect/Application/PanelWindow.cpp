@@ -2,6 +2,7 @@
 
 #include "Tarnwick/Interface/Look/Painting.h"
 #include "TarnwickDirect/Application/PanelPlacement.h"
+#include "TarnwickDirect/Application/WindowActivation.h"
 #include "TarnwickDirect/X11/X11.h"
 
 #include <QApplication>
@@ -25,15 +26,6 @@ QList<ScreenArea> currentScreens()
         areas.append({screen->geometry(), screen->availableGeometry()});
     }
     return areas;
-}
-
-/// Shown in the front of others by the token, which Qt takes from the environment when it asks the
-/// compositor. It must lie there by itself: Qt 6.4 has no other way for it.
-void passOn(const QString& activationToken)
-{
-    if (!activationToken.isEmpty()) {
-        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
-    }
 }
 
 }  // namespace
@@ -121,7 +113,6 @@ void PanelWindow::present(std::optional<QPoint> click, const PlatformData& platf
     ++_presentation;
     _isWanted = true;
     _isFocusBorrowed = false;
-    passOn(platformData.activationToken);
     if (!isVisible()) {
         const bool isComposited = !X11::isInUse() || X11::hasOwner(X11::compositorSelection());
         _appearance.setBlendsWindows(isComposited);
@@ -130,12 +121,7 @@ void PanelWindow::present(std::optional<QPoint> click, const PlatformData& platf
         }
         place(click);
     }
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
-    X11::activate(winId(), platformData.startupTime());
-    X11::endStartup(platformData.startupId.toUtf8());
+    bringToFront(*this, platformData);
 }
 
 void PanelWindow::dismiss()

@@ -4,7 +4,7 @@
 #include "TarnwickDirect/Application/AccessiblePanel.h"
 #include "TarnwickDirect/Application/PanelSize.h"
 #include "TarnwickDirect/Application/TarnwickApplication.h"
-#include "TarnwickDirect/Application/TarnwickMenuContent.h"
+#include "TarnwickDirect/Application/WindowActivation.h"
 #include "TarnwickDirect/Memory.h"
 #include "TarnwickDirect/X11/X11.h"
 
@@ -46,11 +46,16 @@ bool canPlaceWindows()
 TarnwickDirectApp::TarnwickDirectApp(
     PullRequestMenuModel::Collaborators collaborators,
     const QDBusConnection& bus,
-    ApplicationService& service)
+    ApplicationService& service,
+    const MakeUpdater& makeUpdater)
     : _defaults(collaborators.defaults)
+    , _clock(collaborators.clock)
     , _model(initialized(std::move(collaborators)))
     , _wishes(styled(_appearance), bus)
-    , _view(TarnwickMenuContent{}.makeView(_model, _appearance))
+    , _updateManager([this, &makeUpdater](UpdaterDelegate& delegate) {
+        return makeUpdater ? makeUpdater(updaterHost(), delegate) : nullptr;
+    })
+    , _view(menuContent().makeView(_model, _appearance))
     , _window(
           _view, [view = _view] { return view->keepsOpen(); }, _appearance)
     , _trayHost(bus)
@@ -61,6 +66,7 @@ TarnwickDirectApp::TarnwickDirectApp(
     connectPanel();
     connectMemory();
     connectService(service);
+    connectUpdates(service);
     connect(&_trayHost, &TrayHost::changed, this, &TarnwickDirectApp::trayChanged);
 }
 
@@ -69,6 +75,13 @@ TarnwickDirectApp::~TarnwickDirectApp()
     // What the window tells while it goes finds nobody any more.
     _window.disconnect(this);
     _trayHost.disconnect(this);
+    _updateManager.disconnect(this);
+}
+
+void TarnwickDirectApp::stop()
+{
+    _model.stop();
+    _updateManager.stop();
 }
 
 void TarnwickDirectApp::connectAppearance()
@@ -138,6 +151,69 @@ void TarnwickDirectApp::connectService(ApplicationService& service)
         [this](const PlatformData& platformData) { toggle(std::nullopt, platformData); });
     connect(&service, &ApplicationService::reloadRequested, this, &TarnwickDirectApp::reload);
     connect(&service, &ApplicationService::quitRequested, this, &TarnwickDirectApp::quitRequested);
+}
+
+void TarnwickDirectApp::connectUpdates(ApplicationService& service)
+{
+    service.setChecksForUpdates(_updateManager.hasUpdater());
+    connect(
+        &service,
+        &ApplicationService::checkForUpdatesRequested,
+        this,
+        &TarnwickDirectApp::checkForUpdates);
+    connect(&_updateManager, &UpdateManager::canCheckForUpdatesChanged, this, [this] {
+        menuContent().update(*_view);
+    });
+}
+
+UpdaterHost TarnwickDirectApp::updaterHost()
+{
+    UpdaterHost host;
+    host.defaults = _defaults;
+    host.clock = _clock;
+    host.appearance = &_appearance;
+    host.bringToFront = [this](QWidget& window) {
+        bringToFront(window, std::exchange(_checkRequest, {}));
+    };
+    host.takeFocusBack = [this] {
+        if (_window.isInSight()) {
+            bringToFront(_window, {});
+        }
+    };
+    host.restart = [this](const std::filesystem::path& program) { restart(program); };
+    return host;
+}
+
+TarnwickMenuContent TarnwickDirectApp::menuContent()
+{
+    TarnwickMenuContent content;
+    content.canCheckForUpdates = _updateManager.canCheckForUpdates();
+    if (_updateManager.hasUpdater()) {
+        content.checkForUpdates = [this] { checkForUpdates({}); };
+    }
+    return content;
+}
+
+/// One that runs already is shown to whoever asks for another.
+void TarnwickDirectApp::checkForUpdates(const PlatformData& platformData)
+{
+    _checkRequest = platformData;
+    if (_updateManager.canCheckForUpdates()) {
+        _updateManager.checkForUpdates();
+    } else {
+        _updateManager.bringToFront();
+    }
+}
+
+/// Comes up as the user sees this one, unless nothing would be left to click.
+void TarnwickDirectApp::restart(const std::filesystem::path& program)
+{
+    Tarnwick::Launch successor;
+    successor.executable = program;
+    if (!_window.isInSight() && (_trayHost.isPresent() || _staysInBackground)) {
+        successor.arguments = {"--background"};
+    }
+    Q_EMIT successionRequested(successor);
 }
 
 void TarnwickDirectApp::start(ShowPanel::Manner manner, const PlatformData& platformData)

@@ -1,14 +1,18 @@
 #pragma once
 
+#include "Tarnwick/Desktop/Launch.h"
 #include "Tarnwick/Interface/Look/Appearance.h"
 #include "Tarnwick/Interface/Look/DesktopWishes.h"
 #include "Tarnwick/PullRequestMenuModel.h"
 #include "Tarnwick/PullRequestMenuView.h"
 #include "TarnwickDirect/Application/ApplicationService.h"
 #include "TarnwickDirect/Application/PanelWindow.h"
+#include "TarnwickDirect/Application/TarnwickMenuContent.h"
+#include "TarnwickDirect/Application/UpdaterHost.h"
 #include "TarnwickDirect/CommandLine/Arguments.h"
 #include "TarnwickDirect/Tray/TrayHost.h"
 #include "TarnwickDirect/Tray/TrayItem.h"
+#include "TarnwickDirect/UpdateManager.h"
 
 #include <QDBusConnection>
 
@@ -16,37 +20,46 @@
 
 namespace TarnwickDirect {
 
-/// The application record: the model, the panel on it, the icon in the tray and the object on the
-/// bus, and how they act on each other. Ending it ends what runs, child processes included. Main
-/// thread only.
+/// The application record: the model, the panel on it, the icon in the tray, the object on the bus
+/// and the update manager, and how they act on each other. Ending it ends what runs, child
+/// processes included. Main thread only.
 class TarnwickDirectApp final : public QObject {
     Q_OBJECT
 
 public:
-    /// Nothing is in sight yet, and the service of which others may ask waits. Requires: `service`
-    /// lives longer.
+    /// Nothing is in sight yet, and the service of which others may ask waits. `makeUpdater` is
+    /// empty where the program has no updater. Requires: `service` lives longer.
     TarnwickDirectApp(
         Tarnwick::PullRequestMenuModel::Collaborators collaborators,
         const QDBusConnection& bus,
-        ApplicationService& service);
+        ApplicationService& service,
+        const MakeUpdater& makeUpdater);
     ~TarnwickDirectApp() override;
 
     /// Looks for a tray and then does what the user started the program for.
     void start(ShowPanel::Manner manner, const PlatformData& platformData);
 
     /// Asks everything that runs to stop, child processes included, and waits for nothing.
-    void stop() { _model.stop(); }
+    void stop();
 
     PanelWindow& window() { return _window; }
 
 Q_SIGNALS:
     void quitRequested();
 
+    /// The program is to end, and this one to be started in its place.
+    void successionRequested(const Tarnwick::Launch& successor);
+
 private:
     void connectAppearance();
     void connectPanel();
     void connectMemory();
     void connectService(ApplicationService& service);
+    void connectUpdates(ApplicationService& service);
+    UpdaterHost updaterHost();
+    TarnwickMenuContent menuContent();
+    void checkForUpdates(const PlatformData& platformData);
+    void restart(const std::filesystem::path& program);
     void trayChanged();
     void makeTrayItem();
     void trayClicked();
@@ -55,9 +68,12 @@ private:
     void panelClosed();
 
     std::shared_ptr<Tarnwick::DefaultsStore> _defaults;
+    std::shared_ptr<Tarnwick::Clock> _clock;
     Tarnwick::PullRequestMenuModel _model;
     Tarnwick::Appearance _appearance;
     Tarnwick::DesktopWishes _wishes;
+    PlatformData _checkRequest;  ///< What the last check that was asked for came with.
+    UpdateManager _updateManager;
     Tarnwick::PullRequestMenuView* _view = nullptr;  ///< The window's.
     PanelWindow _window;
     TrayHost _trayHost;

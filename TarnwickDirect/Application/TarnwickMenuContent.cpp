@@ -6,8 +6,13 @@ Tarnwick::PullRequestMenuView* TarnwickMenuContent::makeView(
     Tarnwick::PullRequestMenuModel& model, Tarnwick::Appearance& appearance) const
 {
     auto* const view = new Tarnwick::PullRequestMenuView(model, appearance);
-    view->setUpdateCheck(canCheckForUpdates, checkForUpdates);
+    update(*view);
     return view;
+}
+
+void TarnwickMenuContent::update(Tarnwick::PullRequestMenuView& view) const
+{
+    view.setUpdateCheck(canCheckForUpdates, checkForUpdates);
 }
 
 }  // namespace TarnwickDirect

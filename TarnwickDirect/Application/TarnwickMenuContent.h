@@ -15,6 +15,9 @@ struct TarnwickMenuContent {
     /// Requires: `model` and `appearance` live longer than the view.
     Tarnwick::PullRequestMenuView* makeView(
         Tarnwick::PullRequestMenuModel& model, Tarnwick::Appearance& appearance) const;
+
+    /// Has a view that was made before follow.
+    void update(Tarnwick::PullRequestMenuView& view) const;
 };
 
 }  // namespace TarnwickDirect

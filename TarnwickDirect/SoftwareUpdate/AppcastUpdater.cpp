@@ -7,6 +7,8 @@
 #include "TarnwickDirect/SoftwareUpdate/UpdaterDelegate.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateWording.h"
 
+#include <QNetworkProxyFactory>
+
 #include <cassert>
 #include <utility>
 
@@ -139,9 +141,9 @@ void AppcastUpdater::lookAtFeed(Occasion occasion)
 {
     const UpdateNeeds needed = needs(occasion);
     _feedCheck = std::make_unique<FeedCheck>(
-        _network,
+        network(),
         FeedCheck::Settings{
-            .feed = _collaborators.source.feed, .needs = needed, .tls = _collaborators.tls});
+            .feed = _collaborators.source.feed, .needs = needed, .tls = _collaborators.tls()});
     connect(_feedCheck.get(), &FeedCheck::found, this, &AppcastUpdater::found);
     connect(
         _feedCheck.get(), &FeedCheck::foundNothing, this, [this, needed](const NoUpdate& reason) {
@@ -151,6 +153,23 @@ void AppcastUpdater::lookAtFeed(Occasion occasion)
     connect(_feedCheck.get(), &FeedCheck::failed, this, [this](const QString& message) {
         foundNone(withMessage(Kind::failed, message));
     });
+}
+
+QNetworkAccessManager& AppcastUpdater::network()
+{
+    if (!_network) {
+        QNetworkProxyFactory::setUseSystemConfiguration(true);
+        _network = std::make_unique<QNetworkAccessManager>();
+    }
+    return *_network;
+}
+
+/// With it ends its thread.
+void AppcastUpdater::endNetwork()
+{
+    if (!_feedCheck && !_download) {
+        discard(_network);
+    }
 }
 
 /// Whoever asks for a check hears of a skipped version as well.
@@ -167,11 +186,12 @@ UpdateNeeds AppcastUpdater::needs(Occasion occasion) const
 
 void AppcastUpdater::found(const UpdateOffer& offer)
 {
-    endCheck();
-    _delegate.updaterDidFindValidUpdate(offer);
     UpdateState state;
     state.kind = Kind::available;
     state.offer = offer;
+    state.wasAskedFor = _occasion == Occasion::user;
+    endCheck();
+    _delegate.updaterDidFindValidUpdate(offer);
     setState(state);
 }
 
@@ -190,6 +210,7 @@ void AppcastUpdater::endCheck()
     _occasion.reset();
     _check.cancel();
     discard(_feedCheck);
+    endNetwork();
 }
 
 void AppcastUpdater::cancel()
@@ -200,8 +221,17 @@ void AppcastUpdater::cancel()
         setState({});
     } else if (_state.kind == Kind::downloading || _state.kind == Kind::verifying) {
         _download.reset();
+        endNetwork();
         setState({});
     }
+}
+
+void AppcastUpdater::stop()
+{
+    endCheck();
+    _replacement.cancel();
+    _download.reset();
+    endNetwork();
 }
 
 void AppcastUpdater::dismiss()
@@ -223,12 +253,12 @@ void AppcastUpdater::install()
     assert(_state.kind == Kind::available && _installation.format());
     endCheck();
     _download = std::make_unique<UpdateDownload>(
-        _network,
+        network(),
         _state.offer,
         UpdateDownload::Settings{
             .folder = _collaborators.downloadFolder,
             .key = _collaborators.source.key,
-            .tls = _collaborators.tls});
+            .tls = _collaborators.tls()});
     connect(_download.get(), &UpdateDownload::progressed, this, [this](quint64 receivedBytes) {
         UpdateState state = _state;
         state.receivedBytes = receivedBytes;
@@ -250,9 +280,14 @@ void AppcastUpdater::downloaded(const std::filesystem::path& file)
         return;
     }
     _download->keepFile();
+    const std::filesystem::path package = file;
     discard(_download);
-    setKind(Kind::handedOver);
-    Q_EMIT packageReady(file);
+    endNetwork();
+    UpdateState state = _state;
+    state.kind = Kind::handedOver;
+    state.package = package;
+    setState(state);
+    Q_EMIT packageReady(package);
 }
 
 QCoro::Task<> AppcastUpdater::replace(std::filesystem::path file, std::stop_token stopToken)
@@ -270,6 +305,7 @@ QCoro::Task<> AppcastUpdater::replace(std::filesystem::path file, std::stop_toke
         co_return;
     }
     discard(_download);
+    endNetwork();
     // What later checks compare with is what would run after the next start.
     _collaborators.ownVersion = _state.offer.version;
     setKind(Kind::installed);
@@ -278,6 +314,7 @@ QCoro::Task<> AppcastUpdater::replace(std::filesystem::path file, std::stop_toke
 void AppcastUpdater::failInstallation(const QString& message)
 {
     discard(_download);
+    endNetwork();
     setState(withMessage(Kind::failed, message));
 }
 

@@ -5,7 +5,6 @@
 #include "TarnwickDirect/SoftwareUpdate/FeedCheck.h"
 #include "TarnwickDirect/SoftwareUpdate/Installation.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateDownload.h"
-#include "TarnwickDirect/SoftwareUpdate/UpdaterController.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateSource.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateState.h"
 
@@ -19,7 +18,8 @@ class UpdaterDelegate;
 /// this copy of the program can be replaced by what the feed offers, once a day by itself: what
 /// comes of that is silence or an update. What the user sees and does is here, and how it looks
 /// elsewhere. Main thread only. The end of the object ends what runs and leaves nothing behind.
-class AppcastUpdater final : public UpdaterController {
+/// Nothing of the network is touched before the first look at the feed.
+class AppcastUpdater final : public QObject {
     Q_OBJECT
 
 public:
@@ -31,7 +31,7 @@ public:
         std::function<Installation(std::stop_token)> findInstallation;  ///< Called on a worker.
         std::shared_ptr<Tarnwick::DefaultsStore> defaults;
         std::shared_ptr<Tarnwick::Clock> clock;
-        QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
+        std::function<QSslConfiguration()> tls = QSslConfiguration::defaultConfiguration;
     };
 
     /// The first check by itself comes a minute later at the earliest. Requires: every collaborator
@@ -39,8 +39,11 @@ public:
     AppcastUpdater(Collaborators collaborators, UpdaterDelegate& delegate);
     ~AppcastUpdater() override;
 
-    bool canCheckForUpdates() const override;
-    void checkForUpdates() override;
+    /// Whether the user can ask for a check now.
+    bool canCheckForUpdates() const;
+
+    /// A check that the user asked for. Does nothing while none is possible.
+    void checkForUpdates();
 
     const UpdateState& state() const { return _state; }
 
@@ -61,7 +64,11 @@ public:
     /// can take it.
     void install();
 
+    /// Ends what runs and removes what it has begun; nothing is shown or told of that.
+    void stop();
+
 Q_SIGNALS:
+    void canCheckForUpdatesChanged(bool canCheckForUpdates);
     void stateChanged();
 
     /// A verified package file waits for the system's installer.
@@ -77,6 +84,8 @@ private:
     void begin(Occasion occasion);
     QCoro::Task<> check(Occasion occasion, std::stop_token stopToken);
     void lookAtFeed(Occasion occasion);
+    QNetworkAccessManager& network();
+    void endNetwork();
     UpdateNeeds needs(Occasion occasion) const;
     void found(const UpdateOffer& offer);
     void foundNone(const UpdateState& state);
@@ -91,7 +100,7 @@ private:
     UpdaterDelegate& _delegate;
     UpdateSettings _settings;
     DailySchedule _schedule;
-    QNetworkAccessManager _network;
+    std::unique_ptr<QNetworkAccessManager> _network;  ///< While something is fetched.
     Installation _installation;
     UpdateState _state;
     std::optional<Occasion> _occasion;  ///< Of the check that runs.

@@ -32,7 +32,8 @@ std::unique_ptr<AppcastUpdater> standardUpdater(
     const GitHubProvider::Environment& environment,
     std::shared_ptr<Tarnwick::DefaultsStore> defaults,
     std::shared_ptr<Tarnwick::Clock> clock,
-    UpdaterDelegate& delegate)
+    UpdaterDelegate& delegate,
+    std::function<QSslConfiguration()> tls)
 {
     const auto executable = pathFrom(QCoreApplication::applicationFilePath());
     AppcastUpdater::Collaborators collaborators{
@@ -46,7 +47,8 @@ std::unique_ptr<AppcastUpdater> standardUpdater(
                 return findInstallation(environment, executable, runner, stopToken);
             },
         .defaults = std::move(defaults),
-        .clock = std::move(clock)};
+        .clock = std::move(clock),
+        .tls = std::move(tls)};
     return std::make_unique<AppcastUpdater>(std::move(collaborators), delegate);
 }
 

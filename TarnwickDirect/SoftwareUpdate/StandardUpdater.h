@@ -14,6 +14,7 @@ std::unique_ptr<AppcastUpdater> standardUpdater(
     const GitHubProvider::Environment& environment,
     std::shared_ptr<Tarnwick::DefaultsStore> defaults,
     std::shared_ptr<Tarnwick::Clock> clock,
-    UpdaterDelegate& delegate);
+    UpdaterDelegate& delegate,
+    std::function<QSslConfiguration()> tls = QSslConfiguration::defaultConfiguration);
 
 }  // namespace TarnwickDirect

@@ -2,6 +2,7 @@
 
 #include "TarnwickDirect/SoftwareUpdate/ReleaseNotes.h"
 
+#include <QFile>
 #include <QLocale>
 
 namespace TarnwickDirect {
@@ -33,8 +34,9 @@ QString wayOf(const Installation& installation)
 }
 
 UpdatePage availablePage(
-    const UpdateOffer& offer, const Installation& installation, const QString& ownVersion)
+    const UpdateState& state, const Installation& installation, const QString& ownVersion)
 {
+    const UpdateOffer& offer = state.offer;
     QStringList sentences{QStringLiteral("Tarnwick %1 is available, and you have %2.")
                               .arg(offer.displayedVersion, ownVersion)};
     if (offer.isCritical) {
@@ -44,6 +46,7 @@ UpdatePage availablePage(
     UpdatePage page;
     page.title = QStringLiteral("A new version of Tarnwick is available!");
     page.message = sentences.join(u' ');
+    page.wasAskedFor = state.wasAskedFor;
     page.notes = plainReleaseNotes(offer.releaseNotes);
     if (!installation.format()) {
         page.actions = {UpdateAction::okay};
@@ -141,7 +144,7 @@ std::optional<UpdatePage> updatePage(
     case Kind::noUpdate:
         return messagePage(QStringLiteral("No Update Available"), state.message);
     case Kind::available:
-        return availablePage(state.offer, installation, ownVersion);
+        return availablePage(state, installation, ownVersion);
     case Kind::downloading:
         return downloadingPage(state);
     case Kind::verifying:
@@ -157,8 +160,9 @@ std::optional<UpdatePage> updatePage(
     case Kind::handedOver:
         return messagePage(
             QStringLiteral("Continue in the Installer"),
-            QStringLiteral("The system's installer was asked to open \"%1\".")
-                .arg(state.offer.fileName));
+            QStringLiteral("The system's installer was asked to open \"%1\". If it does not, run "
+                           "\"sudo apt install '%2'\".")
+                .arg(state.offer.fileName, QFile::decodeName(state.package.c_str())));
     case Kind::failed:
         return messagePage(QStringLiteral("Update Error"), state.message);
     }

@@ -25,6 +25,7 @@ struct UpdatePage {
     QString message;
     QString notes;                      ///< Release notes as text.
     std::optional<double> progress;     ///< From 0 to 1.
+    bool wasAskedFor = true;            ///< Else it does not take the focus.
     bool isBusy = false;                ///< Something runs, and nobody knows for how long.
     std::vector<UpdateAction> actions;  ///< The last one is the most likely.
 

@@ -15,9 +15,4 @@ std::optional<UpdateSource> updateSource(std::string_view feed, std::string_view
     return UpdateSource{.feed = url, .key = *publicKey};
 }
 
-std::optional<UpdateSource> builtInUpdateSource()
-{
-    return updateSource(TARNWICK_UPDATE_FEED, TARNWICK_UPDATE_KEY);
-}
-
 }  // namespace TarnwickDirect

@@ -21,8 +21,4 @@ struct UpdateSource {
 /// any thread.
 std::optional<UpdateSource> updateSource(std::string_view feed, std::string_view key);
 
-/// The source with which the program was built, or nothing where it has no updater. Safe from any
-/// thread.
-std::optional<UpdateSource> builtInUpdateSource();
-
 }  // namespace TarnwickDirect

@@ -2,6 +2,8 @@
 
 #include "TarnwickDirect/SoftwareUpdate/UpdateOffer.h"
 
+#include <filesystem>
+
 namespace TarnwickDirect {
 
 /// What an updater shows to the user.
@@ -22,7 +24,9 @@ struct UpdateState {
 
     Kind kind = Kind::idle;
     UpdateOffer offer;                ///< From `available` on, but not with `failed`.
+    bool wasAskedFor = true;          ///< Only a check of the program's own finds unasked.
     std::uint64_t receivedBytes = 0;  ///< While downloading.
+    std::filesystem::path package;    ///< With `handedOver`: the verified file.
     QString message;                  ///< One sentence; with `upToDate`, `noUpdate` and `failed`.
 
     bool operator==(const UpdateState&) const = default;

@@ -17,6 +17,12 @@ public:
     /// possible.
     virtual void checkForUpdates() = 0;
 
+    /// Brings to the front what the user is led through, if there is anything.
+    virtual void bringToFront() = 0;
+
+    /// Ends what runs and removes what it has begun, without waiting, and shows nothing of that.
+    virtual void stop() = 0;
+
 Q_SIGNALS:
     void canCheckForUpdatesChanged(bool canCheckForUpdates);
 };

@@ -8,6 +8,12 @@
 namespace Tarnwick {
 namespace {
 
+/// Such a dialog leads the user through something that goes on without the panel.
+bool isOnItsOwn(const QWindow& window)
+{
+    return window.type() == Qt::Dialog && window.transientParent() == nullptr;
+}
+
 /// Help texts, menus and the like never have the focus, and hosts of tray icons embed a window that
 /// must stay.
 bool canHaveFocus(const QWindow& window)
@@ -29,7 +35,7 @@ QWindow* firstVisibleWindow()
 {
     const QWindowList windows = QGuiApplication::topLevelWindows();
     for (QWindow* const window : windows) {
-        if (window->isVisible() && canHaveFocus(*window)) {
+        if (window->isVisible() && canHaveFocus(*window) && !isOnItsOwn(*window)) {
             return window;
         }
     }
@@ -55,6 +61,9 @@ void hide(QWindow& window)
 void dismissPanel(PanelSearch search)
 {
     QPointer<QWindow> window = QGuiApplication::focusWindow();
+    if (window && isOnItsOwn(*window)) {
+        window = nullptr;
+    }
     if (!window && search == PanelSearch::anyVisible) {
         window = firstVisibleWindow();
     }

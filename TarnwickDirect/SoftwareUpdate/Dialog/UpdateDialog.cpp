@@ -6,6 +6,7 @@
 #include "Tarnwick/Interface/Panel/MessageText.h"
 #include "TarnwickDirect/SoftwareUpdate/Dialog/DownloadBar.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -52,9 +53,10 @@ int placeText(MessageText& label, const QString& text, const QPoint& place, int 
 
 }  // namespace
 
-UpdateDialog::UpdateDialog(const Appearance& appearance)
+UpdateDialog::UpdateDialog(const Appearance& appearance, std::function<void(QWidget&)> bringToFront)
     : QWidget(nullptr, Qt::Dialog)
     , _appearance(appearance)
+    , _bringToFront(std::move(bringToFront))
     , _title(addText(
           {.style = TextStyle::headline,
            .weight = TextWeight::bold,
@@ -93,12 +95,26 @@ void UpdateDialog::setPage(const std::optional<UpdatePage>& page)
     setAccessibleName(_page.title);
     setAccessibleDescription(_page.message);
     if (isAnother) {
-        show();
-        raise();
-        activateWindow();
+        comeInSight();
         if (!_buttons.empty()) {
             _buttons.back()->setFocus(Qt::PopupFocusReason);
         }
+    }
+}
+
+void UpdateDialog::comeInSight()
+{
+    if (isVisible()) {
+        if (!isActiveWindow()) {
+            QApplication::alert(this);
+        }
+        return;
+    }
+    setAttribute(Qt::WA_ShowWithoutActivating, !_page.wasAskedFor);
+    if (_page.wasAskedFor) {
+        _bringToFront(*this);
+    } else {
+        show();
     }
 }
 
@@ -222,10 +238,10 @@ void UpdateDialog::keyPressEvent(QKeyEvent* event)
     }
 }
 
-/// Whoever hears of the action decides what is shown from then on.
+/// Refusing would stand in the way of the session's end.
 void UpdateDialog::closeEvent(QCloseEvent* event)
 {
-    event->ignore();
+    event->accept();
     close();
 }
 

@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 namespace Tarnwick {
 class MessageText;
 class ProgressBar;
@@ -17,15 +19,18 @@ class DownloadBar;
 
 /// The window in which the user follows an update. It is as large as its page needs. Return presses
 /// the last button; Esc and the window's own button close it in the way that decides nothing.
+/// Whoever hides it otherwise finds it again when something else is to be decided.
 class UpdateDialog final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Requires: `appearance` lives longer.
-    explicit UpdateDialog(const Tarnwick::Appearance& appearance);
+    /// Requires: `appearance` lives longer, and `bringToFront` can be called.
+    UpdateDialog(
+        const Tarnwick::Appearance& appearance, std::function<void(QWidget&)> bringToFront);
 
-    /// Shows the page, or nothing. A page with other buttons than the one before comes to the
-    /// front.
+    /// Shows the page, or nothing. A dialog that was not in sight comes to the front with a page
+    /// that the user asked for. The focus is never taken from another window with a page that
+    /// follows later, or that nobody asked for: keys that are meant for others must decide nothing.
     void setPage(const std::optional<UpdatePage>& page);
 
 Q_SIGNALS:
@@ -38,6 +43,7 @@ protected:
 
 private:
     void makeButtons();
+    void comeInSight();
     void layOut();
     int placeNotes(int y);
     int placeBars(int y);
@@ -46,6 +52,7 @@ private:
     void close();
 
     const Tarnwick::Appearance& _appearance;
+    std::function<void(QWidget&)> _bringToFront;
     UpdatePage _page;
     bool _hasPage = false;
     Tarnwick::MessageText* _title;

@@ -5,18 +5,42 @@
 namespace TarnwickDirect {
 
 UpdateDialogs::UpdateDialogs(
-    AppcastUpdater& updater, QString ownVersion, const Tarnwick::Appearance& appearance)
+    AppcastUpdater& updater,
+    QString ownVersion,
+    const Tarnwick::Appearance& appearance,
+    std::function<void(QWidget&)> bringToFront)
     : _updater(updater)
     , _ownVersion(std::move(ownVersion))
-    , _dialog(appearance)
+    , _appearance(appearance)
+    , _bringToFront(std::move(bringToFront))
 {
     connect(&updater, &AppcastUpdater::stateChanged, this, &UpdateDialogs::show);
-    connect(&_dialog, &UpdateDialog::triggered, this, &UpdateDialogs::act);
+}
+
+UpdateDialog& UpdateDialogs::dialog()
+{
+    if (!_dialog) {
+        _dialog = std::make_unique<UpdateDialog>(_appearance, _bringToFront);
+        connect(_dialog.get(), &UpdateDialog::triggered, this, &UpdateDialogs::act);
+    }
+    return *_dialog;
+}
+
+void UpdateDialogs::bringToFront()
+{
+    if (_updater.state().kind != UpdateState::Kind::idle) {
+        _bringToFront(dialog());
+    }
 }
 
 void UpdateDialogs::show()
 {
-    _dialog.setPage(updatePage(_updater.state(), _updater.installation(), _ownVersion));
+    const auto page = updatePage(_updater.state(), _updater.installation(), _ownVersion);
+    const bool hadFocus = dialog().isActiveWindow();
+    dialog().setPage(page);
+    if (!page && hadFocus) {
+        Q_EMIT closed();
+    }
 }
 
 void UpdateDialogs::act(UpdateAction action)

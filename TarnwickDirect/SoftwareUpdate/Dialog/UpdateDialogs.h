@@ -10,13 +10,23 @@ class UpdateDialogs final : public QObject {
     Q_OBJECT
 
 public:
-    /// Requires: both live longer.
+    /// Requires: both live longer, and `bringToFront` can be called.
     UpdateDialogs(
-        AppcastUpdater& updater, QString ownVersion, const Tarnwick::Appearance& appearance);
+        AppcastUpdater& updater,
+        QString ownVersion,
+        const Tarnwick::Appearance& appearance,
+        std::function<void(QWidget&)> bringToFront);
 
-    UpdateDialog& dialog() { return _dialog; }
+    /// Made when it is first needed.
+    UpdateDialog& dialog();
+
+    /// Brings the dialog to the front while it shows something.
+    void bringToFront();
 
 Q_SIGNALS:
+    /// The dialog had the focus and is gone.
+    void closed();
+
     /// The user wants the new version to run.
     void restartRequested();
 
@@ -26,7 +36,9 @@ private:
 
     AppcastUpdater& _updater;
     QString _ownVersion;
-    UpdateDialog _dialog;
+    const Tarnwick::Appearance& _appearance;
+    std::function<void(QWidget&)> _bringToFront;
+    std::unique_ptr<UpdateDialog> _dialog;
 };
 
 }  // namespace TarnwickDirect

@@ -82,6 +82,22 @@ TEST_F(DismissedPanel, hidesTheFirstWindowThatCanHaveTheFocusWhenNoneHasIt)
     EXPECT_TRUE(later.isVisible());
 }
 
+TEST_F(DismissedPanel, leavesADialogThatBelongsToNoOtherWindow)
+{
+    QWindow dialog;
+    dialog.setFlags(Qt::Dialog);
+    QWindow panel;
+    panel.setFlags(Qt::Tool | Qt::FramelessWindowHint);
+    dialog.show();
+    panel.show();
+    focus(dialog);
+    dismissPanel(PanelSearch::focusOnly);
+    EXPECT_TRUE(panel.isVisible());
+    dismissPanel(PanelSearch::anyVisible);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_FALSE(panel.isVisible());
+}
+
 TEST_F(DismissedPanel, looksAtNoOtherWindowWhenOnlyTheFocusCounts)
 {
     QWindow panel;

@@ -89,6 +89,7 @@ TEST_F(BackgroundCheckTest, showsAnUpdate)
     passADay();
     EXPECT_THAT(kinds, ElementsAre(Kind::available));
     EXPECT_THAT(delegate.heard, ElementsAre("found 2.0"));
+    EXPECT_FALSE(updater->state().wasAskedFor);
 }
 
 TEST_F(BackgroundCheckTest, isSilentWhenThereIsNone)

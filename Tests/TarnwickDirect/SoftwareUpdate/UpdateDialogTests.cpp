@@ -89,7 +89,12 @@ protected:
     }
 
     Tarnwick::Appearance appearance{1};
-    UpdateDialog dialog{appearance};
+    int arrivals = 0;  ///< How often the dialog was brought to the front.
+    UpdateDialog dialog{appearance, [this](QWidget& window) {
+                            ++arrivals;
+                            window.show();
+                            window.activateWindow();
+                        }};
     std::vector<UpdateAction> actions;
 };
 
@@ -194,17 +199,45 @@ TEST_F(UpdateDialogTest, escapeAndTheWindowsButtonDecideNothing)
     QTest::keyClick(&dialog, Qt::Key_Escape);
     static_cast<QWidget&>(dialog).close();
     EXPECT_THAT(actions, ElementsAre(remindLater, remindLater));
-    EXPECT_TRUE(dialog.isVisible());
 }
 
-TEST_F(UpdateDialogTest, cannotBeClosedWhileItMustNot)
+TEST_F(UpdateDialogTest, hasNoKeyToCloseWhatMustGoOn)
 {
     dialog.setPage(busyPage({}));
     QTest::keyClick(&dialog, Qt::Key_Escape);
     QTest::keyClick(&dialog, Qt::Key_Return);
-    static_cast<QWidget&>(dialog).close();
     EXPECT_THAT(actions, IsEmpty());
     EXPECT_TRUE(dialog.isVisible());
+}
+
+TEST_F(UpdateDialogTest, standsNotInTheWayOfTheSessionsEnd)
+{
+    dialog.setPage(busyPage({}));
+    EXPECT_TRUE(static_cast<QWidget&>(dialog).close());
+    EXPECT_FALSE(dialog.isVisible());
+    dialog.setPage(availablePage());
+    EXPECT_TRUE(dialog.isVisible());
+}
+
+TEST_F(UpdateDialogTest, comesToTheFrontOnce)
+{
+    dialog.setPage(busyPage({cancel}));
+    EXPECT_EQ(arrivals, 1);
+    dialog.setPage(availablePage());
+    EXPECT_EQ(arrivals, 1);
+    dialog.setPage(std::nullopt);
+    dialog.setPage(busyPage({cancel}));
+    EXPECT_EQ(arrivals, 2);
+}
+
+TEST_F(UpdateDialogTest, takesNoFocusWithWhatNobodyAskedFor)
+{
+    UpdatePage page = availablePage();
+    page.wasAskedFor = false;
+    dialog.setPage(page);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_TRUE(dialog.testAttribute(Qt::WA_ShowWithoutActivating));
+    EXPECT_EQ(arrivals, 0);
 }
 
 TEST_F(UpdateDialogTest, buttonsMayTakeThePageAway)
@@ -222,7 +255,8 @@ protected:
     void open()
     {
         start();
-        dialogs = std::make_unique<UpdateDialogs>(*updater, QStringLiteral("1.0"), appearance);
+        dialogs = std::make_unique<UpdateDialogs>(
+            *updater, QStringLiteral("1.0"), appearance, [](QWidget& window) { window.show(); });
         QObject::connect(dialogs.get(), &UpdateDialogs::restartRequested, [this] { ++restarts; });
     }
 

@@ -22,6 +22,10 @@ public:
 
     void checkForUpdates() override { ++checks; }
 
+    void bringToFront() override { ++presentations; }
+
+    void stop() override { ++stops; }
+
     void set(bool newCanCheck)
     {
         canCheck = newCanCheck;
@@ -30,6 +34,8 @@ public:
 
     bool canCheck = false;
     int checks = 0;
+    int presentations = 0;
+    int stops = 0;
 };
 
 class UpdateManagerTest : public testing::Test {
@@ -132,6 +138,10 @@ TEST_F(UpdateManagerTest, isCheckingBeforeTheUpdaterIsAsked)
 
         void checkForUpdates() override { seen = manager->updateAvailability(); }
 
+        void bringToFront() override {}
+
+        void stop() override {}
+
         UpdateManager* manager = nullptr;
         UpdateAvailability seen = unknown;
     };
@@ -215,6 +225,19 @@ TEST_F(UpdateManagerTest, withoutAnUpdaterACheckNeverEnds)
     TestSupport::processEvents();
     EXPECT_EQ(manager->updateAvailability(), checking);
     EXPECT_THAT(canCheckValues, IsEmpty());
+}
+
+TEST_F(UpdateManagerTest, passesOnWhatConcernsTheDialogAndTheEnd)
+{
+    start();
+    manager->bringToFront();
+    EXPECT_EQ(controller->presentations, 1);
+    manager->stop();
+    EXPECT_EQ(controller->stops, 1);
+    EXPECT_EQ(manager->updateAvailability(), unknown);
+    startWithoutUpdater();
+    EXPECT_NO_THROW(manager->bringToFront());
+    EXPECT_NO_THROW(manager->stop());
 }
 
 TEST_F(UpdateManagerTest, whatComesTooLateIsDropped)

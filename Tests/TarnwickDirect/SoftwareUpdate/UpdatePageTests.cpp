@@ -79,6 +79,13 @@ TEST_F(UpdatePageTest, anUpdate)
         ElementsAre("Skip This Version", "Remind Me Later", "Install Update"));
 }
 
+TEST_F(UpdatePageTest, knowsWhetherTheUserAsked)
+{
+    EXPECT_TRUE(page(Kind::available).wasAskedFor);
+    state.wasAskedFor = false;
+    EXPECT_FALSE(page(Kind::available).wasAskedFor);
+}
+
 TEST_F(UpdatePageTest, aCriticalUpdateCannotBeSkipped)
 {
     state.offer.isCritical = true;
@@ -138,9 +145,12 @@ TEST_F(UpdatePageTest, whatIsInstalledOffersToStartAgain)
 TEST_F(UpdatePageTest, aPackageIsHandedOver)
 {
     state.offer.fileName = QStringLiteral("tarnwick.deb");
+    state.package = "/home/a/.cache/x/tarnwick.deb";
     EXPECT_EQ(title(Kind::handedOver), "Continue in the Installer");
     EXPECT_EQ(
-        message(Kind::handedOver), "The system's installer was asked to open \"tarnwick.deb\".");
+        message(Kind::handedOver),
+        "The system's installer was asked to open \"tarnwick.deb\". If it does not, run \"sudo apt "
+        "install '/home/a/.cache/x/tarnwick.deb'\".");
     EXPECT_THAT(buttons(Kind::handedOver), ElementsAre("OK"));
 }
 

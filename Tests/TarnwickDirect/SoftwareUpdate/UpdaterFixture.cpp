@@ -31,7 +31,7 @@ void UpdaterTest::start()
                 },
             .defaults = defaults,
             .clock = clock,
-            .tls = TlsServer::trust()},
+            .tls = TlsServer::trust},
         delegate);
     QObject::connect(updater.get(), &AppcastUpdater::stateChanged, [this] {
         if (kinds.empty() || kinds.back() != updater->state().kind) {

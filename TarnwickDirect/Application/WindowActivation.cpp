@@ -1,0 +1,32 @@
+#include "TarnwickDirect/Application/WindowActivation.h"
+
+#include "TarnwickDirect/X11/X11.h"
+
+#include <QWidget>
+
+namespace TarnwickDirect {
+namespace {
+
+/// Shown in the front of others by the token, which Qt takes from the environment when it asks the
+/// compositor. It must lie there by itself: Qt 6.4 has no other way for it.
+void passOn(const QString& activationToken)
+{
+    if (!activationToken.isEmpty()) {
+        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+    }
+}
+
+}  // namespace
+
+void bringToFront(QWidget& window, const PlatformData& platformData)
+{
+    passOn(platformData.activationToken);
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+    X11::activate(window.winId(), platformData.startupTime());
+    X11::endStartup(platformData.startupId.toUtf8());
+}
+
+}  // namespace TarnwickDirect

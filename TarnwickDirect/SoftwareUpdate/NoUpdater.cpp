@@ -1,0 +1,10 @@
+#include "TarnwickDirect/SoftwareUpdate/ProgramUpdater.h"
+
+namespace TarnwickDirect {
+
+MakeUpdater programUpdater()
+{
+    return {};
+}
+
+}  // namespace TarnwickDirect

@@ -1,0 +1,21 @@
+#include "TarnwickDirect/SoftwareUpdate/PackageInstaller.h"
+
+#include <algorithm>
+
+namespace TarnwickDirect {
+
+std::optional<Tarnwick::Launch> packageInstaller(
+    const GitHubProvider::Environment& environment,
+    const std::function<bool(const std::filesystem::path&)>& isExecutable,
+    const std::filesystem::path& package)
+{
+    const auto candidates = GitHubProvider::searchPathCandidates(environment, "xdg-open");
+    const auto found = std::ranges::find_if(candidates, isExecutable);
+    if (found == candidates.end()) {
+        return std::nullopt;
+    }
+    return Tarnwick::Launch{
+        .executable = *found, .arguments = {package.string()}, .activationToken = {}};
+}
+
+}  // namespace TarnwickDirect
