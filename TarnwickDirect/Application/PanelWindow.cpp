@@ -45,6 +45,11 @@ PanelWindow::PanelWindow(
     _border = new Tarnwick::WindowBorderView(this);
     _grips = EdgeGrip::makeAll(this);
     connect(&appearance, &Tarnwick::Appearance::changed, this, &PanelWindow::appearanceChanged);
+    connect(
+        qGuiApp,
+        &QGuiApplication::applicationStateChanged,
+        this,
+        &PanelWindow::applicationStateChanged);
     appearanceChanged();
     applyForm();
 }
@@ -168,6 +173,14 @@ bool PanelWindow::nativeEvent(const QByteArray& type, void* message, qintptr* re
         break;
     }
     return QWidget::nativeEvent(type, message, result);
+}
+
+/// The focus may have gone to another window of the program before it leaves.
+void PanelWindow::applicationStateChanged(Qt::ApplicationState state)
+{
+    if (state == Qt::ApplicationInactive && !isActiveWindow() && !X11::hasFocus()) {
+        focusLeft();
+    }
 }
 
 void PanelWindow::focusLeft()

@@ -92,6 +92,7 @@ private:
     void applyForm();
     void place(std::optional<QPoint> click);
     void focusLeft();
+    void applicationStateChanged(Qt::ApplicationState state);
     void closeUnlessKept();
     void updateSight();
     void rememberSize();

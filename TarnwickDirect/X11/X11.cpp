@@ -2,7 +2,9 @@
 
 #include <QGuiApplication>
 #include <QHash>
+#include <QWindow>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -133,6 +135,20 @@ FocusChange focusChange(const QByteArray& type, const void* message)
     default:
         return FocusChange::none;
     }
+}
+
+bool hasFocus()
+{
+    xcb_connection_t* const server = connection();
+    if (server == nullptr) {
+        return false;
+    }
+    const Answer<xcb_get_input_focus_reply_t> answer(
+        xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    return answer && std::ranges::any_of(windows, [&answer](QWindow* window) {
+               return window->handle() != nullptr && window->winId() == answer->focus;
+           });
 }
 
 void activate(WId window, quint32 time)

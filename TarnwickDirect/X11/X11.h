@@ -41,6 +41,9 @@ enum class FocusChange {
 /// Of an event as `QWidget::nativeEvent` gets it.
 FocusChange focusChange(const QByteArray& type, const void* message);
 
+/// Whether one of the program's windows has the focus, borrowed or not.
+bool hasFocus();
+
 /// Has the window manager bring the window to the front and give it the focus, as the user wants
 /// it at this time (in the server's milliseconds, 0 for now).
 void activate(WId window, quint32 time);

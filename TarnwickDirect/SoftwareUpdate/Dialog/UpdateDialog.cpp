@@ -19,6 +19,10 @@ namespace {
 
 using namespace Tarnwick;
 
+/// It can be put aside while something is downloaded, and has one size.
+constexpr Qt::WindowFlags windowKind = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint
+                                       | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
+
 constexpr int dialogWidth = 440;
 constexpr int padding = 20;
 constexpr int titleGap = 6;
@@ -54,7 +58,7 @@ int placeText(MessageText& label, const QString& text, const QPoint& place, int 
 }  // namespace
 
 UpdateDialog::UpdateDialog(const Appearance& appearance, std::function<void(QWidget&)> bringToFront)
-    : QWidget(nullptr, Qt::Dialog)
+    : QWidget(nullptr, windowKind)
     , _appearance(appearance)
     , _bringToFront(std::move(bringToFront))
     , _title(addText(
