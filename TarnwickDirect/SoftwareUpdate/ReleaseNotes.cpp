@@ -1,7 +1,8 @@
 #include "TarnwickDirect/SoftwareUpdate/ReleaseNotes.h"
 
+#include <QTextBlock>
 #include <QTextDocument>
-#include <QTextDocumentFragment>
+#include <QTextList>
 
 #include <algorithm>
 
@@ -9,6 +10,32 @@ namespace TarnwickDirect {
 namespace {
 
 constexpr qsizetype lengthLimit = 20'000;
+
+/// What stands before an item of a list.
+QString markOf(const QTextBlock& block)
+{
+    const QTextList* const list = block.textList();
+    if (list == nullptr) {
+        return {};
+    }
+    const bool isNumbered = list->format().style() <= QTextListFormat::ListDecimal;
+    return isNumbered ? list->itemText(block) + u' ' : QStringLiteral("• ");
+}
+
+/// The document is never laid out, which is when it would load what the text names.
+QString textOfHtml(const QString& html)
+{
+    QTextDocument document;
+    document.setHtml(html);
+    QString text;
+    for (auto block = document.begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() > 0 && !text.isEmpty()) {
+            text += u'\n';
+        }
+        text += markOf(block) + block.text().replace(QChar::LineSeparator, u'\n') + u'\n';
+    }
+    return text;
+}
 
 bool isInvisible(QChar character)
 {
@@ -21,9 +48,9 @@ bool isInvisible(QChar character)
 
 QString plainReleaseNotes(const QString& notes)
 {
-    QString text =
-        Qt::mightBeRichText(notes) ? QTextDocumentFragment::fromHtml(notes).toPlainText() : notes;
+    QString text = Qt::mightBeRichText(notes) ? textOfHtml(notes) : notes;
     text.replace(u'\t', u' ');
+    text.replace(QChar::Nbsp, u' ');
     text.removeIf(isInvisible);
     text = text.trimmed();
     if (text.size() > lengthLimit) {

@@ -130,7 +130,8 @@ void UpdateDialog::makeButtons()
         button->deleteLater();
     }
     for (const UpdateAction action : _page.actions) {
-        const bool isPrimary = _buttons.size() + 1 == _page.actions.size();
+        const bool isLast = _buttons.size() + 1 == _page.actions.size();
+        const bool isPrimary = isLast && action != UpdateAction::cancel;
         auto* const button = new PushButton(
             textOf(action),
             isPrimary ? PushButton::Kind::primary : PushButton::Kind::plain,

@@ -19,7 +19,15 @@ TEST(ReleaseNotes, htmlLosesItsMarks)
 {
     EXPECT_EQ(
         plain("<h1>Version 2</h1><p>Faster &amp; <b>calmer</b>.</p><ul><li>lists</li></ul>"),
-        "Version 2\nFaster & calmer.\nlists");
+        "Version 2\nFaster & calmer.\n• lists");
+}
+
+TEST(ReleaseNotes, listsAndHeadingsCanBeToldApart)
+{
+    EXPECT_EQ(
+        plain("<p>Calm.</p><h2>Added</h2><ul><li>one</li><li>two</li></ul><h2>Mended</h2>"
+              "<ol><li>first<br>still first</li><li>second</li></ol>"),
+        "Calm.\n\nAdded\n• one\n• two\n\nMended\n1. first\nstill first\n2. second");
 }
 
 TEST(ReleaseNotes, scriptsStylesAndPicturesAreLeftOut)
