@@ -1,5 +1,7 @@
 #include "SoftwareUpdate/UpdaterFixture.h"
 
+#include <QNetworkProxyFactory>
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -42,6 +44,20 @@ TEST_F(BackgroundCheckTest, isDueADayAfterTheLastOne)
     EXPECT_TRUE(TestSupport::eventually([this] { return !server.requests().empty(); }));
     EXPECT_EQ(storedDate(), clock->now());
     EXPECT_THAT(clock->sleepers(), ElementsAre(24h));
+}
+
+TEST_F(BackgroundCheckTest, touchesNothingOfTheNetworkBeforeItIsDue)
+{
+    QNetworkProxyFactory::setUseSystemConfiguration(false);
+    start();
+    advanceTo(20h);
+    TestSupport::processEvents();
+    EXPECT_FALSE(QNetworkProxyFactory::usesSystemConfiguration());
+    EXPECT_EQ(tlsQueries, 0);
+    clock->advance(4h);
+    EXPECT_TRUE(reaches(Kind::available));
+    EXPECT_TRUE(QNetworkProxyFactory::usesSystemConfiguration());
+    EXPECT_EQ(tlsQueries, 1);
 }
 
 TEST_F(BackgroundCheckTest, comesAMinuteAfterTheStartWhenItIsOverdue)

@@ -31,20 +31,24 @@ void UpdaterTest::start()
                 },
             .defaults = defaults,
             .clock = clock,
-            .tls = TlsServer::trust},
+            .tls =
+                [this] {
+                    ++tlsQueries;
+                    return TlsServer::trust();
+                }},
         delegate);
-    QObject::connect(updater.get(), &AppcastUpdater::stateChanged, [this] {
-        if (kinds.empty() || kinds.back() != updater->state().kind) {
-            kinds.push_back(updater->state().kind);
+    const AppcastUpdater* const made = updater.get();
+    QObject::connect(made, &AppcastUpdater::stateChanged, [this, made] {
+        if (kinds.empty() || kinds.back() != made->state().kind) {
+            kinds.push_back(made->state().kind);
         }
     });
+    QObject::connect(made, &AppcastUpdater::canCheckForUpdatesChanged, [this, made](bool canCheck) {
+        EXPECT_EQ(canCheck, made->canCheckForUpdates());
+        canCheckValues.push_back(canCheck);
+    });
     QObject::connect(
-        updater.get(), &AppcastUpdater::canCheckForUpdatesChanged, [this](bool canCheck) {
-            EXPECT_EQ(canCheck, updater->canCheckForUpdates());
-            canCheckValues.push_back(canCheck);
-        });
-    QObject::connect(
-        updater.get(), &AppcastUpdater::packageReady, [this](const std::filesystem::path& file) {
+        made, &AppcastUpdater::packageReady, [this](const std::filesystem::path& file) {
             packages.push_back(file);
         });
 }

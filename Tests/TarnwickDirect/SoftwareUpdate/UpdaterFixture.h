@@ -74,6 +74,7 @@ protected:
     RecordingDelegate delegate;
     TarnwickDirect::Installation installation;
     std::atomic<int> installationQueries = 0;
+    int tlsQueries = 0;
     std::vector<Kind> kinds;  ///< Each kind of state, in order, once for as long as it lasted.
     std::vector<bool> canCheckValues;
     std::vector<std::filesystem::path> packages;
