@@ -12,6 +12,9 @@ set(documents "${CMAKE_BINARY_DIR}/packaging/documents")
 set(drawings "${CMAKE_SOURCE_DIR}/Tarnwick/Resources")
 
 install(TARGETS tarnwick RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+if(TARNWICK_UPDATE_FEED)
+    install(TARGETS TarnwickNetworkModule LIBRARY DESTINATION lib/tarnwick)
+endif()
 install(FILES "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${TARNWICK_BUNDLE}" DESTINATION "${data}/tarnwick")
 
 install(FILES "${documents}/${id}.metainfo.xml" DESTINATION "${data}/metainfo")

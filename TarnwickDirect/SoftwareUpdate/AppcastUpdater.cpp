@@ -7,8 +7,6 @@
 #include "TarnwickDirect/SoftwareUpdate/UpdaterDelegate.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateWording.h"
 
-#include <QNetworkProxyFactory>
-
 #include <cassert>
 #include <utility>
 
@@ -139,11 +137,17 @@ QCoro::Task<> AppcastUpdater::check(Occasion occasion, std::stop_token stopToken
 
 void AppcastUpdater::lookAtFeed(Occasion occasion)
 {
+    if (const QString problem = networkProblem(); !problem.isEmpty()) {
+        foundNone(withMessage(Kind::failed, problem));
+        return;
+    }
     const UpdateNeeds needed = needs(occasion);
     _feedCheck = std::make_unique<FeedCheck>(
-        network(),
+        *_network,
         FeedCheck::Settings{
-            .feed = _collaborators.source.feed, .needs = needed, .tls = _collaborators.tls()});
+            .feed = _collaborators.source.feed,
+            .needs = needed,
+            .authorities = _collaborators.authorities});
     connect(_feedCheck.get(), &FeedCheck::found, this, &AppcastUpdater::found);
     connect(
         _feedCheck.get(), &FeedCheck::foundNothing, this, [this, needed](const NoUpdate& reason) {
@@ -155,20 +159,24 @@ void AppcastUpdater::lookAtFeed(Occasion occasion)
     });
 }
 
-QNetworkAccessManager& AppcastUpdater::network()
+/// Makes the network unless it is there; the message of why it cannot be made, or an empty text.
+QString AppcastUpdater::networkProblem()
 {
-    if (!_network) {
-        QNetworkProxyFactory::setUseSystemConfiguration(true);
-        _network = std::make_unique<QNetworkAccessManager>();
+    try {
+        if (!_network) {
+            _network = _collaborators.makeNetwork();
+        }
+        return {};
+    } catch (const UpdateError& error) {
+        return QString::fromUtf8(error.what());
     }
-    return *_network;
 }
 
-/// With it ends its thread.
+/// With it end its threads and its connections.
 void AppcastUpdater::endNetwork()
 {
     if (!_feedCheck && !_download) {
-        discard(_network);
+        _network.reset();
     }
 }
 
@@ -252,13 +260,17 @@ void AppcastUpdater::install()
 {
     assert(_state.kind == Kind::available && _installation.format());
     endCheck();
+    if (const QString problem = networkProblem(); !problem.isEmpty()) {
+        failInstallation(problem);
+        return;
+    }
     _download = std::make_unique<UpdateDownload>(
-        network(),
+        *_network,
         _state.offer,
         UpdateDownload::Settings{
             .folder = _collaborators.downloadFolder,
             .key = _collaborators.source.key,
-            .tls = _collaborators.tls()});
+            .authorities = _collaborators.authorities});
     connect(_download.get(), &UpdateDownload::progressed, this, [this](quint64 receivedBytes) {
         UpdateState state = _state;
         state.receivedBytes = receivedBytes;

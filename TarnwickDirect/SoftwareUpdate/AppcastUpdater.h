@@ -8,8 +8,6 @@
 #include "TarnwickDirect/SoftwareUpdate/UpdateSource.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateState.h"
 
-#include <QNetworkAccessManager>
-
 namespace TarnwickDirect {
 
 class UpdaterDelegate;
@@ -18,7 +16,7 @@ class UpdaterDelegate;
 /// this copy of the program can be replaced by what the feed offers, once a day by itself: what
 /// comes of that is silence or an update. What the user sees and does is here, and how it looks
 /// elsewhere. Main thread only. The end of the object ends what runs and leaves nothing behind.
-/// Nothing of the network is touched before the first look at the feed.
+/// Nothing of the network is made before the first look at the feed.
 class AppcastUpdater final : public QObject {
     Q_OBJECT
 
@@ -31,7 +29,8 @@ public:
         std::function<Installation(std::stop_token)> findInstallation;  ///< Called on a worker.
         std::shared_ptr<Tarnwick::DefaultsStore> defaults;
         std::shared_ptr<Tarnwick::Clock> clock;
-        std::function<QSslConfiguration()> tls = QSslConfiguration::defaultConfiguration;
+        MakeHttpsNetwork makeNetwork;  ///< Called when something is to be fetched.
+        QByteArray authorities;        ///< As in `FetchRequest`.
     };
 
     /// The first check by itself comes a minute later at the earliest. Requires: every collaborator
@@ -84,7 +83,7 @@ private:
     void begin(Occasion occasion);
     QCoro::Task<> check(Occasion occasion, std::stop_token stopToken);
     void lookAtFeed(Occasion occasion);
-    QNetworkAccessManager& network();
+    QString networkProblem();
     void endNetwork();
     UpdateNeeds needs(Occasion occasion) const;
     void found(const UpdateOffer& offer);
@@ -100,7 +99,7 @@ private:
     UpdaterDelegate& _delegate;
     UpdateSettings _settings;
     DailySchedule _schedule;
-    std::unique_ptr<QNetworkAccessManager> _network;  ///< While something is fetched.
+    std::unique_ptr<HttpsNetwork> _network;  ///< While something is fetched.
     Installation _installation;
     UpdateState _state;
     std::optional<Occasion> _occasion;  ///< Of the check that runs.

@@ -46,15 +46,14 @@ void DesktopUpdater::restart()
     _host.restart(_updater->installation().appImage);
 }
 
-MakeUpdater desktopUpdaterFrom(
-    const UpdateSource& source, const std::function<QSslConfiguration()>& tls)
+MakeUpdater desktopUpdaterFrom(const UpdateSource& source, const QByteArray& authorities)
 {
-    return [source, tls](const UpdaterHost& host, UpdaterDelegate& delegate) {
+    return [source, authorities](const UpdaterHost& host, UpdaterDelegate& delegate) {
         const auto variables = environment();
         const auto ownVersion = QString::fromUtf8(version().data(), qsizetype(version().size()));
         return std::make_unique<DesktopUpdater>(
             standardUpdater(
-                source, ownVersion, variables, host.defaults, host.clock, delegate, tls),
+                source, ownVersion, variables, host.defaults, host.clock, delegate, authorities),
             ownVersion,
             host,
             packageOpener(variables));

@@ -42,8 +42,7 @@ private:
 };
 
 /// Makes updaters of this program as it runs on this system, whose updates come from the source.
-MakeUpdater desktopUpdaterFrom(
-    const UpdateSource& source,
-    const std::function<QSslConfiguration()>& tls = QSslConfiguration::defaultConfiguration);
+/// `authorities` are as in `FetchRequest`.
+MakeUpdater desktopUpdaterFrom(const UpdateSource& source, const QByteArray& authorities = {});
 
 }  // namespace TarnwickDirect

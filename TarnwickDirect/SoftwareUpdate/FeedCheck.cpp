@@ -30,12 +30,12 @@ FetchRequest requestFor(const FeedCheck::Settings& settings)
         .byteLimit = std::uint64_t(appcastSizeLimit),
         .silenceLimit = settings.timeLimit,
         .timeLimit = settings.timeLimit,
-        .tls = settings.tls};
+        .authorities = settings.authorities};
 }
 
 }  // namespace
 
-FeedCheck::FeedCheck(QNetworkAccessManager& network, Settings settings)
+FeedCheck::FeedCheck(HttpsNetwork& network, Settings settings)
     : _settings(std::move(settings))
     , _fetch(network, requestFor(_settings))
 {

@@ -15,12 +15,12 @@ public:
     struct Settings {
         QUrl feed;
         UpdateNeeds needs;
-        QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
+        QByteArray authorities;  ///< As in `FetchRequest`.
         std::chrono::milliseconds timeLimit{60'000};
     };
 
     /// Signals come once the event loop runs. Requires: `network` lives longer.
-    FeedCheck(QNetworkAccessManager& network, Settings settings);
+    FeedCheck(HttpsNetwork& network, Settings settings);
 
 Q_SIGNALS:
     void found(const UpdateOffer& offer);

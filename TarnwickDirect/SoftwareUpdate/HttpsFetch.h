@@ -1,43 +1,19 @@
 #pragma once
 
-#include <QNetworkReply>
+#include "TarnwickDirect/SoftwareUpdate/HttpsNetwork.h"
+
 #include <QObject>
-#include <QSslConfiguration>
-#include <QTimer>
-#include <QUrl>
-
-#include <chrono>
-#include <cstdint>
-#include <memory>
-#include <optional>
-
-class QNetworkAccessManager;
 
 namespace TarnwickDirect {
 
-/// What is fetched, and when that is given up.
-struct FetchRequest {
-    QUrl url;
-    QString subject;  ///< What it is, as the beginning of a sentence, such as "The update feed".
-    std::uint64_t byteLimit = 0;
-    std::chrono::milliseconds silenceLimit{30'000};      ///< Without a byte from the server.
-    std::optional<std::chrono::milliseconds> timeLimit;  ///< For all of it.
-    QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
-};
-
-/// Fetches over HTTPS, through at most five redirects that are HTTPS as well, from servers with a
-/// certificate that the configuration trusts. The bytes come as the server has them: nothing is
-/// unpacked, kept or sent along. Only an answer with status 200 counts. Main thread only.
-///
-/// The end of the object, at any moment, ends the fetch, and no signal comes.
+/// One fetch from a network, as an object with signals. The end of the object, at any moment, ends
+/// the fetch, and no signal comes. Main thread only.
 class HttpsFetch final : public QObject {
     Q_OBJECT
-    Q_DISABLE_COPY_MOVE(HttpsFetch)
 
 public:
     /// Signals come once the event loop runs. Requires: `network` lives longer.
-    HttpsFetch(QNetworkAccessManager& network, FetchRequest request);
-    ~HttpsFetch() override;
+    HttpsFetch(HttpsNetwork& network, FetchRequest request);
 
 Q_SIGNALS:
     /// A piece of what came; together never more than the limit.
@@ -50,18 +26,7 @@ Q_SIGNALS:
     void failed(const QString& message);
 
 private:
-    void start();
-    void read();
-    void end();
-    void fail(const QString& reason);
-    void stop();
-
-    QNetworkAccessManager& _network;
-    FetchRequest _request;
-    std::unique_ptr<QNetworkReply> _reply;
-    QTimer _beginning;
-    QTimer _timeLimit;
-    std::uint64_t _received = 0;
+    std::unique_ptr<HttpsNetwork::Fetch> _fetch;
 };
 
 }  // namespace TarnwickDirect

@@ -1,6 +1,7 @@
 #include "TarnwickDirect/SoftwareUpdate/StandardUpdater.h"
 
 #include "GitHubProvider/ProcessCommandRunner.h"
+#include "TarnwickDirect/SoftwareUpdate/NetworkModule.h"
 #include "TarnwickDirect/SoftwareUpdate/SystemVersion.h"
 
 #include <QCoreApplication>
@@ -33,9 +34,10 @@ std::unique_ptr<AppcastUpdater> standardUpdater(
     std::shared_ptr<Tarnwick::DefaultsStore> defaults,
     std::shared_ptr<Tarnwick::Clock> clock,
     UpdaterDelegate& delegate,
-    std::function<QSslConfiguration()> tls)
+    const QByteArray& authorities)
 {
     const auto executable = pathFrom(QCoreApplication::applicationFilePath());
+    const QString module = networkModulePath(QCoreApplication::applicationDirPath());
     AppcastUpdater::Collaborators collaborators{
         .source = source,
         .ownVersion = ownVersion,
@@ -48,7 +50,8 @@ std::unique_ptr<AppcastUpdater> standardUpdater(
             },
         .defaults = std::move(defaults),
         .clock = std::move(clock),
-        .tls = std::move(tls)};
+        .makeNetwork = [module] { return networkFromModule(module); },
+        .authorities = authorities};
     return std::make_unique<AppcastUpdater>(std::move(collaborators), delegate);
 }
 

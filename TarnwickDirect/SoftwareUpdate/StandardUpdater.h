@@ -6,7 +6,8 @@
 namespace TarnwickDirect {
 
 /// An updater of this program, as it runs on this system, that has started. Downloads go to
-/// `dev.tarnwick.Tarnwick/updates` in the user's cache folder. Main thread only. Requires: the
+/// `dev.tarnwick.Tarnwick/updates` in the user's cache folder, fetched by the module that
+/// belongs to the program. `authorities` are as in `FetchRequest`. Main thread only. Requires: the
 /// store and the clock are there, and the delegate lives longer.
 std::unique_ptr<AppcastUpdater> standardUpdater(
     const UpdateSource& source,
@@ -15,6 +16,6 @@ std::unique_ptr<AppcastUpdater> standardUpdater(
     std::shared_ptr<Tarnwick::DefaultsStore> defaults,
     std::shared_ptr<Tarnwick::Clock> clock,
     UpdaterDelegate& delegate,
-    std::function<QSslConfiguration()> tls = QSslConfiguration::defaultConfiguration);
+    const QByteArray& authorities = {});
 
 }  // namespace TarnwickDirect

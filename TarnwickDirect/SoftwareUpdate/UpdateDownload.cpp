@@ -23,7 +23,7 @@ QString verificationProblem(
 
 }  // namespace
 
-UpdateDownload::UpdateDownload(QNetworkAccessManager& network, UpdateOffer offer, Settings settings)
+UpdateDownload::UpdateDownload(HttpsNetwork& network, UpdateOffer offer, Settings settings)
     : _network(network)
     , _offer(std::move(offer))
     , _settings(std::move(settings))
@@ -66,7 +66,7 @@ void UpdateDownload::fetch()
         .byteLimit = _offer.length,
         .silenceLimit = _settings.silenceLimit,
         .timeLimit = std::nullopt,
-        .tls = _settings.tls};
+        .authorities = _settings.authorities};
     _fetch = std::make_unique<HttpsFetch>(_network, request);
     connect(_fetch.get(), &HttpsFetch::received, this, &UpdateDownload::write);
     connect(_fetch.get(), &HttpsFetch::finished, this, &UpdateDownload::complete);

@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <filesystem>
 
@@ -22,12 +23,12 @@ public:
         std::filesystem::path
             folder;  ///< In which the download's own comes to be; made if missing.
         Ed25519::PublicKey key{};
-        QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
+        QByteArray authorities;                          ///< As in `FetchRequest`.
         std::chrono::milliseconds silenceLimit{30'000};  ///< Without a byte from the server.
     };
 
     /// Signals come once the event loop runs. Requires: `network` lives longer.
-    UpdateDownload(QNetworkAccessManager& network, UpdateOffer offer, Settings settings);
+    UpdateDownload(HttpsNetwork& network, UpdateOffer offer, Settings settings);
 
     const UpdateOffer& offer() const { return _offer; }
 
@@ -56,7 +57,7 @@ private:
     void fail(const QString& message);
     QCoro::Task<> verify(std::stop_token stopToken);
 
-    QNetworkAccessManager& _network;
+    HttpsNetwork& _network;
     UpdateOffer _offer;
     Settings _settings;
     QTimer _beginning;

@@ -7,6 +7,9 @@ from desktop.case import PROGRAMS
 from desktop.update_server import UpdateServer
 from desktop.waiting import stays
 
+# Where the program with an updater of the tests lies.
+WITH_UPDATES = os.path.join(os.path.dirname(PROGRAMS), "with-updates")
+
 DIALOG = "^Software Update"
 
 # What a file that is an AppImage does: it tells the program where it lies, and starts it.
@@ -45,7 +48,7 @@ class UpdateTest(SessionTest):
             version=name,
             record=self.record,
             file=self.appimage,
-            programs=os.path.join(PROGRAMS, "with-updates"),
+            programs=WITH_UPDATES,
         ).encode()
 
     def starts(self):
@@ -212,6 +215,19 @@ class CheckingTests(UpdateTest):
         self.dialog_gone()
         self.focused_panel()
         self.assertEqual(self.server.requests, ["/appcast.xml"])
+
+    def testNothingOfTheNetworkIsLoadedBeforeTheFirstCheck(self):
+        program = self.start()
+        self.focused_panel()
+
+        def has_network():
+            with open(f"/proc/{program.pid}/maps", encoding="utf-8") as file:
+                return "libQt6Network" in file.read()
+
+        self.assertFalse(has_network())
+        self.check()
+        self.reader.find("push button", "Install Update")
+        self.assertTrue(has_network())
 
     def testWithoutANetworkItSaysSo(self):
         self.session.environment["TARNWICK_UPDATE_FEED"] = "https://127.0.0.1:9/appcast.xml"

@@ -1,7 +1,5 @@
 #include "SoftwareUpdate/UpdaterFixture.h"
 
-#include <QNetworkProxyFactory>
-
 namespace {
 
 using namespace std::chrono_literals;
@@ -46,18 +44,18 @@ TEST_F(BackgroundCheckTest, isDueADayAfterTheLastOne)
     EXPECT_THAT(clock->sleepers(), ElementsAre(24h));
 }
 
-TEST_F(BackgroundCheckTest, touchesNothingOfTheNetworkBeforeItIsDue)
+TEST_F(BackgroundCheckTest, makesTheNetworkWhenItIsDue)
 {
-    QNetworkProxyFactory::setUseSystemConfiguration(false);
+    serveFeed(item("1.0"));
     start();
     advanceTo(20h);
     TestSupport::processEvents();
-    EXPECT_FALSE(QNetworkProxyFactory::usesSystemConfiguration());
-    EXPECT_EQ(tlsQueries, 0);
+    EXPECT_EQ(networks, 0);
     clock->advance(4h);
-    EXPECT_TRUE(reaches(Kind::available));
-    EXPECT_TRUE(QNetworkProxyFactory::usesSystemConfiguration());
-    EXPECT_EQ(tlsQueries, 1);
+    EXPECT_TRUE(TestSupport::eventually([this] { return delegate.heard.size() == 1; }));
+    EXPECT_EQ(networks, 1);
+    passADay();
+    EXPECT_EQ(networks, 2);
 }
 
 TEST_F(BackgroundCheckTest, comesAMinuteAfterTheStartWhenItIsOverdue)

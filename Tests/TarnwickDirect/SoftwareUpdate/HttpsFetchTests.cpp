@@ -2,8 +2,8 @@
 
 #include "Fakes/EventLoop.h"
 #include "SoftwareUpdate/TlsServer.h"
+#include "TarnwickDirect/SoftwareUpdate/Network/SystemNetwork.h"
 
-#include <QNetworkAccessManager>
 #include <QTimer>
 
 #include <gmock/gmock.h>
@@ -46,14 +46,14 @@ protected:
     }
 
     TestSupport::TlsServer server;
-    QNetworkAccessManager network;
+    SystemNetwork network;
     FetchRequest request{
         .url = {},
         .subject = QStringLiteral("The update feed"),
         .byteLimit = 1'000'000,
         .silenceLimit = 20s,
         .timeLimit = std::nullopt,
-        .tls = TestSupport::TlsServer::trust()};
+        .authorities = TestSupport::TlsServer::authorities()};
     QObject context;
     QByteArray bytes;
     std::string ending;
@@ -129,7 +129,7 @@ TEST_F(HttpsFetchTest, refusesPlainAddressesWithoutAsking)
 TEST_F(HttpsFetchTest, refusesACertificateThatNobodyVouchesFor)
 {
     server.serve("/feed", "secret");
-    request.tls = QSslConfiguration::defaultConfiguration();
+    request.authorities.clear();
     EXPECT_EQ(
         run(server.url("/feed")),
         "The update feed could not be fetched: the server could not prove its identity.");

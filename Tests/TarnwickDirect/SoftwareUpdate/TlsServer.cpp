@@ -77,11 +77,9 @@ QUrl TlsServer::url(const QString& path) const
     return QUrl(QStringLiteral("https://127.0.0.1:%1%2").arg(_server.serverPort()).arg(path));
 }
 
-QSslConfiguration TlsServer::trust()
+QByteArray TlsServer::authorities()
 {
-    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    configuration.setCaCertificates({identity().certificate});
-    return configuration;
+    return identity().certificate.toPem();
 }
 
 void TlsServer::answer(const char* path, Answer answer)

@@ -27,8 +27,8 @@ public:
 
     QUrl url(const char* path) const { return url(QString::fromLatin1(path)); }
 
-    /// A configuration that trusts this server's certificate and no other.
-    static QSslConfiguration trust();
+    /// This server's certificate, in PEM.
+    static QByteArray authorities();
 
     void answer(const char* path, Answer answer);
 

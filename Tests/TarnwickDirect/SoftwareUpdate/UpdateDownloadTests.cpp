@@ -4,8 +4,7 @@
 #include "Persistence/FileTrouble.h"
 #include "SoftwareUpdate/Signing.h"
 #include "SoftwareUpdate/TlsServer.h"
-
-#include <QNetworkAccessManager>
+#include "TarnwickDirect/SoftwareUpdate/Network/SystemNetwork.h"
 
 #include <gmock/gmock.h>
 
@@ -36,7 +35,7 @@ protected:
             UpdateDownload::Settings{
                 .folder = folder / "updates",
                 .key = key.publicKey(),
-                .tls = TestSupport::TlsServer::trust(),
+                .authorities = TestSupport::TlsServer::authorities(),
                 .silenceLimit = silenceLimit});
         QObject::connect(
             download.get(), &UpdateDownload::progressed, &context, [this](quint64 bytes) {
@@ -80,7 +79,7 @@ protected:
     TestSupport::TlsServer server;
     TestSupport::SigningKey key;
     FileTrouble::Folder folder;
-    QNetworkAccessManager network;
+    SystemNetwork network;
     UpdateOffer offer;
     std::chrono::milliseconds silenceLimit = 20s;
     QObject context;

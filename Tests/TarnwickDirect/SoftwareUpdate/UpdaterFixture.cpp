@@ -31,11 +31,12 @@ void UpdaterTest::start()
                 },
             .defaults = defaults,
             .clock = clock,
-            .tls =
+            .makeNetwork =
                 [this] {
-                    ++tlsQueries;
-                    return TlsServer::trust();
-                }},
+                    ++networks;
+                    return makeNetwork();
+                },
+            .authorities = TlsServer::authorities()},
         delegate);
     const AppcastUpdater* const made = updater.get();
     QObject::connect(made, &AppcastUpdater::stateChanged, [this, made] {

@@ -7,6 +7,7 @@
 #include "SoftwareUpdate/Signing.h"
 #include "SoftwareUpdate/TlsServer.h"
 #include "TarnwickDirect/SoftwareUpdate/AppcastUpdater.h"
+#include "TarnwickDirect/SoftwareUpdate/Network/SystemNetwork.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdaterDelegate.h"
 
 #include <atomic>
@@ -74,7 +75,10 @@ protected:
     RecordingDelegate delegate;
     TarnwickDirect::Installation installation;
     std::atomic<int> installationQueries = 0;
-    int tlsQueries = 0;
+    int networks = 0;  ///< How often the network was made.
+    TarnwickDirect::MakeHttpsNetwork makeNetwork = [] {
+        return std::make_unique<TarnwickDirect::SystemNetwork>();
+    };
     std::vector<Kind> kinds;  ///< Each kind of state, in order, once for as long as it lasted.
     std::vector<bool> canCheckValues;
     std::vector<std::filesystem::path> packages;
