@@ -156,11 +156,13 @@ void TarnwickDirectApp::connectService(ApplicationService& service)
 void TarnwickDirectApp::connectUpdates(ApplicationService& service)
 {
     service.setChecksForUpdates(_updateManager.hasUpdater());
+    // A call that has started the program comes before the manager has heard that it can check.
     connect(
         &service,
         &ApplicationService::checkForUpdatesRequested,
         this,
-        &TarnwickDirectApp::checkForUpdates);
+        &TarnwickDirectApp::checkForUpdates,
+        Qt::QueuedConnection);
     connect(&_updateManager, &UpdateManager::canCheckForUpdatesChanged, this, [this] {
         menuContent().update(*_view);
     });

@@ -110,7 +110,8 @@ class InstallingTests(UpdateTest):
         self.wait_for_text(
             "Tarnwick 99.0 is available, and you have 0.1.0. Would you like to install it now?"
         )
-        self.wait_for_text("Release notes")
+        self.assertEqual(self.reader.find("label", "Calmer & faster.").description, "Release notes")
+        self.reader.find("dialog", "A new version of Tarnwick is available!")
         self.assertEqual(
             self.reader.names("push button")[-3:],
             ["Skip This Version", "Remind Me Later", "Install Update"],

@@ -4,6 +4,7 @@
 #include "Tarnwick/Interface/Controls/PushButton.h"
 #include "Tarnwick/Interface/Look/Painting.h"
 #include "Tarnwick/Interface/Panel/MessageText.h"
+#include "TarnwickDirect/SoftwareUpdate/Dialog/AccessibleDialog.h"
 #include "TarnwickDirect/SoftwareUpdate/Dialog/DownloadBar.h"
 
 #include <QApplication>
@@ -79,7 +80,8 @@ UpdateDialog::UpdateDialog(const Appearance& appearance, std::function<void(QWid
     setWindowTitle(QStringLiteral("Software Update"));
     _progress->setObjectName(QStringLiteral("updateProgress"));
     _busy->setObjectName(QStringLiteral("updateBusy"));
-    _notes->setAccessibleName(QStringLiteral("Release notes"));
+    _notes->setAccessibleDescription(QStringLiteral("Release notes"));
+    installAccessibleDialog();
     connect(&appearance, &Appearance::changed, this, &UpdateDialog::layOut);
 }
 

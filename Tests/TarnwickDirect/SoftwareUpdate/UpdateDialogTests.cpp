@@ -6,6 +6,7 @@
 #include "TarnwickDirect/SoftwareUpdate/Dialog/DownloadBar.h"
 #include "TarnwickDirect/SoftwareUpdate/Dialog/UpdateDialogs.h"
 
+#include <QAccessible>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -159,6 +160,32 @@ TEST_F(UpdateDialogTest, nothingOverlaps)
     EXPECT_EQ(parts.size(), 6U);
     EXPECT_TRUE(child<Tarnwick::MessageText>(dialog, "updateNotes")->isScrollable());
     EXPECT_LT(dialog.height(), 500);
+}
+
+TEST_F(UpdateDialogTest, holdsEverythingInLargeText)
+{
+    const Tarnwick::Appearance large{2};
+    UpdateDialog largeDialog(large, [](QWidget& window) { window.show(); });
+    largeDialog.setPage(availablePage());
+    const auto buttons = buttonsOf(largeDialog);
+    ASSERT_EQ(buttons.size(), 3U);
+    EXPECT_GE(seenOf(*buttons[0]).left(), 20);
+    EXPECT_LT(seenOf(*buttons[0]).right(), seenOf(*buttons[1]).left());
+    EXPECT_LT(seenOf(*buttons[1]).right(), seenOf(*buttons[2]).left());
+    EXPECT_LE(seenOf(*buttons[2]).right(), largeDialog.width() - 20);
+    EXPECT_LE(seenOf(*buttons[2]).bottom(), largeDialog.height() - 20);
+}
+
+TEST_F(UpdateDialogTest, isADialogToAssistivePrograms)
+{
+    dialog.setPage(availablePage());
+    QAccessibleInterface* const found = QAccessible::queryAccessibleInterface(&dialog);
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(found->role(), QAccessible::Dialog);
+    EXPECT_EQ(
+        found->text(QAccessible::Name), QStringLiteral("A new version of Tarnwick is available!"));
+    const auto* const notes = child<QWidget>(dialog, "updateNotes");
+    EXPECT_EQ(notes->accessibleDescription(), QStringLiteral("Release notes"));
 }
 
 TEST_F(UpdateDialogTest, showsHowFarADownloadIs)
