@@ -51,15 +51,20 @@ void stayOutOfSavedSessions(QSessionManager& session)
     session.setRestartHint(QSessionManager::RestartNever);
 }
 
+/// What the user started the program for, and what the launcher handed on.
+struct Wish {
+    ShowPanel::Manner manner = ShowPanel::Manner::show;
+    PlatformData platformData;
+};
+
 struct Ending {
     int status = 0;
     std::optional<Tarnwick::Launch> successor;  ///< What is to run in the place of this program.
 };
 
 Ending runFirst(
-    const ShowPanel& command,
+    const Wish& wish,
     const MakeUpdater& makeUpdater,
-    const PlatformData& platformData,
     const QDBusConnection& bus,
     ApplicationService& service,
     const Interruption& interruption,
@@ -91,7 +96,7 @@ Ending runFirst(
     QObject::connect(&interruption, &Interruption::interrupted, qApp, &QCoreApplication::quit);
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, &app, stayOutOfSavedSessions);
     QObject::connect(qApp, &QGuiApplication::saveStateRequest, &app, stayOutOfSavedSessions);
-    app.start(command.manner, platformData);
+    app.start(wish.manner, wish.platformData);
     ending.status = QApplication::exec();
     return ending;
 }
@@ -100,7 +105,7 @@ Ending runFirst(
 Ending run(const ShowPanel& command, const MakeUpdater& makeUpdater, int argc, char** argv)
 {
     HeadStart headStart;
-    const PlatformData platformData = PlatformData::fromEnvironment();
+    const Wish wish{.manner = command.manner, .platformData = PlatformData::fromEnvironment()};
     const QApplication application(argc, argv);
     const Interruption interruption;
     QDBusConnection bus = QDBusConnection::sessionBus();
@@ -109,12 +114,11 @@ Ending run(const ShowPanel& command, const MakeUpdater& makeUpdater, int argc, c
         // Before the name, so that whoever finds the name finds the object.
         bus.registerVirtualObject(QString::fromLatin1(ApplicationService::path), &service);
     }
-    if (startOrForward(bus, command.manner, platformData) == Start::forwarded) {
-        X11::endStartup(platformData.startupId.toUtf8());
+    if (startOrForward(bus, wish.manner, wish.platformData) == Start::forwarded) {
+        X11::endStartup(wish.platformData.startupId.toUtf8());
         return {};
     }
-    Ending ending =
-        runFirst(command, makeUpdater, platformData, bus, service, interruption, headStart);
+    Ending ending = runFirst(wish, makeUpdater, bus, service, interruption, headStart);
     settle();
     if (interruption.signal()) {
         interruption.endProcess();

@@ -37,7 +37,8 @@ void succeed(const Tarnwick::Launch& successor, const GitHubProvider::Environmen
     std::vector<std::string> variables;
     for (const auto& [name, value] :
          Tarnwick::launchEnvironment(environment, successor.activationToken)) {
-        variables.push_back(name + '=' + value);
+        variables.push_back(name);
+        variables.back().append("=").append(value);
     }
     closeOnExecution();
     ::execve(

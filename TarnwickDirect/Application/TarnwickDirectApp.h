@@ -25,6 +25,7 @@ namespace TarnwickDirect {
 /// processes included. Main thread only.
 class TarnwickDirectApp final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(TarnwickDirectApp)
 
 public:
     /// Nothing is in sight yet, and the service of which others may ask waits. `makeUpdater` is

@@ -292,14 +292,13 @@ void AppcastUpdater::downloaded(const std::filesystem::path& file)
         return;
     }
     _download->keepFile();
-    const std::filesystem::path package = file;
     discard(_download);
     endNetwork();
     UpdateState state = _state;
     state.kind = Kind::handedOver;
-    state.package = package;
+    state.package = file;
     setState(state);
-    Q_EMIT packageReady(package);
+    Q_EMIT packageReady(file);
 }
 
 QCoro::Task<> AppcastUpdater::replace(std::filesystem::path file, std::stop_token stopToken)
