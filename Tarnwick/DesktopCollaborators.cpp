@@ -1,6 +1,7 @@
 #include "Tarnwick/DesktopCollaborators.h"
 
 #include "GitHubProvider/ProcessCommandRunner.h"
+#include "Tarnwick/Desktop/AppImage.h"
 #include "Tarnwick/Desktop/AutostartLoginItem.h"
 #include "Tarnwick/Desktop/SystemPullRequestNotifier.h"
 #include "Tarnwick/StandardCollaborators.h"
@@ -35,7 +36,8 @@ PullRequestMenuModel::Collaborators desktopCollaborators(
     collaborators.notifier = std::make_shared<SystemPullRequestNotifier>(centre);
     collaborators.loginItem = std::make_shared<AutostartLoginItem>(
         AutostartEntry::file(environment),
-        QFile::encodeName(QCoreApplication::applicationFilePath()).toStdString());
+        startableFile(
+            environment, QFile::encodeName(QCoreApplication::applicationFilePath()).toStdString()));
     return collaborators;
 }
 

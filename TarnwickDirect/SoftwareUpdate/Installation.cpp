@@ -1,39 +1,12 @@
 #include "TarnwickDirect/SoftwareUpdate/Installation.h"
 
 #include "PullRequestKit/Errors.h"
+#include "Tarnwick/Desktop/AppImage.h"
 
-#include <algorithm>
 #include <system_error>
 
 namespace TarnwickDirect {
 namespace {
-
-std::filesystem::path pathIn(const GitHubProvider::Environment& environment, const char* name)
-{
-    const auto variable = environment.find(name);
-    return variable == environment.end() ? std::string{} : variable->second;
-}
-
-bool isWithin(const std::filesystem::path& file, const std::filesystem::path& folder)
-{
-    std::error_code error;
-    const auto realFile = std::filesystem::weakly_canonical(file, error);
-    const auto realFolder = std::filesystem::weakly_canonical(folder, error);
-    const auto [folderEnd, fileRest] = std::ranges::mismatch(realFolder, realFile);
-    return !error && folderEnd == realFolder.end() && fileRest != realFile.end();
-}
-
-/// The file of the AppImage that this program runs from, or an empty path.
-std::filesystem::path appImageOf(
-    const GitHubProvider::Environment& environment, const std::filesystem::path& executable)
-{
-    const auto file = pathIn(environment, "APPIMAGE");
-    const auto folder = pathIn(environment, "APPDIR");
-    std::error_code error;
-    const bool isAppImage = file.is_absolute() && std::filesystem::is_regular_file(file, error)
-                            && folder.is_absolute() && isWithin(executable, folder);
-    return isAppImage ? file : std::filesystem::path{};
-}
 
 /// What a program prints, or nothing when it fails or is not there.
 std::string outputOf(
@@ -84,7 +57,7 @@ Installation findInstallation(
     const GitHubProvider::CommandRunning& runner,
     std::stop_token stopToken)
 {
-    if (const auto appImage = appImageOf(environment, executable); !appImage.empty()) {
+    if (const auto appImage = Tarnwick::appImageOf(environment, executable); !appImage.empty()) {
         return {.kind = Installation::Kind::appImage, .appImage = appImage, .package = {}};
     }
     const std::string package =

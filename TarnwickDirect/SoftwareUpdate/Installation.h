@@ -28,10 +28,8 @@ struct Installation {
     std::optional<PackageFormat> format() const;
 };
 
-/// Finds out which. An AppImage says so in APPIMAGE and APPDIR, which count only when `executable`
-/// lies within the latter: programs that one starts inherit them. What dpkg owns is a package, and
-/// apt knows whether a repository has it. Blocks; call on a worker thread. Throws nothing but
-/// `CancellationError`.
+/// Finds out which. What dpkg owns is a package, and apt knows whether a repository has it. Blocks;
+/// call on a worker thread. Throws nothing but `CancellationError`.
 Installation findInstallation(
     const GitHubProvider::Environment& environment,
     const std::filesystem::path& executable,

@@ -51,23 +51,6 @@ TEST_F(InstallationTest, aProgramThatAnAppImageStartsIsNoAppImage)
     EXPECT_EQ(find().kind, Kind::debianPackage);
 }
 
-TEST_F(InstallationTest, aFolderWithALongerNameIsAnotherFolder)
-{
-    mountAppImage();
-    std::filesystem::create_directories(folder / "mount-2");
-    executable = folder / "mount-2/tarnwick";
-    runner.ends(1, "", "dpkg-query: no path found");
-    EXPECT_EQ(find().kind, Kind::source);
-}
-
-TEST_F(InstallationTest, anAppImageThatIsGoneIsNone)
-{
-    mountAppImage();
-    std::filesystem::remove(folder / "Tarnwick.AppImage");
-    runner.ends(1, "", "dpkg-query: no path found");
-    EXPECT_EQ(find(), Installation{});
-}
-
 TEST_F(InstallationTest, whatARepositoryHasBelongsToThePackageManager)
 {
     runner.prints("tarnwick: /usr/bin/tarnwick\n");
