@@ -207,5 +207,37 @@ class OwnInstallationTests(InstalledTest):
         self.assertEqual(service["Exec"], f'"{program}" --background')
 
 
+class UpdatedInstallationTests(InstalledTest):
+    """With the entries that a build with an update feed installs."""
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        with open(os.path.join(BUILD, "packaging", "InstallEntries.cmake"), encoding="utf-8") as file:
+            script = file.read()
+        condition = re.compile(r'^if\(NOT "[^"]*" STREQUAL ""\)$', re.MULTILINE)
+        if len(condition.findall(script)) != 1:
+            raise AssertionError("The entries do not depend on the feed alone.")
+        # A file that is hardly younger counts as the same.
+        shutil.rmtree(os.path.join(cls.place, "share", "applications"))
+        changed = os.path.join(cls.folder, "InstallEntries.cmake")
+        with open(changed, "w", encoding="utf-8") as file:
+            file.write(condition.sub('if(NOT "https://updates.example/feed.xml" STREQUAL "")', script))
+        done = run(
+            "cmake", "-D", f"CMAKE_INSTALL_PREFIX={cls.prefix}", "-P", changed,
+            env={**os.environ, "DESTDIR": cls.folder},
+        )
+        if done.returncode != 0:
+            raise AssertionError(done.stdout)
+
+    def testTheLauncherChecksForUpdates(self):
+        self.assertAccepts("desktop-file-validate", self.desktop_entry())
+        entry = entry_of(self.desktop_entry())
+        self.assertEqual(entry["Desktop Entry"]["Actions"], "toggle;reload;check-for-updates;quit;")
+        action = entry["Desktop Action check-for-updates"]
+        self.assertEqual(action["Name"], "Check for Updates…")
+        self.assertEqual(action["Exec"], f"gapplication action {NAME} check-for-updates")
+
+
 if __name__ == "__main__":
     unittest.main()
