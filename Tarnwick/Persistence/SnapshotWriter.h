@@ -39,7 +39,7 @@ private:
     std::optional<CachedPullRequestSnapshot> next(const std::stop_token& stopToken);
     void write(const CachedPullRequestSnapshot& snapshot);
 
-    const PullRequestDiskCache _cache;
+    PullRequestDiskCache _cache;
     mutable std::mutex _mutex;
     std::condition_variable_any _changed;
     std::deque<CachedPullRequestSnapshot> _waiting;

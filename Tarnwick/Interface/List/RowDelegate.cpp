@@ -8,7 +8,7 @@ namespace Tarnwick {
 namespace {
 
 /// A few screens full of rows.
-constexpr int titlesKept = 200;
+constexpr qsizetype mostTitles = 200;
 
 /// Where the parts are, the ones on top of others first.
 constexpr std::array<std::pair<RowPart, QRect RowGeometry::*>, 8> partPlaces{{
@@ -29,28 +29,24 @@ RowDelegate::RowDelegate(
     : QAbstractItemDelegate(parent)
     , _model(model)
     , _appearance(appearance)
-    , _titles(titlesKept)
-{
-    setWidth(0);
-}
+    , _textScale(appearance.textScale())
+    , _counts(model.countWidths())
+    , _metrics(rowMetrics(appearance, 0, _counts))
+    , _measure(_metrics.title)
+{}
 
 void RowDelegate::setWidth(int width)
 {
-    const bool isAsBefore = _metrics && _metrics->width == width
-                            && _textScale == _appearance.textScale()
-                            && _counts == _model.countWidths();
-    if (isAsBefore) {
+    const bool isOtherText = _textScale != _appearance.textScale();
+    if (_metrics.width == width && !isOtherText && _counts == _model.countWidths()) {
         return;
-    }
-    if (_textScale != _appearance.textScale()) {
-        _titles.clear();
-        _measure.reset();
     }
     _textScale = _appearance.textScale();
     _counts = _model.countWidths();
     _metrics = rowMetrics(_appearance, width, _counts);
-    if (!_measure) {
-        _measure.emplace(_metrics->title);
+    if (isOtherText) {
+        _titles.clear();
+        _measure = TitleMeasure(_metrics.title);
     }
 }
 
@@ -59,24 +55,26 @@ RowShape RowDelegate::shape(const RowContent& content) const
     const std::int64_t depth = content.row().depth;
     return {
         .depth = depth,
-        .titleLines = _measure->lineCount(content.title(), titleWidth(*_metrics, depth)),
+        .titleLines = _measure.lineCount(content.title(), titleWidth(_metrics, depth)),
         .hasWarning = !content.warning().isEmpty()};
 }
 
 RowGeometry RowDelegate::geometry(int row) const
 {
-    return rowGeometry(*_metrics, shape(_model.content(row)));
+    return rowGeometry(_metrics, shape(_model.content(row)));
 }
 
-const TitleLayout& RowDelegate::title(const RowContent& content) const
+std::shared_ptr<const TitleLayout> RowDelegate::title(const RowContent& content) const
 {
-    const std::pair key(titleWidth(*_metrics, content.row().depth), content.title());
-    TitleLayout* layout = _titles.object(key);
-    if (layout == nullptr) {
-        layout = new TitleLayout(content.title(), _metrics->title, key.first);
-        _titles.insert(key, layout);
+    const std::pair key(titleWidth(_metrics, content.row().depth), content.title());
+    if (const auto known = _titles.constFind(key); known != _titles.constEnd()) {
+        return *known;
     }
-    return *layout;
+    if (_titles.size() >= mostTitles) {
+        _titles.clear();
+    }
+    return *_titles.insert(
+        key, std::make_shared<TitleLayout>(content.title(), _metrics.title, key.first));
 }
 
 RowPart RowDelegate::partAt(int row, const QPoint& position) const
@@ -100,12 +98,12 @@ QRect RowDelegate::place(int row, RowPart part) const
             return places.*place;
         }
     }
-    return {0, 0, _metrics->width, places.height};
+    return {0, 0, _metrics.width, places.height};
 }
 
 QString RowDelegate::titleHelpText(const RowContent& content) const
 {
-    return title(content).isElided()
+    return title(content)->isElided()
                ? content.title() + QLatin1Char('\n') + RowWording::openHelpText
                : RowWording::openHelpText;
 }
@@ -130,7 +128,7 @@ QString RowDelegate::helpText(int row, RowPart part) const
         const DetailsLayout shown = RowTexts::details(
             content.pullRequest(),
             _model.now(),
-            *_metrics,
+            _metrics,
             geometry(row).detailsBesideButton.width());
         return shown.isElided
                    ? _model.data(_model.index(row), Qt::AccessibleDescriptionRole).toString()
@@ -146,8 +144,8 @@ QString RowDelegate::helpText(int row, RowPart part) const
 void RowDelegate::paint(QPainter& painter, int row, const RowSituation& situation) const
 {
     const RowContent& content = _model.content(row);
-    RowPainter(painter, _appearance, *_metrics, _model.now())
-        .paint(content, geometry(row), title(content), situation);
+    RowPainter(painter, _appearance, _metrics, _model.now())
+        .paint(content, geometry(row), *title(content), situation);
 }
 
 void RowDelegate::paint(
@@ -161,7 +159,7 @@ void RowDelegate::paint(
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const
 {
-    return {_metrics->width, rowHeight(*_metrics, shape(_model.content(index)))};
+    return {_metrics.width, rowHeight(_metrics, shape(_model.content(index)))};
 }
 
 }  // namespace Tarnwick

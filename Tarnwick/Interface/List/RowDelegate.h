@@ -5,9 +5,9 @@
 #include "Tarnwick/Interface/List/TitleMeasure.h"
 
 #include <QAbstractItemDelegate>
-#include <QCache>
+#include <QHash>
 
-#include <optional>
+#include <memory>
 #include <utility>
 
 namespace Tarnwick {
@@ -36,7 +36,7 @@ public:
     /// To be called before rows of another width, text size or widest count are asked for.
     void setWidth(int width);
 
-    const RowMetrics& metrics() const { return *_metrics; }
+    const RowMetrics& metrics() const { return _metrics; }
 
     RowGeometry geometry(int row) const;
 
@@ -57,16 +57,16 @@ public:
 
 private:
     RowShape shape(const RowContent& content) const;
-    const TitleLayout& title(const RowContent& content) const;
+    std::shared_ptr<const TitleLayout> title(const RowContent& content) const;
     QString titleHelpText(const RowContent& content) const;
 
     const PullRequestListModel& _model;
     const Appearance& _appearance;
-    std::optional<RowMetrics> _metrics;
-    double _textScale = 0;
+    double _textScale;
     CountWidths _counts;
-    mutable std::optional<TitleMeasure> _measure;
-    mutable QCache<std::pair<int, QString>, TitleLayout> _titles;
+    RowMetrics _metrics;
+    mutable TitleMeasure _measure;
+    mutable QHash<std::pair<int, QString>, std::shared_ptr<const TitleLayout>> _titles;
 };
 
 }  // namespace Tarnwick
