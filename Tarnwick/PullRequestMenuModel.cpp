@@ -15,20 +15,9 @@ namespace {
 /// How long the selection of repositories has to rest before it is fetched for.
 constexpr std::chrono::milliseconds selectionRest = 250ms;
 
-std::set<std::string> reviewFilterTexts(const std::set<ReviewFilter>& filters)
+SharedPullRequests noPullRequests()
 {
-    std::set<std::string> texts;
-    for (const ReviewFilter filter : filters) {
-        texts.emplace(nameOf(filter));
-    }
-    return texts;
-}
-
-/// Drafts are open pull requests too, so any status lets open ones through and nothing else.
-std::set<PullRequestState> statesLetThrough(const std::set<StatusFilter>& statuses)
-{
-    return statuses.empty() ? std::set<PullRequestState>{}
-                            : std::set<PullRequestState>{PullRequestState::open};
+    return std::make_shared<const std::vector<PullRequest>>();
 }
 
 }  // namespace
@@ -44,6 +33,7 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
           [clock = _parts.clock] { return clock->now(); })
     , _snapshotWriter(_parts.cache)
     , _notifications(_parts.notifier, _settings, _settingsStore)
+    , _allPullRequests(noPullRequests())
 {
     followSettings();
     followNotifications();
@@ -80,7 +70,7 @@ void PullRequestMenuModel::followSettings()
     });
     connect(&_operations, &Operations::reviewersChanged, this, [this] {
         // The rows stay until the answer is there: an empty list would say that there are none.
-        _allPullRequests.clear();
+        _allPullRequests = noPullRequests();
         scheduleRefresh(0ms);
     });
     connect(
@@ -121,7 +111,8 @@ void PullRequestMenuModel::showLastList()
         return;
     }
     _rows = std::move(list->rows);
-    _allPullRequests = std::move(list->snapshot.pullRequests);
+    _allPullRequests =
+        std::make_shared<const std::vector<PullRequest>>(std::move(list->snapshot.pullRequests));
     _repositories = std::move(list->snapshot.repositories);
     _account = std::move(list->snapshot.account);
     _lastRefreshed = list->snapshot.refreshedAt;
@@ -135,21 +126,7 @@ void PullRequestMenuModel::showLastList()
 
 void PullRequestMenuModel::rebuildRows()
 {
-    assign(_rows, filteredRows(_allPullRequests, _settings), &PullRequestMenuModel::rowsChanged);
-}
-
-void PullRequestMenuModel::saveSnapshot()
-{
-    CachedPullRequestSnapshot snapshot;
-    snapshot.pullRequests = _allPullRequests;
-    snapshot.repositories = _repositories;
-    snapshot.account = _account;
-    snapshot.refreshedAt = *_lastRefreshed;
-    snapshot.reviewerScope = reviewerScopeOf(_settings.reviewerFilter);
-    snapshot.repositoryScope = _settings.selectedRepositories;
-    snapshot.reviewFilters = reviewFilterTexts(_settings.reviewFilters);
-    snapshot.states = statesLetThrough(_settings.statuses);
-    _snapshotWriter.save(std::move(snapshot));
+    assign(_rows, filteredRows(*_allPullRequests, _settings), &PullRequestMenuModel::rowsChanged);
 }
 
 // Settings

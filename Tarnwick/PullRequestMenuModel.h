@@ -7,10 +7,10 @@
 #include "Tarnwick/Desktop/LoginItem.h"
 #include "Tarnwick/Desktop/PullRequestNotifying.h"
 #include "Tarnwick/ExternalNavigation.h"
-#include "Tarnwick/Model/Fetch.h"
 #include "Tarnwick/Model/MenuState.h"
 #include "Tarnwick/Model/PullRequestNotifications.h"
 #include "Tarnwick/Model/ReadAhead.h"
+#include "Tarnwick/Model/RefreshResult.h"
 #include "Tarnwick/Model/SettingsOperations.h"
 #include "Tarnwick/Persistence/DefaultsStore.h"
 #include "Tarnwick/Persistence/SnapshotWriter.h"
@@ -170,13 +170,12 @@ private:
 
     void showLastList();
     void rebuildRows();
-    void saveSnapshot();
 
     QCoro::Task<> refreshUntilStopped(std::stop_token stopToken);
     void begin(const std::stop_token& stopToken);
     QCoro::Task<> askProvider(std::stop_token stopToken);
     void cannotAsk(MenuState::Kind kind, const std::string& message);
-    void accept(FetchedPullRequests fetched);
+    void accept(RefreshResult result, const RefreshStart& start);
 
     void schedulePolling();
     QCoro::Task<> pollWhileRunning(std::stop_token stopToken);
@@ -208,7 +207,7 @@ private:
     std::optional<std::string> _refreshError;
     std::optional<Shortfall> _shortfall;
 
-    std::vector<PullRequestKit::PullRequest> _allPullRequests;
+    SharedPullRequests _allPullRequests;
     bool _hasSnapshot = false;
     std::optional<NewPullRequestBaseline> _newPullRequestBaseline;
 

@@ -100,19 +100,22 @@ QCoro::Task<> PullRequestMenuModel::askProvider(std::stop_token stopToken)
         assign(_state, {MenuState::Kind::loading, {}}, &PullRequestMenuModel::stateChanged);
     }
 
-    const ReviewerFilter reviewerFilter = _settings.reviewerFilter;
-    const FetchRequest request{reviewerScopeOf(reviewerFilter), _settings.selectedRepositories};
-    auto fetching =
-        onWorker([provider, request, stopToken] { return fetch(*provider, request, stopToken); });
-    FetchedPullRequests fetched = co_await fetching;
+    const RefreshStart start{
+        account, std::make_shared<const Settings>(_settings), _allPullRequests};
+    auto fetching = onWorker([provider, start, stopToken] {
+        const FetchRequest request{
+            reviewerScopeOf(start.settings->reviewerFilter), start.settings->selectedRepositories};
+        return refreshResult(fetch(*provider, request, stopToken), start);
+    });
+    RefreshResult result = co_await fetching;
     if (!self || stopToken.stop_requested()) {
         co_return;
     }
     // The change that made the answer stale has scheduled the refresh that fetches the right one.
-    const bool isStale = reviewerFilter != _settings.reviewerFilter
-                         || request.repositories != _settings.selectedRepositories;
+    const bool isStale = start.settings->reviewerFilter != _settings.reviewerFilter
+                         || start.settings->selectedRepositories != _settings.selectedRepositories;
     if (!isStale) {
-        accept(std::move(fetched));
+        accept(std::move(result), start);
     }
 }
 
@@ -132,25 +135,33 @@ void PullRequestMenuModel::cannotAsk(MenuState::Kind kind, const std::string& me
     assign(_state, {kind, message}, &PullRequestMenuModel::stateChanged);
 }
 
-void PullRequestMenuModel::accept(FetchedPullRequests fetched)
+void PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& start)
 {
-    const auto previous = std::exchange(_allPullRequests, std::move(fetched.pullRequests));
-    assign(
-        _repositories, std::move(fetched.repositories), &PullRequestMenuModel::repositoriesChanged);
+    if (_repositories != result.snapshot.repositories) {
+        _repositories = result.snapshot.repositories;
+        Q_EMIT repositoriesChanged();
+    }
     _operations.resetUnconfiguredSelection();
-    rebuildRows();
-    assign(_shortfall, fetched.shortfall, &PullRequestMenuModel::shortfallChanged);
+    if (_settings != *start.settings || _allPullRequests != start.previous) {
+        // The user has chosen something else since.
+        result = refreshResult(
+            std::move(result),
+            {start.account, std::make_shared<const Settings>(_settings), _allPullRequests});
+    }
+    _allPullRequests = result.pullRequests;
+    assign(_rows, std::move(result.rows), &PullRequestMenuModel::rowsChanged);
+    assign(_shortfall, result.shortfall, &PullRequestMenuModel::shortfallChanged);
     const Date now = _parts.clock->now();
     assign(_lastRefreshed, now, &PullRequestMenuModel::lastRefreshedChanged);
     _hasSnapshot = true;
     assign(_state, {MenuState::Kind::loaded, {}}, &PullRequestMenuModel::stateChanged);
 
-    const NotificationScope scope = notificationScope(_account, _settings);
-    auto appeared = newPullRequests(_rows, scope, _newPullRequestBaseline);
-    _newPullRequestBaseline = makeBaseline(scope, _rows, now);
-    _notifications.deliver(
-        {std::move(appeared), newlyUnblockedPullRequests(_allPullRequests, previous)});
-    saveSnapshot();
+    auto appeared = newPullRequests(_rows, result.baseline.scope, _newPullRequestBaseline);
+    _newPullRequestBaseline = std::move(result.baseline);
+    _newPullRequestBaseline->refreshedAt = now;
+    _notifications.deliver({std::move(appeared), std::move(result.unblocked)});
+    result.snapshot.refreshedAt = now;
+    _snapshotWriter.save(std::move(result.snapshot));
 }
 
 // When

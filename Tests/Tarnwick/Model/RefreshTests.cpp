@@ -215,6 +215,20 @@ TEST_F(Refresh, throwsAwayTheAnswerOfAPollForAnotherSelection)
     EXPECT_THAT(shownNumbers(), IsEmpty());
 }
 
+TEST_F(Refresh, showsWhatAFilterLeavesThatWasChosenMeanwhile)
+{
+    auto draft = makePullRequest(4);
+    draft.isDraft = true;
+    provider->setPullRequests({makePullRequest(3), draft});
+    start();
+    openAndHold();
+    model->toggleStatus(Tarnwick::StatusFilter::draft);
+    model->toggleStatus(Tarnwick::StatusFilter::open);
+    provider->release();
+    ASSERT_TRUE(settle());
+    EXPECT_THAT(shownNumbers(), ElementsAre(4));
+}
+
 TEST_F(Refresh, startsAnewWhenTheListIsOpenedDuringARefreshOfTheList)
 {
     start();

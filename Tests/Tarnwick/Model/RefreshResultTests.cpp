@@ -1,0 +1,109 @@
+#include "Tarnwick/Model/RefreshResult.h"
+
+#include "Support/PullRequests.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace PullRequestKit;
+using namespace Tarnwick;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Optional;
+using TestSupport::makePullRequest;
+
+PullRequest conflicting(std::int64_t number)
+{
+    auto pullRequest = makePullRequest(number);
+    pullRequest.mergeability = PullRequestMergeability::conflicting;
+    return pullRequest;
+}
+
+PullRequest draft(std::int64_t number)
+{
+    auto pullRequest = makePullRequest(number);
+    pullRequest.isDraft = true;
+    return pullRequest;
+}
+
+RefreshStart startWith(Settings settings, std::vector<PullRequest> previous = {})
+{
+    return {
+        "octo",
+        std::make_shared<const Settings>(std::move(settings)),
+        std::make_shared<const std::vector<PullRequest>>(std::move(previous))};
+}
+
+Settings openOnesOfTools()
+{
+    Settings settings;
+    settings.selectedRepositories = {"octo/tools"};
+    settings.reviewFilters = {ReviewFilter::approved};
+    return settings;
+}
+
+std::vector<std::int64_t> numbers(const std::vector<PullRequestRow>& rows)
+{
+    std::vector<std::int64_t> numbers;
+    for (const PullRequestRow& row : rows) {
+        numbers.push_back(row.id().number);
+    }
+    return numbers;
+}
+
+TEST(RefreshResults, holdTheRowsThatTheSettingsLeave)
+{
+    Settings settings;
+    settings.selectedRepositories = {"octo/tools"};
+    FetchedPullRequests fetched{{makePullRequest(1), draft(2)}, {}, Shortfall{5, 2}};
+    const auto result = refreshResult(std::move(fetched), startWith(settings));
+    EXPECT_THAT(numbers(result.rows), ElementsAre(1));
+    EXPECT_THAT(*result.pullRequests, ElementsAre(makePullRequest(1), draft(2)));
+    EXPECT_EQ(result.shortfall, (Shortfall{5, 2}));
+    EXPECT_THAT(result.baseline.ids, ElementsAre(makePullRequest(1).id));
+    EXPECT_THAT(result.baseline.scope.repositories, ElementsAre("octo/tools"));
+    EXPECT_EQ(result.baseline.scope.account, "octo");
+}
+
+TEST(RefreshResults, tellWhatIsUnblockedSinceTheRefreshBefore)
+{
+    const auto start = startWith(openOnesOfTools(), {conflicting(1), conflicting(2)});
+    const auto result = refreshResult({{makePullRequest(1), conflicting(2)}, {}, {}}, start);
+    EXPECT_THAT(result.unblocked, ElementsAre(makePullRequest(1)));
+}
+
+TEST(RefreshResults, keepEverythingAndWhatItWasFetchedUnder)
+{
+    RepositorySummary tools;
+    tools.fullName = "octo/tools";
+    const auto result =
+        refreshResult({{makePullRequest(1), draft(2)}, {tools}, {}}, startWith(openOnesOfTools()));
+    EXPECT_THAT(result.snapshot.pullRequests, ElementsAre(makePullRequest(1), draft(2)));
+    EXPECT_THAT(result.snapshot.repositories, ElementsAre(tools));
+    EXPECT_EQ(result.snapshot.account, "octo");
+    EXPECT_EQ(result.snapshot.reviewerScope, ReviewerScope::myself);
+    EXPECT_THAT(result.snapshot.repositoryScope, Optional(ElementsAre("octo/tools")));
+    EXPECT_THAT(result.snapshot.reviewFilters, Optional(ElementsAre("Approved")));
+    EXPECT_THAT(result.snapshot.states, Optional(ElementsAre(PullRequestState::open)));
+}
+
+TEST(RefreshResults, areMadeReadyForOtherSettings)
+{
+    auto settings = openOnesOfTools();
+    settings.reviewFilters.clear();
+    auto result = refreshResult({{makePullRequest(1), draft(2)}, {}, {}}, startWith(settings));
+    settings.statuses = {StatusFilter::draft};
+    result = refreshResult(std::move(result), startWith(settings, {conflicting(1)}));
+    EXPECT_THAT(numbers(result.rows), ElementsAre(2));
+    EXPECT_THAT(result.unblocked, ElementsAre(makePullRequest(1)));
+    EXPECT_THAT(result.baseline.ids, ElementsAre(draft(2).id));
+    EXPECT_THAT(result.baseline.scope.statuses, ElementsAre(StatusFilter::draft));
+    EXPECT_THAT(result.snapshot.pullRequests, ElementsAre(makePullRequest(1), draft(2)));
+    settings.statuses = {};
+    result = refreshResult(std::move(result), startWith(settings));
+    EXPECT_THAT(result.rows, IsEmpty());
+    EXPECT_THAT(result.snapshot.states, Optional(IsEmpty()));
+}
+
+}  // namespace
