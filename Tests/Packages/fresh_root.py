@@ -50,6 +50,25 @@ def cache_folder():
     return os.path.join(cache, "tarnwick", "roots")
 
 
+def base_folder():
+    """What debootstrap has made, in this run or in an earlier one."""
+    architecture = checked("dpkg", "--print-architecture").strip()
+    base = os.path.join(cache_folder(), f"{RELEASE}-{architecture}")
+    if not os.path.exists(base):
+        coming = f"{base}.new"
+        shutil.rmtree(coming, ignore_errors=True)
+        os.makedirs(cache_folder(), exist_ok=True)
+        checked("debootstrap", "--variant=minbase", RELEASE, coming, MIRROR)
+        os.rename(coming, base)
+    return base
+
+
+def check_machine():
+    """Throws `RootError` where no root can be made."""
+    checked("unshare", "--mount", "mount", "--bind", "/tmp", "/tmp")
+    base_folder()
+
+
 class FreshRoot:
     """What debootstrap makes is kept between two tests, and so are the packages that apt fetches; the
     folder itself is a copy. Needs root."""
@@ -57,20 +76,10 @@ class FreshRoot:
     def __init__(self):
         self._archives = os.path.join(cache_folder(), "archives")
         os.makedirs(os.path.join(self._archives, "partial"), exist_ok=True)
-        base = self._base()
+        base = base_folder()
         self.folder = tempfile.mkdtemp(prefix="root-", dir=cache_folder())
         checked("cp", "-a", "--reflink=auto", f"{base}/.", self.folder)
         os.chmod(self.folder, 0o755)
-
-    def _base(self):
-        architecture = checked("dpkg", "--print-architecture").strip()
-        base = os.path.join(cache_folder(), f"{RELEASE}-{architecture}")
-        if not os.path.exists(base):
-            coming = f"{base}.new"
-            shutil.rmtree(coming, ignore_errors=True)
-            checked("debootstrap", "--variant=minbase", RELEASE, coming, MIRROR)
-            os.rename(coming, base)
-        return base
 
     def path(self, name):
         return os.path.join(self.folder, name.lstrip("/"))
