@@ -19,7 +19,7 @@ TEST(NetworkModule, liesBesideTheFolderOfThePrograms)
 {
     EXPECT_EQ(
         networkModulePath(QStringLiteral("/usr/bin")),
-        QStringLiteral("/usr/lib/tarnwick/tarnwick-https.so"));
+        QStringLiteral("/usr/lib/tarnwick/modules/tarnwick-https.so"));
 }
 
 TEST(NetworkModule, fetches)
