@@ -39,7 +39,7 @@ public:
     /// Brings the updater's dialog to the front, if there is one.
     void bringToFront();
 
-    /// Has a check or a download end at once and leave nothing behind.
+    /// For the end of the process: a download leaves nothing behind. No other call may follow.
     void stop();
 
     void updaterDidFindValidUpdate(const UpdateOffer& offer) override;

@@ -3,8 +3,11 @@
 #include <QThreadPool>
 
 #include <cassert>
+#include <cstdio>
 #include <cstdlib>
 #include <utility>
+
+#include <unistd.h>
 
 namespace TarnwickDirect {
 namespace {
@@ -16,19 +19,22 @@ std::function<void()>& action()
     return current;
 }
 
-void act()
+void act(int status, void* /*argument*/)
 {
     if (const auto current = std::exchange(action(), nullptr)) {
         current();
+        QThreadPool::globalInstance()->waitForDone();
+        std::fflush(nullptr);
+        ::_exit(status);
     }
 }
 
 void registerOnce()
 {
-    // What `exit` does runs backwards: the pool that is waited for must be there before.
+    // What `exit` does runs backwards: what is used here must be there before.
     QThreadPool::globalInstance();
     action();
-    [[maybe_unused]] static const int registered = std::atexit(act);
+    [[maybe_unused]] static const int registered = ::on_exit(act, nullptr);
 }
 
 }  // namespace
@@ -38,6 +44,11 @@ ExitGuard::ExitGuard(std::function<void()> newAction)
     registerOnce();
     assert(!action());
     action() = std::move(newAction);
+}
+
+void ExitGuard::renew()
+{
+    ::on_exit(act, nullptr);
 }
 
 ExitGuard::~ExitGuard()

@@ -2,6 +2,7 @@
 
 #include "Tarnwick/Interface/Look/ApplicationLook.h"
 #include "TarnwickDirect/Application/AccessiblePanel.h"
+#include "TarnwickDirect/Application/ExitGuard.h"
 #include "TarnwickDirect/Application/PanelSize.h"
 #include "TarnwickDirect/Application/TarnwickApplication.h"
 #include "TarnwickDirect/Application/WindowActivation.h"
@@ -163,6 +164,8 @@ void TarnwickDirectApp::connectUpdates(ApplicationService& service)
         this,
         &TarnwickDirectApp::checkForUpdates,
         Qt::QueuedConnection);
+    // By then the network is loaded, and a download may follow.
+    connect(&_updateManager, &UpdateManager::updateAvailabilityChanged, &ExitGuard::renew);
     connect(&_updateManager, &UpdateManager::canCheckForUpdatesChanged, this, [this] {
         menuContent().update(*_view);
     });

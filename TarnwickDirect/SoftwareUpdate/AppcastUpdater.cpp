@@ -236,10 +236,10 @@ void AppcastUpdater::cancel()
 
 void AppcastUpdater::stop()
 {
-    endCheck();
     _replacement.cancel();
-    _download.reset();
-    endNetwork();
+    if (_download) {
+        _download->discardFile();
+    }
 }
 
 void AppcastUpdater::dismiss()

@@ -63,7 +63,8 @@ public:
     /// can take it.
     void install();
 
-    /// Ends what runs and removes what it has begun; nothing is shown or told of that.
+    /// For the end of the process: removes what has been begun, and touches nothing else, of which
+    /// parts may be gone already. No other call may follow.
     void stop();
 
 Q_SIGNALS:

@@ -9,7 +9,8 @@ namespace TarnwickDirect {
 
 QString networkModulePath(const QString& programFolder)
 {
-    return QDir::cleanPath(programFolder + QStringLiteral("/../lib/tarnwick/modules/tarnwick-https.so"));
+    return QDir::cleanPath(
+        programFolder + QStringLiteral("/../lib/tarnwick/modules/tarnwick-https.so"));
 }
 
 std::unique_ptr<HttpsNetwork> networkFromModule(const QString& path)

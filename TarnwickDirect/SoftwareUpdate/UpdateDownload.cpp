@@ -133,9 +133,14 @@ void UpdateDownload::fail(const QString& message)
         _fetch->disconnect(this);
         _fetch.release()->deleteLater();
     }
+    discardFile();
+    Q_EMIT failed(message);
+}
+
+void UpdateDownload::discardFile()
+{
     _file.close();
     _folder.reset();
-    Q_EMIT failed(message);
 }
 
 }  // namespace TarnwickDirect

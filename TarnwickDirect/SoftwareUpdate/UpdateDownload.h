@@ -35,6 +35,9 @@ public:
     /// Leaves the verified file where it is at the end of the object. Requires: it has finished.
     void keepFile() { _folder->setAutoRemove(false); }
 
+    /// For the end of the process: removes the file. No other call may follow.
+    void discardFile();
+
 Q_SIGNALS:
     void progressed(quint64 receivedBytes);
 

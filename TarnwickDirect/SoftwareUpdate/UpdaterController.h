@@ -20,7 +20,7 @@ public:
     /// Brings to the front what the user is led through, if there is anything.
     virtual void bringToFront() = 0;
 
-    /// Ends what runs and removes what it has begun, without waiting, and shows nothing of that.
+    /// For the end of the process: removes what has been begun. No other call may follow.
     virtual void stop() = 0;
 
 Q_SIGNALS:
