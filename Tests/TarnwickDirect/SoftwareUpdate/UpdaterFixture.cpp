@@ -1,5 +1,7 @@
 #include "SoftwareUpdate/UpdaterFixture.h"
 
+#include <QThreadPool>
+
 namespace TestSupport {
 
 using namespace TarnwickDirect;
@@ -13,6 +15,13 @@ UpdaterTest::UpdaterTest()
     server.serve("/Tarnwick.AppImage", program);
     server.serve("/tarnwick.deb", program);
     serveFeed(item("2.0"));
+}
+
+/// Nothing of this is gone while a worker still asks for the installation.
+UpdaterTest::~UpdaterTest()
+{
+    updater.reset();
+    QThreadPool::globalInstance()->waitForDone();
 }
 
 void UpdaterTest::start()

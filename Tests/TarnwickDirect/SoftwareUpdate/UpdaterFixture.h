@@ -39,6 +39,9 @@ protected:
     using Kind = TarnwickDirect::UpdateState::Kind;
 
     UpdaterTest();
+    UpdaterTest(const UpdaterTest&) = delete;
+    UpdaterTest& operator=(const UpdaterTest&) = delete;
+    ~UpdaterTest() override;
 
     /// Starts the program; a second call starts it anew.
     void start();
