@@ -4,8 +4,9 @@ import hashlib
 import os
 import shutil
 import stat
-import subprocess
 import tempfile
+
+from place import run
 
 RELEASE = "bookworm"
 MIRROR = "http://deb.debian.org/debian"
@@ -139,15 +140,7 @@ class FreshRoot:
 
 
 def checked(*command, **options):
-    done = subprocess.run(
-        command,
-        stdin=subprocess.DEVNULL,
-        stdout=subprocess.PIPE,
-        stderr=subprocess.STDOUT,
-        text=True,
-        check=False,
-        **options,
-    )
+    done = run(*command, **options)
     if done.returncode != 0:
         raise RootError(f"{' '.join(command)} ended with {done.returncode}:\n{done.stdout}")
     return done.stdout

@@ -11,7 +11,7 @@ import tempfile
 import unittest
 import xml.etree.ElementTree
 
-from place import BUILD, ROOT
+from place import BUILD, ROOT, run
 
 NAME = "dev.tarnwick.Tarnwick"
 
@@ -33,18 +33,6 @@ share/metainfo/dev.tarnwick.Tarnwick.metainfo.xml
 share/tarnwick/Tarnwick_Tarnwick.bundle
 share/zsh/vendor-completions/_tarnwick
 """.split()
-
-
-def run(*command, **options):
-    return subprocess.run(
-        command,
-        stdin=subprocess.DEVNULL,
-        stdout=subprocess.PIPE,
-        stderr=subprocess.STDOUT,
-        text=True,
-        check=False,
-        **options,
-    )
 
 
 def entry_of(path):
