@@ -4,6 +4,7 @@
 
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <QResource>
 
 #include <cmath>
 
@@ -23,6 +24,18 @@ QFont::Weight qtWeight(TextWeight weight)
     return QFont::Normal;
 }
 
+/// Nothing is copied: Qt and FreeType read the font where the bundle is mapped.
+void registerFont(const QString& file)
+{
+    const QResource font(file);
+    if (font.compressionAlgorithm() != QResource::NoCompression) {
+        QFontDatabase::addApplicationFont(file);
+        return;
+    }
+    QFontDatabase::addApplicationFontFromData(
+        QByteArray::fromRawData(reinterpret_cast<const char*>(font.data()), font.size()));
+}
+
 }  // namespace
 
 void registerBundledFonts()
@@ -35,7 +48,7 @@ void registerBundledFonts()
     AppResources::bundle();
     for (const QString& file :
          AppResources::files(QStringLiteral("Fonts"), QStringLiteral("ttf"))) {
-        QFontDatabase::addApplicationFont(file);
+        registerFont(file);
     }
 }
 
