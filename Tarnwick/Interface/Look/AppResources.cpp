@@ -48,9 +48,11 @@ QStringList AppResources::files(const QString& folder, const QString& extension)
 {
     const QDir directory(root + folder);
     QStringList paths;
-    for (const QString& name :
-         directory.entryList({QStringLiteral("*.") + extension}, QDir::Files, QDir::Name)) {
-        paths.append(directory.filePath(name));
+    // A filter by name would load Qt's regular expressions.
+    for (const QString& name : directory.entryList(QDir::Files, QDir::Name)) {
+        if (name.endsWith(QLatin1Char('.') + extension)) {
+            paths.append(directory.filePath(name));
+        }
     }
     return paths;
 }
