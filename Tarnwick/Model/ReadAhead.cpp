@@ -20,7 +20,9 @@ ReadAhead::ReadAhead(OpenDefaults openDefaults, PullRequestDiskCache cache)
 
 std::optional<LastList> ReadAhead::takeList()
 {
-    return _list.get();
+    auto list = _list.get();
+    _read = {};
+    return list;
 }
 
 }  // namespace Tarnwick

@@ -27,7 +27,8 @@ public:
     /// What `SettingsStore::load` yields.
     const Settings& settings() { return read().settings; }
 
-    /// What `lastList` makes of the snapshot. Blocks until it is there. To be called once.
+    /// What `lastList` makes of the snapshot. Blocks until it is there. To be called once and after
+    /// the last call of the others: nothing that was read stays in memory here.
     std::optional<LastList> takeList();
 
 private:
