@@ -141,14 +141,12 @@ int MenuStyle::pixelMetric(
 {
     switch (metric) {
     case PM_MenuPanelWidth:
+    case PM_MenuDesktopFrameWidth:
+    case PM_SubMenuOverlap:
         return 0;
     case PM_MenuHMargin:
     case PM_MenuVMargin:
         return panelPadding;
-    case PM_SubMenuOverlap:
-        return 0;
-    case PM_MenuDesktopFrameWidth:
-        return 0;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }

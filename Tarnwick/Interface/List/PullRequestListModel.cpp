@@ -102,7 +102,7 @@ PullRequestListModel::Contents PullRequestListModel::found() const
     return matching;
 }
 
-void PullRequestListModel::show(Contents contents)
+void PullRequestListModel::show(const Contents& contents)
 {
     Q_EMIT listAboutToChange();
     const Places<Contents> places(contents);

@@ -60,7 +60,7 @@ Q_SIGNALS:
 private:
     using Contents = std::vector<std::shared_ptr<const RowContent>>;
 
-    void show(Contents contents);
+    void show(const Contents& contents);
     Contents found() const;
     void replaceContents(const Contents& wanted);
 
