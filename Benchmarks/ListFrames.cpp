@@ -23,7 +23,7 @@ std::vector<ListedRow> listed(std::vector<PullRequest> pullRequests)
     std::vector<ListedRow> rows;
     for (PullRequestRow& row : StackBuilder::rows(std::move(pullRequests))) {
         const bool isVisited = row.pullRequest.id.number % 3 == 0;
-        rows.push_back({std::move(row), isVisited});
+        rows.push_back({std::make_shared<const PullRequestRow>(std::move(row)), isVisited});
     }
     return rows;
 }

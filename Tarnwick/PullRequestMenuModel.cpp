@@ -33,6 +33,7 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
           [clock = _parts.clock] { return clock->now(); })
     , _snapshotWriter(_parts.cache)
     , _notifications(_parts.notifier, _settings, _settingsStore)
+    , _rows(std::make_shared<const std::vector<PullRequestRow>>())
     , _allPullRequests(noPullRequests())
 {
     followSettings();
@@ -110,7 +111,7 @@ void PullRequestMenuModel::showLastList()
     if (!list) {
         return;
     }
-    _rows = std::move(list->rows);
+    _rows = std::make_shared<const std::vector<PullRequestRow>>(std::move(list->rows));
     _allPullRequests =
         std::make_shared<const std::vector<PullRequest>>(std::move(list->snapshot.pullRequests));
     _repositories = std::move(list->snapshot.repositories);
@@ -126,7 +127,15 @@ void PullRequestMenuModel::showLastList()
 
 void PullRequestMenuModel::rebuildRows()
 {
-    assign(_rows, filteredRows(*_allPullRequests, _settings), &PullRequestMenuModel::rowsChanged);
+    setRows(filteredRows(*_allPullRequests, _settings));
+}
+
+void PullRequestMenuModel::setRows(std::vector<PullRequestRow> rows)
+{
+    if (*_rows != rows) {
+        _rows = std::make_shared<const std::vector<PullRequestRow>>(std::move(rows));
+        Q_EMIT rowsChanged();
+    }
 }
 
 // Settings

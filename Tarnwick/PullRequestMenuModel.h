@@ -25,6 +25,8 @@
 
 namespace Tarnwick {
 
+using SharedRows = std::shared_ptr<const std::vector<PullRequestKit::PullRequestRow>>;
+
 /// What the list shows and how it comes about: the pull requests, the state of the refresh, the
 /// filters and the settings. Views and commands read it, call it and follow its signals; each
 /// signal says that the property of its name changed. Main thread only; nothing blocks but the
@@ -53,7 +55,10 @@ public:
 
     const MenuState& state() const { return _state; }
 
-    const std::vector<PullRequestKit::PullRequestRow>& rows() const { return _rows; }
+    const std::vector<PullRequestKit::PullRequestRow>& rows() const { return *_rows; }
+
+    /// The same, for whoever needs them after the next change. Not null.
+    const SharedRows& sharedRows() const { return _rows; }
 
     const std::vector<PullRequestKit::RepositorySummary>& repositories() const
     {
@@ -170,6 +175,7 @@ private:
 
     void showLastList();
     void rebuildRows();
+    void setRows(std::vector<PullRequestKit::PullRequestRow> rows);
 
     QCoro::Task<> refreshUntilStopped(std::stop_token stopToken);
     void begin(const std::stop_token& stopToken);
@@ -196,7 +202,7 @@ private:
     PullRequestNotifications _notifications;
 
     MenuState _state;
-    std::vector<PullRequestKit::PullRequestRow> _rows;
+    SharedRows _rows;
     std::vector<PullRequestKit::RepositorySummary> _repositories;
     std::optional<std::string> _account;
     std::optional<PullRequestKit::Date> _lastRefreshed;

@@ -131,7 +131,7 @@ void PullRequestMenuModel::cannotAsk(MenuState::Kind kind, const std::string& me
             &PullRequestMenuModel::refreshErrorChanged);
         return;
     }
-    assign(_rows, {}, &PullRequestMenuModel::rowsChanged);
+    setRows({});
     assign(_state, {kind, message}, &PullRequestMenuModel::stateChanged);
 }
 
@@ -149,14 +149,14 @@ void PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
             {start.account, std::make_shared<const Settings>(_settings), _allPullRequests});
     }
     _allPullRequests = result.pullRequests;
-    assign(_rows, std::move(result.rows), &PullRequestMenuModel::rowsChanged);
+    setRows(std::move(result.rows));
     assign(_shortfall, result.shortfall, &PullRequestMenuModel::shortfallChanged);
     const Date now = _parts.clock->now();
     assign(_lastRefreshed, now, &PullRequestMenuModel::lastRefreshedChanged);
     _hasSnapshot = true;
     assign(_state, {MenuState::Kind::loaded, {}}, &PullRequestMenuModel::stateChanged);
 
-    auto appeared = newPullRequests(_rows, result.baseline.scope, _newPullRequestBaseline);
+    auto appeared = newPullRequests(*_rows, result.baseline.scope, _newPullRequestBaseline);
     _newPullRequestBaseline = std::move(result.baseline);
     _newPullRequestBaseline->refreshedAt = now;
     _notifications.deliver({std::move(appeared), std::move(result.unblocked)});

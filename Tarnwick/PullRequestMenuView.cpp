@@ -146,10 +146,11 @@ void PullRequestMenuView::connectModel()
 
 void PullRequestMenuView::showRows()
 {
+    const SharedRows& rows = _model.sharedRows();
     std::vector<ListedRow> listed;
-    listed.reserve(_model.rows().size());
-    for (const PullRequestKit::PullRequestRow& row : _model.rows()) {
-        listed.push_back({row, _model.visits().isVisited(row.pullRequest)});
+    listed.reserve(rows->size());
+    for (const PullRequestKit::PullRequestRow& row : *rows) {
+        listed.push_back({{rows, &row}, _model.visits().isVisited(row.pullRequest)});
     }
     _rows->setRows(std::move(listed));
     showCount();

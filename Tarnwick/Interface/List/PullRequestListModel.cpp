@@ -62,23 +62,32 @@ PullRequestListModel::PullRequestListModel(Now now, QObject* parent)
 
 void PullRequestListModel::setRows(std::vector<ListedRow> rows)
 {
-    const Places<Contents> known(_all);
-    Contents contents;
-    contents.reserve(rows.size());
+    _all = contentsOf(rows);
     _countWidths = {};
-    for (ListedRow& row : rows) {
-        const int place = known.of(row.row.id());
-        const auto& old = place < 0 ? nullptr : _all[static_cast<std::size_t>(place)];
-        contents.push_back(
-            old != nullptr && old->listed() == row
-                ? old
-                : std::make_shared<const RowContent>(std::move(row)));
-        const CountWidths widths = contents.back()->countWidths();
+    for (std::size_t place = 0; place < rows.size(); ++place) {
+        // The rows of the list before can go, whose words stay.
+        _all[place]->replace(std::move(rows[place]));
+        const CountWidths widths = _all[place]->countWidths();
         _countWidths.reviews = std::max(_countWidths.reviews, widths.reviews);
         _countWidths.checks = std::max(_countWidths.checks, widths.checks);
     }
-    std::swap(_all, contents);
     show(found());
+}
+
+/// Those that are there already for the rows that are as before, and new ones for the others.
+PullRequestListModel::Contents PullRequestListModel::contentsOf(
+    const std::vector<ListedRow>& rows) const
+{
+    const Places<Contents> known(_all);
+    Contents contents;
+    contents.reserve(rows.size());
+    for (const ListedRow& row : rows) {
+        const int place = known.of(row.row->id());
+        const auto& old = place < 0 ? nullptr : _all[static_cast<std::size_t>(place)];
+        contents.push_back(
+            old != nullptr && old->listed() == row ? old : std::make_shared<RowContent>(row));
+    }
+    return contents;
 }
 
 void PullRequestListModel::setFindText(const QString& text)

@@ -58,8 +58,9 @@ Q_SIGNALS:
     void listChanged();
 
 private:
-    using Contents = std::vector<std::shared_ptr<const RowContent>>;
+    using Contents = std::vector<std::shared_ptr<RowContent>>;
 
+    Contents contentsOf(const std::vector<ListedRow>& rows) const;
     void show(const Contents& contents);
     Contents found() const;
     void replaceContents(const Contents& wanted);

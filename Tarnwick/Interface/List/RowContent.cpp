@@ -4,9 +4,12 @@
 #include "Tarnwick/Interface/List/FindText.h"
 #include "Tarnwick/Interface/List/TitleLayout.h"
 
-#include <utility>
-
 namespace Tarnwick {
+
+bool ListedRow::operator==(const ListedRow& other) const
+{
+    return isVisited == other.isVisited && (row == other.row || *row == *other.row);
+}
 
 RowContent::RowContent(ListedRow listed)
     : _listed(std::move(listed))

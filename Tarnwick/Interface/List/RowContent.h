@@ -5,14 +5,17 @@
 
 #include <QString>
 
+#include <memory>
+#include <utility>
+
 namespace Tarnwick {
 
 /// A row of the menu and whether the user has seen the pull request as it is now.
 struct ListedRow {
-    PullRequestKit::PullRequestRow row;
+    std::shared_ptr<const PullRequestKit::PullRequestRow> row;  ///< Not null.
     bool isVisited = false;
 
-    bool operator==(const ListedRow&) const = default;
+    bool operator==(const ListedRow& other) const;
 };
 
 /// A listed row with its words made ready, so that painting and searching need not do it again.
@@ -21,9 +24,12 @@ class RowContent {
 public:
     explicit RowContent(ListedRow listed);
 
-    const PullRequestKit::PullRequestRow& row() const { return _listed.row; }
+    /// Requires: `listed` is equal to the row.
+    void replace(ListedRow listed) { _listed = std::move(listed); }
 
-    const PullRequestKit::PullRequest& pullRequest() const { return _listed.row.pullRequest; }
+    const PullRequestKit::PullRequestRow& row() const { return *_listed.row; }
+
+    const PullRequestKit::PullRequest& pullRequest() const { return row().pullRequest; }
 
     bool isVisited() const { return _listed.isVisited; }
 

@@ -26,7 +26,7 @@ std::vector<ListedRow> latinRows()
 {
     std::vector<ListedRow> rows = TestSupport::sampleRows();
     std::erase_if(rows, [](const ListedRow& row) {
-        const QString title = QString::fromStdString(row.row.pullRequest.title);
+        const QString title = QString::fromStdString(row.row->pullRequest.title);
         return title.isRightToLeft() || title.contains(QStringLiteral("🚀"));
     });
     return rows;

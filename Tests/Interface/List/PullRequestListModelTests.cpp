@@ -1,10 +1,14 @@
 #include "Tarnwick/Interface/List/PullRequestListModel.h"
 
+#include "List/SampleRows.h"
 #include "Support/PullRequests.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 
+#include <algorithm>
+#include <iterator>
+#include <memory>
 #include <numeric>
 #include <random>
 
@@ -20,10 +24,11 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using TestSupport::date;
 using TestSupport::makePullRequest;
+using TestSupport::own;
 
 ListedRow listed(std::int64_t number)
 {
-    return {{makePullRequest(number), 0, false, {}}, false};
+    return TestSupport::listedRow({makePullRequest(number), 0, false, {}});
 }
 
 std::vector<ListedRow> listed(const std::vector<std::int64_t>& numbers)
@@ -94,13 +99,29 @@ TEST_F(PullRequestListModelTests, onlyRowsThatSaySomethingElseAreChanged)
     EXPECT_TRUE(model.content(1).isVisited());
 }
 
+TEST_F(PullRequestListModelTests, keepsNoRowsOfListsBefore)
+{
+    std::vector<ListedRow> before = listed({1, 2, 3});
+    std::vector<std::weak_ptr<const PullRequestRow>> old;
+    std::ranges::transform(
+        before, std::back_inserter(old), [](const ListedRow& listed) { return listed.row; });
+    model.setRows(std::move(before));
+    before.clear();
+    std::vector<ListedRow> after = listed({4, 2, 3});
+    own(after[2]).pullRequest.title = "Fix login";
+    model.setRows(std::move(after));
+    EXPECT_TRUE(std::ranges::all_of(old, [](const auto& row) { return row.expired(); }));
+    EXPECT_THAT(shown(), ElementsAre(4, 2, 3));
+    EXPECT_EQ(model.content(2).title(), u"Fix login"_s);
+}
+
 TEST_F(PullRequestListModelTests, aRowsAccessibleTextIsItsSentence)
 {
     ListedRow row = listed(1);
-    row.row.pullRequest.title = "Fix login";
-    row.row.pullRequest.mergeability = PullRequestMergeability::conflicting;
-    row.row.pullRequest.reviewState = ReviewState::changesRequested;
-    row.row.pullRequest.checks = {2, 3, 0};
+    own(row).pullRequest.title = "Fix login";
+    own(row).pullRequest.mergeability = PullRequestMergeability::conflicting;
+    own(row).pullRequest.reviewState = ReviewState::changesRequested;
+    own(row).pullRequest.checks = {2, 3, 0};
     model.setRows({row});
     const QModelIndex index = model.index(0);
     EXPECT_EQ(
@@ -115,10 +136,10 @@ TEST_F(PullRequestListModelTests, aRowsAccessibleTextIsItsSentence)
 TEST_F(PullRequestListModelTests, findsInTitlesRepositoriesAuthorsAndBranches)
 {
     std::vector<ListedRow> rows = listed({1, 2, 3, 4, 5});
-    rows[0].row.pullRequest.title = "Keep the tide table";
-    rows[1].row.pullRequest.id.repository = "saltmarsh/tidewatch";
-    rows[2].row.pullRequest.author = "tideline";
-    rows[3].row.pullRequest.head.name = "feature/low-tide";
+    own(rows[0]).pullRequest.title = "Keep the tide table";
+    own(rows[1]).pullRequest.id.repository = "saltmarsh/tidewatch";
+    own(rows[2]).pullRequest.author = "tideline";
+    own(rows[3]).pullRequest.head.name = "feature/low-tide";
     model.setRows(rows);
     model.setFindText(u"TIDE"_s);
     EXPECT_THAT(shown(), ElementsAre(1, 2, 3, 4));
@@ -132,9 +153,9 @@ TEST_F(PullRequestListModelTests, findsInTitlesRepositoriesAuthorsAndBranches)
 TEST_F(PullRequestListModelTests, everyWordMustMatchThoughNotInOneField)
 {
     std::vector<ListedRow> rows = listed({1, 2});
-    rows[0].row.pullRequest.title = "Retry uploads";
-    rows[0].row.pullRequest.author = "ines.duarte";
-    rows[1].row.pullRequest.title = "Retry downloads";
+    own(rows[0]).pullRequest.title = "Retry uploads";
+    own(rows[0]).pullRequest.author = "ines.duarte";
+    own(rows[1]).pullRequest.title = "Retry downloads";
     model.setRows(rows);
     model.setFindText(u"  ines   retry "_s);
     EXPECT_THAT(shown(), ElementsAre(1));
@@ -145,8 +166,8 @@ TEST_F(PullRequestListModelTests, everyWordMustMatchThoughNotInOneField)
 TEST_F(PullRequestListModelTests, findsWithoutRegardToAccents)
 {
     std::vector<ListedRow> rows = listed({1, 2});
-    rows[0].row.pullRequest.title = "Déjà vu";
-    rows[1].row.pullRequest.title = "Ферри в ÅRHUS";
+    own(rows[0]).pullRequest.title = "Déjà vu";
+    own(rows[1]).pullRequest.title = "Ферри в ÅRHUS";
     model.setRows(rows);
     model.setFindText(u"deja"_s);
     EXPECT_THAT(shown(), ElementsAre(1));
@@ -167,7 +188,7 @@ TEST_F(PullRequestListModelTests, aNewListIsFoundInAsWell)
 TEST_F(PullRequestListModelTests, aFoundRowKeepsItsDepth)
 {
     std::vector<ListedRow> rows = listed({1, 2});
-    rows[1].row.depth = 2;
+    own(rows[1]).depth = 2;
     model.setRows(rows);
     model.setFindText(u"request 2"_s);
     EXPECT_EQ(model.content(0).row().depth, 2);
@@ -176,9 +197,9 @@ TEST_F(PullRequestListModelTests, aFoundRowKeepsItsDepth)
 TEST_F(PullRequestListModelTests, countWidthsAreThoseOfAllRowsWhateverIsFound)
 {
     std::vector<ListedRow> rows = listed({1, 2});
-    rows[0].row.pullRequest.checks = {14, 14, 0};
-    rows[1].row.pullRequest.reviews = {2, 3, 0};
-    rows[1].row.pullRequest.requiredApprovingReviewCount = 2;
+    own(rows[0]).pullRequest.checks = {14, 14, 0};
+    own(rows[1]).pullRequest.reviews = {2, 3, 0};
+    own(rows[1]).pullRequest.requiredApprovingReviewCount = 2;
     model.setRows(rows);
     model.setFindText(u"request 2"_s);
     EXPECT_NEAR(model.countWidths().checks, 4 * 0.64 + 0.43, 1e-9);

@@ -19,7 +19,9 @@ using namespace Qt::StringLiterals;
 using namespace Tarnwick;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using TestSupport::listedRow;
 using TestSupport::makePullRequest;
+using TestSupport::own;
 using TestSupport::plainRows;
 using TestSupport::sampleRows;
 
@@ -295,8 +297,8 @@ TEST_F(PullRequestListViewTests, selectionAndPlaceStayWhenTheListChanges)
     press(Qt::Key_Up);
     const int top = view.visualRect(view.currentIndex()).top();
     std::vector<ListedRow> rows = plainRows(60);
-    rows.insert(rows.begin(), {{makePullRequest(777), 0, false, {}}, false});
-    rows.insert(rows.begin(), {{makePullRequest(778), 0, false, {}}, false});
+    rows.insert(rows.begin(), listedRow({makePullRequest(777), 0, false, {}}));
+    rows.insert(rows.begin(), listedRow({makePullRequest(778), 0, false, {}}));
     model.setRows(rows);
     EXPECT_EQ(current(), 60);
     EXPECT_EQ(model.content(current()).pullRequest().id.number, 59);
@@ -307,7 +309,7 @@ TEST_F(PullRequestListViewTests, aListAtItsTopStaysAtItsTop)
 {
     show(plainRows(60));
     std::vector<ListedRow> rows = plainRows(60);
-    rows.insert(rows.begin(), {{makePullRequest(777), 0, false, {}}, false});
+    rows.insert(rows.begin(), listedRow({makePullRequest(777), 0, false, {}}));
     model.setRows(rows);
     QApplication::processEvents();
     EXPECT_EQ(view.verticalScrollBar()->value(), 0);
@@ -326,8 +328,8 @@ TEST_F(PullRequestListViewTests, rowsFollowTheWidthAtOnce)
 TEST_F(PullRequestListViewTests, rowsHaveNamesForScreenReaders)
 {
     std::vector<ListedRow> rows = plainRows(2);
-    rows[1].row.pullRequest.title = "Fix login";
-    rows[1].row.pullRequest.checks = {2, 3, 0};
+    own(rows[1]).pullRequest.title = "Fix login";
+    own(rows[1]).pullRequest.checks = {2, 3, 0};
     show(rows);
     EXPECT_EQ(view.objectName(), u"pullRequestList"_s);
     QAccessibleInterface* const list = QAccessible::queryAccessibleInterface(&view);

@@ -2,6 +2,9 @@
 
 #include "Support/PullRequests.h"
 
+#include <memory>
+#include <utility>
+
 namespace TestSupport {
 
 using namespace PullRequestKit;
@@ -24,8 +27,8 @@ struct Sample {
 
 ListedRow makeRow(const Sample& sample, std::int64_t depth = 0)
 {
-    ListedRow listed{{makePullRequest(sample.number), depth, false, {}}, false};
-    PullRequest& made = listed.row.pullRequest;
+    ListedRow listed = listedRow({makePullRequest(sample.number), depth, false, {}});
+    PullRequest& made = own(listed).pullRequest;
     made.title = sample.title;
     made.id.repository = sample.repository;
     made.author = sample.author;
@@ -85,8 +88,8 @@ std::vector<ListedRow> stack()
              {0, 0, 0}},
             3)};
     rows[0].isVisited = true;
-    rows[0].row.hasChildren = true;
-    rows[3].row.pullRequest.isDraft = true;
+    own(rows[0]).hasChildren = true;
+    own(rows[3]).pullRequest.isDraft = true;
     return rows;
 }
 
@@ -173,14 +176,26 @@ std::vector<ListedRow> singles()
              {0, 2, 0},
              {},
              {6, 6, 0}})};
-    rows[0].row.pullRequest.mergeability = PullRequestMergeability::conflicting;
-    rows[3].row.warning = "Ambiguous base branch";
+    own(rows[0]).pullRequest.mergeability = PullRequestMergeability::conflicting;
+    own(rows[3]).warning = "Ambiguous base branch";
     rows[4].isVisited = true;
     rows[5].isVisited = true;
     return rows;
 }
 
 }  // namespace
+
+ListedRow listedRow(PullRequestRow row)
+{
+    return {std::make_shared<const PullRequestRow>(std::move(row)), false};
+}
+
+PullRequestRow& own(ListedRow& listed)
+{
+    auto row = std::make_shared<PullRequestRow>(*listed.row);
+    listed.row = row;
+    return *row;
+}
 
 Date sampleNow()
 {
@@ -200,7 +215,7 @@ std::vector<ListedRow> plainRows(int count)
 {
     std::vector<ListedRow> rows;
     for (int number = 1; number <= count; ++number) {
-        rows.push_back({{makePullRequest(number), 0, false, {}}, false});
+        rows.push_back(listedRow({makePullRequest(number), 0, false, {}}));
     }
     return rows;
 }

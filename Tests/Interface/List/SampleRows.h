@@ -6,6 +6,12 @@
 
 namespace TestSupport {
 
+/// The row, not visited.
+Tarnwick::ListedRow listedRow(PullRequestKit::PullRequestRow row);
+
+/// A copy of the row that is the listed one's own from now on.
+PullRequestKit::PullRequestRow& own(Tarnwick::ListedRow& listed);
+
 /// "2025-06-20T12:00:00Z", which the ages of the sample rows are reckoned from.
 PullRequestKit::Date sampleNow();
 
