@@ -145,7 +145,7 @@ void PullRequestListView::focusInEvent(QFocusEvent* event)
 {
     // Not the item view's own, which makes the first row current where none is: what is not seen to
     // be selected must not be opened by Return.
-    QAbstractScrollArea::focusInEvent(event);  // NOLINT(bugprone-parent-virtual-call)
+    QAbstractScrollArea::focusInEvent(event);
     const bool isByKey =
         event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     if (isByKey && _model.rowCount() > 0) {

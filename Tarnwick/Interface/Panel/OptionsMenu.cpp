@@ -86,12 +86,12 @@ template<typename E, typename IsChosen, typename Choose>
 void OptionsMenu::addChoices(const QString& title, IsChosen isChosen, Choose choose)
 {
     Menu* const menu = addSubmenu(title);
-    for (const auto& [value, name] : PullRequestKit::EnumNames<E>::names) {
+    for (const auto& [named, name] : PullRequestKit::EnumNames<E>::names) {
         addChoice(
             *menu,
             titleOf(name),
-            [isChosen, value = value] { return isChosen(value); },
-            [choose, value = value] { choose(value); });
+            [isChosen, value = named] { return isChosen(value); },
+            [choose, value = named] { choose(value); });
     }
 }
 

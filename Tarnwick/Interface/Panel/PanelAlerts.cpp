@@ -84,14 +84,16 @@ void PanelAlerts::update()
     if (isAnyShown()) {
         Q_EMIT shownChanged();
     }
-    if (_editorFlow.editorProgress()) {
-        _editorOverlay->setProgress(*_editorFlow.editorProgress());
+    const auto& progress = _editorFlow.editorProgress();
+    const auto& error = _editorFlow.externalActionError();
+    if (progress) {
+        _editorOverlay->setProgress(*progress);
     }
-    if (_editorFlow.externalActionError()) {
-        _editorError->setMessage(*_editorFlow.externalActionError());
+    if (error) {
+        _editorError->setMessage(*error);
     }
-    _editorOverlay->setVisible(_editorFlow.editorProgress().has_value());
-    _editorError->setVisible(_editorFlow.externalActionError().has_value());
+    _editorOverlay->setVisible(progress.has_value());
+    _editorError->setVisible(error.has_value());
     _notificationsDisabled->setVisible(_model.notificationSettingsRequired());
     if (!isAnyShown()) {
         Q_EMIT shownChanged();
