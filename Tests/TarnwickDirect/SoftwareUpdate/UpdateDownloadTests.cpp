@@ -6,6 +6,10 @@
 #include "SoftwareUpdate/TlsServer.h"
 #include "TarnwickDirect/SoftwareUpdate/Network/SystemNetwork.h"
 
+#include <QThreadPool>
+
+#include <semaphore>
+
 #include <gmock/gmock.h>
 
 namespace {
@@ -224,12 +228,19 @@ TEST_F(UpdateDownloadTest, leavesNothingWhenItIsCancelledOnTheWay)
 
 TEST_F(UpdateDownloadTest, leavesNothingWhenItIsCancelledDuringVerification)
 {
+    // The verification cannot end before it is cancelled, for no thread has time for it.
+    QThreadPool& pool = *QThreadPool::globalInstance();
+    std::counting_semaphore<> freed(0);
+    for (int thread = 0; thread < pool.maxThreadCount(); ++thread) {
+        pool.start([&freed] { freed.acquire(); });
+    }
     begin();
-    QObject::connect(download.get(), &UpdateDownload::verifying, &context, [this] {
-        QMetaObject::invokeMethod(&context, [this] { download.reset(); }, Qt::QueuedConnection);
-    });
-    ASSERT_TRUE(TestSupport::eventually([this] { return !download; }));
+    const bool isReached = TestSupport::eventually([this] { return isVerifying; });
+    download.reset();
+    freed.release(pool.maxThreadCount());
+    pool.waitForDone();
     TestSupport::processEvents();
+    EXPECT_TRUE(isReached);
     EXPECT_TRUE(isNothingLeft());
     EXPECT_EQ(ending, "");
 }
