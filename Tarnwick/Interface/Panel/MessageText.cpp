@@ -30,12 +30,13 @@ WrappedText MessageText::laidOut() const
     return {text(), style(), static_cast<double>(textWidth())};
 }
 
-void MessageText::fit(int width, bool isBalanced)
+void MessageText::fit(int width, bool isBalanced, int mostHeight)
 {
     const int lines = WrappedText(text(), style(), width).lineCount();
-    _scrolls = lines > _setting.mostLines;
+    const int most = std::clamp(mostHeight / style().height, 1, _setting.mostLines);
+    _scrolls = lines > most;
     const double used = isBalanced && !_scrolls ? balancedWidth(text(), style(), width) : width;
-    resize(static_cast<int>(std::ceil(used)), std::min(lines, _setting.mostLines) * style().height);
+    resize(static_cast<int>(std::ceil(used)), std::min(lines, most) * style().height);
     _offset = 0;
     setFocusPolicy(_scrolls ? Qt::TabFocus : Qt::NoFocus);
 }

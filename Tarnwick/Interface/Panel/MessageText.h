@@ -25,7 +25,8 @@ public:
     MessageText(Setting setting, const Appearance& appearance, QWidget* parent);
 
     /// Gives the text this width, or the least in which it takes no more lines, and its height.
-    void fit(int width, bool isBalanced);
+    /// Beyond `mostHeight` it scrolls, too; one line is always seen.
+    void fit(int width, bool isBalanced, int mostHeight = QWIDGETSIZE_MAX);
 
     bool isScrollable() const;
 

@@ -11,6 +11,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScreen>
 
 #include <algorithm>
 #include <utility>
@@ -43,16 +44,17 @@ MessageText* addText(
     return text;
 }
 
-/// Shows the text in this width and yields the height that it takes with the space before it.
-int placeText(MessageText& label, const QString& text, const QPoint& place, int width, int space)
+/// Shows the text in a place of this width and greatest height, and yields the height that it takes
+/// with the space before it.
+int placeText(MessageText& label, const QString& text, const QRect& place, int space)
 {
     label.setText(text);
     label.setVisible(!text.isEmpty());
     if (text.isEmpty()) {
         return 0;
     }
-    label.fit(width, false);
-    label.move(place + QPoint(0, space));
+    label.fit(place.width(), false, place.height());
+    label.move(place.topLeft() + QPoint(0, space));
     return space + label.height();
 }
 
@@ -163,8 +165,9 @@ void UpdateDialog::layOut()
         return;
     }
     int y = padding;
-    y += placeText(*_title, _page.title, {padding, y}, innerWidth(), 0);
-    y += placeText(*_message, _page.message, {padding, y}, innerWidth(), titleGap);
+    const int screenHeight = screen()->availableGeometry().height();
+    y += placeText(*_title, _page.title, {padding, y, innerWidth(), screenHeight}, 0);
+    y += placeText(*_message, _page.message, {padding, y, innerWidth(), screenHeight}, titleGap);
     y += placeNotes(y);
     y += placeBars(y);
     y += placeButtons(y);
@@ -174,9 +177,10 @@ void UpdateDialog::layOut()
 
 int UpdateDialog::placeNotes(int y)
 {
-    const QPoint place(padding + notesPadding, y + gap);
-    const int height =
-        placeText(*_notes, _page.notes, place, innerWidth() - 2 * notesPadding, notesPadding);
+    // With large text on a low screen the buttons have to be seen, too.
+    const int mostHeight = screen()->availableGeometry().height() / 2;
+    const QRect place(padding + notesPadding, y + gap, innerWidth() - 2 * notesPadding, mostHeight);
+    const int height = placeText(*_notes, _page.notes, place, notesPadding);
     if (height == 0) {
         _notesFrame = {};
         return 0;

@@ -7,6 +7,7 @@
 #include "TarnwickDirect/SoftwareUpdate/Dialog/UpdateDialogs.h"
 
 #include <QAccessible>
+#include <QScreen>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -174,6 +175,17 @@ TEST_F(UpdateDialogTest, holdsEverythingInLargeText)
     EXPECT_LT(seenOf(*buttons[1]).right(), seenOf(*buttons[2]).left());
     EXPECT_LE(seenOf(*buttons[2]).right(), largeDialog.width() - 20);
     EXPECT_LE(seenOf(*buttons[2]).bottom(), largeDialog.height() - 20);
+}
+
+TEST_F(UpdateDialogTest, staysOnTheScreenWithLargeTextAndLongNotes)
+{
+    const Tarnwick::Appearance large{3};
+    UpdateDialog largeDialog(large, [](QWidget& window) { window.show(); });
+    UpdatePage page = availablePage();
+    page.notes = QStringLiteral("Calmer.\n").repeated(100);
+    largeDialog.setPage(page);
+    EXPECT_TRUE(child<Tarnwick::MessageText>(largeDialog, "updateNotes")->isScrollable());
+    EXPECT_LE(largeDialog.height(), largeDialog.screen()->availableGeometry().height());
 }
 
 TEST_F(UpdateDialogTest, isADialogToAssistivePrograms)
