@@ -33,6 +33,7 @@ using SharedRows = std::shared_ptr<const std::vector<PullRequestKit::PullRequest
 /// destructor, which waits until the last snapshot is on disk.
 class PullRequestMenuModel final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(PullRequestMenuModel)
 
 public:
     /// What the model stands on. All are required but the last.

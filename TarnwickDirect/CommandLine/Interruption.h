@@ -13,6 +13,7 @@ namespace TarnwickDirect {
 /// other instance.
 class Interruption final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(Interruption)
 
 public:
     Interruption();

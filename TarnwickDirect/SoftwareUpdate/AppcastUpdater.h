@@ -19,6 +19,7 @@ class UpdaterDelegate;
 /// Nothing of the network is made before the first look at the feed.
 class AppcastUpdater final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(AppcastUpdater)
 
 public:
     struct Collaborators {

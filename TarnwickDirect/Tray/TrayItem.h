@@ -13,6 +13,7 @@ namespace TarnwickDirect {
 /// there is a tray (`TrayHost`), and the model lives longer. Main thread only.
 class TrayItem final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(TrayItem)
 
 public:
     explicit TrayItem(Tarnwick::PullRequestMenuModel& model, QObject* parent = nullptr);

@@ -18,6 +18,7 @@ class TextLine;
 /// only.
 class ProjectDirectorySection final : public QWidget {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(ProjectDirectorySection)
 
 public:
     /// Requires: both live longer than the widget.

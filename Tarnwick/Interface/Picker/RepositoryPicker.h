@@ -20,6 +20,7 @@ class TextLine;
 /// and the focus goes to its find field. Main thread only.
 class RepositoryPicker final : public QWidget {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(RepositoryPicker)
 
 public:
     /// Requires: `model` and `appearance` live longer than the picker.

@@ -8,6 +8,8 @@ namespace TarnwickDirect {
 
 /// The network as the system has it, with its proxies. Main thread only.
 class SystemNetwork final : public HttpsNetwork {
+    Q_DISABLE_COPY_MOVE(SystemNetwork)
+
 public:
     SystemNetwork();
 

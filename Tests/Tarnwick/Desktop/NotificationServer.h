@@ -17,6 +17,7 @@ class NotificationServer final
     : public QObject
     , protected QDBusContext {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(NotificationServer)
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
 
 public:
