@@ -2,6 +2,7 @@
 
 #include "GitHubProvider/GitHubProvider.h"
 
+#include <QByteArray>
 #include <QtGlobal>
 
 #include <string_view>
