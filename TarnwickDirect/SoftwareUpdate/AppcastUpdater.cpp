@@ -147,7 +147,7 @@ void AppcastUpdater::lookAtFeed(Occasion occasion)
         FeedCheck::Settings{
             .feed = _collaborators.source.feed,
             .needs = needed,
-            .authorities = _collaborators.authorities});
+            .authorities = _collaborators.source.authorities});
     connect(_feedCheck.get(), &FeedCheck::found, this, &AppcastUpdater::found);
     connect(
         _feedCheck.get(), &FeedCheck::foundNothing, this, [this, needed](const NoUpdate& reason) {
@@ -270,7 +270,7 @@ void AppcastUpdater::install()
         UpdateDownload::Settings{
             .folder = _collaborators.downloadFolder,
             .key = _collaborators.source.key,
-            .authorities = _collaborators.authorities});
+            .authorities = _collaborators.source.authorities});
     connect(_download.get(), &UpdateDownload::progressed, this, [this](quint64 receivedBytes) {
         UpdateState state = _state;
         state.receivedBytes = receivedBytes;

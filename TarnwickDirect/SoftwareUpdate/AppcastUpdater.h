@@ -31,7 +31,6 @@ public:
         std::shared_ptr<Tarnwick::DefaultsStore> defaults;
         std::shared_ptr<Tarnwick::Clock> clock;
         MakeHttpsNetwork makeNetwork;  ///< Called when something is to be fetched.
-        QByteArray authorities;        ///< As in `FetchRequest`.
     };
 
     /// The first check by itself comes a minute later at the earliest. Requires: every collaborator

@@ -46,14 +46,13 @@ void DesktopUpdater::restart()
     _host.restart(_updater->installation().appImage);
 }
 
-MakeUpdater desktopUpdaterFrom(const UpdateSource& source, const QByteArray& authorities)
+MakeUpdater desktopUpdaterFrom(const UpdateSource& source)
 {
-    return [source, authorities](const UpdaterHost& host, UpdaterDelegate& delegate) {
+    return [source](const UpdaterHost& host, UpdaterDelegate& delegate) {
         const auto variables = environment();
         const auto ownVersion = QString::fromUtf8(version().data(), qsizetype(version().size()));
         return std::make_unique<DesktopUpdater>(
-            standardUpdater(
-                source, ownVersion, variables, host.defaults, host.clock, delegate, authorities),
+            standardUpdater(source, ownVersion, variables, host.defaults, host.clock, delegate),
             ownVersion,
             host,
             packageOpener(variables));

@@ -42,7 +42,6 @@ private:
 };
 
 /// Makes updaters of this program as it runs on this system, whose updates come from the source.
-/// `authorities` are as in `FetchRequest`.
-MakeUpdater desktopUpdaterFrom(const UpdateSource& source, const QByteArray& authorities = {});
+MakeUpdater desktopUpdaterFrom(const UpdateSource& source);
 
 }  // namespace TarnwickDirect

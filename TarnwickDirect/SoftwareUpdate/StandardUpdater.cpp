@@ -33,8 +33,7 @@ std::unique_ptr<AppcastUpdater> standardUpdater(
     const GitHubProvider::Environment& environment,
     std::shared_ptr<Tarnwick::DefaultsStore> defaults,
     std::shared_ptr<Tarnwick::Clock> clock,
-    UpdaterDelegate& delegate,
-    const QByteArray& authorities)
+    UpdaterDelegate& delegate)
 {
     const auto executable = pathFrom(QCoreApplication::applicationFilePath());
     const QString module = networkModulePath(QCoreApplication::applicationDirPath());
@@ -50,8 +49,7 @@ std::unique_ptr<AppcastUpdater> standardUpdater(
             },
         .defaults = std::move(defaults),
         .clock = std::move(clock),
-        .makeNetwork = [module] { return networkFromModule(module); },
-        .authorities = authorities};
+        .makeNetwork = [module] { return networkFromModule(module); }};
     return std::make_unique<AppcastUpdater>(std::move(collaborators), delegate);
 }
 

@@ -7,15 +7,14 @@ namespace TarnwickDirect {
 
 /// An updater of this program, as it runs on this system, that has started. Downloads go to
 /// `dev.tarnwick.Tarnwick/updates` in the user's cache folder, fetched by the module that
-/// belongs to the program. `authorities` are as in `FetchRequest`. Main thread only. Requires: the
-/// store and the clock are there, and the delegate lives longer.
+/// belongs to the program. Main thread only. Requires: the store and the clock are there, and the
+/// delegate lives longer.
 std::unique_ptr<AppcastUpdater> standardUpdater(
     const UpdateSource& source,
     const QString& ownVersion,
     const GitHubProvider::Environment& environment,
     std::shared_ptr<Tarnwick::DefaultsStore> defaults,
     std::shared_ptr<Tarnwick::Clock> clock,
-    UpdaterDelegate& delegate,
-    const QByteArray& authorities = {});
+    UpdaterDelegate& delegate);
 
 }  // namespace TarnwickDirect

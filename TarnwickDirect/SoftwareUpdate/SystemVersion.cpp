@@ -6,7 +6,7 @@ namespace TarnwickDirect {
 
 QString systemVersionIn(const QString& kernelVersion)
 {
-    const auto end = std::ranges::find_if_not(kernelVersion, [](QChar character) {
+    const auto* const end = std::ranges::find_if_not(kernelVersion, [](QChar character) {
         return (character >= u'0' && character <= u'9') || character == u'.';
     });
     QString version = kernelVersion.first(end - kernelVersion.begin());

@@ -96,7 +96,7 @@ std::variant<UpdateOffer, NoUpdate> chooseUpdate(const Appcast& feed, const Upda
     if (!chosen) {
         return noUpdate(newest, needs);
     }
-    const UpdateOffer offer = makeOffer(*chosen.item, *chosen.enclosure, isCritical);
+    UpdateOffer offer = makeOffer(*chosen.item, *chosen.enclosure, isCritical);
     const bool isSkipped = !needs.skippedVersion.isEmpty()
                            && compareVersions(offer.version, needs.skippedVersion) == 0;
     if (isSkipped && !isCritical) {

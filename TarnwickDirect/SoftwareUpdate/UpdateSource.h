@@ -2,6 +2,7 @@
 
 #include "TarnwickDirect/SoftwareUpdate/Ed25519.h"
 
+#include <QByteArray>
 #include <QUrl>
 
 #include <optional>
@@ -13,6 +14,7 @@ namespace TarnwickDirect {
 struct UpdateSource {
     QUrl feed;  ///< HTTPS.
     Ed25519::PublicKey key{};
+    QByteArray authorities{};  ///< As in `FetchRequest`.
 
     bool operator==(const UpdateSource&) const = default;
 };

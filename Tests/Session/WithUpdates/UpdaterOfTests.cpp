@@ -18,10 +18,14 @@ QByteArray authorityOfTest()
 
 MakeUpdater programUpdater()
 {
-    const auto source = updateSource(
+    auto source = updateSource(
         qgetenv("TARNWICK_UPDATE_FEED").toStdString(),
         qgetenv("TARNWICK_UPDATE_KEY").toStdString());
-    return source ? desktopUpdaterFrom(*source, authorityOfTest()) : MakeUpdater{};
+    if (!source) {
+        return {};
+    }
+    source->authorities = authorityOfTest();
+    return desktopUpdaterFrom(*source);
 }
 
 }  // namespace TarnwickDirect

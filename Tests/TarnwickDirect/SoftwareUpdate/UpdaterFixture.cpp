@@ -29,7 +29,10 @@ void UpdaterTest::start()
     updater.reset();
     updater = std::make_unique<AppcastUpdater>(
         AppcastUpdater::Collaborators{
-            .source = {.feed = server.url("/feed.xml"), .key = key.publicKey()},
+            .source =
+                {.feed = server.url("/feed.xml"),
+                 .key = key.publicKey(),
+                 .authorities = TlsServer::authorities()},
             .ownVersion = QStringLiteral("1.0"),
             .systemVersion = QStringLiteral("6.1.0"),
             .downloadFolder = folder / "updates",
@@ -44,8 +47,7 @@ void UpdaterTest::start()
                 [this] {
                     ++networks;
                     return makeNetwork();
-                },
-            .authorities = TlsServer::authorities()},
+                }},
         delegate);
     const AppcastUpdater* const made = updater.get();
     QObject::connect(made, &AppcastUpdater::stateChanged, [this, made] {
