@@ -225,11 +225,12 @@ void PullRequestMenuView::closeFind()
     }
 }
 
-/// Takes a copy: the visit has the rows made anew that the pull request comes from.
-void PullRequestMenuView::open(PullRequestKit::PullRequest pullRequest)
+void PullRequestMenuView::open(const PullRequestKit::PullRequest& pullRequest)
 {
+    // The visit has the rows made anew that the pull request comes from.
+    const PullRequestKit::Url page = pullRequest.url;
     _model.recordVisit(pullRequest.id);
-    _model.navigation().open(pullRequest.url);
+    _model.navigation().open(page);
 }
 
 void PullRequestMenuView::openWebSite()

@@ -70,7 +70,7 @@ private:
     void openFind();
     void closeFind();
     bool isFinding() const;
-    void open(PullRequestKit::PullRequest pullRequest);
+    void open(const PullRequestKit::PullRequest& pullRequest);
     void openWebSite();
     void updateUse();
 

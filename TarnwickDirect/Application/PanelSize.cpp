@@ -16,8 +16,9 @@ constexpr QSizeF firstSize(440, 620);
 std::optional<int> length(std::string_view text)
 {
     int number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    const char* const first = text.data();
+    const char* const end = first + text.size();
+    const auto [rest, error] = std::from_chars(first, end, number);
     const bool isPlain = error == std::errc() && rest == end && text.front() != '0';
     return isPlain && number >= 10 && number <= 99'999 ? std::optional(number) : std::nullopt;
 }

@@ -46,8 +46,8 @@ void refreshOnce(PullRequestMenuModel& model, const Interruption& interruption)
 void explain(const PullRequestMenuModel& model)
 {
     const MenuState& state = model.state();
-    if (model.refreshError()) {
-        std::cerr << *model.refreshError() << '\n';
+    if (const auto& error = model.refreshError()) {
+        std::cerr << *error << '\n';
     }
     if (!state.message.empty()) {
         std::cerr << state.message << '\n';

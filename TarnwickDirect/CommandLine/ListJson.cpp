@@ -39,14 +39,14 @@ boost::json::object header(const PullRequestMenuModel& model)
     if (!model.state().message.empty()) {
         object["message"] = model.state().message;
     }
-    if (model.refreshError()) {
-        object["refreshError"] = *model.refreshError();
+    if (const auto& error = model.refreshError()) {
+        object["refreshError"] = *error;
     }
-    if (model.account()) {
-        object["account"] = *model.account();
+    if (const auto& account = model.account()) {
+        object["account"] = *account;
     }
-    if (model.lastRefreshed()) {
-        object["lastRefreshed"] = formatDate(*model.lastRefreshed());
+    if (const auto refreshed = model.lastRefreshed()) {
+        object["lastRefreshed"] = formatDate(*refreshed);
     }
     return object;
 }

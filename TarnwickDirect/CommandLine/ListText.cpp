@@ -192,6 +192,7 @@ std::string listText(
 {
     std::vector<std::string> trees = treeLines(rows);
     std::vector<Line> lines;
+    lines.reserve(rows.size());
     for (std::size_t index = 0; index < rows.size(); ++index) {
         lines.push_back(
             makeLine(rows[index], std::move(trees[index]), isVisited(rows[index].pullRequest)));

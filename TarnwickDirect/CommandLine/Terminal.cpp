@@ -117,7 +117,7 @@ std::string elided(std::string_view text, int columns)
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<icu::BreakIterator> characters(
         icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-    if (U_FAILURE(status)) {
+    if (U_FAILURE(status) != 0) {
         return "…";
     }
     characters->setText(source);

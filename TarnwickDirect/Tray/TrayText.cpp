@@ -18,7 +18,7 @@ QString timeText(PullRequestKit::Date date, const QDateTime& now, const QLocale&
 {
     const QDateTime time =
         QDateTime::fromSecsSinceEpoch(date.time_since_epoch().count(), now.timeZone());
-    const QString clock = locale.toString(time.time(), QLocale::ShortFormat);
+    QString clock = locale.toString(time.time(), QLocale::ShortFormat);
     if (time.date() == now.date()) {
         return clock;
     }
