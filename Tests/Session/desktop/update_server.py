@@ -11,10 +11,13 @@ FEED = """<?xml version="1.0" encoding="utf-8"?>
 <rss version="2.0" xmlns:sparkle="urn:feed"><channel><item>
 <sparkle:version>{version}</sparkle:version>
 <description>{notes}</description>
-<enclosure url="{url}" length="{length}" type="application/vnd.appimage"
+<enclosure url="{url}" length="{length}" type="{kind}"
  sparkle:edSignature="{signature}"/>
 </item></channel></rss>
 """
+
+APPIMAGE = "application/vnd.appimage"
+DEBIAN_PACKAGE = "application/vnd.debian.binary-package"
 
 
 def _openssl(*arguments):
@@ -108,13 +111,14 @@ class UpdateServer:
         """Keeps the last byte of the file back."""
         self._unfinished.add(name)
 
-    def offer(self, version, program, notes="", signed=None):
+    def offer(self, version, program, notes="", signed=None, name="Tarnwick.AppImage"):
         """Puts the file there and a feed that offers it, signed as if it were `signed`."""
-        self.serve("/Tarnwick.AppImage", program)
+        self.serve(f"/{name}", program)
         feed = FEED.format(
             version=version,
             notes=notes,
-            url=self.address("/Tarnwick.AppImage"),
+            url=self.address(f"/{name}"),
+            kind=DEBIAN_PACKAGE if name.endswith(".deb") else APPIMAGE,
             length=len(program),
             signature=self.signature(program if signed is None else signed),
         )
