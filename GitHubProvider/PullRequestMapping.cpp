@@ -104,10 +104,11 @@ ReviewState reviewState(
 ProgressCount checks(const Node& node)
 {
     const auto commits = elements(node.commits);
-    if (commits.empty() || !commits.back().commit.statusCheckRollup) {
+    if (commits.empty()) {
         return {};
     }
-    return countChecks(commits.back().commit.statusCheckRollup->contexts.nodes);
+    const auto& rollup = commits.back().commit.statusCheckRollup;
+    return rollup ? countChecks(rollup->contexts.nodes) : ProgressCount{};
 }
 
 PullRequestState state(const Node& node)
@@ -140,6 +141,7 @@ std::optional<PullRequestKit::PullRequest> makePullRequest(
     if (!isComplete(node)) {
         return std::nullopt;
     }
+    // NOLINTBEGIN(bugprone-unchecked-optional-access): a complete node has them.
     const auto reviews = elements(node.latestReviews);
     const Names requested = requestedReviewers(node);
     const std::string& repository = node.repository->nameWithOwner;
@@ -163,6 +165,7 @@ std::optional<PullRequestKit::PullRequest> makePullRequest(
         node.headRepository.value_or(*node.repository).nameWithOwner, *std::move(node.headRefName)};
     made.base = {
         node.baseRepository.value_or(*node.repository).nameWithOwner, *std::move(node.baseRefName)};
+    // NOLINTEND(bugprone-unchecked-optional-access)
     return made;
 }
 
