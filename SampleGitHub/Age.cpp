@@ -36,8 +36,9 @@ std::optional<std::chrono::seconds> parseAge(std::string_view text)
     }
     while (!text.empty()) {
         std::uint32_t count = 0;
-        const char* const end = text.data() + text.size();
-        const auto [rest, error] = std::from_chars(text.data(), end, count);
+        const char* const first = text.data();
+        const char* const end = first + text.size();
+        const auto [rest, error] = std::from_chars(first, end, count);
         const std::int64_t unit = error == std::errc() && rest != end ? secondsOf(*rest) : 0;
         if (unit == 0 || count > largestAge / unit) {
             return std::nullopt;

@@ -34,8 +34,9 @@ std::optional<std::int64_t> readNumber(std::string_view text)
 {
     constexpr std::int64_t largest = 1'000'000'000;
     std::int64_t number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    const char* const first = text.data();
+    const char* const end = first + text.size();
+    const auto [rest, error] = std::from_chars(first, end, number);
     const bool isNumber = error == std::errc() && rest == end && number > 0 && number <= largest;
     return isNumber ? std::optional(number) : std::nullopt;
 }
