@@ -61,7 +61,8 @@ int run(const CommandLine& line)
         return runCommand(
             line.command, withGhConfiguration(currentEnvironment(), configuration), signals);
     }
-    std::cout << "Serving " << line.scenario << " on " << server.socket().string() << std::endl;
+    std::cout << "Serving " << line.scenario << " on " << server.socket().string() << '\n'
+              << std::flush;
     while (signals.wait() == SIGCHLD) {}
     return 0;
 }
