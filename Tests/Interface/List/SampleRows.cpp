@@ -128,7 +128,7 @@ std::vector<ListedRow> singles()
              {9, 9, 0}}),
         makeRow(
             {"Split the parser into its own package",
-             "fenland/compass",
+             "fenland/capstan",
              34,
              "aiko-t",
              48h,
@@ -158,7 +158,7 @@ std::vector<ListedRow> singles()
              {0, 0, 0}}),
         makeRow(
             {"Report the exit status of hooks",
-             "fenland/compass",
+             "fenland/capstan",
              31,
              "lena",
              144h,
@@ -168,7 +168,7 @@ std::vector<ListedRow> singles()
              {6, 6, 0}}),
         makeRow(
             {"Pin the linter’s version",
-             "fenland/compass",
+             "fenland/capstan",
              30,
              "lena",
              168h,

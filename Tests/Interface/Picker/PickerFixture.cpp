@@ -23,7 +23,7 @@ std::vector<RepositorySummary> PickerTest::someRepositories()
     return {
         repositoryOf("northmere/quay", "internal", "TypeScript"),
         repositoryOf("fenland/harbour-10", "private", "C++"),
-        repositoryOf("fenland/compass", "public", "Rust"),
+        repositoryOf("fenland/capstan", "public", "Rust"),
         repositoryOf("northmere/beacon", "public", "Go"),
         repositoryOf("fenland/harbour-9", "private", "C++"),
         repositoryOf("northmere/almanac")};

@@ -19,7 +19,7 @@ PullRequestKit::RepositorySummary repositoryOf(
 /// A picker of 420 by 600 over a model among fakes, which knows these repositories from its cache.
 class PickerTest : public TestSupport::ModelTest {
 protected:
-    /// fenland: compass, harbour-9 and harbour-10; northmere: almanac, beacon and quay.
+    /// fenland: capstan, harbour-9 and harbour-10; northmere: almanac, beacon and quay.
     static std::vector<PullRequestKit::RepositorySummary> someRepositories();
 
     /// Opens the picker and waits until it has the focus.

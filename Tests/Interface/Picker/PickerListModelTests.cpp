@@ -205,9 +205,9 @@ TEST_F(PickerListModelTests, repositoriesThatComeLaterAreSelectedAsTheSelectionS
 
 TEST_F(PickerListModelTests, findsEveryWordInTheFullNameWithoutRegardToLetterCase)
 {
-    model.setRepositories(named({"Fenland/Compass", "fenland/harbour", "northmere/compass"}));
-    model.setFindText(QStringLiteral("compass FEN"));
-    EXPECT_THAT(textsOf(model), ElementsAre("Fenland", "Compass"));
+    model.setRepositories(named({"Fenland/Capstan", "fenland/harbour", "northmere/capstan"}));
+    model.setFindText(QStringLiteral("capstan FEN"));
+    EXPECT_THAT(textsOf(model), ElementsAre("Fenland", "Capstan"));
     model.setFindText(QStringLiteral("d/h"));
     EXPECT_THAT(textsOf(model), ElementsAre("fenland", "harbour"));
     model.setFindText(QStringLiteral("nowhere"));

@@ -46,7 +46,7 @@ TEST_F(PickerListViewTests, ownersAndTheirRepositoriesLieBelowEachOther)
         rows(),
         ElementsAre(
             "fenland:",
-            "compass",
+            "capstan",
             "harbour-9",
             "harbour-10",
             "northmere:",
@@ -62,12 +62,12 @@ TEST_F(PickerListViewTests, aClickAnywhereOnARepositoryTogglesIt)
 {
     open(someRepositories());
     click(QPoint(24, 32 + 24));
-    EXPECT_THAT(selected(), ElementsAre("fenland/compass"));
+    EXPECT_THAT(selected(), ElementsAre("fenland/capstan"));
     click(QPoint(300, 32 + 48 + 4));
-    EXPECT_THAT(selected(), ElementsAre("fenland/compass", "fenland/harbour-9"));
+    EXPECT_THAT(selected(), ElementsAre("fenland/capstan", "fenland/harbour-9"));
     click(QPoint(24, 32 + 24));
     EXPECT_THAT(selected(), ElementsAre("fenland/harbour-9"));
-    EXPECT_EQ(current(), "compass");
+    EXPECT_EQ(current(), "capstan");
 }
 
 TEST_F(PickerListViewTests, twoQuickClicksToggleTwice)
@@ -75,7 +75,7 @@ TEST_F(PickerListViewTests, twoQuickClicksToggleTwice)
     open(someRepositories());
     click(QPoint(24, 50));
     QTest::mouseDClick(list()->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(24, 50));
-    EXPECT_THAT(selected(), ElementsAre("fenland/compass"));
+    EXPECT_THAT(selected(), ElementsAre("fenland/capstan"));
 }
 
 TEST_F(PickerListViewTests, aPressThatEndsInAnotherRowDoesNothing)
@@ -94,7 +94,7 @@ TEST_F(PickerListViewTests, anOwnersButtonIsPressedButNotTheRestOfItsLabel)
     EXPECT_THAT(selected(), IsEmpty());
     click(QPoint(400, 16));
     EXPECT_THAT(
-        selected(), ElementsAre("fenland/compass", "fenland/harbour-10", "fenland/harbour-9"));
+        selected(), ElementsAre("fenland/capstan", "fenland/harbour-10", "fenland/harbour-9"));
     click(QPoint(400, 16));
     EXPECT_THAT(selected(), IsEmpty());
 }
@@ -103,7 +103,7 @@ TEST_F(PickerListViewTests, arrowsHomeAndEndMove)
 {
     open(someRepositories());
     list()->enter();
-    EXPECT_EQ(current(), "compass");
+    EXPECT_EQ(current(), "capstan");
     key(Qt::Key_Down);
     EXPECT_EQ(current(), "harbour-9");
     key(Qt::Key_Up);
@@ -136,7 +136,7 @@ TEST_F(PickerListViewTests, spaceTogglesARepository)
     open(someRepositories());
     list()->enter();
     key(Qt::Key_Space);
-    EXPECT_THAT(selected(), ElementsAre("fenland/compass"));
+    EXPECT_THAT(selected(), ElementsAre("fenland/capstan"));
     key(Qt::Key_Space);
     EXPECT_THAT(selected(), IsEmpty());
     key(Qt::Key_Return);
@@ -259,7 +259,7 @@ TEST_F(PickerListViewTests, thePointerTellsTheButton)
 
 TEST_F(PickerListViewTests, rowsAreListItemsForScreenReaders)
 {
-    open(someRepositories(), {"fenland/compass"});
+    open(someRepositories(), {"fenland/capstan"});
     QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(list());
     ASSERT_NE(accessible, nullptr);
     EXPECT_EQ(accessible->role(), QAccessible::List);
@@ -268,7 +268,7 @@ TEST_F(PickerListViewTests, rowsAreListItemsForScreenReaders)
     EXPECT_EQ(owner->role(), QAccessible::ListItem);
     EXPECT_EQ(owner->text(QAccessible::Name), QStringLiteral("fenland, Select All"));
     QAccessibleInterface* const repository = accessible->child(1);
-    EXPECT_EQ(repository->text(QAccessible::Name), QStringLiteral("fenland/compass, Public, Rust"));
+    EXPECT_EQ(repository->text(QAccessible::Name), QStringLiteral("fenland/capstan, Public, Rust"));
     EXPECT_TRUE(repository->state().checked);
     EXPECT_FALSE(accessible->child(2)->state().checked);
     EXPECT_EQ(

@@ -19,7 +19,7 @@ protected:
         }
         open(
             repositories,
-            {"fenland/compass",
+            {"fenland/capstan",
              "fenland/harbour-9",
              "fenland/harbour-10",
              "northmere/beacon",

@@ -34,7 +34,7 @@ protected:
 
 TEST_F(RepositoryPickerTests, saysWhatItIsFor)
 {
-    open(someRepositories(), {"fenland/compass", "gone/away"});
+    open(someRepositories(), {"fenland/capstan", "gone/away"});
     EXPECT_EQ(textOf("repositoryPickerTitle"), QStringLiteral("Repositories"));
     EXPECT_EQ(part<QAbstractButton>("done")->text(), QStringLiteral("Done"));
     EXPECT_EQ(textOf("projectDirectoryTitle"), QStringLiteral("Project Directory"));
@@ -111,11 +111,11 @@ TEST_F(RepositoryPickerTests, selectAllAndSelectNone)
     press("selectAll");
     EXPECT_EQ(selected().size(), 6U);
     EXPECT_EQ(textOf("selectedCount"), QStringLiteral("6 selected"));
-    EXPECT_EQ(rows().at(1), "compass+");
+    EXPECT_EQ(rows().at(1), "capstan+");
     press("selectNone");
     EXPECT_THAT(selected(), IsEmpty());
     EXPECT_EQ(textOf("selectedCount"), QStringLiteral("0 selected"));
-    EXPECT_EQ(rows().at(1), "compass");
+    EXPECT_EQ(rows().at(1), "capstan");
 }
 
 TEST_F(RepositoryPickerTests, aSelectionIsStored)
@@ -169,9 +169,9 @@ TEST_F(RepositoryPickerTests, withoutRepositoriesItSaysSo)
 TEST_F(RepositoryPickerTests, repositoriesAppearWhenTheyAreKnown)
 {
     open({});
-    provider->setRepositories({"fenland/compass"});
+    provider->setRepositories({"fenland/capstan"});
     refresh();
-    EXPECT_THAT(rows(), ElementsAre("fenland:", "compass"));
+    EXPECT_THAT(rows(), ElementsAre("fenland:", "capstan"));
     EXPECT_TRUE(isShown("repositories"));
     EXPECT_FALSE(isShown("noRepositories"));
 }
@@ -271,7 +271,7 @@ TEST_F(RepositoryPickerTests, aChangedSelectionLeavesAHalfTypedPathAlone)
     open(someRepositories());
     directoryField()->setFocus();
     QTest::keyClicks(directoryField(), QStringLiteral("/srv"));
-    model->toggleRepository("fenland/compass");
+    model->toggleRepository("fenland/capstan");
     EXPECT_EQ(directoryField()->text(), QStringLiteral("/srv"));
 }
 
