@@ -22,6 +22,7 @@ class PackageUpdateTest(UpdateTest):
 
     def setUp(self):
         super().setUp()
+        self.program_file = os.path.join(WITH_UPDATES, "tarnwick")
         self.programs.record("xdg-open")
         self.server.offer("99.0", self.new, name=PACKAGE)
         self.make_databases()
@@ -41,7 +42,7 @@ class PackageUpdateTest(UpdateTest):
         installed = STANZA.format(version="0.1.0") + "Status: install ok installed\n"
         status = self.write(os.path.join(dpkg, "status"), installed)
         self.write(os.path.join(info, "format"), "1\n")
-        self.write(os.path.join(info, "tarnwick.list"), os.path.join(WITH_UPDATES, "tarnwick\n"))
+        self.write(os.path.join(info, "tarnwick.list"), self.program_file + "\n")
         configuration = self.write(
             os.path.join(self.folder("apt"), "apt.conf"),
             f"""Dir "{self.folder("apt")}";
@@ -75,14 +76,6 @@ APT::Sandbox::User "";
             capture_output=True,
             check=True,
         )
-
-    def start(self, *arguments):
-        self.start_github()
-        self.select("harbourlight/tide-tables")
-        program = self.session.processes.start(os.path.join(WITH_UPDATES, "tarnwick"), *arguments)
-        self.reader = self.accessibility()
-        self.wait_for_name()
-        return program
 
     def opened(self):
         return [arguments[0] for arguments in self.programs.arguments("xdg-open")]

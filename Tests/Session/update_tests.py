@@ -40,6 +40,7 @@ class UpdateTest(SessionTest):
         os.chmod(self.appimage, 0o750)
         self.new = self.version("new")
         self.server.offer("99.0", self.new, notes="&lt;p&gt;Calmer &amp;amp; faster.&lt;/p&gt;")
+        self.program_file = self.appimage
         self.reader = None
 
     def version(self, name):
@@ -59,7 +60,7 @@ class UpdateTest(SessionTest):
     def start(self, *arguments):
         self.start_github()
         self.select("harbourlight/tide-tables")
-        program = self.session.processes.start(self.appimage, *arguments)
+        program = self.session.processes.start(self.program_file, *arguments)
         self.reader = self.accessibility()
         self.wait_for_name()
         return program
