@@ -111,7 +111,7 @@ void PullRequestMenuModel::showLastList()
     if (!list) {
         return;
     }
-    _rows = std::make_shared<const std::vector<PullRequestRow>>(std::move(list->rows));
+    setRows(std::move(list->rows));
     _allPullRequests =
         std::make_shared<const std::vector<PullRequest>>(std::move(list->snapshot.pullRequests));
     _repositories = std::move(list->snapshot.repositories);

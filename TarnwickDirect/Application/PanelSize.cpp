@@ -1,8 +1,8 @@
 #include "TarnwickDirect/Application/PanelSize.h"
 
-#include <charconv>
+#include <QStringList>
+
 #include <optional>
-#include <string_view>
 
 namespace TarnwickDirect::PanelSize {
 namespace {
@@ -12,26 +12,20 @@ const QString key = QStringLiteral("panel.size");
 
 constexpr QSizeF firstSize(440, 620);
 
-/// A number of two to five digits as it is written.
-std::optional<int> length(std::string_view text)
+QString textOf(const QSize& size)
 {
-    int number = 0;
-    const char* const first = text.data();
-    const char* const end = first + text.size();
-    const auto [rest, error] = std::from_chars(first, end, number);
-    const bool isPlain = error == std::errc() && rest == end && text.front() != '0';
-    return isPlain && number >= 10 && number <= 99'999 ? std::optional(number) : std::nullopt;
+    return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
 }
 
-std::optional<QSize> parsed(std::string_view text)
+/// Nothing unless it is as `textOf` writes it.
+std::optional<QSize> parsed(const QString& text)
 {
-    const std::size_t cross = text.find('x');
-    if (cross == std::string_view::npos) {
-        return std::nullopt;
-    }
-    const auto width = length(text.substr(0, cross));
-    const auto height = length(text.substr(cross + 1));
-    return width && height ? std::optional(QSize(*width, *height)) : std::nullopt;
+    constexpr int least = 10;
+    constexpr int most = 99'999;
+    const QStringList lengths = text.split(QLatin1Char('x'));
+    const QSize size(lengths.value(0).toInt(), lengths.value(1).toInt());
+    const bool isSensible = size.boundedTo({most, most}).expandedTo({least, least}) == size;
+    return isSensible && textOf(size) == text ? std::optional(size) : std::nullopt;
 }
 
 }  // namespace
@@ -39,14 +33,13 @@ std::optional<QSize> parsed(std::string_view text)
 QSize read(const Tarnwick::DefaultsStore& store, double textScale)
 {
     const auto text = Tarnwick::readText(store, key);
-    const auto size = text ? parsed(*text) : std::nullopt;
+    const auto size = text ? parsed(QString::fromStdString(*text)) : std::nullopt;
     return size.value_or((firstSize * textScale).toSize());
 }
 
 void write(Tarnwick::DefaultsStore& store, const QSize& size)
 {
-    const QString text = QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
-    Tarnwick::writeText(store, key, text.toStdString());
+    Tarnwick::writeText(store, key, textOf(size).toStdString());
 }
 
 }  // namespace TarnwickDirect::PanelSize

@@ -24,18 +24,6 @@ QFont::Weight qtWeight(TextWeight weight)
     return QFont::Normal;
 }
 
-/// Nothing is copied: Qt and FreeType read the font where the bundle is mapped.
-void registerFont(const QString& file)
-{
-    const QResource font(file);
-    if (font.compressionAlgorithm() != QResource::NoCompression) {
-        QFontDatabase::addApplicationFont(file);
-        return;
-    }
-    QFontDatabase::addApplicationFontFromData(
-        QByteArray::fromRawData(reinterpret_cast<const char*>(font.data()), font.size()));
-}
-
 }  // namespace
 
 void registerBundledFonts()
@@ -48,7 +36,8 @@ void registerBundledFonts()
     AppResources::bundle();
     for (const QString& file :
          AppResources::files(QStringLiteral("Fonts"), QStringLiteral("ttf"))) {
-        registerFont(file);
+        // Nothing is copied: Qt and FreeType read the font where the bundle is mapped.
+        QFontDatabase::addApplicationFontFromData(QResource(file).uncompressedData());
     }
 }
 
