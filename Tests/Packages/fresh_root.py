@@ -9,7 +9,6 @@ import tempfile
 from place import run
 
 RELEASE = "bookworm"
-MIRROR = "http://deb.debian.org/debian"
 
 USER = "somebody"
 # One that no user of the machine is likely to have.
@@ -59,7 +58,7 @@ def base_folder():
         coming = f"{base}.new"
         shutil.rmtree(coming, ignore_errors=True)
         os.makedirs(cache_folder(), exist_ok=True)
-        checked("debootstrap", "--variant=minbase", RELEASE, coming, MIRROR)
+        checked("debootstrap", "--variant=minbase", RELEASE, coming)
         os.rename(coming, base)
     return base
 
