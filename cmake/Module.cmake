@@ -1,6 +1,15 @@
 # A module sees its own headers and those of the modules it names, and no others: every module has
 # an include directory of its own in the build tree that holds one link, to the module's folder.
 
+# Lists the files of a FOLDER that match a PATTERN, and configures again when a file comes or goes. The
+# folder's own time tells; with CONFIGURE_DEPENDS every build would list it anew, and "ninja -n" could
+# not tell that there is nothing to do.
+function(tarnwick_glob variable folder pattern)
+    file(GLOB found "${folder}/${pattern}")
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${folder}")
+    set(${variable} "${found}" PARENT_SCOPE)
+endfunction()
+
 # A second library of the same folder gives the FOLDER's name.
 function(tarnwick_module name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER" "SOURCES;HEADERS;PUBLIC;PRIVATE;PRECOMPILE")

@@ -16,11 +16,13 @@ if(stagingFailed)
         "The program is built without Geist and Octicons: it uses the desktop's font, and a "
         "placeholder stands for those icons. Configure again once they can be fetched.")
 endif()
+# Staging puts another folder in its place, which configures again.
+file(MAKE_DIRECTORY "${TARNWICK_ASSETS}")
 
 function(tarnwick_resource_bundle target)
-    file(GLOB drawings CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/Resources/*.svg")
-    file(GLOB icons CONFIGURE_DEPENDS "${TARNWICK_ASSETS}/*.svg")
-    file(GLOB fonts CONFIGURE_DEPENDS "${TARNWICK_ASSETS}/Fonts/*.ttf")
+    tarnwick_glob(drawings "${CMAKE_CURRENT_SOURCE_DIR}/Resources" "*.svg")
+    tarnwick_glob(icons "${TARNWICK_ASSETS}" "*.svg")
+    file(GLOB fonts "${TARNWICK_ASSETS}/Fonts/*.ttf")
     set(entries "")
     foreach(file IN LISTS drawings icons)
         get_filename_component(name "${file}" NAME)

@@ -15,6 +15,7 @@ SIGNED_OUT = (
     '"gh auth login" signs in.\n'
 )
 NO_DISPLAY = "tools/run: There is no display for the panel, so this is the list.\n"
+BUILDING = "tools/run: Building…\n"
 SHOWS_SAMPLE = (
     "tools/run: The panel shows the sample GitHub (scenario everyday) until you choose Quit or "
     "press Ctrl+C here.\n"
@@ -22,6 +23,17 @@ SHOWS_SAMPLE = (
 SHOWS_OWN = (
     "tools/run: The panel shows your pull requests until you choose Quit or press Ctrl+C here.\n"
 )
+
+
+# Takes the place of the program's own build, which takes minutes; the tools that build are the real ones.
+BUILD = f"""cmake_minimum_required(VERSION 3.25)
+project(Tree LANGUAGES NONE)
+include("{ROOT}/cmake/Module.cmake")
+tarnwick_glob(sources "${{CMAKE_SOURCE_DIR}}/sources" "*.txt")
+add_custom_command(OUTPUT built DEPENDS ${{sources}} COMMAND "${{CMAKE_COMMAND}}" -E touch built)
+add_custom_target(tarnwick DEPENDS built)
+add_custom_target(tarnwick-sample-github DEPENDS built)
+"""
 
 
 class ToolsTest(SessionTest):
@@ -32,30 +44,31 @@ class ToolsTest(SessionTest):
 
     def _lay_out_tree(self):
         """A source folder in which nothing is left to install or to build."""
-        release = os.path.join(self.tree, "build", "release")
-        os.makedirs(release)
-        os.makedirs(os.path.join(self.tree, "tools"))
-        shutil.copy(os.path.join(ROOT, "tools", "run"), os.path.join(self.tree, "tools", "run"))
-        screenshot = os.path.join("tools", "screenshot")
-        os.symlink(os.path.join(ROOT, screenshot), os.path.join(self.tree, screenshot))
-        os.symlink(PROGRAMS, os.path.join(release, "bin"))
-        with open(os.path.join(release, "build.ninja"), "w", encoding="utf-8"):
-            pass
-        self._write_program(os.path.join(self.tree, "tools", "setup"), "true")
-        programs = os.path.join(self.tree, "programs")
-        os.makedirs(programs)
-        self._write_program(os.path.join(programs, "ninja"), "echo 'ninja: no work to do.'")
-        environment = self.session.environment
-        environment["PATH"] = f"{programs}:{environment['PATH']}"
+        self.write("CMakeLists.txt", BUILD)
+        self.write("sources/one.txt", "")
+        for name in ("CMakePresets.json", "tools/configure", "tools/run"):
+            os.makedirs(os.path.dirname(self.path(name)), exist_ok=True)
+            shutil.copy(os.path.join(ROOT, name), self.path(name))
+        os.symlink(os.path.join(ROOT, "tools", "screenshot"), self.path("tools/screenshot"))
+        self.write("tools/setup", "#!/bin/sh\n")
+        os.chmod(self.path("tools/setup"), 0o755)
+        for command in (self.path("tools/configure"),), ("ninja", "-C", self.path("build/release"), "tarnwick"):
+            done = self.session.processes.run(*command)
+            self.assertEqual(done.returncode, 0, done.stderr)
+        os.symlink(PROGRAMS, self.path("build/release/bin"))
 
-    def _write_program(self, path, line):
-        with open(path, "w", encoding="utf-8") as file:
-            file.write(f"#!/bin/sh\n{line}\n")
-        os.chmod(path, 0o755)
+    def path(self, name):
+        """Of a file of the source folder."""
+        return os.path.join(self.tree, name)
+
+    def write(self, name, text):
+        os.makedirs(os.path.dirname(self.path(name)), exist_ok=True)
+        with open(self.path(name), "w", encoding="utf-8") as file:
+            file.write(text)
 
     @property
     def tools_run(self):
-        return os.path.join(self.tree, "tools", "run")
+        return self.path("tools/run")
 
     def start(self, *arguments, environment=None):
         return self.session.processes.start(self.tools_run, *arguments, environment=environment)
@@ -143,6 +156,54 @@ class RunTests(ToolsTest):
                 answer.stderr,
                 "tools/run: --scenario wants the name of a scenario, such as everyday.\n",
             )
+
+
+class BuildTests(ToolsTest):
+    """What it says and does before the program starts."""
+
+    def said(self):
+        answer = self.run_to_end("--version", environment={"DISPLAY": None})
+        self.assertEqual(answer.returncode, 0, answer.stderr)
+        self.assertRegex(answer.stdout, r"^tarnwick \d")
+        return answer.stderr
+
+    def make_newer(self, name):
+        """Than all that has been built, by more than the grain of a file system's clock."""
+        later = os.stat(self.path("build/release/built")).st_mtime_ns + 20_000_000
+        os.utime(self.path(name), ns=(later, later))
+
+    def testItBuildsOnlyWhatHasChanged(self):
+        self.assertEqual(self.said(), "")
+        self.make_newer("sources/one.txt")
+        self.assertEqual(self.said(), BUILDING)
+
+    def testASourceThatComesOrGoesIsSeen(self):
+        self.write("sources/two.txt", "")
+        self.make_newer("sources")
+        self.assertEqual(self.said(), BUILDING)
+        self.make_newer("sources/two.txt")
+        self.assertEqual(self.said(), BUILDING)
+
+    def testChangedPresetsTakeEffect(self):
+        self.make_newer("CMakePresets.json")
+        self.assertTrue(self.said().startswith("tools/run: Configuring…\n"))
+
+    def testTestsStayOutUnlessTheyWereConfiguredByHand(self):
+        cache = self.path("build/release/CMakeCache.txt")
+        for value in ("OFF", "ON"):
+            done = self.session.processes.run("cmake", f"-DTARNWICK_TESTS={value}", self.path("build/release"))
+            self.assertEqual(done.returncode, 0, done.stderr)
+            done = self.session.processes.run(self.path("tools/configure"))
+            self.assertEqual(done.returncode, 0, done.stderr)
+            with open(cache, encoding="utf-8") as file:
+                self.assertRegex(file.read(), rf"(?m)^TARNWICK_TESTS:\w+={value}$")
+
+    def testNinjaCanTellOfTheWholeBuildWhetherThereIsWork(self):
+        """It cannot where globs are to be checked, which it would say here."""
+        answer = self.session.processes.run("ninja", "-C", os.path.dirname(PROGRAMS), "-n", "tarnwick")
+        self.assertEqual(answer.returncode, 0, answer.stdout)
+        self.assertNotIn("globbed", answer.stdout)
+        self.assertRegex(answer.stdout, r"\bno work to do\b|^\[\d+/\d+\]")
 
 
 class ScreenshotTests(ToolsTest):
