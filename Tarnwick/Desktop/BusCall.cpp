@@ -11,14 +11,16 @@ namespace Tarnwick {
 QFuture<QDBusMessage> callBus(
     const QDBusConnection& bus, const QDBusMessage& message, std::chrono::milliseconds limit)
 {
-    if (!bus.isConnected()) {
-        // A call on such a bus never ends (Qt 6.4).
-        return QtFuture::makeReadyFuture(QDBusMessage::createError(
-            QDBusError::errorString(QDBusError::Disconnected),
-            QStringLiteral("The bus is not connected.")));
-    }
     const auto promise = std::make_shared<QPromise<QDBusMessage>>();
     promise->start();
+    if (!bus.isConnected()) {
+        // A call on such a bus never ends (Qt 6.4).
+        promise->addResult(QDBusMessage::createError(
+            QDBusError::errorString(QDBusError::Disconnected),
+            QStringLiteral("The bus is not connected.")));
+        promise->finish();
+        return promise->future();
+    }
     auto* const watcher =
         new QDBusPendingCallWatcher(bus.asyncCall(message, static_cast<int>(limit.count())));
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [promise, watcher] {

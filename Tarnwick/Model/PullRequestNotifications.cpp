@@ -2,12 +2,26 @@
 
 #include <QCoro/QCoroFuture>
 #include <QPointer>
+#include <QPromise>
 
 #include <utility>
 
 namespace Tarnwick {
 
 using PullRequestKit::PullRequest;
+
+namespace {
+
+/// Qt 6.4 and Qt 6.8 have no common function for this that is not deprecated.
+QFuture<void> finishedFuture()
+{
+    QPromise<void> promise;
+    promise.start();
+    promise.finish();
+    return promise.future();
+}
+
+}  // namespace
 
 const PullRequestNotifications::Switch PullRequestNotifications::unblocked{
     &Settings::unblockedNotificationsEnabled, &SettingsStore::setUnblockedNotificationsEnabled};
@@ -20,7 +34,7 @@ PullRequestNotifications::PullRequestNotifications(
     : _notifier(std::move(notifier))
     , _settings(settings)
     , _store(store)
-    , _prepared(QtFuture::makeReadyFuture())
+    , _prepared(finishedFuture())
 {}
 
 void PullRequestNotifications::dismissSettingsChange()
