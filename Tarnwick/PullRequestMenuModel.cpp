@@ -1,7 +1,6 @@
 #include "Tarnwick/PullRequestMenuModel.h"
 
 #include "Tarnwick/Model/OpenInEditor.h"
-#include "Tarnwick/Model/RowFilter.h"
 
 #include <utility>
 
@@ -111,7 +110,7 @@ void PullRequestMenuModel::showLastList()
     if (!list) {
         return;
     }
-    setRows(std::move(list->rows));
+    setRows(std::move(list->rows), list->hidden);
     _allPullRequests =
         std::make_shared<const std::vector<PullRequest>>(std::move(list->snapshot.pullRequests));
     _repositories = std::move(list->snapshot.repositories);
@@ -127,14 +126,25 @@ void PullRequestMenuModel::showLastList()
 
 void PullRequestMenuModel::rebuildRows()
 {
-    setRows(filteredRows(*_allPullRequests, _settings));
+    FilteredRows list = filteredRows(*_allPullRequests, _settings);
+    setRows(std::move(list.rows), list.hidden);
 }
 
-void PullRequestMenuModel::setRows(std::vector<PullRequestRow> rows)
+SharedRows PullRequestMenuModel::rowsWithHidden() const
 {
+    return std::make_shared<const std::vector<PullRequestRow>>(
+        Tarnwick::rowsWithHidden(*_allPullRequests, _settings));
+}
+
+void PullRequestMenuModel::setRows(std::vector<PullRequestRow> rows, HiddenCounts hidden)
+{
+    const HiddenCounts previous = std::exchange(_hidden, hidden);
     if (*_rows != rows) {
         _rows = std::make_shared<const std::vector<PullRequestRow>>(std::move(rows));
         Q_EMIT rowsChanged();
+    }
+    if (previous.total() > 0 || hidden.total() > 0) {
+        Q_EMIT hiddenChanged();
     }
 }
 

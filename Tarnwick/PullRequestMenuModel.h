@@ -11,6 +11,7 @@
 #include "Tarnwick/Model/PullRequestNotifications.h"
 #include "Tarnwick/Model/ReadAhead.h"
 #include "Tarnwick/Model/RefreshResult.h"
+#include "Tarnwick/Model/RowFilter.h"
 #include "Tarnwick/Model/SettingsOperations.h"
 #include "Tarnwick/Persistence/DefaultsStore.h"
 #include "Tarnwick/Persistence/SnapshotWriter.h"
@@ -60,6 +61,18 @@ public:
 
     /// The same, for whoever needs them after the next change. Not null.
     const SharedRows& sharedRows() const { return _rows; }
+
+    /// How many pull requests of the selected repositories are not in `rows`, and why.
+    const HiddenCounts& hidden() const { return _hidden; }
+
+    /// The rows together with the hidden ones in their places, worked out at each call. Not null.
+    SharedRows rowsWithHidden() const;
+
+    /// Whether a fetched pull request is in sight by the filters as they are now.
+    Sight sightOf(const PullRequestKit::PullRequest& pullRequest) const
+    {
+        return Tarnwick::sightOf(pullRequest, _settings);
+    }
 
     const std::vector<PullRequestKit::RepositorySummary>& repositories() const
     {
@@ -131,6 +144,9 @@ public:
 
     void toggleMergeability(MergeabilityFilter value) { _operations.toggleMergeability(value); }
 
+    /// Sets every filter to its default but for the selection of repositories.
+    void resetFilters() { _operations.resetFilters(); }
+
     /// Fetches anew, because other pull requests are asked for. Nothing happens when the value is
     /// the current one.
     void setReviewerFilter(ReviewerFilter value) { _operations.setReviewerFilter(value); }
@@ -154,6 +170,8 @@ public:
 Q_SIGNALS:
     void stateChanged();
     void rowsChanged();
+    /// Another number of pull requests is hidden, or others are, or they changed.
+    void hiddenChanged();
     void repositoriesChanged();
     void accountChanged();
     void lastRefreshedChanged();
@@ -176,7 +194,7 @@ private:
 
     void showLastList();
     void rebuildRows();
-    void setRows(std::vector<PullRequestKit::PullRequestRow> rows);
+    void setRows(std::vector<PullRequestKit::PullRequestRow> rows, HiddenCounts hidden);
 
     QCoro::Task<> refreshUntilStopped(std::stop_token stopToken);
     void begin(const std::stop_token& stopToken);
@@ -204,6 +222,7 @@ private:
 
     MenuState _state;
     SharedRows _rows;
+    HiddenCounts _hidden;
     std::vector<PullRequestKit::RepositorySummary> _repositories;
     std::optional<std::string> _account;
     std::optional<PullRequestKit::Date> _lastRefreshed;

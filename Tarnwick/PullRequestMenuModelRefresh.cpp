@@ -131,7 +131,7 @@ void PullRequestMenuModel::cannotAsk(MenuState::Kind kind, const std::string& me
             &PullRequestMenuModel::refreshErrorChanged);
         return;
     }
-    setRows({});
+    setRows({}, {});
     assign(_state, {kind, message}, &PullRequestMenuModel::stateChanged);
 }
 
@@ -149,7 +149,7 @@ void PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
             {start.account, std::make_shared<const Settings>(_settings), _allPullRequests});
     }
     _allPullRequests = result.pullRequests;
-    setRows(std::move(result.rows));
+    setRows(std::move(result.rows), result.hidden);
     assign(_shortfall, result.shortfall, &PullRequestMenuModel::shortfallChanged);
     const Date now = _parts.clock->now();
     assign(_lastRefreshed, now, &PullRequestMenuModel::lastRefreshedChanged);

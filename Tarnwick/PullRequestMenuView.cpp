@@ -79,6 +79,7 @@ void PullRequestMenuView::panelShown()
 void PullRequestMenuView::panelHidden()
 {
     closeFind();
+    setShowsHidden(false);
 }
 
 void PullRequestMenuView::connectHeader()
@@ -111,6 +112,8 @@ void PullRequestMenuView::connectList()
     connect(_list, &PullRequestListView::openRequested, this, &PullRequestMenuView::open);
     connect(_list, &PullRequestListView::openInEditorRequested, _editorFlow, &EditorFlow::open);
     connect(_list, &PullRequestListView::findRequested, this, &PullRequestMenuView::openFind);
+    connect(_content, &ContentArea::showHiddenRequested, this, &PullRequestMenuView::toggleHidden);
+    connect(_footer, &PanelFooter::hiddenToggled, this, &PullRequestMenuView::toggleHidden);
     connect(_alerts, &PanelAlerts::shownChanged, this, &PullRequestMenuView::updateUse);
     connect(_editorFlow, &EditorFlow::externalActionErrorChanged, this, [this] {
         if (_editorFlow->externalActionError()) {
@@ -137,7 +140,10 @@ void PullRequestMenuView::connectModel()
 {
     connect(&_model, &PullRequestMenuModel::rowsChanged, this, &PullRequestMenuView::showRows);
     connect(&_model, &PullRequestMenuModel::visitsChanged, this, &PullRequestMenuView::showRows);
+    connect(
+        &_model, &PullRequestMenuModel::hiddenChanged, this, &PullRequestMenuView::followHidden);
     showRows();
+    followHidden();
 
     const auto showRefreshed = [this] { _footer->setRefreshed(_model.lastRefreshed()); };
     connect(&_model, &PullRequestMenuModel::lastRefreshedChanged, this, showRefreshed);
@@ -146,22 +152,57 @@ void PullRequestMenuView::connectModel()
 
 void PullRequestMenuView::showRows()
 {
-    const SharedRows& rows = _model.sharedRows();
+    const SharedRows rows = _showsHidden ? _model.rowsWithHidden() : _model.sharedRows();
     std::vector<ListedRow> listed;
     listed.reserve(rows->size());
     for (const PullRequestKit::PullRequestRow& row : *rows) {
-        listed.push_back({{rows, &row}, _model.visits().isVisited(row.pullRequest)});
+        const bool isVisited = _model.visits().isVisited(row.pullRequest);
+        const Sight sight = _showsHidden ? _model.sightOf(row.pullRequest) : Sight::inSight;
+        listed.push_back({{rows, &row}, isVisited, sight});
     }
     _rows->setRows(std::move(listed));
     showCount();
 }
 
+void PullRequestMenuView::followHidden()
+{
+    const HiddenCounts& hidden = _model.hidden();
+    const bool hadFocus = _footer->isAncestorOf(focusWidget());
+    if (_showsHidden) {
+        if (hidden.total() == 0) {
+            setShowsHidden(false);
+        } else {
+            showRows();
+        }
+    }
+    _footer->setHidden(hidden, _showsHidden);
+    if (hadFocus && hidden.total() == 0) {
+        _content->setFocus();
+    }
+}
+
+void PullRequestMenuView::toggleHidden()
+{
+    setShowsHidden(!_showsHidden && _model.hidden().total() > 0);
+}
+
+void PullRequestMenuView::setShowsHidden(bool showsHidden)
+{
+    if (_showsHidden == showsHidden) {
+        return;
+    }
+    _showsHidden = showsHidden;
+    _list->holdRows();
+    showRows();
+    _content->setShowsHidden(showsHidden);
+    _footer->setHidden(_model.hidden(), showsHidden);
+}
+
 void PullRequestMenuView::showCount()
 {
-    const int shown = _rows->rowCount();
-    _footer->setCount(static_cast<std::size_t>(shown));
+    _footer->setCount(static_cast<std::size_t>(_rows->countInSight()));
     if (_findBar != nullptr) {
-        _findBar->setMatches(shown, _rows->totalCount());
+        _findBar->setMatches(_rows->rowCount(), _rows->totalCount());
     }
 }
 
@@ -259,6 +300,9 @@ void PullRequestMenuView::keyPressEvent(QKeyEvent* event)
         return;
     }
     switch (event->key()) {
+    case Qt::Key_H:
+        toggleHidden();
+        break;
     case Qt::Key_R:
         _model.refresh();
         break;

@@ -63,6 +63,9 @@ private:
     void connectModel();
 
     void showRows();
+    void followHidden();
+    void toggleHidden();
+    void setShowsHidden(bool showsHidden);
     void showCount();
     void showMenu();
     void showRepositories();
@@ -80,6 +83,7 @@ private:
     PanelHeader* _header;
     QVBoxLayout* _column = nullptr;  ///< Of the page.
     FindBar* _findBar = nullptr;     ///< From when something was first to be found.
+    bool _showsHidden = false;       ///< What is hidden stands in the list, dimmed.
     PullRequestListModel* _rows;
     PullRequestListView* _list;
     ContentArea* _content;

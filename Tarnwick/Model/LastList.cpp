@@ -16,8 +16,8 @@ std::optional<LastList> lastList(
         return std::nullopt;
     }
     snapshot->pullRequests = PullRequestKit::uniquePullRequests(std::move(snapshot->pullRequests));
-    auto rows = filteredRows(snapshot->pullRequests, settings);
-    return LastList{std::move(*snapshot), std::move(rows)};
+    FilteredRows list = filteredRows(snapshot->pullRequests, settings);
+    return LastList{std::move(*snapshot), std::move(list.rows), list.hidden};
 }
 
 }  // namespace Tarnwick

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PullRequestKit/PullRequestRow.h"
+#include "Tarnwick/Model/HiddenCounts.h"
 #include "Tarnwick/Model/Settings.h"
 #include "Tarnwick/Persistence/CachedPullRequestSnapshot.h"
 
@@ -13,6 +14,7 @@ namespace Tarnwick {
 struct LastList {
     CachedPullRequestSnapshot snapshot;  ///< Each pull request once.
     std::vector<PullRequestKit::PullRequestRow> rows;
+    HiddenCounts hidden;
 };
 
 /// What of the snapshot the settings leave. Nothing when there is no snapshot, or it was taken for

@@ -42,7 +42,9 @@ RefreshResult refreshResult(FetchedPullRequests fetched, const RefreshStart& sta
 RefreshResult refreshResult(RefreshResult result, const RefreshStart& start)
 {
     const Settings& settings = *start.settings;
-    result.rows = filteredRows(*result.pullRequests, settings);
+    FilteredRows list = filteredRows(*result.pullRequests, settings);
+    result.rows = std::move(list.rows);
+    result.hidden = list.hidden;
     result.unblocked = newlyUnblockedPullRequests(*result.pullRequests, *start.previous);
     result.baseline = makeBaseline(notificationScope(start.account, settings), result.rows, {});
     CachedPullRequestSnapshot& snapshot = result.snapshot;

@@ -2,6 +2,7 @@
 
 #include "PullRequestKit/PullRequestRow.h"
 #include "Tarnwick/Model/Fetch.h"
+#include "Tarnwick/Model/HiddenCounts.h"
 #include "Tarnwick/Model/NotificationDecisions.h"
 #include "Tarnwick/Persistence/CachedPullRequestSnapshot.h"
 
@@ -25,6 +26,7 @@ struct RefreshStart {
 struct RefreshResult {
     SharedPullRequests pullRequests;                   ///< Not null.
     std::vector<PullRequestKit::PullRequestRow> rows;  ///< What the settings leave.
+    HiddenCounts hidden;                               ///< What they hide.
     std::vector<PullRequestKit::PullRequest> unblocked;
     NewPullRequestBaseline baseline;     ///< Its time is still to be set.
     CachedPullRequestSnapshot snapshot;  ///< Likewise.

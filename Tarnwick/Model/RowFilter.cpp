@@ -70,24 +70,48 @@ ChecksFilter checksCase(const ProgressCount& checks)
     return checks.completed == checks.total ? ChecksFilter::pass : ChecksFilter::pending;
 }
 
-bool passesFilters(const PullRequest& pullRequest, const Settings& settings)
+Sight sightOf(const PullRequest& pullRequest, const Settings& settings)
 {
-    return settings.selectedRepositories.contains(pullRequest.id.repository)
-           && passesStatus(pullRequest, settings)
-           && settings.mergeabilities.contains(mergeabilityCase(pullRequest.mergeability))
-           && passesReview(pullRequest, settings)
-           && settings.checks.contains(checksCase(pullRequest.checks));
+    if (!settings.selectedRepositories.contains(pullRequest.id.repository)) {
+        return Sight::otherRepository;
+    }
+    if (!passesStatus(pullRequest, settings)) {
+        return Sight::hiddenByStatus;
+    }
+    if (!settings.mergeabilities.contains(mergeabilityCase(pullRequest.mergeability))) {
+        return Sight::hiddenByMergeability;
+    }
+    if (!passesReview(pullRequest, settings)) {
+        return Sight::hiddenByReviews;
+    }
+    return settings.checks.contains(checksCase(pullRequest.checks)) ? Sight::inSight
+                                                                    : Sight::hiddenByChecks;
 }
 
-std::vector<PullRequestRow> filteredRows(
-    const std::vector<PullRequest>& pullRequests, const Settings& settings)
+FilteredRows filteredRows(const std::vector<PullRequest>& pullRequests, const Settings& settings)
 {
     std::vector<PullRequest> shown;
+    HiddenCounts hidden;
+    for (const PullRequest& pullRequest : pullRequests) {
+        const Sight sight = sightOf(pullRequest, settings);
+        if (sight == Sight::inSight) {
+            shown.push_back(pullRequest);
+        } else if (isHidden(sight)) {
+            ++hidden.filters;
+        }
+    }
+    return {StackBuilder::rows(std::move(shown)), hidden};
+}
+
+std::vector<PullRequestRow> rowsWithHidden(
+    const std::vector<PullRequest>& pullRequests, const Settings& settings)
+{
+    std::vector<PullRequest> selected;
     std::ranges::copy_if(
-        pullRequests, std::back_inserter(shown), [&](const PullRequest& pullRequest) {
-            return passesFilters(pullRequest, settings);
+        pullRequests, std::back_inserter(selected), [&](const PullRequest& pullRequest) {
+            return sightOf(pullRequest, settings) != Sight::otherRepository;
         });
-    return StackBuilder::rows(std::move(shown));
+    return StackBuilder::rows(std::move(selected));
 }
 
 }  // namespace Tarnwick

@@ -1,22 +1,50 @@
 #pragma once
 
 #include "PullRequestKit/PullRequestRow.h"
+#include "Tarnwick/Model/HiddenCounts.h"
 #include "Tarnwick/Model/Settings.h"
 
 #include <vector>
 
 namespace Tarnwick {
 
+/// Whether a fetched pull request is in sight, and what hides it otherwise: the first of these that
+/// holds.
+enum class Sight {
+    otherRepository,  ///< Its repository is not selected: it is not listed, nor counted as hidden.
+    hiddenByStatus,
+    hiddenByMergeability,
+    hiddenByReviews,
+    hiddenByChecks,
+    inSight,
+};
+
+constexpr bool isHidden(Sight sight)
+{
+    return sight != Sight::otherRepository && sight != Sight::inSight;
+}
+
 /// Which one case of the checks filter a pull request belongs to. Safe from any thread.
 ChecksFilter checksCase(const PullRequestKit::ProgressCount& checks);
 
-/// Whether the filters let the pull request through. An empty selection of repositories, statuses,
+/// The one place that decides what is in sight. An empty selection of repositories, statuses,
 /// checks or mergeabilities lets nothing through; no review filter lets everything through.
 /// Safe from any thread.
-bool passesFilters(const PullRequestKit::PullRequest& pullRequest, const Settings& settings);
+Sight sightOf(const PullRequestKit::PullRequest& pullRequest, const Settings& settings);
 
-/// The rows that the filters leave, ordered and stacked. Safe from any thread.
-std::vector<PullRequestKit::PullRequestRow> filteredRows(
+/// What is in sight, ordered and stacked, and how much is not.
+struct FilteredRows {
+    std::vector<PullRequestKit::PullRequestRow> rows;
+    HiddenCounts hidden;
+};
+
+/// Requires: each pull request is there once. Safe from any thread.
+FilteredRows filteredRows(
+    const std::vector<PullRequestKit::PullRequest>& pullRequests, const Settings& settings);
+
+/// The rows that there would be if nothing were hidden: each hidden pull request has the place in
+/// the order and in its stack that is its own. Safe from any thread.
+std::vector<PullRequestKit::PullRequestRow> rowsWithHidden(
     const std::vector<PullRequestKit::PullRequest>& pullRequests, const Settings& settings);
 
 }  // namespace Tarnwick

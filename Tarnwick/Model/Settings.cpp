@@ -37,6 +37,15 @@ std::set<E> loadSet(DefaultsStore& defaults, const QString& key, const std::set<
 
 }  // namespace
 
+bool hasDefaultFilters(const Settings& settings)
+{
+    const Settings defaults;
+    return settings.statuses == defaults.statuses && settings.checks == defaults.checks
+           && settings.reviewFilters == defaults.reviewFilters
+           && settings.mergeabilities == defaults.mergeabilities
+           && settings.reviewerFilter == defaults.reviewerFilter;
+}
+
 SettingsStore::SettingsStore(DefaultsStore& defaults)
     : _defaults(defaults)
 {}

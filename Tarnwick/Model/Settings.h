@@ -27,6 +27,9 @@ struct Settings {
     bool operator==(const Settings&) const = default;
 };
 
+/// Whether every filter is as in a fresh installation, whatever repositories are selected.
+bool hasDefaultFilters(const Settings& settings);
+
 /// The settings in the user's defaults, each under a key of its own. A writer writes its own keys
 /// and no others. Main thread only.
 class SettingsStore {

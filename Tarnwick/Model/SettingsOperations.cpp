@@ -42,6 +42,25 @@ void SettingsOperations::toggleMergeability(MergeabilityFilter value)
     toggle(&Settings::mergeabilities, value, &SettingsStore::setMergeabilities);
 }
 
+void SettingsOperations::resetFilters()
+{
+    if (hasDefaultFilters(_settings)) {
+        return;
+    }
+    const Settings defaults;
+    _settings.statuses = defaults.statuses;
+    _settings.checks = defaults.checks;
+    _settings.reviewFilters = defaults.reviewFilters;
+    _settings.mergeabilities = defaults.mergeabilities;
+    _store.setStatuses(_settings.statuses);
+    _store.setChecks(_settings.checks);
+    _store.setReviewFilters(_settings.reviewFilters);
+    _store.setMergeabilities(_settings.mergeabilities);
+    Q_EMIT filtersChanged();
+    Q_EMIT changed();
+    setReviewerFilter(defaults.reviewerFilter);
+}
+
 void SettingsOperations::toggleRepository(const std::string& name)
 {
     selectRepositories({name}, !_settings.selectedRepositories.contains(name));

@@ -22,6 +22,9 @@ public:
     void toggleReviewFilter(ReviewFilter value);
     void toggleMergeability(MergeabilityFilter value);
 
+    /// Every filter gets its default; the repositories stay selected.
+    void resetFilters();
+
     void toggleRepository(const std::string& name);
     void selectRepositories(const std::vector<std::string>& names, bool selected);
     void setSelectedRepositories(std::set<std::string> names);

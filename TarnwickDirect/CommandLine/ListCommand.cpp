@@ -62,7 +62,11 @@ void explain(const PullRequestMenuModel& model)
         std::cerr << "No repositories are selected. \"tarnwick repositories\" lists them, "
                      "\"tarnwick repositories select NAME…\" or \"… select --all\" selects.\n";
     } else {
-        std::cerr << "No pull requests involving you were found.\n";
+        std::cerr << "No pull requests involving you were found.";
+        if (model.hidden().total() > 0) {
+            std::cerr << ' ' << Tarnwick::hiddenSentence(model.hidden());
+        }
+        std::cerr << '\n';
     }
 }
 

@@ -134,6 +134,20 @@ TEST_F(List, saysThatThereIsNothing)
     EXPECT_EQ(result.errors, "No pull requests involving you were found.\n");
 }
 
+TEST_F(List, saysWhatTheFiltersHide)
+{
+    serve("everyday");
+    writeSettings("filters.repositories=harbourlight/ferry-web, harbourlight/tide-tables\n"
+                  "filters.repositoriesConfigured=true\nfilters.reviewers=Any\n"
+                  "filters.status=Draft\nfilters.reviewStates=Commented\n"
+                  "filters.schemaVersion=2\n");
+    const auto result = tarnwick({"list"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.output, IsEmpty());
+    EXPECT_EQ(
+        result.errors, "No pull requests involving you were found. 14 are hidden by filters.\n");
+}
+
 TEST_F(List, saysWhatToDoWhenNobodyIsSignedIn)
 {
     serve("signed-out");

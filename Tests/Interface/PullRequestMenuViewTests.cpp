@@ -381,5 +381,88 @@ TEST_F(PullRequestMenuViewTests, aHiddenPanelForgetsWhatWasToBeFound)
     EXPECT_EQ(rows(), 2);
 }
 
+/// Three pull requests of a stack, of which the middle one is a draft.
+std::vector<PullRequestKit::PullRequest> stackWithDraft()
+{
+    auto draft = TestSupport::makePullRequest(2, "b", "a");
+    draft.isDraft = true;
+    return {
+        TestSupport::makePullRequest(1, "a", "main"),
+        draft,
+        TestSupport::makePullRequest(3, "c", "b")};
+}
+
+TEST_F(PullRequestMenuViewTests, theChipShowsAndHidesWhatIsHidden)
+{
+    showList(stackWithDraft());
+    auto* const chip = part<QAbstractButton>("hiddenChip");
+    ASSERT_TRUE(chip->isVisible());
+    EXPECT_EQ(chip->text(), QStringLiteral("1 hidden"));
+    EXPECT_EQ(rows(), 2);
+    QTest::mouseClick(chip, Qt::LeftButton);
+    EXPECT_EQ(rows(), 3);
+    EXPECT_EQ(chip->text(), QStringLiteral("Hide 1"));
+    EXPECT_THAT(footer().toStdString(), testing::StartsWith("2 pull requests,"));
+    EXPECT_THAT(
+        list().model()->index(1, 0).data(Qt::AccessibleDescriptionRole).toString().toStdString(),
+        testing::StartsWith("Hidden by Status."));
+    EXPECT_TRUE(list().hasFocus()) << "a click leaves the keyboard where it is";
+    EXPECT_THAT(shownNumbers(), testing::UnorderedElementsAre(1, 3));
+    press(Qt::Key_H);
+    EXPECT_EQ(rows(), 2);
+    press(Qt::Key_H);
+    EXPECT_EQ(rows(), 3);
+    view->panelHidden();
+    EXPECT_EQ(rows(), 2);
+}
+
+TEST_F(PullRequestMenuViewTests, dimmedRowsFollowTheModel)
+{
+    showList(stackWithDraft());
+    press(Qt::Key_H);
+    auto pullRequests = stackWithDraft();
+    pullRequests[1].title = "Another title";
+    provider->setPullRequests(pullRequests);
+    refresh();
+    EXPECT_EQ(
+        list().model()->index(1, 0).data(Qt::DisplayRole).toString(),
+        QStringLiteral("Another title"));
+    model->toggleStatus(StatusFilter::draft);
+    EXPECT_EQ(rows(), 3);
+    EXPECT_FALSE(shows("hiddenChip"));
+    model->toggleStatus(StatusFilter::draft);
+    EXPECT_EQ(rows(), 2) << "what was to be hidden again is hidden again";
+}
+
+TEST_F(PullRequestMenuViewTests, anEmptyListSaysWhatHidesAndShowsIt)
+{
+    showList(stackWithDraft());
+    model->toggleStatus(StatusFilter::open);
+    EXPECT_TRUE(shows("status"));
+    EXPECT_EQ(part<QLabel>("statusDetail")->text(), QStringLiteral("3 are hidden by filters."));
+    EXPECT_THAT(footer().toStdString(), testing::StartsWith("0 pull requests,"));
+    ASSERT_TRUE(shows("showHidden"));
+    EXPECT_TRUE(shows("tryAgain"));
+    EXPECT_TRUE(part<QWidget>("showHidden")->hasFocus());
+    press(Qt::Key_Return);
+    EXPECT_EQ(rows(), 3);
+    EXPECT_TRUE(list().hasFocus());
+    EXPECT_THAT(footer().toStdString(), testing::StartsWith("0 pull requests,"));
+    EXPECT_EQ(part<QAbstractButton>("hiddenChip")->text(), QStringLiteral("Hide 3"));
+    press(Qt::Key_H);
+    EXPECT_TRUE(shows("status"));
+}
+
+TEST_F(PullRequestMenuViewTests, theFocusGoesToTheListWhenTheChipGoes)
+{
+    showList(stackWithDraft());
+    part<QWidget>("hiddenChip")->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Space);
+    EXPECT_EQ(rows(), 3);
+    EXPECT_TRUE(part<QWidget>("hiddenChip")->hasFocus());
+    model->toggleStatus(StatusFilter::draft);
+    EXPECT_TRUE(list().hasFocus());
+}
+
 }  // namespace
 }  // namespace Tarnwick

@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <utility>
 
 namespace Tarnwick {
 namespace {
@@ -12,24 +13,42 @@ using RowWording::Details;
 
 const QString dot = QStringLiteral("·");
 const QString draft = QStringLiteral("Draft");
+const QString ellipsis = QStringLiteral("…");
+
+/// What is left of a repository and of an author beside a reason, at text scale 1.
+constexpr double leastRepository = 48;
+constexpr double leastAuthor = 32;
 
 class DetailsComposer {
 public:
-    DetailsComposer(Details details, double gap, const TextMeasure& measure)
+    DetailsComposer(Details details, const LineRoom& room, const TextMeasure& measure)
         : _details(std::move(details))
-        , _gap(gap)
+        , _room(room)
         , _measure(measure)
     {}
 
-    DetailsLayout fit(double width)
+    DetailsLayout fit()
     {
-        if (widthOf(_details) > width && !_details.owner.isEmpty()) {
+        const bool hasReason = !_details.reason.isEmpty();
+        if (excess() > 0 && !_details.owner.isEmpty()) {
             _details.owner.clear();
             _isElided = true;
         }
-        shorten(_details.repository, Qt::ElideMiddle, width);
-        shorten(_details.author, Qt::ElideRight, width);
-        return place();
+        shorten(_details.repository, Qt::ElideMiddle, hasReason ? leastRepository : 0);
+        shorten(_details.author, Qt::ElideRight, hasReason ? leastAuthor : 0);
+        if (hasReason && excess() > 0) {
+            _details.author.clear();
+            _isElided = true;
+            shorten(_details.repository, Qt::ElideMiddle, leastRepository);
+        }
+        if (hasReason && excess() > 0) {
+            _details.repository = ellipsis;
+        }
+        DetailsLayout layout = place();
+        if (hasReason) {
+            endWithEllipsis(layout);
+        }
+        return layout;
     }
 
 private:
@@ -40,30 +59,35 @@ private:
         return known == _widths.constEnd() ? *_widths.insert(piece, _measure.width(piece)) : *known;
     }
 
-    double widthOf(const Details& details)
+    double separator() { return 2 * _room.gap + widthOf(dot); }
+
+    /// By how much the line is too long.
+    double excess()
     {
-        double width = widthOf(details.owner + details.repository) + _gap + widthOf(details.number)
-                       + separator() + widthOf(details.age);
-        if (details.isDraft) {
+        double width = widthOf(_details.owner + _details.repository) + _room.gap
+                       + widthOf(_details.number) + separator() + widthOf(_details.age);
+        if (_details.isDraft) {
             width += widthOf(draft) + separator();
         }
-        if (!details.author.isEmpty()) {
-            width += widthOf(details.author) + separator();
+        for (const QString& piece : {_details.reason, _details.author}) {
+            width += piece.isEmpty() ? 0 : widthOf(piece) + separator();
         }
-        return width;
+        return width - _room.width;
     }
 
-    double separator() { return 2 * _gap + widthOf(dot); }
-
-    void shorten(QString& piece, Qt::TextElideMode mode, double width)
+    /// To no less than `least`, which is a width at text scale 1.
+    void shorten(QString& piece, Qt::TextElideMode mode, double least)
     {
-        const double excess = widthOf(_details) - width;
-        if (excess <= 0 || piece.isEmpty()) {
+        const double tooMuch = excess();
+        if (tooMuch <= 0 || piece.isEmpty()) {
             return;
         }
-        const double room = std::max(0.0, widthOf(piece) - excess);
+        const double room = std::max(least * _room.scale, widthOf(piece) - tooMuch);
+        if (room >= widthOf(piece)) {
+            return;
+        }
         const QString cut = _measure.elided(piece, mode, room);
-        piece = cut.isEmpty() ? QStringLiteral("…") : cut;
+        piece = cut.isEmpty() ? ellipsis : cut;
         _isElided = true;
     }
 
@@ -74,25 +98,41 @@ private:
         double left = 0;
         const auto put = [&](const QString& text) {
             layout.pieces.push_back({text, left});
-            left += widthOf(text) + _gap;
+            left += widthOf(text) + _room.gap;
         };
-        if (_details.isDraft) {
-            put(draft);
-            put(dot);
-        }
+        const auto putBeforeDot = [&](const QString& text) {
+            if (!text.isEmpty()) {
+                put(text);
+                put(dot);
+            }
+        };
+        putBeforeDot(_details.isDraft ? draft : QString());
+        putBeforeDot(_details.reason);
         put(_details.owner + _details.repository);
-        put(_details.number);
-        put(dot);
-        if (!_details.author.isEmpty()) {
-            put(_details.author);
-            put(dot);
-        }
+        putBeforeDot(_details.number);
+        putBeforeDot(_details.author);
         put(_details.age);
         return layout;
     }
 
+    /// Where even the shortest pieces are too long together.
+    void endWithEllipsis(DetailsLayout& layout)
+    {
+        std::vector<DetailsLayout::Piece>& pieces = layout.pieces;
+        if (pieces.back().left + widthOf(pieces.back().text) <= _room.width) {
+            return;
+        }
+        const double lastStart = _room.width - widthOf(ellipsis);
+        while (pieces.size() > 1 && (pieces.back().left > lastStart || pieces.back().text == dot)) {
+            pieces.pop_back();
+        }
+        DetailsLayout::Piece& last = pieces.back();
+        last.text = _measure.elided(last.text + ellipsis, Qt::ElideRight, _room.width - last.left);
+        layout.isElided = true;
+    }
+
     Details _details;
-    double _gap;
+    LineRoom _room;
     const TextMeasure& _measure;
     QHash<QString, double> _widths;
     bool _isElided = false;
@@ -110,9 +150,9 @@ QString DetailsLayout::text() const
 }
 
 DetailsLayout layOutDetails(
-    const Details& details, double width, double gap, const TextMeasure& measure)
+    const Details& details, const LineRoom& room, const TextMeasure& measure)
 {
-    return DetailsComposer(details, gap, measure).fit(width);
+    return DetailsComposer(details, room, measure).fit();
 }
 
 }  // namespace Tarnwick

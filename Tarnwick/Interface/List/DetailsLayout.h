@@ -9,6 +9,8 @@ namespace Tarnwick {
 
 /// The quiet line below a title, piece by piece. Where room is short the owner goes first, then the
 /// repository is elided in its middle, then the author at the end; number and age always stay.
+/// With a reason, repository and author keep a few letters at first; then the author goes, then all
+/// of the repository, and at last the line ends in "…".
 struct DetailsLayout {
     struct Piece {
         QString text;
@@ -28,8 +30,15 @@ struct TextMeasure {
     std::function<QString(const QString&, Qt::TextElideMode, double)> elided;
 };
 
-/// `gap` stands on both sides of each "·" and between repository and number. Main thread only.
+/// What a line has, in logical pixels.
+struct LineRoom {
+    double width = 0;
+    double gap = 0;    ///< On both sides of each "·" and between repository and number.
+    double scale = 1;  ///< Of the text.
+};
+
+/// Main thread only.
 DetailsLayout layOutDetails(
-    const RowWording::Details& details, double width, double gap, const TextMeasure& measure);
+    const RowWording::Details& details, const LineRoom& room, const TextMeasure& measure);
 
 }  // namespace Tarnwick

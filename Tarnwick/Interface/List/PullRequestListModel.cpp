@@ -1,6 +1,7 @@
 #include "Tarnwick/Interface/List/PullRequestListModel.h"
 
 #include "Tarnwick/Interface/List/FindText.h"
+#include "Tarnwick/Interface/List/RowTexts.h"
 #include "Tarnwick/Interface/List/RowWording.h"
 
 #include <algorithm>
@@ -149,6 +150,12 @@ int PullRequestListModel::rowCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : static_cast<int>(_shown.size());
 }
 
+int PullRequestListModel::countInSight() const
+{
+    return static_cast<int>(
+        std::ranges::count_if(_shown, [](const auto& content) { return !content->isDimmed(); }));
+}
+
 QVariant PullRequestListModel::data(const QModelIndex& index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
@@ -161,8 +168,7 @@ QVariant PullRequestListModel::data(const QModelIndex& index, int role) const
     case Qt::AccessibleTextRole:
         return RowWording::accessibilityLabel(row.pullRequest());
     case Qt::AccessibleDescriptionRole:
-        return RowWording::detailsText(
-            RowWording::details(row.pullRequest(), now(), QTimeZone::systemTimeZone()));
+        return RowWording::accessibilityDescription(RowTexts::details(row, now()));
     default:
         return {};
     }

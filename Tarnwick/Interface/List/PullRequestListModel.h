@@ -35,6 +35,9 @@ public:
     /// How many rows there are, found or not.
     int totalCount() const { return static_cast<int>(_all.size()); }
 
+    /// How many of the rows shown are not dimmed.
+    int countInSight() const;
+
     bool isFinding() const { return !_words.isEmpty(); }
 
     /// Of all rows, found or not, so that columns stand still while the user types.

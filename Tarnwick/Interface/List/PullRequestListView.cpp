@@ -58,8 +58,10 @@ PullRequestListView::PullRequestListView(
     connect(&model, &PullRequestListModel::listAboutToChange, this, [this] {
         _anchor.reset();
         if (isVisible()) {
-            _anchor.emplace(*this);
+            _anchor.emplace(
+                *this, _holdsTop ? ScrollAnchor::Top::isHeld : ScrollAnchor::Top::isKept);
         }
+        _holdsTop = false;
     });
     connect(&model, &PullRequestListModel::listChanged, this, &PullRequestListView::takeInList);
     adoptAppearance();

@@ -36,6 +36,9 @@ public:
     /// Whether the menu of a row is up.
     bool isMenuOpen() const { return _menu != nullptr && _menu->isVisible(); }
 
+    /// The next list leaves the rows that are in sight at their heights, also in a list at its top.
+    void holdRows() { _holdsTop = true; }
+
     void doItemsLayout() override;
 
 Q_SIGNALS:
@@ -85,6 +88,7 @@ private:
     /// Whether the selected row has a focus ring: not before the keyboard is used.
     bool _usesKeyboard = false;
     std::optional<ScrollAnchor> _anchor;
+    bool _holdsTop = false;
     QPointer<QMenu> _menu;
     QBasicTimer _ageTimer;  ///< Runs while the list is in sight.
 };

@@ -2,13 +2,15 @@
 
 #include "Tarnwick/Interface/List/CountFigures.h"
 #include "Tarnwick/Interface/List/FindText.h"
+#include "Tarnwick/Interface/List/RowWording.h"
 #include "Tarnwick/Interface/List/TitleLayout.h"
 
 namespace Tarnwick {
 
 bool ListedRow::operator==(const ListedRow& other) const
 {
-    return isVisited == other.isVisited && (row == other.row || *row == *other.row);
+    return isVisited == other.isVisited && sight == other.sight
+           && (row == other.row || *row == *other.row);
 }
 
 RowContent::RowContent(ListedRow listed)
@@ -18,6 +20,11 @@ RowContent::RowContent(ListedRow listed)
     , _reviewLabel(QString::fromStdString(pullRequest().reviewCountLabel()))
     , _checkLabel(QString::fromStdString(pullRequest().checks.label()))
 {}
+
+QString RowContent::reason() const
+{
+    return RowWording::hiddenReason(_listed.sight);
+}
 
 CountWidths RowContent::countWidths() const
 {

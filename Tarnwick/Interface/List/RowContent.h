@@ -2,6 +2,7 @@
 
 #include "PullRequestKit/PullRequestRow.h"
 #include "Tarnwick/Interface/List/RowGeometry.h"
+#include "Tarnwick/Model/RowFilter.h"
 
 #include <QString>
 
@@ -10,10 +11,12 @@
 
 namespace Tarnwick {
 
-/// A row of the menu and whether the user has seen the pull request as it is now.
+/// A row of the menu, whether the user has seen the pull request as it is now, and what hides it
+/// when the row is shown all the same.
 struct ListedRow {
     std::shared_ptr<const PullRequestKit::PullRequestRow> row;  ///< Not null.
     bool isVisited = false;
+    Sight sight = Sight::inSight;
 
     bool operator==(const ListedRow& other) const;
 };
@@ -32,6 +35,12 @@ public:
     const PullRequestKit::PullRequest& pullRequest() const { return row().pullRequest; }
 
     bool isVisited() const { return _listed.isVisited; }
+
+    /// Whether the row is hidden and shown all the same: without colour, and saying why.
+    bool isDimmed() const { return isHidden(_listed.sight); }
+
+    /// What the line of details begins with, such as "Hidden by Status"; mostly empty.
+    QString reason() const;
 
     const ListedRow& listed() const { return _listed; }
 

@@ -3,12 +3,10 @@
 #include "Tarnwick/Interface/List/RowTexts.h"
 
 #include <array>
+#include <utility>
 
 namespace Tarnwick {
 namespace {
-
-/// A few screens full of rows.
-constexpr qsizetype mostTitles = 200;
 
 /// Where the parts are, the ones on top of others first.
 constexpr std::array<std::pair<RowPart, QRect RowGeometry::*>, 8> partPlaces{{
@@ -32,7 +30,7 @@ RowDelegate::RowDelegate(
     , _textScale(appearance.textScale())
     , _counts(model.countWidths())
     , _metrics(rowMetrics(appearance, 0, _counts))
-    , _measure(_metrics.title)
+    , _titles(_metrics.title)
 {}
 
 void RowDelegate::setWidth(int width)
@@ -45,9 +43,17 @@ void RowDelegate::setWidth(int width)
     _counts = _model.countWidths();
     _metrics = rowMetrics(_appearance, width, _counts);
     if (isOtherText) {
-        _titles.clear();
-        _measure = TitleMeasure(_metrics.title);
+        _titles = TitleCache(_metrics.title);
+        _dimmedTitles.reset();
     }
+}
+
+TitleCache& RowDelegate::titles(const RowContent& content) const
+{
+    if (!content.isDimmed()) {
+        return _titles;
+    }
+    return _dimmedTitles ? *_dimmedTitles : _dimmedTitles.emplace(_metrics.dimmedTitle);
 }
 
 RowShape RowDelegate::shape(const RowContent& content) const
@@ -55,7 +61,7 @@ RowShape RowDelegate::shape(const RowContent& content) const
     const std::int64_t depth = content.row().depth;
     return {
         .depth = depth,
-        .titleLines = _measure.lineCount(content.title(), titleWidth(_metrics, depth)),
+        .titleLines = titles(content).lineCount(content.title(), titleWidth(_metrics, depth)),
         .hasWarning = !content.warning().isEmpty()};
 }
 
@@ -66,15 +72,7 @@ RowGeometry RowDelegate::geometry(int row) const
 
 std::shared_ptr<const TitleLayout> RowDelegate::title(const RowContent& content) const
 {
-    const std::pair key(titleWidth(_metrics, content.row().depth), content.title());
-    if (const auto known = _titles.constFind(key); known != _titles.constEnd()) {
-        return *known;
-    }
-    if (_titles.size() >= mostTitles) {
-        _titles.clear();
-    }
-    return *_titles.insert(
-        key, std::make_shared<TitleLayout>(content.title(), _metrics.title, key.first));
+    return titles(content).layout(content.title(), titleWidth(_metrics, content.row().depth));
 }
 
 RowPart RowDelegate::partAt(int row, const QPoint& position) const
@@ -125,14 +123,10 @@ QString RowDelegate::helpText(int row, RowPart part) const
     case RowPart::title:
         return titleHelpText(content);
     case RowPart::details: {
-        const DetailsLayout shown = RowTexts::details(
-            content.pullRequest(),
-            _model.now(),
-            _metrics,
-            geometry(row).detailsBesideButton.width());
-        return shown.isElided
-                   ? _model.data(_model.index(row), Qt::AccessibleDescriptionRole).toString()
-                   : RowWording::openHelpText;
+        const DetailsLayout shown = RowTexts::detailsLayout(
+            content, _model.now(), _metrics, geometry(row).detailsBesideButton.width());
+        return shown.isElided ? RowWording::detailsText(RowTexts::details(content, _model.now()))
+                              : RowWording::openHelpText;
     }
     case RowPart::warning:
     case RowPart::row:

@@ -2,13 +2,12 @@
 
 #include "Tarnwick/Interface/List/PullRequestListModel.h"
 #include "Tarnwick/Interface/List/RowPainter.h"
-#include "Tarnwick/Interface/List/TitleMeasure.h"
+#include "Tarnwick/Interface/List/TitleCache.h"
 
 #include <QAbstractItemDelegate>
-#include <QHash>
 
 #include <memory>
-#include <utility>
+#include <optional>
 
 namespace Tarnwick {
 
@@ -56,6 +55,7 @@ public:
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 private:
+    TitleCache& titles(const RowContent& content) const;
     RowShape shape(const RowContent& content) const;
     std::shared_ptr<const TitleLayout> title(const RowContent& content) const;
     QString titleHelpText(const RowContent& content) const;
@@ -65,8 +65,8 @@ private:
     double _textScale;
     CountWidths _counts;
     RowMetrics _metrics;
-    mutable TitleMeasure _measure;
-    mutable QHash<std::pair<int, QString>, std::shared_ptr<const TitleLayout>> _titles;
+    mutable TitleCache _titles;
+    mutable std::optional<TitleCache> _dimmedTitles;  ///< From when there was a dimmed row.
 };
 
 }  // namespace Tarnwick

@@ -32,6 +32,7 @@ RowMetrics rowMetrics(const Appearance& appearance, int width, CountWidths count
 {
     RowMetrics metrics;
     metrics.title = appearance.line(TextStyle::body, TextWeight::medium);
+    metrics.dimmedTitle = appearance.line(TextStyle::body, TextWeight::regular);
     metrics.caption = appearance.line(TextStyle::caption, TextWeight::regular);
     metrics.count = appearance.line(TextStyle::caption, TextWeight::medium);
     metrics.width = width;

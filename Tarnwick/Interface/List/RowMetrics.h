@@ -18,6 +18,7 @@ struct CountWidths {
 /// The sizes that all rows of a list share. Logical pixels; lengths are whole.
 struct RowMetrics {
     LineStyle title;
+    LineStyle dimmedTitle;
     LineStyle caption;  ///< The warning and the line of details.
     LineStyle count;
     int width = 0;  ///< Of the row.

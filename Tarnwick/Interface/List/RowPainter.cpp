@@ -46,14 +46,17 @@ void RowPainter::paint(
 {
     paintFill(geometry, situation);
     paintStart(content, geometry);
-    title.draw(
-        _painter,
-        geometry.title.topLeft(),
-        content.isVisited() ? _palette.textSecondary : _palette.textPrimary);
+    const QColor& seen = content.isVisited() ? _palette.textSecondary : _palette.textPrimary;
+    title.draw(_painter, geometry.title.topLeft(), unlessDimmed(content, seen));
     if (!geometry.warning.isEmpty()) {
         const QString warning =
             RowTexts::elided(content.warning(), _metrics.caption, geometry.warning.width());
-        Painting::text(_painter, geometry.warning, warning, _metrics.caption, _palette.textWarning);
+        Painting::text(
+            _painter,
+            geometry.warning,
+            warning,
+            _metrics.caption,
+            unlessDimmed(content, _palette.textWarning));
     }
     paintDetails(
         content, situation.showsEditorButton ? geometry.detailsBesideButton : geometry.details);
@@ -61,6 +64,11 @@ void RowPainter::paint(
     if (situation.showsEditorButton) {
         paintEditorButton(geometry, situation);
     }
+}
+
+QColor RowPainter::unlessDimmed(const RowContent& content, const QColor& color) const
+{
+    return content.isDimmed() ? _palette.textTertiary : color;
 }
 
 void RowPainter::paintFill(const RowGeometry& geometry, const RowSituation& situation)
@@ -89,7 +97,7 @@ void RowPainter::paintFill(const RowGeometry& geometry, const RowSituation& situ
 
 void RowPainter::paintStart(const RowContent& content, const RowGeometry& geometry)
 {
-    if (content.pullRequest().isBlocked()) {
+    if (content.pullRequest().isBlocked() && !content.isDimmed()) {
         Painting::fillRounded(_painter, geometry.blockedBar, barRadius, RowColors::red);
     }
     if (!geometry.arrow.isEmpty()) {
@@ -97,20 +105,23 @@ void RowPainter::paintStart(const RowContent& content, const RowGeometry& geomet
             _painter, geometry.arrow, _palette.textTertiary);
     }
     ResourceIcon{content.stateIconName()}.draw(
-        _painter, geometry.stateIcon, RowColors::stateColor(content.pullRequest()));
+        _painter,
+        geometry.stateIcon,
+        unlessDimmed(content, RowColors::stateColor(content.pullRequest())));
 }
 
 void RowPainter::paintBadges(const RowContent& content, const RowGeometry& geometry)
 {
     const PullRequestKit::PullRequest& shown = content.pullRequest();
     if (shown.hasMergeConflict()) {
-        drawIcon(_painter, "alert", geometry.conflict, RowColors::red);
+        drawIcon(_painter, "alert", geometry.conflict, unlessDimmed(content, RowColors::red));
     }
-    const QColor review = RowColors::reviewColor(shown.reviewState, _palette);
+    const QColor review =
+        unlessDimmed(content, RowColors::reviewColor(shown.reviewState, _palette));
     drawIcon(_painter, "code-review", geometry.reviewIcon, review);
     paintCount(geometry.reviewCount, content.reviewLabel(), review);
 
-    const QColor check = RowColors::checkColor(shown.checks, _palette);
+    const QColor check = unlessDimmed(content, RowColors::checkColor(shown.checks, _palette));
     drawIcon(_painter, "checklist", geometry.checkIcon, check);
     paintCount(geometry.checkCount, content.checkLabel(), check);
 }
@@ -134,8 +145,7 @@ void RowPainter::paintCount(const QRect& place, const QString& label, const QCol
 
 void RowPainter::paintDetails(const RowContent& content, const QRect& place)
 {
-    const DetailsLayout layout =
-        RowTexts::details(content.pullRequest(), _now, _metrics, place.width());
+    const DetailsLayout layout = RowTexts::detailsLayout(content, _now, _metrics, place.width());
     for (const DetailsLayout::Piece& piece : layout.pieces) {
         const QRectF line(place.left() + piece.left, place.top(), place.width(), place.height());
         Painting::text(_painter, line, piece.text, _metrics.caption, _palette.textTertiary);

@@ -36,6 +36,8 @@ public:
         const RowSituation& situation);
 
 private:
+    /// The color, or that of everything in a dimmed row.
+    QColor unlessDimmed(const RowContent& content, const QColor& color) const;
     void paintFill(const RowGeometry& geometry, const RowSituation& situation);
     void paintStart(const RowContent& content, const RowGeometry& geometry);
     void paintBadges(const RowContent& content, const RowGeometry& geometry);

@@ -9,6 +9,8 @@ namespace {
 
 /// As a share of the font's size: 5 pixels at text scale 1.
 constexpr double gapInEm = 0.44;
+/// Of captions.
+constexpr double pixelSizeAtScale1 = 34.0 / 3;
 
 }  // namespace
 
@@ -17,11 +19,14 @@ QString elided(const QString& text, const LineStyle& style, double width)
     return QFontMetricsF(style.font).elidedText(text, Qt::ElideRight, width);
 }
 
-DetailsLayout details(
-    const PullRequestKit::PullRequest& pullRequest,
-    PullRequestKit::Date now,
-    const RowMetrics& metrics,
-    double width)
+RowWording::Details details(const RowContent& content, PullRequestKit::Date now)
+{
+    return RowWording::details(
+        content.pullRequest(), content.reason(), now, QTimeZone::systemTimeZone());
+}
+
+DetailsLayout detailsLayout(
+    const RowContent& content, PullRequestKit::Date now, const RowMetrics& metrics, double width)
 {
     const QFontMetricsF font(metrics.caption.font);
     const TextMeasure measure{
@@ -30,8 +35,8 @@ DetailsLayout details(
             return font.elidedText(text, mode, room);
         }};
     const double gap = std::round(gapInEm * metrics.caption.pixelSize);
-    return layOutDetails(
-        RowWording::details(pullRequest, now, QTimeZone::systemTimeZone()), width, gap, measure);
+    const double scale = metrics.caption.pixelSize / pixelSizeAtScale1;
+    return layOutDetails(details(content, now), {width, gap, scale}, measure);
 }
 
 }  // namespace Tarnwick::RowTexts

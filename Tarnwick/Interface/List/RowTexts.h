@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tarnwick/Interface/List/DetailsLayout.h"
+#include "Tarnwick/Interface/List/RowContent.h"
 #include "Tarnwick/Interface/List/RowMetrics.h"
 
 namespace Tarnwick {
@@ -10,11 +11,11 @@ namespace RowTexts {
 
 QString elided(const QString& text, const LineStyle& style, double width);
 
-DetailsLayout details(
-    const PullRequestKit::PullRequest& pullRequest,
-    PullRequestKit::Date now,
-    const RowMetrics& metrics,
-    double width);
+/// The pieces of the row's line of details, in the user's time zone.
+RowWording::Details details(const RowContent& content, PullRequestKit::Date now);
+
+DetailsLayout detailsLayout(
+    const RowContent& content, PullRequestKit::Date now, const RowMetrics& metrics, double width);
 
 }  // namespace RowTexts
 

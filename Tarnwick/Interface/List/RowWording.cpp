@@ -85,6 +85,24 @@ QString reviewHelpText(const PullRequest& pullRequest)
     return QString::fromStdString(pullRequest.reviewCountTooltip());
 }
 
+QString hiddenReason(Sight sight)
+{
+    switch (sight) {
+    case Sight::hiddenByStatus:
+        return QStringLiteral("Hidden by Status");
+    case Sight::hiddenByMergeability:
+        return QStringLiteral("Hidden by Merge-ready");
+    case Sight::hiddenByReviews:
+        return QStringLiteral("Hidden by Reviews");
+    case Sight::hiddenByChecks:
+        return QStringLiteral("Hidden by Checks");
+    case Sight::otherRepository:
+    case Sight::inSight:
+        return {};
+    }
+    return {};
+}
+
 QString age(Date instant, Date now, const QTimeZone& zone)
 {
     const auto elapsed = now - instant;
@@ -106,12 +124,14 @@ QString age(Date instant, Date now, const QTimeZone& zone)
     return calendarAge(instant, now, zone);
 }
 
-Details details(const PullRequest& pullRequest, Date now, const QTimeZone& zone)
+Details details(
+    const PullRequest& pullRequest, const QString& reason, Date now, const QTimeZone& zone)
 {
     const QString name = QString::fromStdString(pullRequest.id.repository);
     const auto ownerLength = name.indexOf(QLatin1Char('/')) + 1;
     return {
         .isDraft = pullRequest.isDraft,
+        .reason = reason,
         .owner = name.left(ownerLength),
         .repository = name.mid(ownerLength),
         .number = QLatin1Char('#') + QString::number(pullRequest.id.number),
@@ -125,12 +145,25 @@ QString detailsText(const Details& details)
     if (details.isDraft) {
         pieces.append(QStringLiteral("Draft"));
     }
+    if (!details.reason.isEmpty()) {
+        pieces.append(details.reason);
+    }
     pieces.append(details.owner + details.repository + QLatin1Char(' ') + details.number);
     if (!details.author.isEmpty()) {
         pieces.append(firstStrongIsolate + details.author + popDirectionalIsolate);
     }
     pieces.append(details.age);
     return pieces.join(QStringLiteral(" · "));
+}
+
+QString accessibilityDescription(const Details& details)
+{
+    if (details.reason.isEmpty()) {
+        return detailsText(details);
+    }
+    Details rest = details;
+    rest.reason.clear();
+    return details.reason + QStringLiteral(". ") + detailsText(rest);
 }
 
 }  // namespace Tarnwick::RowWording

@@ -2,6 +2,7 @@
 
 #include "PullRequestKit/Date.h"
 #include "PullRequestKit/PullRequestRow.h"
+#include "Tarnwick/Model/RowFilter.h"
 
 #include <QString>
 #include <QTimeZone>
@@ -30,6 +31,9 @@ inline const QString checkHelpText = QStringLiteral("Checks passed / total check
 inline const QString editorHelpText = QStringLiteral("Open in Editor");
 inline const QString openHelpText = QStringLiteral("Opens this pull request in your browser");
 
+/// What hides a pull request, such as "Hidden by Status"; empty for one that is not hidden.
+QString hiddenReason(Sight sight);
+
 /// How long ago in a few characters: "now", "48m", "3h", "6d", "3w"; from four weeks on the day of
 /// this year in the zone, "12 Mar", or the month of an earlier one, "Mar 2025". An instant to come
 /// counts as now.
@@ -38,7 +42,8 @@ QString age(PullRequestKit::Date instant, PullRequestKit::Date now, const QTimeZ
 /// The pieces of the quiet line below the title.
 struct Details {
     bool isDraft = false;
-    QString owner;  ///< With the slash behind it; empty where the repository's name has none.
+    QString reason;  ///< Why the row is as it is; may be empty.
+    QString owner;   ///< With the slash behind it; empty where the repository's name has none.
     QString repository;
     QString number;  ///< With its "#".
     QString author;
@@ -49,11 +54,15 @@ struct Details {
 
 Details details(
     const PullRequestKit::PullRequest& pullRequest,
+    const QString& reason,
     PullRequestKit::Date now,
     const QTimeZone& zone);
 
 /// The pieces as one text. The author's name cannot turn the direction of what follows it.
 QString detailsText(const Details& details);
+
+/// What a screen reader says after the row's label: the reason, then the line without it.
+QString accessibilityDescription(const Details& details);
 
 }  // namespace RowWording
 

@@ -14,9 +14,9 @@ const PullRequestListModel& modelOf(const PullRequestListView& view)
 
 }  // namespace
 
-ScrollAnchor::ScrollAnchor(const PullRequestListView& view)
+ScrollAnchor::ScrollAnchor(const PullRequestListView& view, Top listTop)
 {
-    if (view.verticalScrollBar()->value() == 0) {
+    if (view.verticalScrollBar()->value() == 0 && listTop == Top::isKept) {
         return;
     }
     const PullRequestListModel& model = modelOf(view);

@@ -22,18 +22,30 @@ ContentArea::ContentArea(
     connect(_status, &StatusPanel::tryAgainRequested, this, tryAgain);
     connect(
         _status, &StatusPanel::repositoriesRequested, this, &ContentArea::repositoriesRequested);
+    connect(_status, &StatusPanel::showHiddenRequested, this, &ContentArea::showHiddenRequested);
     connect(_authentication, &AuthenticationPanel::tryAgainRequested, this, tryAgain);
     connect(&model, &PullRequestMenuModel::stateChanged, this, &ContentArea::update);
     connect(&model, &PullRequestMenuModel::rowsChanged, this, &ContentArea::update);
+    connect(&model, &PullRequestMenuModel::hiddenChanged, this, &ContentArea::update);
     connect(&model, &PullRequestMenuModel::settingsChanged, this, &ContentArea::update);
+    update();
+}
+
+void ContentArea::setShowsHidden(bool showsHidden)
+{
+    _showsHidden = showsHidden;
     update();
 }
 
 void ContentArea::update()
 {
     const bool hadFocus = isAncestorOf(window()->focusWidget());
+    const HiddenCounts& hidden = _model.hidden();
     const PanelContent content = panelContent(
-        _model.state(), !_model.rows().empty(), _model.settings().selectedRepositories.empty());
+        _model.state(),
+        !_model.rows().empty() || (_showsHidden && hidden.total() > 0),
+        _model.settings().selectedRepositories.empty(),
+        hidden);
     if (const auto* const status = std::get_if<StatusContent>(&content)) {
         _status->show(*status);
         setCurrentWidget(_status);

@@ -20,10 +20,14 @@ public:
     ContentArea(
         PullRequestMenuModel& model, QWidget* list, const Appearance& appearance, QWidget* parent);
 
+    /// Lists what is hidden, too, in place of saying that there is nothing.
+    void setShowsHidden(bool showsHidden);
+
     bool showsList() const { return currentWidget() == _list; }
 
 Q_SIGNALS:
     void repositoriesRequested();
+    void showHiddenRequested();
 
 private:
     void update();
@@ -32,6 +36,7 @@ private:
     QWidget* _list;
     StatusPanel* _status;
     AuthenticationPanel* _authentication;
+    bool _showsHidden = false;
 };
 
 }  // namespace Tarnwick

@@ -159,6 +159,8 @@ void OptionsMenu::addFilters()
         QStringLiteral("Reviews"), &Settings::reviewFilters);
     addFilter<&PullRequestMenuModel::toggleMergeability>(
         QStringLiteral("Merge-ready"), &Settings::mergeabilities);
+    _resetFilters =
+        addAction(QStringLiteral("Reset Filters"), this, [this] { _model.resetFilters(); });
 }
 
 void OptionsMenu::updateCheckMarks()
@@ -166,6 +168,7 @@ void OptionsMenu::updateCheckMarks()
     for (const Choice& choice : _choices) {
         choice.action->setChecked(choice.isChecked());
     }
+    _resetFilters->setVisible(!hasDefaultFilters(_model.settings()));
 }
 
 }  // namespace Tarnwick

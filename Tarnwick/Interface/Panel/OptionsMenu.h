@@ -52,6 +52,7 @@ private:
 
     PullRequestMenuModel& _model;
     std::vector<Choice> _choices;
+    QAction* _resetFilters = nullptr;
     QAction* _checkForUpdates;
     std::function<void()> _updateCheck;
 };

@@ -23,20 +23,22 @@ StatusContent loading()
         .offersRepositories = false};
 }
 
-PanelContent loaded(bool hasRows, bool choosesNothing)
+PanelContent loaded(bool hasRows, bool choosesNothing, const HiddenCounts& hidden)
 {
     if (hasRows) {
         return ListContent{};
     }
     StatusContent content =
         status("tray", QStringLiteral("No pull requests involving you were found."), false);
+    content.detail = QString::fromStdString(hiddenSentence(hidden));
     content.offersRepositories = choosesNothing;
     return content;
 }
 
 }  // namespace
 
-PanelContent panelContent(const MenuState& state, bool hasRows, bool choosesNothing)
+PanelContent panelContent(
+    const MenuState& state, bool hasRows, bool choosesNothing, const HiddenCounts& hidden)
 {
     const QString message = QString::fromStdString(state.message);
     switch (state.kind) {
@@ -47,7 +49,7 @@ PanelContent panelContent(const MenuState& state, bool hasRows, bool choosesNoth
     case MenuState::Kind::loading:
         return hasRows ? PanelContent{ListContent{}} : PanelContent{loading()};
     case MenuState::Kind::loaded:
-        return loaded(hasRows, choosesNothing);
+        return loaded(hasRows, choosesNothing, hidden);
     case MenuState::Kind::failed:
         return status("exclamationmark.triangle", message, false);
     case MenuState::Kind::signedOut:

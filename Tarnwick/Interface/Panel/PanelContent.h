@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Tarnwick/Model/HiddenCounts.h"
 #include "Tarnwick/Model/MenuState.h"
 
 #include <QString>
@@ -18,6 +19,7 @@ struct StatusContent {
     QString symbol;  ///< A system symbol; empty when there is an image.
     QString image;   ///< A resource icon; empty when there is a symbol.
     QString title;
+    QString detail = {};      ///< What hides pull requests; empty when none is hidden.
     bool hasSpinner = false;  ///< Without one there is a "Try Again" button.
     bool offersRepositories = false;
 
@@ -35,7 +37,9 @@ struct AuthenticationContent {
 
 using PanelContent = std::variant<ListContent, StatusContent, AuthenticationContent>;
 
-/// What stands between header and footer. `choosesNothing` says that no repository is selected.
-PanelContent panelContent(const MenuState& state, bool hasRows, bool choosesNothing);
+/// What stands between header and footer. `hasRows` says that there is something to list, dimmed
+/// rows included, `choosesNothing` that no repository is selected.
+PanelContent panelContent(
+    const MenuState& state, bool hasRows, bool choosesNothing, const HiddenCounts& hidden = {});
 
 }  // namespace Tarnwick

@@ -1,10 +1,13 @@
 #include "Tarnwick/Interface/Panel/PanelFooter.h"
 
 #include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Panel/HiddenChip.h"
 #include "Tarnwick/Interface/Panel/PanelWording.h"
 
 #include <QPainter>
 #include <QTimerEvent>
+
+#include <cmath>
 
 namespace Tarnwick {
 namespace {
@@ -12,6 +15,12 @@ namespace {
 constexpr int panelHeight = 32;
 constexpr int sideMargin = 16;
 constexpr int leastGap = 12;
+constexpr int countToChip = 8;
+
+LineStyle lineOf(const Appearance& appearance)
+{
+    return appearance.line(TextStyle::footnote, TextWeight::regular);
+}
 
 }  // namespace
 
@@ -20,11 +29,14 @@ PanelFooter::PanelFooter(
     : QWidget(parent)
     , _now(std::move(now))
     , _appearance(appearance)
+    , _chip(new HiddenChip(appearance, this))
 {
     setObjectName(QStringLiteral("footer"));
     refreshText();
+    connect(_chip, &QAbstractButton::clicked, this, &PanelFooter::hiddenToggled);
     connect(&appearance, &Appearance::changed, this, [this] {
         updateGeometry();
+        layOut();
         update();
     });
 }
@@ -32,7 +44,15 @@ PanelFooter::PanelFooter(
 void PanelFooter::setCount(std::size_t pullRequests)
 {
     _count = pullRequests;
+    layOut();
     refreshText();
+}
+
+void PanelFooter::setHidden(const HiddenCounts& hidden, bool areShown)
+{
+    _chip->setHidden(hidden, areShown);
+    layOut();
+    update();
 }
 
 void PanelFooter::setRefreshed(std::optional<PullRequestKit::Date> refreshed)
@@ -72,6 +92,33 @@ QSize PanelFooter::sizeHint() const
     return {360, _appearance.scaled(panelHeight)};
 }
 
+double PanelFooter::leftEnd() const
+{
+    const double countEnd = sideMargin + Painting::width(countText(), lineOf(_appearance));
+    return _chip->isHidden() ? countEnd
+                             : std::ceil(countEnd) + countToChip + _chip->visibleSize().width();
+}
+
+bool PanelFooter::showsUpdated() const
+{
+    const double width = Painting::width(updatedText(), lineOf(_appearance));
+    return width > 0 && leftEnd() + leastGap + width <= this->width() - sideMargin;
+}
+
+void PanelFooter::layOut()
+{
+    const QSize size = _chip->visibleSize();
+    const int left =
+        static_cast<int>(std::ceil(sideMargin + Painting::width(countText(), lineOf(_appearance))))
+        + countToChip;
+    _chip->place(QRect(QPoint(left, (height() - size.height()) / 2), size));
+}
+
+void PanelFooter::resizeEvent(QResizeEvent* /*event*/)
+{
+    layOut();
+}
+
 void PanelFooter::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
@@ -79,15 +126,12 @@ void PanelFooter::paintEvent(QPaintEvent* /*event*/)
     painter.fillRect(rect(), palette.surfaceChrome);
     Painting::hairline(painter, 0, 0, width(), palette.hairline);
 
-    const LineStyle style = _appearance.line(TextStyle::footnote, TextWeight::regular);
+    const LineStyle style = lineOf(_appearance);
     const QRectF line(
         sideMargin, (height() - style.height) / 2.0, width() - 2 * sideMargin, style.height);
     Painting::text(painter, line, countText(), style, palette.textSecondary);
-    const QString updated = updatedText();
-    const double needed =
-        Painting::width(countText(), style) + leastGap + Painting::width(updated, style);
-    if (needed <= line.width()) {
-        Painting::text(painter, line, updated, style, palette.textSecondary, Qt::AlignRight);
+    if (showsUpdated()) {
+        Painting::text(painter, line, updatedText(), style, palette.textSecondary, Qt::AlignRight);
     }
 }
 

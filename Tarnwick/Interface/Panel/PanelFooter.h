@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PullRequestKit/Date.h"
+#include "Tarnwick/Model/HiddenCounts.h"
 
 #include <QBasicTimer>
 #include <QWidget>
@@ -11,8 +12,10 @@
 namespace Tarnwick {
 
 class Appearance;
+class HiddenChip;
 
-/// The panel's foot: how many pull requests are shown, and how old the list is. It looks at the
+/// The panel's foot: how many pull requests are in sight and how many are hidden, and how old the
+/// list is. It looks at the
 /// clock only while it can be seen, and only when the text is about to change.
 class PanelFooter final : public QWidget {
     Q_OBJECT
@@ -22,27 +25,40 @@ public:
         std::function<PullRequestKit::Date()> now, const Appearance& appearance, QWidget* parent);
 
     void setCount(std::size_t pullRequests);
+    void setHidden(const HiddenCounts& hidden, bool areShown);
     void setRefreshed(std::optional<PullRequestKit::Date> refreshed);
 
     QString countText() const;
     /// Empty before the first refresh.
     QString updatedText() const;
 
+    /// Whether there is room for `updatedText`.
+    bool showsUpdated() const;
+
     bool isTicking() const { return _timer.isActive(); }
 
     QSize sizeHint() const override;
 
+Q_SIGNALS:
+    /// The hidden pull requests are to be shown, or hidden again.
+    void hiddenToggled();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
     void refreshText();
+    void layOut();
+    /// Where the chip ends, or the count where there is no chip.
+    double leftEnd() const;
 
     std::function<PullRequestKit::Date()> _now;
     const Appearance& _appearance;
+    HiddenChip* _chip;
     std::size_t _count = 0;
     std::optional<PullRequestKit::Date> _refreshed;
     QBasicTimer _timer;

@@ -30,6 +30,25 @@ QString count(std::size_t pullRequests)
     return QStringLiteral("%1 pull request%2").arg(pullRequests).arg(plural);
 }
 
+QString hiddenChip(const HiddenCounts& hidden, bool areShown)
+{
+    const QString text = areShown ? QStringLiteral("Hide %1") : QStringLiteral("%1 hidden");
+    return text.arg(hidden.total());
+}
+
+QString hiddenChipName(const HiddenCounts& hidden, bool areShown)
+{
+    const QString text = areShown ? QStringLiteral("Hide %1 pull request%2")
+                                  : QStringLiteral("Show %1 hidden pull request%2");
+    const QString plural = hidden.total() == 1 ? QString() : QStringLiteral("s");
+    return text.arg(hidden.total()).arg(plural);
+}
+
+QString hiddenHelp(const HiddenCounts& hidden)
+{
+    return QStringLiteral("%1 by filters").arg(hidden.filters);
+}
+
 QString updated(Date refreshed, Date now)
 {
     const seconds age = now - refreshed;

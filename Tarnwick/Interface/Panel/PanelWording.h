@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PullRequestKit/Date.h"
+#include "Tarnwick/Model/HiddenCounts.h"
 
 #include <QString>
 
@@ -16,6 +17,15 @@ namespace PanelWording {
 
 /// Such as "1 pull request" or "12 pull requests".
 QString count(std::size_t pullRequests);
+
+/// What the footer's chip says: "3 hidden", or "Hide 3" while they are shown.
+QString hiddenChip(const HiddenCounts& hidden, bool areShown);
+
+/// The same for a screen reader: "Show 3 hidden pull requests" or "Hide 3 pull requests".
+QString hiddenChipName(const HiddenCounts& hidden, bool areShown);
+
+/// What hides them, such as "3 by filters".
+QString hiddenHelp(const HiddenCounts& hidden);
 
 /// Such as "Updated 2 minutes ago"; the day by the user's time zone once it is over a day old.
 QString updated(PullRequestKit::Date refreshed, PullRequestKit::Date now);

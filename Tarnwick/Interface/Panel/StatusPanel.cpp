@@ -15,6 +15,7 @@ namespace {
 
 constexpr int iconSize = 40;
 constexpr int iconGap = 16;
+constexpr int detailGap = 8;
 constexpr int spinnerGap = 16;
 constexpr int buttonGap = 20;
 constexpr int betweenButtons = 8;
@@ -34,17 +35,30 @@ StatusPanel::StatusPanel(const Appearance& appearance, QWidget* parent)
            .colour = &Palette::textPrimary},
           appearance,
           this))
+    , _detail(new MessageText(
+          {.style = TextStyle::body,
+           .weight = TextWeight::regular,
+           .alignment = Qt::AlignHCenter,
+           .mostLines = 3,
+           .colour = &Palette::textSecondary},
+          appearance,
+          this))
     , _spinner(new Spinner(24, appearance, this))
     , _tryAgain(
           new PushButton(QStringLiteral("Try Again"), PushButton::Kind::plain, appearance, this))
     , _chooseRepositories(new PushButton(
           QStringLiteral("Choose Repositories…"), PushButton::Kind::primary, appearance, this))
+    , _showHidden(new PushButton(
+          QStringLiteral("Show Hidden"), PushButton::Kind::primary, appearance, this))
 {
     setObjectName(QStringLiteral("status"));
     _title->setObjectName(QStringLiteral("statusTitle"));
+    _detail->setObjectName(QStringLiteral("statusDetail"));
     _spinner->setObjectName(QStringLiteral("statusSpinner"));
     _tryAgain->setObjectName(QStringLiteral("tryAgain"));
     _chooseRepositories->setObjectName(QStringLiteral("chooseRepositories"));
+    _showHidden->setObjectName(QStringLiteral("showHidden"));
+    connect(_showHidden, &QAbstractButton::clicked, this, &StatusPanel::showHiddenRequested);
     connect(_tryAgain, &QAbstractButton::clicked, this, &StatusPanel::tryAgainRequested);
     connect(
         _chooseRepositories, &QAbstractButton::clicked, this, &StatusPanel::repositoriesRequested);
@@ -58,53 +72,74 @@ void StatusPanel::show(const StatusContent& content)
 {
     _content = content;
     _title->setText(content.title);
+    _detail->setText(content.detail);
+    _detail->setVisible(!content.detail.isEmpty());
     _spinner->setVisible(content.hasSpinner);
     _tryAgain->setVisible(!content.hasSpinner);
-    _chooseRepositories->setVisible(content.offersRepositories);
+    _chooseRepositories->setVisible(primary() == _chooseRepositories);
+    _showHidden->setVisible(primary() == _showHidden);
     // With nothing to press it holds the focus itself, until there are rows to pass it on to.
-    PushButton* const button = content.offersRepositories ? _chooseRepositories : _tryAgain;
+    PushButton* const button = primary() != nullptr ? primary() : _tryAgain;
     setFocusProxy(content.hasSpinner ? nullptr : button);
     setAccessibleName(content.title);
+    setAccessibleDescription(content.detail);
     layOut();
     update();
 }
 
-int StatusPanel::layOutButtons(int top, bool isPlaced)
+PushButton* StatusPanel::primary() const
 {
-    QSize size = _tryAgain->visibleSize();
     if (_content.offersRepositories) {
+        return _chooseRepositories;
+    }
+    return _content.detail.isEmpty() ? nullptr : _showHidden;
+}
+
+int StatusPanel::buttonsHeight() const
+{
+    const int height = _tryAgain->visibleSize().height();
+    return primary() == _chooseRepositories ? 2 * height + betweenButtons : height;
+}
+
+void StatusPanel::layOutButtons(int top)
+{
+    const QSize tryAgain = _tryAgain->visibleSize();
+    if (primary() == _showHidden) {
+        const QSize first = _showHidden->visibleSize();
+        const int start = (width() - first.width() - betweenButtons - tryAgain.width()) / 2;
+        _showHidden->place(QRect(QPoint(start, top), first));
+        _tryAgain->place(QRect(QPoint(start + first.width() + betweenButtons, top), tryAgain));
+        return;
+    }
+    QSize size = tryAgain;
+    if (primary() == _chooseRepositories) {
         size.setWidth(std::max(size.width(), _chooseRepositories->visibleSize().width()));
     }
     const int start = (width() - size.width()) / 2;
-    if (isPlaced) {
-        _tryAgain->place(QRect(QPoint(start, top), size));
-    }
-    if (!_content.offersRepositories) {
-        return size.height();
-    }
-    const int second = top + size.height() + betweenButtons;
-    if (isPlaced) {
-        _chooseRepositories->place(QRect(QPoint(start, second), size));
-    }
-    return 2 * size.height() + betweenButtons;
+    _tryAgain->place(QRect(QPoint(start, top), size));
+    _chooseRepositories->place(QRect(QPoint(start, top + size.height() + betweenButtons), size));
 }
 
 void StatusPanel::layOut()
 {
     const int icon = _appearance.scaled(iconSize);
-    _title->fit(std::min(width() - 2 * sidePadding, _appearance.scaled(widestTitle)), true);
+    const int room = std::min(width() - 2 * sidePadding, _appearance.scaled(widestTitle));
+    _title->fit(room, true);
+    _detail->fit(room, true);
+    const int detail = _content.detail.isEmpty() ? 0 : detailGap + _detail->height();
     const QSize ring = _spinner->sizeHint();
     const int below =
-        _content.hasSpinner ? spinnerGap + ring.height() : buttonGap + layOutButtons(0, false);
-    int top = (height() - (icon + iconGap + _title->height() + below)) / 2;
+        _content.hasSpinner ? spinnerGap + ring.height() : buttonGap + buttonsHeight();
+    int top = (height() - (icon + iconGap + _title->height() + detail + below)) / 2;
     _icon = QRect((width() - icon) / 2, top, icon, icon);
     top += icon + iconGap;
     _title->move((width() - _title->width()) / 2, top);
-    top += _title->height();
+    _detail->move((width() - _detail->width()) / 2, top + _title->height() + detailGap);
+    top += _title->height() + detail;
     if (_content.hasSpinner) {
         _spinner->setGeometry(QRect(QPoint((width() - ring.width()) / 2, top + spinnerGap), ring));
     } else {
-        layOutButtons(top + buttonGap, true);
+        layOutButtons(top + buttonGap);
     }
 }
 

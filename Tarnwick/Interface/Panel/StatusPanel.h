@@ -24,6 +24,7 @@ public:
 Q_SIGNALS:
     void tryAgainRequested();
     void repositoriesRequested();
+    void showHiddenRequested();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -31,14 +32,19 @@ protected:
 
 private:
     void layOut();
-    int layOutButtons(int top, bool isPlaced);
+    void layOutButtons(int top);
+    int buttonsHeight() const;
+    /// The button above or before "Try Again", or null.
+    PushButton* primary() const;
 
     const Appearance& _appearance;
     StatusContent _content;
     MessageText* _title;
+    MessageText* _detail;
     Spinner* _spinner;
     PushButton* _tryAgain;
     PushButton* _chooseRepositories;
+    PushButton* _showHidden;
     QRect _icon;
 };
 

@@ -25,11 +25,11 @@ const TextMeasure tens{
     }};
 
 const RowWording::Details details{
-    false, u"northmere/"_s, u"quay"_s, u"#482"_s, u"mira-k"_s, u"3h"_s};
+    false, {}, u"northmere/"_s, u"quay"_s, u"#482"_s, u"mira-k"_s, u"3h"_s};
 
 DetailsLayout at(double width)
 {
-    return layOutDetails(details, width, gap, tens);
+    return layOutDetails(details, {.width = width, .gap = gap}, tens);
 }
 
 TEST(DetailsLayout, piecesStandOneGapApart)
@@ -70,16 +70,59 @@ TEST(DetailsLayout, draftsBeginWithTheWord)
     RowWording::Details draft = details;
     draft.isDraft = true;
     EXPECT_EQ(
-        layOutDetails(draft, 1000, gap, tens).text(),
+        layOutDetails(draft, {.width = 1000, .gap = gap}, tens).text(),
         u"Draft · northmere/quay #482 · mira-k · 3h"_s);
-    EXPECT_EQ(layOutDetails(draft, 300, gap, tens).text(), u"Draft · quay #482 · mira-k · 3h"_s);
+    EXPECT_EQ(
+        layOutDetails(draft, {.width = 300, .gap = gap}, tens).text(),
+        u"Draft · quay #482 · mira-k · 3h"_s);
 }
 
 TEST(DetailsLayout, aPullRequestWithoutAuthorHasNoEmptyPlace)
 {
     RowWording::Details anonymous = details;
     anonymous.author.clear();
-    EXPECT_EQ(layOutDetails(anonymous, 1000, gap, tens).text(), u"northmere/quay #482 · 3h"_s);
+    EXPECT_EQ(
+        layOutDetails(anonymous, {.width = 1000, .gap = gap}, tens).text(),
+        u"northmere/quay #482 · 3h"_s);
+}
+
+DetailsLayout hiddenAt(double width, double scale = 1)
+{
+    RowWording::Details hidden = details;
+    hidden.isDraft = true;
+    hidden.reason = u"Hidden by Status"_s;
+    hidden.repository = u"tidewatch"_s;
+    return layOutDetails(hidden, {width, gap, scale}, tens);
+}
+
+TEST(DetailsLayout, aReasonStandsBeforeTheRepository)
+{
+    EXPECT_EQ(
+        hiddenAt(1000).text(),
+        u"Draft · Hidden by Status · northmere/tidewatch #482 · mira-k · 3h"_s);
+    EXPECT_FALSE(hiddenAt(1000).isElided);
+}
+
+TEST(DetailsLayout, besideAReasonRepositoryAndAuthorKeepSomeLetters)
+{
+    EXPECT_EQ(hiddenAt(505).text(), u"Draft · Hidden by Status · tidewatch #482 · mira-k · 3h"_s);
+    EXPECT_EQ(hiddenAt(460).text(), u"Draft · Hidden by Status · ti…h #482 · mira-k · 3h"_s);
+    EXPECT_EQ(hiddenAt(440).text(), u"Draft · Hidden by Status · ti…h #482 · mir… · 3h"_s);
+    EXPECT_EQ(hiddenAt(430).text(), u"Draft · Hidden by Status · ti…h #482 · mi… · 3h"_s);
+    EXPECT_EQ(hiddenAt(440, 2).text(), u"Draft · Hidden by Status · tidewatch #482 · 3h"_s);
+}
+
+TEST(DetailsLayout, thenTheAuthorGoesAndTheRepositoryAndAtLastTheLineEnds)
+{
+    EXPECT_EQ(hiddenAt(380).text(), u"Draft · Hidden by Status · ti…h #482 · 3h"_s);
+    EXPECT_EQ(hiddenAt(350).text(), u"Draft · Hidden by Status · … #482 · 3h"_s);
+    EXPECT_EQ(hiddenAt(325).text(), u"Draft · Hidden by Status · … #482…"_s);
+    EXPECT_EQ(hiddenAt(140).text(), u"Draft · Hidden…"_s);
+    for (int width = 20; width < 600; ++width) {
+        const DetailsLayout layout = hiddenAt(width);
+        EXPECT_LE(layout.pieces.back().left + tens.width(layout.pieces.back().text), width);
+        EXPECT_EQ(layout.isElided, layout.text() != hiddenAt(1000).text());
+    }
 }
 
 }  // namespace

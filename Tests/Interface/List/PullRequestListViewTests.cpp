@@ -315,6 +315,35 @@ TEST_F(PullRequestListViewTests, aListAtItsTopStaysAtItsTop)
     EXPECT_EQ(view.verticalScrollBar()->value(), 0);
 }
 
+TEST_F(PullRequestListViewTests, heldRowsStandStillInAListAtItsTop)
+{
+    show(plainRows(60));
+    std::vector<ListedRow> rows = plainRows(60);
+    rows.insert(rows.begin(), listedRow({makePullRequest(777), 0, false, {}}));
+    view.holdRows();
+    model.setRows(rows);
+    EXPECT_EQ(view.visualRect(model.index(1)).top(), 0);
+    view.holdRows();
+    model.setRows(plainRows(60));
+    EXPECT_EQ(view.visualRect(model.index(0)).top(), 0);
+    model.setRows(rows);
+    EXPECT_EQ(view.visualRect(model.index(0)).top(), 0) << "only once";
+}
+
+TEST_F(PullRequestListViewTests, aDimmedRowSaysWhyItIsHidden)
+{
+    std::vector<ListedRow> rows = sampleRows();
+    rows[4].sight = Sight::hiddenByChecks;
+    show(rows);
+    EXPECT_EQ(model.countInSight(), static_cast<int>(rows.size()) - 1);
+    EXPECT_TRUE(model.content(4).isDimmed());
+    const QString description =
+        model.data(model.index(4), Qt::AccessibleDescriptionRole).toString();
+    EXPECT_TRUE(description.startsWith(u"Hidden by Checks. "_s)) << description.toStdString();
+    click(inRow(4, onTitle));
+    EXPECT_EQ(openedNumbers.size(), 1U);
+}
+
 TEST_F(PullRequestListViewTests, rowsFollowTheWidthAtOnce)
 {
     show(sampleRows());

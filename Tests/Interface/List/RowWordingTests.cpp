@@ -135,10 +135,11 @@ TEST(RowWording, detailsNameRepositoryNumberAuthorAndAge)
     pullRequest.author = "mira-k";
     pullRequest.updatedAt = date("2025-06-20T09:00:00Z");
     const RowWording::Details details =
-        RowWording::details(pullRequest, date("2025-06-20T12:00:00Z"), QTimeZone::utc());
+        RowWording::details(pullRequest, {}, date("2025-06-20T12:00:00Z"), QTimeZone::utc());
     EXPECT_EQ(
         details,
-        (RowWording::Details{false, u"northmere/"_s, u"quay"_s, u"#482"_s, u"mira-k"_s, u"3h"_s}));
+        (RowWording::Details{
+            false, {}, u"northmere/"_s, u"quay"_s, u"#482"_s, u"mira-k"_s, u"3h"_s}));
     EXPECT_EQ(RowWording::detailsText(details), u"northmere/quay #482 · \u2068mira-k\u2069 · 3h"_s);
 }
 
@@ -148,8 +149,28 @@ TEST(RowWording, detailsOfDraftsBeginWithTheWord)
     pullRequest.updatedAt = date("2025-06-20T11:12:00Z");
     EXPECT_EQ(
         RowWording::detailsText(
-            RowWording::details(pullRequest, date("2025-06-20T12:00:00Z"), QTimeZone::utc())),
+            RowWording::details(pullRequest, {}, date("2025-06-20T12:00:00Z"), QTimeZone::utc())),
         u"Draft · octo/tools #1 · \u2068octo\u2069 · 48m"_s);
+}
+
+TEST(RowWording, hiddenRowsSayWhichFilterHidesThem)
+{
+    EXPECT_EQ(RowWording::hiddenReason(Sight::hiddenByStatus), u"Hidden by Status"_s);
+    EXPECT_EQ(RowWording::hiddenReason(Sight::hiddenByMergeability), u"Hidden by Merge-ready"_s);
+    EXPECT_EQ(RowWording::hiddenReason(Sight::hiddenByReviews), u"Hidden by Reviews"_s);
+    EXPECT_EQ(RowWording::hiddenReason(Sight::hiddenByChecks), u"Hidden by Checks"_s);
+    EXPECT_EQ(RowWording::hiddenReason(Sight::inSight), QString());
+}
+
+TEST(RowWording, theReasonStandsAfterDraftAndIsSaidFirst)
+{
+    const RowWording::Details details{
+        true, u"Hidden by Status"_s, u"northmere/"_s, u"quay"_s, u"#482"_s, {}, u"3h"_s};
+    EXPECT_EQ(
+        RowWording::detailsText(details), u"Draft · Hidden by Status · northmere/quay #482 · 3h"_s);
+    EXPECT_EQ(
+        RowWording::accessibilityDescription(details),
+        u"Hidden by Status. Draft · northmere/quay #482 · 3h"_s);
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <algorithm>
+
 namespace Tarnwick {
 namespace {
 
@@ -93,6 +95,20 @@ TEST_F(OptionsMenuTests, hasItsItemsInOrder)
             "Help",
             "Quit"));
     EXPECT_EQ(menu->accessibleName(), QStringLiteral("List options"));
+}
+
+TEST_F(OptionsMenuTests, resetsTheFiltersWhileOneDiffersFromItsDefault)
+{
+    EXPECT_THAT(itemsOf(*menu), testing::Not(testing::Contains("Reset Filters")));
+    choose("Checks", "Pass");
+    const std::vector<std::string> items = itemsOf(*menu);
+    const auto place = std::ranges::find(items, "Reset Filters");
+    ASSERT_NE(place, items.end());
+    EXPECT_EQ(*(place - 1), "Merge-ready >");
+    EXPECT_EQ(*(place + 1), "-");
+    item(*menu, "Reset Filters")->trigger();
+    EXPECT_THAT(checked("Checks"), ElementsAre("None", "Pending", "Pass", "Fail"));
+    EXPECT_THAT(itemsOf(*menu), testing::Not(testing::Contains("Reset Filters")));
 }
 
 TEST_F(OptionsMenuTests, screenReadersTellTheKeyApartFromTheTitle)

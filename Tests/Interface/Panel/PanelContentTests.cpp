@@ -62,6 +62,15 @@ TEST(PanelContentTests, anEmptySelectionOffersTheRepositories)
     EXPECT_TRUE(content.offersRepositories);
 }
 
+TEST(PanelContentTests, anEmptyListSaysWhatIsHidden)
+{
+    const auto content =
+        std::get<StatusContent>(panelContent({Kind::loaded, {}}, false, false, {.filters = 9}));
+    EXPECT_EQ(content.title, QStringLiteral("No pull requests involving you were found."));
+    EXPECT_EQ(content.detail, QStringLiteral("9 are hidden by filters."));
+    EXPECT_EQ(statusOf({Kind::loaded, {}}).detail, QString());
+}
+
 TEST(PanelContentTests, aFailureIsItsMessage)
 {
     const StatusContent content = statusOf({Kind::failed, "error connecting to api.github.com"});

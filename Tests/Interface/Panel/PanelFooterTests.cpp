@@ -2,6 +2,10 @@
 
 #include "Tarnwick/Interface/Look/Appearance.h"
 
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QSignalSpy>
+
 #include <gtest/gtest.h>
 
 namespace Tarnwick {
@@ -38,6 +42,41 @@ TEST(PanelFooterTests, ticksOnlyWhileItCanBeSeenAndHasSomethingToTell)
     EXPECT_FALSE(footer.isTicking());
     footer.show();
     EXPECT_TRUE(footer.isTicking());
+}
+
+TEST(PanelFooterTests, hasAChipWhileSomethingIsHidden)
+{
+    const Appearance appearance(1.0);
+    PanelFooter footer([] { return PullRequestKit::Date(); }, appearance, nullptr);
+    const auto* const chip = footer.findChild<QAbstractButton*>(QStringLiteral("hiddenChip"));
+    ASSERT_NE(chip, nullptr);
+    EXPECT_TRUE(chip->isHidden());
+    footer.setHidden({.filters = 3}, false);
+    EXPECT_FALSE(chip->isHidden());
+    EXPECT_EQ(chip->text(), QStringLiteral("3 hidden"));
+    EXPECT_EQ(chip->accessibleName(), QStringLiteral("Show 3 hidden pull requests"));
+    EXPECT_EQ(chip->accessibleDescription(), QStringLiteral("3 by filters"));
+    EXPECT_TRUE(chip->toolTip().contains(QStringLiteral("3 by filters")));
+    footer.setHidden({.filters = 3}, true);
+    EXPECT_EQ(chip->text(), QStringLiteral("Hide 3"));
+    footer.setHidden({}, false);
+    EXPECT_TRUE(chip->isHidden());
+}
+
+TEST(PanelFooterTests, theLongestTextsFitAtTheLeastWidth)
+{
+    for (const double scale : {1.0, 1.25, 1.5}) {
+        const Appearance appearance(scale);
+        const PullRequestKit::Date then(1'710'244'800s);
+        PanelFooter footer([then] { return then + 59min; }, appearance, nullptr);
+        footer.setCount(1000);
+        footer.setHidden({.filters = 128}, true);
+        footer.setRefreshed(then);
+        footer.resize(appearance.scaled(360), footer.sizeHint().height());
+        EXPECT_TRUE(footer.showsUpdated()) << scale;
+        footer.resize(appearance.scaled(300), footer.sizeHint().height());
+        EXPECT_FALSE(footer.showsUpdated()) << scale;
+    }
 }
 
 }  // namespace

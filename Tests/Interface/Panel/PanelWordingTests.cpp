@@ -20,6 +20,21 @@ TEST(PanelWordingTests, countsPullRequests)
     EXPECT_EQ(PanelWording::count(0), QStringLiteral("0 pull requests"));
 }
 
+TEST(PanelWordingTests, tellsWhatIsHidden)
+{
+    const HiddenCounts one{.filters = 1};
+    const HiddenCounts three{.filters = 3};
+    EXPECT_EQ(PanelWording::hiddenChip(three, false), QStringLiteral("3 hidden"));
+    EXPECT_EQ(PanelWording::hiddenChip(three, true), QStringLiteral("Hide 3"));
+    EXPECT_EQ(
+        PanelWording::hiddenChipName(three, false), QStringLiteral("Show 3 hidden pull requests"));
+    EXPECT_EQ(PanelWording::hiddenChipName(three, true), QStringLiteral("Hide 3 pull requests"));
+    EXPECT_EQ(
+        PanelWording::hiddenChipName(one, false), QStringLiteral("Show 1 hidden pull request"));
+    EXPECT_EQ(PanelWording::hiddenChipName(one, true), QStringLiteral("Hide 1 pull request"));
+    EXPECT_EQ(PanelWording::hiddenHelp(three), QStringLiteral("3 by filters"));
+}
+
 struct Age {
     std::chrono::seconds age;
     const char* text;

@@ -135,6 +135,68 @@ TEST_F(FilterOperations, tellsOfEveryChange)
     EXPECT_EQ(rowChanges, 1);
 }
 
+TEST_F(FilterOperations, countsWhatTheFiltersHide)
+{
+    EXPECT_EQ(model->hidden().total(), 1U);
+    model->toggleChecks(ChecksFilter::none);
+    EXPECT_EQ(model->hidden().filters, 4U);
+    model->selectAllRepositories(false);
+    EXPECT_EQ(model->hidden().total(), 0U);
+    ASSERT_TRUE(settle());
+}
+
+TEST_F(FilterOperations, tellWheneverWhatIsHiddenMayDiffer)
+{
+    model->toggleStatus(StatusFilter::draft);
+    int changes = 0;
+    QObject::connect(
+        model.get(), &PullRequestMenuModel::hiddenChanged, model.get(), [&] { ++changes; });
+    model->toggleMergeability(MergeabilityFilter::conflicting);
+    EXPECT_EQ(changes, 1);
+    auto conflicting = makePullRequest(4);
+    conflicting.mergeability = PullRequestMergeability::conflicting;
+    conflicting.title = "Another title";
+    provider->setPullRequests({conflicting});
+    refresh();
+    EXPECT_EQ(changes, 2);
+    model->toggleMergeability(MergeabilityFilter::conflicting);
+    EXPECT_EQ(changes, 3);
+    model->toggleChecks(ChecksFilter::fail);
+    EXPECT_EQ(changes, 3);
+}
+
+TEST_F(FilterOperations, knowTheHiddenOnesAndWhatHidesThem)
+{
+    const SharedRows rows = model->rowsWithHidden();
+    ASSERT_EQ(rows->size(), 5U);
+    for (const PullRequestRow& row : *rows) {
+        EXPECT_EQ(
+            model->sightOf(row.pullRequest),
+            row.id().number == 2 ? Sight::hiddenByStatus : Sight::inSight);
+    }
+}
+
+TEST_F(FilterOperations, resetEveryFilterAndNoRepository)
+{
+    EXPECT_TRUE(hasDefaultFilters(model->settings()));
+    model->toggleStatus(StatusFilter::draft);
+    model->toggleChecks(ChecksFilter::pass);
+    model->toggleReviewFilter(ReviewFilter::approved);
+    model->toggleMergeability(MergeabilityFilter::conflicting);
+    model->setReviewerFilter(ReviewerFilter::any);
+    model->setPollingInterval(PollingInterval::oneHour);
+    EXPECT_FALSE(hasDefaultFilters(model->settings()));
+    model->resetFilters();
+    EXPECT_TRUE(hasDefaultFilters(model->settings()));
+    Settings expected;
+    expected.selectedRepositories = {"octo/tools"};
+    expected.pollingInterval = PollingInterval::oneHour;
+    EXPECT_EQ(model->settings(), expected);
+    EXPECT_EQ(storedSettings(), expected);
+    ASSERT_TRUE(TestSupport::eventually([&] { return shownNumbers().size() == 4; }));
+    ASSERT_TRUE(settle());
+}
+
 TEST_F(FilterOperations, togglesTheLoginItem)
 {
     model->toggleLaunchAtLogin();

@@ -17,6 +17,11 @@ Settings settings()
     return settings;
 }
 
+bool passesFilters(const PullRequest& pullRequest, const Settings& settings)
+{
+    return sightOf(pullRequest, settings) == Sight::inSight;
+}
+
 TEST(RowFilter, showsOnlySelectedRepositories)
 {
     EXPECT_TRUE(passesFilters(makePullRequest(1), settings()));
@@ -134,16 +139,80 @@ TEST(RowFilter, aPullRequestWithoutChecksShowsOnlyWhenNoneIsSelected)
     EXPECT_FALSE(passesFilters(makePullRequest(1), filter));
 }
 
-TEST(RowFilter, stacksWhatIsLeft)
+TEST(RowFilter, tellsTheFirstFilterThatHides)
 {
-    const auto base = makePullRequest(1, "a", "main");
-    auto middle = makePullRequest(2, "b", "a");
-    middle.isDraft = true;
-    const auto top = makePullRequest(3, "c", "b");
-    const auto rows = filteredRows({top, middle, base}, settings());
-    ASSERT_EQ(rows.size(), 2U);
-    EXPECT_EQ(rows[0].depth, 0);
-    EXPECT_EQ(rows[1].depth, 0);
+    auto pullRequest = makePullRequest(1);
+    pullRequest.isDraft = true;
+    pullRequest.mergeability = PullRequestMergeability::conflicting;
+    pullRequest.checks = {1, 2, 1};
+    Settings filter;
+    filter.mergeabilities = {};
+    filter.reviewFilters = {ReviewFilter::approved};
+    filter.checks = {};
+    EXPECT_EQ(sightOf(pullRequest, filter), Sight::otherRepository);
+    filter.selectedRepositories = {"octo/tools"};
+    EXPECT_EQ(sightOf(pullRequest, filter), Sight::hiddenByStatus);
+    filter.statuses.insert(StatusFilter::draft);
+    EXPECT_EQ(sightOf(pullRequest, filter), Sight::hiddenByMergeability);
+    filter.mergeabilities = {MergeabilityFilter::conflicting};
+    EXPECT_EQ(sightOf(pullRequest, filter), Sight::hiddenByReviews);
+    filter.reviewFilters = {};
+    EXPECT_EQ(sightOf(pullRequest, filter), Sight::hiddenByChecks);
+    filter.checks = {ChecksFilter::fail};
+    EXPECT_EQ(sightOf(pullRequest, filter), Sight::inSight);
+}
+
+TEST(RowFilter, isHiddenOnlyInSelectedRepositories)
+{
+    EXPECT_FALSE(isHidden(Sight::otherRepository));
+    EXPECT_FALSE(isHidden(Sight::inSight));
+    EXPECT_TRUE(isHidden(Sight::hiddenByStatus));
+    EXPECT_TRUE(isHidden(Sight::hiddenByMergeability));
+    EXPECT_TRUE(isHidden(Sight::hiddenByReviews));
+    EXPECT_TRUE(isHidden(Sight::hiddenByChecks));
+}
+
+class StackWithDraft : public testing::Test {
+protected:
+    StackWithDraft()
+    {
+        pullRequests[1].isDraft = true;
+        pullRequests[3].id.repository = "octo/site";
+    }
+
+    std::vector<PullRequest> pullRequests{
+        makePullRequest(3, "c", "b"),
+        makePullRequest(2, "b", "a"),
+        makePullRequest(1, "a", "main"),
+        makePullRequest(4)};
+};
+
+TEST_F(StackWithDraft, stacksWhatIsLeftAndCountsWhatIsNot)
+{
+    const FilteredRows list = filteredRows(pullRequests, settings());
+    ASSERT_EQ(list.rows.size(), 2U);
+    EXPECT_EQ(list.rows[0].depth, 0);
+    EXPECT_EQ(list.rows[1].depth, 0);
+    EXPECT_EQ(list.hidden.filters, 1U);
+    EXPECT_EQ(list.hidden.total(), 1U);
+}
+
+TEST_F(StackWithDraft, isWholeWithTheHiddenOnes)
+{
+    const auto rows = rowsWithHidden(pullRequests, settings());
+    ASSERT_EQ(rows.size(), 3U);
+    for (std::int64_t depth = 0; depth < 3; ++depth) {
+        const PullRequestRow& row = rows[static_cast<std::size_t>(depth)];
+        EXPECT_EQ(row.id().number, depth + 1);
+        EXPECT_EQ(row.depth, depth);
+    }
+}
+
+TEST(HiddenCountsTests, saysInASentenceWhatHides)
+{
+    EXPECT_EQ(hiddenSentence({.filters = 0}), "");
+    EXPECT_EQ(hiddenSentence({.filters = 1}), "1 is hidden by filters.");
+    EXPECT_EQ(hiddenSentence({.filters = 9}), "9 are hidden by filters.");
 }
 
 }  // namespace

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace Tarnwick {
+
+/// How many of the fetched pull requests are out of sight, by what hides them. Those of
+/// repositories that are not selected do not count.
+struct HiddenCounts {
+    std::size_t filters = 0;
+
+    std::size_t total() const { return filters; }
+
+    bool operator==(const HiddenCounts&) const = default;
+};
+
+/// Such as "9 are hidden by filters." or "1 is hidden by filters."; empty when nothing is hidden.
+std::string hiddenSentence(const HiddenCounts& hidden);
+
+}  // namespace Tarnwick
