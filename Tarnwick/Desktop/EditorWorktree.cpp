@@ -93,27 +93,6 @@ std::filesystem::path worktreeDirectory(
     return clone.parent_path() / ".tarnwick-worktrees" / clone.filename() / name;
 }
 
-std::optional<std::filesystem::path> existingWorktree(
-    std::string_view listing, const std::string& branch)
-{
-    constexpr std::string_view worktreeField = "worktree ";
-    const std::string text = GitHubProvider::decodeText(listing);
-    const std::string branchField = "branch refs/heads/" + branch;
-    std::optional<std::filesystem::path> current;
-    std::string_view rest = text;
-    while (!rest.empty()) {
-        const std::size_t end = std::min(rest.find('\0'), rest.size());
-        const std::string_view field = rest.substr(0, end);
-        rest.remove_prefix(std::min(end + 1, rest.size()));
-        if (field.starts_with(worktreeField)) {
-            current = field.substr(worktreeField.size());
-        } else if (current && field == branchField) {
-            return current;
-        }
-    }
-    return std::nullopt;
-}
-
 void check(const CommandResult& result, std::string_view action)
 {
     if (result.status == 0) {

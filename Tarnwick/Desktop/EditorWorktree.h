@@ -1,13 +1,13 @@
 #pragma once
 
 #include "GitHubProvider/CommandRunning.h"
+#include "Tarnwick/Desktop/WorktreeListing.h"
 
 #include <QCoro/QCoroTask>
 
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <stop_token>
 #include <string>
 #include <string_view>
@@ -27,11 +27,6 @@ namespace Tarnwick::EditorWorktree {
 /// Safe from any thread.
 std::filesystem::path worktreeDirectory(
     const std::filesystem::path& clone, const std::string& branch);
-
-/// The worktree on exactly this branch in the output of `git worktree list --porcelain -z`, or
-/// nothing. Safe from any thread.
-std::optional<std::filesystem::path> existingWorktree(
-    std::string_view listing, const std::string& branch);
 
 /// Throws `ExternalNavigationError` unless the command ended with 0: "ACTION failed (exit STATUS)."
 /// and, on a second line, what it wrote to standard error. Safe from any thread.

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace Tarnwick::EditorWorktree {
+
+/// The worktree on exactly this branch in the output of `git worktree list --porcelain -z`, or
+/// nothing. Safe from any thread.
+std::optional<std::filesystem::path> existingWorktree(
+    std::string_view listing, const std::string& branch);
+
+}  // namespace Tarnwick::EditorWorktree
