@@ -1,7 +1,10 @@
 #include "TarnwickDirect/CommandLine/ListText.h"
 
+#include "TarnwickDirect/CommandLine/ListCells.h"
+#include "TarnwickDirect/CommandLine/ListTree.h"
+
 #include <algorithm>
-#include <array>
+#include <limits>
 
 namespace TarnwickDirect {
 
@@ -9,151 +12,36 @@ using namespace PullRequestKit;
 
 namespace {
 
-/// A piece of text in one style.
-struct Cell {
-    std::string text;
-    Style style = Style::plain;
-};
-
-constexpr std::size_t columnCount = 5;
 constexpr std::string_view gap = "  ";
+constexpr int gapWidth = 2;
 
-/// Titles are not cut below this, however narrow the terminal.
-constexpr int smallestTitle = 20;
-
-/// How far a warning stands to the right of the title above it.
-constexpr int warningIndent = 3;
+/// Titles that have this much need no further line for their details.
+constexpr int ampleTitle = 50;
 
 /// Without a terminal titles are not cut, but longer ones do not move the other rows' columns.
 constexpr int alignedTitle = 72;
 
-struct Line {
-    std::string tree;
-    std::array<Cell, columnCount> cells;  ///< Title, repository, state, reviews, checks.
-    std::string warning;
+struct Entry {
+    TreeLines tree;
+    Cell title;
+    std::vector<Cell> details;
+    Cell warning;
 };
 
-Cell stateCell(const PullRequest& pullRequest)
+/// Where things stand when each pull request has one line.
+struct Columns {
+    int title = 0;  ///< With the tree in front of it.
+    std::vector<int> details;
+};
+
+int widthOf(const Cell& cell)
 {
-    if (pullRequest.hasMergeConflict()) {
-        return {pullRequest.isDraft ? "draft, conflict" : "conflict", Style::red};
-    }
-    if (pullRequest.isDraft) {
-        return {"draft", Style::faint};
-    }
-    const std::string name(nameOf(pullRequest.state));
-    switch (pullRequest.state) {
-    case PullRequestState::open:
-        return {name, Style::green};
-    case PullRequestState::closed:
-        return {name, Style::red};
-    case PullRequestState::merged:
-        return {name, Style::purple};
-    }
-    return {name, Style::plain};
+    return displayWidth(cell.text);
 }
 
-Cell reviewCell(const PullRequest& pullRequest)
+int treeWidth(const Entry& entry)
 {
-    const std::string count = " " + pullRequest.reviewCountLabel();
-    switch (pullRequest.reviewState) {
-    case ReviewState::none:
-        return {
-            "no reviews" + (pullRequest.requiredApprovingReviewCount ? count : ""), Style::faint};
-    case ReviewState::pending:
-        return {"pending" + count, Style::yellow};
-    case ReviewState::approved:
-        return {"approved" + count, Style::green};
-    case ReviewState::commented:
-        return {"commented" + count, Style::plain};
-    case ReviewState::changesRequested:
-        return {"changes requested" + count, Style::red};
-    }
-    return {count, Style::plain};
-}
-
-Cell checksCell(const ProgressCount& checks)
-{
-    if (checks.total == 0) {
-        return {"no checks", Style::faint};
-    }
-    const std::string count = "checks " + checks.label();
-    if (checks.failed > 0) {
-        return {count + ", " + std::to_string(checks.failed) + " failed", Style::red};
-    }
-    return {count, checks.allComplete() ? Style::green : Style::yellow};
-}
-
-/// Whether a later row stands on the same level under the same parent.
-bool hasLaterSibling(const std::vector<PullRequestRow>& rows, std::size_t index)
-{
-    const std::int64_t depth = rows[index].depth;
-    const auto next = std::find_if(
-        rows.begin() + static_cast<std::ptrdiff_t>(index) + 1,
-        rows.end(),
-        [&](const PullRequestRow& row) { return row.depth <= depth; });
-    return next != rows.end() && next->depth == depth;
-}
-
-/// The lines that lead to each row from the root of its stack.
-std::vector<std::string> treeLines(const std::vector<PullRequestRow>& rows)
-{
-    std::vector<std::string> lines;
-    std::vector<bool> isOpen;  // By level: more rows follow there.
-    for (std::size_t index = 0; index < rows.size(); ++index) {
-        const auto depth = static_cast<std::size_t>(rows[index].depth);
-        isOpen.resize(depth);
-        std::string line;
-        for (std::size_t level = 1; level < depth; ++level) {
-            line += isOpen[level] ? "│  " : "   ";
-        }
-        isOpen.push_back(depth > 0 && hasLaterSibling(rows, index));
-        if (depth > 0) {
-            line += isOpen[depth] ? "├─ " : "└─ ";
-        }
-        lines.push_back(std::move(line));
-    }
-    return lines;
-}
-
-Line makeLine(const PullRequestRow& row, std::string tree, bool isVisited)
-{
-    const PullRequest& pullRequest = row.pullRequest;
-    const std::string title =
-        "#" + std::to_string(pullRequest.id.number) + " " + singleLine(pullRequest.title);
-    return {
-        std::move(tree),
-        {Cell{title, isVisited ? Style::faint : Style::plain},
-         Cell{singleLine(pullRequest.id.repository), Style::faint},
-         stateCell(pullRequest),
-         reviewCell(pullRequest),
-         checksCell(pullRequest.checks)},
-        row.warning.value_or("")};
-}
-
-int widthOf(const Line& line, std::size_t column)
-{
-    return displayWidth(line.cells[column].text) + (column == 0 ? displayWidth(line.tree) : 0);
-}
-
-std::array<int, columnCount> columnWidths(const std::vector<Line>& lines, int available)
-{
-    std::array<int, columnCount> widths{};
-    for (const Line& line : lines) {
-        for (std::size_t column = 0; column < columnCount; ++column) {
-            widths[column] = std::max(widths[column], widthOf(line, column));
-        }
-    }
-    if (available > 0) {
-        int others = 0;
-        for (std::size_t column = 1; column < columnCount; ++column) {
-            others += widths[column] + static_cast<int>(gap.size());
-        }
-        widths[0] = std::clamp(available - others, std::min(smallestTitle, widths[0]), widths[0]);
-    } else {
-        widths[0] = std::min(widths[0], alignedTitle);
-    }
-    return widths;
+    return static_cast<int>(entry.tree.first.size()) * treePieceWidth;
 }
 
 std::string padding(int width)
@@ -161,24 +49,128 @@ std::string padding(int width)
     return std::string(static_cast<std::size_t>(std::max(width, 0)), ' ');
 }
 
-std::string draw(
-    const Line& line, const std::array<int, columnCount>& widths, const TerminalTraits& terminal)
+std::vector<Entry> entriesOf(
+    const std::vector<PullRequestRow>& rows,
+    const std::function<bool(const PullRequest&)>& isVisited)
 {
-    std::string text = styled(line.tree, Style::faint, terminal.hasColours);
-    const int treeWidth = displayWidth(line.tree);
-    for (std::size_t column = 0; column < columnCount; ++column) {
-        const Cell& cell = line.cells[column];
-        const int width = widths[column] - (column == 0 ? treeWidth : 0);
-        const std::string content = terminal.columns > 0 ? elided(cell.text, width) : cell.text;
-        text += styled(content, cell.style, terminal.hasColours);
-        if (column + 1 < columnCount) {
-            text += padding(width - displayWidth(content));
-            text += gap;
+    std::vector<TreeLines> trees = treeLines(rows);
+    std::vector<Entry> entries;
+    entries.reserve(rows.size());
+    for (std::size_t index = 0; index < rows.size(); ++index) {
+        const PullRequest& pullRequest = rows[index].pullRequest;
+        entries.push_back(
+            {std::move(trees[index]),
+             titleCell(pullRequest, isVisited(pullRequest)),
+             detailCells(pullRequest),
+             Cell{singleLine(rows[index].warning.value_or("")), Style::yellow}});
+    }
+    return entries;
+}
+
+/// As wide as what stands in them.
+Columns naturalColumns(const std::vector<Entry>& entries)
+{
+    Columns columns;
+    for (const Entry& entry : entries) {
+        columns.title = std::max(columns.title, treeWidth(entry) + widthOf(entry.title));
+        columns.details.resize(entry.details.size());
+        for (std::size_t index = 0; index < entry.details.size(); ++index) {
+            columns.details[index] =
+                std::max(columns.details[index], widthOf(entry.details[index]));
         }
     }
-    if (!line.warning.empty()) {
-        text += "\n" + padding(treeWidth + warningIndent);
-        text += styled(line.warning, Style::yellow, terminal.hasColours);
+    return columns;
+}
+
+/// How wide the column of titles has to be so that each of them has its share of the terminal.
+int neededTitleColumn(const std::vector<Entry>& entries, int terminalColumns)
+{
+    const int share = std::min((terminalColumns + 1) / 2, ampleTitle);
+    int needed = 0;
+    for (const Entry& entry : entries) {
+        needed = std::max(needed, treeWidth(entry) + std::min(widthOf(entry.title), share));
+    }
+    return needed;
+}
+
+/// The list with one line to a pull request.
+class OneLineEach {
+public:
+    OneLineEach(Columns columns, const TerminalTraits& terminal)
+        : _columns(std::move(columns))
+        , _terminal(terminal)
+    {}
+
+    std::string draw(const Entry& entry) const
+    {
+        std::string text = drawTree(entry.tree.first);
+        const int width = _columns.title - treeWidth(entry);
+        text += drawPadded({fitted(entry.title, width), entry.title.style}, width);
+        for (std::size_t index = 0; index + 1 < entry.details.size(); ++index) {
+            text += gap;
+            text += drawPadded(entry.details[index], _columns.details[index]);
+        }
+        text += gap;
+        text += drawCell(entry.details.back()) + "\n";
+        if (!entry.warning.text.empty()) {
+            const int left = treeWidth(entry) + treePieceWidth;
+            text += drawTree(entry.tree.below);
+            text += drawCell({fitted(entry.warning, _terminal.columns - left), Style::yellow});
+            text += "\n";
+        }
+        return text;
+    }
+
+private:
+    std::string fitted(const Cell& cell, int width) const
+    {
+        return _terminal.columns > 0 ? elided(cell.text, width) : cell.text;
+    }
+
+    std::string drawTree(const std::vector<std::string_view>& pieces) const
+    {
+        const std::string text = treeText(pieces, std::numeric_limits<int>::max());
+        return styled(text, Style::faint, _terminal.hasColors);
+    }
+
+    std::string drawCell(const Cell& cell) const
+    {
+        return styled(cell.text, cell.style, _terminal.hasColors);
+    }
+
+    std::string drawPadded(const Cell& cell, int width) const
+    {
+        return drawCell(cell) + padding(width - widthOf(cell));
+    }
+
+    Columns _columns;
+    TerminalTraits _terminal;
+};
+
+/// A pull request with its title on the first line and the rest on as many lines as it takes.
+std::string drawFolded(const Entry& entry, const TerminalTraits& terminal)
+{
+    const int treeLimit = terminal.columns / 2;
+    const std::string tree = treeText(entry.tree.first, treeLimit);
+    const std::string indent = treeText(entry.tree.below, treeLimit);
+    const int available = terminal.columns - displayWidth(indent);
+    const auto drawnCell = [&](const Cell& cell, int width) {
+        return styled(elided(cell.text, width), cell.style, terminal.hasColors);
+    };
+    const std::string start = "\n" + styled(indent, Style::faint, terminal.hasColors);
+
+    std::string text = styled(tree, Style::faint, terminal.hasColors);
+    text += drawnCell(entry.title, terminal.columns - displayWidth(tree));
+    int used = available;
+    for (const Cell& cell : entry.details) {
+        const int width = std::min(widthOf(cell), available);
+        const bool fits = used + gapWidth + width <= available;
+        text += fits ? std::string(gap) : start;
+        text += drawnCell(cell, available);
+        used = fits ? used + gapWidth + width : width;
+    }
+    if (!entry.warning.text.empty()) {
+        text += start + drawnCell(entry.warning, available);
     }
     return text + "\n";
 }
@@ -190,17 +182,28 @@ std::string listText(
     const std::function<bool(const PullRequest&)>& isVisited,
     const TerminalTraits& terminal)
 {
-    std::vector<std::string> trees = treeLines(rows);
-    std::vector<Line> lines;
-    lines.reserve(rows.size());
-    for (std::size_t index = 0; index < rows.size(); ++index) {
-        lines.push_back(
-            makeLine(rows[index], std::move(trees[index]), isVisited(rows[index].pullRequest)));
+    const std::vector<Entry> entries = entriesOf(rows, isVisited);
+    Columns columns = naturalColumns(entries);
+    if (terminal.columns > 0) {
+        int available = terminal.columns;
+        for (const int width : columns.details) {
+            available -= gapWidth + width;
+        }
+        if (available < neededTitleColumn(entries, terminal.columns)) {
+            std::string text;
+            for (const Entry& entry : entries) {
+                text += drawFolded(entry, terminal);
+            }
+            return text;
+        }
+        columns.title = std::min(columns.title, available);
+    } else {
+        columns.title = std::min(columns.title, alignedTitle);
     }
-    const auto widths = columnWidths(lines, terminal.columns);
+    const OneLineEach lines(std::move(columns), terminal);
     std::string text;
-    for (const Line& line : lines) {
-        text += draw(line, widths, terminal);
+    for (const Entry& entry : entries) {
+        text += lines.draw(entry);
     }
     return text;
 }

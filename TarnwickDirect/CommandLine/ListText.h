@@ -9,9 +9,10 @@
 
 namespace TarnwickDirect {
 
-/// The rows as a tree for a terminal, a line each: number and title, repository, state, reviews,
-/// checks; a warning has a line of its own below. Titles give way to the terminal's width; without
-/// a terminal nothing is cut.
+/// The rows as a tree for a terminal: number and title, repository, state, reviews, checks; a
+/// warning stands below. No line is wider than the terminal. Titles keep half of its width, of
+/// which 50 columns are enough: where that leaves too little for the details, these stand on lines
+/// of their own. Without a terminal nothing is cut and each pull request has one line.
 /// `isVisited` tells which pull requests the user has seen since they changed.
 std::string listText(
     const std::vector<PullRequestKit::PullRequestRow>& rows,

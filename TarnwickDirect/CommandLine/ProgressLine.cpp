@@ -14,13 +14,14 @@ constexpr std::string_view eraseLine = "\r\x1b[K";
 }  // namespace
 
 ProgressLine::ProgressLine()
-    : _isTerminal(terminalTraits(STDERR_FILENO).isTerminal)
+    : _terminal(terminalTraits(STDERR_FILENO))
 {}
 
 void ProgressLine::show(std::string_view text)
 {
-    if (_isTerminal) {
-        std::cerr << eraseLine << text << std::flush;
+    if (_terminal.canErase) {
+        // What reaches the last column may wrap, and then only its end could be taken back.
+        std::cerr << eraseLine << elided(text, _terminal.columns - 1) << std::flush;
         _isShown = true;
     }
 }

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "TarnwickDirect/CommandLine/Terminal.h"
+
 #include <string_view>
 
 namespace TarnwickDirect {
 
 /// One line on standard error that says what is being waited for and goes again. Nothing is shown
-/// where standard error is no terminal.
+/// where standard error is no terminal or one that cannot erase.
 class ProgressLine {
 public:
     ProgressLine();
@@ -18,7 +20,7 @@ public:
     void clear();
 
 private:
-    bool _isTerminal;
+    TerminalTraits _terminal;
     bool _isShown = false;
 };
 

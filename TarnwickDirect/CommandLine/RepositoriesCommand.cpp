@@ -126,9 +126,9 @@ std::string repositoriesText(
         const bool isSelected = selected.contains(repository.fullName);
         const auto padding =
             static_cast<std::size_t>(width - displayWidth(repository.fullName)) + 2;
-        text += styled(isSelected ? "✓ " : "  ", Style::green, terminal.hasColours);
+        text += styled(isSelected ? "✓ " : "  ", Style::green, terminal.hasColors);
         text += singleLine(repository.fullName) + std::string(padding, ' ');
-        text += styled(details(repository), Style::faint, terminal.hasColours) + "\n";
+        text += styled(details(repository), Style::faint, terminal.hasColors) + "\n";
     }
     return text;
 }

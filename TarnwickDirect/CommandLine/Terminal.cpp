@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <memory>
 
 #include <sys/ioctl.h>
@@ -25,29 +26,65 @@ std::string utf8(const icu::UnicodeString& text)
     return bytes;
 }
 
+/// A terminal that does not tell its width has the usual one.
+constexpr int usualColumns = 80;
+
+constexpr UChar32 replacement = 0xFFFD;
+constexpr UChar32 softHyphen = 0x00AD;
+
+/// Asks for the colored form of the character before it, which takes two columns.
+constexpr UChar32 emojiSelector = 0xFE0F;
+
 bool isSteering(UChar32 character)
 {
     return u_iscntrl(character) != 0 || u_hasBinaryProperty(character, UCHAR_BIDI_CONTROL) != 0
            || character == 0x2028 || character == 0x2029;
 }
 
+/// Whether a character of the category of invisible ones is drawn all the same.
+bool isDrawnFormat(UChar32 character)
+{
+    return character == softHyphen
+           || u_hasBinaryProperty(character, UCHAR_PREPENDED_CONCATENATION_MARK) != 0;
+}
+
+/// Numbers and hexagrams that terminals draw wide, though Unicode 15 did not say so.
+bool isDrawnWide(UChar32 character)
+{
+    return (character >= 0x3248 && character <= 0x324F)
+           || (character >= 0x4DC0 && character <= 0x4DFF)
+           || u_hasBinaryProperty(character, UCHAR_EMOJI_PRESENTATION) != 0;
+}
+
 int columnsOf(UChar32 character)
 {
     const auto category = U_GET_GC_MASK(character);
-    if ((category & (U_GC_MN_MASK | U_GC_ME_MASK | U_GC_CF_MASK)) != 0) {
+    const bool isFormat = (category & U_GC_CF_MASK) != 0;
+    if ((category & (U_GC_MN_MASK | U_GC_ME_MASK)) != 0
+        || (isFormat && !isDrawnFormat(character))) {
         return 0;
     }
     const int width = u_getIntPropertyValue(character, UCHAR_EAST_ASIAN_WIDTH);
-    return width == U_EA_WIDE || width == U_EA_FULLWIDTH ? 2 : 1;
+    return width == U_EA_WIDE || width == U_EA_FULLWIDTH || isDrawnWide(character) ? 2 : 1;
+}
+
+/// Of the characters from `first` up to `last`, which are those of whole clusters.
+int columnsOf(const icu::UnicodeString& text, std::int32_t first, std::int32_t last)
+{
+    int columns = 0;
+    int widthBefore = 0;
+    for (std::int32_t index = first; index < last; index = text.moveIndex32(index, 1)) {
+        const UChar32 character = text.char32At(index);
+        const int width = character == emojiSelector ? widthBefore % 2 : columnsOf(character);
+        columns += width;
+        widthBefore = width;
+    }
+    return columns;
 }
 
 int columnsOf(const icu::UnicodeString& text)
 {
-    int columns = 0;
-    for (std::int32_t index = 0; index < text.length(); index = text.moveIndex32(index, 1)) {
-        columns += columnsOf(text.char32At(index));
-    }
-    return columns;
+    return columnsOf(text, 0, text.length());
 }
 
 const char* sequence(Style style)
@@ -75,18 +112,21 @@ TerminalTraits terminalTraits(int descriptor)
 {
     TerminalTraits traits;
     traits.isTerminal = ::isatty(descriptor) == 1;
-    traits.hasColours = traits.isTerminal && qEnvironmentVariableIsEmpty("NO_COLOR")
-                        && qEnvironmentVariable("TERM") != QLatin1String("dumb");
-    winsize size{};
-    if (traits.isTerminal && ::ioctl(descriptor, TIOCGWINSZ, &size) == 0) {
-        traits.columns = size.ws_col;
+    if (!traits.isTerminal) {
+        return traits;
     }
+    const QString kind = qEnvironmentVariable("TERM");
+    traits.canErase = !kind.isEmpty() && kind != QLatin1String("dumb");
+    traits.hasColors = traits.canErase && qEnvironmentVariableIsEmpty("NO_COLOR");
+    winsize size{};
+    const bool isKnown = ::ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    traits.columns = isKnown ? size.ws_col : usualColumns;
     return traits;
 }
 
-std::string styled(std::string_view text, Style style, bool hasColours)
+std::string styled(std::string_view text, Style style, bool hasColors)
 {
-    if (!hasColours || style == Style::plain || text.empty()) {
+    if (!hasColors || style == Style::plain || text.empty()) {
         return std::string(text);
     }
     return sequence(style) + std::string(text) + "\x1b[0m";
@@ -98,9 +138,26 @@ std::string singleLine(std::string_view text)
     const icu::UnicodeString source = unicode(text);
     for (std::int32_t index = 0; index < source.length(); index = source.moveIndex32(index, 1)) {
         const UChar32 character = source.char32At(index);
-        line.append(isSteering(character) ? UChar32{0xFFFD} : character);
+        line.append(isSteering(character) ? replacement : character);
     }
     return utf8(line);
+}
+
+std::string message(std::string_view text)
+{
+    std::string result;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        std::string line(text.substr(0, end));
+        std::ranges::replace(line, '\t', ' ');
+        if (line.ends_with('\r')) {
+            line.pop_back();
+        }
+        result += singleLine(line);
+        result += end < text.size() ? "\n" : "";
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return result;
 }
 
 int displayWidth(std::string_view text)
@@ -122,9 +179,11 @@ std::string elided(std::string_view text, int columns)
     }
     characters->setText(source);
     std::int32_t kept = 0;
+    int used = 0;
     for (std::int32_t end = characters->next(); end != icu::BreakIterator::DONE;
          end = characters->next()) {
-        if (columnsOf(source.tempSubStringBetween(0, end)) > columns - 1) {
+        used += columnsOf(source, kept, end);
+        if (used > columns - 1) {
             break;
         }
         kept = end;

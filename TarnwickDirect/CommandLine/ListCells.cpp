@@ -1,0 +1,78 @@
+#include "TarnwickDirect/CommandLine/ListCells.h"
+
+namespace TarnwickDirect {
+
+using namespace PullRequestKit;
+
+namespace {
+
+Cell stateCell(const PullRequest& pullRequest)
+{
+    if (pullRequest.hasMergeConflict()) {
+        return {pullRequest.isDraft ? "draft, conflict" : "conflict", Style::red};
+    }
+    if (pullRequest.isDraft) {
+        return {"draft", Style::faint};
+    }
+    const std::string name(nameOf(pullRequest.state));
+    switch (pullRequest.state) {
+    case PullRequestState::open:
+        return {name, Style::green};
+    case PullRequestState::closed:
+        return {name, Style::red};
+    case PullRequestState::merged:
+        return {name, Style::purple};
+    }
+    return {name, Style::plain};
+}
+
+Cell reviewCell(const PullRequest& pullRequest)
+{
+    const std::string count = " " + pullRequest.reviewCountLabel();
+    switch (pullRequest.reviewState) {
+    case ReviewState::none:
+        return {
+            "no reviews" + (pullRequest.requiredApprovingReviewCount ? count : ""), Style::faint};
+    case ReviewState::pending:
+        return {"pending" + count, Style::yellow};
+    case ReviewState::approved:
+        return {"approved" + count, Style::green};
+    case ReviewState::commented:
+        return {"commented" + count, Style::plain};
+    case ReviewState::changesRequested:
+        return {"changes requested" + count, Style::red};
+    }
+    return {count, Style::plain};
+}
+
+Cell checksCell(const ProgressCount& checks)
+{
+    if (checks.total == 0) {
+        return {"no checks", Style::faint};
+    }
+    const std::string count = "checks " + checks.label();
+    if (checks.failed > 0) {
+        return {count + ", " + std::to_string(checks.failed) + " failed", Style::red};
+    }
+    return {count, checks.allComplete() ? Style::green : Style::yellow};
+}
+
+}  // namespace
+
+Cell titleCell(const PullRequest& pullRequest, bool isVisited)
+{
+    return {
+        "#" + std::to_string(pullRequest.id.number) + " " + singleLine(pullRequest.title),
+        isVisited ? Style::faint : Style::plain};
+}
+
+std::vector<Cell> detailCells(const PullRequest& pullRequest)
+{
+    return {
+        Cell{singleLine(pullRequest.id.repository), Style::faint},
+        stateCell(pullRequest),
+        reviewCell(pullRequest),
+        checksCell(pullRequest.checks)};
+}
+
+}  // namespace TarnwickDirect
