@@ -1,4 +1,4 @@
-#include "Fuzzers/RoundTrip.h"
+#include "Fuzzers/Require.h"
 #include "TarnwickDirect/SoftwareUpdate/AppcastReader.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateChoice.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateError.h"

@@ -1,5 +1,7 @@
-#include "Fuzzers/RoundTrip.h"
+#include "Fuzzers/Require.h"
 #include "PullRequestKit/Date.h"
+
+#include <string>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

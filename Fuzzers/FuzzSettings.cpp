@@ -1,0 +1,51 @@
+#include "Fuzzers/Require.h"
+#include "Tarnwick/Model/Settings.h"
+#include "Tarnwick/Persistence/IniDocument.h"
+#include "Tarnwick/Persistence/IniValue.h"
+
+namespace IniValue = Tarnwick::IniValue;
+
+namespace {
+
+/// A settings file in memory.
+class FileInMemory : public Tarnwick::DefaultsStore {
+public:
+    explicit FileInMemory(std::string_view text)
+        : _document(text)
+    {}
+
+    std::optional<QVariant> value(const QString& key) const override
+    {
+        const auto text = _document.value(IniValue::encodeKey(key));
+        return text ? std::optional(IniValue::decode(*text)) : std::nullopt;
+    }
+
+    void set(const QString& key, const QVariant& value) override
+    {
+        _document.set(IniValue::encodeKey(key), IniValue::encode(value));
+    }
+
+    void refresh() override {}
+
+    std::string text() const { return _document.text(); }
+
+private:
+    Tarnwick::IniDocument _document;
+};
+
+}  // namespace
+
+/// Loading brings older forms up to date: loading again yields the same and writes nothing.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    FileInMemory file(Fuzzers::textOf(data, size));
+    Tarnwick::SettingsStore store(file);
+    const Tarnwick::Settings settings = store.load();
+    const std::string written = file.text();
+    Fuzzers::require(store.load() == settings);
+    Fuzzers::require(file.text() == written);
+
+    store.setSelectedRepositories(settings.selectedRepositories);
+    Fuzzers::require(store.load() == settings);
+    return 0;
+}
