@@ -64,7 +64,7 @@ int main(int argc, char** argv)
         }
         return runInTerminal(command, argc, argv);
     } catch (const UsageError& error) {
-        std::cerr << error.what() << " \"tarnwick --help\" shows what there is.\n";
+        std::cerr << error.what() << " See \"tarnwick --help\".\n";
         return usageStatus;
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';

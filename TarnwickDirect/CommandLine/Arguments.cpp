@@ -18,15 +18,15 @@ Usage:
         Refresh once and print the pull requests of the selected repositories,
         stacked branches as a tree.
   tarnwick repositories [--json]
-        Print the repositories that can be chosen, with a mark at what is.
+        List the available repositories and mark the selected ones.
   tarnwick repositories select NAME… | --all
   tarnwick repositories unselect NAME… | --all
-        Choose repositories (owner/name), or no longer choose them.
+        Select or deselect repositories (owner/name).
   tarnwick --help | --version
 
 Every request is a run of the GitHub CLI (gh); sign in with: gh auth login
-"list" ends with status 0 when the refresh succeeded and 1 when it did not;
-a command line that makes no sense ends with status 2.
+"list" exits with status 0 if the refresh succeeded and 1 if it failed; invalid
+usage exits with status 2.
 )";
 
 /// The words of one command, taken apart into options and the rest. A lone "--" ends the options.
@@ -56,7 +56,7 @@ public:
     void requireNoRest() const
     {
         if (!_rest.empty()) {
-            throw UsageError("There is no use for \"" + _rest.front() + "\" here.");
+            throw UsageError("Unexpected argument \"" + _rest.front() + "\".");
         }
     }
 
@@ -67,7 +67,7 @@ private:
             word = "--help";
         }
         if (word != "--help" && std::ranges::find(known, word) == known.end()) {
-            throw UsageError("There is no option " + word + " here.");
+            throw UsageError("Unknown option " + word + ".");
         }
         _options.push_back(std::move(word));
     }

@@ -42,7 +42,7 @@ struct ChangeSelection {
 using Command = std::
     variant<ShowHelp, ShowVersion, ShowPanel, ListPullRequests, ListRepositories, ChangeSelection>;
 
-/// The command line makes no sense; the text is one sentence for the user.
+/// Invalid usage; the text is one sentence for the user.
 class UsageError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;

@@ -1,6 +1,6 @@
 # Completion of tarnwick for bash.
 
-# The repositories that are chosen, without asking GitHub.
+# The selected repositories, without asking GitHub.
 _tarnwick_selected() {
     local settings=${XDG_CONFIG_HOME:-$HOME/.config}/dev.tarnwick.Tarnwick/settings.ini
     sed -n 's/^filters\.repositories=//p' "$settings" 2>/dev/null | tail -n 1 | tr -d '" ' | tr ',' '\n' |

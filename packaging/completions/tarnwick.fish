@@ -1,6 +1,6 @@
 # Completion of tarnwick for fish.
 
-# The repositories that are chosen, without asking GitHub.
+# The selected repositories, without asking GitHub.
 function __tarnwick_selected
     set -l config $XDG_CONFIG_HOME
     test -n "$config"; or set config $HOME/.config
@@ -26,15 +26,15 @@ end
 
 complete -c tarnwick -f
 complete -c tarnwick -n __tarnwick_is_bare -a list -d 'Print the pull requests'
-complete -c tarnwick -n __tarnwick_is_bare -a repositories -d 'Print or choose the repositories'
+complete -c tarnwick -n __tarnwick_is_bare -a repositories -d 'List or select repositories'
 complete -c tarnwick -n __tarnwick_is_bare -l background -d 'Start without opening the panel'
 complete -c tarnwick -n __tarnwick_is_bare -l toggle -d 'Show the panel of the running Tarnwick, or hide it'
 complete -c tarnwick -n __tarnwick_is_bare -l version -d 'Print the version'
 complete -c tarnwick -s h -l help -d 'Print a summary of the command line'
 complete -c tarnwick -n '__tarnwick_begins list' -l json -d 'Print one JSON object'
-complete -c tarnwick -n __tarnwick_repositories_is_bare -a select -d 'Choose repositories'
-complete -c tarnwick -n __tarnwick_repositories_is_bare -a unselect -d 'No longer choose them'
+complete -c tarnwick -n __tarnwick_repositories_is_bare -a select -d 'Select repositories'
+complete -c tarnwick -n __tarnwick_repositories_is_bare -a unselect -d 'Deselect repositories'
 complete -c tarnwick -n __tarnwick_repositories_is_bare -l json -d 'Print one JSON object'
 complete -c tarnwick -n '__tarnwick_begins repositories select' -l all -d 'All repositories'
 complete -c tarnwick -n '__tarnwick_begins repositories unselect' -l all -d 'All repositories'
-complete -c tarnwick -n '__tarnwick_begins repositories unselect' -a '(__tarnwick_selected)' -d 'Chosen'
+complete -c tarnwick -n '__tarnwick_begins repositories unselect' -a '(__tarnwick_selected)' -d 'Selected'
