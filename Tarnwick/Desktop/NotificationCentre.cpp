@@ -25,15 +25,20 @@ constexpr std::chrono::milliseconds answerLimit = 10s;
 /// How long a session may take until its notification server is there.
 constexpr std::chrono::seconds sessionStart = 10s;
 
-QDBusMessage serverCall(const QString& method)
+/// Calls go to the server's unique name, so that only this server can have given the answer: an
+/// answer itself tells nothing of its sender from Qt 6.8 on.
+QDBusMessage serverCall(const QString& server, const QString& method)
 {
-    return QDBusMessage::createMethodCall(service, path, service, method);
+    return QDBusMessage::createMethodCall(server, path, service, method);
 }
 
-QDBusMessage busCall(const QString& method)
+/// A question about the server's name.
+QDBusMessage busCall(const QString& method, const QVariantList& arguments = {service})
 {
-    return QDBusMessage::createMethodCall(
+    QDBusMessage call = QDBusMessage::createMethodCall(
         busService, QStringLiteral("/org/freedesktop/DBus"), busService, method);
+    call.setArguments(arguments);
+    return call;
 }
 
 bool isError(const QDBusMessage& reply)
@@ -140,9 +145,8 @@ void NotificationCentre::setDelegate(
 QCoro::Task<NotificationServerStatus> NotificationCentre::status()
 {
     using enum NotificationServerStatus;
-    QDBusMessage question = busCall(QStringLiteral("NameHasOwner"));
-    question << service;
-    const QFuture<QDBusMessage> asking = callBus(_bus, question, answerLimit);
+    const QFuture<QDBusMessage> asking =
+        callBus(_bus, busCall(QStringLiteral("NameHasOwner")), answerLimit);
     const QDBusMessage owned = co_await asking;
     if (isError(owned)) {
         co_return unknown;
@@ -151,7 +155,7 @@ QCoro::Task<NotificationServerStatus> NotificationCentre::status()
         co_return running;
     }
     const QFuture<QDBusMessage> listing =
-        callBus(_bus, busCall(QStringLiteral("ListActivatableNames")), answerLimit);
+        callBus(_bus, busCall(QStringLiteral("ListActivatableNames"), {}), answerLimit);
     const QDBusMessage names = co_await listing;
     if (isError(names)) {
         co_return unknown;
@@ -185,34 +189,89 @@ QCoro::Task<> NotificationCentre::waitForServer()
     }
 }
 
+QCoro::Task<QDBusMessage> NotificationCentre::findServer()
+{
+    const QDBusMessage question = busCall(QStringLiteral("GetNameOwner"));
+    const QFuture<QDBusMessage> asking = callBus(_bus, question, answerLimit);
+    QDBusMessage owner = co_await asking;
+    if (saysThatNoneIsThere(owner)) {
+        const QDBusMessage start =
+            busCall(QStringLiteral("StartServiceByName"), {service, quint32(0)});
+        const QFuture<QDBusMessage> starting = callBus(_bus, start, answerLimit);
+        const QDBusMessage started = co_await starting;
+        if (isError(started)) {
+            co_return started;
+        }
+        const QFuture<QDBusMessage> askingAgain = callBus(_bus, question, answerLimit);
+        owner = co_await askingAgain;
+    }
+    if (!isError(owner)) {
+        follow(owner.arguments().value(0).toString());
+    }
+    co_return owner;
+}
+
 QCoro::Task<QDBusMessage> NotificationCentre::askCapabilities()
 {
+    if (_server.isEmpty()) {
+        auto finding = findServer();
+        const QDBusMessage found = co_await finding;
+        if (isError(found)) {
+            co_return found;
+        }
+    }
+    const QString server = _server;
     const QFuture<QDBusMessage> asking =
-        callBus(_bus, serverCall(QStringLiteral("GetCapabilities")), answerLimit);
+        callBus(_bus, serverCall(server, QStringLiteral("GetCapabilities")), answerLimit);
     const QDBusMessage reply = co_await asking;
-    if (!isError(reply)) {
-        follow(reply.service());
-        _capabilities = reply.arguments().value(0).toStringList();
+    if (server == _server) {
+        if (!isError(reply)) {
+            _capabilities = reply.arguments().value(0).toStringList();
+        } else if (saysThatNoneIsThere(reply)) {
+            // The news of its end has yet to come.
+            follow({});
+        }
     }
     co_return reply;
 }
 
 QCoro::Task<> NotificationCentre::add(NotificationRequest request)
 {
+    const QString server = _server;
+    auto delivering = deliver(request);
+    QDBusMessage reply = co_await delivering;
+    if (isError(reply) && !server.isEmpty() && server != _server) {
+        // That server has ended meanwhile; there may be another one.
+        auto deliveringAgain = deliver(request);
+        reply = co_await deliveringAgain;
+    }
+    requireReply(reply);
+}
+
+QCoro::Task<QDBusMessage> NotificationCentre::deliver(NotificationRequest request)
+{
     if (!_capabilities) {
         auto asking = askCapabilities();
         const QDBusMessage answer = co_await asking;
-        requireReply(answer);
+        if (isError(answer)) {
+            co_return answer;
+        }
     }
+    const QString server = _server;
     const QStringList capabilities = _capabilities.value_or(QStringList());
-    QDBusMessage message = serverCall(QStringLiteral("Notify"));
+    QDBusMessage message = serverCall(server, QStringLiteral("Notify"));
     message.setArguments(NotificationMessage::notifyArguments(
         request, capabilities, _shown.idOf(request.identifier)));
     const QFuture<QDBusMessage> delivering = callBus(_bus, message, answerLimit);
     const QDBusMessage reply = co_await delivering;
-    requireReply(reply);
-    follow(reply.service());
-    _shown.insert(reply.arguments().value(0).toUInt(), request);
+    if (server == _server) {
+        if (!isError(reply)) {
+            _shown.insert(reply.arguments().value(0).toUInt(), request);
+        } else if (saysThatNoneIsThere(reply)) {
+            follow({});
+        }
+    }
+    co_return reply;
 }
 
 /// Numbers and capabilities are those of one server, and end with it.

@@ -59,7 +59,10 @@ private Q_SLOTS:
 
 private:
     void listen();
+    /// Starts the server if need be. Yields its unique name, or an error.
+    QCoro::Task<QDBusMessage> findServer();
     QCoro::Task<QDBusMessage> askCapabilities();
+    QCoro::Task<QDBusMessage> deliver(NotificationRequest request);
     QCoro::Task<> waitForServer();
     void follow(const QString& server);
     ShownNotifications::Entry* shown(quint32 id, const QDBusMessage& message);
@@ -69,7 +72,7 @@ private:
     PullRequestKit::Date _start;
     std::shared_ptr<const NotificationPresentationDelegate> _delegate;
 
-    QString _server;  ///< The unique name of whoever answered last; its numbers are those shown.
+    QString _server;  ///< Its unique name, or nothing. Its numbers are those shown.
     std::optional<QStringList> _capabilities;  ///< The server's.
     ShownNotifications _shown;
     std::stop_source _waiting;  ///< Stopped when a server comes.

@@ -243,6 +243,20 @@ TEST_F(NotificationCentreTest, forgetsTheNumbersOfAServerThatEnded)
     EXPECT_THAT(opened(), SizeIs(1));
 }
 
+TEST_F(NotificationCentreTest, goesToTheNextServerBeforeTheNewsOfTheLastOnesEnd)
+{
+    startServer();
+    deliver();
+    server.reset();
+    startServer();
+    deliver();
+    ASSERT_THAT(server->shown, SizeIs(1));
+    EXPECT_EQ(server->shown[0].replacedId, 0U);
+    server->invoke(server->shown[0].id, u"default"_s);
+    settle();
+    EXPECT_THAT(opened(), SizeIs(1));
+}
+
 TEST_F(NotificationCentreTest, saysInASentenceThatTheServerRefused)
 {
     startServer();
