@@ -113,7 +113,7 @@ void writeText(DefaultsStore& store, const QString& key, const std::string& text
 
 void writeDate(DefaultsStore& store, const QString& key, PullRequestKit::Date date)
 {
-    store.set(key, QDateTime::fromSecsSinceEpoch(date.time_since_epoch().count(), Qt::UTC));
+    store.set(key, QDateTime::fromSecsSinceEpoch(date.time_since_epoch().count()).toUTC());
 }
 
 }  // namespace Tarnwick

@@ -169,7 +169,7 @@ std::optional<QDateTime> decodeDate(std::string_view text)
     text.remove_suffix(1);
     const auto date = PullRequestKit::parseDate(text);
     return date ? std::optional(
-                      QDateTime::fromSecsSinceEpoch(date->time_since_epoch().count(), Qt::UTC))
+                      QDateTime::fromSecsSinceEpoch(date->time_since_epoch().count()).toUTC())
                 : std::nullopt;
 }
 

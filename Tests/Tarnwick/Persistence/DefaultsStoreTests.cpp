@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <QStringList>
+#include <QTimeZone>
 
 #include <gmock/gmock.h>
 
@@ -102,9 +103,9 @@ TEST(DefaultsStore, readsListsOfTextInEveryFormOfAnIniFile)
 
 TEST(DefaultsStore, readsDatesWithoutTheirFractions)
 {
-    const QDateTime local(QDate(2024, 5, 1), QTime(11, 30, 0, 999), Qt::OffsetFromUTC, 7200);
+    const QDateTime local(QDate(2024, 5, 1), QTime(11, 30, 0, 999), QTimeZone(7200));
     EXPECT_THAT(reading(readDate, local), Optional(date("2024-05-01T09:30:00Z")));
-    const QDateTime before1970(QDate(1969, 12, 31), QTime(23, 59, 58, 500), Qt::UTC);
+    const QDateTime before1970(QDate(1969, 12, 31), QTime(23, 59, 58, 500), QTimeZone::utc());
     EXPECT_THAT(reading(readDate, before1970), Optional(date("1969-12-31T23:59:58Z")));
     EXPECT_EQ(reading(readDate, QDateTime()), std::nullopt);
     EXPECT_EQ(reading(readDate, u"2024-05-01T09:30:00Z"_s), std::nullopt);
@@ -115,7 +116,8 @@ TEST(DefaultsStore, writesDatesInUtc)
 {
     Fakes::MemoryDefaultsStore defaults;
     writeDate(defaults, key, date("2024-05-01T09:30:00Z"));
-    EXPECT_EQ(defaults.values.at(key), QDateTime(QDate(2024, 5, 1), QTime(9, 30), Qt::UTC));
+    EXPECT_EQ(
+        defaults.values.at(key), QDateTime(QDate(2024, 5, 1), QTime(9, 30), QTimeZone::utc()));
     EXPECT_EQ(defaults.values.at(key).toDateTime().timeSpec(), Qt::UTC);
 }
 

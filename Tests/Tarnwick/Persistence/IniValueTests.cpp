@@ -4,6 +4,7 @@
 
 #include <QDateTime>
 #include <QStringList>
+#include <QTimeZone>
 
 #include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
@@ -38,7 +39,7 @@ TEST(IniValue, hasFormsOfItsOwnForEmptyListsAndDates)
 {
     EXPECT_EQ(encode(QStringList()), "@Empty()");
     EXPECT_EQ(decode("@Empty()"), QVariant(QStringList()));
-    const QDateTime date(QDate(2024, 5, 1), QTime(9, 30), Qt::UTC);
+    const QDateTime date(QDate(2024, 5, 1), QTime(9, 30), QTimeZone::utc());
     EXPECT_EQ(encode(date), "@Date(2024-05-01T09:30:00Z)");
     EXPECT_EQ(decode("@Date(2024-05-01T09:30:00Z)"), QVariant(date));
     EXPECT_EQ(decode("@Date(2024-05-01)"), QVariant(u"@Date(2024-05-01)"_s));
