@@ -1,6 +1,6 @@
 # The libraries the modules stand on.
 
-find_package(Boost 1.81 REQUIRED COMPONENTS json)
+find_package(Boost 1.81 CONFIG REQUIRED COMPONENTS json)
 find_package(ICU 70 REQUIRED COMPONENTS i18n uc)
 find_package(Threads REQUIRED)
 if(TARNWICK_QT)
