@@ -2,6 +2,7 @@
 
 import hashlib
 import os
+import shlex
 import shutil
 import stat
 import tempfile
@@ -30,15 +31,8 @@ UNCOUNTED = (
     "var/log",
 )
 
-# Runs what follows in the folder $1, with what lives in $2 as apt's archives and with a /proc. Both
-# are gone with the command.
-ENTER = """
-mount --bind "$2" "$1/var/cache/apt/archives" && mount -t proc proc "$1/proc" || exit 125
-user=$3
-root=$1
-shift 3
-exec /usr/sbin/chroot --userspec="$user" "$root" "$@"
-"""
+# What a command in the root may know of the machine: the way to the network.
+INHERITED = ("http_proxy", "https_proxy", "no_proxy")
 
 
 class RootError(Exception):
@@ -50,53 +44,83 @@ def cache_folder():
     return os.path.join(cache, "tarnwick", "roots")
 
 
-def base_folder():
+def script_of(release):
+    """What debootstrap knows the release by, if it does."""
+    return os.path.join("/usr/share/debootstrap/scripts", release)
+
+
+def debootstrap_options(release):
+    # Ubuntu's releases share one script, and have half of what is needed in a component of its own.
+    is_ubuntu = os.path.basename(os.path.realpath(script_of(release))) == "gutsy"
+    return ("--variant=minbase", *(("--components=main,universe",) if is_ubuntu else ()))
+
+
+def base_folder(release):
     """What debootstrap has made, in this run or in an earlier one."""
+    options = debootstrap_options(release)
     architecture = checked("dpkg", "--print-architecture").strip()
-    base = os.path.join(cache_folder(), f"{RELEASE}-{architecture}")
+    base = os.path.join(cache_folder(), f"{release}-{architecture}")
     if not os.path.exists(base):
         coming = f"{base}.new"
         shutil.rmtree(coming, ignore_errors=True)
         os.makedirs(cache_folder(), exist_ok=True)
-        checked("debootstrap", "--variant=minbase", RELEASE, coming)
+        checked("debootstrap", *options, release, coming)
         os.rename(coming, base)
     return base
 
 
-def check_machine():
+def check_machine(release=RELEASE):
     """Throws `RootError` where no root can be made."""
     checked("unshare", "--mount", "mount", "--bind", "/tmp", "/tmp")
-    base_folder()
+    base_folder(release)
 
 
 class FreshRoot:
     """What debootstrap makes is kept between two tests, and so are the packages that apt fetches; the
-    folder itself is a copy. Needs root."""
+    folder itself is a copy, or a FOLDER that was one. Needs root."""
 
-    def __init__(self):
-        self._archives = os.path.join(cache_folder(), "archives")
-        os.makedirs(os.path.join(self._archives, "partial"), exist_ok=True)
-        base = base_folder()
-        self.folder = tempfile.mkdtemp(prefix="root-", dir=cache_folder())
-        checked("cp", "-a", "--reflink=auto", f"{base}/.", self.folder)
-        os.chmod(self.folder, 0o755)
+    def __init__(self, release=RELEASE, folder=None):
+        archives = os.path.join(cache_folder(), "archives")
+        os.makedirs(os.path.join(archives, "partial"), exist_ok=True)
+        self.folder = folder or self._copy(base_folder(release))
+        self.namespaces = ["--mount"]
+        # Each as what mount takes and its place in the root. They are gone with each command.
+        self.mounts = [
+            (("--bind", archives), "var/cache/apt/archives"),
+            (("-t", "proc", "proc"), "proc"),
+        ]
+
+    @staticmethod
+    def _copy(base):
+        folder = tempfile.mkdtemp(prefix="root-", dir=cache_folder())
+        checked("cp", "-a", "--reflink=auto", f"{base}/.", folder)
+        os.chmod(folder, 0o755)
+        return folder
 
     def path(self, name):
         return os.path.join(self.folder, name.lstrip("/"))
 
     def command(self, *words, user="0:0"):
         """What runs a command in the root."""
-        return ("unshare", "--mount", "sh", "-c", ENTER, "sh", self.folder, self._archives, user, *words)
+        mounts = [shlex.join(("mount", *what, self.path(place))) for what, place in self.mounts]
+        enter = shlex.join(("/usr/sbin/chroot", f"--userspec={user}", self.folder))
+        script = f'{" && ".join(mounts)} || exit 125; exec {enter} "$@"'
+        return ("unshare", *self.namespaces, "sh", "-c", script, "sh", *words)
 
-    def run(self, *words, **options):
-        """Runs a command as root to its end."""
-        environment = {
+    @staticmethod
+    def environment():
+        """That of a command which root runs."""
+        return {
+            **{name: os.environ[name] for name in INHERITED if name in os.environ},
             "PATH": "/usr/sbin:/usr/bin:/sbin:/bin",
             "LC_ALL": "C.UTF-8",
             "HOME": "/root",
             "DEBIAN_FRONTEND": "noninteractive",
         }
-        return checked(*self.command(*words), env=environment, **options)
+
+    def run(self, *words, **options):
+        """Runs a command as root to its end."""
+        return checked(*self.command(*words), env=self.environment(), **options)
 
     def apt(self, *words):
         """Recommended packages stay away: the program has to do with what it depends on."""
