@@ -35,12 +35,14 @@ public:
 /// An updater of version 1.0 that runs as an AppImage and was looked after two hours ago, with a
 /// server whose feed offers version 2.0.
 class UpdaterTest : public testing::Test {
+public:
+    UpdaterTest(const UpdaterTest&) = delete;
+    UpdaterTest& operator=(const UpdaterTest&) = delete;
+
 protected:
     using Kind = TarnwickDirect::UpdateState::Kind;
 
     UpdaterTest();
-    UpdaterTest(const UpdaterTest&) = delete;
-    UpdaterTest& operator=(const UpdaterTest&) = delete;
     ~UpdaterTest() override;
 
     /// Starts the program; a second call starts it anew.
