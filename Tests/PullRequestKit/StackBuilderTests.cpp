@@ -4,6 +4,7 @@
 #include "Support/PullRequests.h"
 
 #include <map>
+#include <ranges>
 #include <set>
 
 #include <gmock/gmock.h>
@@ -308,8 +309,8 @@ RC_GTEST_PROP(StackBuilderProperties, doesNotDependOnTheOrderOfTheInput, ())
     }
     const auto unique = StackBuilder::rows(pullRequests);
     std::vector<PullRequest> again;
-    for (auto row = unique.rbegin(); row != unique.rend(); ++row) {
-        again.push_back(row->pullRequest);
+    for (const auto& row : std::views::reverse(unique)) {
+        again.push_back(row.pullRequest);
     }
     RC_ASSERT(StackBuilder::rows(again) == unique);
 }
