@@ -2,6 +2,8 @@
 #include "TarnwickDirect/CommandLine/Interruption.h"
 #include "TarnwickDirect/CommandLine/ListCommand.h"
 #include "TarnwickDirect/CommandLine/RepositoriesCommand.h"
+#include "TarnwickDirect/CommandLine/StandardOutput.h"
+#include "TarnwickDirect/CommandLine/Terminal.h"
 #include "TarnwickDirect/Environment.h"
 #include "TarnwickDirect/Memory.h"
 #include "TarnwickDirect/Settling.h"
@@ -23,6 +25,13 @@ struct Overloaded : Handlers... {
     using Handlers::operator()...;
 };
 
+int print(const std::string& text)
+{
+    StandardOutput output;
+    output.stream() << text;
+    return output.finish();
+}
+
 /// What needs no desktop must not pay for one.
 int runInTerminal(const Command& command, int argc, char** argv)
 {
@@ -31,14 +40,8 @@ int runInTerminal(const Command& command, int argc, char** argv)
     const int status = std::visit(
         Overloaded{
             [](const ShowPanel&) { return 0; },
-            [](const ShowHelp&) {
-                std::cout << helpText();
-                return 0;
-            },
-            [](const ShowVersion&) {
-                std::cout << "tarnwick " << version() << '\n';
-                return 0;
-            },
+            [](const ShowHelp&) { return print(helpText()); },
+            [](const ShowVersion&) { return print("tarnwick " + std::string(version()) + "\n"); },
             [&](const ListPullRequests& list) { return listPullRequests(list, interruption); },
             [&](const ListRepositories& list) { return listRepositories(list, interruption); },
             [&](const ChangeSelection& change) { return changeSelection(change, interruption); }},
@@ -55,6 +58,7 @@ int runInTerminal(const Command& command, int argc, char** argv)
 int main(int argc, char** argv)
 {
     Memory::holdLittle();
+    StandardOutput::holdPlaces();
     try {
         const Command command =
             parseArguments(std::vector<std::string>(argv + std::min(argc, 1), argv + argc));
@@ -64,7 +68,7 @@ int main(int argc, char** argv)
         }
         return runInTerminal(command, argc, argv);
     } catch (const UsageError& error) {
-        std::cerr << error.what() << " See \"tarnwick --help\".\n";
+        std::cerr << message(error.what()) << " See \"tarnwick --help\".\n";
         return usageStatus;
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';

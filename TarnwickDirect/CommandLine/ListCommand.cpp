@@ -4,6 +4,7 @@
 #include "TarnwickDirect/CommandLine/ListJson.h"
 #include "TarnwickDirect/CommandLine/ListText.h"
 #include "TarnwickDirect/CommandLine/ProgressLine.h"
+#include "TarnwickDirect/CommandLine/StandardOutput.h"
 #include "TarnwickDirect/Environment.h"
 
 #include <QEventLoop>
@@ -47,10 +48,10 @@ void explain(const PullRequestMenuModel& model)
 {
     const MenuState& state = model.state();
     if (const auto& error = model.refreshError()) {
-        std::cerr << *error << '\n';
+        std::cerr << message(*error) << '\n';
     }
     if (!state.message.empty()) {
-        std::cerr << state.message << '\n';
+        std::cerr << message(state.message) << '\n';
     }
     if (state.kind == MenuState::Kind::signedOut) {
         std::cerr << "Run `gh auth login`, then try again.\n";
@@ -70,13 +71,12 @@ void explain(const PullRequestMenuModel& model)
     }
 }
 
-void printText(PullRequestMenuModel& model)
+std::string text(PullRequestMenuModel& model)
 {
     const auto isVisited = [&](const PullRequestKit::PullRequest& pullRequest) {
         return model.visits().isVisited(pullRequest);
     };
-    std::cout << listText(model.rows(), isVisited, terminalTraits(STDOUT_FILENO)) << std::flush;
-    explain(model);
+    return listText(model.rows(), isVisited, terminalTraits(STDOUT_FILENO));
 }
 
 }  // namespace
@@ -88,11 +88,17 @@ int listPullRequests(const ListPullRequests& command, const Interruption& interr
     if (interruption.signal()) {
         return 1;
     }
+    StandardOutput output;
     if (command.asJson) {
-        writeListJson(std::cout, model);
-        std::cout << std::flush;
+        writeListJson(output.stream(), model);
     } else {
-        printText(model);
+        output.stream() << text(model);
+    }
+    if (const int status = output.finish(); status != 0) {
+        return status;
+    }
+    if (!command.asJson) {
+        explain(model);
     }
     const bool isLoaded = model.state().kind == MenuState::Kind::loaded && !model.refreshError();
     return isLoaded ? 0 : 1;

@@ -4,6 +4,8 @@
 #include "Tarnwick/Async/Worker.h"
 #include "Tarnwick/StandardCollaborators.h"
 #include "TarnwickDirect/CommandLine/ProgressLine.h"
+#include "TarnwickDirect/CommandLine/RepositoriesText.h"
+#include "TarnwickDirect/CommandLine/StandardOutput.h"
 #include "TarnwickDirect/CommandLine/Terminal.h"
 #include "TarnwickDirect/Environment.h"
 
@@ -94,45 +96,6 @@ std::string repositoriesJson(
     return boost::json::serialize(document) + "\n";
 }
 
-std::string details(const RepositorySummary& repository)
-{
-    std::string text;
-    const auto append = [&](const std::string& detail) {
-        text += (text.empty() ? "" : ", ") + detail;
-    };
-    if (repository.visibility) {
-        append(*repository.visibility);
-    }
-    if (repository.language) {
-        append(*repository.language);
-    }
-    if (repository.isArchived) {
-        append("archived");
-    }
-    return singleLine(text);
-}
-
-std::string repositoriesText(
-    const Repositories& repositories,
-    const std::set<std::string>& selected,
-    const TerminalTraits& terminal)
-{
-    int width = 0;
-    for (const RepositorySummary& repository : repositories) {
-        width = std::max(width, displayWidth(repository.fullName));
-    }
-    std::string text;
-    for (const RepositorySummary& repository : repositories) {
-        const bool isSelected = selected.contains(repository.fullName);
-        const auto padding =
-            static_cast<std::size_t>(width - displayWidth(repository.fullName)) + 2;
-        text += styled(isSelected ? "✓ " : "  ", Style::green, terminal.hasColors);
-        text += singleLine(repository.fullName) + std::string(padding, ' ');
-        text += styled(details(repository), Style::faint, terminal.hasColors) + "\n";
-    }
-    return text;
-}
-
 std::set<std::string> namesOf(const Repositories& repositories)
 {
     std::set<std::string> names;
@@ -161,12 +124,12 @@ int listRepositories(const ListRepositories& command, const Interruption& interr
         return 1;
     }
     const auto selected = Tarnwick::SettingsStore(*parts.defaults).load().selectedRepositories;
-    std::cout
+    StandardOutput output;
+    output.stream()
         << (command.asJson
                 ? repositoriesJson(*repositories, selected)
-                : repositoriesText(*repositories, selected, terminalTraits(STDOUT_FILENO)))
-        << std::flush;
-    return 0;
+                : repositoriesText(*repositories, selected, terminalTraits(STDOUT_FILENO)));
+    return output.finish();
 }
 
 int changeSelection(const ChangeSelection& command, const Interruption& interruption)
@@ -181,7 +144,7 @@ int changeSelection(const ChangeSelection& command, const Interruption& interrup
     const std::set<std::string> known = namesOf(*repositories);
     if (const auto unknown = firstUnknown(command.names, known)) {
         std::cerr << "GitHub lists no repository named " << singleLine(*unknown)
-                  << " for you, so the selection stays as it was.\n";
+                  << " for your account; the selection is unchanged.\n";
         return 1;
     }
     if (command.select) {

@@ -5,8 +5,9 @@
 
 namespace TarnwickDirect {
 
-/// Prints what can be chosen, with a mark at what is. Yields the exit status: 0, or 1 with a
-/// sentence on standard error when the repositories cannot be listed. Runs the event loop.
+/// Lists the available repositories and marks the selected ones. Yields the exit status: 0, or 1
+/// with a sentence on standard error when they cannot be listed, or that of `StandardOutput`. Runs
+/// the event loop.
 int listRepositories(const ListRepositories& command, const Interruption& interruption);
 
 /// Selects or unselects. A name that GitHub did not list changes nothing and yields 1, as do
