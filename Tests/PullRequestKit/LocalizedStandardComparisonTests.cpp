@@ -1,5 +1,7 @@
 #include "PullRequestKit/LocalizedStandardComparison.h"
 
+#include <string_view>
+
 #include <gmock/gmock.h>
 
 // These tests run in the C locale, in which a plain comparison would go by bytes.
@@ -11,7 +13,7 @@ using testing::IsEmpty;
 
 std::vector<std::string> sorted(std::vector<std::string> names)
 {
-    sortByLocalizedName(names, [](const std::string& name) -> const std::string& { return name; });
+    sortByLocalizedName(names, [](const std::string& name) -> std::string_view { return name; });
     return names;
 }
 
