@@ -1,8 +1,12 @@
 #include "Tarnwick/Persistence/Files.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cerrno>
-#include <cstdlib>
+#include <chrono>
+#include <random>
 #include <system_error>
+#include <thread>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -49,14 +53,52 @@ private:
     int _number;
 };
 
+constexpr std::string_view upperCase = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+constexpr std::string_view lowerCase = "abcdefghijklmnopqrstuvwxyz";
+constexpr std::string_view digits = "0123456789";
+constexpr std::size_t markLength = 6;
+
+/// What stands behind the dot in the name of a temporary file. With a capital, a small letter and a
+/// digit in any case, it is nothing that a user calls a copy ("backup", "201122").
+std::string makeMark()
+{
+    std::random_device random;
+    const auto oneOf = [&](std::string_view characters) {
+        return characters[std::uniform_int_distribution<std::size_t>(0, characters.size() - 1)(
+            random)];
+    };
+    const std::string all = std::string(upperCase) + std::string(lowerCase) + std::string(digits);
+    std::string mark{oneOf(upperCase), oneOf(lowerCase), oneOf(digits)};
+    while (mark.size() < markLength) {
+        mark += oneOf(all);
+    }
+    std::ranges::shuffle(mark, random);
+    return mark;
+}
+
+bool isMark(std::string_view text)
+{
+    const auto hasOneOf = [&](std::string_view characters) {
+        return text.find_first_of(characters) != std::string_view::npos;
+    };
+    return text.size() == markLength && hasOneOf(upperCase) && hasOneOf(lowerCase)
+           && hasOneOf(digits) && std::ranges::all_of(text, [](unsigned char character) {
+                  return std::isalnum(character) != 0;
+              });
+}
+
+std::string temporaryName(const std::filesystem::path& target)
+{
+    return target.string() + "." + makeMark();
+}
+
 /// The file beside the old one in which the new one comes to be; gone at the end unless it took the
 /// old one's place.
 class Replacement {
 public:
     explicit Replacement(const std::filesystem::path& target)
         : _target(target)
-        , _name(target.string() + ".XXXXXX")
-        , _file(checked([this] { return mkostemp(_name.data(), O_CLOEXEC); }))
+        , _file(create())
     {}
 
     Replacement(const Replacement&) = delete;
@@ -88,11 +130,34 @@ public:
     }
 
 private:
+    int create()
+    {
+        constexpr mode_t whileWritten = 0600;
+        return checked([this] {
+            int file = -1;
+            do {
+                _name = temporaryName(_target);
+                file = open(_name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, whileWritten);
+            } while (file < 0 && errno == EEXIST);
+            return file;
+        });
+    }
+
     std::filesystem::path _target;
     std::string _name;
     Descriptor _file;
     bool _isInPlace = false;
 };
+
+int openFolder(const std::filesystem::path& folder)
+{
+    return checked([&] { return open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
+}
+
+bool isSame(const timespec& one, const timespec& other)
+{
+    return one.tv_sec == other.tv_sec && one.tv_nsec == other.tv_nsec;
+}
 
 struct stat statusOf(const Descriptor& file)
 {
@@ -107,6 +172,41 @@ std::filesystem::path withFolder(const std::filesystem::path& path)
     auto target = std::filesystem::weakly_canonical(path);
     std::filesystem::create_directories(target.parent_path());
     return target;
+}
+
+/// A rename is on disk once its folder is. There is nothing to do about a folder that cannot be
+/// synchronised: the new file is in place.
+void synchronizeFolder(const std::filesystem::path& folder)
+{
+    const int number = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (number >= 0) {
+        const Descriptor descriptor(number);
+        fsync(number);
+    }
+}
+
+/// Removes what processes left that were killed while they wrote the target. What is younger than a
+/// minute may still be written to.
+void removeLeftovers(const std::filesystem::path& target)
+{
+    constexpr std::chrono::minutes inUse{1};
+    const auto limit = std::filesystem::file_time_type::clock::now() - inUse;
+    const std::string prefix = target.filename().string() + ".";
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(target.parent_path(), error), end;
+         !error && entry != end;
+         entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        if (!name.starts_with(prefix) || !isMark(std::string_view(name).substr(prefix.size()))) {
+            continue;
+        }
+        std::error_code reason;
+        const auto written = entry->last_write_time(reason);
+        if (!reason && written < limit
+            && entry->symlink_status(reason).type() == std::filesystem::file_type::regular) {
+            std::filesystem::remove(entry->path(), reason);
+        }
+    }
 }
 
 }  // namespace
@@ -148,14 +248,37 @@ void replace(const std::filesystem::path& path, std::string_view contents, mode_
     Replacement replacement(target);
     replacement.write(contents);
     replacement.putInPlace(permissions);
+    synchronizeFolder(target.parent_path());
+    removeLeftovers(target);
+}
+
+Stamp stampOf(const std::filesystem::path& path)
+{
+    struct stat status{};
+    if (stat(path.c_str(), &status) != 0) {
+        return {};
+    }
+    return {status.st_ino, status.st_size, status.st_mtim, status.st_ctim};
+}
+
+bool Stamp::operator==(const Stamp& other) const
+{
+    return number == other.number && size == other.size && isSame(modified, other.modified)
+           && isSame(changed, other.changed);
 }
 
 FolderLock::FolderLock(const std::filesystem::path& file)
-    : _folder(checked([folder = withFolder(file).parent_path()] {
-        return open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    }))
+    : _folder(openFolder(withFolder(file).parent_path()))
 {
-    while (flock(_folder, LOCK_EX) != 0 && errno == EINTR) {}
+    constexpr std::chrono::milliseconds pause{1};
+    const auto deadline = std::chrono::steady_clock::now() + limit;
+    while (flock(_folder, LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || errno == EINTR)) {
+        if (std::chrono::steady_clock::now() >= deadline) {
+            close(_folder);
+            throwError(EBUSY);
+        }
+        std::this_thread::sleep_for(pause);
+    }
 }
 
 FolderLock::~FolderLock()
