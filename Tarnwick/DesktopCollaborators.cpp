@@ -4,6 +4,7 @@
 #include "Tarnwick/Desktop/AppImage.h"
 #include "Tarnwick/Desktop/AutostartLoginItem.h"
 #include "Tarnwick/Desktop/SystemPullRequestNotifier.h"
+#include "Tarnwick/Persistence/IniDefaultsStore.h"
 #include "Tarnwick/StandardCollaborators.h"
 
 #include <QCoreApplication>
@@ -38,6 +39,7 @@ PullRequestMenuModel::Collaborators desktopCollaborators(
         AutostartEntry::file(environment),
         startableFile(
             environment, QFile::encodeName(QCoreApplication::applicationFilePath()).toStdString()));
+    collaborators.settingsWatcher = std::make_shared<FileWatcher>(IniDefaultsStore::defaultFile());
     return collaborators;
 }
 

@@ -2,6 +2,8 @@
 
 #include "Tarnwick/Model/OpenInEditor.h"
 
+#include <QCoro/QCoroFuture>
+
 #include <utility>
 
 namespace Tarnwick {
@@ -13,6 +15,9 @@ namespace {
 
 /// How long the selection of repositories has to rest before it is fetched for.
 constexpr std::chrono::milliseconds selectionRest = 250ms;
+
+/// How long a project directory that is being typed stays off the disk.
+constexpr std::chrono::milliseconds directoryRest = 200ms;
 
 SharedPullRequests noPullRequests()
 {
@@ -31,7 +36,7 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
           VisitStore::programPrefix,
           [clock = _parts.clock] { return clock->now(); })
     , _snapshotWriter(_parts.cache)
-    , _notifications(_parts.notifier, _settings, _settingsStore)
+    , _notifications(_parts.notifier, _settings, _operations)
     , _rows(std::make_shared<const std::vector<PullRequestRow>>())
     , _allPullRequests(noPullRequests())
 {
@@ -54,6 +59,7 @@ void PullRequestMenuModel::stop()
     _lifetime.request_stop();
     _refreshTask.cancel();
     _pollingTask.cancel();
+    flushSettings();
 }
 
 void PullRequestMenuModel::followSettings()
@@ -78,15 +84,17 @@ void PullRequestMenuModel::followSettings()
         &Operations::pollingIntervalChanged,
         this,
         &PullRequestMenuModel::schedulePolling);
+    if (_parts.settingsWatcher) {
+        connect(_parts.settingsWatcher.get(), &FileWatcher::changed, this, [this] {
+            readSettingsAgain();
+            Q_EMIT visitsChanged();
+            Q_EMIT settingsReadAgain();
+        });
+    }
 }
 
 void PullRequestMenuModel::followNotifications()
 {
-    connect(
-        &_notifications,
-        &PullRequestNotifications::settingsChanged,
-        this,
-        &PullRequestMenuModel::settingsChanged);
     connect(
         &_notifications,
         &PullRequestNotifications::settingsChangeRequiredChanged,
@@ -159,6 +167,47 @@ void PullRequestMenuModel::selectAllRepositories(bool all)
         }
     }
     _operations.setSelectedRepositories(std::move(names));
+}
+
+void PullRequestMenuModel::setProjectDirectory(const std::string& directory)
+{
+    _operations.setProjectDirectory(directory);
+    if (!std::exchange(_isFlushDue, true)) {
+        _flushTask.start(
+            [this](std::stop_token stopToken) { return flushSettingsSoon(std::move(stopToken)); });
+    }
+}
+
+QCoro::Task<> PullRequestMenuModel::flushSettingsSoon(std::stop_token stopToken)
+{
+    const QFuture<void> rest = _parts.clock->sleep(directoryRest, stopToken);
+    co_await rest;
+    if (!stopToken.stop_requested()) {
+        flushSettings();
+    }
+}
+
+void PullRequestMenuModel::flushSettings()
+{
+    if (std::exchange(_isFlushDue, false)) {
+        _flushTask.cancel();
+        _operations.flush();
+        showSettingsProblem();
+    }
+}
+
+void PullRequestMenuModel::readSettingsAgain()
+{
+    const Settings before = _settings;
+    _operations.readAgain();
+    showSettingsProblem();
+    const auto isTurnedOn = [&](bool Settings::* flag) {
+        return !(before.*flag) && _settings.*flag;
+    };
+    if (isTurnedOn(&Settings::unblockedNotificationsEnabled)
+        || isTurnedOn(&Settings::newPullRequestNotificationsEnabled)) {
+        _notifications.prepare();
+    }
 }
 
 /// Says after each change that settings cannot be kept, and takes it back when they can.

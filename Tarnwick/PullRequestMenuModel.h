@@ -14,6 +14,7 @@
 #include "Tarnwick/Model/RowFilter.h"
 #include "Tarnwick/Model/SettingsOperations.h"
 #include "Tarnwick/Persistence/DefaultsStore.h"
+#include "Tarnwick/Persistence/FileWatcher.h"
 #include "Tarnwick/Persistence/SnapshotWriter.h"
 #include "Tarnwick/Persistence/VisitStore.h"
 
@@ -30,8 +31,9 @@ using SharedRows = std::shared_ptr<const std::vector<PullRequestKit::PullRequest
 
 /// What the list shows and how it comes about: the pull requests, the state of the refresh, the
 /// filters and the settings. Views and commands read it, call it and follow its signals; each
-/// signal says that the property of its name changed. Main thread only; nothing blocks but the
-/// destructor, which waits until the last snapshot is on disk.
+/// signal says that the property of its name changed. Main thread only; nothing blocks but changes
+/// of settings, for as long as a small file takes to write, and the destructor, which waits until
+/// the last snapshot is on disk.
 class PullRequestMenuModel final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(PullRequestMenuModel)
@@ -48,6 +50,9 @@ public:
         std::shared_ptr<const ExternalNavigation> navigation;
         /// Where `defaults` and `cache` are being read already; without it, the model reads them.
         std::shared_ptr<ReadAhead> readAhead = nullptr;
+        /// Tells when `defaults` are to be read again; without it, that happens when the list is
+        /// opened and with each change.
+        std::shared_ptr<FileWatcher> settingsWatcher = nullptr;
     };
 
     /// Reads and migrates the settings, shows the last snapshot if it was taken for the same
@@ -153,10 +158,14 @@ public:
 
     void setPollingInterval(PollingInterval interval) { _operations.setPollingInterval(interval); }
 
-    void setProjectDirectory(const std::string& directory)
-    {
-        _operations.setProjectDirectory(directory);
-    }
+    /// The setting changes at once; it is on disk within 300 ms, with the next change of another
+    /// setting, or when `flushSettings` is called or the model stops.
+    void setProjectDirectory(const std::string& directory);
+    void flushSettings();
+
+    /// Takes over what other processes have stored since. Nothing is fetched, and nobody notified,
+    /// unless a setting is another one than before.
+    void readSettingsAgain();
 
     void setDarkMode(bool isDark) { _operations.setDarkMode(isDark); }
 
@@ -184,6 +193,8 @@ Q_SIGNALS:
     void darkModeChanged();
     void shortfallChanged();
     void visitsChanged();
+    /// Other processes have stored something; it may be what the model knows nothing of.
+    void settingsReadAgain();
 
 private:
     template<typename Value>
@@ -208,6 +219,7 @@ private:
     QCoro::Task<> refreshWhenIdle(std::chrono::milliseconds delay, std::stop_token stopToken);
 
     void followSettings();
+    QCoro::Task<> flushSettingsSoon(std::stop_token stopToken);
     void followNotifications();
     void showSettingsProblem();
     void readLaunchAtLogin();
@@ -241,6 +253,8 @@ private:
     std::stop_source _lifetime;       ///< Stopped when the model goes.
     CancellableTask _refreshTask;
     CancellableTask _pollingTask;
+    CancellableTask _flushTask;
+    bool _isFlushDue = false;
 };
 
 template<typename Value>

@@ -22,6 +22,11 @@ constexpr std::chrono::milliseconds lookAgain = 50ms;
 void PullRequestMenuModel::menuOpened()
 {
     readLaunchAtLogin();
+    const ReviewerFilter reviewers = _settings.reviewerFilter;
+    readSettingsAgain();
+    if (_settings.reviewerFilter != reviewers) {
+        return;  // A refresh for the other reviewers has just begun.
+    }
     _refreshTask.start(
         [this](std::stop_token stopToken) { return refreshUntilStopped(std::move(stopToken)); });
 }

@@ -23,17 +23,13 @@ QFuture<void> finishedFuture()
 
 }  // namespace
 
-const PullRequestNotifications::Switch PullRequestNotifications::unblocked{
-    &Settings::unblockedNotificationsEnabled, &SettingsStore::setUnblockedNotificationsEnabled};
-const PullRequestNotifications::Switch PullRequestNotifications::newPullRequests{
-    &Settings::newPullRequestNotificationsEnabled,
-    &SettingsStore::setNewPullRequestNotificationsEnabled};
-
 PullRequestNotifications::PullRequestNotifications(
-    std::shared_ptr<PullRequestNotifying> notifier, Settings& settings, SettingsStore& store)
+    std::shared_ptr<PullRequestNotifying> notifier,
+    const Settings& settings,
+    SettingsOperations& operations)
     : _notifier(std::move(notifier))
     , _settings(settings)
-    , _store(store)
+    , _operations(operations)
     , _prepared(finishedFuture())
 {}
 
@@ -64,20 +60,20 @@ QCoro::Task<> PullRequestNotifications::checkPermission(std::stop_token stopToke
         isGranted = true;
     }
     if (!stopToken.stop_requested() && !isGranted) {
-        set(unblocked, false);
-        set(newPullRequests, false);
+        _operations.setNotifications(&Settings::unblockedNotificationsEnabled, false);
+        _operations.setNotifications(&Settings::newPullRequestNotificationsEnabled, false);
     }
     prepared.finish();
 }
 
 QCoro::Task<> PullRequestNotifications::toggleUnblocked()
 {
-    return toggle(unblocked);
+    return toggle(&Settings::unblockedNotificationsEnabled);
 }
 
 QCoro::Task<> PullRequestNotifications::toggleNewPullRequests()
 {
-    return toggle(newPullRequests);
+    return toggle(&Settings::newPullRequestNotificationsEnabled);
 }
 
 QCoro::Task<> PullRequestNotifications::toggle(Switch setting)
@@ -85,8 +81,8 @@ QCoro::Task<> PullRequestNotifications::toggle(Switch setting)
     const QPointer<PullRequestNotifications> self(this);
     Q_EMIT errorChanged(std::nullopt);
     setSettingsChangeRequired(false);
-    if (_settings.*setting.flag) {
-        set(setting, false);
+    if (_settings.*setting) {
+        _operations.setNotifications(setting, false);
         co_return;
     }
     bool isGranted = false;
@@ -104,7 +100,7 @@ QCoro::Task<> PullRequestNotifications::toggle(Switch setting)
         Q_EMIT errorChanged(error);
         co_return;
     }
-    set(setting, isGranted);
+    _operations.setNotifications(setting, isGranted);
     setSettingsChangeRequired(!isGranted);
 }
 
@@ -151,16 +147,6 @@ QCoro::Task<> PullRequestNotifications::notify(
     }
     if (!stopToken.stop_requested() && !problem.empty()) {
         Q_EMIT errorChanged(problem);
-    }
-}
-
-void PullRequestNotifications::set(Switch setting, bool isOn)
-{
-    const bool isChanged = _settings.*setting.flag != isOn;
-    _settings.*setting.flag = isOn;
-    (_store.*setting.write)(isOn);
-    if (isChanged) {
-        Q_EMIT settingsChanged();
     }
 }
 

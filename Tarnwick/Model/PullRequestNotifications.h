@@ -3,6 +3,7 @@
 #include "Tarnwick/Async/CancellableTask.h"
 #include "Tarnwick/Desktop/PullRequestNotifying.h"
 #include "Tarnwick/Model/NotificationDecisions.h"
+#include "Tarnwick/Model/SettingsOperations.h"
 
 #include <QFuture>
 #include <QObject>
@@ -24,16 +25,19 @@ class PullRequestNotifications final : public QObject {
     Q_OBJECT
 
 public:
-    /// `settings` and `store` must outlive this object; only the two flags of theirs are changed.
+    /// `settings` and `operations` must outlive this object, which changes two flags by them.
     PullRequestNotifications(
-        std::shared_ptr<PullRequestNotifying> notifier, Settings& settings, SettingsStore& store);
+        std::shared_ptr<PullRequestNotifying> notifier,
+        const Settings& settings,
+        SettingsOperations& operations);
 
     /// The desktop refused permission, and the user has to change that in its settings.
     bool isSettingsChangeRequired() const { return _isSettingsChangeRequired; }
 
     void dismissSettingsChange();
 
-    /// Checks the permission once when a setting is on; without it both are turned off.
+    /// Checks the permission when a setting is on, other than by the user's switching; without it
+    /// both are turned off.
     void prepare();
 
     QCoro::Task<> toggleUnblocked();
@@ -44,31 +48,23 @@ public:
     void deliver(RefreshedPullRequests refreshed);
 
 Q_SIGNALS:
-    void settingsChanged();
     void settingsChangeRequiredChanged();
     /// A text for the user, or nothing when the one before no longer holds.
     void errorChanged(const std::optional<std::string>& error);
 
 private:
-    struct Switch {
-        bool Settings::* flag;
-        void (SettingsStore::*write)(bool);
-    };
-
-    static const Switch unblocked;
-    static const Switch newPullRequests;
+    using Switch = bool Settings::*;
 
     QCoro::Task<> toggle(Switch setting);
     QCoro::Task<> checkPermission(std::stop_token stopToken);
     QCoro::Task<> deliverAll(RefreshedPullRequests refreshed, std::stop_token stopToken);
     QCoro::Task<> notify(
         PullRequestKit::PullRequest pullRequest, bool isNew, std::stop_token stopToken);
-    void set(Switch setting, bool isOn);
     void setSettingsChangeRequired(bool isRequired);
 
     std::shared_ptr<PullRequestNotifying> _notifier;
-    Settings& _settings;
-    SettingsStore& _store;
+    const Settings& _settings;
+    SettingsOperations& _operations;
     bool _isSettingsChangeRequired = false;
     QFuture<void> _prepared;
     CancellableTask _setupTask;

@@ -1,41 +1,9 @@
 #include "Tarnwick/Model/Settings.h"
 
 #include "Tarnwick/Model/SettingsKeys.h"
-#include "Tarnwick/Model/SettingsMigration.h"
+#include "Tarnwick/Model/StoredSettings.h"
 
 namespace Tarnwick {
-namespace {
-
-/// The name under which "Any" was stored before.
-constexpr std::string_view olderNameOfAny = "All";
-
-template<typename E>
-void writeSet(DefaultsStore& defaults, const QString& key, const std::set<E>& values)
-{
-    writeTextList(defaults, key, textsOf(values));
-}
-
-/// The set stored under a key, or `fallback` when the key is absent or holds texts of which none is
-/// known. A stored list that is not in its regular form is written back in it.
-template<typename E>
-std::set<E> loadSet(DefaultsStore& defaults, const QString& key, const std::set<E>& fallback)
-{
-    const auto stored = readTextList(defaults, key);
-    if (!stored) {
-        return fallback;
-    }
-    std::set<E> values = casesNamed<E>(*stored);
-    if (values.empty() && !stored->empty()) {
-        values = fallback;
-    }
-    const std::set<std::string> texts = textsOf(values);
-    if (!std::ranges::equal(texts, *stored)) {
-        writeTextList(defaults, key, texts);
-    }
-    return values;
-}
-
-}  // namespace
 
 bool hasDefaultFilters(const Settings& settings)
 {
@@ -52,91 +20,45 @@ SettingsStore::SettingsStore(DefaultsStore& defaults)
 
 Settings SettingsStore::load()
 {
-    namespace Keys = SettingsKeys;
     _defaults.refresh();
-    Settings settings;
-    settings.unblockedNotificationsEnabled =
-        readFlag(_defaults, Keys::unblockedNotifications).value_or(false);
-    settings.newPullRequestNotificationsEnabled =
-        readFlag(_defaults, Keys::newPullRequestNotifications).value_or(false);
-    if (const auto names = readTextList(_defaults, Keys::repositories)) {
-        settings.selectedRepositories = {names->begin(), names->end()};
-    }
-    settings.statuses = loadStatuses();
-    settings.checks = loadChecks();
-    settings.reviewFilters = loadReviewFilters();
-    settings.mergeabilities = loadMergeabilities();
-    settings.pollingInterval = loadPollingInterval();
-    settings.reviewerFilter = loadReviewerFilter();
-    settings.projectDirectory = readText(_defaults, Keys::projectDirectory).value_or("");
-    settings.darkMode = readFlag(_defaults, Keys::darkMode).value_or(false);
-    return settings;
+    const StoredSettings stored = readSettings(_defaults);
+    return stored.corrections.empty() ? stored.settings : change([](Settings&) {});
 }
 
-std::set<StatusFilter> SettingsStore::loadStatuses()
+Settings SettingsStore::current()
 {
-    return loadSet(_defaults, SettingsKeys::statuses, Settings().statuses);
+    _defaults.refresh();
+    return readSettings(_defaults).settings;
 }
 
-std::set<ChecksFilter> SettingsStore::loadChecks()
+Settings SettingsStore::change(const std::function<void(Settings&)>& change)
 {
-    auto checks = loadSet(_defaults, SettingsKeys::checks, everyCase<ChecksFilter>());
-    const auto version = readInteger(_defaults, SettingsKeys::schemaVersion).value_or(0);
-    if (version < SettingsMigration::currentSchemaVersion) {
-        checks = SettingsMigration::checksBeforeVersion2(std::move(checks));
-        setChecks(checks);
-        writeInteger(
-            _defaults, SettingsKeys::schemaVersion, SettingsMigration::currentSchemaVersion);
-    }
-    return checks;
+    Settings changed;
+    _defaults.change([&] {
+        const StoredSettings stored = readSettings(_defaults);
+        for (const auto& [key, value] : stored.corrections) {
+            _defaults.set(key, value);
+        }
+        changed = stored.settings;
+        change(changed);
+        writeDifferences(_defaults, stored.settings, changed);
+    });
+    return changed;
 }
 
-std::set<ReviewFilter> SettingsStore::loadReviewFilters()
+Settings SettingsStore::changeSelection(const std::function<void(std::set<std::string>&)>& change)
 {
-    const auto stored = readTextList(_defaults, SettingsKeys::reviewFilters);
-    std::set<ReviewFilter> filters;
-    if (stored) {
-        filters = casesNamed<ReviewFilter>(*stored);
-    } else {
-        filters = SettingsMigration::reviewFiltersFromQuery(
-            readTextList(_defaults, SettingsKeys::reviewQuery)
-                .value_or(std::vector<std::string>()));
-    }
-    const auto complete = SettingsMigration::withCommentedReviews(filters);
-    if (!stored || complete != filters) {
-        setReviewFilters(complete);
-    }
-    return complete;
+    Settings changed;
+    _defaults.change([&] {
+        changed = this->change([&](Settings& settings) { change(settings.selectedRepositories); });
+        writeSelection(_defaults, changed.selectedRepositories);
+    });
+    return changed;
 }
 
-std::set<MergeabilityFilter> SettingsStore::loadMergeabilities()
+Settings SettingsStore::setSelectedRepositories(const std::set<std::string>& names)
 {
-    if (const auto stored = readTextList(_defaults, SettingsKeys::mergeabilities)) {
-        return casesNamed<MergeabilityFilter>(*stored);
-    }
-    const auto values = SettingsMigration::mergeabilitiesFromOlderKeys(
-        readFlag(_defaults, SettingsKeys::mergeable),
-        readTextList(_defaults, SettingsKeys::mergeConflicts));
-    setMergeabilities(values);
-    return values;
-}
-
-PollingInterval SettingsStore::loadPollingInterval() const
-{
-    const std::chrono::seconds stored{
-        readInteger(_defaults, SettingsKeys::pollingInterval).value_or(0)};
-    return pollingIntervalOf(stored).value_or(PollingInterval::fiveMinutes);
-}
-
-ReviewerFilter SettingsStore::loadReviewerFilter()
-{
-    const auto stored = readText(_defaults, SettingsKeys::reviewers);
-    if (stored == olderNameOfAny) {
-        setReviewerFilter(ReviewerFilter::any);
-        return ReviewerFilter::any;
-    }
-    const auto value = stored ? PullRequestKit::enumNamed<ReviewerFilter>(*stored) : std::nullopt;
-    return value.value_or(ReviewerFilter::myself);
+    return changeSelection([&](std::set<std::string>& selected) { selected = names; });
 }
 
 bool SettingsStore::isRepositorySelectionConfigured() const
@@ -145,60 +67,19 @@ bool SettingsStore::isRepositorySelectionConfigured() const
     return readFlag(_defaults, SettingsKeys::repositoriesConfigured).value_or(false);
 }
 
-void SettingsStore::setSelectedRepositories(const std::set<std::string>& names)
+bool SettingsStore::resetUnconfiguredSelection()
 {
-    writeTextList(_defaults, SettingsKeys::repositories, names);
-    writeFlag(_defaults, SettingsKeys::repositoriesConfigured, true);
-}
-
-void SettingsStore::setStatuses(const std::set<StatusFilter>& values)
-{
-    writeSet(_defaults, SettingsKeys::statuses, values);
-}
-
-void SettingsStore::setChecks(const std::set<ChecksFilter>& values)
-{
-    writeSet(_defaults, SettingsKeys::checks, values);
-}
-
-void SettingsStore::setReviewFilters(const std::set<ReviewFilter>& values)
-{
-    writeSet(_defaults, SettingsKeys::reviewFilters, values);
-}
-
-void SettingsStore::setMergeabilities(const std::set<MergeabilityFilter>& values)
-{
-    writeSet(_defaults, SettingsKeys::mergeabilities, values);
-}
-
-void SettingsStore::setReviewerFilter(ReviewerFilter value)
-{
-    writeText(_defaults, SettingsKeys::reviewers, std::string(PullRequestKit::nameOf(value)));
-}
-
-void SettingsStore::setPollingInterval(PollingInterval value)
-{
-    writeInteger(_defaults, SettingsKeys::pollingInterval, secondsOf(value).count());
-}
-
-void SettingsStore::setProjectDirectory(const std::string& path)
-{
-    writeText(_defaults, SettingsKeys::projectDirectory, path);
-}
-
-void SettingsStore::setUnblockedNotificationsEnabled(bool enabled)
-{
-    writeFlag(_defaults, SettingsKeys::unblockedNotifications, enabled);
-}
-
-void SettingsStore::setNewPullRequestNotificationsEnabled(bool enabled)
-{
-    writeFlag(_defaults, SettingsKeys::newPullRequestNotifications, enabled);
-}
-
-void SettingsStore::setDarkMode(bool isDark)
-{
-    writeFlag(_defaults, SettingsKeys::darkMode, isDark);
+    if (isRepositorySelectionConfigured()) {
+        return false;
+    }
+    bool isReset = false;
+    _defaults.change([&] {
+        isReset = !readFlag(_defaults, SettingsKeys::repositoriesConfigured).value_or(false);
+        if (isReset) {
+            writeSelection(_defaults, {});
+        }
+    });
+    return isReset;
 }
 
 }  // namespace Tarnwick

@@ -4,6 +4,7 @@
 #include "Tarnwick/Model/NamedSets.h"
 #include "Tarnwick/Persistence/DefaultsStore.h"
 
+#include <functional>
 #include <set>
 #include <string>
 
@@ -30,8 +31,9 @@ struct Settings {
 /// Whether every filter is as in a fresh installation, whatever repositories are selected.
 bool hasDefaultFilters(const Settings& settings);
 
-/// The settings in the user's defaults, each under a key of its own. A writer writes its own keys
-/// and no others. Main thread only.
+/// The settings in the user's defaults, each under a key of its own, and the one place where they
+/// are changed: every change is read, made and written as one step against other processes, and
+/// writes the keys of what it changed and no others. Main thread only.
 class SettingsStore {
 public:
     /// Requires: `defaults` outlives the store.
@@ -42,32 +44,25 @@ public:
     /// type are passed over.
     Settings load();
 
+    /// What `load` yields, but nothing is written, whoever may be writing the file just now.
+    Settings current();
+
+    /// Reads what is stored, has `change` change it, and writes that. Yields what is stored then.
+    Settings change(const std::function<void(Settings&)>& change);
+
+    /// The same for the selection of repositories, which counts as configured even if it stays the
+    /// same.
+    Settings changeSelection(const std::function<void(std::set<std::string>&)>& change);
+    Settings setSelectedRepositories(const std::set<std::string>& names);
+
     /// Whether a selection of repositories has been written at least once, by this process or by
     /// another.
     bool isRepositorySelectionConfigured() const;
 
-    /// Writes the selection, and that there is one.
-    void setSelectedRepositories(const std::set<std::string>& names);
-
-    void setStatuses(const std::set<StatusFilter>& values);
-    void setChecks(const std::set<ChecksFilter>& values);
-    void setReviewFilters(const std::set<ReviewFilter>& values);
-    void setMergeabilities(const std::set<MergeabilityFilter>& values);
-    void setReviewerFilter(ReviewerFilter value);
-    void setPollingInterval(PollingInterval value);
-    void setProjectDirectory(const std::string& path);
-    void setUnblockedNotificationsEnabled(bool enabled);
-    void setNewPullRequestNotificationsEnabled(bool enabled);
-    void setDarkMode(bool isDark);
+    /// Writes an empty selection unless one has been written before; whether it did.
+    bool resetUnconfiguredSelection();
 
 private:
-    std::set<StatusFilter> loadStatuses();
-    std::set<ChecksFilter> loadChecks();
-    std::set<ReviewFilter> loadReviewFilters();
-    std::set<MergeabilityFilter> loadMergeabilities();
-    PollingInterval loadPollingInterval() const;
-    ReviewerFilter loadReviewerFilter();
-
     DefaultsStore& _defaults;
 };
 

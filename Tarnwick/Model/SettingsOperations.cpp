@@ -3,43 +3,58 @@
 #include <utility>
 
 namespace Tarnwick {
+namespace {
+
+template<typename Value>
+void setContained(std::set<Value>& values, const Value& value, bool isContained)
+{
+    if (isContained) {
+        values.insert(value);
+    } else {
+        values.erase(value);
+    }
+}
+
+bool haveSameFilters(const Settings& one, const Settings& other)
+{
+    return one.statuses == other.statuses && one.checks == other.checks
+           && one.reviewFilters == other.reviewFilters
+           && one.mergeabilities == other.mergeabilities;
+}
+
+}  // namespace
 
 SettingsOperations::SettingsOperations(Settings& settings, SettingsStore& store)
     : _settings(settings)
     , _store(store)
 {}
 
+/// What the user sees is turned over, even if another process has just done the same.
 template<typename E>
-void SettingsOperations::toggle(
-    std::set<E> Settings::* filter, E value, void (SettingsStore::*write)(const std::set<E>&))
+void SettingsOperations::toggle(std::set<E> Settings::* filter, E value)
 {
-    std::set<E>& values = _settings.*filter;
-    if (values.erase(value) == 0) {
-        values.insert(value);
-    }
-    (_store.*write)(values);
-    Q_EMIT filtersChanged();
-    Q_EMIT changed();
+    const bool isWanted = !(_settings.*filter).contains(value);
+    change([&](Settings& settings) { setContained(settings.*filter, value, isWanted); });
 }
 
 void SettingsOperations::toggleStatus(StatusFilter value)
 {
-    toggle(&Settings::statuses, value, &SettingsStore::setStatuses);
+    toggle(&Settings::statuses, value);
 }
 
 void SettingsOperations::toggleChecks(ChecksFilter value)
 {
-    toggle(&Settings::checks, value, &SettingsStore::setChecks);
+    toggle(&Settings::checks, value);
 }
 
 void SettingsOperations::toggleReviewFilter(ReviewFilter value)
 {
-    toggle(&Settings::reviewFilters, value, &SettingsStore::setReviewFilters);
+    toggle(&Settings::reviewFilters, value);
 }
 
 void SettingsOperations::toggleMergeability(MergeabilityFilter value)
 {
-    toggle(&Settings::mergeabilities, value, &SettingsStore::setMergeabilities);
+    toggle(&Settings::mergeabilities, value);
 }
 
 void SettingsOperations::resetFilters()
@@ -47,18 +62,13 @@ void SettingsOperations::resetFilters()
     if (hasDefaultFilters(_settings)) {
         return;
     }
-    const Settings defaults;
-    _settings.statuses = defaults.statuses;
-    _settings.checks = defaults.checks;
-    _settings.reviewFilters = defaults.reviewFilters;
-    _settings.mergeabilities = defaults.mergeabilities;
-    _store.setStatuses(_settings.statuses);
-    _store.setChecks(_settings.checks);
-    _store.setReviewFilters(_settings.reviewFilters);
-    _store.setMergeabilities(_settings.mergeabilities);
-    Q_EMIT filtersChanged();
-    Q_EMIT changed();
-    setReviewerFilter(defaults.reviewerFilter);
+    change([defaults = Settings()](Settings& settings) {
+        settings.statuses = defaults.statuses;
+        settings.checks = defaults.checks;
+        settings.reviewFilters = defaults.reviewFilters;
+        settings.mergeabilities = defaults.mergeabilities;
+        settings.reviewerFilter = defaults.reviewerFilter;
+    });
 }
 
 void SettingsOperations::toggleRepository(const std::string& name)
@@ -68,72 +78,116 @@ void SettingsOperations::toggleRepository(const std::string& name)
 
 void SettingsOperations::selectRepositories(const std::vector<std::string>& names, bool selected)
 {
-    std::set<std::string> selection = _settings.selectedRepositories;
-    for (const std::string& name : names) {
-        if (selected) {
-            selection.insert(name);
-        } else {
-            selection.erase(name);
+    changeSelection([&](std::set<std::string>& selection) {
+        for (const std::string& name : names) {
+            setContained(selection, name, selected);
         }
-    }
-    setSelectedRepositories(std::move(selection));
+    });
 }
 
 void SettingsOperations::setSelectedRepositories(std::set<std::string> names)
 {
-    _settings.selectedRepositories = std::move(names);
-    storeSelection();
-    Q_EMIT selectionChanged();
+    changeSelection([&](std::set<std::string>& selection) { selection = std::move(names); });
+}
+
+void SettingsOperations::changeSelection(const std::function<void(std::set<std::string>&)>& change)
+{
+    flush();
+    adopt(_store.changeSelection(change), Effect::selection);
 }
 
 void SettingsOperations::resetUnconfiguredSelection()
 {
-    if (!_store.isRepositorySelectionConfigured()) {
+    if (_store.resetUnconfiguredSelection()) {
         _settings.selectedRepositories.clear();
-        storeSelection();
+        Q_EMIT changed();
     }
-}
-
-void SettingsOperations::storeSelection()
-{
-    _store.setSelectedRepositories(_settings.selectedRepositories);
-    Q_EMIT changed();
 }
 
 void SettingsOperations::setReviewerFilter(ReviewerFilter value)
 {
-    if (value == _settings.reviewerFilter) {
-        return;
+    if (value != _settings.reviewerFilter) {
+        change([&](Settings& settings) { settings.reviewerFilter = value; });
     }
-    _settings.reviewerFilter = value;
-    _store.setReviewerFilter(value);
-    Q_EMIT changed();
-    Q_EMIT reviewersChanged();
 }
 
 void SettingsOperations::setPollingInterval(PollingInterval interval)
 {
-    _settings.pollingInterval = interval;
-    _store.setPollingInterval(interval);
-    Q_EMIT changed();
-    Q_EMIT pollingIntervalChanged();
-}
-
-void SettingsOperations::setProjectDirectory(const std::string& directory)
-{
-    _settings.projectDirectory = directory;
-    _store.setProjectDirectory(directory);
-    Q_EMIT changed();
+    change(
+        [&](Settings& settings) { settings.pollingInterval = interval; }, Effect::pollingInterval);
 }
 
 void SettingsOperations::setDarkMode(bool isDark)
 {
-    if (std::exchange(_settings.darkMode, isDark) == isDark) {
-        return;
+    if (isDark != _settings.darkMode) {
+        change([&](Settings& settings) { settings.darkMode = isDark; });
     }
-    _store.setDarkMode(isDark);
-    Q_EMIT changed();
-    Q_EMIT darkModeChanged();
+}
+
+void SettingsOperations::setNotifications(bool Settings::* flag, bool isOn)
+{
+    change([&](Settings& settings) { settings.*flag = isOn; });
+}
+
+void SettingsOperations::setProjectDirectory(const std::string& directory)
+{
+    _unsavedDirectory = directory;
+    if (std::exchange(_settings.projectDirectory, directory) != directory) {
+        Q_EMIT changed();
+    }
+}
+
+void SettingsOperations::flush()
+{
+    if (_unsavedDirectory) {
+        change([](Settings&) {});
+    }
+}
+
+void SettingsOperations::readAgain()
+{
+    Settings settings = _store.current();
+    if (_unsavedDirectory) {
+        settings.projectDirectory = *_unsavedDirectory;
+    }
+    adopt(std::move(settings));
+}
+
+void SettingsOperations::change(const std::function<void(Settings&)>& change, Effect effect)
+{
+    const auto directory = std::exchange(_unsavedDirectory, std::nullopt);
+    Settings stored = _store.change([&](Settings& settings) {
+        if (directory) {
+            settings.projectDirectory = *directory;
+        }
+        change(settings);
+    });
+    adopt(std::move(stored), effect);
+}
+
+/// Each signal goes out once, with every setting in its new state.
+void SettingsOperations::adopt(Settings settings, Effect effect)
+{
+    const Settings before = std::exchange(_settings, std::move(settings));
+    const Settings now = _settings;
+    if (!haveSameFilters(before, now)) {
+        Q_EMIT filtersChanged();
+    }
+    if (before != now || effect != Effect::none) {
+        Q_EMIT changed();
+    }
+    if (before.selectedRepositories != now.selectedRepositories || effect == Effect::selection) {
+        Q_EMIT selectionChanged();
+    }
+    if (before.reviewerFilter != now.reviewerFilter) {
+        Q_EMIT reviewersChanged();
+    }
+    if (before.pollingInterval != now.pollingInterval || effect == Effect::pollingInterval) {
+        Q_EMIT pollingIntervalChanged();
+    }
+    if (before.darkMode != now.darkMode) {
+        Q_EMIT darkModeChanged();
+    }
 }
 
 }  // namespace Tarnwick

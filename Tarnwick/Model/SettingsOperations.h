@@ -4,12 +4,16 @@
 
 #include <QObject>
 
+#include <functional>
+#include <optional>
 #include <vector>
 
 namespace Tarnwick {
 
-/// How the user changes the filters and settings. Each change is stored at once; the signals say
-/// what follows from it. A toggle takes a value out of its set, or puts it in. Main thread only.
+/// How the filters and settings change, by the user and by other processes. Each change of the user
+/// starts from what is stored by then and is stored at once, but for the project directory; the
+/// signals say what follows from it. A toggle takes a value out of its set, or puts it in. Main
+/// thread only.
 class SettingsOperations final : public QObject {
     Q_OBJECT
 
@@ -36,26 +40,45 @@ public:
     /// Nothing happens when the value is the current one.
     void setReviewerFilter(ReviewerFilter value);
     void setPollingInterval(PollingInterval interval);
-    void setProjectDirectory(const std::string& directory);
     void setDarkMode(bool isDark);
+
+    /// One of the two flags of the notifications.
+    void setNotifications(bool Settings::* flag, bool isOn);
+
+    /// Takes effect at once and is stored with the next change, or by `flush`: it changes with
+    /// every key that the user presses.
+    void setProjectDirectory(const std::string& directory);
+    void flush();
+
+    /// Takes over what other processes have stored, and writes nothing.
+    void readAgain();
 
 Q_SIGNALS:
     /// Some setting changed; each of the others goes with this one.
     void changed();
     void filtersChanged();    ///< Other rows pass.
-    void selectionChanged();  ///< By the user; other repositories are to be fetched.
+    void selectionChanged();  ///< Other repositories are to be fetched.
     void reviewersChanged();  ///< Other pull requests are to be fetched.
     void pollingIntervalChanged();
     void darkModeChanged();
 
 private:
+    /// What follows from a change, whether or not a value is another one.
+    enum class Effect {
+        none,
+        selection,
+        pollingInterval
+    };
+
     template<typename E>
-    void toggle(
-        std::set<E> Settings::* filter, E value, void (SettingsStore::*write)(const std::set<E>&));
-    void storeSelection();
+    void toggle(std::set<E> Settings::* filter, E value);
+    void changeSelection(const std::function<void(std::set<std::string>&)>& change);
+    void change(const std::function<void(Settings&)>& change, Effect effect = Effect::none);
+    void adopt(Settings settings, Effect effect = Effect::none);
 
     Settings& _settings;
     SettingsStore& _store;
+    std::optional<std::string> _unsavedDirectory;
 };
 
 }  // namespace Tarnwick

@@ -6,6 +6,7 @@
 #include <QVariant>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -31,7 +32,12 @@ public:
     /// from here on `value` yields what was set, and `problem` tells when it could not be kept.
     virtual void set(const QString& key, const QVariant& value) = 0;
 
-    /// Takes notice of what other processes have stored since.
+    /// Runs `changes`, once in any case, as one step that no other process comes between: what is
+    /// stored is read first, and everything that `changes` sets is stored together at the end.
+    /// Requires: `changes` throws nothing.
+    virtual void change(const std::function<void()>& changes) = 0;
+
+    /// Reads again if another process changed what is stored.
     virtual void refresh() = 0;
 
     /// What is wrong with the store itself, as one English sentence for the user, or nothing.

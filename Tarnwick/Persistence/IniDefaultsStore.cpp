@@ -1,6 +1,5 @@
 #include "Tarnwick/Persistence/IniDefaultsStore.h"
 
-#include "Tarnwick/Persistence/Files.h"
 #include "Tarnwick/Persistence/IniValue.h"
 
 #include <QFile>
@@ -8,7 +7,9 @@
 
 #include <cerrno>
 #include <system_error>
+#include <utility>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace Tarnwick {
@@ -23,11 +24,6 @@ QString sentence(const std::filesystem::path& file, const char* verb, const std:
             QString::fromStdString(file.string()),
             QString::fromLatin1(verb),
             QString::fromStdString(reason.message()));
-}
-
-bool isSame(const timespec& one, const timespec& other)
-{
-    return one.tv_sec == other.tv_sec && one.tv_nsec == other.tv_nsec;
 }
 
 /// The permissions for the new file: those of the old one. Throws where the old one is protected
@@ -71,12 +67,31 @@ std::optional<QVariant> IniDefaultsStore::value(const QString& key) const
 
 void IniDefaultsStore::set(const QString& key, const QVariant& value)
 {
-    _unsaved.insert_or_assign(IniValue::encodeKey(key), IniValue::encode(value));
+    change([&] { _unsaved.insert_or_assign(IniValue::encodeKey(key), IniValue::encode(value)); });
+}
+
+void IniDefaultsStore::change(const std::function<void()>& changes)
+{
+    if (_isChanging) {
+        changes();
+        return;
+    }
+    std::optional<Files::FolderLock> lock;
+    bool isReadable = false;
     try {
-        const Files::FolderLock lock(_file);
-        if (read()) {
-            writeUnsaved();
-        }
+        lock.emplace(_file);
+        isReadable = read();
+    } catch (const std::system_error& error) {
+        _problem = sentence(_file, "written", error.code());
+    }
+    _isChanging = true;
+    changes();
+    _isChanging = false;
+    if (!isReadable) {
+        return;
+    }
+    try {
+        writeUnsaved();
     } catch (const std::system_error& error) {
         _problem = sentence(_file, "written", error.code());
     }
@@ -84,7 +99,7 @@ void IniDefaultsStore::set(const QString& key, const QVariant& value)
 
 void IniDefaultsStore::refresh()
 {
-    if (!(currentStamp() == _stamp)) {
+    if (Files::stampOf(_file) != _stamp) {
         read();
     }
 }
@@ -93,7 +108,7 @@ void IniDefaultsStore::refresh()
 bool IniDefaultsStore::read()
 {
     try {
-        _stamp = currentStamp();
+        _stamp = Files::stampOf(_file);
         _document = IniDocument(Files::read(_file, largestFile).value_or(std::string()));
     } catch (const std::system_error& error) {
         _problem = sentence(_file, "read", error.code());
@@ -108,29 +123,20 @@ bool IniDefaultsStore::read()
 void IniDefaultsStore::writeUnsaved()
 {
     IniDocument document = _document;
+    bool isDifferent = false;
     for (const auto& [key, value] : _unsaved) {
-        document.set(key, value);
+        if (document.value(key) != value) {
+            document.set(key, value);
+            isDifferent = true;
+        }
     }
-    Files::replace(_file, document.text(), permissionsFor(_file));
-    _document = std::move(document);
-    _stamp = currentStamp();
+    if (isDifferent) {
+        Files::replace(_file, document.text(), permissionsFor(_file));
+        _document = std::move(document);
+        _stamp = Files::stampOf(_file);
+    }
     _unsaved.clear();
     _problem.reset();
-}
-
-IniDefaultsStore::Stamp IniDefaultsStore::currentStamp() const
-{
-    struct stat status{};
-    if (stat(_file.c_str(), &status) != 0) {
-        return {};
-    }
-    return {status.st_ino, status.st_size, status.st_mtim, status.st_ctim};
-}
-
-bool IniDefaultsStore::Stamp::operator==(const Stamp& other) const
-{
-    return number == other.number && size == other.size && isSame(modified, other.modified)
-           && isSame(changed, other.changed);
 }
 
 }  // namespace Tarnwick

@@ -1,22 +1,22 @@
 #pragma once
 
 #include "Tarnwick/Persistence/DefaultsStore.h"
+#include "Tarnwick/Persistence/Files.h"
 #include "Tarnwick/Persistence/IniDocument.h"
 
 #include <filesystem>
 #include <map>
 #include <string>
 
-#include <sys/stat.h>
-
 namespace Tarnwick {
 
 /// The defaults in an INI file, every key at the top level. Main thread only.
 ///
-/// `set` has the change on disk when it returns. Under a lock on the folder it reads the file anew,
-/// changes the one line and replaces the file as a whole, so processes do not undo each other's
-/// changes, and what this program does not understand stays as it is. A new file can be read and
-/// written by its owner alone.
+/// `set` and `change` have everything on disk when they return. Under a lock on the folder they
+/// read the file anew, change the lines of the keys that were set and replace the file as a whole,
+/// so processes do not undo each other's changes, and what this program does not understand stays
+/// as it is. Nothing is written when every line stays the same. A new file can be read and written
+/// by its owner alone.
 ///
 /// A file that cannot be read is never written. Changes that could not be written live in memory,
 /// `problem` tells of them, and the next change tries again. QSettings would put the part of a file
@@ -33,29 +33,20 @@ public:
 
     std::optional<QVariant> value(const QString& key) const override;
     void set(const QString& key, const QVariant& value) override;
+    void change(const std::function<void()>& changes) override;
     void refresh() override;
 
     std::optional<QString> problem() const override { return _problem; }
 
 private:
-    /// Tells one state of the file from another.
-    struct Stamp {
-        ino_t number = 0;
-        off_t size = 0;
-        timespec modified{};
-        timespec changed{};
-
-        bool operator==(const Stamp& other) const;
-    };
-
-    Stamp currentStamp() const;
     bool read();
     void writeUnsaved();
 
     std::filesystem::path _file;
-    Stamp _stamp;
+    Files::Stamp _stamp;
     IniDocument _document;
     std::map<std::string, std::string, std::less<>> _unsaved;  ///< By encoded key.
+    bool _isChanging = false;
     std::optional<QString> _problem;
 };
 

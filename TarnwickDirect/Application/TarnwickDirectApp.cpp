@@ -118,6 +118,9 @@ void TarnwickDirectApp::connectPanel()
     connect(&_window, &PanelWindow::preferredSizeChanged, this, [this] {
         PanelSize::write(*_defaults, _window.preferredSize());
     });
+    connect(&_model, &PullRequestMenuModel::settingsReadAgain, this, [this] {
+        _window.setPreferredSize(PanelSize::read(*_defaults, _appearance.textScale()));
+    });
 }
 
 /// A refresh takes many times the memory of what it leaves.

@@ -139,25 +139,23 @@ int changeSelection(const ChangeSelection& command, const Interruption& interrup
     if (!repositories) {
         return 1;
     }
-    Tarnwick::SettingsStore settings(*parts.defaults);
-    std::set<std::string> selected = settings.load().selectedRepositories;
     const std::set<std::string> known = namesOf(*repositories);
     if (const auto unknown = firstUnknown(command.names, known)) {
         std::cerr << "GitHub lists no repository named " << singleLine(*unknown)
                   << " for your account; the selection is unchanged.\n";
         return 1;
     }
-    if (command.select) {
-        selected.insert(command.names.begin(), command.names.end());
-    } else {
-        std::erase_if(selected, [&](const std::string& name) {
-            return std::ranges::find(command.names, name) != command.names.end();
-        });
-    }
-    if (command.all) {
-        selected = command.select ? known : std::set<std::string>{};
-    }
-    settings.setSelectedRepositories(selected);
+    Tarnwick::SettingsStore(*parts.defaults).changeSelection([&](std::set<std::string>& selected) {
+        if (command.all) {
+            selected = command.select ? known : std::set<std::string>{};
+        } else if (command.select) {
+            selected.insert(command.names.begin(), command.names.end());
+        } else {
+            std::erase_if(selected, [&](const std::string& name) {
+                return std::ranges::find(command.names, name) != command.names.end();
+            });
+        }
+    });
     if (const auto problem = parts.defaults->problem()) {
         std::cerr << problem->toStdString() << '\n';
         return 1;

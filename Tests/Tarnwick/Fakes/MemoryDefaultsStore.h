@@ -2,7 +2,9 @@
 
 #include "Tarnwick/Persistence/DefaultsStore.h"
 
+#include <functional>
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace Fakes {
@@ -22,12 +24,21 @@ public:
         writtenKeys.push_back(key);
     }
 
+    void change(const std::function<void()>& changes) override
+    {
+        if (beforeChange) {
+            std::exchange(beforeChange, nullptr)();
+        }
+        changes();
+    }
+
     void refresh() override { ++refreshCount; }
 
     std::optional<QString> problem() const override { return reportedProblem; }
 
     std::map<QString, QVariant> values;
     std::vector<QString> writtenKeys;
+    std::function<void()> beforeChange;  ///< What another process does before the next change.
     int refreshCount = 0;
     std::optional<QString> reportedProblem;
 };

@@ -112,6 +112,7 @@ TEST_F(FilterOperations, storesTheOtherSettingsAtOnce)
     model->setReviewerFilter(ReviewerFilter::any);
     model->setPollingInterval(PollingInterval::oneHour);
     model->setProjectDirectory("~/src");
+    model->flushSettings();
     EXPECT_EQ(storedSettings().reviewerFilter, ReviewerFilter::any);
     EXPECT_EQ(storedSettings().pollingInterval, PollingInterval::oneHour);
     EXPECT_EQ(storedSettings().projectDirectory, "~/src");

@@ -42,8 +42,10 @@ protected:
 
     void startWithBothSettings()
     {
-        SettingsStore(*defaults).setNewPullRequestNotificationsEnabled(true);
-        SettingsStore(*defaults).setUnblockedNotificationsEnabled(true);
+        SettingsStore(*defaults).change([](Settings& settings) {
+            settings.newPullRequestNotificationsEnabled = true;
+            settings.unblockedNotificationsEnabled = true;
+        });
         start();
     }
 
@@ -141,7 +143,8 @@ TEST_F(Notifications, doNotTakeANoLongerBlockedDraftForUnblocked)
 
 TEST_F(Notifications, followTheirOwnSettings)
 {
-    SettingsStore(*defaults).setUnblockedNotificationsEnabled(true);
+    SettingsStore(*defaults).change(
+        [](Settings& settings) { settings.unblockedNotificationsEnabled = true; });
     start();
     refreshWith({blocked(1)});
     refreshWith({makePullRequest(1), createdLater(2)});

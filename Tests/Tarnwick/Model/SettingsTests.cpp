@@ -196,50 +196,56 @@ TEST(Settings, lookAgainWhetherAnotherProcessHasConfiguredTheSelection)
 TEST(Settings, writeOnlyTheirOwnKey)
 {
     MemoryDefaultsStore defaults;
+    makeCurrent(defaults);
     SettingsStore store(defaults);
-    const auto written = [&](const auto& write) {
+    const auto written = [&](const std::function<void(Settings&)>& change) {
         defaults.writtenKeys.clear();
-        write();
+        store.change(change);
         return defaults.writtenKeys;
     };
-    EXPECT_THAT(written([&] { store.setStatuses({}); }), ElementsAre(u"filters.status"));
-    EXPECT_THAT(written([&] { store.setChecks({}); }), ElementsAre(u"filters.checks"));
-    EXPECT_THAT(written([&] { store.setReviewFilters({}); }), ElementsAre(u"filters.reviewStates"));
+    EXPECT_THAT(written([](Settings& s) { s.statuses = {}; }), ElementsAre(u"filters.status"));
+    EXPECT_THAT(written([](Settings& s) { s.checks = {}; }), ElementsAre(u"filters.checks"));
     EXPECT_THAT(
-        written([&] { store.setMergeabilities({}); }), ElementsAre(u"filters.mergeability"));
+        written([](Settings& s) { s.reviewFilters = {ReviewFilter::none}; }),
+        ElementsAre(u"filters.reviewStates"));
     EXPECT_THAT(
-        written([&] { store.setReviewerFilter(ReviewerFilter::any); }),
+        written([](Settings& s) { s.mergeabilities = {}; }), ElementsAre(u"filters.mergeability"));
+    EXPECT_THAT(
+        written([](Settings& s) { s.reviewerFilter = ReviewerFilter::any; }),
         ElementsAre(u"filters.reviewers"));
     EXPECT_THAT(
-        written([&] { store.setPollingInterval(PollingInterval::oneHour); }),
+        written([](Settings& s) { s.pollingInterval = PollingInterval::oneHour; }),
         ElementsAre(u"polling.interval"));
     EXPECT_THAT(
-        written([&] { store.setProjectDirectory("/src"); }),
+        written([](Settings& s) { s.projectDirectory = "/src"; }),
         ElementsAre(u"editor.projectDirectory"));
     EXPECT_THAT(
-        written([&] { store.setUnblockedNotificationsEnabled(true); }),
+        written([](Settings& s) { s.unblockedNotificationsEnabled = true; }),
         ElementsAre(u"notifications.unblocked"));
     EXPECT_THAT(
-        written([&] { store.setNewPullRequestNotificationsEnabled(true); }),
+        written([](Settings& s) { s.newPullRequestNotificationsEnabled = true; }),
         ElementsAre(u"notifications.newPullRequests"));
     EXPECT_THAT(
-        written([&] { store.setSelectedRepositories({"octo/tools"}); }),
+        written([](Settings& s) { s.darkMode = true; }), ElementsAre(u"appearance.darkMode"));
+    EXPECT_THAT(
+        written([](Settings& s) { s.selectedRepositories = {"octo/tools"}; }),
         ElementsAre(u"filters.repositories", u"filters.repositoriesConfigured"));
+    EXPECT_THAT(written([](Settings&) {}), IsEmpty());
 }
 
 TEST(Settings, areStoredAsTheirRawValues)
 {
     MemoryDefaultsStore defaults;
-    SettingsStore store(defaults);
-    store.setStatuses({StatusFilter::open, StatusFilter::draft});
-    store.setChecks({ChecksFilter::none, ChecksFilter::pending, ChecksFilter::fail});
-    store.setReviewFilters({ReviewFilter::none, ReviewFilter::changesRequested});
-    store.setMergeabilities({MergeabilityFilter::mergeable, MergeabilityFilter::conflicting});
-    store.setReviewerFilter(ReviewerFilter::any);
-    store.setPollingInterval(PollingInterval::thirtyMinutes);
-    store.setProjectDirectory("/home/octo/Проекты");
-    store.setUnblockedNotificationsEnabled(true);
-    store.setNewPullRequestNotificationsEnabled(false);
+    SettingsStore(defaults).change([](Settings& settings) {
+        settings.statuses = {StatusFilter::open, StatusFilter::draft};
+        settings.checks = {ChecksFilter::none, ChecksFilter::pending, ChecksFilter::fail};
+        settings.reviewFilters = {ReviewFilter::none, ReviewFilter::changesRequested};
+        settings.mergeabilities = {MergeabilityFilter::mergeable, MergeabilityFilter::conflicting};
+        settings.reviewerFilter = ReviewerFilter::any;
+        settings.pollingInterval = PollingInterval::thirtyMinutes;
+        settings.projectDirectory = "/home/octo/Проекты";
+        settings.unblockedNotificationsEnabled = true;
+    });
     EXPECT_EQ(defaults.values.at(u"filters.status"_s), (QStringList{u"Draft"_s, u"Open"_s}));
     EXPECT_EQ(
         defaults.values.at(u"filters.checks"_s), (QStringList{u"Fail"_s, u"None"_s, u"Pending"_s}));
@@ -253,7 +259,51 @@ TEST(Settings, areStoredAsTheirRawValues)
     EXPECT_EQ(defaults.values.at(u"polling.interval"_s), 1800);
     EXPECT_EQ(defaults.values.at(u"editor.projectDirectory"_s), u"/home/octo/Проекты"_s);
     EXPECT_EQ(defaults.values.at(u"notifications.unblocked"_s), true);
-    EXPECT_EQ(defaults.values.at(u"notifications.newPullRequests"_s), false);
+    SettingsStore(defaults).change(
+        [](Settings& settings) { settings.unblockedNotificationsEnabled = false; });
+    EXPECT_EQ(defaults.values.at(u"notifications.unblocked"_s), false);
+}
+
+TEST(Settings, changeFromWhatAnotherProcessHasStored)
+{
+    MemoryDefaultsStore defaults;
+    makeCurrent(defaults);
+    SettingsStore store(defaults);
+    store.load();
+    defaults.beforeChange = [&] {
+        defaults.values.insert_or_assign(u"filters.repositories"_s, QStringList{u"octo/web"_s});
+        defaults.values.insert_or_assign(u"polling.interval"_s, 60);
+    };
+    const Settings settings = store.changeSelection(
+        [](std::set<std::string>& selected) { selected.insert("octo/tools"); });
+    EXPECT_THAT(settings.selectedRepositories, ElementsAre("octo/tools", "octo/web"));
+    EXPECT_EQ(settings.pollingInterval, PollingInterval::oneMinute);
+    EXPECT_EQ(
+        defaults.values.at(u"filters.repositories"_s),
+        (QStringList{u"octo/tools"_s, u"octo/web"_s}));
+}
+
+TEST(Settings, areNotResetWhenAnotherProcessHasJustConfiguredTheSelection)
+{
+    MemoryDefaultsStore defaults;
+    SettingsStore store(defaults);
+    defaults.beforeChange = [&] {
+        defaults.values.insert_or_assign(u"filters.repositories"_s, QStringList{u"octo/web"_s});
+        defaults.values.insert_or_assign(u"filters.repositoriesConfigured"_s, true);
+    };
+    EXPECT_FALSE(store.resetUnconfiguredSelection());
+    EXPECT_EQ(defaults.values.at(u"filters.repositories"_s), QStringList{u"octo/web"_s});
+}
+
+TEST(Settings, areUnderstoodInAnOlderFormWithoutBeingWritten)
+{
+    MemoryDefaultsStore defaults;
+    defaults.values = {
+        {u"filters.checks"_s, QStringList{u"Pass"_s}}, {u"filters.schemaVersion"_s, 1}};
+    EXPECT_THAT(
+        SettingsStore(defaults).current().checks,
+        UnorderedElementsAre(ChecksFilter::none, ChecksFilter::pass));
+    EXPECT_THAT(defaults.writtenKeys, IsEmpty());
 }
 
 TEST(Settings, keepAStoredEmptyListEmpty)

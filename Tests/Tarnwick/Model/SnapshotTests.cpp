@@ -118,7 +118,9 @@ TEST_F(Snapshots, showsASnapshotOfAnotherSelectionThroughTheFilters)
 TEST_F(Snapshots, savesWhatARefreshBrought)
 {
     selectTools();
-    Tarnwick::SettingsStore(*defaults).setReviewFilters({Tarnwick::ReviewFilter::changesRequested});
+    Tarnwick::SettingsStore(*defaults).change([](Tarnwick::Settings& settings) {
+        settings.reviewFilters = {Tarnwick::ReviewFilter::changesRequested};
+    });
     start();
     refresh();
     model.reset();

@@ -2,12 +2,17 @@
 
 #include "Persistence/FileTrouble.h"
 #include "Tarnwick/Model/Settings.h"
+#include "Tarnwick/Persistence/Files.h"
 #include "Tarnwick/Persistence/VisitStore.h"
 
 #include <QStringList>
 
+#include <csignal>
+
 #include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -217,6 +222,89 @@ TEST_F(IniDefaultsStoreTest, losesNoKeyWhenProcessesWriteAtTheSameTime)
     }
 }
 
+TEST_F(IniDefaultsStoreTest, writesSeveralChangesAtOnce)
+{
+    auto store = open();
+    store.change([&] {
+        writeText(store, u"first"_s, "one");
+        EXPECT_THAT(readText(store, u"first"_s), Optional(std::string("one")));
+        writeText(store, u"second"_s, "two");
+        EXPECT_FALSE(std::filesystem::exists(file));
+    });
+    EXPECT_EQ(contentsOf(file), "[General]\nfirst=one\nsecond=two\n");
+}
+
+TEST_F(IniDefaultsStoreTest, startsAChangeFromWhatAnotherProcessWrote)
+{
+    auto store = open();
+    writeText(store, u"first"_s, "ours");
+    EXPECT_TRUE(endedWell(startInOtherProcess([&] {
+        auto other = open();
+        writeText(other, u"first"_s, "theirs");
+    })));
+    store.change(
+        [&] { EXPECT_THAT(readText(store, u"first"_s), Optional(std::string("theirs"))); });
+}
+
+TEST_F(IniDefaultsStoreTest, leavesTheFileAloneWhenNothingIsDifferent)
+{
+    auto store = open();
+    writeText(store, u"first"_s, "one");
+    const auto before = Files::stampOf(file);
+    writeText(store, u"first"_s, "one");
+    store.change([] {});
+    EXPECT_EQ(Files::stampOf(file), before);
+    EXPECT_EQ(store.problem(), std::nullopt);
+}
+
+TEST_F(IniDefaultsStoreTest, losesNothingOfOneListThatProcessesChangeAtTheSameTime)
+{
+    constexpr int processes = 4;
+    constexpr int names = 25;
+    std::vector<pid_t> children;
+    for (int process = 0; process < processes; ++process) {
+        children.push_back(startInOtherProcess([&, process] {
+            auto defaults = open();
+            SettingsStore store(defaults);
+            for (int name = 0; name < names; ++name) {
+                store.changeSelection([&](std::set<std::string>& selected) {
+                    selected.insert(std::to_string(process) + "/" + std::to_string(name));
+                });
+            }
+        }));
+    }
+    for (const pid_t child : children) {
+        EXPECT_TRUE(endedWell(child));
+    }
+    auto defaults = open();
+    EXPECT_EQ(
+        SettingsStore(defaults).load().selectedRepositories.size(), std::size_t{processes * names});
+}
+
+TEST_F(IniDefaultsStoreTest, isNotStoppedByAProcessThatHoldsTheLock)
+{
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    const pid_t holder = startInOtherProcess([&] {
+        const Files::FolderLock lock(file);
+        static_cast<void>(write(ready[1], "x", 1));
+        raise(SIGSTOP);
+    });
+    char byte = 0;
+    ASSERT_EQ(read(ready[0], &byte, 1), 1);
+    auto store = open();
+    writeText(store, u"first"_s, "ours");
+    EXPECT_EQ(store.problem(), problemOf("written", "Device or resource busy"));
+    EXPECT_THAT(readText(store, u"first"_s), Optional(std::string("ours")));
+    kill(holder, SIGCONT);
+    EXPECT_TRUE(endedWell(holder));
+    writeText(store, u"second"_s, "ours");
+    EXPECT_EQ(store.problem(), std::nullopt);
+    EXPECT_EQ(contentsOf(file), "[General]\nfirst=ours\nsecond=ours\n");
+    close(ready[0]);
+    close(ready[1]);
+}
+
 TEST_F(IniDefaultsStoreTest, neverWritesAFileThatCannotBeRead)
 {
     writeFile(file, "[General]\npolling.interval=60\n");
@@ -276,6 +364,77 @@ TEST_F(IniDefaultsStoreTest, keepsTheOldFileOnAFullDiskAndCatchesUpLater)
     EXPECT_EQ(
         contentsOf(file),
         "[General]\npolling.interval=60\nfilters.reviewers=Any\nnotifications.unblocked=true\n");
+}
+
+TEST_F(IniDefaultsStoreTest, removesWhatKilledProcessesLeft)
+{
+    const auto old = std::filesystem::file_time_type::clock::now() - std::chrono::seconds(61);
+    const auto leave = [&](const char* name, bool isOld) {
+        writeFile(folder / name, "[General]\n");
+        if (isOld) {
+            std::filesystem::last_write_time(folder / name, old);
+        }
+    };
+    leave("settings.ini.aB3xYz", true);
+    leave("settings.ini.9Zzzzz", true);
+    leave("settings.ini.Qw3rty", false);
+    leave("settings.ini.backup", true);
+    leave("settings.ini.201122", true);
+    leave("settings.ini.Backup1", true);
+    leave("settings.txt.aB3xYz", true);
+    std::filesystem::create_directory(folder / "settings.ini.fOlder1");
+    std::filesystem::create_symlink("settings.txt.aB3xYz", folder / "settings.ini.aLink1");
+    auto store = open();
+    writeText(store, u"first"_s, "one");
+    EXPECT_THAT(
+        folder.names(),
+        ElementsAre(
+            "settings.ini",
+            "settings.ini.201122",
+            "settings.ini.Backup1",
+            "settings.ini.Qw3rty",
+            "settings.ini.aLink1",
+            "settings.ini.backup",
+            "settings.ini.fOlder1",
+            "settings.txt.aB3xYz"));
+}
+
+TEST_F(IniDefaultsStoreTest, removesWhatItLeavesWhenItIsKilled)
+{
+    const pid_t child = startInOtherProcess([&] {
+        auto store = open();
+        for (int number = 0;; ++number) {
+            writeInteger(store, u"number"_s, number);
+        }
+    });
+    // Killed where it leaves something, which may take several writes.
+    const auto leftover = [&] {
+        for (const std::string& name : folder.names()) {
+            if (name != "settings.ini") {
+                return name;
+            }
+        }
+        return std::string();
+    };
+    std::string name;
+    for (;;) {
+        int status = 0;
+        ASSERT_EQ(kill(child, SIGSTOP), 0);
+        ASSERT_EQ(waitpid(child, &status, WUNTRACED), child);
+        name = leftover();
+        if (!name.empty()) {
+            break;
+        }
+        kill(child, SIGCONT);
+    }
+    kill(child, SIGKILL);
+    EXPECT_FALSE(endedWell(child));
+    std::filesystem::last_write_time(
+        folder.path() / name,
+        std::filesystem::file_time_type::clock::now() - std::chrono::seconds(61));
+    auto store = open();
+    writeText(store, u"first"_s, "one");
+    EXPECT_THAT(folder.names(), ElementsAre("settings.ini"));
 }
 
 TEST_F(IniDefaultsStoreTest, isNotCutOffByADiskThatBecomesFull)
@@ -381,8 +540,8 @@ TEST_F(IniDefaultsStoreTest, writesAMigrationOnceAndThenNothing)
     EXPECT_EQ(
         contentsOf(file),
         "[General]\nfilters.checks=None, Pass\nfilters.schemaVersion=2\nfilters.reviewers=Any\n"
-        "filters.mergeable=true\nfilters.reviewStates=@Empty()\n"
-        "filters.mergeability=Mergeable\n");
+        "filters.mergeable=true\nfilters.mergeability=Mergeable\n"
+        "filters.reviewStates=@Empty()\n");
     const auto written = std::filesystem::last_write_time(file);
     EXPECT_EQ(SettingsStore(store).load(), settings);
     EXPECT_EQ(std::filesystem::last_write_time(file), written);
@@ -417,12 +576,7 @@ RC_GTEST_FIXTURE_PROP(IniDefaultsStoreTest, bringsAnySettingsBackFromDisk, ())
     writeFile(file, "[General]\nfilters.schemaVersion=2\n");
     auto defaults = open();
     SettingsStore store(defaults);
-    store.setSelectedRepositories(settings.selectedRepositories);
-    store.setStatuses(settings.statuses);
-    store.setChecks(settings.checks);
-    store.setReviewFilters(settings.reviewFilters);
-    store.setMergeabilities(settings.mergeabilities);
-    store.setProjectDirectory(settings.projectDirectory);
+    store.change([&](Settings& stored) { stored = settings; });
     auto again = open();
     RC_ASSERT(SettingsStore(again).load() == settings);
     RC_ASSERT(contentsOf(file).find("\n[") == std::string::npos);

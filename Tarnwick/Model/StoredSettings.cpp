@@ -1,0 +1,216 @@
+#include "Tarnwick/Model/StoredSettings.h"
+
+#include "Tarnwick/Model/SettingsKeys.h"
+#include "Tarnwick/Model/SettingsMigration.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace Tarnwick {
+namespace {
+
+namespace Keys = SettingsKeys;
+
+/// The name under which "Any" was stored before.
+constexpr std::string_view olderNameOfAny = "All";
+
+QStringList listOf(const std::set<std::string>& texts)
+{
+    QStringList list;
+    for (const std::string& text : texts) {
+        list.append(QString::fromStdString(text));
+    }
+    return list;
+}
+
+/// Reads one setting after the other and notes what is to be corrected.
+class Reader {
+public:
+    explicit Reader(const DefaultsStore& defaults)
+        : _defaults(defaults)
+    {}
+
+    StoredSettings read();
+
+private:
+    /// The set stored under a key, or `fallback` when the key is absent or holds texts of which
+    /// none is known. A stored list that is not in its regular form is to be written in it.
+    template<typename E>
+    std::set<E> set(const QString& key, const std::set<E>& fallback)
+    {
+        const auto stored = readTextList(_defaults, key);
+        if (!stored) {
+            return fallback;
+        }
+        std::set<E> values = casesNamed<E>(*stored);
+        if (values.empty() && !stored->empty()) {
+            values = fallback;
+        }
+        const std::set<std::string> texts = textsOf(values);
+        if (!std::ranges::equal(texts, *stored)) {
+            correct(key, listOf(texts));
+        }
+        return values;
+    }
+
+    void correct(const QString& key, const QVariant& value)
+    {
+        _result.corrections.emplace_back(key, value);
+    }
+
+    std::set<ChecksFilter> checks();
+    std::set<ReviewFilter> reviewFilters();
+    std::set<MergeabilityFilter> mergeabilities();
+    PollingInterval pollingInterval() const;
+    ReviewerFilter reviewerFilter();
+
+    const DefaultsStore& _defaults;
+    StoredSettings _result;
+};
+
+StoredSettings Reader::read()
+{
+    Settings& settings = _result.settings;
+    settings.unblockedNotificationsEnabled =
+        readFlag(_defaults, Keys::unblockedNotifications).value_or(false);
+    settings.newPullRequestNotificationsEnabled =
+        readFlag(_defaults, Keys::newPullRequestNotifications).value_or(false);
+    if (const auto names = readTextList(_defaults, Keys::repositories)) {
+        settings.selectedRepositories = {names->begin(), names->end()};
+    }
+    settings.statuses = set(Keys::statuses, Settings().statuses);
+    settings.checks = checks();
+    settings.reviewFilters = reviewFilters();
+    settings.mergeabilities = mergeabilities();
+    settings.pollingInterval = pollingInterval();
+    settings.reviewerFilter = reviewerFilter();
+    settings.projectDirectory = readText(_defaults, Keys::projectDirectory).value_or("");
+    settings.darkMode = readFlag(_defaults, Keys::darkMode).value_or(false);
+    return std::move(_result);
+}
+
+std::set<ChecksFilter> Reader::checks()
+{
+    auto checks = set(Keys::checks, everyCase<ChecksFilter>());
+    const auto version = readInteger(_defaults, Keys::schemaVersion).value_or(0);
+    if (version < SettingsMigration::currentSchemaVersion) {
+        checks = SettingsMigration::checksBeforeVersion2(std::move(checks));
+        correct(Keys::checks, listOf(textsOf(checks)));
+        correct(
+            Keys::schemaVersion,
+            QVariant::fromValue<qlonglong>(SettingsMigration::currentSchemaVersion));
+    }
+    return checks;
+}
+
+std::set<ReviewFilter> Reader::reviewFilters()
+{
+    const auto stored = readTextList(_defaults, Keys::reviewFilters);
+    std::set<ReviewFilter> filters;
+    if (stored) {
+        filters = casesNamed<ReviewFilter>(*stored);
+    } else {
+        filters = SettingsMigration::reviewFiltersFromQuery(
+            readTextList(_defaults, Keys::reviewQuery).value_or(std::vector<std::string>()));
+    }
+    const auto complete = SettingsMigration::withCommentedReviews(filters);
+    if (!stored || complete != filters) {
+        correct(Keys::reviewFilters, listOf(textsOf(complete)));
+    }
+    return complete;
+}
+
+std::set<MergeabilityFilter> Reader::mergeabilities()
+{
+    if (const auto stored = readTextList(_defaults, Keys::mergeabilities)) {
+        return casesNamed<MergeabilityFilter>(*stored);
+    }
+    const auto values = SettingsMigration::mergeabilitiesFromOlderKeys(
+        readFlag(_defaults, Keys::mergeable), readTextList(_defaults, Keys::mergeConflicts));
+    correct(Keys::mergeabilities, listOf(textsOf(values)));
+    return values;
+}
+
+PollingInterval Reader::pollingInterval() const
+{
+    const std::chrono::seconds stored{readInteger(_defaults, Keys::pollingInterval).value_or(0)};
+    return pollingIntervalOf(stored).value_or(PollingInterval::fiveMinutes);
+}
+
+ReviewerFilter Reader::reviewerFilter()
+{
+    const auto stored = readText(_defaults, Keys::reviewers);
+    if (stored == olderNameOfAny) {
+        correct(
+            Keys::reviewers,
+            QString::fromStdString(std::string(PullRequestKit::nameOf(ReviewerFilter::any))));
+        return ReviewerFilter::any;
+    }
+    const auto value = stored ? PullRequestKit::enumNamed<ReviewerFilter>(*stored) : std::nullopt;
+    return value.value_or(ReviewerFilter::myself);
+}
+
+void write(DefaultsStore& defaults, const QString& key, bool flag)
+{
+    writeFlag(defaults, key, flag);
+}
+
+void write(DefaultsStore& defaults, const QString& key, const std::string& text)
+{
+    writeText(defaults, key, text);
+}
+
+void write(DefaultsStore& defaults, const QString& key, PollingInterval interval)
+{
+    writeInteger(defaults, key, secondsOf(interval).count());
+}
+
+void write(DefaultsStore& defaults, const QString& key, ReviewerFilter filter)
+{
+    writeText(defaults, key, std::string(PullRequestKit::nameOf(filter)));
+}
+
+template<typename E>
+void write(DefaultsStore& defaults, const QString& key, const std::set<E>& values)
+{
+    writeTextList(defaults, key, textsOf(values));
+}
+
+}  // namespace
+
+StoredSettings readSettings(const DefaultsStore& defaults)
+{
+    return Reader(defaults).read();
+}
+
+void writeDifferences(DefaultsStore& defaults, const Settings& before, const Settings& after)
+{
+    const auto writeIfDifferent = [&](const QString& key, auto setting) {
+        if (before.*setting != after.*setting) {
+            write(defaults, key, after.*setting);
+        }
+    };
+    writeIfDifferent(Keys::statuses, &Settings::statuses);
+    writeIfDifferent(Keys::checks, &Settings::checks);
+    writeIfDifferent(Keys::reviewFilters, &Settings::reviewFilters);
+    writeIfDifferent(Keys::mergeabilities, &Settings::mergeabilities);
+    writeIfDifferent(Keys::reviewers, &Settings::reviewerFilter);
+    writeIfDifferent(Keys::pollingInterval, &Settings::pollingInterval);
+    writeIfDifferent(Keys::projectDirectory, &Settings::projectDirectory);
+    writeIfDifferent(Keys::unblockedNotifications, &Settings::unblockedNotificationsEnabled);
+    writeIfDifferent(
+        Keys::newPullRequestNotifications, &Settings::newPullRequestNotificationsEnabled);
+    writeIfDifferent(Keys::darkMode, &Settings::darkMode);
+    if (before.selectedRepositories != after.selectedRepositories) {
+        writeSelection(defaults, after.selectedRepositories);
+    }
+}
+
+void writeSelection(DefaultsStore& defaults, const std::set<std::string>& names)
+{
+    writeTextList(defaults, Keys::repositories, names);
+    writeFlag(defaults, Keys::repositoriesConfigured, true);
+}
+
+}  // namespace Tarnwick

@@ -1,0 +1,104 @@
+#include "Tarnwick/Persistence/FileWatcher.h"
+
+#include <QFile>
+#include <QStringList>
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+namespace Tarnwick {
+namespace {
+
+namespace fs = std::filesystem;
+
+QString nameOf(const fs::path& path)
+{
+    return QFile::decodeName(path.c_str());
+}
+
+/// Adds the folders whose changes can make a path lead to another folder: those of the symbolic
+/// links on it, and where a folder is missing, the one in which it would come to be.
+void addFolder(QStringList& places, const fs::path& folder)
+{
+    std::error_code error;
+    fs::path reached;
+    for (const fs::path& name : folder) {
+        const fs::path next = reached / name;
+        if (fs::is_symlink(next, error)) {
+            places.append(nameOf(reached));
+        }
+        if (!fs::is_directory(next, error)) {
+            break;
+        }
+        reached = next;
+    }
+    places.append(nameOf(reached));
+}
+
+/// Everything whose changes may change what the path leads to. An inotify watch on a folder tells
+/// what is made, moved and removed there, one on a file what is written into it.
+QStringList placesOnTheWayTo(fs::path file)
+{
+    constexpr int mostLinks = 16;
+    QStringList places;
+    std::error_code error;
+    for (int links = 0; links < mostLinks; ++links) {
+        addFolder(places, file.parent_path());
+        const fs::path target = fs::read_symlink(file, error);
+        if (error) {
+            break;
+        }
+        file = (file.parent_path() / target).lexically_normal();
+    }
+    if (fs::is_regular_file(file, error)) {
+        places.append(nameOf(file));
+    }
+    places.removeDuplicates();
+    return places;
+}
+
+}  // namespace
+
+FileWatcher::FileWatcher(fs::path file)
+    : _file(std::move(file))
+    , _stamp(Files::stampOf(_file))
+{
+    _rest.setSingleShot(true);
+    connect(&_rest, &QTimer::timeout, this, &FileWatcher::look);
+    connect(&_watcher, &QFileSystemWatcher::fileChanged, this, &FileWatcher::somethingHappened);
+    connect(
+        &_watcher, &QFileSystemWatcher::directoryChanged, this, &FileWatcher::somethingHappened);
+    watch();
+}
+
+void FileWatcher::somethingHappened()
+{
+    const auto now = std::chrono::steady_clock::now();
+    const auto first = _first.value_or(now);
+    _first = first;
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(first + patience - now);
+    _rest.start(std::clamp(left, std::chrono::milliseconds{0}, rest));
+}
+
+void FileWatcher::look()
+{
+    _first.reset();
+    // A watch ends with the file or folder that it is on, and stays on one that was moved away.
+    // What happens between the old watches and the new ones shows in the stamp.
+    watch();
+    if (std::exchange(_stamp, Files::stampOf(_file)) != _stamp) {
+        Q_EMIT changed();
+    }
+}
+
+void FileWatcher::watch()
+{
+    const QStringList old = _watcher.files() + _watcher.directories();
+    if (!old.isEmpty()) {
+        _watcher.removePaths(old);
+    }
+    _watcher.addPaths(placesOnTheWayTo(_file));
+}
+
+}  // namespace Tarnwick
