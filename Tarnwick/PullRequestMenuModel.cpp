@@ -75,8 +75,8 @@ void PullRequestMenuModel::followSettings()
         scheduleRefresh(selectionRest);
     });
     connect(&_operations, &Operations::reviewersChanged, this, [this] {
-        // The rows stay until the answer is there: an empty list would say that there are none.
-        _allPullRequests = noPullRequests();
+        // The rows stay, and go on to be filtered, until the answer is there: an empty list would
+        // say that there are none.
         scheduleRefresh(0ms);
     });
     connect(

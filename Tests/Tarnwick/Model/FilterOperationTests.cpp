@@ -119,6 +119,21 @@ TEST_F(FilterOperations, storesTheOtherSettingsAtOnce)
     ASSERT_TRUE(settle());
 }
 
+TEST_F(FilterOperations, filterWhatIsShownUntilOtherReviewersAreFetchedFor)
+{
+    provider->hold();
+    provider->setPullRequests({makePullRequest(7)});
+    model->setReviewerFilter(ReviewerFilter::any);
+    ASSERT_TRUE(TestSupport::eventually([&] { return provider->waiting() == 1; }));
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 3, 4, 5));
+    model->toggleStatus(StatusFilter::draft);
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3, 4, 5));
+    model->toggleMergeability(MergeabilityFilter::conflicting);
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3, 5));
+    releaseAndSettle();
+    EXPECT_THAT(shownNumbers(), ElementsAre(7));
+}
+
 TEST_F(FilterOperations, tellsOfEveryChange)
 {
     int settingsChanges = 0;
