@@ -112,6 +112,47 @@ TEST_F(Notifications, doNotAnnounceWhatAppearsThroughAChangedFilter)
     EXPECT_THAT(notifier->shown, ElementsAre("new 3"));
 }
 
+/// A change in what is looked at: the next refresh announces nothing, the one after it does.
+class NotificationBaselines : public Notifications {
+protected:
+    void expectANewBaselineAfter(const std::function<void()>& change)
+    {
+        startWithBothSettings();
+        refresh();
+        provider->setPullRequests({makePullRequest(1), createdLater(2)});
+        clock->advance(1s);
+        change();
+        ASSERT_TRUE(settle());
+        refresh();
+        processEvents();
+        EXPECT_THAT(notifier->shown, IsEmpty());
+        auto later = createdLater(3);
+        later.createdAt = date("2024-05-02T08:00:05Z");
+        refreshWith({makePullRequest(1), createdLater(2), later});
+        EXPECT_THAT(notifier->shown, ElementsAre("new 3"));
+    }
+};
+
+TEST_F(NotificationBaselines, areSetAnewByAChangeOfChecks)
+{
+    expectANewBaselineAfter([&] { model->toggleChecks(ChecksFilter::pending); });
+}
+
+TEST_F(NotificationBaselines, areSetAnewByAChangeOfReviews)
+{
+    expectANewBaselineAfter([&] { model->toggleReviewFilter(ReviewFilter::none); });
+}
+
+TEST_F(NotificationBaselines, areSetAnewByAChangeOfMergeability)
+{
+    expectANewBaselineAfter([&] { model->toggleMergeability(MergeabilityFilter::unknown); });
+}
+
+TEST_F(NotificationBaselines, areSetAnewByAChangeOfReviewers)
+{
+    expectANewBaselineAfter([&] { model->setReviewerFilter(ReviewerFilter::any); });
+}
+
 TEST_F(Notifications, doNotAnnounceWhatAppearsThroughAChangedSelection)
 {
     startWithBothSettings();
