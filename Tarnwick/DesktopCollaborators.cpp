@@ -39,6 +39,7 @@ PullRequestMenuModel::Collaborators desktopCollaborators(
         AutostartEntry::file(environment),
         startableFile(
             environment, QFile::encodeName(QCoreApplication::applicationFilePath()).toStdString()));
+    collaborators.blocked = BlockedPullRequestsFile::beside(collaborators.cache);
     collaborators.settingsWatcher = std::make_shared<FileWatcher>(IniDefaultsStore::defaultFile());
     return collaborators;
 }

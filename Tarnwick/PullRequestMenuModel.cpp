@@ -97,6 +97,16 @@ void PullRequestMenuModel::followNotifications()
 {
     connect(
         &_notifications,
+        &PullRequestNotifications::unblockedSettled,
+        this,
+        [this](const PullRequestID& id) {
+            _blocked.settle(id);
+            if (!_isAccepting) {
+                rememberBlocked();
+            }
+        });
+    connect(
+        &_notifications,
         &PullRequestNotifications::settingsChangeRequiredChanged,
         this,
         &PullRequestMenuModel::notificationSettingsRequiredChanged);

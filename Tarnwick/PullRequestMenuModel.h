@@ -7,12 +7,14 @@
 #include "Tarnwick/Desktop/LoginItem.h"
 #include "Tarnwick/Desktop/PullRequestNotifying.h"
 #include "Tarnwick/ExternalNavigation.h"
+#include "Tarnwick/Model/BlockedPullRequests.h"
 #include "Tarnwick/Model/MenuState.h"
 #include "Tarnwick/Model/PullRequestNotifications.h"
 #include "Tarnwick/Model/ReadAhead.h"
 #include "Tarnwick/Model/RefreshResult.h"
 #include "Tarnwick/Model/RowFilter.h"
 #include "Tarnwick/Model/SettingsOperations.h"
+#include "Tarnwick/Persistence/BlockedPullRequestsFile.h"
 #include "Tarnwick/Persistence/DefaultsStore.h"
 #include "Tarnwick/Persistence/FileWatcher.h"
 #include "Tarnwick/Persistence/SnapshotWriter.h"
@@ -53,6 +55,9 @@ public:
         /// Tells when `defaults` are to be read again; without it, that happens when the list is
         /// opened and with each change.
         std::shared_ptr<FileWatcher> settingsWatcher = nullptr;
+        /// Where a program that notifies keeps what was blocked. Others have none: what they find
+        /// unblocked, nobody was told.
+        std::optional<BlockedPullRequestsFile> blocked = std::nullopt;
     };
 
     /// Reads and migrates the settings, shows the last snapshot if it was taken for the same
@@ -212,6 +217,8 @@ private:
     QCoro::Task<> askProvider(std::stop_token stopToken);
     void cannotAsk(MenuState::Kind kind, const std::string& message);
     void accept(RefreshResult result, const RefreshStart& start);
+    void recallBlocked();
+    void rememberBlocked();
 
     void schedulePolling();
     QCoro::Task<> pollWhileRunning(std::stop_token stopToken);
@@ -247,6 +254,10 @@ private:
 
     SharedPullRequests _allPullRequests;
     bool _hasSnapshot = false;
+    BlockedPullRequests _blocked;
+    bool _hasRecalledBlocked = false;
+    bool _hasBlockedOnDisk = false;
+    bool _isAccepting = false;  ///< What is settled meanwhile is remembered at the end.
     std::optional<NewPullRequestBaseline> _newPullRequestBaseline;
 
     std::stop_token _runningRefresh;  ///< The one that `_isRefreshing` speaks of.

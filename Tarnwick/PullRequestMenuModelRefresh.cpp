@@ -105,8 +105,7 @@ QCoro::Task<> PullRequestMenuModel::askProvider(std::stop_token stopToken)
         assign(_state, {MenuState::Kind::loading, {}}, &PullRequestMenuModel::stateChanged);
     }
 
-    const RefreshStart start{
-        account, std::make_shared<const Settings>(_settings), _allPullRequests};
+    const RefreshStart start{account, std::make_shared<const Settings>(_settings)};
     auto fetching = onWorker([provider, start, stopToken] {
         const FetchRequest request{
             reviewerScopeOf(start.settings->reviewerFilter), start.settings->selectedRepositories};
@@ -147,12 +146,12 @@ void PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
         Q_EMIT repositoriesChanged();
     }
     _operations.resetUnconfiguredSelection();
-    if (_settings != *start.settings || _allPullRequests != start.previous) {
+    if (_settings != *start.settings) {
         // The user has chosen something else since.
         result = refreshResult(
-            std::move(result),
-            {start.account, std::make_shared<const Settings>(_settings), _allPullRequests});
+            std::move(result), {start.account, std::make_shared<const Settings>(_settings)});
     }
+    recallBlocked();
     _allPullRequests = result.pullRequests;
     setRows(std::move(result.rows), result.hidden);
     assign(_shortfall, result.shortfall, &PullRequestMenuModel::shortfallChanged);
@@ -164,9 +163,36 @@ void PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
     auto appeared = newPullRequests(*_rows, result.baseline.scope, _newPullRequestBaseline);
     _newPullRequestBaseline = std::move(result.baseline);
     _newPullRequestBaseline->refreshedAt = now;
-    _notifications.deliver({std::move(appeared), std::move(result.unblocked)});
+    _isAccepting = true;
+    _notifications.deliver({std::move(appeared), _blocked.update(*_allPullRequests, now)});
+    _isAccepting = false;
+    rememberBlocked();
     result.snapshot.refreshedAt = now;
     _snapshotWriter.save(std::move(result.snapshot));
+}
+
+/// Before the first refresh is taken over: what was blocked when the program last ran, and what the
+/// list shows as blocked, which `tarnwick list` may have found since.
+void PullRequestMenuModel::recallBlocked()
+{
+    if (std::exchange(_hasRecalledBlocked, true)) {
+        return;
+    }
+    if (_parts.blocked) {
+        _blocked = _parts.blocked->load();
+        _hasBlockedOnDisk = !_blocked.entries.empty();
+    }
+    if (_lastRefreshed) {
+        _blocked.learn(*_allPullRequests, *_lastRefreshed);
+    }
+}
+
+void PullRequestMenuModel::rememberBlocked()
+{
+    const bool hasSome = !_blocked.entries.empty();
+    if (_parts.blocked && (std::exchange(_hasBlockedOnDisk, hasSome) || hasSome)) {
+        _snapshotWriter.save(*_parts.blocked, _blocked);
+    }
 }
 
 // When

@@ -124,8 +124,13 @@ QCoro::Task<> PullRequestNotifications::deliverAll(
         co_await delivery;
     }
     for (PullRequest& pullRequest : refreshed.unblocked) {
-        if (stopToken.stop_requested() || !_settings.unblockedNotificationsEnabled) {
+        if (stopToken.stop_requested()) {
             break;
+        }
+        // The next refresh may come before the notification is there.
+        Q_EMIT unblockedSettled(pullRequest.id);
+        if (!_settings.unblockedNotificationsEnabled) {
+            continue;
         }
         auto delivery = notify(std::move(pullRequest), false, stopToken);
         co_await delivery;

@@ -16,7 +16,7 @@ namespace Tarnwick {
 /// What one refresh changed, as far as notifications are concerned.
 struct RefreshedPullRequests {
     std::vector<PullRequestKit::PullRequest> appeared;   ///< New ones in sight.
-    std::vector<PullRequestKit::PullRequest> unblocked;  ///< Blocked before, unblocked now.
+    std::vector<PullRequestKit::PullRequest> unblocked;  ///< Blocked when last decided, now not.
 };
 
 /// The two notification settings: the user's switching of them, the permission they need, and the
@@ -44,11 +44,15 @@ public:
     QCoro::Task<> toggleNewPullRequests();
 
     /// Delivers what the settings ask for, after a running permission check. What an earlier call
-    /// has not delivered yet is dropped.
+    /// has not delivered yet is dropped; of what is unblocked, `unblockedSettled` tells what was
+    /// not.
     void deliver(RefreshedPullRequests refreshed);
 
 Q_SIGNALS:
     void settingsChangeRequiredChanged();
+    /// A notification of this pull request is on its way, or the setting is off: it is not to be
+    /// handed over again.
+    void unblockedSettled(const PullRequestKit::PullRequestID& id);
     /// A text for the user, or nothing when the one before no longer holds.
     void errorChanged(const std::optional<std::string>& error);
 

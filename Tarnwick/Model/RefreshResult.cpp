@@ -45,7 +45,6 @@ RefreshResult refreshResult(RefreshResult result, const RefreshStart& start)
     FilteredRows list = filteredRows(*result.pullRequests, settings);
     result.rows = std::move(list.rows);
     result.hidden = list.hidden;
-    result.unblocked = newlyUnblockedPullRequests(*result.pullRequests, *start.previous);
     result.baseline = makeBaseline(notificationScope(start.account, settings), result.rows, {});
     CachedPullRequestSnapshot& snapshot = result.snapshot;
     snapshot.account = start.account;

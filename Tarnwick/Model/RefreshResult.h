@@ -19,7 +19,6 @@ using SharedPullRequests = std::shared_ptr<const std::vector<PullRequestKit::Pul
 struct RefreshStart {
     std::optional<std::string> account;
     std::shared_ptr<const Settings> settings;
-    SharedPullRequests previous;  ///< What the refresh before found. Not null.
 };
 
 /// What a refresh found, made ready for the list, the notifications and the cache.
@@ -27,9 +26,8 @@ struct RefreshResult {
     SharedPullRequests pullRequests;                   ///< Not null.
     std::vector<PullRequestKit::PullRequestRow> rows;  ///< What the settings leave.
     HiddenCounts hidden;                               ///< What they hide.
-    std::vector<PullRequestKit::PullRequest> unblocked;
-    NewPullRequestBaseline baseline;     ///< Its time is still to be set.
-    CachedPullRequestSnapshot snapshot;  ///< Likewise.
+    NewPullRequestBaseline baseline;                   ///< Its time is still to be set.
+    CachedPullRequestSnapshot snapshot;                ///< Likewise.
     std::optional<Shortfall> shortfall;
 };
 

@@ -13,8 +13,18 @@ SnapshotWriter::~SnapshotWriter() = default;
 
 void SnapshotWriter::save(CachedPullRequestSnapshot snapshot)
 {
+    add([this, snapshot = std::move(snapshot)] { _cache.save(snapshot); });
+}
+
+void SnapshotWriter::save(BlockedPullRequestsFile file, BlockedPullRequests blocked)
+{
+    add([file = std::move(file), blocked = std::move(blocked)] { file.save(blocked); });
+}
+
+void SnapshotWriter::add(Write write)
+{
     const std::lock_guard lock(_mutex);
-    _waiting.push_back(std::move(snapshot));
+    _waiting.push_back(std::move(write));
     _changed.notify_all();
 }
 
@@ -32,29 +42,29 @@ std::optional<std::string> SnapshotWriter::lastError() const
 
 void SnapshotWriter::run(std::stop_token stopToken)
 {
-    while (const auto snapshot = next(stopToken)) {
-        write(*snapshot);
+    while (const Write write = next(stopToken)) {
+        perform(write);
     }
 }
 
-/// Waits for the next snapshot; nothing once the end is asked for and none is left.
-std::optional<CachedPullRequestSnapshot> SnapshotWriter::next(const std::stop_token& stopToken)
+/// Waits for what is to be written next; empty once the end is asked for and nothing is left.
+SnapshotWriter::Write SnapshotWriter::next(const std::stop_token& stopToken)
 {
     std::unique_lock lock(_mutex);
     if (!_changed.wait(lock, stopToken, [this] { return !_waiting.empty(); })) {
-        return std::nullopt;
+        return {};
     }
-    std::optional<CachedPullRequestSnapshot> snapshot = std::move(_waiting.front());
+    Write write = std::move(_waiting.front());
     _waiting.pop_front();
     _isWriting = true;
-    return snapshot;
+    return write;
 }
 
-void SnapshotWriter::write(const CachedPullRequestSnapshot& snapshot)
+void SnapshotWriter::perform(const Write& write)
 {
     std::optional<std::string> error;
     try {
-        _cache.save(snapshot);
+        write();
     } catch (const std::exception& failure) {
         error = failure.what();
     }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "Tarnwick/Persistence/BlockedPullRequestsFile.h"
 #include "Tarnwick/Persistence/PullRequestDiskCache.h"
 
 #include <condition_variable>
 #include <deque>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -11,9 +13,9 @@
 
 namespace Tarnwick {
 
-/// Encodes and writes snapshots on a thread of its own, one after another in the order in which
-/// they came. A snapshot that cannot be written leaves the file as it was and is dropped. Safe from
-/// any thread.
+/// Encodes and writes snapshots, and what is kept beside them, on a thread of its own, one after
+/// another in the order in which they came. What cannot be written leaves its file as it was and is
+/// dropped. Safe from any thread.
 class SnapshotWriter {
 public:
     explicit SnapshotWriter(PullRequestDiskCache cache);
@@ -26,23 +28,27 @@ public:
 
     /// Returns at once.
     void save(CachedPullRequestSnapshot snapshot);
+    void save(BlockedPullRequestsFile file, BlockedPullRequests blocked);
 
     /// Blocks until everything handed over so far is written.
     void flush();
 
-    /// Why the snapshot written last could not be written, or nothing. Whoever wants to know about
-    /// one snapshot flushes first.
+    /// Why what was written last could not be written, or nothing. Whoever wants to know about one
+    /// snapshot flushes first.
     std::optional<std::string> lastError() const;
 
 private:
+    using Write = std::function<void()>;
+
+    void add(Write write);
     void run(std::stop_token stopToken);
-    std::optional<CachedPullRequestSnapshot> next(const std::stop_token& stopToken);
-    void write(const CachedPullRequestSnapshot& snapshot);
+    Write next(const std::stop_token& stopToken);
+    void perform(const Write& write);
 
     PullRequestDiskCache _cache;
     mutable std::mutex _mutex;
     std::condition_variable_any _changed;
-    std::deque<CachedPullRequestSnapshot> _waiting;
+    std::deque<Write> _waiting;
     bool _isWriting = false;
     std::optional<std::string> _lastError;
     std::jthread _thread;  ///< Last, so that it ends before what it uses.

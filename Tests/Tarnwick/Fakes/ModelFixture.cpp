@@ -32,7 +32,8 @@ PullRequestMenuModel::Collaborators ModelTest::collaborators() const
         .notifier = notifier,
         .loginItem = loginItem,
         .clock = clock,
-        .navigation = std::make_shared<ExternalNavigation>(desktop.navigation())};
+        .navigation = std::make_shared<ExternalNavigation>(desktop.navigation()),
+        .blocked = blockedFile};
 }
 
 void ModelTest::selectTools()

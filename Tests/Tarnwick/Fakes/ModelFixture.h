@@ -53,6 +53,8 @@ protected:
     std::shared_ptr<FakeNotifier> notifier = std::make_shared<FakeNotifier>();
     std::shared_ptr<FakeLoginItem> loginItem = std::make_shared<FakeLoginItem>();
     std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
+    std::optional<Tarnwick::BlockedPullRequestsFile> blockedFile =
+        Tarnwick::BlockedPullRequestsFile::beside(cache());
     RecordingSurroundings desktop;  ///< As it is when the model starts.
     std::unique_ptr<Tarnwick::PullRequestMenuModel> model;
 };

@@ -31,6 +31,20 @@ PullRequest blocked(std::int64_t number)
     return pullRequest;
 }
 
+PullRequest unknown(std::int64_t number)
+{
+    auto pullRequest = makePullRequest(number);
+    pullRequest.mergeability = PullRequestMergeability::unknown;
+    return pullRequest;
+}
+
+PullRequest withChecks(std::int64_t number, ProgressCount checks)
+{
+    auto pullRequest = makePullRequest(number);
+    pullRequest.checks = checks;
+    return pullRequest;
+}
+
 class Notifications : public TestSupport::ModelTest {
 protected:
     void SetUp() override
@@ -170,6 +184,102 @@ TEST_F(Notifications, announceWhatBecameUnblocked)
     refreshWith({blocked(1), blocked(2), makePullRequest(3)});
     refreshWith({makePullRequest(1), blocked(2), makePullRequest(3), makePullRequest(4)});
     EXPECT_THAT(notifier->shown, ElementsAre("unblocked 1"));
+}
+
+TEST_F(Notifications, announceOnceThatFailedChecksPassAfterTheyRanAgain)
+{
+    startWithBothSettings();
+    refreshWith({withChecks(1, {0, 2, 1})});
+    refreshWith({withChecks(1, {1, 2, 0})});
+    EXPECT_THAT(notifier->shown, IsEmpty());
+    refreshWith({withChecks(1, {2, 2, 0})});
+    EXPECT_THAT(notifier->shown, ElementsAre("unblocked 1"));
+    refreshWith({withChecks(1, {1, 2, 0})});
+    refreshWith({withChecks(1, {2, 2, 0})});
+    EXPECT_THAT(notifier->shown, ElementsAre("unblocked 1"));
+    refreshWith({withChecks(1, {1, 2, 1})});
+    refreshWith({withChecks(1, {2, 2, 0})});
+    EXPECT_THAT(notifier->shown, ElementsAre("unblocked 1", "unblocked 1"));
+}
+
+TEST_F(Notifications, announceThatAConflictIsGoneAfterGitHubHasLookedAgain)
+{
+    startWithBothSettings();
+    refreshWith({blocked(1)});
+    refreshWith({unknown(1)});
+    refreshWith({unknown(1)});
+    EXPECT_THAT(notifier->shown, IsEmpty());
+    refreshWith({makePullRequest(1)});
+    EXPECT_THAT(notifier->shown, ElementsAre("unblocked 1"));
+}
+
+TEST_F(Notifications, announceWhatBecameUnblockedWhileTheProgramDidNotRun)
+{
+    startWithBothSettings();
+    refreshWith({blocked(1), blocked(2)});
+    refreshWith({unknown(1), blocked(2)});
+    start();
+    refreshWith({makePullRequest(1), blocked(2)});
+    EXPECT_THAT(notifier->shown, ElementsAre("unblocked 1"));
+    start();
+    refreshWith({makePullRequest(1), makePullRequest(2)});
+    EXPECT_THAT(notifier->shown, ElementsAre("unblocked 1", "unblocked 2"));
+    start();
+    refreshWith({makePullRequest(1), makePullRequest(2)});
+    EXPECT_EQ(notifier->shown.size(), 2U);
+}
+
+TEST_F(Notifications, announceWhatAnotherProgramFoundUnblockedBefore)
+{
+    startWithBothSettings();
+    refreshWith({blocked(1), blocked(2)});
+    model.reset();
+    const auto file = std::exchange(blockedFile, std::nullopt);
+    const auto ours = std::exchange(notifier, std::make_shared<TestSupport::FakeNotifier>());
+    start();
+    refreshWith({makePullRequest(1), blocked(2), blocked(3)});
+    model.reset();
+    blockedFile = file;
+    notifier = ours;
+    start();
+    refreshWith({makePullRequest(1), blocked(2), makePullRequest(3)});
+    EXPECT_THAT(notifier->shown, UnorderedElementsAre("unblocked 1", "unblocked 3"));
+}
+
+TEST_F(Notifications, announceWhatLeftTheListBlockedAndComesBackUnblocked)
+{
+    startWithBothSettings();
+    refreshWith({blocked(1)});
+    refreshWith({});
+    model->toggleChecks(ChecksFilter::pass);
+    refreshWith({makePullRequest(1)});
+    EXPECT_THAT(notifier->shown, ElementsAre("unblocked 1"));
+}
+
+TEST_F(Notifications, areNotCaughtUpWithWhenTheyAreSwitchedOn)
+{
+    startWithBothSettings();
+    refreshWith({blocked(1), blocked(2)});
+    runToEnd(model->toggleUnblockedNotifications());
+    refreshWith({makePullRequest(1), blocked(2)});
+    runToEnd(model->toggleUnblockedNotifications());
+    refreshWith({makePullRequest(1), makePullRequest(2)});
+    EXPECT_THAT(notifier->shown, ElementsAre("unblocked 2"));
+}
+
+TEST_F(Notifications, sayOfAnUnblockedOneWhatTheNextRefreshOvertook)
+{
+    startWithBothSettings();
+    refreshWith({blocked(1), blocked(2)});
+    QPromise<void> gate;
+    gate.start();
+    notifier->gate = gate.future();
+    refreshWith({makePullRequest(1), makePullRequest(2)});
+    EXPECT_EQ(notifier->shown.size(), 1U);
+    refreshWith({makePullRequest(1), makePullRequest(2)});
+    gate.finish();
+    processEvents();
+    EXPECT_THAT(notifier->shown, UnorderedElementsAre("unblocked 1", "unblocked 2"));
 }
 
 TEST_F(Notifications, doNotTakeANoLongerBlockedDraftForUnblocked)

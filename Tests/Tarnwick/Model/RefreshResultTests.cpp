@@ -13,13 +13,6 @@ using testing::IsEmpty;
 using testing::Optional;
 using TestSupport::makePullRequest;
 
-PullRequest conflicting(std::int64_t number)
-{
-    auto pullRequest = makePullRequest(number);
-    pullRequest.mergeability = PullRequestMergeability::conflicting;
-    return pullRequest;
-}
-
 PullRequest draft(std::int64_t number)
 {
     auto pullRequest = makePullRequest(number);
@@ -27,12 +20,9 @@ PullRequest draft(std::int64_t number)
     return pullRequest;
 }
 
-RefreshStart startWith(Settings settings, std::vector<PullRequest> previous = {})
+RefreshStart startWith(Settings settings)
 {
-    return {
-        "octo",
-        std::make_shared<const Settings>(std::move(settings)),
-        std::make_shared<const std::vector<PullRequest>>(std::move(previous))};
+    return {"octo", std::make_shared<const Settings>(std::move(settings))};
 }
 
 Settings openOnesOfTools()
@@ -66,13 +56,6 @@ TEST(RefreshResults, holdTheRowsThatTheSettingsLeave)
     EXPECT_EQ(result.baseline.scope.account, "octo");
 }
 
-TEST(RefreshResults, tellWhatIsUnblockedSinceTheRefreshBefore)
-{
-    const auto start = startWith(openOnesOfTools(), {conflicting(1), conflicting(2)});
-    const auto result = refreshResult({{makePullRequest(1), conflicting(2)}, {}, {}}, start);
-    EXPECT_THAT(result.unblocked, ElementsAre(makePullRequest(1)));
-}
-
 TEST(RefreshResults, keepEverythingAndWhatItWasFetchedUnder)
 {
     RepositorySummary tools;
@@ -94,9 +77,8 @@ TEST(RefreshResults, areMadeReadyForOtherSettings)
     settings.reviewFilters.clear();
     auto result = refreshResult({{makePullRequest(1), draft(2)}, {}, {}}, startWith(settings));
     settings.statuses = {StatusFilter::draft};
-    result = refreshResult(std::move(result), startWith(settings, {conflicting(1)}));
+    result = refreshResult(std::move(result), startWith(settings));
     EXPECT_THAT(numbers(result.rows), ElementsAre(2));
-    EXPECT_THAT(result.unblocked, ElementsAre(makePullRequest(1)));
     EXPECT_THAT(result.baseline.ids, ElementsAre(draft(2).id));
     EXPECT_THAT(result.baseline.scope.statuses, ElementsAre(StatusFilter::draft));
     EXPECT_THAT(result.snapshot.pullRequests, ElementsAre(makePullRequest(1), draft(2)));
