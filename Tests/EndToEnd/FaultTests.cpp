@@ -62,7 +62,7 @@ INSTANTIATE_TEST_SUITE_P(
         Failure{"server-error@search", "failed", "500"},
         Failure{"server-error@rules", "failed", "500"},
         Failure{"server-error@repositories", "failed", "500"},
-        Failure{"unauthorized@authentication", "signedOut", "authentication failed"},
+        Failure{"unauthorized@authentication", "signedOut", "gh auth login -h github.com"},
         Failure{"errors@search", "failed", ""},
         Failure{"errors-only@search", "failed", ""},
         Failure{"errors@rules", "failed", ""},

@@ -39,9 +39,13 @@ TEST_F(GhAuthentication, aRefusedTokenIsReported)
 
     const Result result = status();
 
-    EXPECT_EQ(result.status, 1);
-    EXPECT_THAT(result.output + result.errors, HasSubstr("github.com"));
-    EXPECT_THAT(result.output + result.errors, HasSubstr("gh auth login"));
+    const std::string text = result.output + result.errors;
+    EXPECT_THAT(text, HasSubstr("gh auth login -h github.com"));
+    // So it says from 2.40 on, and until 2.53 it ends with 0 all the same.
+    if (text.find("Failed to log in to github.com account robin-k") == std::string::npos) {
+        EXPECT_THAT(text, HasSubstr("github.com: authentication failed"));
+        EXPECT_EQ(result.status, 1);
+    }
 }
 
 TEST_F(GhAuthentication, theRequestsAreOfTheKindAuthentication)
