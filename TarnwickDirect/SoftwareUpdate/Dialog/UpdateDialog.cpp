@@ -58,11 +58,18 @@ int placeText(MessageText& label, const QString& text, const QRect& place, int s
     return space + label.height();
 }
 
+/// Qt 6.8 asks for what assistive programs see of a widget while it is being made, and keeps it.
+const Appearance& madeAccessible(const Appearance& appearance)
+{
+    installAccessibleDialog();
+    return appearance;
+}
+
 }  // namespace
 
 UpdateDialog::UpdateDialog(const Appearance& appearance, std::function<void(QWidget&)> bringToFront)
     : QWidget(nullptr, windowKind)
-    , _appearance(appearance)
+    , _appearance(madeAccessible(appearance))
     , _bringToFront(std::move(bringToFront))
     , _title(addText(
           {.style = TextStyle::headline,
@@ -83,7 +90,6 @@ UpdateDialog::UpdateDialog(const Appearance& appearance, std::function<void(QWid
     _progress->setObjectName(QStringLiteral("updateProgress"));
     _busy->setObjectName(QStringLiteral("updateBusy"));
     _notes->setAccessibleDescription(QStringLiteral("Release notes"));
-    installAccessibleDialog();
     connect(&appearance, &Appearance::changed, this, &UpdateDialog::layOut);
 }
 
