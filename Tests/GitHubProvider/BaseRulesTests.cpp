@@ -93,7 +93,7 @@ TEST_F(BaseRules, are120MissingIdsFetchedInRunsOf50And50And20)
     const auto expectBatch = [](const Arguments& arguments, int first, int count) {
         ASSERT_EQ(arguments.size(), static_cast<std::size_t>(4 + 2 * count));
         for (int position = 0; position < count; ++position) {
-            const auto place = static_cast<std::size_t>(4 + 2 * position);
+            const std::size_t place = 4 + 2 * static_cast<std::size_t>(position);
             EXPECT_EQ(arguments[place], "-F");
             EXPECT_EQ(arguments[place + 1], "ids[]=id" + std::to_string(first + position));
         }

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <utility>
 
 #include <gmock/gmock.h>
 #include <unistd.h>
@@ -43,7 +44,7 @@ TEST(GhCandidates, piecesStayAsTheyStandInOrderWithDuplicates)
 TEST(FindGH, takesTheFirstExecutableCandidate)
 {
     const auto isOneOf = [](std::vector<path> executables) {
-        return [executables](const path& candidate) {
+        return [executables = std::move(executables)](const path& candidate) {
             return std::ranges::find(executables, candidate) != executables.end();
         };
     };
