@@ -24,7 +24,7 @@ public:
 
 private:
     struct Sleeper {
-        std::chrono::milliseconds due;
+        std::chrono::milliseconds due{};
         QPromise<void> promise;
         bool isAwake = false;
         std::optional<std::stop_callback<std::function<void()>>> stopCallback;
