@@ -106,6 +106,10 @@ class Processes:
         if process in self._running:
             self._running.remove(process)
 
+    def forget(self, process):
+        """For a program that has ended, and whose children end by themselves."""
+        self._running.remove(process)
+
     def end_all(self):
         for process in reversed(list(self._running)):
             self.end(process)
