@@ -22,6 +22,18 @@ const QLocale& english()
     return locale;
 }
 
+/// The clock was set back since, so how long ago it was is not known.
+bool isToCome(seconds age)
+{
+    return age < -minutes{1};
+}
+
+QString onItsDay(Date refreshed)
+{
+    const QDateTime local = QDateTime::fromSecsSinceEpoch(refreshed.time_since_epoch().count());
+    return QStringLiteral("Updated ") + english().toString(local.date(), QStringLiteral("d MMM"));
+}
+
 }  // namespace
 
 QString count(std::size_t pullRequests)
@@ -52,6 +64,9 @@ QString hiddenHelp(const HiddenCounts& hidden)
 QString updated(Date refreshed, Date now)
 {
     const seconds age = now - refreshed;
+    if (isToCome(age)) {
+        return onItsDay(refreshed);
+    }
     if (age < minutes{1}) {
         return QStringLiteral("Updated just now");
     }
@@ -61,13 +76,16 @@ QString updated(Date refreshed, Date now)
     if (age < days{1}) {
         return ago(duration_cast<hours>(age).count(), QStringLiteral("hour"));
     }
-    const QDateTime local = QDateTime::fromSecsSinceEpoch(refreshed.time_since_epoch().count());
-    return QStringLiteral("Updated ") + english().toString(local.date(), QStringLiteral("d MMM"));
+    return onItsDay(refreshed);
 }
 
 std::optional<seconds> untilUpdatedChanges(Date refreshed, Date now)
 {
-    const seconds age = std::max(now - refreshed, seconds{0});
+    const seconds elapsed = now - refreshed;
+    if (isToCome(elapsed)) {
+        return std::nullopt;
+    }
+    const seconds age = std::max(elapsed, seconds{0});
     if (age < hours{1}) {
         return minutes{1} - age % minutes{1};
     }

@@ -27,7 +27,8 @@ QString hiddenChipName(const HiddenCounts& hidden, bool areShown);
 /// What hides them, such as "3 by filters".
 QString hiddenHelp(const HiddenCounts& hidden);
 
-/// Such as "Updated 2 minutes ago"; the day by the user's time zone once it is over a day old.
+/// Such as "Updated 2 minutes ago"; the day by the user's time zone once it is over a day old, or
+/// when it is still to come, because the clock was set back.
 QString updated(PullRequestKit::Date refreshed, PullRequestKit::Date now);
 
 /// After how long `updated` next says something else; nothing when it never does.

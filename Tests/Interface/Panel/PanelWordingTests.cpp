@@ -44,6 +44,9 @@ struct Age {
 TEST(PanelWordingTests, saysHowOldTheListIs)
 {
     const Age ages[] = {
+        {-30h, "Updated 12 Mar", std::nullopt},
+        {-61s, "Updated 12 Mar", std::nullopt},
+        {-60s, "Updated just now", 60s},
         {-5s, "Updated just now", 60s},
         {0s, "Updated just now", 60s},
         {59s, "Updated just now", 1s},
