@@ -1,5 +1,6 @@
 """What users see when something is missing or fails, and that they lose nothing by it."""
 
+import json
 import os
 import signal
 
@@ -248,6 +249,23 @@ class StorageTests(FailureTest):
             self.assertEqual(
                 sorted(os.listdir(seen + folder)), sorted([os.path.basename(file), "filler"])
             )
+
+    def testOnAFullDiskTheCommandsPrintWhatThereIsAndSayWhatIsNotKept(self):
+        cache = self.write_cache()
+        settings = bytes_of(self.settings_file)
+        mounts = Mounts()
+        for file in (self.settings_file, self.cache_file):
+            mounts.fill(os.path.dirname(file))
+
+        listed = self.run_tarnwick("list", "--json", through=mounts.command)
+        self.assertEqual((listed.returncode, listed.stderr), (0, ""))
+        self.assertEqual(len(json.loads(listed.stdout)["rows"]), 13)
+        changed = self.run_tarnwick(
+            "repositories", "select", "robin-k/dotfiles", through=mounts.command
+        )
+        self.assertEqual(changed.returncode, 1)
+        self.assertEqual(changed.stderr, self.not_kept("written (No space left on device)") + "\n")
+        self.assertEqual((bytes_of(self.settings_file), bytes_of(self.cache_file)), (settings, cache))
 
     def testASettingsFileThatCannotBeReadIsNeitherUsedNorReplaced(self):
         os.remove(self.settings_file)

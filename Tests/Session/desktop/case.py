@@ -117,11 +117,12 @@ class SessionTest(unittest.TestCase):
             command = through(*command)
         return self.session.processes.start(*command, environment=environment)
 
-    def run_tarnwick(self, *arguments, environment=None):
+    def run_tarnwick(self, *arguments, environment=None, through=None):
         """Runs it to its end."""
-        return self.session.processes.run(
-            os.path.join(PROGRAMS, "tarnwick"), *arguments, environment=environment
-        )
+        command = (os.path.join(PROGRAMS, "tarnwick"), *arguments)
+        if through:
+            command = through(*command)
+        return self.session.processes.run(*command, environment=environment)
 
     def wait_for_end(self, process, limit=20):
         """The exit status once the program and what it started has ended."""
