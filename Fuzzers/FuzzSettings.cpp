@@ -3,6 +3,10 @@
 #include "Tarnwick/Persistence/IniDocument.h"
 #include "Tarnwick/Persistence/IniValue.h"
 
+#include <functional>
+#include <optional>
+#include <string>
+
 namespace IniValue = Tarnwick::IniValue;
 
 namespace {
@@ -24,6 +28,8 @@ public:
     {
         _document.set(IniValue::encodeKey(key), IniValue::encode(value));
     }
+
+    void change(const std::function<void()>& changes) override { changes(); }
 
     void refresh() override {}
 
