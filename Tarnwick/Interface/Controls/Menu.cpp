@@ -3,6 +3,8 @@
 #include "Tarnwick/Interface/Controls/MenuStyle.h"
 #include "Tarnwick/Interface/Look/Painting.h"
 
+#include <QApplication>
+#include <QCursor>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -35,6 +37,29 @@ bool Menu::chooseCheckable(QAction* action)
     return true;
 }
 
+/// A press where the mouse was when the menu opened closes it. Qt 6.8 does not know that place
+/// before the program's first event of the mouse, and then takes every press for one there, unless
+/// the mouse has moved more than six times.
+void Menu::mousePressEvent(QMouseEvent* event)
+{
+    const QPoint distance = event->globalPosition().toPoint() - _mouseAtOpening;
+    const bool hasMoved = distance.manhattanLength() > QApplication::startDragDistance();
+    if (hasMoved && rect().contains(event->position().toPoint())) {
+        constexpr int enoughMoves = 8;
+        for (int count = 0; count < enoughMoves; ++count) {
+            QMouseEvent move(
+                QEvent::MouseMove,
+                event->position(),
+                event->globalPosition(),
+                Qt::NoButton,
+                Qt::NoButton,
+                event->modifiers());
+            QMenu::mouseMoveEvent(&move);
+        }
+    }
+    QMenu::mousePressEvent(event);
+}
+
 void Menu::mouseReleaseEvent(QMouseEvent* event)
 {
     if (!chooseCheckable(actionAt(event->position().toPoint()))) {
@@ -53,6 +78,7 @@ void Menu::keyPressEvent(QKeyEvent* event)
 
 void Menu::showEvent(QShowEvent* event)
 {
+    _mouseAtOpening = QCursor::pos();
     // Item widths are cached until the font changes, and the menu's own font is never drawn with.
     setFont(_appearance.line(TextStyle::body, TextWeight::regular).font);
     if (_appearance.blendsWindows()) {

@@ -18,6 +18,7 @@ public:
     Menu* addSubmenu(const QString& title);
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -26,6 +27,7 @@ private:
     bool chooseCheckable(QAction* action);
 
     const Appearance& _appearance;
+    QPoint _mouseAtOpening;
 };
 
 }  // namespace Tarnwick
