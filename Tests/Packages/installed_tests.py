@@ -121,7 +121,10 @@ class SystemInstallationTests(InstalledTest):
         metadata = self.path("share/metainfo", f"{NAME}.metainfo.xml")
         done = run("appstreamcli", "validate", "--no-net", "--no-color", metadata)
         self.assertEqual(done.returncode, 0, done.stdout)
-        self.assertNotRegex(done.stdout, r"(?m)^\s*[EWI]: ")
+        remarks = re.findall(r"(?m)^\s*[EWI]: \S+ (.*)$", done.stdout)
+        # The developer's name is there twice, and each version misses or dislikes one of the two.
+        known = {"unknown-tag developer", "developer-name-tag-deprecated"}
+        self.assertEqual([remark for remark in remarks if remark not in known], [])
 
     def testTheMetadataHasAPictureForEachOfTheDocuments(self):
         component = xml.etree.ElementTree.parse(self.path("share/metainfo", f"{NAME}.metainfo.xml"))
