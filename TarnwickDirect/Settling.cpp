@@ -7,9 +7,16 @@ namespace TarnwickDirect {
 
 void settle()
 {
-    QThreadPool::globalInstance()->waitForDone();
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    // A signal that comes meanwhile is an event.
+    constexpr int milliseconds = 50;
+    QThreadPool& pool = *QThreadPool::globalInstance();
+    do {
+        while (!pool.waitForDone(milliseconds)) {
+            QCoreApplication::processEvents();
+        }
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    } while (pool.activeThreadCount() > 0);
 }
 
 }  // namespace TarnwickDirect

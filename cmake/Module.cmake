@@ -64,6 +64,14 @@ function(tarnwick_tests name)
         PROPERTIES TIMEOUT 60 LABELS ${name} ${arg_PROPERTIES})
 endfunction()
 
+# Runs a whole test program once more with work that is done before whoever starts it goes on. It
+# has WorkerTiming among its libraries.
+function(tarnwick_early_workers name)
+    add_test(NAME ${name}.earlyWorkers COMMAND ${name} --gtest_brief=1)
+    set_tests_properties(${name}.earlyWorkers PROPERTIES
+        TIMEOUT 300 LABELS ${name} ENVIRONMENT "TARNWICK_TEST_WORKERS=early;QT_QPA_PLATFORM=offscreen")
+endfunction()
+
 # A libFuzzer target, run as a test: over the inputs that lie in Corpora/ under its name, and then
 # for a few seconds wherever they lead. What it finds worth keeping stays in the build tree.
 function(tarnwick_fuzzer name)

@@ -5,33 +5,38 @@
 #include <deque>
 #include <mutex>
 
-namespace Tarnwick::Detail {
+namespace Tarnwick {
 namespace {
 
 /// Work on its way to the pool. It passes through a mutex of this program, and not through the
 /// pool's own queue, because the thread sanitizer sees no locks inside Qt's libraries and would
 /// take every hand-over for a race.
-struct HandOver {
+struct WorkQueue {
     std::mutex mutex;
-    std::deque<std::function<void()>> waiting;
+    std::deque<std::function<void()>> works;
 };
 
-HandOver& handOver()
+WorkQueue& queue()
 {
-    static HandOver handOver;
-    return handOver;
+    static WorkQueue queue;
+    return queue;
 }
 
 void runNext()
 {
     std::function<void()> work;
     {
-        HandOver& queue = handOver();
-        const std::lock_guard lock(queue.mutex);
-        work = std::move(queue.waiting.front());
-        queue.waiting.pop_front();
+        const std::lock_guard lock(queue().mutex);
+        work = std::move(queue().works.front());
+        queue().works.pop_front();
     }
     work();
+}
+
+HandOver& currentHandOver()
+{
+    static HandOver current = runOnPool;
+    return current;
 }
 
 }  // namespace
@@ -39,11 +44,20 @@ void runNext()
 void runOnPool(std::function<void()> work)
 {
     {
-        HandOver& queue = handOver();
-        const std::lock_guard lock(queue.mutex);
-        queue.waiting.push_back(std::move(work));
+        const std::lock_guard lock(queue().mutex);
+        queue().works.push_back(std::move(work));
     }
     QThreadPool::globalInstance()->start(&runNext);
 }
 
-}  // namespace Tarnwick::Detail
+void setHandOver(HandOver handOver)
+{
+    currentHandOver() = std::move(handOver);
+}
+
+void Detail::handOver(std::function<void()> work)
+{
+    currentHandOver()(std::move(work));
+}
+
+}  // namespace Tarnwick

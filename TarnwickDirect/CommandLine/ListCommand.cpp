@@ -1,13 +1,12 @@
 #include "TarnwickDirect/CommandLine/ListCommand.h"
 
+#include "Tarnwick/Async/RunUntilDone.h"
 #include "Tarnwick/StandardCollaborators.h"
 #include "TarnwickDirect/CommandLine/ListJson.h"
 #include "TarnwickDirect/CommandLine/ListText.h"
 #include "TarnwickDirect/CommandLine/ProgressLine.h"
 #include "TarnwickDirect/CommandLine/StandardOutput.h"
 #include "TarnwickDirect/Environment.h"
-
-#include <QEventLoop>
 
 #include <iostream>
 
@@ -20,10 +19,9 @@ using Tarnwick::PullRequestMenuModel;
 
 namespace {
 
-/// Opens the list and runs the event loop until its refresh has ended or the user wants to go.
+/// Makes one refresh and says meanwhile what it does. A signal stops it.
 void refreshOnce(PullRequestMenuModel& model, const Interruption& interruption)
 {
-    QEventLoop loop;
     ProgressLine progress;
     const auto showProgress = [&] {
         progress.show(
@@ -31,16 +29,11 @@ void refreshOnce(PullRequestMenuModel& model, const Interruption& interruption)
                 ? "Checking GitHub CLI authentication…"
                 : "Loading pull requests…");
     };
-    QObject::connect(&model, &PullRequestMenuModel::stateChanged, &loop, showProgress);
-    QObject::connect(&model, &PullRequestMenuModel::isRefreshingChanged, &loop, [&] {
-        if (!model.isRefreshing()) {
-            loop.quit();
-        }
-    });
-    QObject::connect(&interruption, &Interruption::interrupted, &loop, &QEventLoop::quit);
-    model.menuOpened();
+    const QObject context;
+    QObject::connect(&model, &PullRequestMenuModel::stateChanged, &context, showProgress);
+    QObject::connect(&interruption, &Interruption::interrupted, &context, [&] { model.stop(); });
     showProgress();
-    loop.exec();
+    Tarnwick::runUntilDone(model.refresh());
 }
 
 /// What there is to say beside the rows.

@@ -1,6 +1,7 @@
 #include "TarnwickDirect/CommandLine/RepositoriesCommand.h"
 
 #include "PullRequestKit/Json/Writing.h"
+#include "Tarnwick/Async/RunUntilDone.h"
 #include "Tarnwick/Async/Worker.h"
 #include "Tarnwick/StandardCollaborators.h"
 #include "TarnwickDirect/CommandLine/ProgressLine.h"
@@ -8,8 +9,6 @@
 #include "TarnwickDirect/CommandLine/StandardOutput.h"
 #include "TarnwickDirect/CommandLine/Terminal.h"
 #include "TarnwickDirect/Environment.h"
-
-#include <QEventLoop>
 
 #include <algorithm>
 #include <iostream>
@@ -40,46 +39,30 @@ Repositories askForRepositories(const PullRequestProvider& provider, std::stop_t
     return provider.repositories(stopToken);
 }
 
-struct Listing {
-    std::optional<Repositories> repositories;
-    std::string problem;
-};
-
-QCoro::Task<> fetchInto(
-    Listing* listing,
-    std::shared_ptr<const PullRequestProvider> provider,
-    std::stop_token stopToken,
-    QEventLoop* loop)
-{
-    auto asking =
-        onWorker([provider, stopToken] { return askForRepositories(*provider, stopToken); });
-    try {
-        listing->repositories = co_await asking;
-    } catch (const std::exception& error) {
-        listing->problem = error.what();
-    }
-    loop->quit();
-}
-
 /// Lists the repositories while the event loop runs. Nothing, when that failed and has been said
-/// or when the user wants to go.
+/// or when a signal has stopped it.
 std::optional<Repositories> fetchRepositories(
     const std::shared_ptr<const PullRequestProvider>& provider, const Interruption& interruption)
 {
-    QEventLoop loop;
     std::stop_source stopSource;
+    const QObject context;
     QObject::connect(
-        &interruption, &Interruption::interrupted, &loop, [&] { stopSource.request_stop(); });
+        &interruption, &Interruption::interrupted, &context, [&] { stopSource.request_stop(); });
     ProgressLine progress;
     progress.show("Loading repositories…");
-    Listing listing;
-    const auto fetching = fetchInto(&listing, provider, stopSource.get_token(), &loop);
-    loop.exec();
-    progress.clear();
-    if (!listing.repositories && !interruption.signal()) {
-        std::cerr << listing.problem << '\n';
+    try {
+        auto asking = onWorker([provider, stopToken = stopSource.get_token()] {
+            return askForRepositories(*provider, stopToken);
+        });
+        auto repositories = Tarnwick::runUntilDone(std::move(asking));
+        return interruption.signal() ? std::nullopt : std::optional(std::move(repositories));
+    } catch (const std::exception& error) {
+        progress.clear();
+        if (!interruption.signal()) {
+            std::cerr << error.what() << '\n';
+        }
+        return std::nullopt;
     }
-    return listing.repositories;
 }
 
 std::string repositoriesJson(
