@@ -10,6 +10,7 @@
 #include <spawn.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace GitHubProvider {
 namespace {
@@ -50,8 +51,9 @@ Pipe openPipe()
 
 class SpawnAttributes {
 public:
-    /// Signals start afresh: this program may block or ignore some that the child must obey. The
-    /// child stays in this program's process group, so that Ctrl-C on a terminal reaches both.
+    /// Signals start afresh: this program may block or ignore some that the child must obey. In a
+    /// session of its own the child has no terminal: one that reads from it in the background would
+    /// be stopped, and this program, which counts the time limit, together with it.
     SpawnAttributes()
     {
         require(::posix_spawnattr_init(&_attributes));
@@ -60,7 +62,8 @@ public:
         ::posix_spawnattr_setsigmask(&_attributes, &signals);
         ::sigfillset(&signals);
         ::posix_spawnattr_setsigdefault(&_attributes, &signals);
-        ::posix_spawnattr_setflags(&_attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+        ::posix_spawnattr_setflags(
+            &_attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSID);
     }
 
     SpawnAttributes(const SpawnAttributes&) = delete;
@@ -97,6 +100,12 @@ private:
     int add(int standardOutput, int standardError)
     {
         int error = ::posix_spawn_file_actions_adddup2(&_actions, standardOutput, STDOUT_FILENO);
+        if (error == 0 && ::isatty(STDIN_FILENO) == 1) {
+            // From another session it could be read without any control, and what the user types
+            // for the shell would go to the child.
+            error = ::posix_spawn_file_actions_addopen(
+                &_actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+        }
         if (error == 0) {
             error = ::posix_spawn_file_actions_adddup2(&_actions, standardError, STDERR_FILENO);
         }
@@ -124,45 +133,69 @@ std::vector<char*> argumentPointers(std::vector<std::string>& texts)
     return pointers;
 }
 
+/// This program's variables in their order, and these behind them in place of their namesakes.
+std::vector<std::string> environmentWith(const std::map<std::string, std::string>& variables)
+{
+    std::vector<std::string> entries;
+    for (char** entry = environ; *entry != nullptr; ++entry) {
+        std::string text(*entry);
+        if (!variables.contains(text.substr(0, text.find('=')))) {
+            entries.push_back(std::move(text));
+        }
+    }
+    for (const auto& [name, value] : variables) {
+        entries.push_back(name + "=" + value);
+    }
+    return entries;
+}
+
 pid_t spawn(
     const std::filesystem::path& executable,
     const std::vector<std::string>& arguments,
+    const std::map<std::string, std::string>& variables,
     const FileDescriptor& standardOutput,
     const FileDescriptor& standardError)
 {
     std::vector<std::string> texts{executable.string()};
     texts.insert(texts.end(), arguments.begin(), arguments.end());
     const std::vector<char*> pointers = argumentPointers(texts);
+    std::vector<std::string> environment = environmentWith(variables);
+    const std::vector<char*> environmentPointers = argumentPointers(environment);
     const SpawnActions actions(standardOutput, standardError);
     const SpawnAttributes attributes;
     pid_t id = -1;
     require(::posix_spawn(
-        &id, executable.c_str(), actions.get(), attributes.get(), pointers.data(), environ));
+        &id,
+        executable.c_str(),
+        actions.get(),
+        attributes.get(),
+        pointers.data(),
+        environmentPointers.data()));
     return id;
 }
 
-int waitFor(pid_t id)
+/// Blocks until the child has ended and leaves it in the system's table, where its number stays its
+/// own.
+void waitForEnd(pid_t id)
 {
-    int status = 0;
-    while (::waitpid(id, &status, 0) < 0) {
-        if (errno != EINTR) {
-            throw std::system_error(
-                errno, std::generic_category(), "Could not learn how a program ended");
-        }
-    }
-    return status;
+    siginfo_t ended{};
+    while (::waitid(P_PID, static_cast<id_t>(id), &ended, WEXITED | WNOWAIT) < 0
+           && errno == EINTR) {}
 }
 
 }  // namespace
 
 ChildProcess::ChildProcess(
-    const std::filesystem::path& executable, const std::vector<std::string>& arguments)
-try {
+    const std::filesystem::path& executable,
+    const std::vector<std::string>& arguments,
+    ChildSettings settings)
+try
+    : _reach(settings.reach) {
     Pipe output = openPipe();
     Pipe error = openPipe();
     _standardOutput = std::move(output.readingEnd);
     _standardError = std::move(error.readingEnd);
-    _id = spawn(executable, arguments, output.writingEnd, error.writingEnd);
+    _id = spawn(executable, arguments, settings.variables, output.writingEnd, error.writingEnd);
     output.writingEnd.close();
     error.writingEnd.close();
     // The system calls' own numbers, because C libraries before 2.36 have no functions for them.
@@ -185,30 +218,45 @@ ChildProcess::~ChildProcess()
 
 bool ChildProcess::isRunning() const
 {
-    pollfd polled{_descriptor.number(), POLLIN, 0};
-    return ::poll(&polled, 1, 0) == 0;
+    const std::lock_guard lock(_mutex);
+    return _id >= 0;
 }
 
 void ChildProcess::terminate() const
 {
-    // Unlike a process number, the descriptor never comes to mean another process.
-    ::syscall(SYS_pidfd_send_signal, _descriptor.number(), SIGTERM, nullptr, 0);
+    const std::lock_guard lock(_mutex);
+    if (_id >= 0) {
+        askToEnd();
+    }
+}
+
+/// Requires: nobody has waited for the child, so its number is still its own, and its group's.
+void ChildProcess::askToEnd() const
+{
+    const pid_t target = _reach == ChildSettings::Reach::group ? -_id : _id;
+    ::kill(target, SIGTERM);
+    ::kill(target, SIGCONT);
 }
 
 std::int32_t ChildProcess::wait()
 {
     assert(_id >= 0);
-    const int status = waitFor(std::exchange(_id, -1));
+    waitForEnd(_id);
+    const std::lock_guard lock(_mutex);
+    int status = 0;
+    if (::waitpid(std::exchange(_id, -1), &status, 0) < 0) {
+        throw std::system_error(
+            errno, std::generic_category(), "Could not learn how a program ended");
+    }
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-/// A child that writes into a full pipe would not end while the pipe has a reader. Its process
-/// number is still its own here, because nobody has waited for it.
+/// A child that writes into a full pipe would not end while the pipe has a reader.
 void ChildProcess::abandon()
 {
     _standardOutput.close();
     _standardError.close();
-    ::kill(_id, SIGTERM);
+    askToEnd();
     int status = 0;
     while (::waitpid(_id, &status, 0) < 0 && errno == EINTR) {}
     _id = -1;

@@ -7,27 +7,57 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <ctime>
 #include <exception>
 #include <memory>
-#include <optional>
 #include <span>
 #include <system_error>
 #include <utility>
 
 #include <poll.h>
 #include <sys/eventfd.h>
+#include <sys/timerfd.h>
 
 namespace GitHubProvider {
 namespace {
 
 using PullRequestKit::CancellationError;
 using PullRequestKit::ProviderError;
-using Clock = std::chrono::steady_clock;
 
-Clock::time_point deadlineAfter(std::chrono::nanoseconds timeout)
+constexpr std::chrono::nanoseconds never = std::chrono::nanoseconds::max();
+
+/// Counts on while the machine sleeps.
+std::chrono::nanoseconds timeSinceBoot()
 {
-    const Clock::time_point now = Clock::now();
-    return timeout < Clock::time_point::max() - now ? now + timeout : Clock::time_point::max();
+    timespec time{};
+    ::clock_gettime(CLOCK_BOOTTIME, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+std::chrono::nanoseconds deadlineAfter(std::chrono::nanoseconds timeout)
+{
+    const std::chrono::nanoseconds now = timeSinceBoot();
+    // A timer that is set to nothing would not run.
+    const auto atOnce = std::chrono::nanoseconds(1);
+    return timeout < never - now ? std::max(now + timeout, atOnce) : never;
+}
+
+/// Becomes readable at the deadline, also when the machine sleeps meanwhile, which a wait with a
+/// limit of its own would not notice.
+FileDescriptor openTimer(std::chrono::nanoseconds deadline, const std::filesystem::path& executable)
+{
+    FileDescriptor timer(::timerfd_create(CLOCK_BOOTTIME, TFD_CLOEXEC));
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(deadline);
+    itimerspec expiry{};
+    expiry.it_value = {seconds.count(), (deadline - seconds).count()};
+    const bool isSet =
+        timer.isOpen()
+        && (deadline == never
+            || ::timerfd_settime(timer.number(), TFD_TIMER_ABSTIME, &expiry, nullptr) == 0);
+    if (!isSet) {
+        throw launchError(errno, executable);
+    }
+    return timer;
 }
 
 /// Becomes readable when the call is stopped, which ends the wait for everything else.
@@ -40,16 +70,10 @@ FileDescriptor openWakeUp(const std::filesystem::path& executable)
     return wakeUp;
 }
 
-/// Waits for one of `polled`, until `deadline` if there is one. Without events when a signal came.
-void waitForEvents(std::span<pollfd> polled, std::optional<Clock::time_point> deadline)
+/// Waits for one of `polled`. Without events when a signal came.
+void waitForEvents(std::span<pollfd> polled)
 {
-    timespec limit{};
-    if (deadline) {
-        const auto left = std::max(*deadline - Clock::now(), Clock::duration::zero());
-        const auto seconds = std::chrono::floor<std::chrono::seconds>(left);
-        limit = {seconds.count(), std::chrono::nanoseconds(left - seconds).count()};
-    }
-    if (::ppoll(polled.data(), polled.size(), deadline ? &limit : nullptr, nullptr) >= 0) {
+    if (::poll(polled.data(), polled.size(), -1) >= 0) {
         return;
     }
     if (errno != EINTR) {
@@ -64,9 +88,10 @@ void waitForEvents(std::span<pollfd> polled, std::optional<Clock::time_point> de
 /// A launched program, followed to its end. It is given up when it is stopped, out of time, prints
 /// too much or cannot be read; whatever comes first counts. From then on its output is read only
 /// so that a child that still prints can come to its end, and nobody but the child is waited for.
-class Conversation {
+/// A child that has ended is removed last, so that what it has left behind can be asked to end.
+class ProcessSession {
 public:
-    Conversation(
+    ProcessSession(
         std::shared_ptr<ChildProcess> process,
         ProcessController& controller,
         const std::string& programName,
@@ -77,30 +102,29 @@ public:
         , _error(_process->takeStandardError(), programName, outputLimit)
     {}
 
-    void follow(const FileDescriptor& wakeUp, Clock::time_point deadline)
+    void follow(const FileDescriptor& wakeUp, const FileDescriptor& timer)
     {
         while (!isOver()) {
-            std::array<pollfd, 4> polled{{
+            std::array<pollfd, 5> polled{{
                 {_isGivenUp ? -1 : wakeUp.number(), POLLIN, 0},
                 {_hasChildEnded ? -1 : _process->descriptor(), POLLIN, 0},
                 {_output.descriptor(), POLLIN, 0},
                 {_error.descriptor(), POLLIN, 0},
+                {_isGivenUp ? -1 : timer.number(), POLLIN, 0},
             }};
-            waitForEvents(polled, _isGivenUp ? std::nullopt : std::optional(deadline));
+            waitForEvents(polled);
             if (polled[0].revents != 0) {
                 giveUp();
             }
-            if (polled[1].revents != 0) {
-                _status = _process->wait();
-                _hasChildEnded = true;
-            }
+            _hasChildEnded = _hasChildEnded || polled[1].revents != 0;
             read(_output, polled[2]);
             read(_error, polled[3]);
-            if (!isOver() && !_isGivenUp && Clock::now() >= deadline) {
+            if (polled[4].revents != 0 && !isOver() && !_isGivenUp) {
                 _controller.timeOut();
                 giveUp();
             }
         }
+        _status = _process->wait();
     }
 
     /// Throws where the command was given up because a pipe brought too much or failed. Without
@@ -156,7 +180,13 @@ private:
 
 ProcessCommandRunner::ProcessCommandRunner(
     std::chrono::nanoseconds timeout, std::size_t outputLimit)
+    : ProcessCommandRunner(timeout, ChildSettings{}, outputLimit)
+{}
+
+ProcessCommandRunner::ProcessCommandRunner(
+    std::chrono::nanoseconds timeout, ChildSettings settings, std::size_t outputLimit)
     : _timeout(timeout)
+    , _settings(std::move(settings))
     , _outputLimit(outputLimit)
 {}
 
@@ -165,7 +195,7 @@ CommandResult ProcessCommandRunner::run(
     const std::vector<std::string>& arguments,
     std::stop_token stopToken) const
 {
-    const Clock::time_point deadline = deadlineAfter(_timeout);
+    const FileDescriptor timer = openTimer(deadlineAfter(_timeout), executable);
     const FileDescriptor wakeUp = openWakeUp(executable);
     ProcessController controller;
     const std::stop_callback onStop(stopToken, [&controller, &wakeUp] {
@@ -175,13 +205,13 @@ CommandResult ProcessCommandRunner::run(
     if (stopToken.stop_requested()) {
         throw CancellationError();
     }
-    auto process = std::make_shared<ChildProcess>(executable, arguments);
+    auto process = std::make_shared<ChildProcess>(executable, arguments, _settings);
     controller.registerProcess(process);
-    Conversation conversation(
+    ProcessSession session(
         std::move(process), controller, executable.filename().string(), _outputLimit);
-    conversation.follow(wakeUp, deadline);
+    session.follow(wakeUp, timer);
 
-    CommandResult result = conversation.takeResult();
+    CommandResult result = session.takeResult();
     if (controller.hasTimedOut()) {
         throw ProviderError("GitHub CLI request timed out.");
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "GitHubProvider/ChildProcess.h"
 #include "GitHubProvider/CommandRunning.h"
 
 #include <chrono>
@@ -8,7 +9,8 @@
 namespace GitHubProvider {
 
 /// Runs programs as child processes, with the standard input, environment and working directory of
-/// this one. The calling thread does all the work and no other thread is started.
+/// this one, in sessions of their own. The calling thread does all the work and no other thread is
+/// started.
 ///
 /// A child is only ever asked to end (SIGTERM) and always waited for, so a call lasts as long as a
 /// child that takes no notice. Until the time limit a call also lasts as long as somebody holds the
@@ -17,10 +19,16 @@ class ProcessCommandRunner final : public CommandRunning {
 public:
     static constexpr std::size_t defaultOutputLimit = std::size_t{64} << 20;
 
-    /// `timeout` limits each run, by the monotonic clock. `outputLimit`, in bytes, is what either
-    /// stream may bring; a program that prints more is ended, and `run` throws `ProviderError`.
+    /// `timeout` limits each run, by a clock that nobody sets and that counts on while the machine
+    /// sleeps. `outputLimit`, in bytes, is what either stream may bring; a program that prints more
+    /// is ended, and `run` throws `ProviderError`.
     explicit ProcessCommandRunner(
         std::chrono::nanoseconds timeout, std::size_t outputLimit = defaultOutputLimit);
+
+    ProcessCommandRunner(
+        std::chrono::nanoseconds timeout,
+        ChildSettings settings,
+        std::size_t outputLimit = defaultOutputLimit);
 
     CommandResult run(
         const std::filesystem::path& executable,
@@ -29,6 +37,7 @@ public:
 
 private:
     std::chrono::nanoseconds _timeout;
+    ChildSettings _settings;
     std::size_t _outputLimit;
 };
 

@@ -1,6 +1,5 @@
 #include "Tarnwick/DesktopCollaborators.h"
 
-#include "GitHubProvider/ProcessCommandRunner.h"
 #include "Tarnwick/Desktop/AppImage.h"
 #include "Tarnwick/Desktop/AutostartLoginItem.h"
 #include "Tarnwick/Desktop/SystemPullRequestNotifier.h"
@@ -13,13 +12,6 @@
 #include <utility>
 
 namespace Tarnwick {
-namespace {
-
-/// For each run of git and of the editor.
-constexpr std::chrono::seconds commandTimeout{30};
-
-}  // namespace
-
 PullRequestMenuModel::Collaborators desktopCollaborators(
     const std::map<std::string, std::string>& environment,
     const QDBusConnection& bus,
@@ -27,10 +19,8 @@ PullRequestMenuModel::Collaborators desktopCollaborators(
     std::shared_ptr<ReadAhead> readAhead)
 {
     auto collaborators = standardCollaborators(environment, std::move(readAhead));
-    collaborators.navigation = std::make_shared<ExternalNavigation>(ExternalNavigation::desktop(
-        std::make_shared<GitHubProvider::ProcessCommandRunner>(commandTimeout),
-        environment,
-        std::move(dismissPanel)));
+    collaborators.navigation = std::make_shared<ExternalNavigation>(
+        ExternalNavigation::desktop(environment, std::move(dismissPanel)));
     const auto centre = std::make_shared<NotificationCentre>(bus, collaborators.clock);
     centre->setDelegate(
         std::make_shared<NotificationPresentationDelegate>(collaborators.navigation));

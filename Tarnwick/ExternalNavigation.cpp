@@ -3,6 +3,7 @@
 #include "PullRequestKit/Errors.h"
 #include "Tarnwick/Async/Worker.h"
 #include "Tarnwick/Desktop/CodeDiscovery.h"
+#include "Tarnwick/Desktop/CommandRunners.h"
 #include "Tarnwick/Desktop/LinkPortal.h"
 #include "Tarnwick/Desktop/NotificationSettingsPane.h"
 
@@ -57,9 +58,8 @@ QCoro::Task<> prepareAndOpen(
     if (!code) {
         throw ExternalNavigationError("Visual Studio Code's `code` command was not found.");
     }
-    const auto runner = surroundings->runner;
-    auto preparing =
-        EditorWorktree::prepare(std::move(clone), std::move(branch), runner, progress, stopToken);
+    auto preparing = EditorWorktree::prepare(
+        std::move(clone), std::move(branch), surroundings->gitRunner, progress, stopToken);
     const std::filesystem::path worktree = co_await preparing;
 
     if (stopToken.stop_requested()) {
@@ -68,6 +68,7 @@ QCoro::Task<> prepareAndOpen(
     progress("Opening Visual Studio Code…");
     surroundings->dismissPanel(PanelSearch::focusOnly);
     const std::vector<std::string> arguments{"--new-window", worktree.string()};
+    const auto runner = surroundings->editorRunner;
     auto opening = onWorker([runner, executable = *code, arguments, stopToken] {
         return runner->run(executable, arguments, stopToken);
     });
@@ -82,12 +83,11 @@ ExternalNavigation::ExternalNavigation(Surroundings surroundings)
 {}
 
 Surroundings ExternalNavigation::desktop(
-    std::shared_ptr<const GitHubProvider::CommandRunning> runner,
-    GitHubProvider::Environment environment,
-    PanelDismissal dismissPanel)
+    GitHubProvider::Environment environment, PanelDismissal dismissPanel)
 {
     Surroundings surroundings;
-    surroundings.runner = std::move(runner);
+    surroundings.gitRunner = toolRunner();
+    surroundings.editorRunner = editorRunner();
     surroundings.environment = std::move(environment);
     surroundings.isExecutable = GitHubProvider::isExecutableFile;
     surroundings.dismissPanel = std::move(dismissPanel);

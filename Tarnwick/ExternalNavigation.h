@@ -17,9 +17,10 @@ namespace Tarnwick {
 class ExternalNavigation {
 public:
     /// What leaving touches of the world. All are required; all are called on the main thread but
-    /// the runner.
+    /// the runners.
     struct Surroundings {
-        std::shared_ptr<const GitHubProvider::CommandRunning> runner;
+        std::shared_ptr<const GitHubProvider::CommandRunning> gitRunner;
+        std::shared_ptr<const GitHubProvider::CommandRunning> editorRunner;
         GitHubProvider::Environment environment;
         std::function<bool(const std::filesystem::path&)> isExecutable;
         PanelDismissal dismissPanel;
@@ -32,9 +33,7 @@ public:
 
     /// The desktop around this process. Constructing it asks nothing of the desktop.
     static Surroundings desktop(
-        std::shared_ptr<const GitHubProvider::CommandRunning> runner,
-        GitHubProvider::Environment environment,
-        PanelDismissal dismissPanel);
+        GitHubProvider::Environment environment, PanelDismissal dismissPanel);
 
     /// Dismisses the panel and has the desktop open the address; nobody waits for that, and nothing
     /// is reported. The token, if there is one, lets the browser come to the front. Main thread

@@ -2,31 +2,24 @@
 
 #include "GitHubProvider/GhDiscovery.h"
 #include "GitHubProvider/GitHubProvider.h"
-#include "GitHubProvider/ProcessCommandRunner.h"
 #include "GitHubProvider/SystemLog.h"
 #include "Tarnwick/Async/SystemClock.h"
 #include "Tarnwick/Desktop/AbsentLoginItem.h"
+#include "Tarnwick/Desktop/CommandRunners.h"
 #include "Tarnwick/Desktop/SilentNotifier.h"
 #include "Tarnwick/Persistence/IniDefaultsStore.h"
 
 #include <utility>
 
 namespace Tarnwick {
-namespace {
-
-constexpr std::chrono::seconds commandTimeout{30};
-
-}  // namespace
-
 PullRequestMenuModel::Collaborators standardCollaborators(
     const std::map<std::string, std::string>& environment, std::shared_ptr<ReadAhead> readAhead)
 {
-    const auto runner = std::make_shared<GitHubProvider::ProcessCommandRunner>(commandTimeout);
     return {
         .provider = std::make_shared<GitHubProvider::GitHubProvider>(
             GitHubProvider::publicHost,
             GitHubProvider::findGH(environment),
-            runner,
+            toolRunner(),
             GitHubProvider::systemLog()),
         .defaults = readAhead ? readAhead->defaults() : openStandardDefaults(),
         .cache = PullRequestDiskCache{},
@@ -34,7 +27,7 @@ PullRequestMenuModel::Collaborators standardCollaborators(
         .loginItem = std::make_shared<AbsentLoginItem>(),
         .clock = std::make_shared<SystemClock>(),
         .navigation = std::make_shared<ExternalNavigation>(
-            ExternalNavigation::desktop(runner, environment, [](PanelSearch /*search*/) {})),
+            ExternalNavigation::desktop(environment, [](PanelSearch /*search*/) {})),
         .readAhead = std::move(readAhead)};
 }
 

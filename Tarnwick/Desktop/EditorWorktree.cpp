@@ -6,6 +6,7 @@
 #include "Tarnwick/ExternalNavigationError.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <utility>
 #include <vector>
@@ -70,6 +71,32 @@ void requireUsable(const std::string& branch)
     }
 }
 
+/// What git and ssh say when they cannot ask for a name, a password, a passphrase or whether a host
+/// is known, as they cannot without a terminal.
+bool mayHaveWantedAnAnswer(std::string_view errors)
+{
+    constexpr std::array signs{
+        "terminal prompts disabled",
+        "Host key verification failed",
+        "Permission denied (publickey"};
+    return std::ranges::any_of(
+        signs, [&](const char* sign) { return errors.find(sign) != std::string_view::npos; });
+}
+
+void checkFetched(const CommandResult& fetched, const std::filesystem::path& clone)
+{
+    try {
+        check(fetched, "Fetching origin");
+    } catch (const ExternalNavigationError& error) {
+        if (!mayHaveWantedAnAnswer(fetched.standardError)) {
+            throw;
+        }
+        throw ExternalNavigationError(
+            error.message() + "\nTarnwick cannot ask for a password or a host's key. Run `git -C "
+            + clone.string() + " fetch origin` in a terminal first.");
+    }
+}
+
 /// The command that makes the worktree, chosen by what looking for the local branch came to.
 std::vector<std::string> addCommand(
     const CommandResult& localBranch,
@@ -114,11 +141,11 @@ QCoro::Task<std::filesystem::path> prepare(
 {
     requireUsable(branch);
     const std::filesystem::path worktree = worktreeDirectory(clone, branch);
-    const Git git(std::move(clone), std::move(runner), std::move(progress), std::move(stopToken));
+    const Git git(clone, std::move(runner), std::move(progress), std::move(stopToken));
 
     auto fetching = git.run("Fetching origin…", {"fetch", "origin"});
     const CommandResult fetched = co_await fetching;
-    check(fetched, "Fetching origin");
+    checkFetched(fetched, clone);
 
     auto listing =
         git.run("Looking for an existing worktree…", {"worktree", "list", "--porcelain", "-z"});

@@ -34,7 +34,8 @@ void check(const GitHubProvider::CommandResult& result, std::string_view action)
 
 /// Fetches, then finds the worktree on `branch` or makes it, with the branch made from origin's
 /// where there is none, and yields its folder. Main thread only; the commands run on a worker
-/// thread, one after the other. Throws `ExternalNavigationError`, what the runner throws, and
+/// thread, one after the other. A fetch that may have failed for want of an answer says what to do.
+/// Throws `ExternalNavigationError`, what the runner throws, and
 /// `CancellationError` once `stopToken` is stopped.
 /// Requires: `progress` can be called.
 QCoro::Task<std::filesystem::path> prepare(

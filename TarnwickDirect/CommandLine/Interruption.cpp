@@ -13,7 +13,8 @@
 namespace TarnwickDirect {
 namespace {
 
-constexpr int endingSignals[] = {SIGINT, SIGTERM};
+/// A terminal that goes away says so to this program, and no longer to its children.
+constexpr int endingSignals[] = {SIGHUP, SIGINT, SIGTERM};
 
 /// Where the handler writes; all that it may use.
 std::atomic<int> pipeEnd = -1;
@@ -28,6 +29,14 @@ void handle(int number)
     errno = savedError;
 }
 
+/// `nohup` has it ignored, which holds.
+bool isKept(int number)
+{
+    struct sigaction current{};
+    ::sigaction(number, nullptr, &current);
+    return number == SIGHUP && current.sa_handler == SIG_IGN;
+}
+
 /// The signals are let through too, whatever the parent had done with them.
 void setHandlers(void (*handler)(int))
 {
@@ -38,6 +47,9 @@ void setHandlers(void (*handler)(int))
     sigset_t signals{};
     ::sigemptyset(&signals);
     for (const int number : endingSignals) {
+        if (isKept(number)) {
+            continue;
+        }
         ::sigaction(number, &action, nullptr);
         ::sigaddset(&signals, number);
     }

@@ -8,7 +8,7 @@
 
 namespace TarnwickDirect {
 
-/// Turns SIGINT and SIGTERM into a call on the main thread. The signals are handled and not
+/// Turns SIGHUP, SIGINT and SIGTERM into a call on the main thread. The signals are handled and not
 /// blocked, so programs that this one starts get them as usual. Requires: an event loop, and no
 /// other instance.
 class Interruption final : public QObject {

@@ -6,6 +6,8 @@
 
 #include <csignal>
 #include <ctime>
+#include <fstream>
+#include <iterator>
 #include <random>
 #include <thread>
 
@@ -145,20 +147,20 @@ TEST_F(Ending, waitsForWhatAGrandchildPrintsWithinTheTimeLimit)
     channel.waitForLastHelper();
 }
 
-TEST_F(Ending, comesWithATimeOutWhileAGrandchildHoldsThePipes)
+TEST_F(Ending, comesWithATimeOutWhileAGrandchildHoldsThePipesAndEndsTheGrandchild)
 {
     for (const char* behaviour : {"leave-grandchild", "wait-beside-grandchild"}) {
         HelperChannel grandchild;
-        EXPECT_THAT([&] { runHelperFor(1s, {behaviour, grandchild.folder()}); }, throwsTimeOut);
-        EXPECT_FALSE(hasChildren());
+        BackgroundRun run({behaviour, grandchild.folder()}, 3s);
         EXPECT_EQ(grandchild.waitForLine(), "grandchild ready");
-        grandchild.release();
+        EXPECT_THAT([&] { run.result(); }, throwsTimeOut);
+        EXPECT_FALSE(hasChildren());
         grandchild.waitForLastHelper();
     }
     EXPECT_LT(elapsed(), soon);
 }
 
-TEST_F(Ending, comesWithACancellationWhileAGrandchildHoldsThePipes)
+TEST_F(Ending, comesWithACancellationWhileAGrandchildHoldsThePipesAndEndsTheGrandchild)
 {
     for (const char* behaviour : {"leave-grandchild", "wait-beside-grandchild"}) {
         HelperChannel grandchild;
@@ -167,10 +169,95 @@ TEST_F(Ending, comesWithACancellationWhileAGrandchildHoldsThePipes)
         run.stop();
         EXPECT_THAT([&] { run.result(); }, Throws<CancellationError>());
         EXPECT_FALSE(hasChildren());
-        grandchild.release();
         grandchild.waitForLastHelper();
     }
     EXPECT_LT(elapsed(), soon);
+}
+
+TEST_F(Ending, leavesTheGrandchildrenOfALauncherAlone)
+{
+    const ProcessCommandRunner launching(2s, {.reach = ChildSettings::Reach::program});
+    EXPECT_THAT(
+        [&] { launching.run(helperPath(), {"wait-beside-grandchild", channel.folder()}, {}); },
+        throwsTimeOut);
+    EXPECT_FALSE(hasChildren());
+    EXPECT_EQ(channel.waitForLine(), "grandchild ready");
+    channel.release();
+    channel.waitForLastHelper();
+}
+
+char stateOf(pid_t process)
+{
+    std::ifstream file("/proc/" + std::to_string(process) + "/stat");
+    std::string number;
+    std::string name;
+    char state = 0;
+    file >> number >> name >> state;
+    return state;
+}
+
+TEST_F(Ending, reachesAChildThatHasStoppedItself)
+{
+    BackgroundRun run({"stop", channel.folder(), std::to_string(SIGSTOP)});
+    const pid_t child = std::stoi(channel.waitForLine());
+    while (stateOf(child) != 'T' && elapsed() < soon) {
+        std::this_thread::yield();
+    }
+    run.stop();
+    EXPECT_THAT([&] { run.result(); }, Throws<CancellationError>());
+    EXPECT_EQ(::kill(child, 0), -1);
+    EXPECT_LT(elapsed(), soon);
+}
+
+TEST_F(Ending, comesWithATimeOutForAChildThatHasStoppedItself)
+{
+    BackgroundRun run({"stop", channel.folder(), std::to_string(SIGSTOP)}, 1s);
+    EXPECT_THAT([&] { run.result(); }, throwsTimeOut);
+    EXPECT_LT(elapsed(), soon);
+    EXPECT_FALSE(hasChildren());
+}
+
+TEST_F(Ending, isNotHeldUpByTheSignalsOfATerminal)
+{
+    for (const int signal : {SIGTTIN, SIGTTOU, SIGTSTP}) {
+        HelperChannel helper;
+        BackgroundRun run({"stop", helper.folder(), std::to_string(signal)});
+        helper.waitForLine();
+        EXPECT_EQ(helper.waitForLine(), "went on");
+        run.stop();
+        EXPECT_THAT([&] { run.result(); }, Throws<CancellationError>());
+    }
+}
+
+TEST_F(Ending, comesAboutWhenTheTimeIsUp)
+{
+    EXPECT_THAT([] { runHelperFor(3s, {"wait-blindly"}); }, throwsTimeOut);
+    EXPECT_GE(elapsed(), 3s);
+    EXPECT_LT(elapsed(), 5500ms);
+}
+
+/// The value of each timer of this process that counts on while the machine sleeps.
+std::vector<std::string> timersThatNeverSleep()
+{
+    std::vector<std::string> values;
+    for (const auto& [number, name] : TestSupport::openDescriptors()) {
+        std::ifstream file("/proc/self/fdinfo/" + std::to_string(number));
+        const std::string text{std::istreambuf_iterator<char>(file), {}};
+        const std::size_t value = text.find("it_value: ");
+        if (text.find("clockid: " + std::to_string(CLOCK_BOOTTIME) + "\n") != std::string::npos) {
+            values.push_back(text.substr(value, text.find('\n', value) - value));
+        }
+    }
+    return values;
+}
+
+TEST_F(Ending, isTimedByAClockThatCountsWhileTheMachineSleeps)
+{
+    BackgroundRun run({"wait", channel.folder()}, 20s);
+    channel.waitForLine();
+    EXPECT_THAT(timersThatNeverSleep(), testing::ElementsAre(testing::HasSubstr("(19, ")));
+    channel.release();
+    EXPECT_EQ(run.result().status, 0);
 }
 
 TEST_F(Ending, refusesMoreThan64MiBOnEitherStreamByDefault)

@@ -19,6 +19,7 @@ namespace {
 
 using namespace GitHubProvider;
 using namespace std::chrono_literals;
+using namespace std::string_literals;
 using testing::Each;
 using testing::ElementsAre;
 using testing::StartsWith;
@@ -117,6 +118,35 @@ TEST(ProcessCommandRunner, letsTheChildInheritTheEnvironment)
     EXPECT_EQ(splitAfter(runHelper({"print-environment"}).standardOutput, '\0'), own);
 }
 
+TEST(ProcessCommandRunner, putsVariablesInThePlaceOfItsOwnOrBesideThem)
+{
+    ASSERT_EQ(::setenv("RUNNER_TEST", "inherited", 1), 0);
+    const ProcessCommandRunner runner(
+        50s, {.variables = {{"RUNNER_TEST", "set"}, {"RUNNER_TEST_NEW", "a=b"}}});
+    auto variables =
+        splitAfter(runner.run(helperPath(), {"print-environment"}, {}).standardOutput, '\0');
+    ::unsetenv("RUNNER_TEST");
+    const auto home = std::string("HOME=") + ::getenv("HOME");
+    EXPECT_THAT(variables, testing::IsSupersetOf({home, "RUNNER_TEST_NEW=a=b"s}));
+    std::erase_if(variables, [](const auto& text) { return !text.starts_with("RUNNER_TEST="); });
+    EXPECT_THAT(variables, ElementsAre("RUNNER_TEST=set"));
+}
+
+TEST(ProcessCommandRunner, handsNoTerminalOnAsStandardInput)
+{
+    const FileDescriptor terminal(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC));
+    ASSERT_EQ(::grantpt(terminal.number()), 0);
+    ASSERT_EQ(::unlockpt(terminal.number()), 0);
+    const FileDescriptor user(::open(::ptsname(terminal.number()), O_RDWR | O_NOCTTY | O_CLOEXEC));
+    ASSERT_TRUE(user.isOpen());
+    ASSERT_EQ(::write(terminal.number(), "typed\n", 6), 6);
+
+    const StandardStreams restored;
+    ASSERT_EQ(::dup2(user.number(), STDIN_FILENO), STDIN_FILENO);
+    const ProcessCommandRunner runner(10s);
+    EXPECT_EQ(runner.run(helperPath(), {"copy-input"}, {}), (CommandResult{0, "", ""}));
+}
+
 TEST(ProcessCommandRunner, letsTheChildInheritStandardInput)
 {
     int ends[2] = {-1, -1};
@@ -131,7 +161,9 @@ TEST(ProcessCommandRunner, letsTheChildInheritStandardInput)
     EXPECT_EQ(runHelper({"copy-input"}), (CommandResult{0, "typed", ""}));
 }
 
-TEST(ProcessCommandRunner, startsTheChildInTheSameFolderAndGroupWithSignalsAsTheyAreByDefault)
+TEST(
+    ProcessCommandRunner,
+    startsTheChildInTheSameFolderAndASessionOfItsOwnWithSignalsAsTheyAreByDefault)
 {
     sigset_t blocked;
     ::sigemptyset(&blocked);
@@ -149,7 +181,8 @@ TEST(ProcessCommandRunner, startsTheChildInTheSameFolderAndGroupWithSignalsAsThe
         splitAfter(result.standardOutput, '\n'),
         ElementsAre(
             std::filesystem::current_path().string(),
-            std::to_string(::getpgrp()),
+            "own session",
+            "own group",
             "blocked:",
             "ignored:"));
 }

@@ -91,8 +91,8 @@ int printEnvironment(const Arguments& /*arguments*/)
     return 0;
 }
 
-/// print-surroundings: the working directory, the process group, the blocked and the ignored
-/// signals, a line each.
+/// print-surroundings: the working directory, whether session and process group are its own, the
+/// blocked and the ignored signals, a line each.
 int printSurroundings(const Arguments& /*arguments*/)
 {
     sigset_t mask;
@@ -109,8 +109,10 @@ int printSurroundings(const Arguments& /*arguments*/)
     }
     writeAll(
         STDOUT_FILENO,
-        std::filesystem::current_path().string() + '\n' + std::to_string(::getpgrp())
-            + "\nblocked:" + blocked + "\nignored:" + ignored + '\n');
+        std::filesystem::current_path().string() + '\n'
+            + (::getsid(0) == ::getpid() ? "own session\n" : "another's session\n")
+            + (::getpgrp() == ::getpid() ? "own group" : "another's group") + "\nblocked:" + blocked
+            + "\nignored:" + ignored + '\n');
     return 0;
 }
 
@@ -139,6 +141,18 @@ int waitBlindly(const Arguments& /*arguments*/)
 {
     limitLife();
     ::pause();
+    return 0;
+}
+
+/// stop CHANNEL SIGNAL: tells its process number and stops itself by this signal; tells when it
+/// goes on, and waits for a release.
+int stop(const Arguments& arguments)
+{
+    const Channel channel(arguments.at(0));
+    channel.tell(std::to_string(::getpid()));
+    std::raise(std::stoi(arguments.at(1)));
+    channel.tell("went on");
+    channel.waitForRelease();
     return 0;
 }
 
@@ -261,6 +275,7 @@ const std::map<std::string, Behaviour>& behaviours()
         {"print-environment", printEnvironment},
         {"print-surroundings", printSurroundings},
         {"print-through-termination", printThroughTermination},
+        {"stop", stop},
         {"survive-termination", surviveTermination},
         {"wait", wait},
         {"wait-beside-grandchild", waitBesideGrandchild},

@@ -1,15 +1,19 @@
 """Pull requests opened in the editor: the real git, and a `code` that records how it is run."""
 
+import http.server
 import json
 import os
+import threading
 
 from desktop import SessionTest, wait_until
 from desktop.clone import Clone
 from desktop.mounts import Mounts
+from desktop.processes import output_of
 
 TITLE = "Unable to Open Editor"
 GIT = "/usr/bin/git"
 BRANCH = "booking/split"
+BACKGROUND = os.path.join(os.path.dirname(os.path.abspath(__file__)), "desktop/in_background_of_terminal")
 
 SCENARIO = {
     "account": {"login": "robin-k"},
@@ -40,6 +44,28 @@ exec /usr/lib/git-core/git "$@"
 """
 
 
+class Locked:
+    """A web server that asks whoever comes for a name and a password; yields a repository's address."""
+
+    class Handler(http.server.BaseHTTPRequestHandler):
+        def do_GET(self):  # The name is the library's.
+            self.send_response(401)
+            self.send_header("WWW-Authenticate", 'Basic realm="Repositories"')
+            self.end_headers()
+
+        def log_message(self, *_):
+            pass
+
+    def __enter__(self):
+        self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), self.Handler)
+        threading.Thread(target=self.server.serve_forever, daemon=True).start()
+        return f"http://127.0.0.1:{self.server.server_port}/ferry-api.git"
+
+    def __exit__(self, *_):
+        self.server.shutdown()
+        self.server.server_close()
+
+
 class EditorTest(SessionTest):
     """One pull request on the screen, and the key that opens it in the editor."""
 
@@ -57,19 +83,21 @@ class EditorTest(SessionTest):
         """The user's clone, whose origin has these branches."""
         return Clone(self.session.processes, self.projects, "ferry-api", branches)
 
-    def open_in_editor(self, folder=None, mounts=None, path=None):
+    def open_in_editor(self, folder=None, mounts=None, path=None, through=None):
         """Starts the program, anew if it runs, with this project directory and presses the key."""
         if self.program is not None:
             self.session.processes.end(self.program)
         folder = folder or self.projects
         self.select("harbourlight/ferry-api", **{"editor.projectDirectory": folder})
 
-        def through(*command):
+        def started(*command):
             if path:
                 command = ("/usr/bin/env", f"PATH={path}", *command)
+            if through:
+                command = through(*command)
             return mounts.command(*command) if mounts else command
 
-        self.program = self.start_tarnwick(through=through)
+        self.program = self.start_tarnwick(through=started)
         self.focused_panel()
         self.reader = self.accessibility()
         self.press_the_key()
@@ -278,3 +306,41 @@ class WorktreeFailureTests(EditorTest):
         self.dismiss()
         self.press_the_key()
         self.assertEqual(self.message(), message)
+
+
+class TerminalTests(EditorTest):
+    """The program as `tarnwick &` in a shell, and a git that wants to ask something."""
+
+    def open_with_remote(self, clone, address):
+        clone.git("remote", "set-url", "origin", address)
+        if self.program is None:
+            self.open_in_editor(through=lambda *command: (BACKGROUND, *command))
+        else:
+            self.dismiss()
+            self.press_the_key()
+        first, *_, said, advice = self.message().split("\n")
+        self.assertEqual(first, "Fetching origin failed (exit 128).")
+        return said, advice
+
+    def testGitThatWantsToAskOnTheTerminalFailsAndNothingFreezes(self):
+        clone = self.clone(BRANCH)
+        with Locked() as address:
+            said, advice = self.open_with_remote(clone, address)
+        self.assertIn("could not read Username for 'http://127.0.0.1", said)
+        self.assertIn("terminal prompts disabled", said)
+        self.assertEqual(
+            advice,
+            "Tarnwick cannot ask for a password or a host's key. "
+            f"Run `git -C {clone.path} fetch origin` in a terminal first.",
+        )
+
+        # What ssh does: it opens the terminal by its name.
+        clone.git("config", "protocol.ext.allow", "always")
+        self.open_with_remote(
+            clone,
+            "ext::sh -c read%answer</dev/tty||echo%Host%key%verification%failed>&2".replace("%", "% "),
+        )
+        self.dismiss()
+        self.press_the_key()
+        self.message()
+        self.assertNotIn("The command was stopped.", output_of(self.program))

@@ -48,7 +48,6 @@ protected:
     void open(const std::string& branch)
     {
         auto surroundings = ExternalNavigation::desktop(
-            std::make_shared<GitHubProvider::ProcessCommandRunner>(std::chrono::seconds(30)),
             {{"HOME", git.folder().string()}, {"PATH", (git.folder() / "bin").string()}},
             [](PanelSearch /*search*/) {});
         surroundings.isExecutable = [own = git.folder() / "bin/code"](const fs::path& path) {

@@ -117,6 +117,19 @@ TEST_F(EditorWorktreeTest, endsAtAFailedFetchWithGitsOwnWords)
     EXPECT_EQ(desktop.journal().size(), 2U);
 }
 
+TEST_F(EditorWorktreeTest, saysWhatToDoWhenAFetchMayHaveFailedForWantOfAnAnswer)
+{
+    const std::string advice = "\nTarnwick cannot ask for a password or a host's key. Run `git -C "
+                               "/home/octo/projects/api fetch origin` in a terminal first.";
+    for (const std::string said :
+         {"fatal: could not read Username for 'https://git.example.org': terminal prompts disabled",
+          "Host key verification failed.\nfatal: Could not read from remote repository.",
+          "git@git.example.org: Permission denied (publickey,password).\nfatal: Could not read"}) {
+        desktop.ends(128, {}, said);
+        EXPECT_EQ(messageOf("main"), "Fetching origin failed (exit 128).\n" + said + advice);
+    }
+}
+
 TEST_F(EditorWorktreeTest, endsAtAFailedListing)
 {
     desktop.ends(0);

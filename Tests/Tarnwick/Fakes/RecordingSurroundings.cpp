@@ -60,7 +60,8 @@ std::shared_ptr<const GitHubProvider::CommandRunning> RecordingSurroundings::run
 ExternalNavigation RecordingSurroundings::navigation() const
 {
     ExternalNavigation::Surroundings surroundings;
-    surroundings.runner = runner();
+    surroundings.gitRunner = runner();
+    surroundings.editorRunner = runner();
     surroundings.environment = environment;
     surroundings.isExecutable = [known = executables](const std::filesystem::path& path) {
         return known.contains(path.string());

@@ -1,0 +1,32 @@
+#include "Tarnwick/Desktop/CommandRunners.h"
+
+#include "GitHubProvider/ProcessCommandRunner.h"
+
+namespace Tarnwick {
+
+using GitHubProvider::ChildSettings;
+using GitHubProvider::ProcessCommandRunner;
+
+namespace {
+
+constexpr std::chrono::seconds commandTimeout{30};
+
+}  // namespace
+
+std::shared_ptr<const GitHubProvider::CommandRunning> toolRunner()
+{
+    // Nothing is set against questions of ssh: without a terminal it asks by an askpass program or
+    // fails, and its batch mode would forbid the askpass program as well.
+    const ChildSettings settings{
+        .variables = {{"GIT_TERMINAL_PROMPT", "0"}, {"GH_PROMPT_DISABLED", "1"}},
+        .reach = ChildSettings::Reach::group};
+    return std::make_shared<ProcessCommandRunner>(commandTimeout, settings);
+}
+
+std::shared_ptr<const GitHubProvider::CommandRunning> editorRunner()
+{
+    const ChildSettings settings{.variables = {}, .reach = ChildSettings::Reach::program};
+    return std::make_shared<ProcessCommandRunner>(commandTimeout, settings);
+}
+
+}  // namespace Tarnwick
