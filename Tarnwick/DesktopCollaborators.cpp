@@ -2,6 +2,7 @@
 
 #include "Tarnwick/Desktop/AppImage.h"
 #include "Tarnwick/Desktop/AutostartLoginItem.h"
+#include "Tarnwick/Desktop/SystemMachineEvents.h"
 #include "Tarnwick/Desktop/SystemPullRequestNotifier.h"
 #include "Tarnwick/Persistence/IniDefaultsStore.h"
 #include "Tarnwick/StandardCollaborators.h"
@@ -31,6 +32,7 @@ PullRequestMenuModel::Collaborators desktopCollaborators(
             environment, QFile::encodeName(QCoreApplication::applicationFilePath()).toStdString()));
     collaborators.blocked = BlockedPullRequestsFile::beside(collaborators.cache);
     collaborators.settingsWatcher = std::make_shared<FileWatcher>(IniDefaultsStore::defaultFile());
+    collaborators.machine = std::make_shared<SystemMachineEvents>();
     return collaborators;
 }
 

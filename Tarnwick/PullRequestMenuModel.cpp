@@ -39,6 +39,10 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
     , _notifications(_parts.notifier, _settings, _operations)
     , _rows(std::make_shared<const std::vector<PullRequestRow>>())
     , _allPullRequests(noPullRequests())
+    , _polling(
+          _parts.clock,
+          _parts.machine,
+          {.refresh = [this] { return refresh(); }, .lastEnd = [this] { return _refreshEnd; }})
 {
     followSettings();
     followNotifications();
@@ -58,7 +62,7 @@ void PullRequestMenuModel::stop()
 {
     _lifetime.request_stop();
     _refreshTask.cancel();
-    _pollingTask.cancel();
+    _polling.stop();
     flushSettings();
 }
 

@@ -5,10 +5,12 @@
 #include "Tarnwick/Async/CancellableTask.h"
 #include "Tarnwick/Async/Clock.h"
 #include "Tarnwick/Desktop/LoginItem.h"
+#include "Tarnwick/Desktop/MachineEvents.h"
 #include "Tarnwick/Desktop/PullRequestNotifying.h"
 #include "Tarnwick/ExternalNavigation.h"
 #include "Tarnwick/Model/BlockedPullRequests.h"
 #include "Tarnwick/Model/MenuState.h"
+#include "Tarnwick/Model/Polling.h"
 #include "Tarnwick/Model/PullRequestNotifications.h"
 #include "Tarnwick/Model/ReadAhead.h"
 #include "Tarnwick/Model/RefreshResult.h"
@@ -41,7 +43,7 @@ class PullRequestMenuModel final : public QObject {
     Q_DISABLE_COPY_MOVE(PullRequestMenuModel)
 
 public:
-    /// What the model stands on. All are required but the last.
+    /// What the model stands on. All are required but those that say what is so without them.
     struct Collaborators {
         std::shared_ptr<const PullRequestKit::PullRequestProvider> provider;
         std::shared_ptr<DefaultsStore> defaults;
@@ -58,6 +60,8 @@ public:
         /// Where a program that notifies keeps what was blocked. Others have none: what they find
         /// unblocked, nobody was told.
         std::optional<BlockedPullRequestsFile> blocked = std::nullopt;
+        /// Tells when the machine has slept; without it, the clock alone does.
+        std::shared_ptr<MachineEvents> machine = nullptr;
     };
 
     /// Reads and migrates the settings, shows the last snapshot if it was taken for the same
@@ -221,7 +225,6 @@ private:
     void rememberBlocked();
 
     void schedulePolling();
-    QCoro::Task<> pollWhileRunning(std::stop_token stopToken);
     void scheduleRefresh(std::chrono::milliseconds delay);
     QCoro::Task<> refreshWhenIdle(std::chrono::milliseconds delay, std::stop_token stopToken);
 
@@ -263,9 +266,10 @@ private:
     std::stop_token _runningRefresh;  ///< The one that `_isRefreshing` speaks of.
     std::stop_source _lifetime;       ///< Stopped when the model goes.
     CancellableTask _refreshTask;
-    CancellableTask _pollingTask;
     CancellableTask _flushTask;
     bool _isFlushDue = false;
+    RefreshEnd _refreshEnd = RefreshEnd::none;
+    Polling _polling;
 };
 
 template<typename Value>

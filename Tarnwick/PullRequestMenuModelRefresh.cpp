@@ -71,6 +71,7 @@ QCoro::Task<> PullRequestMenuModel::refreshUntilStopped(std::stop_token stopToke
 void PullRequestMenuModel::begin(const std::stop_token& stopToken)
 {
     _runningRefresh = stopToken;
+    _refreshEnd = RefreshEnd::none;
     assign(_isRefreshing, true, &PullRequestMenuModel::isRefreshingChanged);
     dismissRefreshError();
     if (!_hasSnapshot) {
@@ -127,6 +128,7 @@ QCoro::Task<> PullRequestMenuModel::askProvider(std::stop_token stopToken)
 /// nothing in sight the state says it.
 void PullRequestMenuModel::cannotAsk(MenuState::Kind kind, const std::string& message)
 {
+    _refreshEnd = kind == MenuState::Kind::signedOut ? RefreshEnd::signedOut : RefreshEnd::failed;
     if (_hasSnapshot) {
         assign(_state, {MenuState::Kind::loaded, {}}, &PullRequestMenuModel::stateChanged);
         assign(
@@ -158,6 +160,7 @@ void PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
     const Date now = _parts.clock->now();
     assign(_lastRefreshed, now, &PullRequestMenuModel::lastRefreshedChanged);
     _hasSnapshot = true;
+    _refreshEnd = RefreshEnd::fresh;
     assign(_state, {MenuState::Kind::loaded, {}}, &PullRequestMenuModel::stateChanged);
 
     auto appeared = newPullRequests(*_rows, result.baseline.scope, _newPullRequestBaseline);
@@ -199,22 +202,7 @@ void PullRequestMenuModel::rememberBlocked()
 
 void PullRequestMenuModel::schedulePolling()
 {
-    _pollingTask.start(
-        [this](std::stop_token stopToken) { return pollWhileRunning(std::move(stopToken)); });
-}
-
-QCoro::Task<> PullRequestMenuModel::pollWhileRunning(std::stop_token stopToken)
-{
-    while (!stopToken.stop_requested()) {
-        const std::chrono::seconds period = secondsOf(_settings.pollingInterval);
-        const QFuture<void> pause = _parts.clock->sleep(period, stopToken);
-        co_await pause;
-        if (stopToken.stop_requested()) {
-            co_return;
-        }
-        auto refreshing = refreshUntilStopped(stopToken);
-        co_await refreshing;
-    }
+    _polling.start(secondsOf(_settings.pollingInterval));
 }
 
 void PullRequestMenuModel::scheduleRefresh(std::chrono::milliseconds delay)

@@ -8,6 +8,8 @@ namespace Tarnwick {
 class SystemClock final : public Clock {
 public:
     PullRequestKit::Date now() const override;
+    std::chrono::milliseconds elapsed() const override;
+    std::chrono::milliseconds asleep() const override;
     QFuture<void> sleep(std::chrono::milliseconds duration, std::stop_token stopToken) override;
 };
 

@@ -1,6 +1,11 @@
 #include "Tarnwick/Async/SystemClock.h"
 
 #include "Fakes/EventLoop.h"
+#include "Support/LeakCheck.h"
+
+#include <ctime>
+#include <fstream>
+#include <iterator>
 
 #include <gmock/gmock.h>
 
@@ -38,6 +43,39 @@ TEST(SystemClock, doesNotFallAsleepOnceItIsStopped)
     source.request_stop();
     EXPECT_TRUE(clock.sleep(1h, source.get_token()).isFinished());
     processEvents();
+}
+
+/// Whether a descriptor of this process is a timer that counts on while the machine sleeps.
+bool hasTimerThatNeverSleeps()
+{
+    for (const auto& [number, name] : TestSupport::openDescriptors()) {
+        std::ifstream file("/proc/self/fdinfo/" + std::to_string(number));
+        const std::string text{std::istreambuf_iterator<char>(file), {}};
+        if (text.find("clockid: " + std::to_string(CLOCK_BOOTTIME) + "\n") != std::string::npos) {
+            return true;
+        }
+    }
+    return false;
+}
+
+TEST(SystemClock, sleepsByAClockThatCountsWhileTheMachineSleeps)
+{
+    Tarnwick::SystemClock clock;
+    EXPECT_FALSE(hasTimerThatNeverSleeps());
+    std::stop_source source;
+    const auto sleep = clock.sleep(1h, source.get_token());
+    EXPECT_TRUE(hasTimerThatNeverSleeps());
+    source.request_stop();
+    EXPECT_TRUE(eventually([] { return !hasTimerThatNeverSleeps(); }));
+}
+
+TEST(SystemClock, neverGoesBack)
+{
+    const Tarnwick::SystemClock clock;
+    const auto before = clock.elapsed();
+    EXPECT_GT(before, 0ms);
+    EXPECT_GE(clock.elapsed(), before);
+    EXPECT_GE(clock.asleep(), 0ms);
 }
 
 TEST(SystemClock, tellsTheTimeInWholeSeconds)

@@ -33,7 +33,9 @@ PullRequestMenuModel::Collaborators ModelTest::collaborators() const
         .loginItem = loginItem,
         .clock = clock,
         .navigation = std::make_shared<ExternalNavigation>(desktop.navigation()),
-        .blocked = blockedFile};
+        .readAhead = nullptr,
+        .blocked = blockedFile,
+        .machine = machine};
 }
 
 void ModelTest::selectTools()

@@ -3,6 +3,7 @@
 #include "Fakes/EventLoop.h"
 #include "Fakes/FakeClock.h"
 #include "Fakes/FakeLoginItem.h"
+#include "Fakes/FakeMachineEvents.h"
 #include "Fakes/FakeNotifier.h"
 #include "Fakes/FakeProvider.h"
 #include "Fakes/MemoryDefaultsStore.h"
@@ -55,6 +56,7 @@ protected:
     std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
     std::optional<Tarnwick::BlockedPullRequestsFile> blockedFile =
         Tarnwick::BlockedPullRequestsFile::beside(cache());
+    std::shared_ptr<FakeMachineEvents> machine = std::make_shared<FakeMachineEvents>();
     RecordingSurroundings desktop;  ///< As it is when the model starts.
     std::unique_ptr<Tarnwick::PullRequestMenuModel> model;
 };

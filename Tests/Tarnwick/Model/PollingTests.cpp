@@ -68,6 +68,119 @@ TEST_F(Polling, countsANewPeriodFromTheChange)
     EXPECT_TRUE(refreshed(1));
 }
 
+TEST_F(Polling, aChangeOfThePeriodLosesNoRunningRefresh)
+{
+    provider->hold();
+    clock->advance(300s);
+    ASSERT_TRUE(eventually([&] { return provider->waiting() == 1; }));
+    model->setPollingInterval(PollingInterval::oneHour);
+    provider->release();
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(model->state().kind, Kind::loaded);
+    EXPECT_EQ(provider->cancelled(), 0);
+    EXPECT_THAT(shownNumbers(), ElementsAre(1));
+    EXPECT_THAT(clock->sleepers(), ElementsAre(3'600'000ms));
+}
+
+TEST_F(Polling, refreshesAtOnceWhenTheMachineWakes)
+{
+    machine->wake();
+    ASSERT_TRUE(refreshed(1));
+    ASSERT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
+    EXPECT_THAT(clock->sleepers(), ElementsAre(300'000ms));
+}
+
+TEST_F(Polling, refreshesAtOnceAfterASleepLongerThanThePeriod)
+{
+    clock->suspend(8h);
+    EXPECT_TRUE(refreshed(1));
+}
+
+TEST_F(Polling, aFailedRefreshAfterWakingIsRepeatedUntilTheNetworkIsThere)
+{
+    provider->setError("no such host");
+    machine->wake();
+    ASSERT_TRUE(refreshed(1));
+    for (std::size_t tries = 2; tries <= 4; ++tries) {
+        ASSERT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
+        EXPECT_THAT(clock->sleepers(), ElementsAre(20'000ms));
+        clock->advance(20s);
+        ASSERT_TRUE(refreshed(tries));
+    }
+    provider->setError("");
+    clock->advance(20s);
+    ASSERT_TRUE(refreshed(5));
+    EXPECT_EQ(model->state().kind, Kind::loaded);
+    ASSERT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
+    EXPECT_THAT(clock->sleepers(), ElementsAre(300'000ms));
+}
+
+TEST_F(Polling, isRepeatedForTenMinutesAtMost)
+{
+    provider->setError("no such host");
+    clock->suspend(8h);
+    ASSERT_TRUE(refreshed(1));
+    for (std::size_t tries = 2; tries <= 30; ++tries) {
+        ASSERT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
+        clock->advance(20s);
+        ASSERT_TRUE(refreshed(tries));
+    }
+    ASSERT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
+    clock->advance(20s);
+    EXPECT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
+    EXPECT_THAT(clock->sleepers(), ElementsAre(300'000ms));
+    EXPECT_EQ(provider->requests().size(), 30U);
+}
+
+TEST_F(Polling, aWakeDuringARefreshCausesAnotherOneAfterIt)
+{
+    provider->hold();
+    clock->advance(300s);
+    ASSERT_TRUE(eventually([&] { return provider->waiting() == 1; }));
+    machine->wake();
+    provider->release();
+    EXPECT_TRUE(refreshed(2));
+}
+
+TEST_F(Polling, aNetworkThatReturnsIsUsedAtOnceAfterAFailureOnly)
+{
+    machine->returnNetwork();
+    EXPECT_THAT(clock->sleepers(), ElementsAre(300'000ms));
+    provider->setError("no such host");
+    clock->advance(300s);
+    ASSERT_TRUE(refreshed(1));
+    provider->setError("");
+    machine->returnNetwork();
+    ASSERT_TRUE(refreshed(2));
+    machine->returnNetwork();
+    clock->advance(30s);
+    EXPECT_EQ(provider->requests().size(), 2U);
+}
+
+TEST_F(Polling, aFailureLongAfterWakingIsNotRepeatedBeforeItsPeriod)
+{
+    machine->wake();
+    ASSERT_TRUE(refreshed(1));
+    provider->setError("HTTP 502");
+    clock->advance(300s);
+    ASSERT_TRUE(refreshed(2));
+    ASSERT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
+    EXPECT_THAT(clock->sleepers(), ElementsAre(300'000ms));
+}
+
+TEST_F(Polling, isNotRepeatedWhereNobodyWasSignedInBefore)
+{
+    provider->setStatus(PullRequestKit::NotAuthenticated{"Sign in, please."});
+    clock->advance(300s);
+    ASSERT_TRUE(eventually([&] { return provider->statusCalls() == 1; }));
+    ASSERT_TRUE(settle());
+    machine->wake();
+    ASSERT_TRUE(eventually([&] { return provider->statusCalls() == 2; }));
+    ASSERT_TRUE(settle());
+    ASSERT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
+    EXPECT_THAT(clock->sleepers(), ElementsAre(300'000ms));
+}
+
 TEST_F(Polling, stopsWithTheModel)
 {
     model.reset();

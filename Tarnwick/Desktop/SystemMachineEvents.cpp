@@ -1,0 +1,112 @@
+#include "Tarnwick/Desktop/SystemMachineEvents.h"
+
+#include "Tarnwick/Async/Worker.h"
+#include "Tarnwick/Desktop/BusCall.h"
+
+#include <QCoro/QCoroFuture>
+#include <QPointer>
+#include <QTimer>
+
+#include <chrono>
+#include <utility>
+
+namespace Tarnwick {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString sleepService = QStringLiteral("org.freedesktop.login1");
+const QString networkService = QStringLiteral("org.freedesktop.NetworkManager");
+
+/// NetworkManager's number for "connected, but perhaps not to the Internet".
+constexpr quint32 connectedToSite = 60;
+
+/// The program shows first.
+constexpr auto startDelay = 2s;
+
+constexpr std::chrono::milliseconds answerLimit = 10s;
+
+QDBusMessage askForOwner(const QString& service)
+{
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"),
+        QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"),
+        QStringLiteral("GetNameOwner"));
+    question << service;
+    return question;
+}
+
+}  // namespace
+
+SystemMachineEvents::SystemMachineEvents()
+{
+    QTimer::singleShot(startDelay, this, [this] { listenToSystem(); });
+}
+
+SystemMachineEvents::SystemMachineEvents(QDBusConnection bus)
+{
+    listen(bus);
+}
+
+/// Connecting waits for the bus, so a worker does it.
+QCoro::Task<> SystemMachineEvents::listenToSystem()
+{
+    const QPointer<SystemMachineEvents> self(this);
+    auto connecting = onWorker([] { return QDBusConnection::systemBus().isConnected(); });
+    const bool isConnected = co_await connecting;
+    if (self && isConnected) {
+        listen(QDBusConnection::systemBus());
+    }
+}
+
+/// No sender is named, because Qt would look up its owner and wait for the answer.
+void SystemMachineEvents::listen(const QDBusConnection& bus)
+{
+    _bus = bus;
+    _bus->connect(
+        {},
+        QStringLiteral("/org/freedesktop/login1"),
+        QStringLiteral("org.freedesktop.login1.Manager"),
+        QStringLiteral("PrepareForSleep"),
+        this,
+        SLOT(prepareForSleep(bool, QDBusMessage)));
+    _bus->connect(
+        {},
+        QStringLiteral("/org/freedesktop/NetworkManager"),
+        networkService,
+        QStringLiteral("StateChanged"),
+        this,
+        SLOT(networkStateChanged(quint32, QDBusMessage)));
+}
+
+void SystemMachineEvents::prepareForSleep(bool isFallingAsleep, const QDBusMessage& signal)
+{
+    if (!isFallingAsleep) {
+        sayIfSentBy(sleepService, signal, &MachineEvents::woke);
+    }
+}
+
+void SystemMachineEvents::networkStateChanged(quint32 state, const QDBusMessage& signal)
+{
+    if (state >= connectedToSite) {
+        sayIfSentBy(networkService, signal, &MachineEvents::networkReturned);
+    }
+}
+
+/// Everybody on the system bus may send such a signal, and each costs requests.
+QCoro::Task<> SystemMachineEvents::sayIfSentBy(
+    QString service, QDBusMessage signal, void (MachineEvents::*happened)())
+{
+    const QPointer<SystemMachineEvents> self(this);
+    const QFuture<QDBusMessage> asking = callBus(*_bus, askForOwner(service), answerLimit);
+    const QDBusMessage owner = co_await asking;
+    const bool isOwner = owner.type() == QDBusMessage::ReplyMessage
+                         && owner.arguments().value(0).toString() == signal.service();
+    if (self && isOwner) {
+        Q_EMIT(this->*happened)();
+    }
+}
+
+}  // namespace Tarnwick

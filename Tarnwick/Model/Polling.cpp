@@ -1,0 +1,117 @@
+#include "Tarnwick/Model/Polling.h"
+
+#include <QCoro/QCoroFuture>
+
+#include <algorithm>
+#include <utility>
+
+namespace Tarnwick {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// What lies at least between the end of a refresh and the next try.
+constexpr std::chrono::milliseconds rest = 2s;
+
+/// A network that has just returned may still lack its name servers.
+constexpr std::chrono::milliseconds retryTimeOfNetwork = 2min;
+
+}  // namespace
+
+Polling::Polling(
+    std::shared_ptr<Clock> clock, std::shared_ptr<MachineEvents> machine, Refreshing refreshing)
+    : _clock(std::move(clock))
+    , _machine(std::move(machine))
+    , _refreshing(std::move(refreshing))
+{
+    if (_machine) {
+        connect(_machine.get(), &MachineEvents::woke, this, &Polling::machineWoke);
+        connect(_machine.get(), &MachineEvents::networkReturned, this, &Polling::networkReturned);
+    }
+}
+
+void Polling::start(std::chrono::seconds period)
+{
+    _period = period;
+    _task.start([this](std::stop_token stopToken) { return run(std::move(stopToken)); });
+}
+
+void Polling::stop()
+{
+    _task.cancel();
+}
+
+QCoro::Task<> Polling::run(std::stop_token stopToken)
+{
+    while (!stopToken.stop_requested()) {
+        const bool isRetry = isRetrying();
+        if (const auto wait = untilNext(); wait > 0ms) {
+            _pause = std::stop_source();
+            const std::stop_callback endPause(
+                stopToken, [pause = _pause]() mutable { pause.request_stop(); });
+            const auto asleep = _clock->asleep();
+            const QFuture<void> pause = _clock->sleep(wait, _pause.get_token());
+            co_await pause;
+            if (stopToken.stop_requested()) {
+                co_return;
+            }
+            if (!_isDue && _clock->asleep() > asleep) {
+                machineWoke();
+            }
+        }
+        if (isRetry && !_isDue && !isRetrying()) {
+            // Another refresh has brought the list up to date meanwhile, or it took too long.
+            _retryUntil = 0ms;
+            continue;
+        }
+        _isDue = false;
+        _begun = _clock->elapsed();
+        auto refreshing = _refreshing.refresh();
+        co_await refreshing;
+        if (!stopToken.stop_requested() && _refreshing.lastEnd() == RefreshEnd::fresh) {
+            _retryUntil = 0ms;
+        }
+    }
+}
+
+std::chrono::milliseconds Polling::untilNext() const
+{
+    if (_isDue) {
+        return 0ms;
+    }
+    if (isRetrying()) {
+        return std::max(_begun + retryInterval - _clock->elapsed(), rest);
+    }
+    return _period;
+}
+
+bool Polling::isRetrying() const
+{
+    const RefreshEnd end = _refreshing.lastEnd();
+    const bool isWorthwhile =
+        end != RefreshEnd::fresh && !(end == RefreshEnd::signedOut && _wasSignedOut);
+    return isWorthwhile && _clock->elapsed() < _retryUntil;
+}
+
+void Polling::refreshNow(std::chrono::milliseconds newRetryTime)
+{
+    _retryUntil = std::max(_retryUntil, _clock->elapsed() + newRetryTime);
+    _isDue = true;
+    _pause.request_stop();
+}
+
+void Polling::machineWoke()
+{
+    _wasSignedOut = _refreshing.lastEnd() == RefreshEnd::signedOut;
+    refreshNow(retryTime);
+}
+
+void Polling::networkReturned()
+{
+    if (_refreshing.lastEnd() == RefreshEnd::failed || isRetrying()) {
+        refreshNow(retryTimeOfNetwork);
+    }
+}
+
+}  // namespace Tarnwick
