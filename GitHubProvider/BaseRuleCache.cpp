@@ -3,6 +3,15 @@
 #include <utility>
 
 namespace GitHubProvider {
+namespace {
+
+/// The clock may have been set back since, and then nobody knows how old an entry is.
+bool isFresh(std::chrono::system_clock::duration age)
+{
+    return age >= age.zero() && age < BaseRuleCache::lifetime;
+}
+
+}  // namespace
 
 BaseRuleCache::BaseRuleCache(WallClock clock)
     : _clock(std::move(clock))
@@ -15,7 +24,7 @@ BaseRuleCache::Lookup BaseRuleCache::lookup(const std::vector<std::string>& ids)
     Lookup lookup;
     for (const std::string& id : ids) {
         const auto entry = _entries.find(id);
-        if (entry == _entries.end() || now - entry->second.loadedAt >= lifetime) {
+        if (entry == _entries.end() || !isFresh(now - entry->second.loadedAt)) {
             lookup.missing.push_back(id);
         } else if (const auto& count = entry->second.count) {
             lookup.counts.emplace(id, *count);

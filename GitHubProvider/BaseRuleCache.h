@@ -23,7 +23,7 @@ using BaseRuleResults = std::map<std::string, std::optional<std::int64_t>>;
 /// It never shrinks. Safe from any thread.
 class BaseRuleCache {
 public:
-    /// An entry this old is asked for again.
+    /// An entry this old is asked for again, as is one from the future.
     static constexpr std::chrono::seconds lifetime{300};
 
     struct Lookup {

@@ -35,6 +35,15 @@ TEST_F(BaseRuleCacheTest, anEntryLoadedExactly300SecondsAgoIsMissing)
     EXPECT_EQ(cache.lookup({"a"}), (BaseRuleCache::Lookup{{}, {"a"}}));
 }
 
+TEST_F(BaseRuleCacheTest, anEntryFromTheFutureIsMissing)
+{
+    cache.store({{"a", 2}});
+    now -= 1ns;
+    EXPECT_EQ(cache.lookup({"a"}), (BaseRuleCache::Lookup{{}, {"a"}}));
+    now += 1ns;
+    EXPECT_EQ(cache.lookup({"a"}), (BaseRuleCache::Lookup{{{"a", 2}}, {}}));
+}
+
 TEST_F(BaseRuleCacheTest, storingAgainReplacesCountAndTime)
 {
     cache.store({{"a", 2}});
