@@ -4,6 +4,7 @@
 #include "PullRequestKit/Errors.h"
 
 #include <cassert>
+#include <system_error>
 #include <utility>
 
 namespace GitHubProvider {
@@ -16,27 +17,48 @@ PullRequestKit::ProviderError notFound()
 
 }  // namespace
 
-Gh::Gh(
-    std::optional<std::filesystem::path> executable, std::shared_ptr<const CommandRunning> runner)
-    : _executable(std::move(executable))
+Gh::Gh(FindGh find, std::shared_ptr<const CommandRunning> runner)
+    : _find(std::move(find))
     , _runner(std::move(runner))
 {
-    assert(_runner != nullptr);
+    assert(_find && _runner != nullptr);
+}
+
+std::optional<std::filesystem::path> Gh::executable() const
+{
+    const std::lock_guard lock(_mutex);
+    if (!_executable) {
+        _executable = _find();
+    }
+    return _executable;
+}
+
+void Gh::forget() const
+{
+    const std::lock_guard lock(_mutex);
+    _executable.reset();
 }
 
 void Gh::requireFound() const
 {
-    if (!_executable) {
+    if (!isFound()) {
         throw notFound();
     }
 }
 
 CommandResult Gh::run(const std::vector<std::string>& arguments, std::stop_token stopToken) const
 {
-    if (!_executable) {
+    const auto found = executable();
+    if (!found) {
         throw notFound();
     }
-    return _runner->run(*_executable, arguments, std::move(stopToken));
+    try {
+        return _runner->run(*found, arguments, std::move(stopToken));
+    } catch (const std::system_error&) {
+        // It may have been removed, or installed elsewhere.
+        forget();
+        throw;
+    }
 }
 
 std::string failureText(const CommandResult& result, const std::string& fallback)

@@ -3,7 +3,9 @@
 #include "GitHubProvider/CommandRunning.h"
 
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <stop_token>
 #include <string>
@@ -11,16 +13,21 @@
 
 namespace GitHubProvider {
 
-/// The GitHub command-line client of this machine, and what runs it.
+/// Looks for the executable `gh`; nothing while it is not installed. Called from several threads,
+/// one at a time.
+using FindGh = std::function<std::optional<std::filesystem::path>()>;
+
+/// The GitHub command-line client of this machine, and what runs it. It is looked for when it is
+/// first needed, and each time again while it is not there or could not be started. Safe from any
+/// thread.
 class Gh {
 public:
-    /// Without an executable `gh` counts as not installed. Requires: a runner.
-    Gh(std::optional<std::filesystem::path> executable,
-       std::shared_ptr<const CommandRunning> runner);
+    /// Requires: both.
+    Gh(FindGh find, std::shared_ptr<const CommandRunning> runner);
 
-    bool isFound() const { return _executable.has_value(); }
+    bool isFound() const { return executable().has_value(); }
 
-    /// Throws `ProviderError` when `gh` was not found.
+    /// Throws `ProviderError` when `gh` is not found.
     void requireFound() const;
 
     /// Runs `gh` with these arguments; a status other than 0 is no error here. Blocks; call on a
@@ -28,7 +35,12 @@ public:
     CommandResult run(const std::vector<std::string>& arguments, std::stop_token stopToken) const;
 
 private:
-    std::optional<std::filesystem::path> _executable;
+    std::optional<std::filesystem::path> executable() const;
+    void forget() const;
+
+    FindGh _find;
+    mutable std::mutex _mutex;
+    mutable std::optional<std::filesystem::path> _executable;
     std::shared_ptr<const CommandRunning> _runner;
 };
 

@@ -58,13 +58,13 @@ std::vector<PullRequest> openPullRequests(std::vector<SearchHit> hits, const Bas
 
 GitHubProvider::GitHubProvider(
     std::string host,
-    std::optional<std::filesystem::path> executable,
+    FindGh findGh,
     std::shared_ptr<const CommandRunning> runner,
     LogSink log,
     WallClock wallClock,
     SteadyClock steadyClock)
     : _host(std::move(host))
-    , _gh(std::move(executable), std::move(runner))
+    , _gh(std::move(findGh), std::move(runner))
     , _log(std::move(log))
     , _steadyClock(std::move(steadyClock))
     , _ruleCache(std::move(wallClock))

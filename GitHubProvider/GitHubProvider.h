@@ -26,11 +26,11 @@ inline constexpr const char* publicHost = "github.com";
 /// of `gh`. Rules of base branches are remembered for as long as the provider lives.
 class GitHubProvider final : public PullRequestKit::PullRequestProvider {
 public:
-    /// Without an executable every request says that `gh` was not found. Each search writes its
-    /// steps to `log`. Requires: a runner, a sink and clocks.
+    /// While `findGh` finds nothing, every request says that `gh` was not found. Each search writes
+    /// its steps to `log`. Requires: `findGh`, a runner, a sink and clocks.
     GitHubProvider(
         std::string host,
-        std::optional<std::filesystem::path> executable,
+        FindGh findGh,
         std::shared_ptr<const CommandRunning> runner,
         LogSink log,
         WallClock wallClock = std::chrono::system_clock::now,

@@ -18,7 +18,7 @@ PullRequestMenuModel::Collaborators standardCollaborators(
     return {
         .provider = std::make_shared<GitHubProvider::GitHubProvider>(
             GitHubProvider::publicHost,
-            GitHubProvider::findGH(environment),
+            [environment] { return GitHubProvider::findGH(environment); },
             toolRunner(),
             GitHubProvider::systemLog()),
         .defaults = readAhead ? readAhead->defaults() : openStandardDefaults(),

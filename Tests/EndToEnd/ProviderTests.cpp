@@ -56,7 +56,7 @@ protected:
     {
         return {
             GitHubProvider::publicHost,
-            GitHubProvider::findGH(environment()),
+            [environment = environment()] { return GitHubProvider::findGH(environment); },
             runner,
             [this](const std::string& line) { log.push_back(line); },
             [this] { return now; }};
@@ -235,7 +235,7 @@ protected:
         std::filesystem::permissions(file, std::filesystem::perms::owner_all);
         return {
             GitHubProvider::publicHost,
-            file,
+            [file] { return file; },
             std::make_shared<GitHubProvider::ProcessCommandRunner>(timeout),
             [](const std::string&) {}};
     }

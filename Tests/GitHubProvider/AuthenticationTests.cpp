@@ -50,6 +50,33 @@ TEST_F(Authentication, withoutGhIsUnavailableAndNothingIsRun)
     EXPECT_THAT(runner->calls(), testing::IsEmpty());
 }
 
+TEST_F(Authentication, looksForGhAgainWhileItIsNotThereAndNoLongerThen)
+{
+    provider = makeProvider(std::nullopt);
+    EXPECT_TRUE(std::holds_alternative<Unavailable>(status()));
+    EXPECT_TRUE(std::holds_alternative<Unavailable>(status()));
+    executable = "/usr/local/bin/gh";
+    runner->prints("Logged in to git.example account octo\n");
+    EXPECT_EQ(status(), authenticated("octo"));
+    runner->prints("Logged in to git.example account octo\n");
+    EXPECT_EQ(status(), authenticated("octo"));
+    EXPECT_EQ(runner->calls().back().executable, "/usr/local/bin/gh");
+    EXPECT_EQ(looks, 3);
+}
+
+TEST_F(Authentication, looksForGhAgainWhenItCouldNotBeStarted)
+{
+    runner->fails(std::system_error(ENOENT, std::generic_category(), "Could not start /opt/gh"));
+    EXPECT_EQ(
+        status(),
+        unavailable("Could not run gh auth status: Could not start /opt/gh: No such file or "
+                    "directory"));
+    executable = "/usr/bin/gh";
+    runner->prints("Logged in to git.example account octo\n");
+    EXPECT_EQ(status(), authenticated("octo"));
+    EXPECT_EQ(runner->calls().back().executable, "/usr/bin/gh");
+}
+
 TEST_F(Authentication, asksForTheActiveAccountOfTheHost)
 {
     runner->prints("git.example\n  ✓ Logged in to git.example account octo (keyring)\n");

@@ -45,7 +45,7 @@ protected:
 
     std::shared_ptr<TestSupport::ScriptedRunner> runner =
         std::make_shared<TestSupport::ScriptedRunner>();
-    GitHubProvider::Gh gh{"/opt/gh", runner};
+    GitHubProvider::Gh gh{[] { return "/opt/gh"; }, runner};
     std::chrono::system_clock::time_point now{std::chrono::hours{500'000}};
     BaseRuleCache cache{[this] { return now; }};
 };

@@ -19,11 +19,15 @@ namespace TestSupport {
 class ProviderTest : public testing::Test {
 protected:
     std::unique_ptr<::GitHubProvider::GitHubProvider> makeProvider(
-        std::optional<std::filesystem::path> executable = "/opt/gh")
+        std::optional<std::filesystem::path> newExecutable = "/opt/gh")
     {
+        executable = std::move(newExecutable);
         return std::make_unique<::GitHubProvider::GitHubProvider>(
             "git.example",
-            std::move(executable),
+            [this] {
+                ++looks;
+                return executable;
+            },
             runner,
             [this](const std::string& line) { log.push_back(line); },
             [this] { return wallTime; },
@@ -32,6 +36,8 @@ protected:
 
     void TearDown() override { EXPECT_FALSE(runner->hasAnswersLeft()); }
 
+    std::optional<std::filesystem::path> executable;  ///< Where `gh` is when it is looked for.
+    int looks = 0;                                    ///< How often it was looked for.
     std::shared_ptr<ScriptedRunner> runner = std::make_shared<ScriptedRunner>();
     std::vector<std::string> log;
     std::chrono::system_clock::time_point wallTime{std::chrono::hours{500'000}};
