@@ -35,8 +35,9 @@ std::string_view stateName(MenuState::Kind kind)
 boost::json::object header(const PullRequestMenuModel& model)
 {
     boost::json::object object;
-    object["state"] = stateName(model.state().kind);
-    if (!model.state().message.empty()) {
+    const std::string_view state = stateName(model.state().kind);
+    object["state"] = state;
+    if (state != "loaded") {
         object["message"] = model.state().message;
     }
     if (const auto& error = model.refreshError()) {
