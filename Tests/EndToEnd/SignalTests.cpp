@@ -1,3 +1,4 @@
+#include "Support/BootTimers.h"
 #include "Support/LeakCheck.h"
 #include "TarnwickTest.h"
 
@@ -77,22 +78,6 @@ TEST_P(Signals, endItAtOnceAndLeaveNoChildBehind)
     EXPECT_FALSE(std::filesystem::exists(cacheFile()));
 }
 
-/// The seconds that are left of each timer of a process that counts on while the machine sleeps.
-std::vector<int> secondsOfTimers(pid_t process)
-{
-    const std::string folder = "/proc/" + std::to_string(process) + "/fdinfo";
-    std::vector<int> seconds;
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        const std::string text = TestSupport::readFile(entry.path());
-        const std::string_view value = "it_value: (";
-        const std::size_t start = text.find(value);
-        if (text.find("clockid: " + std::to_string(CLOCK_BOOTTIME) + "\n") != std::string::npos) {
-            seconds.push_back(std::stoi(text.substr(start + value.size())));
-        }
-    }
-    return seconds;
-}
-
 TEST_P(Signals, comeWhileTheRequestHasALimitOf30Seconds)
 {
     serve("everyday");
@@ -101,7 +86,7 @@ TEST_P(Signals, comeWhileTheRequestHasALimitOf30Seconds)
     const pid_t child = startList();
     ASSERT_TRUE(waitForSearch());
     EXPECT_THAT(
-        secondsOfTimers(child),
+        TestSupport::secondsOfBootTimers(child),
         testing::Contains(testing::AllOf(testing::Ge(15), testing::Lt(30))));
     ASSERT_EQ(::kill(child, GetParam()), 0);
     ASSERT_EQ(::waitpid(child, nullptr, 0), child);

@@ -1,15 +1,17 @@
 #include "Desktop/GitClone.h"
 #include "Fakes/EventLoop.h"
-#include "GitHubProvider/ProcessCommandRunner.h"
 #include "PullRequestKit/Errors.h"
+#include "Support/BootTimers.h"
 #include "Tarnwick/ExternalNavigation.h"
 
 #include <QCoreApplication>
 #include <QMetaObject>
+#include <QTimer>
 
 #include <fstream>
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 namespace {
 
@@ -227,6 +229,22 @@ TEST_F(EditorWorktreeGit, endsACommandThatRunsWhenItIsStopped)
         QCoreApplication::instance(), [&] { stop.request_stop(); }, Qt::QueuedConnection);
     EXPECT_THROW(open("feature/login"), PullRequestKit::CancellationError);
     EXPECT_THAT(progress, ElementsAre("Fetching origin…"));
+}
+
+TEST_F(EditorWorktreeGit, givesTheEditorsCommand30Seconds)
+{
+    writeCode("echo called > '" + codeCalls().string() + "'; exec tail -f /dev/null");
+    std::vector<int> seconds;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+        if (fs::exists(codeCalls()) && !stop.stop_requested()) {
+            seconds = TestSupport::secondsOfBootTimers(::getpid());
+            stop.request_stop();
+        }
+    });
+    look.start(2);
+    EXPECT_THROW(open("feature/login"), PullRequestKit::CancellationError);
+    EXPECT_THAT(seconds, ElementsAre(testing::AllOf(testing::Ge(20), testing::Lt(30))));
 }
 
 /// What GitHub calls a branch is a stranger's text.
