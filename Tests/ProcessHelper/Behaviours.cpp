@@ -48,6 +48,13 @@ int echo(const Arguments& arguments)
     return 0;
 }
 
+/// say TEXT: exactly this text.
+int say(const Arguments& arguments)
+{
+    writeAll(STDOUT_FILENO, arguments.at(0));
+    return 0;
+}
+
 /// print BYTES BYTES: so many on standard output and standard error, in turn.
 int print(const Arguments& arguments)
 {
@@ -154,6 +161,13 @@ int stop(const Arguments& arguments)
     channel.tell("went on");
     channel.waitForRelease();
     return 0;
+}
+
+/// stop-blindly: stops itself, and then does nothing.
+int stopBlindly(const Arguments& /*arguments*/)
+{
+    std::raise(SIGSTOP);
+    return waitBlindly({});
 }
 
 /// close-streams CHANNEL: closes both streams, tells so, and ends with status 7 when released.
@@ -275,7 +289,9 @@ const std::map<std::string, Behaviour>& behaviours()
         {"print-environment", printEnvironment},
         {"print-surroundings", printSurroundings},
         {"print-through-termination", printThroughTermination},
+        {"say", say},
         {"stop", stop},
+        {"stop-blindly", stopBlindly},
         {"survive-termination", surviveTermination},
         {"wait", wait},
         {"wait-beside-grandchild", waitBesideGrandchild},
