@@ -2,19 +2,32 @@
 #include "GitHubProvider/PullRequestMapping.h"
 #include "GitHubProvider/SearchRecords.h"
 
+#include <utility>
+
 namespace {
 
-/// What is made of a hit is a record that the cache can hold.
-void requireStorable(const GitHubProvider::Node& node)
+template<typename Record>
+void requireStorable(const Record& record)
 {
-    const auto made = GitHubProvider::makePullRequest(node, "github.com", std::nullopt);
+    Fuzzers::require(Fuzzers::roundTrip<Record>(PullRequestKit::Json::encode(record)) == record);
+}
+
+/// What is made of a hit are records that the files can hold, and no more names than the counts
+/// say.
+void requireConsistent(const GitHubProvider::Node& node)
+{
+    const auto made = GitHubProvider::mapPullRequest(node, "github.com", std::nullopt);
     if (made) {
-        Fuzzers::require(
-            Fuzzers::roundTrip<PullRequestKit::PullRequest>(PullRequestKit::Json::encode(*made))
-            == made);
-        const PullRequestKit::ProgressCount& checks = made->checks;
+        requireStorable(made->pullRequest);
+        requireStorable(made->details);
+        const PullRequestKit::ProgressCount& checks = made->pullRequest.checks;
         Fuzzers::require(checks.failed >= 0 && checks.completed >= 0);
         Fuzzers::require(checks.completed + checks.failed <= checks.total);
+        const PullRequestKit::PullRequestDetails& details = made->details;
+        Fuzzers::require(std::cmp_less_equal(details.passedChecks.size(), checks.completed));
+        Fuzzers::require(std::cmp_less_equal(details.failedChecks.size(), checks.failed));
+        Fuzzers::require(std::cmp_less_equal(
+            details.runningChecks.size(), checks.total - checks.completed - checks.failed));
     }
 }
 
@@ -26,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto answer = Fuzzers::roundTrip<GitHubProvider::SearchEnvelope>(text);
     if (answer && answer->data) {
         for (const GitHubProvider::Node& node : answer->data->search.nodes) {
-            requireStorable(node);
+            requireConsistent(node);
         }
     }
     return 0;

@@ -85,6 +85,24 @@ std::optional<bool> isNewerByWorkflowRun(const CheckContext& context, const Chec
     return std::nullopt;
 }
 
+const std::optional<std::string>& nameOf(const CheckContext& context)
+{
+    return context.name ? context.name : context.context;
+}
+
+std::vector<std::string>& namesOf(CheckSummary& summary, Outcome outcome)
+{
+    switch (outcome) {
+    case Outcome::passed:
+        return summary.passed;
+    case Outcome::failed:
+        return summary.failed;
+    case Outcome::pending:
+        break;
+    }
+    return summary.running;
+}
+
 }  // namespace
 
 std::optional<CheckContext::Identity> CheckContext::identity() const
@@ -133,16 +151,22 @@ std::vector<const CheckContext*> effectiveContexts(std::span<const CheckContext>
     return effective;
 }
 
-PullRequestKit::ProgressCount countChecks(std::span<const CheckContext> contexts)
+CheckSummary summarizeChecks(std::span<const CheckContext> contexts)
 {
-    PullRequestKit::ProgressCount count;
-    for (const CheckContext* const context : effectiveContexts(contexts)) {
+    CheckSummary summary;
+    const auto effective = effectiveContexts(contexts);
+    summary.passed.reserve(effective.size());
+    for (const CheckContext* const context : effective) {
         const Outcome result = outcome(*context);
-        count.total += 1;
-        count.completed += result == Outcome::passed ? 1 : 0;
-        count.failed += result == Outcome::failed ? 1 : 0;
+        summary.count.total += 1;
+        summary.count.completed += result == Outcome::passed ? 1 : 0;
+        summary.count.failed += result == Outcome::failed ? 1 : 0;
+        if (const auto& name = nameOf(*context)) {
+            namesOf(summary, result).push_back(*name);
+        }
     }
-    return count;
+    summary.passed.shrink_to_fit();
+    return summary;
 }
 
 }  // namespace GitHubProvider

@@ -79,9 +79,17 @@ struct CheckContext {
 /// Safe from any thread.
 std::vector<const CheckContext*> effectiveContexts(std::span<const CheckContext> contexts);
 
-/// How many of the effective checks passed and failed; the others are still pending.
+/// The effective checks: how many passed and failed, the others still pending, and their names. One
+/// without a name is counted only.
+struct CheckSummary {
+    PullRequestKit::ProgressCount count;
+    std::vector<std::string> passed;
+    std::vector<std::string> failed;
+    std::vector<std::string> running;
+};
+
 /// Safe from any thread.
-PullRequestKit::ProgressCount countChecks(std::span<const CheckContext> contexts);
+CheckSummary summarizeChecks(std::span<const CheckContext> contexts);
 
 }  // namespace GitHubProvider
 

@@ -14,6 +14,7 @@ namespace GitHubProvider {
 namespace {
 
 using PullRequestKit::PullRequest;
+using PullRequestKit::PullRequestList;
 
 std::set<std::string> baseRefIDs(const std::vector<SearchHit>& hits)
 {
@@ -26,13 +27,6 @@ std::set<std::string> baseRefIDs(const std::vector<SearchHit>& hits)
     return ids;
 }
 
-/// GitHub gives at most 1,000 results of any search, and says how many there would be.
-std::optional<std::int64_t> matchesBeyond(const SearchResult& result)
-{
-    const bool isCutOff = std::cmp_greater(result.matches.value_or(0), result.hits.size());
-    return isCutOff ? result.matches : std::nullopt;
-}
-
 std::optional<std::int64_t> requiredReviews(const SearchHit& hit, const BaseRuleCounts& counts)
 {
     const auto count = hit.baseRefID ? counts.find(*hit.baseRefID) : counts.end();
@@ -41,14 +35,16 @@ std::optional<std::int64_t> requiredReviews(const SearchHit& hit, const BaseRule
 
 /// A pull request can be closed between the search index and the data of the hit, so not every hit
 /// of a search for open ones is open.
-std::vector<PullRequest> openPullRequests(std::vector<SearchHit> hits, const BaseRuleCounts& counts)
+PullRequestList openPullRequests(std::vector<SearchHit> hits, const BaseRuleCounts& counts)
 {
-    std::vector<PullRequest> open;
-    open.reserve(hits.size());
+    PullRequestList open;
+    open.pullRequests.reserve(hits.size());
+    open.details.reserve(hits.size());
     for (SearchHit& hit : hits) {
         if (hit.pullRequest && hit.pullRequest->state == PullRequestKit::PullRequestState::open) {
             hit.pullRequest->requiredApprovingReviewCount = requiredReviews(hit, counts);
-            open.push_back(*std::move(hit.pullRequest));
+            open.pullRequests.push_back(*std::move(hit.pullRequest));
+            open.details.push_back(std::move(hit.details));
         }
     }
     return open;
@@ -100,7 +96,7 @@ std::vector<PullRequest> GitHubProvider::pullRequests(
     return listPullRequests(reviewerScope, repositories, std::move(stopToken)).pullRequests;
 }
 
-PullRequestKit::PullRequestList GitHubProvider::listPullRequests(
+PullRequestList GitHubProvider::listPullRequests(
     PullRequestKit::ReviewerScope reviewerScope,
     const std::set<std::string>& repositories,
     std::stop_token stopToken) const
@@ -116,8 +112,11 @@ PullRequestKit::PullRequestList GitHubProvider::listPullRequests(
     const std::set<std::string> ids = baseRefIDs(result.hits);
     const BaseRuleCounts counts = loadBaseRules(ids, _gh, _ruleCache, stopToken);
     trace.searchEnded(result.hits.size(), ids.size());
-    const auto found = matchesBeyond(result);
-    return {openPullRequests(std::move(result.hits), counts), found};
+    // GitHub gives at most 1,000 results of any search, and says how many there would be.
+    const auto found = result.isCutOff ? result.matches : std::nullopt;
+    PullRequestList list = openPullRequests(std::move(result.hits), counts);
+    list.found = found;
+    return list;
 }
 
 }  // namespace GitHubProvider

@@ -1,17 +1,23 @@
 #include "GitHubProvider/PullRequestMapping.h"
 
+#include "GitHubProvider/SearchQuery.h"
+
 #include <algorithm>
+#include <array>
 #include <set>
+#include <string_view>
 #include <utility>
 
 namespace GitHubProvider {
 namespace {
 
 using PullRequestKit::ProgressCount;
+using PullRequestKit::PullRequestDetails;
 using PullRequestKit::PullRequestMergeability;
 using PullRequestKit::PullRequestState;
 using PullRequestKit::ReviewActivity;
 using PullRequestKit::ReviewState;
+using PullRequestKit::ReviewVerdict;
 
 constexpr std::string_view approvedText = "APPROVED";
 constexpr std::string_view changesRequestedText = "CHANGES_REQUESTED";
@@ -101,14 +107,13 @@ ReviewState reviewState(
     return activity.hasCommentedReview ? ReviewState::commented : ReviewState::pending;
 }
 
-ProgressCount checks(const Node& node)
+std::span<const CheckContext> checkContexts(const Node& node)
 {
     const auto commits = elements(node.commits);
-    if (commits.empty()) {
+    if (commits.empty() || !commits.back().commit.statusCheckRollup) {
         return {};
     }
-    const auto& rollup = commits.back().commit.statusCheckRollup;
-    return rollup ? countChecks(rollup->contexts.nodes) : ProgressCount{};
+    return commits.back().commit.statusCheckRollup->contexts.nodes;
 }
 
 PullRequestState state(const Node& node)
@@ -128,14 +133,80 @@ PullRequestMergeability mergeability(const Node& node)
                                            : PullRequestMergeability::unknown;
 }
 
-std::string author(const Node& node)
+std::string loginOrGhost(const std::optional<Actor>& actor)
 {
-    return node.author && node.author->login ? *node.author->login : ghost;
+    return actor && actor->login ? *actor->login : ghost;
+}
+
+/// Set when a list is as long as the search lets it become.
+std::optional<std::int64_t> limitReached(std::size_t length, std::size_t limit)
+{
+    return length >= limit ? std::optional(static_cast<std::int64_t>(limit)) : std::nullopt;
+}
+
+void addOnce(std::vector<std::string>& names, const std::string& name)
+{
+    if (std::ranges::find(names, name) == names.end()) {
+        names.push_back(name);
+    }
+}
+
+void addRequests(PullRequestDetails& details, std::span<const ReviewRequest> requests)
+{
+    for (const ReviewRequest& request : requests) {
+        if (!request.requestedReviewer) {
+            continue;
+        }
+        const Actor& reviewer = *request.requestedReviewer;
+        if (reviewer.login) {
+            addOnce(details.requestedUsers, *reviewer.login);
+        } else if (reviewer.name) {
+            addOnce(details.requestedTeams, *reviewer.name);
+        }
+    }
+    details.requestLimit = limitReached(requests.size(), SearchLimits::reviewRequests);
+}
+
+std::optional<ReviewVerdict> verdict(std::string_view state)
+{
+    constexpr std::array<std::pair<std::string_view, ReviewVerdict>, 5> verdicts{{
+        {approvedText, ReviewVerdict::approved},
+        {changesRequestedText, ReviewVerdict::changesRequested},
+        {commentedText, ReviewVerdict::commented},
+        {"DISMISSED", ReviewVerdict::dismissed},
+        {"PENDING", ReviewVerdict::pending},
+    }};
+    const auto* const found =
+        std::ranges::find(verdicts, state, &std::pair<std::string_view, ReviewVerdict>::first);
+    return found != verdicts.end() ? std::optional(found->second) : std::nullopt;
+}
+
+void addReviews(PullRequestDetails& details, std::span<const Review> reviews)
+{
+    details.reviews.reserve(reviews.size());
+    for (const Review& review : reviews) {
+        if (const auto known = verdict(review.state)) {
+            details.reviews.push_back({loginOrGhost(review.author), *known});
+        }
+    }
+    details.reviewLimit = limitReached(reviews.size(), SearchLimits::reviews);
+}
+
+PullRequestDetails makeDetails(
+    std::span<const ReviewRequest> requests, std::span<const Review> reviews, CheckSummary checks)
+{
+    PullRequestDetails details;
+    addRequests(details, requests);
+    addReviews(details, reviews);
+    details.passedChecks = std::move(checks.passed);
+    details.failedChecks = std::move(checks.failed);
+    details.runningChecks = std::move(checks.running);
+    return details;
 }
 
 }  // namespace
 
-std::optional<PullRequestKit::PullRequest> makePullRequest(
+std::optional<MappedPullRequest> mapPullRequest(
     Node node, const std::string& host, std::optional<std::int64_t> requiredReviews)
 {
     if (!isComplete(node)) {
@@ -145,17 +216,19 @@ std::optional<PullRequestKit::PullRequest> makePullRequest(
     const auto reviews = elements(node.latestReviews);
     const Names requested = requestedReviewers(node);
     const std::string& repository = node.repository->nameWithOwner;
+    const auto contexts = checkContexts(node);
+    CheckSummary checks = summarizeChecks(contexts);
 
     PullRequestKit::PullRequest made;
     made.reviewActivity = activity(reviews);
     made.reviewState = reviewState(reviews, made.reviewActivity, !requested.empty());
     made.reviews = countReviews(reviews, requested);
     made.requiredApprovingReviewCount = requiredReviews;
-    made.checks = checks(node);
+    made.checks = checks.count;
     made.id = {std::string(providerID), host, repository, *node.number};
     made.title = *std::move(node.title);
     made.url = *std::move(node.url);
-    made.author = author(node);
+    made.author = loginOrGhost(node.author);
     made.createdAt = node.createdAt;
     made.updatedAt = *node.updatedAt;
     made.state = state(node);
@@ -166,7 +239,16 @@ std::optional<PullRequestKit::PullRequest> makePullRequest(
     made.base = {
         node.baseRepository.value_or(*node.repository).nameWithOwner, *std::move(node.baseRefName)};
     // NOLINTEND(bugprone-unchecked-optional-access)
-    return made;
+    auto details = makeDetails(elements(node.reviewRequests), reviews, std::move(checks));
+    details.checkLimit = limitReached(contexts.size(), SearchLimits::checks);
+    return MappedPullRequest{std::move(made), std::move(details)};
+}
+
+std::optional<PullRequestKit::PullRequest> makePullRequest(
+    Node node, const std::string& host, std::optional<std::int64_t> requiredReviews)
+{
+    auto mapped = mapPullRequest(std::move(node), host, requiredReviews);
+    return mapped ? std::optional(std::move(mapped->pullRequest)) : std::nullopt;
 }
 
 }  // namespace GitHubProvider

@@ -42,7 +42,10 @@ SearchHit makeHit(Node node, const std::string& host)
         hit.baseRefID = node.baseRef->id;
         hit.requiredApprovingReviewCount = node.baseRef->requiredApprovingReviewCount();
     }
-    hit.pullRequest = makePullRequest(std::move(node), host, std::nullopt);
+    if (auto mapped = mapPullRequest(std::move(node), host, std::nullopt)) {
+        hit.pullRequest = std::move(mapped->pullRequest);
+        hit.details = std::move(mapped->details);
+    }
     return hit;
 }
 
@@ -93,3 +96,4 @@ SearchResult search(
 }
 
 }  // namespace GitHubProvider
+    found.isCutOff = std::cmp_greater(found.matches.value_or(0), found.hits.size());

@@ -4,6 +4,7 @@
 #include "GitHubProvider/SearchTrace.h"
 #include "PullRequestKit/PullRequest.h"
 
+#include "PullRequestKit/PullRequestDetails.h"
 #include <cstdint>
 #include <optional>
 #include <stop_token>
@@ -18,6 +19,7 @@ struct SearchHit {
     /// pull request.
     std::optional<PullRequestKit::PullRequest> pullRequest;
     std::optional<std::string> baseRefID;
+    PullRequestKit::PullRequestDetails details;  ///< Empty when there is no pull request.
 
     /// What the hit itself says on the approvals that its base branch requires.
     std::optional<std::int64_t> requiredApprovingReviewCount;
@@ -29,6 +31,7 @@ struct SearchResult {
     std::vector<SearchHit> hits;
     std::optional<std::int64_t> matches;  ///< How many GitHub counts, which may be more.
 };
+    bool isCutOff = false;                ///< GitHub counts more than it hands out.
 
 /// The hits of a query, in GitHub's order, loaded page by page. Blocks; call on a worker thread.
 /// Throws `ProviderError`, `DecodingError`, `CancellationError` and what `Gh::run` throws; then

@@ -2,12 +2,37 @@
 
 #include "PullRequestKit/ReviewerScope.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 namespace GitHubProvider {
+
+/// How many entries of each list the search asks for. An answer with as many may lack some.
+struct SearchLimits {
+    static constexpr std::size_t reviewRequests = 50;
+    static constexpr std::size_t reviews = 50;
+    static constexpr std::size_t checks = 100;
+};
+
+/// How a search names several repositories.
+enum class SearchForm {
+    terms,   ///< `repo:a repo:b`, any of which a hit may match.
+    groups,  ///< `(repo:a OR repo:b)`, which needs the advanced search.
+};
+
+/// What a search text may hold at most. The defaults are what the system takes as one argument.
+struct SearchBounds {
+    std::size_t bytes = largestSearchText;
+    std::size_t repositories = SIZE_MAX;
+
+    /// Linux takes arguments of 128 KiB with the zero byte at their end; "q=" stands before the
+    /// text.
+    static constexpr std::size_t largestSearchText = std::size_t{128} * 1024 - 1 - 2;
+};
 
 /// The search terms for the open pull requests of these repositories, last updated first.
 /// Safe from any thread.

@@ -3,6 +3,7 @@
 #include "PullRequestKit/AuthenticationStatus.h"
 #include "PullRequestKit/Errors.h"
 #include "PullRequestKit/PullRequest.h"
+#include "PullRequestKit/PullRequestDetails.h"
 #include "PullRequestKit/RepositorySummary.h"
 #include "PullRequestKit/ReviewerScope.h"
 
@@ -23,6 +24,9 @@ struct PullRequestList {
 
     /// How many there are in all, when that is known to be more than the service hands out.
     std::optional<std::int64_t> found;
+
+    /// One for each of the pull requests, in their order; empty where the service tells no names.
+    std::vector<PullRequestDetails> details;
 };
 
 /// A code-hosting service as the program sees it. All three requests block; call them on a worker
@@ -54,13 +58,14 @@ public:
         const std::set<std::string>& repositories,
         std::stop_token stopToken) const = 0;
 
-    /// The same, with how many there are. A provider that cannot tell leaves this as it is.
+    /// The same, with how many there are and the names behind their counts. A provider that cannot
+    /// tell leaves this as it is.
     virtual PullRequestList listPullRequests(
         ReviewerScope reviewerScope,
         const std::set<std::string>& repositories,
         std::stop_token stopToken) const
     {
-        return {pullRequests(reviewerScope, repositories, std::move(stopToken)), std::nullopt};
+        return {pullRequests(reviewerScope, repositories, std::move(stopToken)), std::nullopt, {}};
     }
 };
 

@@ -18,7 +18,7 @@ std::vector<CheckContext> contexts(std::string_view json)
 
 ProgressCount count(std::string_view json)
 {
-    return countChecks(contexts(json));
+    return summarizeChecks(contexts(json)).count;
 }
 
 TEST(CheckContext, readsEveryFieldOfACheckRun)

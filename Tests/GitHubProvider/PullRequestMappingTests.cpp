@@ -278,4 +278,87 @@ TEST(PullRequestMapping, withoutCommitsOrRollupThereAreNoChecks)
     EXPECT_EQ(map(node).checks, ProgressCount{});
 }
 
+PullRequestDetails detailsOf(const Node& node)
+{
+    auto mapped = mapPullRequest(node, "github.com", std::nullopt);
+    if (!mapped) {
+        throw std::runtime_error("the node was dropped");
+    }
+    return std::move(mapped->details);
+}
+
+TEST(PullRequestDetailsMapping, namesRequestedUsersAndTeamsInTheAnswersOrder)
+{
+    Node node = completeNode();
+    node.reviewRequests.emplace().nodes = Json::decode<std::vector<ReviewRequest>>(
+        R"([{"requestedReviewer": {"login": "tomasz"}}, {"requestedReviewer": {"name": "platform"}},
+            {"requestedReviewer": {}}, {"requestedReviewer": null},
+            {"requestedReviewer": {"login": "ada"}}, {"requestedReviewer": {"login": "tomasz"}},
+            {"requestedReviewer": {"name": "platform"}}, {"requestedReviewer": {"name": "docs"}}])");
+    const PullRequestDetails details = detailsOf(node);
+    EXPECT_THAT(details.requestedUsers, testing::ElementsAre("tomasz", "ada"));
+    EXPECT_THAT(details.requestedTeams, testing::ElementsAre("platform", "docs"));
+    EXPECT_FALSE(details.isCutOff());
+}
+
+TEST(PullRequestDetailsMapping, namesEachReviewerWithTheResult)
+{
+    Node node = completeNode();
+    node.latestReviews.emplace().nodes = Json::decode<std::vector<Review>>(
+        R"([{"state": "APPROVED", "author": {"login": "mara"}},
+            {"state": "CHANGES_REQUESTED", "author": null},
+            {"state": "COMMENTED", "author": {"login": "kim"}},
+            {"state": "DISMISSED", "author": {"login": "lou"}},
+            {"state": "PENDING", "author": {"login": "octo"}},
+            {"state": "LOVED", "author": {"login": "ada"}}])");
+    EXPECT_THAT(
+        detailsOf(node).reviews,
+        testing::ElementsAre(
+            LatestReview{"mara", ReviewVerdict::approved},
+            LatestReview{"ghost", ReviewVerdict::changesRequested},
+            LatestReview{"kim", ReviewVerdict::commented},
+            LatestReview{"lou", ReviewVerdict::dismissed},
+            LatestReview{"octo", ReviewVerdict::pending}));
+}
+
+Node nodeWithChecks(std::string_view contexts)
+{
+    Node node = completeNode();
+    Rollup& rollup = node.commits.emplace().nodes.emplace_back().commit.statusCheckRollup.emplace();
+    rollup.contexts.nodes = Json::decode<std::vector<CheckContext>>(contexts);
+    return node;
+}
+
+TEST(PullRequestDetailsMapping, namesTheChecksThatCount)
+{
+    const Node node = nodeWithChecks(
+        R"json([{"__typename": "CheckRun", "name": "build", "conclusion": "FAILURE", "databaseId": 1},
+            {"__typename": "CheckRun", "name": "lint", "conclusion": "TIMED_OUT"},
+            {"__typename": "CheckRun", "name": "build", "conclusion": "SUCCESS", "databaseId": 2},
+            {"__typename": "CheckRun", "name": "test (linux)", "status": "QUEUED"},
+            {"__typename": "StatusContext", "context": "ci/deploy", "state": "ERROR"},
+            {"__typename": "StatusContext", "context": "ci/docs", "state": "PENDING"},
+            {"__typename": "Unheard"}])json");
+    const PullRequestDetails details = detailsOf(node);
+    EXPECT_THAT(details.passedChecks, testing::ElementsAre("build"));
+    EXPECT_THAT(details.failedChecks, testing::ElementsAre("lint", "ci/deploy"));
+    EXPECT_THAT(details.runningChecks, testing::ElementsAre("test (linux)", "ci/docs"));
+    EXPECT_EQ(map(node).checks, (ProgressCount{.completed = 1, .total = 6, .failed = 2}));
+}
+
+TEST(PullRequestDetailsMapping, listsAsLongAsTheSearchAsksForMayBeCutOff)
+{
+    Node node = nodeWithChecks("[]");
+    const auto length = [&](std::size_t requests, std::size_t reviews, std::size_t checks) {
+        node.reviewRequests.emplace().nodes.resize(requests);
+        node.latestReviews.emplace().nodes.resize(reviews);
+        node.commits->nodes.back().commit.statusCheckRollup->contexts.nodes.resize(checks);
+        return detailsOf(node);
+    };
+    EXPECT_FALSE(length(49, 49, 99).isCutOff());
+    EXPECT_EQ(length(50, 49, 99).requestLimit, 50);
+    EXPECT_EQ(length(49, 50, 99).reviewLimit, 50);
+    EXPECT_EQ(length(49, 49, 100).checkLimit, 100);
+}
+
 }  // namespace

@@ -1,0 +1,90 @@
+#include "PullRequestKit/PullRequestDetails.h"
+
+#include "PullRequestKit/Json/Reading.h"
+#include "PullRequestKit/Json/Writing.h"
+#include "Support/PullRequests.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace PullRequestKit;
+using TestSupport::date;
+using TestSupport::makePullRequest;
+
+PullRequestDetails waitingFor(std::string user)
+{
+    PullRequestDetails details;
+    details.requestedUsers.push_back(std::move(user));
+    return details;
+}
+
+PullRequest updatedAt(std::int64_t number, std::string_view instant)
+{
+    PullRequest pullRequest = makePullRequest(number);
+    pullRequest.updatedAt = date(instant);
+    return pullRequest;
+}
+
+TEST(PullRequestDetails, areKeyedByTheIdentity)
+{
+    const std::vector pullRequests{makePullRequest(1), makePullRequest(2)};
+    const DetailsByID details = detailsByID(pullRequests, {waitingFor("ada"), waitingFor("bo")});
+    ASSERT_EQ(details.size(), 2U);
+    EXPECT_EQ(details.at(pullRequests[0].id), waitingFor("ada"));
+    EXPECT_EQ(details.at(pullRequests[1].id), waitingFor("bo"));
+}
+
+TEST(PullRequestDetails, ofAnIdentityThatOccursTwiceAreThoseOfTheVersionThatIsKept)
+{
+    const std::vector pullRequests{
+        updatedAt(1, "2024-05-01T10:00:00Z"),
+        updatedAt(2, "2024-05-01T10:00:00Z"),
+        updatedAt(1, "2024-05-01T11:00:00Z"),
+        updatedAt(2, "2024-05-01T10:00:00Z"),
+        updatedAt(1, "2024-05-01T10:30:00Z")};
+    const DetailsByID details = detailsByID(
+        pullRequests,
+        {waitingFor("old"),
+         waitingFor("first"),
+         waitingFor("latest"),
+         waitingFor("second"),
+         waitingFor("between")});
+    ASSERT_EQ(details.size(), 2U);
+    EXPECT_EQ(details.at(pullRequests[0].id), waitingFor("latest"));
+    EXPECT_EQ(details.at(pullRequests[1].id), waitingFor("first"));
+}
+
+TEST(PullRequestDetails, areMissingWhereTheServiceTellsNone)
+{
+    EXPECT_TRUE(detailsByID(std::vector{makePullRequest(1)}, {}).empty());
+}
+
+TEST(PullRequestDetails, areCutOffWhenOneOfTheListsIs)
+{
+    PullRequestDetails details;
+    EXPECT_FALSE(details.isCutOff());
+    details.checkLimit = 100;
+    EXPECT_TRUE(details.isCutOff());
+}
+
+TEST(PullRequestDetails, areWrittenUnderTheirStoredNames)
+{
+    PullRequestDetails details;
+    details.requestedUsers = {"tomasz"};
+    details.requestedTeams = {"platform"};
+    details.reviews = {{"noa-b", ReviewVerdict::changesRequested}};
+    details.passedChecks = {"build"};
+    details.failedChecks = {"lint"};
+    details.runningChecks = {"test"};
+    details.checkLimit = 100;
+    EXPECT_EQ(
+        Json::encode(details),
+        R"({"requestedUsers":["tomasz"],"requestedTeams":["platform"],)"
+        R"("reviews":[{"author":"noa-b","verdict":"changesRequested"}],)"
+        R"("passedChecks":["build"],"failedChecks":["lint"],"runningChecks":["test"],)"
+        R"("checkLimit":100})");
+    EXPECT_EQ(Json::decode<PullRequestDetails>(Json::encode(details)), details);
+}
+
+}  // namespace
