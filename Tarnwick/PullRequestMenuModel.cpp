@@ -39,6 +39,7 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
     , _notifications(_parts.notifier, _settings, _operations)
     , _rows(std::make_shared<const std::vector<PullRequestRow>>())
     , _allPullRequests(noPullRequests())
+    , _details(std::make_shared<const DetailsByID>())
     , _polling(
           _parts.clock,
           _parts.machine,
@@ -127,12 +128,14 @@ void PullRequestMenuModel::followNotifications()
 
 void PullRequestMenuModel::showLastList()
 {
-    auto list =
-        _parts.readAhead ? _parts.readAhead->takeList() : lastList(_parts.cache.load(), _settings);
+    auto list = _parts.readAhead ? _parts.readAhead->takeList() : lastList(_parts.cache, _settings);
     if (!list) {
         return;
     }
-    setRows(std::move(list->rows), list->hidden);
+    setRows(
+        std::move(list->rows),
+        list->hidden,
+        std::make_shared<const DetailsByID>(std::move(list->details)));
     _allPullRequests =
         std::make_shared<const std::vector<PullRequest>>(std::move(list->snapshot.pullRequests));
     _repositories = std::move(list->snapshot.repositories);
@@ -167,6 +170,20 @@ void PullRequestMenuModel::setRows(std::vector<PullRequestRow> rows, HiddenCount
     }
     if (previous.total() > 0 || hidden.total() > 0) {
         Q_EMIT hiddenChanged();
+    }
+}
+
+void PullRequestMenuModel::setRows(
+    std::vector<PullRequestRow> rows, HiddenCounts hidden, SharedDetails details)
+{
+    const bool areOtherDetails = *_details != *details;
+    if (areOtherDetails) {
+        _details = std::move(details);
+    }
+    const SharedRows before = _rows;
+    setRows(std::move(rows), hidden);
+    if (areOtherDetails && _rows == before) {
+        Q_EMIT detailsChanged();
     }
 }
 

@@ -88,6 +88,10 @@ public:
         return Tarnwick::sightOf(pullRequest, _settings);
     }
 
+    /// The names behind the counts of the pull requests, filtered away or not; those whose names
+    /// are not known are missing. Not null.
+    const PullRequestKit::SharedDetails& details() const { return _details; }
+
     const std::vector<PullRequestKit::RepositorySummary>& repositories() const
     {
         return _repositories;
@@ -204,6 +208,8 @@ Q_SIGNALS:
     void visitsChanged();
     /// Other processes have stored something; it may be what the model knows nothing of.
     void settingsReadAgain();
+    /// The rows are as before: otherwise `rowsChanged` alone says that both changed.
+    void detailsChanged();
 
 private:
     template<typename Value>
@@ -215,6 +221,10 @@ private:
     void showLastList();
     void rebuildRows();
     void setRows(std::vector<PullRequestKit::PullRequestRow> rows, HiddenCounts hidden);
+    void setRows(
+        std::vector<PullRequestKit::PullRequestRow> rows,
+        HiddenCounts hidden,
+        PullRequestKit::SharedDetails details);
 
     QCoro::Task<> refreshUntilStopped(std::stop_token stopToken);
     void begin(const std::stop_token& stopToken);
@@ -256,6 +266,7 @@ private:
     std::optional<Shortfall> _shortfall;
 
     SharedPullRequests _allPullRequests;
+    PullRequestKit::SharedDetails _details;
     bool _hasSnapshot = false;
     BlockedPullRequests _blocked;
     bool _hasRecalledBlocked = false;

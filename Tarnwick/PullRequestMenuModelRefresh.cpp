@@ -155,7 +155,7 @@ void PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
     }
     recallBlocked();
     _allPullRequests = result.pullRequests;
-    setRows(std::move(result.rows), result.hidden);
+    setRows(std::move(result.rows), result.hidden, std::move(result.details));
     assign(_shortfall, result.shortfall, &PullRequestMenuModel::shortfallChanged);
     const Date now = _parts.clock->now();
     assign(_lastRefreshed, now, &PullRequestMenuModel::lastRefreshedChanged);
@@ -171,7 +171,7 @@ void PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
     _isAccepting = false;
     rememberBlocked();
     result.snapshot.refreshedAt = now;
-    _snapshotWriter.save(std::move(result.snapshot));
+    _snapshotWriter.save(std::move(result.snapshot), _details);
 }
 
 /// Before the first refresh is taken over: what was blocked when the program last ran, and what the

@@ -13,6 +13,7 @@ FetchedPullRequests fetch(
 {
     auto list = provider.listPullRequests(request.reviewerScope, request.repositories, stopToken);
     FetchedPullRequests fetched;
+    fetched.details = PullRequestKit::detailsByID(list.pullRequests, std::move(list.details));
     fetched.pullRequests = PullRequestKit::uniquePullRequests(std::move(list.pullRequests));
     if (list.found) {
         fetched.shortfall = {*list.found, static_cast<std::int64_t>(fetched.pullRequests.size())};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PullRequestKit/PullRequestDetails.h"
 #include "PullRequestKit/PullRequestProvider.h"
 
 #include <cstdint>
@@ -29,6 +30,7 @@ struct FetchedPullRequests {
     std::vector<PullRequestKit::PullRequest> pullRequests;  ///< One per identity.
     std::vector<PullRequestKit::RepositorySummary> repositories;
     std::optional<Shortfall> shortfall;  ///< When the provider knows of more.
+    PullRequestKit::DetailsByID details = {};
 };
 
 /// Asks for the pull requests, then for the repositories. Blocks; call on a worker thread. Throws

@@ -2,13 +2,16 @@
 
 #include "PullRequestKit/UniquePullRequests.h"
 #include "Tarnwick/Model/RowFilter.h"
+#include "Tarnwick/Persistence/PullRequestDetailsFile.h"
 
 #include <utility>
 
 namespace Tarnwick {
 
 std::optional<LastList> lastList(
-    std::optional<CachedPullRequestSnapshot> snapshot, const Settings& settings)
+    std::optional<CachedPullRequestSnapshot> snapshot,
+    PullRequestKit::DetailsByID details,
+    const Settings& settings)
 {
     if (!snapshot
         || (snapshot->reviewerScope
@@ -17,7 +20,17 @@ std::optional<LastList> lastList(
     }
     snapshot->pullRequests = PullRequestKit::uniquePullRequests(std::move(snapshot->pullRequests));
     FilteredRows list = filteredRows(snapshot->pullRequests, settings);
-    return LastList{std::move(*snapshot), std::move(list.rows), list.hidden};
+    return LastList{std::move(*snapshot), std::move(details), std::move(list.rows), list.hidden};
+}
+
+std::optional<LastList> lastList(const PullRequestDiskCache& cache, const Settings& settings)
+{
+    auto snapshot = cache.load();
+    if (!snapshot) {
+        return std::nullopt;
+    }
+    auto details = PullRequestDetailsFile::beside(cache).load(*snapshot);
+    return lastList(std::move(snapshot), std::move(details), settings);
 }
 
 }  // namespace Tarnwick

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "PullRequestKit/PullRequestDetails.h"
 #include "PullRequestKit/PullRequestRow.h"
 #include "Tarnwick/Model/HiddenCounts.h"
 #include "Tarnwick/Model/Settings.h"
-#include "Tarnwick/Persistence/CachedPullRequestSnapshot.h"
+#include "Tarnwick/Persistence/PullRequestDiskCache.h"
 
 #include <optional>
 #include <vector>
@@ -13,13 +14,19 @@ namespace Tarnwick {
 /// What the last refresh found, as it is shown until the next one has ended.
 struct LastList {
     CachedPullRequestSnapshot snapshot;  ///< Each pull request once.
+    PullRequestKit::DetailsByID details;
     std::vector<PullRequestKit::PullRequestRow> rows;
     HiddenCounts hidden;
 };
 
-/// What of the snapshot the settings leave. Nothing when there is no snapshot, or it was taken for
-/// other reviewers. Safe from any thread.
+/// What of the snapshot the settings leave, with the names behind its counts. Nothing when there is
+/// no snapshot, or it was taken for other reviewers. Safe from any thread.
 std::optional<LastList> lastList(
-    std::optional<CachedPullRequestSnapshot> snapshot, const Settings& settings);
+    std::optional<CachedPullRequestSnapshot> snapshot,
+    PullRequestKit::DetailsByID details,
+    const Settings& settings);
+
+/// What lies on disk, made ready in the same way. Blocks; safe from any thread.
+std::optional<LastList> lastList(const PullRequestDiskCache& cache, const Settings& settings);
 
 }  // namespace Tarnwick

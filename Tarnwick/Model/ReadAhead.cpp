@@ -1,5 +1,7 @@
 #include "Tarnwick/Model/ReadAhead.h"
 
+#include "Tarnwick/Persistence/PullRequestDetailsFile.h"
+
 #include <utility>
 
 namespace Tarnwick {
@@ -14,7 +16,9 @@ ReadAhead::ReadAhead(OpenDefaults openDefaults, PullRequestDiskCache cache)
           }))
     , _list(std::async(std::launch::async, [read = _read, cache = std::move(cache)] {
         auto snapshot = cache.load();
-        return lastList(std::move(snapshot), read.get().settings);
+        auto details = snapshot ? PullRequestDetailsFile::beside(cache).load(*snapshot)
+                                : PullRequestKit::DetailsByID();
+        return lastList(std::move(snapshot), std::move(details), read.get().settings);
     }))
 {}
 

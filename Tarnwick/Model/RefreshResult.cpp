@@ -35,6 +35,7 @@ RefreshResult refreshResult(FetchedPullRequests fetched, const RefreshStart& sta
     result.snapshot.repositories = std::move(fetched.repositories);
     result.pullRequests =
         std::make_shared<const std::vector<PullRequest>>(std::move(fetched.pullRequests));
+    result.details = std::make_shared<const DetailsByID>(std::move(fetched.details));
     result.shortfall = fetched.shortfall;
     return refreshResult(std::move(result), start);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PullRequestKit/PullRequestDetails.h"
 #include "PullRequestKit/PullRequestRow.h"
 #include "Tarnwick/Model/Fetch.h"
 #include "Tarnwick/Model/HiddenCounts.h"
@@ -24,6 +25,7 @@ struct RefreshStart {
 /// What a refresh found, made ready for the list, the notifications and the cache.
 struct RefreshResult {
     SharedPullRequests pullRequests;                   ///< Not null.
+    PullRequestKit::SharedDetails details;             ///< Not null.
     std::vector<PullRequestKit::PullRequestRow> rows;  ///< What the settings leave.
     HiddenCounts hidden;                               ///< What they hide.
     NewPullRequestBaseline baseline;                   ///< Its time is still to be set.

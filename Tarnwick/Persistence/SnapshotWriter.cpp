@@ -1,5 +1,7 @@
 #include "Tarnwick/Persistence/SnapshotWriter.h"
 
+#include "Tarnwick/Persistence/PullRequestDetailsFile.h"
+
 #include <utility>
 
 namespace Tarnwick {
@@ -11,9 +13,14 @@ SnapshotWriter::SnapshotWriter(PullRequestDiskCache cache)
 
 SnapshotWriter::~SnapshotWriter() = default;
 
-void SnapshotWriter::save(CachedPullRequestSnapshot snapshot)
+void SnapshotWriter::save(CachedPullRequestSnapshot snapshot, PullRequestKit::SharedDetails details)
 {
-    add([this, snapshot = std::move(snapshot)] { _cache.save(snapshot); });
+    add([this, snapshot = std::move(snapshot), details = std::move(details)] {
+        _cache.save(snapshot);
+        if (details) {
+            PullRequestDetailsFile::beside(_cache).save(snapshot, *details);
+        }
+    });
 }
 
 void SnapshotWriter::save(BlockedPullRequestsFile file, BlockedPullRequests blocked)

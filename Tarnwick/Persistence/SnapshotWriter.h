@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PullRequestKit/PullRequestDetails.h"
 #include "Tarnwick/Persistence/BlockedPullRequestsFile.h"
 #include "Tarnwick/Persistence/PullRequestDiskCache.h"
 
@@ -26,8 +27,8 @@ public:
     /// Blocks until everything handed over is written.
     ~SnapshotWriter();
 
-    /// Returns at once.
-    void save(CachedPullRequestSnapshot snapshot);
+    /// Return at once. The details of the snapshot's pull requests are written after it, beside it.
+    void save(CachedPullRequestSnapshot snapshot, PullRequestKit::SharedDetails details = nullptr);
     void save(BlockedPullRequestsFile file, BlockedPullRequests blocked);
 
     /// Blocks until everything handed over so far is written.

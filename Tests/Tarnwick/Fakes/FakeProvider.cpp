@@ -50,13 +50,19 @@ PullRequestList FakeProvider::listPullRequests(
 {
     PullRequests answer = pullRequests(reviewerScope, repositories, std::move(stopToken));
     const std::lock_guard lock(_mutex);
-    return {std::move(answer), _found};
+    return {std::move(answer), _found, _details};
 }
 
 void FakeProvider::setFound(std::optional<std::int64_t> found)
 {
     const std::lock_guard lock(_mutex);
     _found = found;
+}
+
+void FakeProvider::setDetails(std::vector<PullRequestDetails> details)
+{
+    const std::lock_guard lock(_mutex);
+    _details = std::move(details);
 }
 
 void FakeProvider::setStatus(AuthenticationStatus status)

@@ -42,6 +42,8 @@ public:
     void setPullRequests(PullRequests pullRequests);
     /// How many pull requests the next answers say there are.
     void setFound(std::optional<std::int64_t> found);
+    /// The details of the pull requests, in their order.
+    void setDetails(std::vector<PullRequestKit::PullRequestDetails> details);
     void setRepositories(std::vector<std::string> names);
     /// The next request for pull requests throws a `ProviderError` with this text; empty: none
     /// does.
@@ -66,6 +68,7 @@ private:
     PullRequestKit::AuthenticationStatus _status = PullRequestKit::Authenticated{"octo"};
     PullRequests _pullRequests;
     std::optional<std::int64_t> _found;
+    std::vector<PullRequestKit::PullRequestDetails> _details;
     Repositories _repositories;
     std::string _error;
     std::string _repositoriesError;

@@ -1,6 +1,9 @@
 #include "Fakes/ModelFixture.h"
+#include "Tarnwick/Persistence/PullRequestDetailsFile.h"
 
 #include <QDir>
+
+#include <filesystem>
 
 namespace {
 
@@ -168,6 +171,52 @@ TEST_F(Snapshots, aCacheThatCannotBeReadIsPassedOver)
     refresh();
     EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2));
     EXPECT_EQ(model->refreshError(), std::nullopt);
+}
+
+TEST_F(Snapshots, theNamesBehindTheCountsAreKnownWithoutNetwork)
+{
+    PullRequestDetails details;
+    details.failedChecks = {"lint"};
+    provider->setDetails({PullRequestDetails{}, details});
+    selectTools();
+    start();
+    refresh();
+    EXPECT_EQ(model->details()->at(makePullRequest(2).id), details);
+    start();
+    EXPECT_EQ(model->details()->size(), 2U);
+    EXPECT_EQ(model->details()->at(makePullRequest(2).id), details);
+    std::filesystem::remove(Tarnwick::PullRequestDetailsFile::beside(cache()).fileURL);
+    start();
+    EXPECT_THAT(*model->details(), IsEmpty());
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2));
+}
+
+TEST_F(Snapshots, namesThatChangeWithoutTheirCountsAreAnnouncedOnce)
+{
+    PullRequestDetails details;
+    details.failedChecks = {"lint"};
+    provider->setDetails({details, details});
+    selectTools();
+    start();
+    refresh();
+    int rowsChanges = 0;
+    int detailsChanges = 0;
+    using Model = Tarnwick::PullRequestMenuModel;
+    QObject::connect(model.get(), &Model::rowsChanged, model.get(), [&] { ++rowsChanges; });
+    QObject::connect(model.get(), &Model::detailsChanged, model.get(), [&] { ++detailsChanges; });
+    refresh();
+    EXPECT_EQ(detailsChanges, 0);
+    details.failedChecks = {"build"};
+    provider->setDetails({details, details});
+    refresh();
+    EXPECT_EQ(rowsChanges, 0);
+    EXPECT_EQ(detailsChanges, 1);
+    details.failedChecks = {"docs"};
+    provider->setDetails({details});
+    provider->setPullRequests({makePullRequest(1)});
+    refresh();
+    EXPECT_EQ(rowsChanges, 1);
+    EXPECT_EQ(detailsChanges, 1);
 }
 
 }  // namespace

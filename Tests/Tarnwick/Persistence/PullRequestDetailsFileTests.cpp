@@ -1,0 +1,192 @@
+#include "Tarnwick/Persistence/PullRequestDetailsFile.h"
+
+#include "Persistence/FileTrouble.h"
+#include "Support/PullRequests.h"
+#include "Tarnwick/Persistence/SnapshotWriter.h"
+
+#include <fstream>
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+namespace {
+
+using namespace FileTrouble;
+using namespace PullRequestKit;
+using namespace Tarnwick;
+using testing::IsEmpty;
+using TestSupport::date;
+using TestSupport::makePullRequest;
+
+CachedPullRequestSnapshot snapshotAt(std::string_view refreshedAt)
+{
+    CachedPullRequestSnapshot snapshot;
+    snapshot.pullRequests = {makePullRequest(1), makePullRequest(2)};
+    snapshot.refreshedAt = date(refreshedAt);
+    return snapshot;
+}
+
+PullRequestDetails namedDetails()
+{
+    PullRequestDetails details;
+    details.requestedTeams = {"platform"};
+    details.reviews = {{"noa-b", ReviewVerdict::dismissed}};
+    details.failedChecks = {"test linux"};
+    details.checkLimit = 100;
+    return details;
+}
+
+class PullRequestDetailsFileTest : public testing::Test {
+protected:
+    void writeFile(const std::string& text) const
+    {
+        std::ofstream(file.fileURL, std::ios::binary) << text;
+    }
+
+    std::string readFile() const
+    {
+        std::ifstream stream(file.fileURL, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+
+    Folder folder;
+    PullRequestDiskCache cache{folder / "pull-requests.json"};
+    PullRequestDetailsFile file = PullRequestDetailsFile::beside(cache);
+    CachedPullRequestSnapshot snapshot = snapshotAt("2024-05-01T09:30:00Z");
+    DetailsByID details{{makePullRequest(1).id, namedDetails()}};
+};
+
+TEST_F(PullRequestDetailsFileTest, liesBesideTheCache)
+{
+    EXPECT_EQ(file.fileURL, folder / "pull-request-details.json");
+}
+
+TEST_F(PullRequestDetailsFileTest, yieldsWhatWasSavedWithTheSnapshot)
+{
+    file.save(snapshot, details);
+    EXPECT_EQ(file.load(snapshot), details);
+}
+
+TEST_F(PullRequestDetailsFileTest, isOneDocumentInTheOrderOfTheSnapshot)
+{
+    details.emplace(makePullRequest(2).id, PullRequestDetails{});
+    details.emplace(makePullRequest(3).id, namedDetails());  // Not in the snapshot.
+    file.save(snapshot, details);
+    EXPECT_EQ(
+        readFile(),
+        R"({"version":1,"refreshedAt":"2024-05-01T09:30:00Z","pullRequests":[)"
+        R"({"id":{"provider":"github","host":"github.com","repository":"octo/tools","number":1},)"
+        R"("details":{"requestedUsers":[],"requestedTeams":["platform"],)"
+        R"("reviews":[{"author":"noa-b","verdict":"dismissed"}],"passedChecks":[],)"
+        R"("failedChecks":["test linux"],"runningChecks":[],"checkLimit":100}},)"
+        R"({"id":{"provider":"github","host":"github.com","repository":"octo/tools","number":2},)"
+        R"("details":{"requestedUsers":[],"requestedTeams":[],"reviews":[],"passedChecks":[],)"
+        R"("failedChecks":[],"runningChecks":[]}}]})");
+}
+
+TEST_F(PullRequestDetailsFileTest, isForItsOwnerAlone)
+{
+    file.save(snapshot, details);
+    struct stat status{};
+    ASSERT_EQ(stat(file.fileURL.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0600U);
+}
+
+TEST_F(PullRequestDetailsFileTest, ofAnotherRefreshCountsAsAbsent)
+{
+    file.save(snapshot, details);
+    EXPECT_THAT(file.load(snapshotAt("2024-05-01T09:30:01Z")), IsEmpty());
+}
+
+TEST_F(PullRequestDetailsFileTest, mayLackTheDetailsOfAnEntryAndHoldWhatThisVersionDoesNotKnow)
+{
+    writeFile(
+        R"({"version":1,"refreshedAt":"2024-05-01T09:30:00Z","more":[],"pullRequests":[)"
+        R"({"id":{"provider":"github","host":"github.com","repository":"octo/tools","number":1},)"
+        R"("facts":{"threads":3}},)"
+        R"({"id":{"provider":"github","host":"github.com","repository":"octo/tools","number":2},)"
+        R"("details":{"requestedUsers":["ada"],"later":1}}]})");
+    PullRequestDetails expected;
+    expected.requestedUsers = {"ada"};
+    EXPECT_EQ(file.load(snapshot), (DetailsByID{{makePullRequest(2).id, expected}}));
+}
+
+TEST_F(PullRequestDetailsFileTest, thatIsNoSuchDocumentCountsAsAbsentAndStays)
+{
+    EXPECT_THAT(file.load(snapshot), IsEmpty());
+    file.save(snapshot, details);
+    const std::string whole = readFile();
+    const std::string otherVersion = R"({"version":2)" + whole.substr(12);
+    const std::string unknownVerdict = [&] {
+        std::string text = whole;
+        return text.replace(
+            text.find("di"
+                      "sm"
+                      "is"
+                      "se"
+                      "d"),
+            9,
+            "love"
+            "d");
+    }();
+    for (const std::string& text :
+         {std::string(),
+          whole.substr(0, whole.size() / 2),
+          otherVersion,
+          unknownVerdict,
+          std::string("[]"),
+          std::string("\xFF"
+                      "\xFE"),
+          std::string(R"({"version":1})")}) {
+        writeFile(text);
+        EXPECT_THAT(file.load(snapshot), IsEmpty()) << text;
+        EXPECT_EQ(readFile(), text);
+    }
+}
+
+TEST_F(PullRequestDetailsFileTest, of200MegabytesIsNotRead)
+{
+    writeFile("{");
+    std::filesystem::resize_file(file.fileURL, 200'000'000);
+    EXPECT_THAT(file.load(snapshot), IsEmpty());
+}
+
+TEST_F(PullRequestDetailsFileTest, thatIsAFolderCountsAsAbsentAndSavingSaysSo)
+{
+    std::filesystem::create_directory(file.fileURL);
+    EXPECT_THAT(file.load(snapshot), IsEmpty());
+    try {
+        file.save(snapshot, details);
+        FAIL() << "no "
+                  "err"
+                  "or";
+    } catch (const CacheWriteError& error) {
+        EXPECT_EQ(
+            std::string(error.what()),
+            "The "
+            "detail"
+            "s of "
+            "the "
+            "pull "
+            "reques"
+            "ts "
+            "could "
+            "not "
+            "be "
+            "kept "
+            "in "
+                + file.fileURL.string() + ": Is a directory.");
+    }
+}
+
+TEST_F(PullRequestDetailsFileTest, isWrittenByTheThreadThatWritesTheSnapshot)
+{
+    SnapshotWriter writer(cache);
+    writer.save(snapshot, std::make_shared<const DetailsByID>(details));
+    writer.flush();
+    EXPECT_EQ(cache.load(), snapshot);
+    EXPECT_EQ(file.load(snapshot), details);
+    EXPECT_EQ(writer.lastError(), std::nullopt);
+}
+
+}  // namespace
