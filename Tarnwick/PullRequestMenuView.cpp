@@ -142,6 +142,7 @@ void PullRequestMenuView::connectModel()
     connect(&_model, &PullRequestMenuModel::visitsChanged, this, &PullRequestMenuView::showRows);
     connect(
         &_model, &PullRequestMenuModel::hiddenChanged, this, &PullRequestMenuView::followHidden);
+    connect(&_model, &PullRequestMenuModel::detailsChanged, this, &PullRequestMenuView::showRows);
     showRows();
     followHidden();
 
@@ -153,12 +154,15 @@ void PullRequestMenuView::connectModel()
 void PullRequestMenuView::showRows()
 {
     const SharedRows rows = _showsHidden ? _model.rowsWithHidden() : _model.sharedRows();
+    const PullRequestKit::SharedDetails& details = _model.details();
     std::vector<ListedRow> listed;
     listed.reserve(rows->size());
     for (const PullRequestKit::PullRequestRow& row : *rows) {
         const bool isVisited = _model.visits().isVisited(row.pullRequest);
         const Sight sight = _showsHidden ? _model.sightOf(row.pullRequest) : Sight::inSight;
-        listed.push_back({{rows, &row}, isVisited, sight});
+        const auto known = details->find(row.id());
+        const auto* const names = known != details->end() ? &known->second : nullptr;
+        listed.push_back({{rows, &row}, isVisited, sight, {details, names}});
     }
     _rows->setRows(std::move(listed));
     showCount();

@@ -168,7 +168,8 @@ QVariant PullRequestListModel::data(const QModelIndex& index, int role) const
     case Qt::AccessibleTextRole:
         return RowWording::accessibilityLabel(row.pullRequest());
     case Qt::AccessibleDescriptionRole:
-        return RowWording::accessibilityDescription(RowTexts::details(row, now()));
+        return RowWording::accessibilityDescription(
+            RowTexts::details(row, now()), row.pullRequest(), row.details());
     default:
         return {};
     }

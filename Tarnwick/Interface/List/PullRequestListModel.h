@@ -16,7 +16,7 @@ namespace Tarnwick {
 /// to it, by the identity of the pull requests. Main thread only.
 ///
 /// `Qt::DisplayRole` is the title, `Qt::AccessibleTextRole` the row as one sentence, and
-/// `Qt::AccessibleDescriptionRole` the line of details.
+/// `Qt::AccessibleDescriptionRole` the line of details and what the counts consist of.
 class PullRequestListModel final : public RowListModel {
     Q_OBJECT
 

@@ -7,10 +7,20 @@
 
 namespace Tarnwick {
 
+namespace {
+
+template<typename Value>
+bool areEqual(const std::shared_ptr<const Value>& left, const std::shared_ptr<const Value>& right)
+{
+    return left == right || (left != nullptr && right != nullptr && *left == *right);
+}
+
+}  // namespace
+
 bool ListedRow::operator==(const ListedRow& other) const
 {
-    return isVisited == other.isVisited && sight == other.sight
-           && (row == other.row || *row == *other.row);
+    return isVisited == other.isVisited && sight == other.sight && areEqual(row, other.row)
+           && areEqual(details, other.details);
 }
 
 RowContent::RowContent(ListedRow listed)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PullRequestKit/PullRequestDetails.h"
 #include "PullRequestKit/PullRequestRow.h"
 #include "Tarnwick/Interface/List/RowGeometry.h"
 #include "Tarnwick/Model/RowFilter.h"
@@ -11,12 +12,14 @@
 
 namespace Tarnwick {
 
-/// A row of the menu, whether the user has seen the pull request as it is now, and what hides it
-/// when the row is shown all the same.
+/// A row of the menu, whether the user has seen the pull request as it is now, what hides it when
+/// the row is shown all the same, and the names behind its counts.
 struct ListedRow {
     std::shared_ptr<const PullRequestKit::PullRequestRow> row;  ///< Not null.
     bool isVisited = false;
     Sight sight = Sight::inSight;
+    std::shared_ptr<const PullRequestKit::PullRequestDetails> details =
+        nullptr;  ///< Null when not known.
 
     bool operator==(const ListedRow& other) const;
 };
@@ -41,6 +44,9 @@ public:
 
     /// What the line of details begins with, such as "Hidden by Status"; mostly empty.
     QString reason() const;
+
+    /// Null where they are not known.
+    const PullRequestKit::PullRequestDetails* details() const { return _listed.details.get(); }
 
     const ListedRow& listed() const { return _listed; }
 

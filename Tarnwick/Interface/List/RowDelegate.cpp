@@ -115,9 +115,9 @@ QString RowDelegate::helpText(int row, RowPart part) const
     case RowPart::conflict:
         return RowWording::conflictHelpText;
     case RowPart::review:
-        return RowWording::reviewHelpText(content.pullRequest());
+        return RowWording::reviewHelpText(content.pullRequest(), content.details());
     case RowPart::check:
-        return RowWording::checkHelpText;
+        return RowWording::checkHelpText(content.pullRequest(), content.details());
     case RowPart::editorButton:
         return RowWording::editorHelpText;
     case RowPart::title:

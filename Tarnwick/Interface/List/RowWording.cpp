@@ -1,5 +1,7 @@
 #include "Tarnwick/Interface/List/RowWording.h"
 
+#include "Tarnwick/Interface/List/CountWording.h"
+
 #include <QDateTime>
 #include <QLocale>
 #include <QStringList>
@@ -80,9 +82,22 @@ QString accessibilityLabel(const PullRequest& pullRequest)
            + QString::fromStdString(pullRequest.checks.label()) + QStringLiteral(" checks");
 }
 
-QString reviewHelpText(const PullRequest& pullRequest)
+QString reviewHelpText(const PullRequest& pullRequest, const PullRequestDetails* details)
 {
-    return QString::fromStdString(pullRequest.reviewCountTooltip());
+    QStringList lines{QString::fromStdString(pullRequest.reviewCountTooltip())};
+    if (details != nullptr) {
+        lines.append(CountWording::reviewLines(*details));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString checkHelpText(const PullRequest& pullRequest, const PullRequestDetails* details)
+{
+    QStringList lines{QStringLiteral("Checks passed / total checks")};
+    if (details != nullptr) {
+        lines.append(CountWording::checkLines(pullRequest.checks, *details));
+    }
+    return lines.join(QLatin1Char('\n'));
 }
 
 QString hiddenReason(Sight sight)
@@ -156,14 +171,21 @@ QString detailsText(const Details& details)
     return pieces.join(QStringLiteral(" · "));
 }
 
-QString accessibilityDescription(const Details& details)
+QString accessibilityDescription(
+    const Details& details, const PullRequest& pullRequest, const PullRequestDetails* known)
 {
-    if (details.reason.isEmpty()) {
-        return detailsText(details);
+    QStringList sentences;
+    if (!details.reason.isEmpty()) {
+        sentences.append(details.reason);
     }
     Details rest = details;
     rest.reason.clear();
-    return details.reason + QStringLiteral(". ") + detailsText(rest);
+    sentences.append(detailsText(rest));
+    if (known != nullptr) {
+        sentences.append(CountWording::reviewLines(*known));
+        sentences.append(CountWording::checkLines(pullRequest.checks, *known));
+    }
+    return sentences.join(QStringLiteral(". "));
 }
 
 }  // namespace Tarnwick::RowWording

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PullRequestKit/Date.h"
+#include "PullRequestKit/PullRequestDetails.h"
 #include "PullRequestKit/PullRequestRow.h"
 #include "Tarnwick/Model/RowFilter.h"
 
@@ -23,11 +24,16 @@ QString reviewPhrase(PullRequestKit::ReviewState state);
 /// The whole row as one sentence, as a screen reader says it.
 QString accessibilityLabel(const PullRequestKit::PullRequest& pullRequest);
 
-/// The help text of the review badge, which explains its count.
-QString reviewHelpText(const PullRequestKit::PullRequest& pullRequest);
+/// The help texts of the badges: what each count is of, and below it what it consists of.
+/// `details` may be null.
+QString reviewHelpText(
+    const PullRequestKit::PullRequest& pullRequest,
+    const PullRequestKit::PullRequestDetails* details);
+QString checkHelpText(
+    const PullRequestKit::PullRequest& pullRequest,
+    const PullRequestKit::PullRequestDetails* details);
 
 inline const QString conflictHelpText = QStringLiteral("Merge conflict");
-inline const QString checkHelpText = QStringLiteral("Checks passed / total checks");
 inline const QString editorHelpText = QStringLiteral("Open in Editor");
 inline const QString openHelpText = QStringLiteral("Opens this pull request in your browser");
 
@@ -61,8 +67,12 @@ Details details(
 /// The pieces as one text. The author's name cannot turn the direction of what follows it.
 QString detailsText(const Details& details);
 
-/// What a screen reader says after the row's label: the reason, then the line without it.
-QString accessibilityDescription(const Details& details);
+/// What a screen reader says after the row's label: the reason, the line without it, then what the
+/// counts consist of. `known` may be null.
+QString accessibilityDescription(
+    const Details& details,
+    const PullRequestKit::PullRequest& pullRequest,
+    const PullRequestKit::PullRequestDetails* known);
 
 }  // namespace RowWording
 

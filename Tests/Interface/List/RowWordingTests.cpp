@@ -84,12 +84,43 @@ TEST(RowWording, readsNothingOfConflictsWhereThereIsNone)
 TEST(RowWording, helpOfTheBadgesExplainsTheirCounts)
 {
     PullRequest pullRequest = makePullRequest(1);
-    EXPECT_EQ(RowWording::reviewHelpText(pullRequest), u"Completed/Total Reviewers"_s);
+    EXPECT_EQ(RowWording::reviewHelpText(pullRequest, nullptr), u"Completed/Total Reviewers"_s);
     pullRequest.requiredApprovingReviewCount = 2;
-    EXPECT_EQ(RowWording::reviewHelpText(pullRequest), u"Completed/Required/Total Reviewers"_s);
-    EXPECT_EQ(RowWording::checkHelpText, u"Checks passed / total checks"_s);
+    EXPECT_EQ(
+        RowWording::reviewHelpText(pullRequest, nullptr), u"Completed/Required/Total Reviewers"_s);
+    EXPECT_EQ(RowWording::checkHelpText(pullRequest, nullptr), u"Checks passed / total checks"_s);
     EXPECT_EQ(RowWording::conflictHelpText, u"Merge conflict"_s);
     EXPECT_EQ(RowWording::openHelpText, u"Opens this pull request in your browser"_s);
+}
+
+TEST(RowWording, helpOfTheBadgesSaysBelowWhatTheCountsConsistOf)
+{
+    PullRequest pullRequest = makePullRequest(1);
+    pullRequest.checks = {.completed = 1, .total = 2, .failed = 1};
+    PullRequestDetails details;
+    details.failedChecks = {"lint"};
+    details.reviews = {{"mara", ReviewVerdict::approved}};
+    EXPECT_EQ(
+        RowWording::reviewHelpText(pullRequest, &details),
+        u"Completed/Total Reviewers\nApproved: \u2068mara\u2069"_s);
+    EXPECT_EQ(
+        RowWording::checkHelpText(pullRequest, &details),
+        u"Checks passed / total checks\n1 of 2 passed\nFailed: \u2068lint\u2069"_s);
+}
+
+TEST(RowWording, aScreenReaderHearsWhatTheCountsConsistOfAfterTheQuietLine)
+{
+    PullRequest pullRequest = makePullRequest(1);
+    pullRequest.checks = {.completed = 2, .total = 2};
+    const RowWording::Details line{
+        .owner = u"octo/"_s, .repository = u"tools"_s, .number = u"#1"_s, .age = u"3h"_s};
+    EXPECT_EQ(
+        RowWording::accessibilityDescription(line, pullRequest, nullptr), u"octo/tools #1 · 3h"_s);
+    PullRequestDetails details;
+    details.reviews = {{"mara", ReviewVerdict::approved}};
+    EXPECT_EQ(
+        RowWording::accessibilityDescription(line, pullRequest, &details),
+        u"octo/tools #1 · 3h. Approved: \u2068mara\u2069. 2 of 2 passed"_s);
 }
 
 TEST(RowWording, agesGrowFromNowToWeeks)
@@ -169,7 +200,7 @@ TEST(RowWording, theReasonStandsAfterDraftAndIsSaidFirst)
     EXPECT_EQ(
         RowWording::detailsText(details), u"Draft · Hidden by Status · northmere/quay #482 · 3h"_s);
     EXPECT_EQ(
-        RowWording::accessibilityDescription(details),
+        RowWording::accessibilityDescription(details, makePullRequest(482), nullptr),
         u"Hidden by Status. Draft · northmere/quay #482 · 3h"_s);
 }
 
