@@ -4,8 +4,8 @@
 #include "GitHubProvider/BaseRules.h"
 #include "GitHubProvider/PullRequestMapping.h"
 #include "GitHubProvider/RepositoryListing.h"
+#include "GitHubProvider/RepositorySearch.h"
 #include "GitHubProvider/Search.h"
-#include "GitHubProvider/SearchQuery.h"
 #include "GitHubProvider/SearchTrace.h"
 
 #include <utility>
@@ -58,11 +58,14 @@ GitHubProvider::GitHubProvider(
     std::shared_ptr<const CommandRunning> runner,
     LogSink log,
     WallClock wallClock,
-    SteadyClock steadyClock)
+    SteadyClock steadyClock,
+    std::shared_ptr<SearchMemory> memory)
     : _host(std::move(host))
     , _gh(std::move(findGh), std::move(runner))
     , _log(std::move(log))
     , _steadyClock(std::move(steadyClock))
+    , _wallClock(wallClock)
+    , _memory(std::move(memory))
     , _ruleCache(std::move(wallClock))
 {}
 
@@ -105,10 +108,9 @@ PullRequestList GitHubProvider::listPullRequests(
     if (repositories.empty()) {
         return {};
     }
-    const std::string query = searchQuery(reviewerScope, repositories);
     SearchTrace trace(_log, _steadyClock);
-    trace.searchStarted(query);
-    SearchResult result = search(_gh, _host, query, trace, stopToken);
+    SearchResult result = RepositorySearch(_gh, _host, *_memory, _wallClock)
+                              .run(reviewerScope, repositories, trace, stopToken);
     const std::set<std::string> ids = baseRefIDs(result.hits);
     const BaseRuleCounts counts = loadBaseRules(ids, _gh, _ruleCache, stopToken);
     trace.searchEnded(result.hits.size(), ids.size());

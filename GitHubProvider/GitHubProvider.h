@@ -4,6 +4,7 @@
 #include "GitHubProvider/Clocks.h"
 #include "GitHubProvider/CommandRunning.h"
 #include "GitHubProvider/Gh.h"
+#include "GitHubProvider/SearchMemory.h"
 #include "GitHubProvider/SystemLog.h"
 #include "PullRequestKit/PullRequestProvider.h"
 
@@ -27,14 +28,16 @@ inline constexpr const char* publicHost = "github.com";
 class GitHubProvider final : public PullRequestKit::PullRequestProvider {
 public:
     /// While `findGh` finds nothing, every request says that `gh` was not found. Each search writes
-    /// its steps to `log`. Requires: `findGh`, a runner, a sink and clocks.
+    /// its steps to `log`, and what one learns for later ones goes to `memory`. Requires: `findGh`,
+    /// a runner, a sink, clocks and a memory.
     GitHubProvider(
         std::string host,
         FindGh findGh,
         std::shared_ptr<const CommandRunning> runner,
         LogSink log,
         WallClock wallClock = std::chrono::system_clock::now,
-        SteadyClock steadyClock = std::chrono::steady_clock::now);
+        SteadyClock steadyClock = std::chrono::steady_clock::now,
+        std::shared_ptr<SearchMemory> memory = std::make_shared<SearchMemory>());
 
     std::string_view id() const override;
     std::string_view displayName() const override;
@@ -61,6 +64,8 @@ private:
     Gh _gh;
     LogSink _log;
     SteadyClock _steadyClock;
+    WallClock _wallClock;
+    std::shared_ptr<SearchMemory> _memory;
     mutable BaseRuleCache _ruleCache;
 };
 

@@ -1,11 +1,12 @@
 #include "GitHubProvider/Search.h"
 
 #include "GitHubProvider/PullRequestMapping.h"
-#include "GitHubProvider/SearchQuery.h"
 #include "GitHubProvider/SearchRecords.h"
 #include "PullRequestKit/Errors.h"
 #include "PullRequestKit/Json/Reading.h"
 
+#include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 namespace GitHubProvider {
@@ -73,27 +74,89 @@ void throwIfStopped(const std::stop_token& stopToken)
     }
 }
 
+bool isLaterUpdated(const SearchHit& left, const SearchHit& right)
+{
+    const auto instant = [](const SearchHit& hit) {
+        return hit.pullRequest ? std::optional(hit.pullRequest->updatedAt) : std::nullopt;
+    };
+    return instant(left) > instant(right);
+}
+
+/// Puts the hits of one more search behind those that are there and takes out the doubles. Yields
+/// how many there were.
+std::int64_t join(std::vector<SearchHit>& hits, std::vector<SearchHit> more)
+{
+    std::unordered_map<PullRequestKit::PullRequestID, std::size_t> places;
+    for (std::size_t place = 0; place < hits.size(); ++place) {
+        if (hits[place].pullRequest) {
+            places.try_emplace(hits[place].pullRequest->id, place);
+        }
+    }
+    std::int64_t doubles = 0;
+    for (SearchHit& hit : more) {
+        const auto known = hit.pullRequest ? places.find(hit.pullRequest->id) : places.end();
+        if (known == places.end()) {
+            hits.push_back(std::move(hit));
+            continue;
+        }
+        ++doubles;
+        if (isLaterUpdated(hit, hits[known->second])) {
+            hits[known->second] = std::move(hit);
+        }
+    }
+    return doubles;
+}
+
 }  // namespace
 
 SearchResult search(
     const Gh& gh,
     const std::string& host,
     const std::string& query,
+    SearchForm form,
     SearchTrace& trace,
     std::stop_token stopToken)
 {
     SearchResult found;
     std::optional<std::string> cursor;
+    trace.searchStarted(query);
     do {
         throwIfStopped(stopToken);
         trace.pageStarted();
-        const CommandResult result = gh.run(searchArguments(query, cursor), stopToken);
+        const CommandResult result = gh.run(searchArguments(query, cursor, form), stopToken);
         SearchPage page = decodePage(result, trace);
         found.matches = page.issueCount;
         cursor = appendHits(found.hits, std::move(page), host);
     } while (cursor);
+    found.isCutOff = std::cmp_greater(found.matches.value_or(0), found.hits.size());
     return found;
 }
 
+SearchResult searchEach(
+    const Gh& gh,
+    const std::string& host,
+    const std::vector<std::string>& queries,
+    SearchForm form,
+    SearchTrace& trace,
+    std::stop_token stopToken)
+{
+    SearchResult all;
+    for (const std::string& query : queries) {
+        SearchResult found = search(gh, host, query, form, trace, stopToken);
+        if (&query == &queries.front()) {
+            all = std::move(found);
+            continue;
+        }
+        const std::int64_t handedOut = static_cast<std::int64_t>(found.hits.size());
+        const std::int64_t doubles = join(all.hits, std::move(found.hits));
+        all.matches =
+            all.matches.value_or(0) + std::max(found.matches.value_or(0), handedOut) - doubles;
+        all.isCutOff = all.isCutOff || found.isCutOff;
+    }
+    if (queries.size() > 1) {
+        std::ranges::stable_sort(all.hits, isLaterUpdated);
+    }
+    return all;
+}
+
 }  // namespace GitHubProvider
-    found.isCutOff = std::cmp_greater(found.matches.value_or(0), found.hits.size());

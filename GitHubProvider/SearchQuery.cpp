@@ -1,5 +1,9 @@
 #include "GitHubProvider/SearchQuery.h"
 
+#include <algorithm>
+#include <span>
+#include <string_view>
+
 namespace GitHubProvider {
 namespace {
 
@@ -30,26 +34,101 @@ constexpr const char* documentArgument = R"(query=query($q:String!, $cursor:Stri
   }
 })";
 
+/// The terms before and after those of the repositories.
+struct Frame {
+    std::string before;
+    std::string_view after = " sort:updated-desc";
+};
+
+Frame frame(PullRequestKit::ReviewerScope reviewerScope)
+{
+    const bool isForMyself = reviewerScope == PullRequestKit::ReviewerScope::myself;
+    Frame frame;
+    frame.before = isForMyself ? "is:pr review-requested:@me" : "is:pr";
+    frame.before += " is:open archived:false";
+    return frame;
+}
+
+/// What stands around and between the terms of several repositories.
+struct Joint {
+    std::string_view first;
+    std::string_view between;
+    std::string_view last;
+};
+
+constexpr Joint joint(SearchForm form)
+{
+    return form == SearchForm::groups ? Joint{" (repo:", " OR repo:", ")"}
+                                      : Joint{" repo:", " repo:", ""};
+}
+
+std::string assemble(
+    const Frame& frame, std::span<const std::string_view> repositories, SearchForm form)
+{
+    const Joint parts = joint(repositories.size() > 1 ? form : SearchForm::terms);
+    std::string query = frame.before;
+    for (std::size_t place = 0; place < repositories.size(); ++place) {
+        query.append(place == 0 ? parts.first : parts.between).append(repositories[place]);
+    }
+    return query.append(parts.last).append(frame.after);
+}
+
+std::string documentFor(SearchForm form)
+{
+    std::string document = documentArgument;
+    if (form == SearchForm::groups) {
+        constexpr std::string_view type = "type:ISSUE";
+        document.insert(document.find(type) + type.size(), "_ADVANCED");
+    }
+    return document;
+}
+
 }  // namespace
 
 std::string searchQuery(
-    PullRequestKit::ReviewerScope reviewerScope, const std::set<std::string>& repositories)
+    PullRequestKit::ReviewerScope reviewerScope,
+    const std::set<std::string>& repositories,
+    SearchForm form)
 {
-    const bool isForMyself = reviewerScope == PullRequestKit::ReviewerScope::myself;
-    std::string query = isForMyself ? "is:pr review-requested:@me" : "is:pr";
-    query.append(" is:open archived:false");
+    const std::vector<std::string_view> names(repositories.begin(), repositories.end());
+    return assemble(frame(reviewerScope), names, form);
+}
+
+std::vector<std::string> searchQueries(
+    PullRequestKit::ReviewerScope reviewerScope,
+    const std::set<std::string>& repositories,
+    SearchForm form,
+    const SearchBounds& bounds)
+{
+    const Frame around = frame(reviewerScope);
+    const Joint parts = joint(form);
+    const std::size_t fixed = around.before.size() + parts.last.size() + around.after.size();
+    std::vector<std::string> queries;
+    std::vector<std::string_view> names;
+    std::size_t size = fixed;
     for (const std::string& repository : repositories) {
-        query.append(" repo:").append(repository);
+        const std::size_t more =
+            std::max(parts.first.size(), parts.between.size()) + repository.size();
+        const bool isFull = size + more > bounds.bytes || names.size() == bounds.repositories;
+        if (isFull && !names.empty()) {
+            queries.push_back(assemble(around, names, form));
+            names.clear();
+            size = fixed;
+        }
+        names.push_back(repository);
+        size += more;
     }
-    query.append(" sort:updated-desc");
-    return query;
+    if (!names.empty()) {
+        queries.push_back(assemble(around, names, form));
+    }
+    return queries;
 }
 
 std::vector<std::string> searchArguments(
-    const std::string& query, const std::optional<std::string>& cursor)
+    const std::string& query, const std::optional<std::string>& cursor, SearchForm form)
 {
     std::vector<std::string> arguments{
-        "api", "graphql", "-f", documentArgument, "-f", "q=" + query};
+        "api", "graphql", "-f", documentFor(form), "-f", "q=" + query};
     if (cursor) {
         arguments.insert(arguments.end(), {"-f", "cursor=" + *cursor});
     }

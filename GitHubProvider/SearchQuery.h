@@ -37,11 +37,23 @@ struct SearchBounds {
 /// The search terms for the open pull requests of these repositories, last updated first.
 /// Safe from any thread.
 std::string searchQuery(
-    PullRequestKit::ReviewerScope reviewerScope, const std::set<std::string>& repositories);
+    PullRequestKit::ReviewerScope reviewerScope,
+    const std::set<std::string>& repositories,
+    SearchForm form = SearchForm::terms);
+
+/// The same as few searches within the bounds, each for a part of the repositories in their order.
+/// A single repository that is beyond them has a search of its own. Safe from any thread.
+std::vector<std::string> searchQueries(
+    PullRequestKit::ReviewerScope reviewerScope,
+    const std::set<std::string>& repositories,
+    SearchForm form,
+    const SearchBounds& bounds = {});
 
 /// The arguments with which `gh` loads the first page of the query's hits, or the page at `cursor`.
 /// Safe from any thread.
 std::vector<std::string> searchArguments(
-    const std::string& query, const std::optional<std::string>& cursor);
+    const std::string& query,
+    const std::optional<std::string>& cursor,
+    SearchForm form = SearchForm::terms);
 
 }  // namespace GitHubProvider

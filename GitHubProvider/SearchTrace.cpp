@@ -14,7 +14,15 @@ SearchTrace::SearchTrace(LogSink log, SteadyClock clock)
 void SearchTrace::searchStarted(const std::string& query)
 {
     write("query=" + query);
-    _searchStart = _clock();
+    if (!_searchStart) {
+        _searchStart = _clock();
+    }
+}
+
+void SearchTrace::groupingStarted() const
+{
+    write("several repo: terms find less than each alone; repositories are grouped with OR from "
+          "now on");
 }
 
 void SearchTrace::pageStarted()
@@ -39,7 +47,7 @@ void SearchTrace::pageLoaded(const Page& page) const
 void SearchTrace::searchEnded(std::size_t nodes, std::size_t uniqueBaseRefs) const
 {
     write(
-        "total=" + timeSince(_searchStart) + " pages=" + std::to_string(_pages)
+        "total=" + timeSince(_searchStart.value_or(_clock())) + " pages=" + std::to_string(_pages)
         + " nodes=" + std::to_string(nodes) + " uniqueBaseRefs=" + std::to_string(uniqueBaseRefs));
 }
 

@@ -25,7 +25,11 @@ public:
     /// Requires: a sink and a clock.
     SearchTrace(LogSink log, SteadyClock clock);
 
+    /// May be called several times: the pages are counted and the time is taken over all of them.
     void searchStarted(const std::string& query);
+
+    /// The one line that says that GitHub takes several repositories for all of them at once.
+    void groupingStarted() const;
     void pageStarted();
     void pageHadErrors(std::size_t errors) const;
     void pageLoaded(const Page& page) const;
@@ -39,7 +43,7 @@ private:
 
     LogSink _log;
     SteadyClock _clock;
-    Instant _searchStart;
+    std::optional<Instant> _searchStart;
     Instant _pageStart;
     std::size_t _pages = 0;
 };

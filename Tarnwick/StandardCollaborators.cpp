@@ -8,7 +8,9 @@
 #include "Tarnwick/Desktop/CommandRunners.h"
 #include "Tarnwick/Desktop/SilentNotifier.h"
 #include "Tarnwick/Persistence/IniDefaultsStore.h"
+#include "Tarnwick/Persistence/SearchMemoryFile.h"
 
+#include <chrono>
 #include <utility>
 
 namespace Tarnwick {
@@ -20,7 +22,11 @@ PullRequestMenuModel::Collaborators standardCollaborators(
             GitHubProvider::publicHost,
             [environment] { return GitHubProvider::findGH(environment); },
             toolRunner(),
-            GitHubProvider::systemLog()),
+            GitHubProvider::systemLog(),
+            std::chrono::system_clock::now,
+            std::chrono::steady_clock::now,
+            std::make_shared<SearchMemoryFile>(
+                SearchMemoryFile::beside(PullRequestDiskCache::defaultFile()))),
         .defaults = readAhead ? readAhead->defaults() : openStandardDefaults(),
         .cache = PullRequestDiskCache{},
         .notifier = std::make_shared<SilentNotifier>(),
