@@ -1,5 +1,6 @@
 #include "GitHubProvider/Authentication.h"
 
+#include "GitHubProvider/FailedLogin.h"
 #include "GitHubProvider/Text.h"
 
 #include <exception>
@@ -63,7 +64,8 @@ AuthenticationStatus statusOfOlder(const CommandResult& result)
     return NotAuthenticated{message.empty() ? notLoggedIn : message};
 }
 
-AuthenticationStatus askGh(const Gh& gh, const std::string& host, const std::stop_token& stopToken)
+AuthenticationStatus askAuthStatus(
+    const Gh& gh, const std::string& host, const std::stop_token& stopToken)
 {
     const CommandResult result =
         gh.run({"auth", "status", "--hostname", host, "--active"}, stopToken);
@@ -71,6 +73,25 @@ AuthenticationStatus askGh(const Gh& gh, const std::string& host, const std::sto
         return statusOf(result);
     }
     return statusOfOlder(gh.run({"auth", "status", "--hostname", host}, stopToken));
+}
+
+/// Replaces a failed login by what really stands in the way, where that can be told. Silence is
+/// what nobody being signed in looks like, so it is not looked into.
+AuthenticationStatus explained(
+    AuthenticationStatus status,
+    const Gh& gh,
+    const std::string& host,
+    const WallClock& clock,
+    const std::stop_token& stopToken)
+{
+    const auto* const failed = std::get_if<NotAuthenticated>(&status);
+    if (failed == nullptr || failed->message == notLoggedIn || saysNotLoggedIn(failed->message)) {
+        return status;
+    }
+    if (auto reason = findObstacle(gh, host, clock, stopToken)) {
+        return Unavailable{*std::move(reason), true};
+    }
+    return status;
 }
 
 }  // namespace
@@ -82,15 +103,16 @@ std::optional<std::string> accountName(std::string_view text)
 }
 
 AuthenticationStatus authenticationStatus(
-    const Gh& gh, const std::string& host, std::stop_token stopToken)
+    const Gh& gh, const std::string& host, const WallClock& clock, std::stop_token stopToken)
 {
     if (!gh.isFound()) {
         return Unavailable{"GitHub CLI (gh) was not found. Install it, then run gh auth login."};
     }
     try {
-        return askGh(gh, host, stopToken);
+        return explained(askAuthStatus(gh, host, stopToken), gh, host, clock, stopToken);
     } catch (const std::exception& error) {
-        return Unavailable{std::string("Could not run gh auth status: ") + error.what()};
+        return Unavailable{
+            std::string("Could not run gh auth status: ") + error.what(), isTimeOut(error)};
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "GitHubProvider/Clocks.h"
 #include "GitHubProvider/Gh.h"
 #include "PullRequestKit/AuthenticationStatus.h"
 
@@ -15,8 +16,10 @@ namespace GitHubProvider {
 std::optional<std::string> accountName(std::string_view text);
 
 /// Who is signed in on this host. A `gh` before 2.57 does not know `--active`; it is asked again
-/// without. Blocks; call on a worker thread. Never throws: every problem is a status.
+/// without. Where the login fails, one more question tells whether GitHub is out of reach or the
+/// account's limit used up; `clock` judges when that ends. Blocks; call on a worker thread. Never
+/// throws: every problem is a status.
 PullRequestKit::AuthenticationStatus authenticationStatus(
-    const Gh& gh, const std::string& host, std::stop_token stopToken);
+    const Gh& gh, const std::string& host, const WallClock& clock, std::stop_token stopToken);
 
 }  // namespace GitHubProvider

@@ -82,7 +82,7 @@ std::string_view GitHubProvider::displayName() const
 PullRequestKit::AuthenticationStatus GitHubProvider::authenticationStatus(
     std::stop_token stopToken) const
 {
-    return ::GitHubProvider::authenticationStatus(_gh, _host, std::move(stopToken));
+    return ::GitHubProvider::authenticationStatus(_gh, _host, _wallClock, std::move(stopToken));
 }
 
 std::vector<PullRequestKit::RepositorySummary> GitHubProvider::repositories(

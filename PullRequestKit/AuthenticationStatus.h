@@ -24,7 +24,12 @@ struct NotAuthenticated {
 struct Unavailable {
     std::string message;
 
-    bool operator==(const Unavailable&) const = default;
+    /// The tool works and signing in would not help: the service is out of reach, or takes no
+    /// further requests for now.
+    bool isServiceOutOfReach = false;
+
+    /// By the message alone, which says the reason.
+    bool operator==(const Unavailable& other) const { return message == other.message; }
 };
 
 using AuthenticationStatus = std::variant<Authenticated, NotAuthenticated, Unavailable>;

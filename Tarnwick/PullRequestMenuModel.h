@@ -229,7 +229,7 @@ private:
     QCoro::Task<> refreshUntilStopped(std::stop_token stopToken);
     void begin(const std::stop_token& stopToken);
     QCoro::Task<> askProvider(std::stop_token stopToken);
-    void cannotAsk(MenuState::Kind kind, const std::string& message);
+    void cannotAsk(MenuState failure);
     void accept(RefreshResult result, const RefreshStart& start);
     void recallBlocked();
     void rememberBlocked();

@@ -63,7 +63,7 @@ QCoro::Task<> PullRequestMenuModel::refreshUntilStopped(std::stop_token stopToke
         co_return;
     }
     if (error && !stopToken.stop_requested()) {
-        cannotAsk(MenuState::Kind::failed, *error);
+        cannotAsk({MenuState::Kind::failed, *error});
     }
     assign(_isRefreshing, false, &PullRequestMenuModel::isRefreshingChanged);
 }
@@ -93,11 +93,12 @@ QCoro::Task<> PullRequestMenuModel::askProvider(std::stop_token stopToken)
         co_return;
     }
     if (const auto* const signedOut = std::get_if<NotAuthenticated>(&status)) {
-        cannotAsk(MenuState::Kind::signedOut, signedOut->message);
+        cannotAsk({MenuState::Kind::signedOut, signedOut->message});
         co_return;
     }
     if (const auto* const unavailable = std::get_if<Unavailable>(&status)) {
-        cannotAsk(MenuState::Kind::unavailable, unavailable->message);
+        cannotAsk(
+            {MenuState::Kind::unavailable, unavailable->message, unavailable->isServiceOutOfReach});
         co_return;
     }
     const auto& account = std::get<Authenticated>(status).account;
@@ -126,19 +127,19 @@ QCoro::Task<> PullRequestMenuModel::askProvider(std::stop_token stopToken)
 
 /// The refresh ends without an answer: what is in sight stays, with a text that says so; with
 /// nothing in sight the state says it.
-void PullRequestMenuModel::cannotAsk(MenuState::Kind kind, const std::string& message)
+void PullRequestMenuModel::cannotAsk(MenuState failure)
 {
     _refreshEnd = kind == MenuState::Kind::signedOut ? RefreshEnd::signedOut : RefreshEnd::failed;
     if (_hasSnapshot) {
         assign(_state, {MenuState::Kind::loaded, {}}, &PullRequestMenuModel::stateChanged);
         assign(
             _refreshError,
-            "Showing cached data: " + message,
+            "Showing cached data: " + failure.message,
             &PullRequestMenuModel::refreshErrorChanged);
         return;
     }
     setRows({}, {});
-    assign(_state, {kind, message}, &PullRequestMenuModel::stateChanged);
+    assign(_state, std::move(failure), &PullRequestMenuModel::stateChanged);
 }
 
 void PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& start)

@@ -19,7 +19,14 @@ struct MenuState {
     Kind kind = Kind::idle;
     std::string message;  ///< Empty but in `signedOut`, `unavailable` and `failed`.
 
-    bool operator==(const MenuState&) const = default;
+    /// In `unavailable`: GitHub is out of reach or refuses requests, and `gh` is not to blame.
+    bool isServiceOutOfReach = false;
+
+    /// By case and message, which says the reason.
+    bool operator==(const MenuState& other) const
+    {
+        return kind == other.kind && message == other.message;
+    }
 };
 
 }  // namespace Tarnwick

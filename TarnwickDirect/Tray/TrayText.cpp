@@ -44,7 +44,8 @@ QString trayText(
     case MenuState::Kind::signedOut:
         return QStringLiteral("Sign in to GitHub");
     case MenuState::Kind::unavailable:
-        return QStringLiteral("GitHub CLI unavailable");
+        return state.isServiceOutOfReach ? QString::fromStdString(state.message)
+                                         : QStringLiteral("GitHub CLI unavailable");
     case MenuState::Kind::failed:
         return QString::fromStdString(state.message);
     case MenuState::Kind::loaded:

@@ -93,6 +93,15 @@ TEST_F(Authentication, readsTheAccountFromEitherStream)
     EXPECT_EQ(status(), authenticated("octo"));
 }
 
+TEST_F(Authentication, readsStandardOutputBeforeStandardError)
+{
+    runner->prints("Logged in to git.example account octo\n", "account cat\n");
+    EXPECT_EQ(status(), authenticated("octo"));
+    // One text, so a line that the first stream leaves open goes on in the second.
+    runner->prints("Logged in to git.example account ", "octo (keyring)\n");
+    EXPECT_EQ(status(), authenticated("octo"));
+}
+
 TEST_F(Authentication, exitZeroWithoutAccountInTheOutputIsAuthenticatedWithNoAccount)
 {
     runner->prints("Logged in.\n");

@@ -58,6 +58,9 @@ PanelContent panelContent(
             QStringLiteral("Sign in to GitHub"),
             message};
     case MenuState::Kind::unavailable:
+        if (state.isServiceOutOfReach) {
+            return status("exclamationmark.triangle", message, false);
+        }
         return AuthenticationContent{
             QStringLiteral("terminal"), QStringLiteral("GitHub CLI unavailable"), message};
     }

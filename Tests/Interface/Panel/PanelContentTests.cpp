@@ -97,5 +97,14 @@ TEST(PanelContentTests, signedOutAndUnavailableSayWhatToDo)
             QStringLiteral("gh was not found.")}));
 }
 
+TEST(PanelContentTests, aServiceOutOfReachIsSaidWithoutAnInvitationToSignIn)
+{
+    const auto content = std::get<StatusContent>(
+        panelContent({Kind::unavailable, "GitHub cannot be reached.", true}, false, false));
+    EXPECT_EQ(content.symbol, QStringLiteral("exclamationmark.triangle"));
+    EXPECT_EQ(content.title, QStringLiteral("GitHub cannot be reached."));
+    EXPECT_FALSE(content.hasSpinner);
+}
+
 }  // namespace
 }  // namespace Tarnwick

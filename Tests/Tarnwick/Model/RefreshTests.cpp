@@ -103,6 +103,15 @@ TEST_F(Refresh, showsThatTheProviderIsUnavailable)
     EXPECT_EQ(model->state(), (MenuState{Kind::unavailable, "There is no gh."}));
 }
 
+TEST_F(Refresh, passesOnThatTheServiceIsOutOfReach)
+{
+    provider->setStatus(Unavailable{"GitHub cannot be reached.", true});
+    start();
+    refresh();
+    EXPECT_EQ(model->state(), (MenuState{Kind::unavailable, "GitHub cannot be reached."}));
+    EXPECT_TRUE(model->state().isServiceOutOfReach);
+}
+
 TEST_F(Refresh, showsWhyAFetchFailed)
 {
     provider->setError("HTTP 500");

@@ -50,6 +50,9 @@ TEST(TrayText, countsNothingBeforeThereIsAList)
     EXPECT_EQ(without({Kind::loading, {}}), QStringLiteral("Tarnwick"));
     EXPECT_EQ(without({Kind::signedOut, "Sign in."}), QStringLiteral("Sign in to GitHub"));
     EXPECT_EQ(without({Kind::unavailable, "No gh."}), QStringLiteral("GitHub CLI unavailable"));
+    EXPECT_EQ(
+        without({Kind::unavailable, "GitHub cannot be reached.", true}),
+        QStringLiteral("GitHub cannot be reached."));
     EXPECT_EQ(without({Kind::failed, "No network."}), QStringLiteral("No network."));
 }
 
