@@ -14,6 +14,15 @@ PullRequestKit::Date readDate(const std::string& text)
     return *date;
 }
 
+RepositoryTerms readRepositoryTerms(const std::string& text)
+{
+    const auto terms = PullRequestKit::enumNamed<RepositoryTerms>(text);
+    if (!terms) {
+        throw std::invalid_argument("Several repo: terms mean any or all, not " + text + ".");
+    }
+    return *terms;
+}
+
 void readOption(CommandLine& line, const std::string& name, const std::string& value)
 {
     if (name == "--socket") {
@@ -26,6 +35,8 @@ void readOption(CommandLine& line, const std::string& name, const std::string& v
         line.configurationFolder = value;
     } else if (name == "--record") {
         line.record = value;
+    } else if (name == "--repo-terms") {
+        line.repositoryTerms = readRepositoryTerms(value);
     } else {
         line.now = readDate(value);
     }
@@ -34,7 +45,7 @@ void readOption(CommandLine& line, const std::string& name, const std::string& v
 bool isOption(const std::string& name)
 {
     return name == "--socket" || name == "--scenario" || name == "--fault" || name == "--config-dir"
-           || name == "--record" || name == "--now";
+           || name == "--record" || name == "--now" || name == "--repo-terms";
 }
 
 }  // namespace
@@ -82,6 +93,8 @@ std::string helpText()
            "socket\n"
            "  --record FILE       append every request as a line of JSON\n"
            "  --now INSTANT       what ages count back from, such as 2026-03-01T12:00:00Z\n"
+           "  --repo-terms NAME   what several repo: terms of a search mean: any (the default) or "
+           "all\n"
            "  --exec COMMAND      run COMMAND with gh's environment set, end with its status\n"
            "  --help              print this\n"
            "\n"

@@ -2,6 +2,7 @@
 
 #include "PullRequestKit/Date.h"
 #include "SampleGitHub/Fault.h"
+#include "SampleGitHub/SearchQuery.h"
 
 #include <filesystem>
 #include <optional>
@@ -19,6 +20,7 @@ struct CommandLine {
     std::optional<std::filesystem::path> record;
     std::optional<PullRequestKit::Date> now;
     std::vector<Fault> faults;
+    RepositoryTerms repositoryTerms = RepositoryTerms::any;
     std::vector<std::string> command;  ///< What stands behind --exec; empty: serve until a signal.
 };
 

@@ -15,7 +15,7 @@ using PullRequestKit::enumNamed;
 
 bool takesValue(FaultKind kind)
 {
-    return kind == FaultKind::delay || kind == FaultKind::padding;
+    return kind == FaultKind::delay || kind == FaultKind::padding || kind == FaultKind::usedUp;
 }
 
 /// Cuts off what stands behind the last `mark`; nothing when there is none.
@@ -56,6 +56,10 @@ std::string_view description(FaultKind kind)
         return "GraphQL errors and no data";
     case FaultKind::delay:
         return "the answer comes after VALUE milliseconds";
+    case FaultKind::usedUp:
+        return "the same, and rate_limit tells that it ends in VALUE seconds";
+    case FaultKind::hangUp:
+        return "the connection ends instead of an answer";
     case FaultKind::cutOff:
         return "the connection ends in the middle of the body";
     case FaultKind::truncated:

@@ -17,6 +17,8 @@ enum class FaultKind {
     errors,        ///< GraphQL errors beside the data.
     errorsOnly,    ///< GraphQL errors and no data.
     delay,         ///< The answer comes after as many milliseconds as the value says.
+    usedUp,        ///< As `rateLimit`, but `rate_limit` says when that ends: in VALUE seconds.
+    hangUp,        ///< The connection ends instead of an answer.
     cutOff,        ///< The connection ends after half of the body that the header announced.
     truncated,     ///< Half of the body, announced as the whole.
     noCursor,      ///< A search page that says that there is a next one but not where.
@@ -34,7 +36,7 @@ enum class FaultKind {
 /// A fault that is switched on.
 struct Fault {
     FaultKind kind = FaultKind::serverError;
-    std::int64_t value = 0;           ///< For `delay` and `padding`.
+    std::int64_t value = 0;           ///< For `delay`, `padding` and `used-up`.
     std::optional<RequestKind> only;  ///< The requests it strikes; empty: all.
     std::optional<std::int64_t> nth;  ///< Of those, the one with this number, from 1; empty: all.
 
@@ -60,6 +62,8 @@ struct PullRequestKit::EnumNames<SampleGitHub::FaultKind> {
         {Kind::errors, "errors"},
         {Kind::errorsOnly, "errors-only"},
         {Kind::delay, "delay"},
+        {Kind::usedUp, "used-up"},
+        {Kind::hangUp, "hang-up"},
         {Kind::cutOff, "cut-off"},
         {Kind::truncated, "truncated"},
         {Kind::noCursor, "no-cursor"},

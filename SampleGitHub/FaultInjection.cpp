@@ -102,6 +102,28 @@ std::string withBadByte(const std::string& body, RequestKind kind)
     return body;
 }
 
+/// What `rate_limit` says of a limit: nothing remains.
+std::string withNothingRemaining(const std::string& body, std::int64_t seconds)
+{
+    const auto now = std::chrono::system_clock::now() + std::chrono::seconds(seconds);
+    const std::string reset = std::to_string(std::chrono::system_clock::to_time_t(now));
+    std::string text;
+    std::string rest = body;
+    constexpr std::string_view key = R"("remaining":)";
+    for (auto found = rest.find(key); found != std::string::npos; found = rest.find(key)) {
+        rest = withValueReplaced(withValueReplaced(rest, "remaining", "0"), "reset", reset);
+        const std::size_t end = rest.find('}', found);
+        text += rest.substr(0, end);
+        rest.erase(0, end);
+    }
+    return text + rest;
+}
+
+bool isRateLimit(const Response& response)
+{
+    return response.status == 200 && response.body.starts_with(R"({"resources":)");
+}
+
 void answerStatus(Response& response, int status, std::string_view text)
 {
     response.status = status;
@@ -120,6 +142,16 @@ bool applyToTransport(Delivery& delivery, const Fault& fault)
     case FaultKind::rateLimit:
         answerStatus(response, 403, "API rate limit exceeded for user ID 583231.");
         response.headers["X-RateLimit-Remaining"] = "0";
+        return true;
+    case FaultKind::usedUp:
+        if (isRateLimit(response)) {
+            response.body = withNothingRemaining(response.body, fault.value);
+        } else {
+            answerStatus(response, 403, "API rate limit exceeded for user ID 583231.");
+        }
+        return true;
+    case FaultKind::hangUp:
+        delivery.isHungUp = true;
         return true;
     case FaultKind::serverError:
         answerStatus(response, 500, "Internal Server Error");
@@ -216,7 +248,7 @@ FaultInjection::FaultInjection(const std::vector<Fault>& faults)
 
 Delivery FaultInjection::apply(Answer answer)
 {
-    Delivery delivery{std::move(answer.response), {}, {}};
+    Delivery delivery{std::move(answer.response), {}, {}, false};
     for (Armed& armed : _faults) {
         const Fault& fault = armed.fault;
         if (fault.only && *fault.only != answer.kind) {

@@ -15,6 +15,7 @@ struct Delivery {
     Response response;
     std::chrono::milliseconds delay{0};
     std::optional<std::size_t> cutOffAt;  ///< Bytes of the body after which the connection ends.
+    bool isHungUp = false;                ///< It ends without an answer.
 };
 
 /// Spoils answers with the faults that are switched on, in their order, and counts the requests

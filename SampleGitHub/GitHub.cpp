@@ -66,8 +66,10 @@ RequestKind kindOfField(std::string_view field)
 
 }  // namespace
 
-GitHub::GitHub(Scenario scenario, PullRequestKit::Date now)
+GitHub::GitHub(Scenario scenario, PullRequestKit::Date now, RepositoryTerms terms)
     : _scenario(std::move(scenario))
+    , _now(now)
+    , _terms(terms)
 {
     for (const PullRequest& pullRequest : _scenario.pullRequests) {
         _searchNodes.push_back(renderSearchNode(pullRequest, now));
@@ -111,6 +113,8 @@ Answer GitHub::answer(const Request& request) const
         answer = {
             RequestKind::authentication,
             {200, {}, R"({"current_user_url":"https://api.github.com/user"})"}};
+    } else if (request.method == "GET" && path == "/rate_limit") {
+        answer = {RequestKind::authentication, rateLimit()};
     } else if (request.method == "GET" && path == "/user/repos") {
         answer = {
             RequestKind::repositories,
@@ -143,19 +147,20 @@ Answer GitHub::graphQl(const Request& request) const
     } catch (const PullRequestKit::DecodingError&) {
         return {RequestKind::other, {400, {}, rendered("Problems parsing JSON")}};
     }
-    const RequestKind kind = kindOfField(call.field);
+    const std::string field = call.fields.empty() ? std::string() : call.fields.front().name;
+    const RequestKind kind = kindOfField(field);
     switch (kind) {
     case RequestKind::authentication:
         return {kind, {200, {}, viewer()}};
     case RequestKind::search:
-        return {kind, {200, {}, searchPage(call)}};
+        return {kind, {200, {}, call.fields.size() > 1 ? searchCounts(call) : searchPage(call)}};
     case RequestKind::rules:
         return {kind, {200, {}, nodes(call)}};
     case RequestKind::repositories:
     case RequestKind::other:
         break;
     }
-    const std::string message = "Field '" + call.field + "' doesn't exist on type 'Query'";
+    const std::string message = "Field '" + field + "' doesn't exist on type 'Query'";
     return {kind, {200, {}, renderGraphQlError(message)}};
 }
 
@@ -165,13 +170,43 @@ std::string GitHub::viewer() const
            + "}}}";
 }
 
+std::vector<std::size_t> GitHub::matches(
+    const GraphQlRequest& request, const GraphQlField& field) const
+{
+    const auto text = textVariable(request, field.variable);
+    if (!text) {
+        throw SearchError(
+            "Variable $" + field.variable + " of type String! was provided invalid value");
+    }
+    const bool isAdvanced = field.type == "ISSUE_ADVANCED";
+    if (!isAdvanced && field.type != "ISSUE") {
+        throw SearchError(
+            "Argument 'type' on Field 'search' has an invalid value (" + field.type + ").");
+    }
+    const SearchType type = isAdvanced ? SearchType::issueAdvanced : SearchType::issue;
+    return search(_scenario, parseSearchQuery(*text, type, _terms));
+}
+
+/// Several searches under aliases, of each of which only the number of matches is asked.
+std::string GitHub::searchCounts(const GraphQlRequest& request) const
+{
+    std::string counts;
+    try {
+        for (const GraphQlField& field : request.fields) {
+            counts += counts.empty() ? "" : ",";
+            counts += jsonText(field.alias) + R"(:{"issueCount":)"
+                      + std::to_string(matches(request, field).size()) + "}";
+        }
+    } catch (const SearchError& error) {
+        return renderGraphQlError(error.what());
+    }
+    return R"({"data":{)" + counts + "}}";
+}
+
 std::string GitHub::searchPage(const GraphQlRequest& request) const
 {
-    const auto text = textVariable(request, "q");
-    if (!text) {
-        return renderGraphQlError("Variable $q of type String! was provided invalid value");
-    }
-    if (!request.first || *request.first < 1 || *request.first > largestPage) {
+    const GraphQlField& field = request.fields.front();
+    if (!field.first || *field.first < 1 || *field.first > largestPage) {
         return renderGraphQlError("The search needs a `first` value of 1 to 100.");
     }
     const auto cursor = textVariable(request, "cursor");
@@ -179,19 +214,19 @@ std::string GitHub::searchPage(const GraphQlRequest& request) const
     if (!skipped) {
         return renderGraphQlError("`" + *cursor + "` does not appear to be a valid cursor.");
     }
-    std::vector<std::size_t> matches;
+    std::vector<std::size_t> found;
     try {
-        matches = search(_scenario, parseSearchQuery(*text));
+        found = matches(request, field);
     } catch (const SearchError& error) {
         return renderGraphQlError(error.what());
     }
-    const auto reachable = std::min(static_cast<std::int64_t>(matches.size()), searchLimit);
-    const std::int64_t end = std::min(*skipped + *request.first, reachable);
+    const auto reachable = std::min(static_cast<std::int64_t>(found.size()), searchLimit);
+    const std::int64_t end = std::min(*skipped + *field.first, reachable);
     std::vector<std::string_view> page;
     for (std::int64_t index = *skipped; index < end; ++index) {
-        page.emplace_back(_searchNodes[matches[static_cast<std::size_t>(index)]]);
+        page.emplace_back(_searchNodes[found[static_cast<std::size_t>(index)]]);
     }
-    return R"({"data":{"search":{"issueCount":)" + std::to_string(matches.size())
+    return R"({"data":{"search":{"issueCount":)" + std::to_string(found.size())
            + R"(,"pageInfo":{"hasNextPage":)" + (end < reachable ? "true" : "false")
            + R"(,"endCursor":)" + (page.empty() ? "null" : jsonText(cursorBehind(end)))
            + R"(},"nodes":[)" + joined(page) + "]}}}";
@@ -226,6 +261,21 @@ std::string GitHub::nodes(const GraphQlRequest& request) const
     }
     return R"({"data":{"nodes":[)" + joined(nodes) + "]}"
            + (errors.empty() ? "" : R"(,"errors":)" + json::serialize(errors)) + "}";
+}
+
+Response GitHub::rateLimit() const
+{
+    constexpr std::int64_t limit = 5000;
+    const auto resource = [&](const char* name) {
+        return jsonText(name) + R"(:{"limit":)" + std::to_string(limit)
+               + R"(,"used":0,"remaining":)" + std::to_string(limit) + R"(,"reset":)"
+               + std::to_string((_now + std::chrono::hours(1)).time_since_epoch().count()) + "}";
+    };
+    return {
+        200,
+        {},
+        R"({"resources":{)" + resource("core") + "," + resource("graphql") + "}," + resource("rate")
+            + "}"};
 }
 
 Response GitHub::repositories(std::string_view query) const

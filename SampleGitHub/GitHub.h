@@ -3,6 +3,7 @@
 #include "SampleGitHub/Http.h"
 #include "SampleGitHub/RequestKind.h"
 #include "SampleGitHub/Scenario.h"
+#include "SampleGitHub/SearchQuery.h"
 
 #include <cstddef>
 #include <string>
@@ -12,6 +13,7 @@
 
 namespace SampleGitHub {
 
+struct GraphQlField;
 struct GraphQlRequest;
 
 /// The token that the sample takes for its user's.
@@ -28,7 +30,8 @@ struct Answer {
 /// answer of 1.6 MB is put together in about a millisecond. Safe from any thread.
 class GitHub {
 public:
-    GitHub(Scenario scenario, PullRequestKit::Date now);
+    GitHub(
+        Scenario scenario, PullRequestKit::Date now, RepositoryTerms terms = RepositoryTerms::any);
 
     Answer answer(const Request& request) const;
 
@@ -36,12 +39,18 @@ private:
     Answer graphQl(const Request& request) const;
     std::string viewer() const;
     std::string searchPage(const GraphQlRequest& request) const;
+    std::string searchCounts(const GraphQlRequest& request) const;
+    std::vector<std::size_t> matches(
+        const GraphQlRequest& request, const GraphQlField& field) const;
+    Response rateLimit() const;
     std::string nodes(const GraphQlRequest& request) const;
     Response repositories(std::string_view query) const;
     bool isAuthorized(const Request& request) const;
     void renderRefs();
 
     Scenario _scenario;
+    PullRequestKit::Date _now;
+    RepositoryTerms _terms;
     std::vector<std::string> _searchNodes;  ///< In the order of the scenario's pull requests.
     std::vector<std::string> _repositories;
     std::vector<std::size_t> _repositoriesByName;

@@ -2,7 +2,9 @@
 
 #include "PullRequestKit/Json/Reading.h"
 
+#include <algorithm>
 #include <charconv>
+#include <utility>
 
 namespace SampleGitHub {
 namespace {
@@ -31,42 +33,91 @@ std::size_t startOfFirstField(std::string_view document)
     return std::string_view::npos;
 }
 
-std::optional<std::int64_t> firstArgument(std::string_view document)
+constexpr std::string_view blanks = " \n\t\r,";
+
+void skipBlanks(std::string_view& text)
 {
-    const std::size_t start = startOfFirstField(document);
-    if (start == std::string_view::npos) {
-        return std::nullopt;
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+}
+
+std::string takeName(std::string_view& text)
+{
+    std::size_t end = 0;
+    while (end < text.size() && isNameCharacter(text[end])) {
+        ++end;
     }
-    std::string_view arguments = document.substr(start);
-    arguments = arguments.substr(0, arguments.find_first_of("){"));
-    constexpr std::string_view name = "first:";
+    std::string name(text.substr(0, end));
+    text.remove_prefix(end);
+    skipBlanks(text);
+    return name;
+}
+
+/// What stands between this opening character and its closing one; nothing where the text does not
+/// begin with it.
+std::string_view takeEnclosed(std::string_view& text, char opening, char closing)
+{
+    if (!text.starts_with(opening)) {
+        return {};
+    }
+    int depth = 0;
+    for (std::size_t index = 0; index < text.size(); ++index) {
+        depth += text[index] == opening ? 1 : 0;
+        depth -= text[index] == closing ? 1 : 0;
+        if (depth == 0) {
+            const std::string_view enclosed = text.substr(1, index - 1);
+            text.remove_prefix(index + 1);
+            skipBlanks(text);
+            return enclosed;
+        }
+    }
+    return std::exchange(text, {});
+}
+
+/// The value of an argument up to the next one.
+std::string_view argument(std::string_view arguments, std::string_view name)
+{
     const std::size_t place = arguments.find(name);
     if (place == std::string_view::npos) {
-        return std::nullopt;
+        return {};
     }
     arguments.remove_prefix(place + name.size());
-    while (arguments.starts_with(' ')) {
-        arguments.remove_prefix(1);
+    skipBlanks(arguments);
+    return arguments.substr(0, arguments.find_first_of(" ,)"));
+}
+
+GraphQlField takeField(std::string_view& text)
+{
+    GraphQlField field;
+    field.alias = takeName(text);
+    field.name = field.alias;
+    if (text.starts_with(':')) {
+        text.remove_prefix(1);
+        skipBlanks(text);
+        field.name = takeName(text);
     }
+    const std::string_view arguments = takeEnclosed(text, '(', ')');
+    takeEnclosed(text, '{', '}');
+    const std::string_view variable = argument(arguments, "query:");
+    field.variable = variable.substr(std::min<std::size_t>(1, variable.size()));
+    field.type = argument(arguments, "type:");
+    const std::string_view first = argument(arguments, "first:");
     std::int64_t count = 0;
-    const auto end = arguments.data() + arguments.size();
-    const bool isNumber = std::from_chars(arguments.data(), end, count).ec == std::errc();
-    return isNumber ? std::optional(count) : std::nullopt;
+    if (std::from_chars(first.data(), first.data() + first.size(), count).ec == std::errc()) {
+        field.first = count;
+    }
+    return field;
 }
 
 }  // namespace
 
-std::string firstField(std::string_view document)
+std::vector<GraphQlField> topFields(std::string_view document)
 {
-    const std::size_t start = startOfFirstField(document);
-    if (start == std::string_view::npos) {
-        return {};
+    std::vector<GraphQlField> fields;
+    document.remove_prefix(std::min(startOfFirstField(document), document.size()));
+    while (!document.empty() && isNameCharacter(document.front())) {
+        fields.push_back(takeField(document));
     }
-    std::size_t end = start;
-    while (end < document.size() && isNameCharacter(document[end])) {
-        ++end;
-    }
-    return std::string(document.substr(start, end - start));
+    return fields;
 }
 
 GraphQlRequest parseGraphQlRequest(std::string_view body)
@@ -80,7 +131,7 @@ GraphQlRequest parseGraphQlRequest(std::string_view body)
         throwDecodingError(path.member("query"), "is missing");
     }
     const std::string text = readText(*query, path.member("query"));
-    GraphQlRequest request{firstField(text), firstArgument(text), {}};
+    GraphQlRequest request{topFields(text), {}};
     if (const json::value* const variables = presentMember(object, "variables")) {
         // A copy, because the document's memory goes away.
         request.variables = readObject(*variables, path.member("variables"));

@@ -5,13 +5,24 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace SampleGitHub {
 
+/// One field at the top of an operation: `alias: name(query:$variable, type:TYPE, first:1)`.
+struct GraphQlField {
+    std::string alias;  ///< The name where there is no alias.
+    std::string name;
+    std::string variable;  ///< Of the argument `query`, without its "$".
+    std::string type;      ///< The argument of that name.
+    std::optional<std::int64_t> first;
+
+    bool operator==(const GraphQlField&) const = default;
+};
+
 /// A GraphQL request, told apart as far as the sample needs it: no types, no fragments.
 struct GraphQlRequest {
-    std::string field;                  ///< The operation's first field, such as "search".
-    std::optional<std::int64_t> first;  ///< That field's `first` argument, where it is a number.
+    std::vector<GraphQlField> fields;
     boost::json::object variables;
 };
 
@@ -19,8 +30,8 @@ struct GraphQlRequest {
 /// request looks like. Safe from any thread.
 GraphQlRequest parseGraphQlRequest(std::string_view body);
 
-/// The first field of a document, empty when there is none. Safe from any thread.
-std::string firstField(std::string_view document);
+/// The fields at the top of a document's first operation. Safe from any thread.
+std::vector<GraphQlField> topFields(std::string_view document);
 
 /// A GraphQL answer that tells of an error and has no data.
 std::string renderGraphQlError(std::string_view message);

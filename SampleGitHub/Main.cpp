@@ -43,6 +43,7 @@ int run(const CommandLine& line)
     options.socket = line.socket ? *line.socket : folder->path() / "s";
     options.scenario = loadScenario(line.scenario);
     options.faults = line.faults;
+    options.repositoryTerms = line.repositoryTerms;
     options.now = line.now;
     options.onRequest = [&record](const RecordedRequest& request) {
         if (record.is_open()) {

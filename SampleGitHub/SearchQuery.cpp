@@ -90,6 +90,30 @@ void readTerm(SearchQuery& query, std::string_view term)
     }
 }
 
+/// Reads `(repo:a OR repo:b)`, the one kind of group that the sample knows, and yields what stands
+/// behind it.
+std::string_view readGroup(SearchQuery& query, std::string_view text)
+{
+    constexpr std::string_view joint = " OR ";
+    const std::size_t end = text.find(')');
+    std::string_view group = text.substr(0, end);
+    if (end == std::string_view::npos) {
+        throwUnknown(group);
+    }
+    group.remove_prefix(1);
+    while (!group.empty()) {
+        const std::size_t next = group.find(joint);
+        const std::string_view term = group.substr(0, next);
+        if (!term.starts_with("repo:") || term.find_first_of(" (") != std::string_view::npos) {
+            throwUnknown(text.substr(0, end + 1));
+        }
+        readTerm(query, term);
+        group.remove_prefix(std::min(next, group.size()));
+        group.remove_prefix(std::min(joint.size(), group.size()));
+    }
+    return text.substr(end + 1);
+}
+
 bool contains(const std::vector<std::string>& list, std::string_view text)
 {
     return std::ranges::find(list, text) != list.end();
@@ -168,24 +192,38 @@ bool isBefore(const PullRequest& left, const PullRequest& right, SearchOrder ord
 
 }  // namespace
 
-SearchQuery parseSearchQuery(std::string_view text)
+SearchQuery parseSearchQuery(std::string_view text, SearchType type, RepositoryTerms terms)
 {
     SearchQuery query;
+    std::size_t repositoryTerms = 0;
     while (true) {
         const std::size_t start = text.find_first_not_of(' ');
         if (start == std::string_view::npos) {
-            return query;
+            break;
         }
-        const std::size_t end = std::min(text.find(' ', start), text.size());
-        readTerm(query, text.substr(start, end - start));
+        text.remove_prefix(start);
+        if (type == SearchType::issueAdvanced && text.starts_with('(')) {
+            text = readGroup(query, text);
+            ++repositoryTerms;
+            continue;
+        }
+        const std::size_t end = std::min(text.find(' '), text.size());
+        repositoryTerms += text.starts_with("repo:") ? 1U : 0U;
+        readTerm(query, text.substr(0, end));
         text.remove_prefix(end);
     }
+    const bool meansAll = terms == RepositoryTerms::all || type == SearchType::issueAdvanced;
+    query.isImpossible = meansAll && repositoryTerms > 1 && query.repositories.size() > 1;
+    return query;
 }
 
 std::vector<std::size_t> search(const Scenario& scenario, const SearchQuery& query)
 {
     const auto repositories = searched(scenario, query);
     std::vector<std::size_t> matches;
+    if (query.isImpossible) {
+        return matches;
+    }
     for (std::size_t index = 0; index < scenario.pullRequests.size(); ++index) {
         const PullRequest& pullRequest = scenario.pullRequests[index];
         if (repositories.contains(pullRequest.repository) && matchesContents(pullRequest, query)

@@ -34,7 +34,10 @@ PullRequestKit::Date currentTime()
 class Desk {
 public:
     explicit Desk(ServerOptions options)
-        : _gitHub(std::move(options.scenario), options.now.value_or(currentTime()))
+        : _gitHub(
+              std::move(options.scenario),
+              options.now.value_or(currentTime()),
+              options.repositoryTerms)
         , _onRequest(std::move(options.onRequest))
         , _faults(options.faults)
     {}
@@ -123,6 +126,11 @@ private:
     {
         _isKeptAlive = _parser->get().keep_alive();
         Delivery delivery = _desk.serve(toRequest(_parser->release()));
+        if (delivery.isHungUp) {
+            error_code ignored;
+            _socket.close(ignored);
+            return;
+        }
         _message = {};
         _message.result(static_cast<unsigned>(delivery.response.status));
         _message.set(http::field::content_type, "application/json; charset=utf-8");

@@ -4,6 +4,7 @@
 #include "SampleGitHub/Http.h"
 #include "SampleGitHub/RequestKind.h"
 #include "SampleGitHub/Scenario.h"
+#include "SampleGitHub/SearchQuery.h"
 
 #include <filesystem>
 #include <functional>
@@ -24,6 +25,7 @@ struct ServerOptions {
     std::filesystem::path socket;  ///< At most 107 bytes long.
     Scenario scenario;
     std::vector<Fault> faults;
+    RepositoryTerms repositoryTerms = RepositoryTerms::any;
     std::optional<PullRequestKit::Date> now;  ///< What ages count back from; empty: the start.
     /// Called for every request on the server's thread, before the answer is sent.
     std::function<void(const RecordedRequest&)> onRequest;

@@ -63,6 +63,16 @@ INSTANTIATE_TEST_SUITE_P(
         Failure{"server-error@rules", "failed", "500"},
         Failure{"server-error@repositories", "failed", "500"},
         Failure{"unauthorized@authentication", "signedOut", "gh auth login -h github.com"},
+        Failure{"server-error@authentication", "signedOut", "gh auth login -h github.com"},
+        Failure{
+            "rate-limit@authentication",
+            "unavailable",
+            "GitHub's limit for your account is used up."},
+        Failure{
+            "used-up=1200@authentication",
+            "unavailable",
+            "GitHub's limit for your account is used up until "},
+        Failure{"hang-up@authentication", "unavailable", "GitHub cannot be reached."},
         Failure{"errors@search", "failed", ""},
         Failure{"errors-only@search", "failed", ""},
         Failure{"errors@rules", "failed", ""},

@@ -8,6 +8,12 @@ namespace {
 
 using namespace SampleGitHub;
 
+std::string firstField(std::string_view document)
+{
+    const auto fields = topFields(document);
+    return fields.empty() ? std::string() : fields.front().name;
+}
+
 TEST(GraphQl, theFirstFieldTellsDocumentsApart)
 {
     EXPECT_EQ(firstField("query UserCurrent{viewer{login}}"), "viewer");
@@ -22,12 +28,25 @@ TEST(GraphQl, thePageSizeIsAnArgumentOfTheFirstField)
 {
     const auto first = [](const std::string& arguments) {
         return parseGraphQlRequest(R"({"query":"{ search)" + arguments + R"( { x(first:7) } }"})")
+            .fields.at(0)
             .first;
     };
     EXPECT_EQ(first("(query:$q, first:50, after:$c)"), 50);
     EXPECT_EQ(first("(first: 20)"), 20);
     EXPECT_EQ(first("(first:$n)"), std::nullopt);
     EXPECT_EQ(first(""), std::nullopt);
+}
+
+TEST(GraphQl, fieldsMayHaveAliases)
+{
+    EXPECT_THAT(
+        topFields("query($a:String!, $b:String!) {\n"
+                  "  one: search(query:$a, type:ISSUE, first:1) { issueCount }\n"
+                  "  search(query:$b, type:ISSUE_ADVANCED, first:50, after:$c) { nodes { id } }\n"
+                  "}"),
+        testing::ElementsAre(
+            GraphQlField{"one", "search", "a", "ISSUE", 1},
+            GraphQlField{"search", "search", "b", "ISSUE_ADVANCED", 50}));
 }
 
 TEST(GraphQl, aBodyOfAnotherFormIsRefused)

@@ -50,6 +50,32 @@ TEST(SampleSearch, filtersByStateAndDraft)
     EXPECT_THAT(found("draft:false sort:created-asc"), ElementsAre(1, 3, 4));
 }
 
+std::size_t count(std::string_view text, SearchType type, RepositoryTerms terms)
+{
+    return search(scenario(), parseSearchQuery(text, type, terms)).size();
+}
+
+TEST(SampleSearch, takesSeveralRepositoriesForAnyOrForAllOfThem)
+{
+    EXPECT_EQ(count("repo:b/two repo:a/one", SearchType::issue, RepositoryTerms::any), 4U);
+    EXPECT_EQ(count("repo:b/two repo:a/one", SearchType::issue, RepositoryTerms::all), 0U);
+    EXPECT_EQ(count("repo:b/two repo:B/Two", SearchType::issue, RepositoryTerms::all), 1U);
+    EXPECT_EQ(count("repo:a/one", SearchType::issue, RepositoryTerms::all), 3U);
+    EXPECT_EQ(count("repo:b/two repo:a/one", SearchType::issueAdvanced, RepositoryTerms::any), 0U);
+}
+
+TEST(SampleSearch, knowsGroupsOfRepositoriesInTheAdvancedSearchAlone)
+{
+    constexpr const char* group = "is:open (repo:b/two OR repo:a/one) sort:updated-desc";
+    EXPECT_EQ(count(group, SearchType::issueAdvanced, RepositoryTerms::all), 3U);
+    EXPECT_THROW(count(group, SearchType::issue, RepositoryTerms::all), SearchError);
+    for (const char* const text :
+         {"(repo:a", "(author:me OR repo:a)", "(repo:a repo:b)", "(repo:a OR (repo:b))"}) {
+        EXPECT_THROW(count(text, SearchType::issueAdvanced, RepositoryTerms::any), SearchError)
+            << text;
+    }
+}
+
 TEST(SampleSearch, filtersByRepositoryIgnoringCase)
 {
     EXPECT_THAT(found("repo:B/Two"), ElementsAre(3));

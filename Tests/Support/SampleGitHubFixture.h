@@ -20,6 +20,9 @@ class SampleGitHubFixture : public testing::Test {
 protected:
     SampleGitHubFixture();
 
+    /// What several `repo:` terms mean from the next `serve` on.
+    void setRepositoryTerms(SampleGitHub::RepositoryTerms terms) { _repositoryTerms = terms; }
+
     /// Serves a scenario by its name, with `gh` signed in when the scenario has an account.
     void serve(const std::string& scenario);
     void serve(SampleGitHub::Scenario scenario);
@@ -42,6 +45,7 @@ protected:
 private:
     SampleGitHub::TemporaryFolder _folder;
     SampleGitHub::Environment _environment;
+    SampleGitHub::RepositoryTerms _repositoryTerms = SampleGitHub::RepositoryTerms::any;
     std::optional<SampleGitHub::Server> _server;
 };
 
