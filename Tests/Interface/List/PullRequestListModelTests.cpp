@@ -133,6 +133,27 @@ TEST_F(PullRequestListModelTests, aRowsAccessibleTextIsItsSentence)
     EXPECT_EQ(index.data(Qt::DisplayRole).toString(), u"Fix login"_s);
 }
 
+TEST_F(PullRequestListModelTests, aRowThatGetsToKnowItsNamesChangesAndSaysThem)
+{
+    std::vector<ListedRow> rows = listed({1, 2});
+    own(rows[1]).pullRequest.checks = {.completed = 1, .total = 2, .failed = 1};
+    model.setRows(rows);
+    PullRequestDetails details;
+    details.failedChecks = {"lint"};
+    rows[1].details = std::make_shared<const PullRequestDetails>(details);
+    const QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
+    model.setRows(rows);
+    ASSERT_EQ(changes.count(), 1);
+    EXPECT_EQ(changes[0][0].toModelIndex().row(), 1);
+    EXPECT_EQ(
+        model.index(1).data(Qt::AccessibleDescriptionRole).toString(),
+        u"octo/tools #2 · \u2068octo\u2069 · 3h. 1 of 2 passed. Failed: \u2068lint\u2069"_s);
+    // The same names in another place are no change.
+    rows[1].details = std::make_shared<const PullRequestDetails>(details);
+    model.setRows(rows);
+    EXPECT_EQ(changes.count(), 1);
+}
+
 TEST_F(PullRequestListModelTests, findsInTitlesRepositoriesAuthorsAndBranches)
 {
     std::vector<ListedRow> rows = listed({1, 2, 3, 4, 5});
