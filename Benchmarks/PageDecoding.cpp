@@ -53,9 +53,10 @@ void pageDecodingAndMapping(benchmark::State& state)
     const std::string text = Benchmarks::searchPage();
     for (auto _ : state) {
         auto envelope = PullRequestKit::Json::decode<SearchEnvelope>(text);
+        PullRequestKit::SharedTexts texts;
         for (GitHubProvider::Node& node : envelope.data->search.nodes) {
             benchmark::DoNotOptimize(
-                GitHubProvider::makePullRequest(std::move(node), "github.com", std::nullopt));
+                GitHubProvider::mapPullRequest(std::move(node), "github.com", std::nullopt, texts));
         }
     }
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));

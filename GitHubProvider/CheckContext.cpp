@@ -90,7 +90,7 @@ const std::optional<std::string>& nameOf(const CheckContext& context)
     return context.name ? context.name : context.context;
 }
 
-std::vector<std::string>& namesOf(CheckSummary& summary, Outcome outcome)
+std::vector<std::string_view>& namesOf(CheckSummary& summary, Outcome outcome)
 {
     switch (outcome) {
     case Outcome::passed:
@@ -165,7 +165,6 @@ CheckSummary summarizeChecks(std::span<const CheckContext> contexts)
             namesOf(summary, result).push_back(*name);
         }
     }
-    summary.passed.shrink_to_fit();
     return summary;
 }
 

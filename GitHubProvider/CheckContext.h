@@ -79,13 +79,13 @@ struct CheckContext {
 /// Safe from any thread.
 std::vector<const CheckContext*> effectiveContexts(std::span<const CheckContext> contexts);
 
-/// The effective checks: how many passed and failed, the others still pending, and their names. One
-/// without a name is counted only.
+/// The effective checks: how many passed and failed, the others still pending, and their names,
+/// which lie in the contexts. One without a name is counted only.
 struct CheckSummary {
     PullRequestKit::ProgressCount count;
-    std::vector<std::string> passed;
-    std::vector<std::string> failed;
-    std::vector<std::string> running;
+    std::vector<std::string_view> passed;
+    std::vector<std::string_view> failed;
+    std::vector<std::string_view> running;
 };
 
 /// Safe from any thread.

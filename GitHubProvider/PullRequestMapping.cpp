@@ -18,6 +18,8 @@ using PullRequestKit::PullRequestState;
 using PullRequestKit::ReviewActivity;
 using PullRequestKit::ReviewState;
 using PullRequestKit::ReviewVerdict;
+using PullRequestKit::SharedText;
+using PullRequestKit::SharedTexts;
 
 constexpr std::string_view approvedText = "APPROVED";
 constexpr std::string_view changesRequestedText = "CHANGES_REQUESTED";
@@ -192,22 +194,35 @@ void addReviews(PullRequestDetails& details, std::span<const Review> reviews)
     details.reviewLimit = limitReached(reviews.size(), SearchLimits::reviews);
 }
 
-PullRequestDetails makeDetails(
-    std::span<const ReviewRequest> requests, std::span<const Review> reviews, CheckSummary checks)
+std::vector<SharedText> shared(const std::vector<std::string_view>& names, SharedTexts& texts)
+{
+    std::vector<SharedText> shared;
+    shared.reserve(names.size());
+    for (const std::string_view name : names) {
+        shared.push_back(texts.share(name));
+    }
+    return shared;
+}
+
+PullRequestDetails makeDetails(const Node& node, const CheckSummary& checks, SharedTexts& texts)
 {
     PullRequestDetails details;
-    addRequests(details, requests);
-    addReviews(details, reviews);
-    details.passedChecks = std::move(checks.passed);
-    details.failedChecks = std::move(checks.failed);
-    details.runningChecks = std::move(checks.running);
+    addRequests(details, elements(node.reviewRequests));
+    addReviews(details, elements(node.latestReviews));
+    details.passedChecks = shared(checks.passed, texts);
+    details.failedChecks = shared(checks.failed, texts);
+    details.runningChecks = shared(checks.running, texts);
+    details.checkLimit = limitReached(checkContexts(node).size(), SearchLimits::checks);
     return details;
 }
 
 }  // namespace
 
 std::optional<MappedPullRequest> mapPullRequest(
-    Node node, const std::string& host, std::optional<std::int64_t> requiredReviews)
+    Node node,
+    const std::string& host,
+    std::optional<std::int64_t> requiredReviews,
+    SharedTexts& texts)
 {
     if (!isComplete(node)) {
         return std::nullopt;
@@ -216,8 +231,8 @@ std::optional<MappedPullRequest> mapPullRequest(
     const auto reviews = elements(node.latestReviews);
     const Names requested = requestedReviewers(node);
     const std::string& repository = node.repository->nameWithOwner;
-    const auto contexts = checkContexts(node);
-    CheckSummary checks = summarizeChecks(contexts);
+    const CheckSummary checks = summarizeChecks(checkContexts(node));
+    PullRequestDetails details = makeDetails(node, checks, texts);
 
     PullRequestKit::PullRequest made;
     made.reviewActivity = activity(reviews);
@@ -239,15 +254,14 @@ std::optional<MappedPullRequest> mapPullRequest(
     made.base = {
         node.baseRepository.value_or(*node.repository).nameWithOwner, *std::move(node.baseRefName)};
     // NOLINTEND(bugprone-unchecked-optional-access)
-    auto details = makeDetails(elements(node.reviewRequests), reviews, std::move(checks));
-    details.checkLimit = limitReached(contexts.size(), SearchLimits::checks);
     return MappedPullRequest{std::move(made), std::move(details)};
 }
 
 std::optional<PullRequestKit::PullRequest> makePullRequest(
     Node node, const std::string& host, std::optional<std::int64_t> requiredReviews)
 {
-    auto mapped = mapPullRequest(std::move(node), host, requiredReviews);
+    SharedTexts texts;
+    auto mapped = mapPullRequest(std::move(node), host, requiredReviews, texts);
     return mapped ? std::optional(std::move(mapped->pullRequest)) : std::nullopt;
 }
 

@@ -19,10 +19,14 @@ struct MappedPullRequest {
     PullRequestKit::PullRequestDetails details;
 };
 
-/// The pull request of a hit as `makePullRequest` makes it, with the names behind its counts.
+/// The pull request of a hit as `makePullRequest` makes it, with the names behind its counts; the
+/// checks' names are shared through `texts`, because many pull requests have the same.
 /// Safe from any thread.
 std::optional<MappedPullRequest> mapPullRequest(
-    Node node, const std::string& host, std::optional<std::int64_t> requiredReviews);
+    Node node,
+    const std::string& host,
+    std::optional<std::int64_t> requiredReviews,
+    PullRequestKit::SharedTexts& texts);
 
 /// The pull request of a hit on this host, with the number of approvals that its base branch
 /// requires. Nothing when the hit is no pull request or lacks what one cannot do without.

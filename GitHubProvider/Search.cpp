@@ -36,14 +36,14 @@ SearchPage decodePage(const CommandResult& result, SearchTrace& trace)
     return std::move(page);
 }
 
-SearchHit makeHit(Node node, const std::string& host)
+SearchHit makeHit(Node node, const std::string& host, PullRequestKit::SharedTexts& texts)
 {
     SearchHit hit;
     if (node.baseRef) {
         hit.baseRefID = node.baseRef->id;
         hit.requiredApprovingReviewCount = node.baseRef->requiredApprovingReviewCount();
     }
-    if (auto mapped = mapPullRequest(std::move(node), host, std::nullopt)) {
+    if (auto mapped = mapPullRequest(std::move(node), host, std::nullopt, texts)) {
         hit.pullRequest = std::move(mapped->pullRequest);
         hit.details = std::move(mapped->details);
     }
@@ -52,11 +52,14 @@ SearchHit makeHit(Node node, const std::string& host)
 
 /// Appends a page's hits and says where the next page begins, if there is one.
 std::optional<std::string> appendHits(
-    std::vector<SearchHit>& hits, SearchPage page, const std::string& host)
+    std::vector<SearchHit>& hits,
+    SearchPage page,
+    const std::string& host,
+    PullRequestKit::SharedTexts& texts)
 {
     hits.reserve(hits.size() + page.nodes.size());
     for (Node& node : page.nodes) {
-        hits.push_back(makeHit(std::move(node), host));
+        hits.push_back(makeHit(std::move(node), host, texts));
     }
     if (!page.pageInfo.hasNextPage) {
         return std::nullopt;
@@ -118,6 +121,7 @@ SearchResult search(
     std::stop_token stopToken)
 {
     SearchResult found;
+    PullRequestKit::SharedTexts texts;
     std::optional<std::string> cursor;
     trace.searchStarted(query);
     do {
@@ -126,7 +130,7 @@ SearchResult search(
         const CommandResult result = gh.run(searchArguments(query, cursor, form), stopToken);
         SearchPage page = decodePage(result, trace);
         found.matches = page.issueCount;
-        cursor = appendHits(found.hits, std::move(page), host);
+        cursor = appendHits(found.hits, std::move(page), host, texts);
     } while (cursor);
     found.isCutOff = std::cmp_greater(found.matches.value_or(0), found.hits.size());
     return found;

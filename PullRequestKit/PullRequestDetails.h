@@ -3,6 +3,7 @@
 #include "PullRequestKit/EnumNames.h"
 #include "PullRequestKit/Json/Fields.h"
 #include "PullRequestKit/PullRequest.h"
+#include "PullRequestKit/SharedText.h"
 
 #include <cstdint>
 #include <memory>
@@ -36,9 +37,9 @@ struct PullRequestDetails {
     std::vector<std::string> requestedUsers;  ///< Logins, each once.
     std::vector<std::string> requestedTeams;  ///< Names, each once.
     std::vector<LatestReview> reviews;        ///< The latest review of each reviewer.
-    std::vector<std::string> passedChecks;
-    std::vector<std::string> failedChecks;
-    std::vector<std::string> runningChecks;  ///< Neither passed nor failed, so queued ones as well.
+    std::vector<SharedText> passedChecks;
+    std::vector<SharedText> failedChecks;
+    std::vector<SharedText> runningChecks;  ///< Neither passed nor failed, so queued ones as well.
 
     /// A limit is set when the answer held as many entries as the service hands out: there may be
     /// more, which neither the names nor the counts of the record include.
@@ -78,22 +79,6 @@ struct Json::Fields<LatestReview> {
     static constexpr std::tuple table{
         field("author", &LatestReview::author),
         field("verdict", &LatestReview::verdict),
-    };
-};
-
-// Stored: do not rename.
-template<>
-struct Json::Fields<PullRequestDetails> {
-    static constexpr std::tuple table{
-        defaultedField("requestedUsers", &PullRequestDetails::requestedUsers),
-        defaultedField("requestedTeams", &PullRequestDetails::requestedTeams),
-        defaultedField("reviews", &PullRequestDetails::reviews),
-        defaultedField("passedChecks", &PullRequestDetails::passedChecks),
-        defaultedField("failedChecks", &PullRequestDetails::failedChecks),
-        defaultedField("runningChecks", &PullRequestDetails::runningChecks),
-        field("requestLimit", &PullRequestDetails::requestLimit),
-        field("reviewLimit", &PullRequestDetails::reviewLimit),
-        field("checkLimit", &PullRequestDetails::checkLimit),
     };
 };
 

@@ -4,12 +4,113 @@
 #include "PullRequestKit/Json/Writing.h"
 #include "Tarnwick/Persistence/Files.h"
 
+#include <iterator>
+#include <string_view>
 #include <system_error>
+#include <unordered_map>
 #include <utility>
 
 namespace Tarnwick {
 
 using PullRequestKit::DetailsByID;
+using PullRequestKit::PullRequestDetails;
+using PullRequestKit::SharedText;
+
+namespace {
+
+/// Gives every name a place in a list, the same one for equal names.
+class NamePlaces {
+public:
+    explicit NamePlaces(std::vector<std::string>& names)
+        : _names(names)
+    {}
+
+    std::vector<std::int64_t> of(const std::vector<SharedText>& checks)
+    {
+        std::vector<std::int64_t> places;
+        places.reserve(checks.size());
+        for (const SharedText& check : checks) {
+            const auto next = static_cast<std::int64_t>(_names.size());
+            const auto [entry, isNew] = _places.try_emplace(check.text(), next);
+            if (isNew) {
+                _names.push_back(check.text());
+            }
+            places.push_back(entry->second);
+        }
+        return places;
+    }
+
+private:
+    std::vector<std::string>& _names;
+    std::unordered_map<std::string_view, std::int64_t> _places;
+};
+
+std::vector<SharedText> namesAt(
+    const std::vector<std::int64_t>& places, const std::vector<SharedText>& names)
+{
+    std::vector<SharedText> found;
+    found.reserve(places.size());
+    for (const std::int64_t place : places) {
+        found.push_back(names.at(static_cast<std::size_t>(place)));
+    }
+    return found;
+}
+
+}  // namespace
+
+KeptPullRequests keptForm(const CachedPullRequestSnapshot& snapshot, const DetailsByID& details)
+{
+    KeptPullRequests kept;
+    kept.refreshedAt = snapshot.refreshedAt;
+    NamePlaces places(kept.checkNames);
+    for (const PullRequestKit::PullRequest& pullRequest : snapshot.pullRequests) {
+        const auto found = details.find(pullRequest.id);
+        if (found == details.end()) {
+            continue;
+        }
+        const PullRequestDetails& known = found->second;
+        kept.pullRequests.push_back(
+            {found->first,
+             KeptDetails{
+                 known.requestedUsers,
+                 known.requestedTeams,
+                 known.reviews,
+                 places.of(known.passedChecks),
+                 places.of(known.failedChecks),
+                 places.of(known.runningChecks),
+                 known.requestLimit,
+                 known.reviewLimit,
+                 known.checkLimit}});
+    }
+    return kept;
+}
+
+DetailsByID detailsOf(KeptPullRequests kept)
+{
+    const std::vector<SharedText> names(
+        std::move_iterator(kept.checkNames.begin()), std::move_iterator(kept.checkNames.end()));
+    DetailsByID details;
+    details.reserve(kept.pullRequests.size());
+    for (KeptPullRequest& pullRequest : kept.pullRequests) {
+        if (!pullRequest.details) {
+            continue;
+        }
+        KeptDetails& known = *pullRequest.details;
+        details.try_emplace(
+            std::move(pullRequest.id),
+            PullRequestDetails{
+                std::move(known.requestedUsers),
+                std::move(known.requestedTeams),
+                std::move(known.reviews),
+                namesAt(known.passedChecks, names),
+                namesAt(known.failedChecks, names),
+                namesAt(known.runningChecks, names),
+                known.requestLimit,
+                known.reviewLimit,
+                known.checkLimit});
+    }
+    return details;
+}
 
 PullRequestDetailsFile PullRequestDetailsFile::beside(const PullRequestDiskCache& cache)
 {
@@ -19,15 +120,9 @@ PullRequestDetailsFile PullRequestDetailsFile::beside(const PullRequestDiskCache
 void PullRequestDetailsFile::save(
     const CachedPullRequestSnapshot& snapshot, const DetailsByID& details) const
 {
-    KeptPullRequests kept;
-    kept.refreshedAt = snapshot.refreshedAt;
-    for (const PullRequestKit::PullRequest& pullRequest : snapshot.pullRequests) {
-        if (const auto found = details.find(pullRequest.id); found != details.end()) {
-            kept.pullRequests.push_back({found->first, found->second});
-        }
-    }
+    const std::string text = PullRequestKit::Json::encode(keptForm(snapshot, details));
     try {
-        Files::replace(fileURL, PullRequestKit::Json::encode(kept), Files::ownerOnly);
+        Files::replace(fileURL, text, Files::ownerOnly);
     } catch (const std::system_error& error) {
         throw CacheWriteError(
             "The details of the pull requests could not be kept in " + fileURL.string() + ": "
@@ -38,7 +133,6 @@ void PullRequestDetailsFile::save(
 DetailsByID PullRequestDetailsFile::load(const CachedPullRequestSnapshot& snapshot) const noexcept
 {
     try {
-        DetailsByID details;
         const auto text = Files::read(fileURL, largestFile);
         if (!text) {
             return {};
@@ -49,12 +143,7 @@ DetailsByID PullRequestDetailsFile::load(const CachedPullRequestSnapshot& snapsh
             || kept.refreshedAt != snapshot.refreshedAt) {
             return {};
         }
-        for (KeptPullRequest& pullRequest : kept.pullRequests) {
-            if (pullRequest.details) {
-                details.try_emplace(std::move(pullRequest.id), *std::move(pullRequest.details));
-            }
-        }
-        return details;
+        return detailsOf(std::move(kept));
     } catch (const std::exception&) {
         return {};
     }

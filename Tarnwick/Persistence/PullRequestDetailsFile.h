@@ -7,15 +7,31 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace Tarnwick {
 
-/// What the file beside the cache keeps of one pull request. Each layer is optional, so that later
-/// versions can add layers and an entry may lack any of them.
+/// `PullRequestDetails` as the file keeps them: the checks by their places in `checkNames`.
+struct KeptDetails {
+    std::vector<std::string> requestedUsers;
+    std::vector<std::string> requestedTeams;
+    std::vector<PullRequestKit::LatestReview> reviews;
+    std::vector<std::int64_t> passedChecks;
+    std::vector<std::int64_t> failedChecks;
+    std::vector<std::int64_t> runningChecks;
+    std::optional<std::int64_t> requestLimit;
+    std::optional<std::int64_t> reviewLimit;
+    std::optional<std::int64_t> checkLimit;
+
+    bool operator==(const KeptDetails&) const = default;
+};
+
+/// What the file keeps of one pull request. Each layer is optional, so that later versions can add
+/// layers and an entry may lack any of them.
 struct KeptPullRequest {
     PullRequestKit::PullRequestID id;
-    std::optional<PullRequestKit::PullRequestDetails> details;
+    std::optional<KeptDetails> details;
 
     bool operator==(const KeptPullRequest&) const = default;
 };
@@ -26,11 +42,18 @@ struct KeptPullRequests {
     static constexpr std::int64_t currentVersion = 1;
 
     std::int64_t version = currentVersion;
-    PullRequestKit::Date refreshedAt{};  ///< The refresh that the details belong to.
+    PullRequestKit::Date refreshedAt{};   ///< The refresh that the details belong to.
+    std::vector<std::string> checkNames;  ///< Each once, however many pull requests have it.
     std::vector<KeptPullRequest> pullRequests;
 
     bool operator==(const KeptPullRequests&) const = default;
 };
+
+/// The details of the snapshot's pull requests in the form of the file, and back. The second throws
+/// `std::out_of_range` where a check has no name. Safe from any thread.
+KeptPullRequests keptForm(
+    const CachedPullRequestSnapshot& snapshot, const PullRequestKit::DetailsByID& details);
+PullRequestKit::DetailsByID detailsOf(KeptPullRequests kept);
 
 /// Where the details of the last snapshot's pull requests lie on disk. The file is optional:
 /// without it, the list is as it would be, only without names behind its counts. A value; its
@@ -58,6 +81,23 @@ struct PullRequestDetailsFile {
 
 // Stored: do not rename.
 template<>
+struct PullRequestKit::Json::Fields<Tarnwick::KeptDetails> {
+    using Details = Tarnwick::KeptDetails;
+    static constexpr std::tuple table{
+        defaultedField("requestedUsers", &Details::requestedUsers),
+        defaultedField("requestedTeams", &Details::requestedTeams),
+        defaultedField("reviews", &Details::reviews),
+        defaultedField("passedChecks", &Details::passedChecks),
+        defaultedField("failedChecks", &Details::failedChecks),
+        defaultedField("runningChecks", &Details::runningChecks),
+        field("requestLimit", &Details::requestLimit),
+        field("reviewLimit", &Details::reviewLimit),
+        field("checkLimit", &Details::checkLimit),
+    };
+};
+
+// Stored: do not rename.
+template<>
 struct PullRequestKit::Json::Fields<Tarnwick::KeptPullRequest> {
     static constexpr std::tuple table{
         field("id", &Tarnwick::KeptPullRequest::id),
@@ -71,6 +111,7 @@ struct PullRequestKit::Json::Fields<Tarnwick::KeptPullRequests> {
     static constexpr std::tuple table{
         field("version", &Tarnwick::KeptPullRequests::version),
         field("refreshedAt", &Tarnwick::KeptPullRequests::refreshedAt),
+        field("checkNames", &Tarnwick::KeptPullRequests::checkNames),
         field("pullRequests", &Tarnwick::KeptPullRequests::pullRequests),
     };
 };

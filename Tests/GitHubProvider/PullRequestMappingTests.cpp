@@ -280,7 +280,8 @@ TEST(PullRequestMapping, withoutCommitsOrRollupThereAreNoChecks)
 
 PullRequestDetails detailsOf(const Node& node)
 {
-    auto mapped = mapPullRequest(node, "github.com", std::nullopt);
+    SharedTexts texts;
+    auto mapped = mapPullRequest(node, "github.com", std::nullopt, texts);
     if (!mapped) {
         throw std::runtime_error("the node was dropped");
     }

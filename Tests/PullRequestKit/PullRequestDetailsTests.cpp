@@ -1,7 +1,5 @@
 #include "PullRequestKit/PullRequestDetails.h"
 
-#include "PullRequestKit/Json/Reading.h"
-#include "PullRequestKit/Json/Writing.h"
 #include "Support/PullRequests.h"
 
 #include <gmock/gmock.h>
@@ -68,23 +66,15 @@ TEST(PullRequestDetails, areCutOffWhenOneOfTheListsIs)
     EXPECT_TRUE(details.isCutOff());
 }
 
-TEST(PullRequestDetails, areWrittenUnderTheirStoredNames)
+TEST(PullRequestDetails, shareTheTextsOfTheirNames)
 {
-    PullRequestDetails details;
-    details.requestedUsers = {"tomasz"};
-    details.requestedTeams = {"platform"};
-    details.reviews = {{"noa-b", ReviewVerdict::changesRequested}};
-    details.passedChecks = {"build"};
-    details.failedChecks = {"lint"};
-    details.runningChecks = {"test"};
-    details.checkLimit = 100;
-    EXPECT_EQ(
-        Json::encode(details),
-        R"({"requestedUsers":["tomasz"],"requestedTeams":["platform"],)"
-        R"("reviews":[{"author":"noa-b","verdict":"changesRequested"}],)"
-        R"("passedChecks":["build"],"failedChecks":["lint"],"runningChecks":["test"],)"
-        R"("checkLimit":100})");
-    EXPECT_EQ(Json::decode<PullRequestDetails>(Json::encode(details)), details);
+    SharedTexts texts;
+    const SharedText first = texts.share("test suite / shard 1 of many");
+    const SharedText second = texts.share(std::string("test suite / shard 1 of many"));
+    EXPECT_EQ(&first.text(), &second.text());
+    EXPECT_EQ(first, SharedText("test suite / shard 1 of many"));
+    EXPECT_NE(first, texts.share("test suite / shard 2 of many"));
+    EXPECT_EQ(SharedText(), SharedText(""));
 }
 
 }  // namespace

@@ -59,6 +59,15 @@ QStringList isolated(const std::vector<std::string>& names)
     return shown;
 }
 
+QStringList isolated(const std::vector<SharedText>& names)
+{
+    QStringList shown;
+    for (const SharedText& name : names) {
+        shown.append(isolated(name.text()));
+    }
+    return shown;
+}
+
 QStringList authors(const PullRequestDetails& details, ReviewVerdict verdict)
 {
     QStringList shown;

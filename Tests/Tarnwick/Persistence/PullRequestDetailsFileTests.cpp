@@ -69,18 +69,21 @@ TEST_F(PullRequestDetailsFileTest, yieldsWhatWasSavedWithTheSnapshot)
 
 TEST_F(PullRequestDetailsFileTest, isOneDocumentInTheOrderOfTheSnapshot)
 {
-    details.emplace(makePullRequest(2).id, PullRequestDetails{});
+    PullRequestDetails passed;
+    passed.passedChecks = {"test linux", "lint"};
+    details.emplace(makePullRequest(2).id, passed);
     details.emplace(makePullRequest(3).id, namedDetails());  // Not in the snapshot.
     file.save(snapshot, details);
     EXPECT_EQ(
         readFile(),
-        R"({"version":1,"refreshedAt":"2024-05-01T09:30:00Z","pullRequests":[)"
+        R"({"version":1,"refreshedAt":"2024-05-01T09:30:00Z","checkNames":["test linux","lint"],)"
+        R"("pullRequests":[)"
         R"({"id":{"provider":"github","host":"github.com","repository":"octo/tools","number":1},)"
         R"("details":{"requestedUsers":[],"requestedTeams":["platform"],)"
         R"("reviews":[{"author":"noa-b","verdict":"dismissed"}],"passedChecks":[],)"
-        R"("failedChecks":["test linux"],"runningChecks":[],"checkLimit":100}},)"
+        R"("failedChecks":[0],"runningChecks":[],"checkLimit":100}},)"
         R"({"id":{"provider":"github","host":"github.com","repository":"octo/tools","number":2},)"
-        R"("details":{"requestedUsers":[],"requestedTeams":[],"reviews":[],"passedChecks":[],)"
+        R"("details":{"requestedUsers":[],"requestedTeams":[],"reviews":[],"passedChecks":[0,1],)"
         R"("failedChecks":[],"runningChecks":[]}}]})");
 }
 
@@ -101,13 +104,15 @@ TEST_F(PullRequestDetailsFileTest, ofAnotherRefreshCountsAsAbsent)
 TEST_F(PullRequestDetailsFileTest, mayLackTheDetailsOfAnEntryAndHoldWhatThisVersionDoesNotKnow)
 {
     writeFile(
-        R"({"version":1,"refreshedAt":"2024-05-01T09:30:00Z","more":[],"pullRequests":[)"
+        R"({"version":1,"refreshedAt":"2024-05-01T09:30:00Z","more":[],"checkNames":["lint"],)"
+        R"("pullRequests":[)"
         R"({"id":{"provider":"github","host":"github.com","repository":"octo/tools","number":1},)"
         R"("facts":{"threads":3}},)"
         R"({"id":{"provider":"github","host":"github.com","repository":"octo/tools","number":2},)"
-        R"("details":{"requestedUsers":["ada"],"later":1}}]})");
+        R"("details":{"requestedUsers":["ada"],"runningChecks":[0],"later":1}}]})");
     PullRequestDetails expected;
     expected.requestedUsers = {"ada"};
+    expected.runningChecks = {"lint"};
     EXPECT_EQ(file.load(snapshot), (DetailsByID{{makePullRequest(2).id, expected}}));
 }
 
@@ -119,24 +124,22 @@ TEST_F(PullRequestDetailsFileTest, thatIsNoSuchDocumentCountsAsAbsentAndStays)
     const std::string otherVersion = R"({"version":2)" + whole.substr(12);
     const std::string unknownVerdict = [&] {
         std::string text = whole;
-        return text.replace(
-            text.find("di"
-                      "sm"
-                      "is"
-                      "se"
-                      "d"),
-            9,
-            "love"
-            "d");
+        return text.replace(text.find("dismissed"), 9, "loved");
     }();
+    const auto withPlace = [&](const char* place) {
+        std::string text = whole;
+        return text.replace(text.find("[0]"), 3, place);
+    };
     for (const std::string& text :
-         {std::string(),
+         {withPlace("[1]"),
+          withPlace("[-1]"),
+          withPlace("[\"lint\"]"),
+          std::string(),
           whole.substr(0, whole.size() / 2),
           otherVersion,
           unknownVerdict,
           std::string("[]"),
-          std::string("\xFF"
-                      "\xFE"),
+          std::string("\xFF"),
           std::string(R"({"version":1})")}) {
         writeFile(text);
         EXPECT_THAT(file.load(snapshot), IsEmpty()) << text;
