@@ -101,10 +101,12 @@ Surroundings ExternalNavigation::desktop(
 // `QDesktopServices` is not asked: it passes on no token, and where it goes through the portal it
 // waits for the answer on the main thread (Qt 6.4).
 void ExternalNavigation::open(
-    const PullRequestKit::Url& url, const std::string& activationToken) const
+    const PullRequestKit::Url& url, const std::string& activationToken, PanelFate fate) const
 {
     assert(isMainThread());
-    _surroundings->dismissPanel(PanelSearch::anyVisible);
+    if (fate == PanelFate::goes) {
+        _surroundings->dismissPanel(PanelSearch::anyVisible);
+    }
     if (const auto opener = linkOpener(*_surroundings)) {
         _surroundings->launch({*opener, {url.text}, activationToken});
     } else {

@@ -35,10 +35,13 @@ public:
     static Surroundings desktop(
         GitHubProvider::Environment environment, PanelDismissal dismissPanel);
 
-    /// Dismisses the panel and has the desktop open the address; nobody waits for that, and nothing
-    /// is reported. The token, if there is one, lets the browser come to the front. Main thread
-    /// only.
-    void open(const PullRequestKit::Url& url, const std::string& activationToken = {}) const;
+    /// Dismisses the panel, unless it is to stay, and has the desktop open the address; nobody
+    /// waits for that, and nothing is reported. The token, if there is one, lets the browser come
+    /// to the front. Main thread only.
+    void open(
+        const PullRequestKit::Url& url,
+        const std::string& activationToken = {},
+        PanelFate fate = PanelFate::goes) const;
 
     /// Soon dismisses the panel and opens the desktop's notification settings; nothing happens
     /// where none are found. Safe from any thread.

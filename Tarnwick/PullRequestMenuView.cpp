@@ -19,7 +19,15 @@
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
+#include <chrono>
+
 namespace Tarnwick {
+namespace {
+
+/// How long a browser may take until it has the focus.
+constexpr std::chrono::seconds browserComesWithin{10};
+
+}  // namespace
 
 PullRequestMenuView::PullRequestMenuView(
     PullRequestMenuModel& model, Appearance& appearance, QWidget* parent)
@@ -31,6 +39,7 @@ PullRequestMenuView::PullRequestMenuView(
     , _rows(new PullRequestListModel([&model] { return model.now(); }, this))
     , _list(new PullRequestListView(*_rows, appearance, _page))
     , _content(new ContentArea(model, _list, appearance, _page))
+    , _strips(new StripStack(model, appearance, _page))
     , _footer(new PanelFooter([&model] { return model.now(); }, appearance, _page))
     , _menu(new OptionsMenu(model, appearance, this))
     , _editorFlow(new EditorFlow(model, this))
@@ -53,7 +62,7 @@ void PullRequestMenuView::layOut()
     _column->setSpacing(0);
     _column->addWidget(_header);
     _column->addWidget(_content, 1);
-    _column->addWidget(new StripStack(_model, _appearance, _page));
+    _column->addWidget(_strips);
     _column->addWidget(_footer);
 }
 
@@ -65,8 +74,8 @@ void PullRequestMenuView::setUpdateCheck(
 
 bool PullRequestMenuView::keepsOpen() const
 {
-    return QApplication::activePopupWidget() != nullptr || _alerts->isAnyShown()
-           || (_picker != nullptr && _picker->keepsOpen());
+    return QApplication::activePopupWidget() != nullptr || !_stays.hasExpired()
+           || _alerts->isAnyShown() || (_picker != nullptr && _picker->keepsOpen());
 }
 
 void PullRequestMenuView::panelShown()
@@ -87,6 +96,11 @@ void PullRequestMenuView::connectHeader()
     _header->brand().setToolTip(webSiteHelpText());
     connect(&_header->brand(), &QAbstractButton::clicked, this, &PullRequestMenuView::openWebSite);
     connect(&_header->options(), &QAbstractButton::clicked, this, &PullRequestMenuView::showMenu);
+    connect(&_header->find(), &QAbstractButton::clicked, this, [this] {
+        isFinding() ? closeFind() : openFind();
+    });
+    connect(_content, &ContentArea::showsListChanged, this, &PullRequestMenuView::followList);
+    followList();
     const auto showRefreshing = [this] { _header->setRefreshing(_model.isRefreshing()); };
     connect(&_model, &PullRequestMenuModel::isRefreshingChanged, this, showRefreshing);
     showRefreshing();
@@ -109,7 +123,13 @@ void PullRequestMenuView::connectMenu()
 
 void PullRequestMenuView::connectList()
 {
-    connect(_list, &PullRequestListView::openRequested, this, &PullRequestMenuView::open);
+    connect(_list, &PullRequestListView::openRequested, this, [this](const auto& pullRequest) {
+        open(pullRequest, PanelFate::goes);
+    });
+    connect(
+        _list, &PullRequestListView::openAndStayRequested, this, [this](const auto& pullRequest) {
+            open(pullRequest, PanelFate::stays);
+        });
     connect(_list, &PullRequestListView::openInEditorRequested, _editorFlow, &EditorFlow::open);
     connect(_list, &PullRequestListView::findRequested, this, &PullRequestMenuView::openFind);
     connect(_content, &ContentArea::showHiddenRequested, this, &PullRequestMenuView::toggleHidden);
@@ -131,9 +151,19 @@ void PullRequestMenuView::makeFindBar()
         _rows->setFindText(text);
         showCount();
     });
-    connect(_findBar, &FindBar::closed, this, [this] { _content->setFocus(); });
+    connect(_findBar, &FindBar::closed, this, [this] {
+        _header->find().setOpen(false);
+        _content->setFocus();
+    });
     // As by Tab, so that a row is chosen for the next key.
     connect(_findBar, &FindBar::leftForList, this, [this] { _list->setFocus(Qt::TabFocusReason); });
+    connect(_findBar, &FindBar::hitRequested, _list, &PullRequestListView::openHit);
+    QWidget* before = &_header->options();
+    for (QWidget* const stop : _findBar->stops()) {
+        setTabOrder(before, stop);
+        before = stop;
+    }
+    setTabOrder(before, _list);
 }
 
 void PullRequestMenuView::connectModel()
@@ -251,6 +281,25 @@ void PullRequestMenuView::openFind()
         makeFindBar();
     }
     _findBar->open();
+    _header->find().setOpen(true);
+}
+
+/// From elsewhere than the field the key leads into it.
+void PullRequestMenuView::toggleFind()
+{
+    if (isFinding() && _findBar->isAncestorOf(focusWidget())) {
+        closeFind();
+    } else {
+        openFind();
+    }
+}
+
+void PullRequestMenuView::followList()
+{
+    _header->setFindShown(_content->showsList());
+    if (!_content->showsList()) {
+        closeFind();
+    }
 }
 
 bool PullRequestMenuView::isFinding() const
@@ -270,12 +319,15 @@ void PullRequestMenuView::closeFind()
     }
 }
 
-void PullRequestMenuView::open(const PullRequestKit::PullRequest& pullRequest)
+void PullRequestMenuView::open(const PullRequestKit::PullRequest& pullRequest, PanelFate fate)
 {
     // The visit has the rows made anew that the pull request comes from.
     const PullRequestKit::Url page = pullRequest.url;
     _model.recordVisit(pullRequest.id);
-    _model.navigation().open(page);
+    if (fate == PanelFate::stays) {
+        _stays = QDeadlineTimer(browserComesWithin);
+    }
+    _model.navigation().open(page, {}, fate);
 }
 
 void PullRequestMenuView::openWebSite()
@@ -296,9 +348,27 @@ void PullRequestMenuView::updateUse()
     }
 }
 
+void PullRequestMenuView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange || _stays.hasExpired()) {
+        return;
+    }
+    if (isActiveWindow()) {
+        _stays = QDeadlineTimer(0);
+    } else {
+        // The next pull request is to be opened from it, too.
+        window()->raise();
+    }
+}
+
 void PullRequestMenuView::keyPressEvent(QKeyEvent* event)
 {
     const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (_picker == nullptr && event->matches(QKeySequence::Find)) {
+        toggleFind();
+        return;
+    }
     if (!isPlain || _picker != nullptr) {
         QWidget::keyPressEvent(event);
         return;

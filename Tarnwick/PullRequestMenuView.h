@@ -2,6 +2,7 @@
 
 #include "Tarnwick/PullRequestMenuModel.h"
 
+#include <QDeadlineTimer>
 #include <QPointer>
 #include <QWidget>
 
@@ -22,6 +23,7 @@ class PanelHeader;
 class PullRequestListModel;
 class PullRequestListView;
 class RepositoryPicker;
+class StripStack;
 
 /// What the panel shows: header, content by the model's state, footer, options menu, alerts and the
 /// editor's overlay. It decides nothing: every action is an operation of the model or of the
@@ -53,6 +55,7 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void layOut();
@@ -70,10 +73,12 @@ private:
     void showMenu();
     void showRepositories();
     void hideRepositories();
+    void followList();
     void openFind();
+    void toggleFind();
     void closeFind();
     bool isFinding() const;
-    void open(const PullRequestKit::PullRequest& pullRequest);
+    void open(const PullRequestKit::PullRequest& pullRequest, PanelFate fate);
     void openWebSite();
     void updateUse();
 
@@ -87,10 +92,12 @@ private:
     PullRequestListModel* _rows;
     PullRequestListView* _list;
     ContentArea* _content;
+    StripStack* _strips;
     PanelFooter* _footer;
     OptionsMenu* _menu;
     EditorFlow* _editorFlow;
     PanelAlerts* _alerts;
+    QDeadlineTimer _stays{0};  ///< Until then the focus may leave the panel without closing it.
     QPointer<RepositoryPicker> _picker;  ///< In the place of the page while it is up.
 };
 

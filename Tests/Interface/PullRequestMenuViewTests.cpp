@@ -5,6 +5,8 @@
 #include "Tarnwick/Interface/Look/Appearance.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
 #include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
@@ -209,11 +211,11 @@ TEST_F(PullRequestMenuViewTests, tabGoesThroughHeaderListAndFindsItsWayBack)
 {
     showList({TestSupport::makePullRequest(1)});
     std::vector<std::string> stops;
-    for (int press = 0; press < 3; ++press) {
+    for (int press = 0; press < 4; ++press) {
         QTest::keyClick(view->focusWidget(), Qt::Key_Tab);
         stops.push_back(view->focusWidget()->objectName().toStdString());
     }
-    EXPECT_THAT(stops, ElementsAre("brand", "options", list().objectName().toStdString()));
+    EXPECT_THAT(stops, ElementsAre("brand", "find", "options", list().objectName().toStdString()));
 }
 
 TEST_F(PullRequestMenuViewTests, slashFindsAmongTheRows)
@@ -278,7 +280,7 @@ TEST_F(PullRequestMenuViewTests, nothingBelowACardCanBeUsed)
     showList({TestSupport::makePullRequest(1)});
     model->setProjectDirectory("/nowhere");
     press(Qt::Key_Home);
-    press(Qt::Key_E);
+    QTest::keyClick(&list(), Qt::Key_E, Qt::ControlModifier);
     ASSERT_TRUE(TestSupport::eventually([this] { return shows("editorError"); }));
     EXPECT_FALSE(list().isEnabled());
     EXPECT_TRUE(view->keepsOpen());
@@ -294,7 +296,7 @@ TEST_F(PullRequestMenuViewTests, anEditorThatFailsAsksForThePanelToBeShown)
     showList({TestSupport::makePullRequest(1)});
     const QSignalSpy asked(view.get(), &PullRequestMenuView::attentionRequested);
     press(Qt::Key_Home);
-    press(Qt::Key_E);
+    QTest::keyClick(&list(), Qt::Key_E, Qt::ControlModifier);
     ASSERT_TRUE(TestSupport::eventually([this] { return shows("editorError"); }));
     EXPECT_EQ(asked.count(), 1);
     press(Qt::Key_Return);
@@ -462,6 +464,133 @@ TEST_F(PullRequestMenuViewTests, theFocusGoesToTheListWhenTheChipGoes)
     EXPECT_TRUE(part<QWidget>("hiddenChip")->hasFocus());
     model->toggleStatus(StatusFilter::draft);
     EXPECT_TRUE(list().hasFocus());
+}
+
+TEST_F(PullRequestMenuViewTests, theChipComesAfterTheListInTheOrderOfTab)
+{
+    showList(stackWithDraft());
+    QTest::keyClick(&list(), Qt::Key_Tab);
+    EXPECT_EQ(view->focusWidget()->objectName(), QStringLiteral("hiddenChip"));
+    QTest::keyClick(view->focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(view->focusWidget()->objectName(), QStringLiteral("brand"));
+}
+
+TEST_F(PullRequestMenuViewTests, theMagnifierOpensAndClosesTheFindBar)
+{
+    showList({TestSupport::makePullRequest(1)});
+    auto* const find = part<QAbstractButton>("find");
+    EXPECT_EQ(find->accessibleName(), QStringLiteral("Find"));
+    EXPECT_EQ(find->toolTip(), QStringLiteral("Find (/)"));
+    QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(find);
+    EXPECT_EQ(told->role(), QAccessible::Button);
+    EXPECT_FALSE(told->state().pressed);
+    QTest::mouseClick(find, Qt::LeftButton);
+    EXPECT_TRUE(view->findChild<FindBar*>()->isOpen());
+    EXPECT_TRUE(part<QLineEdit>("findField")->hasFocus());
+    EXPECT_TRUE(told->state().pressed);
+    QTest::mouseClick(find, Qt::LeftButton);
+    EXPECT_FALSE(view->findChild<FindBar*>()->isOpen());
+    EXPECT_FALSE(told->state().pressed);
+    EXPECT_TRUE(list().hasFocus());
+    told->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(view->findChild<FindBar*>()->isOpen());
+}
+
+TEST_F(PullRequestMenuViewTests, controlFFindsAndEndsFinding)
+{
+    showList({TestSupport::makePullRequest(1)});
+    const auto press = [this] {
+        QTest::keyClick(view->focusWidget(), Qt::Key_F, Qt::ControlModifier);
+    };
+    press();
+    EXPECT_TRUE(part<QLineEdit>("findField")->hasFocus());
+    list().setFocus();
+    press();
+    EXPECT_TRUE(part<QLineEdit>("findField")->hasFocus()) << "from elsewhere it leads back";
+    press();
+    EXPECT_FALSE(view->findChild<FindBar*>()->isOpen());
+    EXPECT_TRUE(list().hasFocus());
+}
+
+TEST_F(PullRequestMenuViewTests, withoutAListThereIsNothingToFindIn)
+{
+    showList({TestSupport::makePullRequest(1)});
+    EXPECT_TRUE(shows("find"));
+    press(Qt::Key_Slash);
+    model->toggleStatus(StatusFilter::open);
+    EXPECT_TRUE(shows("status"));
+    EXPECT_FALSE(shows("find"));
+    EXPECT_FALSE(view->findChild<FindBar*>()->isOpen());
+    QTest::keyClick(view->focusWidget(), Qt::Key_F, Qt::ControlModifier);
+    EXPECT_FALSE(view->findChild<FindBar*>()->isOpen());
+}
+
+TEST_F(PullRequestMenuViewTests, tabInTheFieldGoesToTheHitsAndBack)
+{
+    showList({TestSupport::makePullRequest(1), TestSupport::makePullRequest(2)});
+    press(Qt::Key_Slash);
+    type("request 2");
+    QTest::keyClick(view->focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(list().hasFocus());
+    EXPECT_TRUE(list().selectionModel()->isSelected(list().model()->index(0, 0)));
+    QTest::keyClick(&list(), Qt::Key_Backtab);
+    EXPECT_EQ(view->focusWidget()->objectName(), QStringLiteral("findClose"));
+    QTest::keyClick(view->focusWidget(), Qt::Key_Backtab);
+    EXPECT_EQ(view->focusWidget()->objectName(), QStringLiteral("findField"));
+}
+
+TEST_F(PullRequestMenuViewTests, returnInTheFieldOpensTheFirstHit)
+{
+    showList({TestSupport::makePullRequest(1), TestSupport::makePullRequest(2)});
+    press(Qt::Key_Slash);
+    type("#2");
+    press(Qt::Key_Return);
+    EXPECT_THAT(desktop.journal(), testing::Contains(testing::HasSubstr("/octo/tools/pull/2")));
+    EXPECT_TRUE(model->visits().isVisited(TestSupport::makePullRequest(2)));
+}
+
+TEST_F(PullRequestMenuViewTests, aRowCanBeOpenedWhileThePanelStays)
+{
+    showList({TestSupport::makePullRequest(1), TestSupport::makePullRequest(2)});
+    press(Qt::Key_Home);
+    QTest::keyClick(&list(), Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_THAT(desktop.journal(), testing::Contains(testing::HasSubstr("/octo/tools/pull/")));
+    EXPECT_THAT(desktop.journal(), testing::Not(testing::Contains(testing::HasSubstr("dismiss"))));
+    EXPECT_TRUE(view->keepsOpen()) << "when the browser takes the focus";
+    EXPECT_THAT(rows(), 2);
+    QEvent activation(QEvent::ActivationChange);
+    QApplication::sendEvent(view.get(), &activation);
+    ASSERT_TRUE(view->isActiveWindow());
+    EXPECT_FALSE(view->keepsOpen()) << "once the user is back";
+    press(Qt::Key_Return);
+    EXPECT_THAT(desktop.journal(), testing::Contains(testing::HasSubstr("dismiss")));
+}
+
+TEST_F(PullRequestMenuViewTests, aMenuThatTheMouseOpenedLeavesTheFocusInTheList)
+{
+    showList({TestSupport::makePullRequest(1)});
+    auto* const options = part<QAbstractButton>("options");
+    QTest::mouseClick(options, Qt::LeftButton);
+    auto* const menu = part<QMenu>("optionsMenu");
+    ASSERT_TRUE(menu->isVisible());
+    QTest::keyClick(menu, Qt::Key_Escape);
+    EXPECT_FALSE(menu->isVisible());
+    EXPECT_TRUE(list().hasFocus());
+}
+
+TEST_F(PullRequestMenuViewTests, theMenuKeyIsTheRowsOrElseTheOptions)
+{
+    showList({TestSupport::makePullRequest(1)});
+    auto* const options = part<QMenu>("optionsMenu");
+    press(Qt::Key_Menu);
+    EXPECT_TRUE(options->isVisible());
+    options->close();
+    press(Qt::Key_Home);
+    press(Qt::Key_Menu);
+    EXPECT_FALSE(options->isVisible());
+    ASSERT_NE(part<QMenu>("rowMenu"), nullptr);
+    EXPECT_TRUE(part<QMenu>("rowMenu")->isVisible());
+    part<QMenu>("rowMenu")->close();
 }
 
 }  // namespace

@@ -62,7 +62,7 @@ class DayTests(SessionTest):
         self.focused_panel()
 
     def fail_to_edit(self):
-        self.screen.key("Home", "e")
+        self.screen.key("Home", "ctrl+e")
         self.reader.press("push button", "Copy error title and message")
         wait_until(lambda: "Unable to Open Editor" in self.clipboard(), "the copied message")
         self.reader.press("push button", "OK")

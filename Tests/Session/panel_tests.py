@@ -75,7 +75,7 @@ class ReadingTests(PanelTest):
             ],
         )
         self.assertEqual(self.reader.find("list").name, "Pull requests")
-        self.assertEqual(self.reader.names("push button"), ["Tarnwick", "List options"])
+        self.assertEqual(self.reader.names("push button"), ["Tarnwick", "Find", "List options"])
         self.assertEqual(
             self.reader.find("push button", "Tarnwick").description, "Open tarnwick.dev"
         )
@@ -97,6 +97,7 @@ class ReadingTests(PanelTest):
                 "Checks",
                 "Reviews",
                 "Merge-ready",
+                "Reset Filters",
                 "Help",
                 "Quit",
             ],

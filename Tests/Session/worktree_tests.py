@@ -104,7 +104,7 @@ class EditorTest(SessionTest):
 
     def press_the_key(self):
         wait_until(self.row_is_there, "the row")
-        self.screen.key("Home", "e")
+        self.screen.key("Home", "ctrl+e")
 
     def row_is_there(self):
         return any("Split bookings" in name for name in self.reader.names("list item"))

@@ -1,9 +1,13 @@
 #include "Tarnwick/Interface/Controls/IconButton.h"
 
+#include "Tarnwick/Interface/Controls/AccessibleIconButton.h"
 #include "Tarnwick/Interface/Look/Painting.h"
 #include "Tarnwick/Interface/Look/SystemSymbol.h"
 
+#include <QAccessible>
 #include <QPainter>
+
+#include <utility>
 
 namespace Tarnwick {
 
@@ -17,12 +21,18 @@ IconButton::IconButton(
     , _symbol(symbol)
     , _extent(extent)
 {
+    installAccessibleIconButton();
     setAccessibleName(accessibleName);
 }
 
 void IconButton::setOpen(bool isOpen)
 {
-    _isOpen = isOpen;
+    if (std::exchange(_isOpen, isOpen) != isOpen && _isToggle) {
+        QAccessible::State changed;
+        changed.pressed = true;
+        QAccessibleStateChangeEvent event(this, changed);
+        QAccessible::updateAccessibility(&event);
+    }
     update();
 }
 

@@ -23,6 +23,13 @@ public:
         const Appearance& appearance,
         QWidget* parent);
 
+    /// A button that opens and shuts tells screen readers which of both it is.
+    void setToggle(bool isToggle) { _isToggle = isToggle; }
+
+    bool isToggle() const { return _isToggle; }
+
+    bool isOpen() const { return _isOpen; }
+
     /// While what the button opened is in sight it stays filled.
     void setOpen(bool isOpen);
 
@@ -37,6 +44,7 @@ private:
     QString _symbol;
     Extent _extent;
     bool _isOpen = false;
+    bool _isToggle = false;
 };
 
 }  // namespace Tarnwick

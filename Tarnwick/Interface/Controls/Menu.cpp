@@ -19,6 +19,12 @@ Menu::Menu(const QString& title, const Appearance& appearance, QWidget* parent)
     setStyle(style);
     setWindowFlags(windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
     setAttribute(Qt::WA_TranslucentBackground);
+    // A screen reader's press leaves the menu open, which suits choices and nothing else.
+    connect(this, &QMenu::triggered, this, [this](const QAction* action) {
+        if (!action->isCheckable()) {
+            close();
+        }
+    });
 }
 
 Menu* Menu::addSubmenu(const QString& title)

@@ -14,6 +14,7 @@ using RowWording::Details;
 const QString dot = QStringLiteral("·");
 const QString draft = QStringLiteral("Draft");
 const QString ellipsis = QStringLiteral("…");
+const QString slash = QStringLiteral("/");
 
 /// What is left of a repository and of an author beside a reason, at text scale 1.
 constexpr double leastRepository = 48;
@@ -21,19 +22,27 @@ constexpr double leastAuthor = 32;
 
 class DetailsComposer {
 public:
-    DetailsComposer(Details details, const LineRoom& room, const TextMeasure& measure)
-        : _details(std::move(details))
+    DetailsComposer(
+        const Details& details,
+        const LineRoom& room,
+        const TextMeasure& measure,
+        const QStringList& findWords)
+        : _whole(details)
+        , _details(details)
         , _room(room)
         , _measure(measure)
-    {}
+        , _findWords(findWords)
+    {
+        const auto marks = matchesIn(details.owner + details.repository, findWords);
+        const auto middle = details.owner.size();
+        _ownerMarks = rangesWithin(marks, {0, middle});
+        _repositoryMarks = rangesWithin(marks, {middle, middle + details.repository.size()});
+    }
 
     DetailsLayout fit()
     {
         const bool hasReason = !_details.reason.isEmpty();
-        if (excess() > 0 && !_details.owner.isEmpty()) {
-            _details.owner.clear();
-            _isElided = true;
-        }
+        shortenOwner();
         shorten(_details.repository, Qt::ElideMiddle, hasReason ? leastRepository : 0);
         shorten(_details.author, Qt::ElideRight, hasReason ? leastAuthor : 0);
         if (hasReason && excess() > 0) {
@@ -91,26 +100,59 @@ private:
         _isElided = true;
     }
 
+    void shortenOwner()
+    {
+        if (excess() <= 0 || _details.owner.isEmpty()) {
+            return;
+        }
+        _isElided = true;
+        QString name = std::exchange(_details.owner, QString());
+        if (_ownerMarks.empty()) {
+            return;
+        }
+        name.chop(1);
+        const double room = -excess() - widthOf(slash);
+        const QString cut = _measure.elided(name, Qt::ElideRight, std::max(0.0, room));
+        _details.owner = (cut.isEmpty() ? ellipsis : cut) + slash;
+    }
+
+    /// Of owner and repository as they are shown.
+    std::vector<TextRange> nameMarks() const
+    {
+        auto marks = rangesShown(_ownerMarks, _whole.owner, _details.owner);
+        const auto start = _details.owner.size();
+        for (const TextRange& range :
+             rangesShown(_repositoryMarks, _whole.repository, _details.repository)) {
+            appendRange(marks, {start + range.start, start + range.end});
+        }
+        return marks;
+    }
+
+    std::vector<TextRange> marksIn(const QString& whole, const QString& shown) const
+    {
+        return rangesShown(matchesIn(whole, _findWords), whole, shown);
+    }
+
     DetailsLayout place()
     {
         DetailsLayout layout;
         layout.isElided = _isElided;
         double left = 0;
-        const auto put = [&](const QString& text) {
-            layout.pieces.push_back({text, left});
+        const auto put = [&](const QString& text, std::vector<TextRange> marks = {}) {
+            layout.pieces.push_back({text, left, std::move(marks)});
             left += widthOf(text) + _room.gap;
         };
-        const auto putBeforeDot = [&](const QString& text) {
+        const auto putBeforeDot = [&](const QString& text, std::vector<TextRange> marks = {}) {
             if (!text.isEmpty()) {
-                put(text);
+                put(text, std::move(marks));
                 put(dot);
             }
         };
         putBeforeDot(_details.isDraft ? draft : QString());
         putBeforeDot(_details.reason);
-        put(_details.owner + _details.repository);
-        putBeforeDot(_details.number);
-        putBeforeDot(_details.author);
+        put(_details.owner + _details.repository, nameMarks());
+        putBeforeDot(_details.number, marksIn(_whole.number, _details.number));
+        putBeforeDot(_details.author, marksIn(_whole.author, _details.author));
         put(_details.age);
         return layout;
     }
@@ -127,13 +169,19 @@ private:
             pieces.pop_back();
         }
         DetailsLayout::Piece& last = pieces.back();
+        const QString whole = last.text;
         last.text = _measure.elided(last.text + ellipsis, Qt::ElideRight, _room.width - last.left);
+        last.marks = rangesShown(last.marks, whole, last.text);
         layout.isElided = true;
     }
 
-    Details _details;
+    const Details& _whole;
+    Details _details;  ///< What is left of it.
     LineRoom _room;
     const TextMeasure& _measure;
+    const QStringList& _findWords;
+    std::vector<TextRange> _ownerMarks;
+    std::vector<TextRange> _repositoryMarks;
     QHash<QString, double> _widths;
     bool _isElided = false;
 };
@@ -150,9 +198,12 @@ QString DetailsLayout::text() const
 }
 
 DetailsLayout layOutDetails(
-    const Details& details, const LineRoom& room, const TextMeasure& measure)
+    const Details& details,
+    const LineRoom& room,
+    const TextMeasure& measure,
+    const QStringList& findWords)
 {
-    return DetailsComposer(details, room, measure).fit();
+    return DetailsComposer(details, room, measure, findWords).fit();
 }
 
 }  // namespace Tarnwick

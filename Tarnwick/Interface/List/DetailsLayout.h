@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Tarnwick/Interface/List/FindMatches.h"
 #include "Tarnwick/Interface/List/RowWording.h"
 
 #include <functional>
@@ -14,7 +15,8 @@ namespace Tarnwick {
 struct DetailsLayout {
     struct Piece {
         QString text;
-        double left = 0;  ///< From the start of the line, in logical pixels.
+        double left = 0;                    ///< From the start of the line, in logical pixels.
+        std::vector<TextRange> marks = {};  ///< What of the text was looked for.
     };
 
     std::vector<Piece> pieces;
@@ -37,8 +39,12 @@ struct LineRoom {
     double scale = 1;  ///< Of the text.
 };
 
+/// `findWords` are folded. An owner in which one of them stands is elided instead of left out.
 /// Main thread only.
 DetailsLayout layOutDetails(
-    const RowWording::Details& details, const LineRoom& room, const TextMeasure& measure);
+    const RowWording::Details& details,
+    const LineRoom& room,
+    const TextMeasure& measure,
+    const QStringList& findWords = {});
 
 }  // namespace Tarnwick

@@ -155,25 +155,37 @@ void FindBar::layOut()
     _field->setTrailingRoom(box + gap + matchesRoom);
 }
 
-bool FindBar::takesKey(int key)
+bool FindBar::takesKey(const QKeyEvent& event)
 {
-    switch (key) {
+    switch (event.key()) {
     case Qt::Key_Escape:
         close();
         return true;
     case Qt::Key_Down:
+    case Qt::Key_Tab:
+        Q_EMIT leftForList();
+        return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        Q_EMIT leftForList();
+        if (text().trimmed().isEmpty()) {
+            Q_EMIT leftForList();
+        } else {
+            Q_EMIT hitRequested();
+        }
         return true;
     default:
         return false;
     }
 }
 
+std::vector<QWidget*> FindBar::stops() const
+{
+    return {&_field->edit(), _closeButton};
+}
+
 bool FindBar::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::KeyPress && takesKey(static_cast<QKeyEvent*>(event)->key())) {
+    if (event->type() == QEvent::KeyPress && takesKey(*static_cast<QKeyEvent*>(event))) {
         return true;
     }
     return QWidget::eventFilter(watched, event);

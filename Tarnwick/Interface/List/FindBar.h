@@ -3,6 +3,10 @@
 #include <QVariantAnimation>
 #include <QWidget>
 
+#include <vector>
+
+class QKeyEvent;
+
 namespace Tarnwick {
 
 class Appearance;
@@ -20,6 +24,9 @@ public:
     explicit FindBar(const Appearance& appearance, QWidget* parent = nullptr);
 
     bool isOpen() const { return _isOpen; }
+
+    /// The widgets that Tab stops at, in order.
+    std::vector<QWidget*> stops() const;
 
     QString text() const;
 
@@ -43,6 +50,8 @@ Q_SIGNALS:
     void findTextChanged(const QString& text);
     /// The user goes on to the list.
     void leftForList();
+    /// The user wants the first hit, or the selected one, opened.
+    void hitRequested();
     /// The bar was closed by the user.
     void closed();
 
@@ -55,7 +64,7 @@ private:
     void layOut();
     void slideTo(int height);
     int openHeight() const;
-    bool takesKey(int key);
+    bool takesKey(const QKeyEvent& event);
 
     const Appearance& _appearance;
     TextField* _field;

@@ -25,6 +25,20 @@ std::optional<ListCommand> plainCommand(int key)
     case Qt::Key_Return:
     case Qt::Key_Enter:
         return ListCommand::open;
+    case Qt::Key_Menu:
+        return ListCommand::showMenu;
+    default:
+        return {};
+    }
+}
+
+/// What starts work or leaves the panel open takes Ctrl: letters alone only move.
+std::optional<ListCommand> controlCommand(int key)
+{
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return ListCommand::openAndStay;
     case Qt::Key_E:
         return ListCommand::openInEditor;
     default:
@@ -39,6 +53,9 @@ std::optional<ListCommand> listCommand(const QKeyEvent& event)
     const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
     if (modifiers == Qt::ShiftModifier && event.key() == Qt::Key_F10) {
         return ListCommand::showMenu;
+    }
+    if (modifiers == Qt::ControlModifier) {
+        return controlCommand(event.key());
     }
     // Where the slash is depends on the layout, and on some it takes Shift.
     const bool isText = (modifiers & ~Qt::ShiftModifier) == Qt::NoModifier;

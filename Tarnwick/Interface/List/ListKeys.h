@@ -15,6 +15,7 @@ enum class ListCommand {
     pageUp,
     pageDown,
     open,
+    openAndStay,
     openInEditor,
     find,
     showMenu,

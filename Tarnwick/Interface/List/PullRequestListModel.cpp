@@ -23,7 +23,7 @@ public:
         _places.reserve(contents.size());
         int place = 0;
         for (const auto& content : contents) {
-            _places.emplace(&content->row().id(), place++);
+            _places.emplace(&contentOf(content).row().id(), place++);
         }
     }
 
@@ -35,6 +35,17 @@ public:
     }
 
 private:
+    static const RowContent& contentOf(const std::shared_ptr<RowContent>& content)
+    {
+        return *content;
+    }
+
+    template<typename Row>
+    static const RowContent& contentOf(const Row& row)
+    {
+        return *row.content;
+    }
+
     struct Hash {
         std::size_t operator()(const PullRequestID* id) const
         {
@@ -100,33 +111,44 @@ void PullRequestListModel::setFindText(const QString& text)
     }
 }
 
-PullRequestListModel::Contents PullRequestListModel::found() const
+std::vector<PullRequestListModel::ShownRow> PullRequestListModel::found() const
 {
-    if (_words.isEmpty()) {
-        return _all;
+    constexpr std::int64_t notFound = -1;
+    std::vector<ShownRow> rows;
+    rows.reserve(_all.size());
+    std::vector<std::int64_t> depths;  // As shown, of the row and those above it in its stack.
+    for (const auto& content : _all) {
+        const std::int64_t depth = content->row().depth;
+        if (_words.isEmpty()) {
+            rows.push_back({content, depth});
+            continue;
+        }
+        depths.resize(static_cast<std::size_t>(depth), notFound);
+        const std::int64_t parent = depths.empty() ? notFound : depths.back();
+        const bool isHit = content->matches(_words);
+        depths.push_back(isHit ? parent + 1 : notFound);
+        if (isHit) {
+            rows.push_back({content, depths.back()});
+        }
     }
-    Contents matching;
-    std::ranges::copy_if(_all, std::back_inserter(matching), [&](const auto& content) {
-        return content->matches(_words);
-    });
-    return matching;
+    return rows;
 }
 
-void PullRequestListModel::show(const Contents& contents)
+void PullRequestListModel::show(const std::vector<ShownRow>& wanted)
 {
     Q_EMIT listAboutToChange();
-    const Places<Contents> places(contents);
+    const Places<std::vector<ShownRow>> places(wanted);
     std::vector<int> targets;
     targets.reserve(_shown.size());
-    std::ranges::transform(_shown, std::back_inserter(targets), [&](const auto& content) {
-        return places.of(content->row().id());
+    std::ranges::transform(_shown, std::back_inserter(targets), [&](const ShownRow& row) {
+        return places.of(row.content->row().id());
     });
-    takeSteps(_shown, rowChanges(targets, static_cast<int>(contents.size())), contents);
-    replaceContents(contents);
+    takeSteps(_shown, rowChanges(targets, static_cast<int>(wanted.size())), wanted);
+    replaceRows(wanted);
     Q_EMIT listChanged();
 }
 
-void PullRequestListModel::replaceContents(const Contents& wanted)
+void PullRequestListModel::replaceRows(const std::vector<ShownRow>& wanted)
 {
     std::vector<int> changed;
     for (std::size_t row = 0; row < wanted.size(); ++row) {
@@ -141,7 +163,7 @@ void PullRequestListModel::replaceContents(const Contents& wanted)
 QModelIndex PullRequestListModel::indexOf(const PullRequestID& id) const
 {
     const auto found = std::ranges::find_if(
-        _shown, [&](const auto& content) { return content->row().id() == id; });
+        _shown, [&](const ShownRow& row) { return row.content->row().id() == id; });
     return found == _shown.end() ? QModelIndex() : index(static_cast<int>(found - _shown.begin()));
 }
 
@@ -152,8 +174,8 @@ int PullRequestListModel::rowCount(const QModelIndex& parent) const
 
 int PullRequestListModel::countInSight() const
 {
-    return static_cast<int>(
-        std::ranges::count_if(_shown, [](const auto& content) { return !content->isDimmed(); }));
+    return static_cast<int>(std::ranges::count_if(
+        _shown, [](const ShownRow& row) { return !row.content->isDimmed(); }));
 }
 
 QVariant PullRequestListModel::data(const QModelIndex& index, int role) const

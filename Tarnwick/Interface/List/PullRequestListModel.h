@@ -5,6 +5,7 @@
 
 #include <QStringList>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -29,7 +30,8 @@ public:
     /// Requires: no two rows have the same pull request.
     void setRows(std::vector<ListedRow> rows);
 
-    /// Shows the rows that hold every word of the text; all for a text without words.
+    /// Shows the rows that hold every word of the text; all for a text without words. A hit whose
+    /// parent is none stands without indentation.
     void setFindText(const QString& text);
 
     /// How many rows there are, found or not.
@@ -38,6 +40,9 @@ public:
     /// How many of the rows shown are not dimmed.
     int countInSight() const;
 
+    /// The words that are to be found, folded.
+    const QStringList& findWords() const { return _words; }
+
     bool isFinding() const { return !_words.isEmpty(); }
 
     /// Of all rows, found or not, so that columns stand still while the user types.
@@ -45,7 +50,10 @@ public:
 
     PullRequestKit::Date now() const { return _now(); }
 
-    const RowContent& content(int row) const { return *_shown[static_cast<std::size_t>(row)]; }
+    const RowContent& content(int row) const { return *shown(row).content; }
+
+    /// How far the row is indented; less than in its stack while its parents are not found.
+    std::int64_t depth(int row) const { return shown(row).depth; }
 
     const RowContent& content(const QModelIndex& index) const { return content(index.row()); }
 
@@ -63,14 +71,23 @@ Q_SIGNALS:
 private:
     using Contents = std::vector<std::shared_ptr<RowContent>>;
 
+    struct ShownRow {
+        std::shared_ptr<RowContent> content;
+        std::int64_t depth = 0;
+
+        bool operator==(const ShownRow&) const = default;
+    };
+
+    const ShownRow& shown(int row) const { return _shown[static_cast<std::size_t>(row)]; }
+
     Contents contentsOf(const std::vector<ListedRow>& rows) const;
-    void show(const Contents& contents);
-    Contents found() const;
-    void replaceContents(const Contents& wanted);
+    void show(const std::vector<ShownRow>& wanted);
+    std::vector<ShownRow> found() const;
+    void replaceRows(const std::vector<ShownRow>& wanted);
 
     Now _now;
     Contents _all;
-    Contents _shown;
+    std::vector<ShownRow> _shown;
     QStringList _words;
     CountWidths _countWidths;
 };

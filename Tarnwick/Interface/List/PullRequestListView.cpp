@@ -9,12 +9,16 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <utility>
 
 namespace Tarnwick {
 namespace {
 
 constexpr int ageMilliseconds = 60'000;
 constexpr int wheelStep = 20;
+
+/// How far below the place that it is given Qt shows a help text, at least.
+constexpr int helpBelowPointer = 16;
 
 void paintNoMatches(QPainter& painter, const QRectF& area, const Appearance& appearance)
 {
@@ -55,14 +59,8 @@ PullRequestListView::PullRequestListView(
     viewport()->setMouseTracking(true);
     setModel(&model);
     connect(&appearance, &Appearance::changed, this, &PullRequestListView::adoptAppearance);
-    connect(&model, &PullRequestListModel::listAboutToChange, this, [this] {
-        _anchor.reset();
-        if (isVisible()) {
-            _anchor.emplace(
-                *this, _holdsTop ? ScrollAnchor::Top::isHeld : ScrollAnchor::Top::isKept);
-        }
-        _holdsTop = false;
-    });
+    connect(
+        &model, &PullRequestListModel::listAboutToChange, this, &PullRequestListView::startTaking);
     connect(&model, &PullRequestListModel::listChanged, this, &PullRequestListView::takeInList);
     adoptAppearance();
 }
@@ -74,6 +72,20 @@ void PullRequestListView::adoptAppearance()
     viewport()->update();
 }
 
+void PullRequestListView::startTaking()
+{
+    const int selected = selectedRow();
+    _selected.reset();
+    if (selected >= 0) {
+        _selected = _model.content(selected).row().id();
+    }
+    _anchor.reset();
+    if (isVisible()) {
+        _anchor.emplace(*this, _holdsTop ? ScrollAnchor::Top::isHeld : ScrollAnchor::Top::isKept);
+    }
+    _holdsTop = false;
+}
+
 void PullRequestListView::takeInList()
 {
     scheduleDelayedItemsLayout();
@@ -82,7 +94,42 @@ void PullRequestListView::takeInList()
         _anchor->restore(*this);
     }
     _anchor.reset();
+    followFinding();
     viewport()->update();
+}
+
+/// A selected row that is no hit is selected no longer, so that Return opens what one sees; it is
+/// again when there is nothing more to find.
+void PullRequestListView::followFinding()
+{
+    const QStringList before = std::exchange(_words, _model.findWords());
+    if (before.isEmpty() && _model.isFinding()) {
+        _selectedBeforeFinding = _selected;
+    }
+    if (_model.isFinding() && _selected && !_model.indexOf(*_selected).isValid()) {
+        selectionModel()->clear();
+    }
+    if (before == _words) {
+        return;
+    }
+    if (!_model.isFinding() && selectedRow() < 0 && _selectedBeforeFinding) {
+        const QModelIndex again = _model.indexOf(*_selectedBeforeFinding);
+        if (again.isValid()) {
+            select(again.row());
+        }
+    }
+    if (selectedRow() >= 0) {
+        scrollTo(currentIndex());
+    } else if (_model.isFinding()) {
+        scrollToTop();
+    }
+}
+
+void PullRequestListView::openHit()
+{
+    if (_model.isFinding() && filledRow() >= 0) {
+        act(ListCommand::open, filledRow());
+    }
 }
 
 void PullRequestListView::doItemsLayout()
@@ -95,6 +142,12 @@ int PullRequestListView::selectedRow() const
 {
     const QModelIndex current = currentIndex();
     return current.isValid() && selectionModel()->isSelected(current) ? current.row() : -1;
+}
+
+int PullRequestListView::filledRow() const
+{
+    const int selected = selectedRow();
+    return selected < 0 && _model.isFinding() && _model.rowCount() > 0 ? 0 : selected;
 }
 
 int PullRequestListView::rowAt(const QPoint& position) const
@@ -122,15 +175,15 @@ void PullRequestListView::select(int row)
 
 bool PullRequestListView::isFilled(int row) const
 {
-    return row == selectedRow() || _hover.fill(_model.index(row)) > 0;
+    return row == filledRow() || _hover.fill(_model.index(row)) > 0;
 }
 
 RowSituation PullRequestListView::situation(int row) const
 {
-    const bool isSelected = row == selectedRow();
+    const bool isSelected = row == filledRow();
     const bool isHovered = _hover.row().isValid() && _hover.row().row() == row;
     const bool hasFocusRing = isSelected && _usesKeyboard && hasFocus();
-    const bool beginsStack = row > 0 && _model.content(row).row().depth <= 0;
+    const bool beginsStack = row > 0 && _model.depth(row) <= 0;
     return {
         .hover = _hover.fill(_model.index(row)),
         .isSelected = isSelected,
@@ -187,9 +240,12 @@ void PullRequestListView::showHelp(const QPoint& position, const QPoint& globalP
         QToolTip::hideText();
         return;
     }
-    const QRect part = _delegate->place(row, partAt(row, position))
-                           .translated(visualRect(_model.index(row)).topLeft());
-    QToolTip::showText(globalPosition, helpMarkup(helpTextAt(position)), viewport(), part);
+    const QRect place = visualRect(_model.index(row));
+    const QRect part = _delegate->place(row, partAt(row, position)).translated(place.topLeft());
+    // Below the row, or it would hide the line of details that the user is about to read.
+    const int below = viewport()->mapToGlobal(place.bottomLeft()).y() + 1 - helpBelowPointer;
+    const QPoint start(globalPosition.x(), std::max(globalPosition.y(), below));
+    QToolTip::showText(start, helpMarkup(helpTextAt(position)), viewport(), part);
 }
 
 void PullRequestListView::resizeEvent(QResizeEvent* event)

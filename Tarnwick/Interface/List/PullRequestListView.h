@@ -36,6 +36,9 @@ public:
     /// Whether the menu of a row is up.
     bool isMenuOpen() const { return _menu != nullptr && _menu->isVisible(); }
 
+    /// Opens the row that is filled while something is found. Does nothing where there is no hit.
+    void openHit();
+
     /// The next list leaves the rows that are in sight at their heights, also in a list at its top.
     void holdRows() { _holdsTop = true; }
 
@@ -43,6 +46,8 @@ public:
 
 Q_SIGNALS:
     void openRequested(const PullRequestKit::PullRequest& pullRequest);
+    /// To be opened while the panel stays.
+    void openAndStayRequested(const PullRequestKit::PullRequest& pullRequest);
     void openInEditorRequested(const PullRequestKit::PullRequest& pullRequest);
     void findRequested();
 
@@ -65,7 +70,11 @@ protected:
 private:
     void adoptAppearance();
     void takeInList();
+    void startTaking();
+    void followFinding();
     int selectedRow() const;
+    /// The selected row, or the first hit, which Return in the find field opens; -1 for none.
+    int filledRow() const;
     int rowAt(const QPoint& position) const;
     int firstRowInSight() const;
     RowPart partAt(int row, const QPoint& position) const;
@@ -89,6 +98,9 @@ private:
     bool _usesKeyboard = false;
     std::optional<ScrollAnchor> _anchor;
     bool _holdsTop = false;
+    QStringList _words;  ///< What was to be found before the list changed.
+    std::optional<PullRequestKit::PullRequestID> _selected;  ///< Likewise.
+    std::optional<PullRequestKit::PullRequestID> _selectedBeforeFinding;
     QPointer<QMenu> _menu;
     QBasicTimer _ageTimer;  ///< Runs while the list is in sight.
 };

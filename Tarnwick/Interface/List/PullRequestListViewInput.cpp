@@ -20,10 +20,13 @@ void PullRequestListView::keyPressEvent(QKeyEvent* event)
         Q_EMIT findRequested();
         break;
     case ListCommand::open:
+    case ListCommand::openAndStay:
     case ListCommand::openInEditor:
     case ListCommand::showMenu:
         if (selectedRow() >= 0) {
             act(*command, selectedRow());
+        } else if (*command == ListCommand::showMenu) {
+            event->ignore();
         }
         break;
     case ListCommand::up:
@@ -42,6 +45,8 @@ void PullRequestListView::act(ListCommand command, int row)
     const PullRequestKit::PullRequest pullRequest = _model.content(row).pullRequest();
     if (command == ListCommand::open) {
         Q_EMIT openRequested(pullRequest);
+    } else if (command == ListCommand::openAndStay) {
+        Q_EMIT openAndStayRequested(pullRequest);
     } else if (command == ListCommand::openInEditor) {
         Q_EMIT openInEditorRequested(pullRequest);
     } else {
@@ -84,7 +89,8 @@ void PullRequestListView::mousePressEvent(QMouseEvent* event)
     followPointer(position);
     const int row = rowAt(position);
     _pressed = QPersistentModelIndex();
-    if (row < 0 || event->button() != Qt::LeftButton) {
+    const bool opens = event->button() == Qt::LeftButton || event->button() == Qt::MiddleButton;
+    if (row < 0 || !opens) {
         return;
     }
     _usesKeyboard = false;
@@ -103,7 +109,12 @@ void PullRequestListView::mouseReleaseEvent(QMouseEvent* event)
     const QPoint position = event->position().toPoint();
     const QModelIndex pressed = _pressed;
     _pressed = QPersistentModelIndex();
-    if (event->button() != Qt::LeftButton || !pressed.isValid() || indexAt(position) != pressed) {
+    const bool opens = event->button() == Qt::LeftButton || event->button() == Qt::MiddleButton;
+    if (!opens || !pressed.isValid() || indexAt(position) != pressed) {
+        return;
+    }
+    if (event->button() == Qt::MiddleButton || event->modifiers() == Qt::ControlModifier) {
+        act(ListCommand::openAndStay, pressed.row());
         return;
     }
     const bool isEditor = partAt(pressed.row(), position) == RowPart::editorButton;
@@ -151,7 +162,7 @@ void PullRequestListView::focusInEvent(QFocusEvent* event)
     if (isByKey && _model.rowCount() > 0) {
         _usesKeyboard = true;
         if (selectedRow() < 0) {
-            select(firstRowInSight());
+            select(_model.isFinding() ? 0 : firstRowInSight());
         }
     }
     viewport()->update();

@@ -55,6 +55,7 @@ bool RowContent::matches(const QStringList& foldedWords) const
         const QStringList fields{
             _title,
             text(shown.id.repository),
+            QLatin1Char('#') + QString::number(shown.id.number),
             text(shown.author),
             text(shown.head.name),
             text(shown.base.name)};

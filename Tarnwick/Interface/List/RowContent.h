@@ -64,8 +64,8 @@ public:
     /// "stack" or "git-pull-request".
     QString stateIconName() const;
 
-    /// Whether each of the words, which are folded, is in the title, the repository, the author or
-    /// a branch.
+    /// Whether each of the words, which are folded, is in the title, the repository, the number
+    /// with its "#", the author or a branch.
     bool matches(const QStringList& foldedWords) const;
 
 private:

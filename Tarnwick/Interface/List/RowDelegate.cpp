@@ -56,9 +56,10 @@ TitleCache& RowDelegate::titles(const RowContent& content) const
     return _dimmedTitles ? *_dimmedTitles : _dimmedTitles.emplace(_metrics.dimmedTitle);
 }
 
-RowShape RowDelegate::shape(const RowContent& content) const
+RowShape RowDelegate::shape(int row) const
 {
-    const std::int64_t depth = content.row().depth;
+    const RowContent& content = _model.content(row);
+    const std::int64_t depth = _model.depth(row);
     return {
         .depth = depth,
         .titleLines = titles(content).lineCount(content.title(), titleWidth(_metrics, depth)),
@@ -67,12 +68,13 @@ RowShape RowDelegate::shape(const RowContent& content) const
 
 RowGeometry RowDelegate::geometry(int row) const
 {
-    return rowGeometry(_metrics, shape(_model.content(row)));
+    return rowGeometry(_metrics, shape(row));
 }
 
-std::shared_ptr<const TitleLayout> RowDelegate::title(const RowContent& content) const
+std::shared_ptr<const TitleLayout> RowDelegate::title(int row) const
 {
-    return titles(content).layout(content.title(), titleWidth(_metrics, content.row().depth));
+    const RowContent& content = _model.content(row);
+    return titles(content).layout(content.title(), titleWidth(_metrics, _model.depth(row)));
 }
 
 RowPart RowDelegate::partAt(int row, const QPoint& position) const
@@ -99,10 +101,10 @@ QRect RowDelegate::place(int row, RowPart part) const
     return {0, 0, _metrics.width, places.height};
 }
 
-QString RowDelegate::titleHelpText(const RowContent& content) const
+QString RowDelegate::titleHelpText(int row) const
 {
-    return title(content)->isElided()
-               ? content.title() + QLatin1Char('\n') + RowWording::openHelpText
+    return title(row)->isElided()
+               ? _model.content(row).title() + QLatin1Char('\n') + RowWording::openHelpText
                : RowWording::openHelpText;
 }
 
@@ -121,7 +123,7 @@ QString RowDelegate::helpText(int row, RowPart part) const
     case RowPart::editorButton:
         return RowWording::editorHelpText;
     case RowPart::title:
-        return titleHelpText(content);
+        return titleHelpText(row);
     case RowPart::details: {
         const DetailsLayout shown = RowTexts::detailsLayout(
             content, _model.now(), _metrics, geometry(row).detailsBesideButton.width());
@@ -137,9 +139,8 @@ QString RowDelegate::helpText(int row, RowPart part) const
 
 void RowDelegate::paint(QPainter& painter, int row, const RowSituation& situation) const
 {
-    const RowContent& content = _model.content(row);
-    RowPainter(painter, _appearance, _metrics, _model.now())
-        .paint(content, geometry(row), *title(content), situation);
+    RowPainter(painter, _appearance, _metrics, _model.now(), _model.findWords())
+        .paint(_model.content(row), geometry(row), *title(row), situation);
 }
 
 void RowDelegate::paint(
@@ -153,7 +154,7 @@ void RowDelegate::paint(
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const
 {
-    return {_metrics.width, rowHeight(_metrics, shape(_model.content(index)))};
+    return {_metrics.width, rowHeight(_metrics, shape(index.row()))};
 }
 
 }  // namespace Tarnwick

@@ -56,9 +56,9 @@ public:
 
 private:
     TitleCache& titles(const RowContent& content) const;
-    RowShape shape(const RowContent& content) const;
-    std::shared_ptr<const TitleLayout> title(const RowContent& content) const;
-    QString titleHelpText(const RowContent& content) const;
+    RowShape shape(int row) const;
+    std::shared_ptr<const TitleLayout> title(int row) const;
+    QString titleHelpText(int row) const;
 
     const PullRequestListModel& _model;
     const Appearance& _appearance;

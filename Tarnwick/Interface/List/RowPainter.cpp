@@ -2,6 +2,7 @@
 
 #include "Tarnwick/Interface/Controls/Fade.h"
 #include "Tarnwick/Interface/List/CountFigures.h"
+#include "Tarnwick/Interface/List/FindPlates.h"
 #include "Tarnwick/Interface/List/RowColors.h"
 #include "Tarnwick/Interface/List/RowTexts.h"
 #include "Tarnwick/Interface/Look/Painting.h"
@@ -30,12 +31,14 @@ RowPainter::RowPainter(
     QPainter& painter,
     const Appearance& appearance,
     const RowMetrics& metrics,
-    PullRequestKit::Date now)
+    PullRequestKit::Date now,
+    const QStringList& findWords)
     : _painter(painter)
     , _appearance(appearance)
     , _metrics(metrics)
     , _palette(appearance.palette())
     , _now(now)
+    , _findWords(findWords)
 {}
 
 void RowPainter::paint(
@@ -48,6 +51,13 @@ void RowPainter::paint(
     paintStart(content, geometry);
     const QColor& seen = content.isVisited() ? _palette.textSecondary : _palette.textPrimary;
     title.draw(_painter, geometry.title.topLeft(), unlessDimmed(content, seen));
+    if (!wordsIn(content).isEmpty()) {
+        title.drawMarks(
+            _painter,
+            geometry.title.topLeft(),
+            matchesIn(content.title(), wordsIn(content)),
+            _palette);
+    }
     if (!geometry.warning.isEmpty()) {
         const QString warning =
             RowTexts::elided(content.warning(), _metrics.caption, geometry.warning.width());
@@ -143,12 +153,29 @@ void RowPainter::paintCount(const QRect& place, const QString& label, const QCol
         _painter, place.topLeft(), label, _metrics.count, hasPlate ? QColor(Qt::white) : color);
 }
 
+const QStringList& RowPainter::wordsIn(const RowContent& content) const
+{
+    static const QStringList none;
+    return content.isDimmed() ? none : _findWords;
+}
+
 void RowPainter::paintDetails(const RowContent& content, const QRect& place)
 {
-    const DetailsLayout layout = RowTexts::detailsLayout(content, _now, _metrics, place.width());
+    const LineStyle& style = _metrics.caption;
+    const DetailsLayout layout =
+        RowTexts::detailsLayout(content, _now, _metrics, place.width(), wordsIn(content));
     for (const DetailsLayout::Piece& piece : layout.pieces) {
         const QRectF line(place.left() + piece.left, place.top(), place.width(), place.height());
-        Painting::text(_painter, line, piece.text, _metrics.caption, _palette.textTertiary);
+        Painting::text(_painter, line, piece.text, style, _palette.textTertiary);
+        std::vector<QRectF> letters;
+        for (const TextRange& mark : piece.marks) {
+            const double start = Painting::width(piece.text.left(mark.start), style);
+            const double end = Painting::width(piece.text.left(mark.end), style);
+            letters.emplace_back(line.left() + start, line.top(), end - start, line.height());
+        }
+        paintFindPlates(_painter, letters, _palette, [&] {
+            Painting::text(_painter, line, piece.text, style, _palette.textPrimary);
+        });
     }
 }
 

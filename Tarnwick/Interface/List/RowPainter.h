@@ -19,14 +19,16 @@ struct RowSituation {
     bool hasLineAbove = false;
 };
 
-/// Paints one row where its geometry says. It is made for one frame of rows. Main thread only.
+/// Paints one row where its geometry says, with plates behind what is to be found. It is made for
+/// one frame of rows. Main thread only.
 class RowPainter {
 public:
     RowPainter(
         QPainter& painter,
         const Appearance& appearance,
         const RowMetrics& metrics,
-        PullRequestKit::Date now);
+        PullRequestKit::Date now,
+        const QStringList& findWords);
 
     /// The painter's origin is the row's upper left corner.
     void paint(
@@ -42,6 +44,8 @@ private:
     void paintStart(const RowContent& content, const RowGeometry& geometry);
     void paintBadges(const RowContent& content, const RowGeometry& geometry);
     void paintCount(const QRect& place, const QString& label, const QColor& color);
+    /// What is marked in the row; dimmed rows carry no marks.
+    const QStringList& wordsIn(const RowContent& content) const;
     void paintDetails(const RowContent& content, const QRect& place);
     void paintEditorButton(const RowGeometry& geometry, const RowSituation& situation);
 
@@ -50,6 +54,7 @@ private:
     const RowMetrics& _metrics;
     const Palette& _palette;
     PullRequestKit::Date _now;
+    const QStringList& _findWords;
 };
 
 }  // namespace Tarnwick

@@ -26,7 +26,11 @@ RowWording::Details details(const RowContent& content, PullRequestKit::Date now)
 }
 
 DetailsLayout detailsLayout(
-    const RowContent& content, PullRequestKit::Date now, const RowMetrics& metrics, double width)
+    const RowContent& content,
+    PullRequestKit::Date now,
+    const RowMetrics& metrics,
+    double width,
+    const QStringList& findWords)
 {
     const QFontMetricsF font(metrics.caption.font);
     const TextMeasure measure{
@@ -36,7 +40,7 @@ DetailsLayout detailsLayout(
         }};
     const double gap = std::round(gapInEm * metrics.caption.pixelSize);
     const double scale = metrics.caption.pixelSize / pixelSizeAtScale1;
-    return layOutDetails(details(content, now), {width, gap, scale}, measure);
+    return layOutDetails(details(content, now), {width, gap, scale}, measure, findWords);
 }
 
 }  // namespace Tarnwick::RowTexts

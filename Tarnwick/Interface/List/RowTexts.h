@@ -14,8 +14,13 @@ QString elided(const QString& text, const LineStyle& style, double width);
 /// The pieces of the row's line of details, in the user's time zone.
 RowWording::Details details(const RowContent& content, PullRequestKit::Date now);
 
+/// `findWords` are folded.
 DetailsLayout detailsLayout(
-    const RowContent& content, PullRequestKit::Date now, const RowMetrics& metrics, double width);
+    const RowContent& content,
+    PullRequestKit::Date now,
+    const RowMetrics& metrics,
+    double width,
+    const QStringList& findWords = {});
 
 }  // namespace RowTexts
 

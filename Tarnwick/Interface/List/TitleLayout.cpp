@@ -1,10 +1,14 @@
 #include "Tarnwick/Interface/List/TitleLayout.h"
 
+#include "Tarnwick/Interface/List/FindPlates.h"
 #include "Tarnwick/Interface/Look/Painting.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QTextOption>
+
+#include <algorithm>
+#include <cmath>
 
 namespace Tarnwick {
 namespace {
@@ -26,6 +30,7 @@ QTextOption optionFor(bool isRightToLeft)
 
 TitleLayout::TitleLayout(const QString& title, const LineStyle& style, int width)
     : _style(style)
+    , _title(title)
     , _layout(title, style.font)
     , _width(width)
     , _isRightToLeft(title.isRightToLeft())
@@ -75,19 +80,60 @@ QString TitleLayout::lineText(int number) const
     return _layout.text().mid(line.textStart(), line.textLength());
 }
 
+QPointF TitleLayout::lineOrigin(const QPainter& painter, const QPointF& topLeft, int line) const
+{
+    const double free = _isRightToLeft ? _width - _layout.lineAt(line).naturalTextWidth() : 0;
+    const double baseline = topLeft.y() + line * _style.height + _style.baseline;
+    return Painting::aligned(painter, QRectF(topLeft.x() + free, baseline, 0, 0)).topLeft();
+}
+
+void TitleLayout::drawLine(QPainter& painter, const QPointF& origin, int line) const
+{
+    const QTextLine text = _layout.lineAt(line);
+    text.draw(&painter, origin - QPointF(0, text.ascent()) - text.position());
+}
+
 void TitleLayout::draw(QPainter& painter, const QPointF& topLeft, const QColor& color) const
 {
     painter.setPen(color);
-    double top = topLeft.y();
-    for (int number = 0; number < lineCount(); ++number) {
-        const QTextLine line = _layout.lineAt(number);
-        const double free = _isRightToLeft ? _width - line.naturalTextWidth() : 0;
-        const QPointF origin =
-            Painting::aligned(painter, QRectF(topLeft.x() + free, top + _style.baseline, 0, 0))
-                .topLeft();
-        line.draw(&painter, origin - QPointF(0, line.ascent()) - line.position());
-        top += _style.height;
+    for (int line = 0; line < lineCount(); ++line) {
+        drawLine(painter, lineOrigin(painter, topLeft, line), line);
     }
+}
+
+void TitleLayout::drawMarks(
+    QPainter& painter,
+    const QPointF& topLeft,
+    const std::vector<TextRange>& ranges,
+    const Palette& palette) const
+{
+    for (int line = 0; line < lineCount(); ++line) {
+        const QPointF origin = lineOrigin(painter, topLeft, line);
+        std::vector<QRectF> boxes = boxesOf(line, ranges);
+        for (QRectF& box : boxes) {
+            box.translate(origin.x(), topLeft.y());
+        }
+        paintFindPlates(painter, boxes, palette, [&] { drawLine(painter, origin, line); });
+    }
+}
+
+std::vector<QRectF> TitleLayout::boxesOf(int line, const std::vector<TextRange>& ranges) const
+{
+    const QTextLine text = _layout.lineAt(line);
+    const TextRange inLine{text.textStart(), text.textStart() + text.textLength()};
+    std::vector<QRectF> boxes;
+    for (const TextRange& range :
+         rangesWithin(rangesShown(ranges, _title, _layout.text()), inLine)) {
+        for (auto place = range.start; place < range.end; ++place) {
+            const int letter = static_cast<int>(inLine.start + place);
+            const double from = text.cursorToX(letter, QTextLine::Leading) - text.x();
+            const double to = text.cursorToX(letter, QTextLine::Trailing) - text.x();
+            boxes.emplace_back(
+                std::min(from, to), line * _style.height, std::abs(to - from), _style.height);
+        }
+    }
+    std::ranges::sort(boxes, {}, &QRectF::left);
+    return boxes;
 }
 
 QString titleText(const std::string& title)

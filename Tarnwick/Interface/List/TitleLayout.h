@@ -1,10 +1,13 @@
 #pragma once
 
+#include "Tarnwick/Interface/List/FindMatches.h"
 #include "Tarnwick/Interface/Look/Appearance.h"
 
 #include <QPointF>
 #include <QString>
 #include <QTextLayout>
+
+#include <vector>
 
 class QPainter;
 
@@ -37,10 +40,27 @@ public:
     /// height, whatever fonts its characters need.
     void draw(QPainter& painter, const QPointF& topLeft, const QColor& color) const;
 
+    /// Draws plates behind these ranges of the title, as far as it shows them, and their letters
+    /// again. To be called after `draw`.
+    void drawMarks(
+        QPainter& painter,
+        const QPointF& topLeft,
+        const std::vector<TextRange>& ranges,
+        const Palette& palette) const;
+
+    /// Boxes around these ranges of the title, line by line, in a column that begins at `topLeft`.
+    /// Where the direction turns a range has several.
+    std::vector<QRectF> boxesOf(int line, const std::vector<TextRange>& ranges) const;
+
 private:
     void elideLastLine(const QString& title, double width);
 
+    /// Where the line's text begins, in a painter that draws the column at `topLeft`.
+    QPointF lineOrigin(const QPainter& painter, const QPointF& topLeft, int line) const;
+    void drawLine(QPainter& painter, const QPointF& origin, int line) const;
+
     LineStyle _style;
+    QString _title;
     QTextLayout _layout;
     int _width = 0;
     bool _isElided = false;

@@ -18,7 +18,8 @@ struct Palette {
     QColor stripLine;
     QColor button;
     QColor buttonLine;
-    QColor chip;  ///< Code, and the header's buttons under the pointer.
+    QColor chip;       ///< Code, and the header's buttons under the pointer.
+    QColor findMatch;  ///< Behind letters that were looked for.
     QColor hairline;
     QColor strongLine;   ///< Around menus and cards; the track of a spinner.
     QColor controlLine;  ///< Fields, check boxes, scroll bars.

@@ -39,6 +39,7 @@ void ContentArea::setShowsHidden(bool showsHidden)
 
 void ContentArea::update()
 {
+    const bool showedList = showsList();
     const bool hadFocus = isAncestorOf(window()->focusWidget());
     const HiddenCounts& hidden = _model.hidden();
     const PanelContent content = panelContent(
@@ -58,6 +59,9 @@ void ContentArea::update()
     setFocusProxy(currentWidget());
     if (hadFocus) {
         currentWidget()->setFocus();
+    }
+    if (showsList() != showedList) {
+        Q_EMIT showsListChanged();
     }
 }
 

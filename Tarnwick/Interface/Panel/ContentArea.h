@@ -28,6 +28,7 @@ public:
 Q_SIGNALS:
     void repositoriesRequested();
     void showHiddenRequested();
+    void showsListChanged();
 
 private:
     void update();

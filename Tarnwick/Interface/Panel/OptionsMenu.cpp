@@ -41,13 +41,6 @@ OptionsMenu::OptionsMenu(PullRequestMenuModel& model, const Appearance& appearan
     addAction(QStringLiteral("Help"), this, &OptionsMenu::helpRequested);
     addAction(QStringLiteral("Quit"), this, &OptionsMenu::quitRequested);
 
-    // A screen reader's press leaves the menu open, which suits choices and nothing else.
-    connect(this, &QMenu::triggered, this, [this](const QAction* action) {
-        if (!action->isCheckable()) {
-            close();
-        }
-    });
-
     constexpr int leastWidth = 216;
     setMinimumWidth(appearance.scaled(leastWidth));
     connect(&model, &PullRequestMenuModel::settingsChanged, this, &OptionsMenu::updateCheckMarks);

@@ -15,6 +15,7 @@ constexpr int brandStart = 12;
 /// The options button's symbol, not its box, ends at the side margin.
 constexpr int optionsEnd = 10;
 constexpr int gap = 8;
+constexpr int buttonGap = 4;
 
 }  // namespace
 
@@ -23,6 +24,12 @@ PanelHeader::PanelHeader(const Appearance& appearance, QWidget* parent)
     , _appearance(appearance)
     , _brand(new BrandButton(appearance, this))
     , _spinner(new Spinner(16, appearance, this))
+    , _find(new IconButton(
+          QStringLiteral("tarnwick-find"),
+          QStringLiteral("Find"),
+          {.icon = 20, .box = 32, .radius = 8},
+          appearance,
+          this))
     , _options(new IconButton(
           QStringLiteral("tarnwick-options"),
           QStringLiteral("List options"),
@@ -32,7 +39,17 @@ PanelHeader::PanelHeader(const Appearance& appearance, QWidget* parent)
 {
     setObjectName(QStringLiteral("header"));
     _brand->setObjectName(QStringLiteral("brand"));
+    _find->setObjectName(QStringLiteral("find"));
+    _find->setToolTip(QStringLiteral("Find (/)"));
+    _find->setToggle(true);
+    _find->hide();
     _options->setObjectName(QStringLiteral("options"));
+    for (QWidget* const button :
+         {static_cast<QWidget*>(_brand),
+          static_cast<QWidget*>(_find),
+          static_cast<QWidget*>(_options)}) {
+        button->setFocusPolicy(Qt::TabFocus);
+    }
     _spinner->setObjectName(QStringLiteral("refreshing"));
     _spinner->setAccessibleName(QStringLiteral("Refreshing"));
     _spinner->hide();
@@ -46,6 +63,12 @@ PanelHeader::PanelHeader(const Appearance& appearance, QWidget* parent)
 void PanelHeader::setRefreshing(bool isRefreshing)
 {
     _spinner->setVisible(isRefreshing);
+}
+
+void PanelHeader::setFindShown(bool isShown)
+{
+    _find->setVisible(isShown);
+    layOut();
 }
 
 QSize PanelHeader::sizeHint() const
@@ -62,8 +85,11 @@ void PanelHeader::layOut()
     const QSize box = _options->visibleSize();
     const int optionsStart = width() - optionsEnd - box.width();
     _options->place(centred(optionsStart, box));
+    const int findStart = optionsStart - buttonGap - box.width();
+    _find->place(centred(findStart, box));
+    const int buttonsStart = _find->isHidden() ? optionsStart : findStart;
     const QSize ring = _spinner->sizeHint();
-    _spinner->setGeometry(centred(optionsStart - gap - ring.width(), ring));
+    _spinner->setGeometry(centred(buttonsStart - gap - ring.width(), ring));
 }
 
 void PanelHeader::paintEvent(QPaintEvent* /*event*/)

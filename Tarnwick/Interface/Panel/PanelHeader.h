@@ -9,7 +9,8 @@ class BrandButton;
 class IconButton;
 class Spinner;
 
-/// The panel's top: the program's name, a sign that a refresh runs, and the options button.
+/// The panel's top: the program's name, a sign that a refresh runs, and the buttons for finding,
+/// where there is a list, and for the options. A click on a button leaves the keyboard where it is.
 class PanelHeader final : public QWidget {
     Q_OBJECT
 
@@ -18,7 +19,11 @@ public:
 
     BrandButton& brand() { return *_brand; }
 
+    IconButton& find() { return *_find; }
+
     IconButton& options() { return *_options; }
+
+    void setFindShown(bool isShown);
 
     void setRefreshing(bool isRefreshing);
 
@@ -34,6 +39,7 @@ private:
     const Appearance& _appearance;
     BrandButton* _brand;
     Spinner* _spinner;
+    IconButton* _find;
     IconButton* _options;
 };
 

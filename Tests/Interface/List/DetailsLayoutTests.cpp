@@ -125,4 +125,29 @@ TEST(DetailsLayout, thenTheAuthorGoesAndTheRepositoryAndAtLastTheLineEnds)
     }
 }
 
+TEST(DetailsLayout, marksWhatIsToBeFound)
+{
+    const DetailsLayout layout = layOutDetails(
+        details, {.width = 1000, .gap = gap}, tens, {u"quay"_s, u"nort"_s, u"#48"_s, u"k"_s});
+    EXPECT_EQ(layout.pieces[0].marks, (std::vector<TextRange>{{0, 4}, {10, 14}}));
+    EXPECT_EQ(layout.pieces[1].marks, (std::vector<TextRange>{{0, 3}}));
+    EXPECT_EQ(layout.pieces[3].marks, (std::vector<TextRange>{{5, 6}}));
+    EXPECT_TRUE(layout.pieces[5].marks.empty()) << "an age is not looked for";
+}
+
+TEST(DetailsLayout, anOwnerThatMatchesIsElidedInsteadOfLeftOut)
+{
+    const QStringList words{u"north"_s};
+    const DetailsLayout layout = layOutDetails(details, {.width = 275, .gap = gap}, tens, words);
+    EXPECT_EQ(layout.text(), u"north…/quay #482 · mira-k · 3h"_s);
+    EXPECT_EQ(layout.pieces[0].marks, (std::vector<TextRange>{{0, 5}}));
+    EXPECT_TRUE(layout.isElided);
+    EXPECT_EQ(
+        layOutDetails(details, {.width = 225, .gap = gap}, tens, words).text(),
+        u"…/quay #482 · mira-k · 3h"_s);
+    EXPECT_EQ(
+        layOutDetails(details, {.width = 225, .gap = gap}, tens, {u"quay"_s}).text(),
+        u"quay #482 · mira-k · 3h"_s);
+}
+
 }  // namespace

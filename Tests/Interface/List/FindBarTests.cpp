@@ -66,13 +66,28 @@ TEST_F(FindBarTests, saysHowManyMatchWhileThereIsSomethingToFind)
     EXPECT_EQ(bar.matchesText(), u"7 of 12"_s);
 }
 
-TEST_F(FindBarTests, downGoesToTheList)
+TEST_F(FindBarTests, downAndTabGoToTheList)
 {
     bar.open();
     const QSignalSpy left(&bar, &FindBar::leftForList);
     QTest::keyClick(&field(), Qt::Key_Down);
     EXPECT_EQ(left.size(), 1);
+    QTest::keyClick(&field(), Qt::Key_Tab);
+    EXPECT_EQ(left.size(), 2);
     EXPECT_TRUE(bar.isOpen());
+}
+
+TEST_F(FindBarTests, returnWantsTheHitAndWithoutATextTheList)
+{
+    bar.open();
+    const QSignalSpy left(&bar, &FindBar::leftForList);
+    const QSignalSpy hits(&bar, &FindBar::hitRequested);
+    QTest::keyClick(&field(), Qt::Key_Return);
+    EXPECT_EQ(left.size(), 1);
+    QTest::keyClicks(&field(), u"no"_s);
+    QTest::keyClick(&field(), Qt::Key_Return);
+    EXPECT_EQ(left.size(), 1);
+    EXPECT_EQ(hits.size(), 1);
 }
 
 TEST_F(FindBarTests, escapeClearsAndCloses)

@@ -36,9 +36,17 @@ TEST(ListKeys, theSlashIsFoundWhereverTheLayoutHasIt)
     EXPECT_EQ(commandOf(Qt::Key_Slash, Qt::ControlModifier, u"/"_s), std::nullopt);
 }
 
-TEST(ListKeys, keysWithModifiersAreNotTheLists)
+TEST(ListKeys, controlOpensInOtherWays)
 {
-    EXPECT_EQ(commandOf(Qt::Key_E, Qt::ControlModifier), std::nullopt);
+    EXPECT_EQ(commandOf(Qt::Key_E, Qt::ControlModifier), ListCommand::openInEditor);
+    EXPECT_EQ(commandOf(Qt::Key_Return, Qt::ControlModifier), ListCommand::openAndStay);
+    EXPECT_EQ(commandOf(Qt::Key_E), std::nullopt);
+}
+
+TEST(ListKeys, otherKeysWithModifiersAreNotTheLists)
+{
+    EXPECT_EQ(commandOf(Qt::Key_J, Qt::ControlModifier), std::nullopt);
+    EXPECT_EQ(commandOf(Qt::Key_Menu), ListCommand::showMenu);
     EXPECT_EQ(commandOf(Qt::Key_Return, Qt::AltModifier), std::nullopt);
     EXPECT_EQ(commandOf(Qt::Key_F10), std::nullopt);
     EXPECT_EQ(commandOf(Qt::Key_F10, Qt::ShiftModifier), ListCommand::showMenu);

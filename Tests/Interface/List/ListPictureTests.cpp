@@ -7,6 +7,9 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 
+#include <algorithm>
+#include <utility>
+
 #include <gtest/gtest.h>
 
 namespace Tarnwick {
@@ -19,6 +22,8 @@ struct Sheet {
     int width = 420;
     int height = 640;
     double scaleFactor = 1;
+    QString findText = {};
+    bool hasHidden = false;
 };
 
 /// Without the rows whose characters no bundled font has.
@@ -32,19 +37,27 @@ std::vector<ListedRow> latinRows()
     return rows;
 }
 
-/// The list with the pointer on its fifth row.
+/// The list with the pointer on its fifth row, if there are as many.
 QImage listPicture(const Sheet& sheet)
 {
     Appearance appearance(sheet.textScale);
     appearance.setDark(sheet.isDark);
     appearance.setWishes({.reducedMotion = true, .higherContrast = sheet.higherContrast});
     PullRequestListModel model(TestSupport::sampleNow);
-    model.setRows(latinRows());
+    std::vector<ListedRow> rows = latinRows();
+    if (sheet.hasHidden) {
+        rows[2].sight = Sight::hiddenByStatus;
+        rows[4].sight = Sight::hiddenByChecks;
+        rows[5].sight = Sight::hiddenByReviews;
+    }
+    model.setRows(std::move(rows));
+    model.setFindText(sheet.findText);
     PullRequestListView view(model, appearance);
     view.setAttribute(Qt::WA_DontShowOnScreen);
     view.resize(sheet.width, sheet.height);
     view.show();
-    const QPointF pointer = view.visualRect(model.index(4)).center();
+    const QPointF pointer =
+        view.visualRect(model.index(std::min(4, model.rowCount() - 1))).center();
     QMouseEvent move(
         QEvent::MouseMove,
         pointer,
@@ -68,6 +81,33 @@ TEST(ListPictures, higherContrastAndLargerText)
         listPicture({.isDark = true, .higherContrast = true, .height = 400, .scaleFactor = 1.25}),
         "list-contrast-125");
     expectPicture(listPicture({.textScale = 1.5, .width = 630, .height = 700}), "list-large-text");
+}
+
+TEST(ListPictures, hiddenRowsStandWithoutColor)
+{
+    expectPicture(listPicture({.hasHidden = true}), "list-hidden-light");
+    expectPicture(
+        listPicture(
+            {.isDark = true,
+             .higherContrast = true,
+             .width = 360,
+             .scaleFactor = 1.5,
+             .hasHidden = true}),
+        "list-hidden-dark-150");
+}
+
+TEST(ListPictures, platesMarkWhatIsFound)
+{
+    expectPicture(
+        listPicture({.height = 400, .findText = QStringLiteral("quay ses")}), "list-find");
+    expectPicture(
+        listPicture(
+            {.isDark = true,
+             .width = 360,
+             .height = 500,
+             .scaleFactor = 1.5,
+             .findText = QStringLiteral("mere")}),
+        "list-find-dark-150");
 }
 
 TEST(ListPictures, theFindBar)

@@ -206,13 +206,43 @@ TEST_F(PullRequestListModelTests, aNewListIsFoundInAsWell)
     EXPECT_THAT(shown(), ElementsAre(11, 1));
 }
 
-TEST_F(PullRequestListModelTests, aFoundRowKeepsItsDepth)
+TEST_F(PullRequestListModelTests, numbersAreFoundWithAndWithoutTheirSign)
 {
-    std::vector<ListedRow> rows = listed({1, 2});
-    own(rows[1]).depth = 2;
+    model.setRows(listed({1, 412, 4120, 7}));
+    model.setFindText(u"#412"_s);
+    EXPECT_THAT(shown(), ElementsAre(412, 4120));
+    model.setFindText(u"412"_s);
+    EXPECT_THAT(shown(), ElementsAre(412, 4120));
+    model.setFindText(u"#7"_s);
+    EXPECT_THAT(shown(), ElementsAre(7));
+}
+
+TEST_F(PullRequestListModelTests, aHitWhoseParentIsNoneStandsWithoutIndentation)
+{
+    std::vector<ListedRow> rows = listed({1, 2, 3, 4, 5});
+    const std::vector<std::int64_t> depths{0, 1, 2, 3, 1};
+    const std::vector<const char*> titles{"hit", "no", "hit", "hit", "hit"};
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        own(rows[row]).depth = depths[row];
+        own(rows[row]).pullRequest.title = titles[row];
+    }
     model.setRows(rows);
-    model.setFindText(u"request 2"_s);
-    EXPECT_EQ(model.content(0).row().depth, 2);
+    const auto shownDepths = [this] {
+        std::vector<std::int64_t> found;
+        for (int row = 0; row < model.rowCount(); ++row) {
+            found.push_back(model.depth(row));
+        }
+        return found;
+    };
+    EXPECT_EQ(shownDepths(), depths);
+    const QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    model.setFindText(u"hit"_s);
+    EXPECT_THAT(shown(), ElementsAre(1, 3, 4, 5));
+    EXPECT_THAT(shownDepths(), ElementsAre(0, 0, 1, 1));
+    EXPECT_GE(changed.size(), 1);
+    EXPECT_EQ(model.content(1).stateIconName(), u"stack"_s);
+    model.setFindText(QString());
+    EXPECT_EQ(shownDepths(), depths);
 }
 
 TEST_F(PullRequestListModelTests, countWidthsAreThoseOfAllRowsWhateverIsFound)

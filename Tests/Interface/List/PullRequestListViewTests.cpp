@@ -10,6 +10,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <algorithm>
+
 #include <gmock/gmock.h>
 
 namespace {
@@ -39,6 +41,11 @@ protected:
             &PullRequestListView::openInEditorRequested,
             &view,
             [this](const PullRequest& opened) { editedNumbers.push_back(opened.id.number); });
+        QObject::connect(
+            &view,
+            &PullRequestListView::openAndStayRequested,
+            &view,
+            [this](const PullRequest& opened) { besideNumbers.push_back(opened.id.number); });
         view.resize(420, 520);
     }
 
@@ -82,6 +89,7 @@ protected:
 
     std::vector<std::int64_t> openedNumbers;
     std::vector<std::int64_t> editedNumbers;
+    std::vector<std::int64_t> besideNumbers;  ///< Opened while the panel stays.
     Appearance appearance{1.0};
     PullRequestListModel model{TestSupport::sampleNow};
     PullRequestListView view{model, appearance};
@@ -135,19 +143,130 @@ TEST_F(PullRequestListViewTests, theSelectedRowIsInSight)
     EXPECT_EQ(last.height(), 52);
 }
 
-TEST_F(PullRequestListViewTests, returnOpensAndEOpensInTheEditor)
+TEST_F(PullRequestListViewTests, returnOpensAndControlEOpensInTheEditor)
 {
     show(plainRows(3));
     press(Qt::Key_Return);
-    press(Qt::Key_E);
+    press(Qt::Key_E, Qt::ControlModifier);
     EXPECT_THAT(openedNumbers, IsEmpty());
     EXPECT_THAT(editedNumbers, IsEmpty());
     press(Qt::Key_Down);
     press(Qt::Key_Down);
     press(Qt::Key_Return);
-    press(Qt::Key_E);
+    press(Qt::Key_E, Qt::ControlModifier);
     EXPECT_THAT(openedNumbers, ElementsAre(2));
     EXPECT_THAT(editedNumbers, ElementsAre(2));
+}
+
+TEST_F(PullRequestListViewTests, lettersAloneStartNoWork)
+{
+    show(plainRows(3));
+    press(Qt::Key_Down);
+    for (int key = Qt::Key_A; key <= Qt::Key_Z; ++key) {
+        press(key);
+    }
+    EXPECT_THAT(openedNumbers, IsEmpty());
+    EXPECT_THAT(editedNumbers, IsEmpty());
+    EXPECT_FALSE(view.isMenuOpen());
+}
+
+TEST_F(PullRequestListViewTests, opensWithoutThePanelsEndByMiddleClickAndControl)
+{
+    show(plainRows(4));
+    const auto press = [this](Qt::MouseButton button, Qt::KeyboardModifiers keys, int row) {
+        QTest::mouseClick(view.viewport(), button, keys, inRow(row, onTitle));
+    };
+    press(Qt::MiddleButton, Qt::NoModifier, 1);
+    press(Qt::LeftButton, Qt::ControlModifier, 2);
+    EXPECT_EQ(current(), 2);
+    QTest::keyClick(&view, Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_THAT(besideNumbers, ElementsAre(2, 3, 3));
+    press(Qt::RightButton, Qt::NoModifier, 0);
+    QTest::mousePress(view.viewport(), Qt::MiddleButton, {}, inRow(0, onTitle));
+    QTest::mouseRelease(view.viewport(), Qt::MiddleButton, {}, inRow(1, onTitle));
+    EXPECT_THAT(besideNumbers, ElementsAre(2, 3, 3));
+    EXPECT_THAT(openedNumbers, IsEmpty());
+}
+
+TEST_F(PullRequestListViewTests, theFirstHitIsFilledAndOpened)
+{
+    show(plainRows(12));
+    view.openHit();
+    EXPECT_THAT(openedNumbers, IsEmpty()) << "nothing is looked for";
+    EXPECT_FALSE(view.situation(0).isSelected);
+    model.setFindText(u"#1"_s);
+    ASSERT_EQ(model.rowCount(), 4);
+    EXPECT_TRUE(view.situation(0).isSelected);
+    EXPECT_FALSE(view.situation(0).hasFocusRing);
+    EXPECT_EQ(current(), -1);
+    model.setFindText(u"#11"_s);
+    EXPECT_TRUE(view.situation(0).isSelected);
+    view.openHit();
+    EXPECT_THAT(openedNumbers, ElementsAre(11));
+    model.setFindText(u"nothing"_s);
+    view.openHit();
+    EXPECT_THAT(openedNumbers, ElementsAre(11));
+}
+
+TEST_F(PullRequestListViewTests, aSelectedHitIsTheOneThatIsOpened)
+{
+    show(plainRows(12));
+    press(Qt::Key_End);
+    model.setFindText(u"#1"_s);
+    EXPECT_EQ(current(), 3);
+    EXPECT_FALSE(view.situation(0).isSelected);
+    view.openHit();
+    EXPECT_THAT(openedNumbers, ElementsAre(12));
+}
+
+TEST_F(PullRequestListViewTests, aSelectedRowThatIsNoHitIsSelectedAgainInTheEnd)
+{
+    show(plainRows(60));
+    press(Qt::Key_End);
+    model.setFindText(u"#1"_s);
+    EXPECT_EQ(current(), -1);
+    EXPECT_TRUE(view.situation(0).isSelected);
+    model.setFindText(u"#12"_s);
+    model.setFindText(QString());
+    EXPECT_EQ(current(), 59);
+    EXPECT_TRUE(view.viewport()->rect().contains(view.visualRect(view.currentIndex())));
+}
+
+TEST_F(PullRequestListViewTests, theEndOfFindingKeepsTheSelectedRowInSight)
+{
+    show(plainRows(60));
+    model.setFindText(u"#5"_s);
+    press(Qt::Key_End);
+    ASSERT_EQ(model.content(current()).pullRequest().id.number, 59);
+    model.setFindText(QString());
+    EXPECT_EQ(model.content(current()).pullRequest().id.number, 59);
+    EXPECT_TRUE(view.viewport()->rect().contains(view.visualRect(view.currentIndex())));
+}
+
+TEST_F(PullRequestListViewTests, theFirstHitIsInSightWhileOneTypes)
+{
+    show(plainRows(60));
+    view.verticalScrollBar()->setValue(view.verticalScrollBar()->maximum());
+    model.setFindText(u"request"_s);
+    EXPECT_EQ(model.rowCount(), 60);
+    EXPECT_EQ(view.visualRect(model.index(0)).top(), 0);
+}
+
+TEST_F(PullRequestListViewTests, aHitWithoutItsParentHasALineAndNoArrow)
+{
+    std::vector<ListedRow> rows = plainRows(3);
+    own(rows[2]).depth = 1;
+    show(rows);
+    model.setFindText(u"#2"_s);
+    model.setFindText(u"#"_s);
+    EXPECT_FALSE(view.rows().geometry(2).arrow.isEmpty());
+    EXPECT_FALSE(view.situation(2).hasLineAbove);
+    own(rows[1]).pullRequest.title = "Something else";
+    model.setRows(rows);
+    model.setFindText(u"request"_s);
+    ASSERT_EQ(model.rowCount(), 2);
+    EXPECT_TRUE(view.rows().geometry(1).arrow.isEmpty());
+    EXPECT_EQ(view.rows().geometry(1).stateIcon.left(), 16);
 }
 
 TEST_F(PullRequestListViewTests, slashAsksToFind)
@@ -411,16 +530,47 @@ TEST_F(PullRequestListViewTests, aRowsMenuOpensAndCopies)
     EXPECT_EQ(QApplication::clipboard()->text(), u"branch-2"_s);
 }
 
-TEST_F(PullRequestListViewTests, theMenuKeyIsThePanels)
+TEST_F(PullRequestListViewTests, theMenuKeyOpensTheMenuOfARowThatHasTheFocus)
 {
     show(plainRows(3));
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_Menu, Qt::NoModifier);
+    QApplication::sendEvent(&view, &key);
+    EXPECT_FALSE(key.isAccepted()) << "without a row it is the panel's";
+    EXPECT_FALSE(view.isMenuOpen());
     press(Qt::Key_Down);
     QContextMenuEvent byKey(QContextMenuEvent::Keyboard, inRow(0, onTitle), QPoint(1, 1));
     QApplication::sendEvent(view.viewport(), &byKey);
-    EXPECT_FALSE(view.isMenuOpen());
+    EXPECT_FALSE(view.isMenuOpen()) << "the key itself opens it";
+    press(Qt::Key_Menu);
+    EXPECT_TRUE(view.isMenuOpen());
+}
+
+TEST_F(PullRequestListViewTests, aPressByAScreenReaderClosesARowsMenu)
+{
+    show(plainRows(3));
     QContextMenuEvent byMouse(QContextMenuEvent::Mouse, inRow(1, onTitle), QPoint(1, 1));
     QApplication::sendEvent(view.viewport(), &byMouse);
-    EXPECT_TRUE(view.isMenuOpen());
+    ASSERT_TRUE(view.isMenuOpen());
+    auto* const menu = view.findChild<QMenu*>(u"rowMenu"_s);
+    QAccessible::queryAccessibleInterface(menu)->child(0)->actionInterface()->doAction(
+        QAccessibleActionInterface::pressAction());
+    QApplication::processEvents();
+    EXPECT_THAT(openedNumbers, ElementsAre(2));
+    EXPECT_FALSE(view.isMenuOpen());
+}
+
+TEST_F(PullRequestListViewTests, helpStandsBelowTheRow)
+{
+    show(sampleRows());
+    const QPoint position = inRow(0, onTitle);
+    QHelpEvent help(QEvent::ToolTip, position, view.viewport()->mapToGlobal(position));
+    QApplication::sendEvent(view.viewport(), &help);
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    const auto tip = std::ranges::find_if(
+        widgets, [](const QWidget* widget) { return widget->inherits("QTipLabel"); });
+    ASSERT_NE(tip, widgets.end());
+    const QRect row = view.visualRect(model.index(0));
+    EXPECT_GT((*tip)->y(), view.viewport()->mapToGlobal(row.bottomLeft()).y());
 }
 
 }  // namespace

@@ -137,6 +137,36 @@ TEST(TitleLayout, anElidedRightToLeftTitleStaysInItsColumn)
     EXPECT_GE(right, columnWidth - 4);
 }
 
+TEST(TitleLayout, boxesStandAroundTheLettersOfTheirLine)
+{
+    const TitleLayout title = layout(u"Keep the tide table when the feed is late"_s);
+    ASSERT_EQ(title.lineCount(), 2);
+    const auto secondStart = title.lineText(0).size();
+    const std::vector<TextRange> both{{0, 4}, {secondStart, secondStart + 3}};
+    const std::vector<QRectF> first = title.boxesOf(0, both);
+    ASSERT_EQ(first.size(), 4U);
+    EXPECT_EQ(first.front().left(), 0);
+    EXPECT_EQ(first.front().top(), 0);
+    EXPECT_NEAR(
+        first.back().right(), QFontMetricsF(style().font).horizontalAdvance(u"Keep"_s), 1.0);
+    const std::vector<QRectF> second = title.boxesOf(1, both);
+    ASSERT_EQ(second.size(), 3U);
+    EXPECT_NEAR(second.front().left(), 0, 0.01);
+    EXPECT_EQ(second.front().top(), 18);
+    EXPECT_EQ(second.front().height(), 18);
+}
+
+TEST(TitleLayout, boxesOfARightToLeftTitleBeginAtItsRight)
+{
+    const TitleLayout title = layout(u"תיקון קטן"_s);
+    const std::vector<QRectF> boxes = title.boxesOf(0, {{0, 5}});
+    ASSERT_EQ(boxes.size(), 5U);
+    EXPECT_GT(boxes.front().left(), 0);
+    for (std::size_t box = 1; box < boxes.size(); ++box) {
+        EXPECT_NEAR(boxes[box].left(), boxes[box - 1].right(), 0.1);
+    }
+}
+
 TEST(TitleLayout, lineBreaksAndControlCharactersBecomeSpaces)
 {
     EXPECT_EQ(titleText("one\ntwo\tthree\x1b[0m"), u"one two three [0m"_s);

@@ -46,6 +46,7 @@ QImage partsOfThePanel(bool isDark, double scaleFactor)
     };
 
     PanelHeader header(appearance, nullptr);
+    header.setFindShown(true);
     add(header, header.sizeHint().height());
 
     StatusPanel status(appearance, nullptr);
@@ -121,6 +122,39 @@ TEST(PanelPictureTests, theParts)
 {
     expectPicture(partsOfThePanel(false, 1), "panel-parts-light");
     expectPicture(partsOfThePanel(true, 1.5), "panel-parts-dark-150");
+}
+
+/// The empty list while everything is hidden, and the footer in its ways to stand.
+QImage hiddenParts(const Appearance& appearance, double scaleFactor)
+{
+    std::vector<QImage> pictures;
+    const auto add = [&](QWidget& widget, int height) {
+        widget.resize(appearance.scaled(360), height);
+        pictures.push_back(pictureOf(widget, scaleFactor));
+    };
+    StatusPanel status(appearance, nullptr);
+    status.show(std::get<StatusContent>(
+        panelContent({MenuState::Kind::loaded, {}}, false, false, {.filters = 9})));
+    add(status, appearance.scaled(280));
+    for (const bool areShown : {false, true}) {
+        const PullRequestKit::Date then(1'710'244'800s);
+        PanelFooter footer([then] { return then + 59min; }, appearance, nullptr);
+        footer.setCount(1000);
+        footer.setHidden({.filters = 128}, areShown);
+        footer.setRefreshed(then);
+        add(footer, footer.sizeHint().height());
+    }
+    return stacked(pictures);
+}
+
+TEST(PanelPictureTests, theHidden)
+{
+    Appearance light(1.0);
+    expectPicture(hiddenParts(light, 1), "panel-hidden-light");
+    Appearance dark(1.5);
+    dark.setDark(true);
+    dark.setWishes({.reducedMotion = true, .higherContrast = true});
+    expectPicture(hiddenParts(dark, 1), "panel-hidden-dark-contrast");
 }
 
 TEST(PanelPictureTests, theCards)
