@@ -36,7 +36,7 @@ TEST_F(WrappedTextTests, aWordThatIsTooLongIsBrokenAnywhere)
 
 TEST_F(WrappedTextTests, theLastLineGoesOnWithABrokenWord)
 {
-    const QStringList shown = lines(u"mmmmmmmmmmmm"_s, u"mmmmm"_s, 2);
+    const QStringList shown = lines(u"mmmmmmmmmmmm"_s, u"mmmm…"_s, 2);
     ASSERT_EQ(shown.size(), 2);
     EXPECT_EQ(shown.last(), u"mmmm…"_s);
 }
