@@ -52,7 +52,7 @@ class PullRequestSearch : public TestSupport::ProviderTest {
 protected:
     std::vector<PullRequest> load(
         ReviewerScope scope = ReviewerScope::any,
-        std::set<std::string> repositories = {"octo/tools"})
+        const std::set<std::string>& repositories = {"octo/tools"})
     {
         return provider->pullRequests(scope, repositories, stop.get_token());
     }

@@ -22,7 +22,9 @@ std::vector<Entry> entries;
 
 }  // namespace
 
-// These stand in for the C library's functions of the same names in this program.
+// These stand in for the C library's functions of the same names in this program, whose parameters
+// have names that are reserved for it.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" void openlog(const char* identifier, int /*option*/, int /*facility*/)
 {
     currentIdentifier = identifier;
@@ -36,6 +38,8 @@ extern "C" void syslog(int priority, const char* format, ...)
     entries.push_back({currentIdentifier, priority, va_arg(arguments, const char*)});
     va_end(arguments);
 }
+
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 namespace {
 
