@@ -34,12 +34,12 @@ def with_a_new_one():
     return scenario
 
 
-def with_one_unblocked():
-    """The everyday scenario after the failed check of one has passed."""
+def with_one_unblocked(state="SUCCESS"):
+    """The everyday scenario after the failed check of one has passed, or is in this state; "" is running."""
     scenario = scenario_named("everyday")
     for pull_request in scenario["pullRequests"]:
         if pull_request["repository"] == TIDE_TABLES and pull_request["number"] == 79:
-            pull_request["checks"][0]["state"] = "SUCCESS"
+            pull_request["checks"][0]["state"] = state
     return scenario
 
 
@@ -52,7 +52,7 @@ class NotificationTest(SessionTest):
         """Starts the program, and waits until it knows which pull requests there are."""
         self.start_github()
         self.select(TIDE_TABLES, **settings)
-        self.start_tarnwick("--background")
+        self.program = self.start_tarnwick("--background")
         wait_until(lambda: os.path.exists(self.cache_file), "the first refresh")
 
     def refresh_with(self, scenario, now=None):
@@ -93,6 +93,20 @@ class DunstTests(NotificationTest):
             ],
         )
         self.assertEqual(self.programs.calls("xdg-open"), [])
+
+    def testAnUnblockedPullRequestIsToldOnceWhateverComesInBetween(self):
+        self.start(notifications_unblocked="true")
+        self.refresh_with(with_one_unblocked(""))
+        self.program.terminate()
+        self.wait_for_end(self.program)
+        self.github.serve(with_one_unblocked(), now=an_hour_from_now())
+        # A list is the first to find it, and notifies nobody.
+        self.assertEqual(self.run_tarnwick("list").returncode, 0)
+        self.start_tarnwick("--background")
+        wait_until(lambda: self.dunst.count() == 1, "a notification")
+        self.wait_for_name()
+        self.reload()
+        stays(lambda: self.dunst.count() == 1, "one notification", 1)
 
     def testThatOfTheSameIdentifierIsReplaced(self):
         self.start(notifications_newPullRequests="true")
