@@ -129,7 +129,8 @@ QCoro::Task<> PullRequestMenuModel::askProvider(std::stop_token stopToken)
 /// nothing in sight the state says it.
 void PullRequestMenuModel::cannotAsk(MenuState failure)
 {
-    _refreshEnd = kind == MenuState::Kind::signedOut ? RefreshEnd::signedOut : RefreshEnd::failed;
+    _refreshEnd =
+        failure.kind == MenuState::Kind::signedOut ? RefreshEnd::signedOut : RefreshEnd::failed;
     if (_hasSnapshot) {
         assign(_state, {MenuState::Kind::loaded, {}}, &PullRequestMenuModel::stateChanged);
         assign(
