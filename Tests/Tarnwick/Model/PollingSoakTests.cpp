@@ -115,7 +115,6 @@ protected:
     PollingSoak()
     {
         selectTools();
-        Tarnwick::SettingsStore(*defaults).setPollingInterval(GetParam());
         auto parts = collaborators();
         parts.provider = std::make_shared<GitHubProvider::GitHubProvider>(
             "github.com",
@@ -123,6 +122,7 @@ protected:
             gh,
             [](const std::string&) {});
         model = std::make_unique<Tarnwick::PullRequestMenuModel>(std::move(parts));
+        model->setPollingInterval(GetParam());
     }
 
     /// TARNWICK_SOAK_DAYS, else two hours.
