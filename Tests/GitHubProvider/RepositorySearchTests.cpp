@@ -51,7 +51,7 @@ protected:
     {
         provider = std::make_unique<::GitHubProvider::GitHubProvider>(
             "git.example",
-            "/opt/gh",
+            [] { return "/opt/gh"; },
             runner,
             [this](const std::string& line) { log.push_back(line); },
             [this] { return wallTime; },
