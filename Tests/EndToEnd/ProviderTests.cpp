@@ -254,7 +254,7 @@ protected:
 TEST_F(StrangeGh, thatIsMissingIsSaidToBe)
 {
     const GitHubProvider::GitHubProvider missing(
-        GitHubProvider::publicHost, std::nullopt, runner, [](const std::string&) {});
+        GitHubProvider::publicHost, [] { return std::nullopt; }, runner, [](const std::string&) {});
     EXPECT_EQ(problem(missing), "GitHub CLI (gh) was not found.");
     EXPECT_EQ(
         missing.authenticationStatus({}),

@@ -9,6 +9,7 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 using testing::SizeIs;
+using TestSupport::outline;
 
 /// A GitHub that takes several `repo:` terms of one search for all of them.
 class RepositoryTerms : public TestSupport::TarnwickTest {

@@ -113,7 +113,12 @@ TEST(RowWording, aScreenReaderHearsWhatTheCountsConsistOfAfterTheQuietLine)
     PullRequest pullRequest = makePullRequest(1);
     pullRequest.checks = {.completed = 2, .total = 2};
     const RowWording::Details line{
-        .owner = u"octo/"_s, .repository = u"tools"_s, .number = u"#1"_s, .age = u"3h"_s};
+        .reason = {},
+        .owner = u"octo/"_s,
+        .repository = u"tools"_s,
+        .number = u"#1"_s,
+        .author = {},
+        .age = u"3h"_s};
     EXPECT_EQ(
         RowWording::accessibilityDescription(line, pullRequest, nullptr), u"octo/tools #1 · 3h"_s);
     PullRequestDetails details;
