@@ -94,7 +94,7 @@ NotificationAuthorization authorizationOf(NotificationServerStatus status)
 NotificationCentre::NotificationCentre(QDBusConnection bus, std::shared_ptr<Clock> clock)
     : _bus(std::move(bus))
     , _clock(std::move(clock))
-    , _start(_clock->now())
+    , _start(_clock->elapsed())
 {
     if (_bus.isConnected()) {
         listen();
@@ -182,7 +182,7 @@ QCoro::Task<bool> NotificationCentre::requestAuthorization()
 
 QCoro::Task<> NotificationCentre::waitForServer()
 {
-    const auto left = _start + sessionStart - _clock->now();
+    const auto left = _start + sessionStart - _clock->elapsed();
     if (left > 0s) {
         const QFuture<void> pause = _clock->sleep(left, _waiting.get_token());
         co_await pause;

@@ -10,6 +10,7 @@
 #include <QObject>
 #include <QStringList>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -69,7 +70,7 @@ private:
 
     QDBusConnection _bus;
     std::shared_ptr<Clock> _clock;
-    PullRequestKit::Date _start;
+    std::chrono::milliseconds _start;  ///< By the clock's `elapsed`.
     std::shared_ptr<const NotificationPresentationDelegate> _delegate;
 
     QString _server;  ///< Its unique name, or nothing. Its numbers are those shown.

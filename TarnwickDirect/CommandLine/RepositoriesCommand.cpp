@@ -59,7 +59,7 @@ std::optional<Repositories> fetchRepositories(
     } catch (const std::exception& error) {
         progress.clear();
         if (!interruption.signal()) {
-            std::cerr << error.what() << '\n';
+            std::cerr << message(error.what()) << '\n';
         }
         return std::nullopt;
     }

@@ -300,6 +300,17 @@ TEST_F(NotificationCentreTest, givesUpWaitingOnceTheSessionMustHaveStarted)
     EXPECT_EQ(answer, false);
 }
 
+TEST_F(NotificationCentreTest, waitsNoLongerWhenTheTimeOfDayIsSetBack)
+{
+    clock->set(std::chrono::hours(-24));
+    std::optional<bool> answer;
+    auto asking = keep(notifier->requestAuthorization(), &answer);
+    ASSERT_TRUE(TestSupport::eventually([&] { return !clock->sleepers().empty(); }));
+    passSessionStart();
+    TestSupport::runToEnd(std::move(asking));
+    EXPECT_EQ(answer, false);
+}
+
 TEST_F(NotificationCentreTest, isRefusedWhereThereIsNoBus)
 {
     begin(QDBusConnection::connectToBus(u"unix:path=/nonexistent/bus"_s, u"no-bus"_s));
