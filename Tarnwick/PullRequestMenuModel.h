@@ -111,6 +111,10 @@ public:
 
     const std::optional<std::string>& refreshError() const { return _refreshError; }
 
+    /// Why the last refresh that ended has renewed nothing, until one succeeds. Unlike the texts
+    /// above it stays while the next one runs.
+    const std::optional<MenuState>& lastFailure() const { return _lastFailure; }
+
     /// The time of day that everything in the list is reckoned from.
     PullRequestKit::Date now() const { return _parts.clock->now(); }
 
@@ -205,6 +209,7 @@ Q_SIGNALS:
     void settingsChanged();
     void darkModeChanged();
     void shortfallChanged();
+    void lastFailureChanged();
     void visitsChanged();
     /// Other processes have stored something; it may be what the model knows nothing of.
     void settingsReadAgain();
@@ -264,6 +269,7 @@ private:
     std::optional<std::string> _settingsProblem;  ///< Why the settings are not kept.
     std::optional<std::string> _refreshError;
     std::optional<Shortfall> _shortfall;
+    std::optional<MenuState> _lastFailure;
 
     SharedPullRequests _allPullRequests;
     PullRequestKit::SharedDetails _details;

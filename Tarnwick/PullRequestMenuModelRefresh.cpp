@@ -131,6 +131,7 @@ void PullRequestMenuModel::cannotAsk(MenuState failure)
 {
     _refreshEnd =
         failure.kind == MenuState::Kind::signedOut ? RefreshEnd::signedOut : RefreshEnd::failed;
+    assign(_lastFailure, failure, &PullRequestMenuModel::lastFailureChanged);
     if (_hasSnapshot) {
         assign(_state, {MenuState::Kind::loaded, {}}, &PullRequestMenuModel::stateChanged);
         assign(
@@ -163,6 +164,7 @@ void PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
     assign(_lastRefreshed, now, &PullRequestMenuModel::lastRefreshedChanged);
     _hasSnapshot = true;
     _refreshEnd = RefreshEnd::fresh;
+    assign(_lastFailure, std::nullopt, &PullRequestMenuModel::lastFailureChanged);
     assign(_state, {MenuState::Kind::loaded, {}}, &PullRequestMenuModel::stateChanged);
 
     auto appeared = newPullRequests(*_rows, result.baseline.scope, _newPullRequestBaseline);

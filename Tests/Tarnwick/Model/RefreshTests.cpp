@@ -166,6 +166,24 @@ TEST_F(Refresh, keepsTheListWhenAFetchFailsAndForgetsTheErrorAtTheNext)
     EXPECT_EQ(model->refreshError(), std::nullopt);
 }
 
+TEST_F(Refresh, remembersWhyItFailedUntilOneSucceeds)
+{
+    start();
+    refresh();
+    EXPECT_EQ(model->lastFailure(), std::nullopt);
+    provider->setStatus(NotAuthenticated{"GitHub CLI is not logged in."});
+    refresh();
+    const MenuState signedOut{Kind::signedOut, "GitHub CLI is not logged in."};
+    EXPECT_EQ(model->lastFailure(), signedOut);
+    model->dismissRefreshError();
+    provider->setStatus(Authenticated{"octo"});
+    openAndHold();
+    EXPECT_EQ(model->refreshError(), std::nullopt);
+    EXPECT_EQ(model->lastFailure(), signedOut);
+    releaseAndSettle();
+    EXPECT_EQ(model->lastFailure(), std::nullopt);
+}
+
 TEST_F(Refresh, recoversFromAFailureWithoutData)
 {
     provider->setError("HTTP 500");
