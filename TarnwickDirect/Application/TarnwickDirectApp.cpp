@@ -255,6 +255,12 @@ void TarnwickDirectApp::trayChanged()
 void TarnwickDirectApp::makeTrayItem()
 {
     _trayItem = std::make_unique<TrayItem>(_model);
+    _trayItem->setPanelOpen(_window.isInSight());
+    connect(
+        &_window, &PanelWindow::shown, _trayItem.get(), [this] { _trayItem->setPanelOpen(true); });
+    connect(&_window, &PanelWindow::hidden, _trayItem.get(), [this] {
+        _trayItem->setPanelOpen(false);
+    });
     connect(_trayItem.get(), &TrayItem::clicked, this, &TarnwickDirectApp::trayClicked);
     connect(_trayItem.get(), &TrayItem::openRequested, this, [this] {
         _window.present(QCursor::pos(), {});

@@ -75,11 +75,14 @@ Background backgroundOf(const QString& desktop)
     return desktop == QLatin1String("GNOME") ? Background::dark : Background::unknown;
 }
 
-QImage image(int size, Background background, bool isBlocked)
+QImage image(int size, Background background, Mark mark)
 {
     const Colours colours = coloursOn(background);
-    QString name = colours.drop ? QStringLiteral("tarnwick-tray-symbolic")
-                                : QStringLiteral("tarnwick-tray-color");
+    QString name = QStringLiteral("tarnwick-tray-");
+    if (mark.isTrouble) {
+        name += QStringLiteral("trouble-");
+    }
+    name += colours.drop ? QStringLiteral("symbolic") : QStringLiteral("color");
     if (size == smallSize) {
         name += QStringLiteral("-16");
     }
@@ -94,17 +97,17 @@ QImage image(int size, Background background, bool isBlocked)
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.drawPixmap(0, 0, drop);
-    if (isBlocked) {
+    if (mark.isBlocked) {
         drawDot(painter, size, colours.dot);
     }
     return image;
 }
 
-QIcon icon(Background background, bool isBlocked)
+QIcon icon(Background background, Mark mark)
 {
     QIcon icon;
     for (const int size : sizes) {
-        icon.addPixmap(QPixmap::fromImage(image(size, background, isBlocked)));
+        icon.addPixmap(QPixmap::fromImage(image(size, background, mark)));
     }
     return icon;
 }

@@ -1,6 +1,5 @@
 #include "TarnwickDirect/Tray/TrayItem.h"
 
-#include "TarnwickDirect/Tray/TarnwickMenuLabel.h"
 #include "TarnwickDirect/Tray/TrayText.h"
 
 #include <algorithm>
@@ -18,8 +17,12 @@ TrayItem::TrayItem(PullRequestMenuModel& model, QObject* parent)
     connect(&model, &PullRequestMenuModel::rowsChanged, this, &TrayItem::updateToolTip);
     connect(&model, &PullRequestMenuModel::stateChanged, this, &TrayItem::updateToolTip);
     connect(&model, &PullRequestMenuModel::lastRefreshedChanged, this, &TrayItem::updateToolTip);
-    updateIcon();
-    updateToolTip();
+    connect(&model, &PullRequestMenuModel::lastFailureChanged, this, &TrayItem::updateTrouble);
+    connect(&model, &PullRequestMenuModel::lastRefreshedChanged, this, &TrayItem::updateTrouble);
+    _troubleTimer.setSingleShot(true);
+    _troubleTimer.setTimerType(Qt::VeryCoarseTimer);
+    connect(&_troubleTimer, &QTimer::timeout, this, [this] { setTrouble(true); });
+    updateTrouble();
     _icon.setContextMenu(&_menu);
     connect(
         &_icon,
@@ -58,26 +61,63 @@ void TrayItem::fillMenu()
         &TrayItem::quitRequested);
 }
 
+void TrayItem::setPanelOpen(bool isOpen)
+{
+    _isPanelOpen = isOpen;
+    updateToolTip();
+}
+
+TrayStatus TrayItem::status() const
+{
+    const auto& failure = _model.lastFailure();
+    return {
+        .state = _model.state(),
+        .shownPullRequests = _model.rows().size(),
+        .lastRefreshed = _model.lastRefreshed(),
+        .failure = failure ? std::optional(Tarnwick::refreshFailure(*failure)) : std::nullopt,
+        .isTrouble = _isTrouble};
+}
+
+/// A timer runs only as long as a failure has not become trouble: at rest nothing wakes up.
+void TrayItem::updateTrouble()
+{
+    const TrayStatus now = status();
+    const auto wait = untilTrouble(now.failure, now.lastRefreshed, _model.now());
+    _troubleTimer.stop();
+    if (wait && *wait > std::chrono::seconds{0} && !(_isTrouble && now.failure)) {
+        _troubleTimer.start(*wait);
+    }
+    setTrouble(wait && (*wait == std::chrono::seconds{0} || _isTrouble));
+}
+
+void TrayItem::setTrouble(bool isTrouble)
+{
+    _isTrouble = isTrouble;
+    updateIcon();
+    updateToolTip();
+}
+
 void TrayItem::updateIcon()
 {
-    const bool isBlocked = std::ranges::any_of(
-        _model.rows(), [](const auto& row) { return row.pullRequest.isBlocked(); });
-    if (_isBlocked != isBlocked) {
-        _isBlocked = isBlocked;
+    const TrayStatus now = status();
+    const TarnwickMenuLabel::Mark mark{
+        .isBlocked =
+            knowsPullRequests(now)
+            && std::ranges::any_of(
+                _model.rows(), [](const auto& row) { return row.pullRequest.isBlocked(); }),
+        .isTrouble = _isTrouble};
+    if (_mark != mark) {
+        _mark = mark;
         const auto background =
             TarnwickMenuLabel::backgroundOf(qEnvironmentVariable("XDG_CURRENT_DESKTOP"));
-        _icon.setIcon(TarnwickMenuLabel::icon(background, isBlocked));
+        _icon.setIcon(TarnwickMenuLabel::icon(background, mark));
     }
 }
 
 void TrayItem::updateToolTip()
 {
-    const QString text = trayText(
-        _model.state(),
-        _model.rows().size(),
-        _model.lastRefreshed(),
-        QDateTime::currentDateTime(),
-        QLocale());
+    const QString text =
+        _isPanelOpen ? QString() : trayText(status(), QDateTime::currentDateTime(), QLocale());
     if (_icon.toolTip() != text) {
         _icon.setToolTip(text);
     }

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "Tarnwick/PullRequestMenuModel.h"
+#include "TarnwickDirect/Tray/TarnwickMenuLabel.h"
+#include "TarnwickDirect/Tray/TrayStatus.h"
 
 #include <QMenu>
 #include <QSystemTrayIcon>
+#include <QTimer>
 
 #include <optional>
 
@@ -19,6 +22,9 @@ public:
     explicit TrayItem(Tarnwick::PullRequestMenuModel& model, QObject* parent = nullptr);
     ~TrayItem() override;
 
+    /// While the panel is open, the icon has no tooltip, which would lie over it.
+    void setPanelOpen(bool isOpen);
+
 Q_SIGNALS:
     /// The user clicked the icon.
     void clicked();
@@ -28,13 +34,19 @@ Q_SIGNALS:
 
 private:
     void fillMenu();
+    void updateTrouble();
+    void setTrouble(bool isTrouble);
     void updateIcon();
     void updateToolTip();
+    TrayStatus status() const;
 
     Tarnwick::PullRequestMenuModel& _model;
     QMenu _menu;
     QSystemTrayIcon _icon;
-    std::optional<bool> _isBlocked;  ///< As the icon shows it.
+    QTimer _troubleTimer;  ///< Runs only while a failure waits to become trouble.
+    bool _isTrouble = false;
+    bool _isPanelOpen = false;
+    std::optional<TarnwickMenuLabel::Mark> _mark;  ///< As the icon shows it.
 };
 
 }  // namespace TarnwickDirect

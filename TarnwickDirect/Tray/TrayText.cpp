@@ -5,8 +5,11 @@
 namespace TarnwickDirect {
 
 using Tarnwick::MenuState;
+using Tarnwick::RefreshFailure;
 
 namespace {
+
+const QString programName = QStringLiteral("Tarnwick");
 
 QString countText(std::size_t count)
 {
@@ -14,11 +17,28 @@ QString countText(std::size_t count)
     return count == 1 ? text : text + QLatin1Char('s');
 }
 
+/// Some locales, such as "C", write seconds in the short form too. They go with what stands before
+/// them.
+QString clockFormat(const QLocale& locale)
+{
+    QString format;
+    bool isQuoted = false;
+    for (const QChar character : locale.timeFormat(QLocale::ShortFormat)) {
+        isQuoted = isQuoted != (character == u'\'');
+        if (isQuoted || (character != u's' && character != u'z')) {
+            format += character;
+        } else if (format.endsWith(u':') || format.endsWith(u'.')) {
+            format.chop(1);
+        }
+    }
+    return format;
+}
+
 QString timeText(PullRequestKit::Date date, const QDateTime& now, const QLocale& locale)
 {
     const QDateTime time =
         QDateTime::fromSecsSinceEpoch(date.time_since_epoch().count(), now.timeZone());
-    QString clock = locale.toString(time.time(), QLocale::ShortFormat);
+    QString clock = locale.toString(time.time(), clockFormat(locale));
     if (time.date() == now.date()) {
         return clock;
     }
@@ -27,35 +47,41 @@ QString timeText(PullRequestKit::Date date, const QDateTime& now, const QLocale&
         .arg(QLocale::c().monthName(time.date().month(), QLocale::ShortFormat), clock);
 }
 
-}  // namespace
-
-QString trayText(
-    const MenuState& state,
-    std::size_t shownPullRequests,
-    std::optional<PullRequestKit::Date> lastRefreshed,
-    const QDateTime& now,
-    const QLocale& locale)
+QString failureText(RefreshFailure failure)
 {
-    switch (state.kind) {
-    case MenuState::Kind::idle:
-    case MenuState::Kind::checkingAuthentication:
-    case MenuState::Kind::loading:
-        return QStringLiteral("Tarnwick");
-    case MenuState::Kind::signedOut:
+    switch (failure) {
+    case RefreshFailure::signedOut:
         return QStringLiteral("Sign in to GitHub");
-    case MenuState::Kind::unavailable:
-        return state.isServiceOutOfReach ? QString::fromStdString(state.message)
-                                         : QStringLiteral("GitHub CLI unavailable");
-    case MenuState::Kind::failed:
-        return QString::fromStdString(state.message);
-    case MenuState::Kind::loaded:
+    case RefreshFailure::ghUnavailable:
+        return QStringLiteral("GitHub CLI unavailable");
+    case RefreshFailure::requestFailed:
         break;
     }
-    QString text = countText(shownPullRequests);
-    if (lastRefreshed) {
-        text += QStringLiteral(" · Updated ") + timeText(*lastRefreshed, now, locale);
+    return QStringLiteral("Pull requests could not be loaded");
+}
+
+/// What the tooltip begins with.
+QString subject(const TrayStatus& status)
+{
+    if (status.failure && (!knowsPullRequests(status) || !status.lastRefreshed)) {
+        return failureText(*status.failure);
     }
-    return text;
+    return status.state.kind == MenuState::Kind::loaded ? countText(status.shownPullRequests)
+                                                        : programName;
+}
+
+}  // namespace
+
+QString trayText(const TrayStatus& status, const QDateTime& now, const QLocale& locale)
+{
+    const QString what = subject(status);
+    // Without a list there is nothing that a time would belong to.
+    if (!status.lastRefreshed || what == programName) {
+        return what;
+    }
+    const QString since =
+        status.isTrouble ? QStringLiteral(" · Not updated since ") : QStringLiteral(" · Updated ");
+    return what + since + timeText(*status.lastRefreshed, now, locale);
 }
 
 }  // namespace TarnwickDirect

@@ -4,6 +4,7 @@ import os
 import re
 
 from desktop import SessionTest, wait_until
+from desktop.case import is_drop
 from desktop.processes import output_of
 from desktop.screen import Rectangle
 from desktop.session import SCREEN
@@ -137,6 +138,35 @@ class XfceTests(SessionTest):
         stays(lambda: not self.screen.find(TOP, is_dot), "an icon without a dot", 0.3)
 
 
+    def testTheTooltipGoesAwayWhileThePanelIsOpen(self):
+        self.session.start_xfce_panel()
+        self.start_tarnwick("--background")
+        icon = self.tray_icon(TOP)
+        wait_until(lambda: "13 pull requests · Updated " in tooltip(self.session), "the tooltip")
+        self.screen.click(*icon.centre)
+        self.focused_panel()
+        wait_until(lambda: tooltip(self.session) == "", "no tooltip")
+        self.screen.key("Escape")
+        self.panel_gone()
+        wait_until(lambda: "13 pull requests" in tooltip(self.session), "the tooltip again")
+
+    def testSignedOutTheIconIsHollowAndItsTooltipSaysWhy(self):
+        self.session.start_xfce_panel()
+        shows_trouble(self, TOP)
+
+    def testAFailedRefreshOfAYoungListIsNoTrouble(self):
+        self.session.start_xfce_panel()
+        self.start_tarnwick("--background")
+        icon = self.tray_icon(TOP)
+        wait_until(lambda: self.screen.find(TOP, is_dot), "the first list")
+        calm = self.screen.pixels(icon)
+        self.github.serve(faults=["server-error@search"])
+        self.action("reload")
+        wait_until(lambda: self.github.requests("search")[1:], "the request that fails")
+        stays(lambda: self.screen.pixels(icon) == calm, "the calm icon", 1)
+        self.assertRegex(tooltip(self.session), r"^13 pull requests · Updated \d\d:\d\d$")
+
+
 class EmbeddingTests(SessionTest):
     """A program that does not find the bus sees a tray of the old kind alone, into which it puts
     a window."""
@@ -162,6 +192,10 @@ class EmbeddingTests(SessionTest):
 
 
 class LxqtTests(SessionTest):
+    def testSignedOutTheIconIsHollowAndItsTooltipSaysWhy(self):
+        self.session.start_lxqt_panel()
+        shows_trouble(self, BOTTOM)
+
     def testAClickOnTheIconOpensThePanelAboveItAndTheNextClosesIt(self):
         self.session.start_lxqt_panel()
         self.start_tarnwick("--background")
@@ -190,6 +224,53 @@ class LxqtTests(SessionTest):
         self.session.start_lxqt_panel()
         self.screen.click(*self.tray_icon(BOTTOM).centre)
         self.panel()
+
+
+def tooltip(session):
+    """What the program's item tells the tray, without the markup's markers."""
+    items = session.call(
+        "org.kde.StatusNotifierWatcher",
+        "/StatusNotifierWatcher",
+        "org.freedesktop.DBus.Properties.Get",
+        "org.kde.StatusNotifierWatcher",
+        "RegisteredStatusNotifierItems",
+    ).stdout
+    name = re.search(r"'([^'/]+)/", items)
+    if not name:
+        return None
+    value = session.call(
+        name[1],
+        "/StatusNotifierItem",
+        "org.freedesktop.DBus.Properties.Get",
+        "org.kde.StatusNotifierItem",
+        "ToolTip",
+    ).stdout
+    # The icon's name, its pictures, the title and the text.
+    texts = re.findall(r"'([^']*)'", value)
+    return texts[1] if len(texts) > 1 else value
+
+
+def shows_trouble(test, area):
+    """Signs the user out of a list with a blocked pull request, and in again."""
+    test.start_tarnwick("--background")
+    icon = test.tray_icon(area)
+    wait_until(lambda: test.screen.find(area, is_dot), "the dot of the first list")
+    test.github.serve(faults=["unauthorized"])
+    test.action("reload")
+    wait_until(
+        lambda: re.fullmatch(
+            r"Sign in to GitHub · Not updated since \d\d:\d\d", tooltip(test.session)
+        ),
+        "the tooltip",
+    )
+    wait_until(lambda: not test.screen.find(area, is_dot), "an icon without a dot")
+    test.assertIsNotNone(test.screen.find(icon, is_drop))
+    middle = Rectangle(icon.x + icon.width // 4, icon.centre[1] - 1, 2, 2)
+    test.assertIsNone(test.screen.find(middle, is_drop), "the drop is not hollow")
+    test.github.serve()
+    test.action("reload")
+    wait_until(lambda: test.screen.find(area, is_dot), "the dot again")
+    test.assertIn("13 pull requests · Updated ", tooltip(test.session))
 
 
 def is_not_black(*colour):

@@ -7,6 +7,9 @@ namespace {
 using namespace TarnwickDirect::TarnwickMenuLabel;
 using testing::UnorderedElementsAre;
 
+constexpr Mark blockedMark{.isBlocked = true, .isTrouble = false};
+constexpr Mark troubleMark{.isBlocked = false, .isTrouble = true};
+
 /// The pixels of which at least half is covered.
 int covered(const QImage& image)
 {
@@ -22,7 +25,7 @@ int covered(const QImage& image)
 /// The middle of the drop's right side below the dot and beside the bolt, in parts of the size.
 QColor dropColour(Background background)
 {
-    const QImage drawn = image(64, background, false);
+    const QImage drawn = image(64, background, {});
     return drawn.pixelColor(64 * 7 / 10, 64 * 7 / 10);
 }
 
@@ -37,8 +40,8 @@ class BlockedLabel : public testing::TestWithParam<DotOfSize> {};
 TEST_P(BlockedLabel, hasADotWithAClearedGap)
 {
     const auto [size, diameter, gap] = GetParam();
-    const QImage blocked = image(size, Background::unknown, true);
-    const QImage plain = image(size, Background::unknown, false);
+    const QImage blocked = image(size, Background::unknown, blockedMark);
+    const QImage plain = image(size, Background::unknown, {});
     const QPointF centre(size - diameter / 2, diameter / 2);
     for (int y = 0; y < size; ++y) {
         for (int x = 0; x < size; ++x) {
@@ -78,22 +81,47 @@ TEST(TarnwickMenuLabel, takesTheColourThatItsBackgroundNeeds)
 
 TEST(TarnwickMenuLabel, dotsAreRedOnEachBackground)
 {
-    EXPECT_EQ(image(32, Background::dark, true).pixelColor(27, 5), QColor(0xFF, 0x6B, 0x6B));
-    EXPECT_EQ(image(32, Background::light, true).pixelColor(27, 5), QColor(0xCF, 0x22, 0x2E));
+    EXPECT_EQ(image(32, Background::dark, blockedMark).pixelColor(27, 5), QColor(0xFF, 0x6B, 0x6B));
+    EXPECT_EQ(
+        image(32, Background::light, blockedMark).pixelColor(27, 5), QColor(0xCF, 0x22, 0x2E));
 }
 
 TEST(TarnwickMenuLabel, hasADrawingOfItsOwnForSixteenPixels)
 {
-    const QImage scaled = image(48, Background::dark, false)
+    const QImage scaled = image(48, Background::dark, {})
                               .scaled(16, 16, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    const QImage drawn = image(16, Background::dark, false);
+    const QImage drawn = image(16, Background::dark, {});
     EXPECT_GT(covered(drawn), 40);
     EXPECT_NE(drawn, scaled);
 }
 
+TEST(TarnwickMenuLabel, isHollowAroundAnExclamationMarkWhileThereIsTrouble)
+{
+    for (const Background background : {Background::unknown, Background::dark, Background::light}) {
+        for (const int size : {16, 22, 24, 32, 48, 64}) {
+            const QImage calm = image(size, background, {});
+            const QImage trouble = image(size, background, troubleMark);
+            EXPECT_GT(covered(trouble), size) << size;
+            EXPECT_LT(covered(trouble), covered(calm)) << size;
+            // The stroke of the mark, and the empty place left of it.
+            EXPECT_GT(trouble.pixelColor(size / 2, size / 2).alpha(), 200) << size;
+            EXPECT_LT(trouble.pixelColor(size * 3 / 8, size * 9 / 16).alpha(), 60) << size;
+        }
+    }
+    const QImage small = image(16, Background::dark, troubleMark);
+    EXPECT_EQ(small.pixelColor(7, 8), QColor(0xF2, 0xF5, 0xF4));
+}
+
+TEST(TarnwickMenuLabel, theDotIsTheSameWhileThereIsTrouble)
+{
+    const QImage both = image(32, Background::light, {.isBlocked = true, .isTrouble = true});
+    EXPECT_EQ(both.pixelColor(27, 5), QColor(0xCF, 0x22, 0x2E));
+    EXPECT_EQ(both.pixelColor(20, 5).alpha(), 0);
+}
+
 TEST(TarnwickMenuLabel, isDrawnInEverySizeThatTraysAskFor)
 {
-    const QIcon drawn = icon(Background::unknown, false);
+    const QIcon drawn = icon(Background::unknown, {});
     QList<int> widths;
     for (const QSize& size : drawn.availableSizes()) {
         widths.append(size.width());
@@ -104,7 +132,7 @@ TEST(TarnwickMenuLabel, isDrawnInEverySizeThatTraysAskFor)
             drawn.pixmap(QSize(size, size), 1.0)
                 .toImage()
                 .convertedTo(QImage::Format_ARGB32_Premultiplied),
-            image(size, Background::unknown, false));
+            image(size, Background::unknown, {}));
     }
 }
 
