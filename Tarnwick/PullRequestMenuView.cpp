@@ -62,6 +62,7 @@ void PullRequestMenuView::layOut()
     _column->setSpacing(0);
     _column->addWidget(_header);
     _column->addWidget(_content, 1);
+    connect(_strips, &StripStack::focusReleased, this, [this] { _content->setFocus(); });
     _column->addWidget(_strips);
     _column->addWidget(_footer);
 }

@@ -151,6 +151,34 @@ TEST_F(PullRequestMenuViewTests, aFailureCanBeTriedAgain)
     EXPECT_TRUE(list().isVisible());
 }
 
+TEST_F(PullRequestMenuViewTests, afterTryAgainInTheStripTheListHasTheFocus)
+{
+    showList({TestSupport::makePullRequest(1)});
+    provider->setError("error connecting to api.github.com");
+    refresh();
+    auto* const again = part<QAbstractButton>("refreshErrorAction");
+    ASSERT_TRUE(again->isVisible());
+    provider->setError({});
+    again->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Space);
+    EXPECT_TRUE(list().hasFocus());
+    ASSERT_TRUE(settle());
+    EXPECT_TRUE(TestSupport::eventually([this] { return !shows("refreshError"); }));
+    EXPECT_TRUE(list().hasFocus());
+}
+
+TEST_F(PullRequestMenuViewTests, aStripThatGoesWithTheFocusGivesItToTheList)
+{
+    showList({TestSupport::makePullRequest(1)});
+    provider->setError("error connecting to api.github.com");
+    refresh();
+    part<QAbstractButton>("refreshErrorAction")->setFocus(Qt::TabFocusReason);
+    provider->setError({});
+    refresh();
+    EXPECT_TRUE(TestSupport::eventually([this] { return !shows("refreshError"); }));
+    EXPECT_TRUE(list().hasFocus());
+}
+
 TEST_F(PullRequestMenuViewTests, theListHasTheFocusAndReturnOpens)
 {
     showList({TestSupport::makePullRequest(1), TestSupport::makePullRequest(2)});

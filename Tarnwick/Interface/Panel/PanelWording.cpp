@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QLocale>
+#include <QRegularExpression>
 
 namespace Tarnwick::PanelWording {
 
@@ -101,6 +102,34 @@ QString truncated(std::int64_t found, std::int64_t listed)
         .arg(
             english().toString(static_cast<qlonglong>(found)),
             english().toString(static_cast<qlonglong>(listed)));
+}
+
+QString paragraph(const QString& text)
+{
+    if (!text.contains(QLatin1Char('\n'))) {
+        return text;
+    }
+    static const QRegularExpression mark(QStringLiteral("(^|: )[X✓✗!*•-] +"));
+    static const QRegularExpression indentation(QStringLiteral("^\\s*"));
+    QString result;
+    qsizetype before = 0;
+    for (const QString& line : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        const qsizetype indent = indentation.match(line).capturedLength();
+        const QString piece = line.trimmed().replace(mark, QStringLiteral("\\1"));
+        if (piece.isEmpty()) {
+            continue;
+        }
+        if (!result.isEmpty()) {
+            const bool isEnded = QStringLiteral(".:;,!?…").contains(result.back());
+            // What is set in below a line belongs to it.
+            const QChar end = indent > before ? QLatin1Char(':') : QLatin1Char('.');
+            result += isEnded ? QString() : QString(end);
+            result += QLatin1Char(' ');
+        }
+        result += piece;
+        before = indent;
+    }
+    return result;
 }
 
 }  // namespace Tarnwick::PanelWording

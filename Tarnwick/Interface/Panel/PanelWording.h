@@ -39,6 +39,10 @@ std::optional<std::chrono::seconds> untilUpdatedChanges(
 /// listed."
 QString truncated(std::int64_t found, std::int64_t listed);
 
+/// A text of several lines, such as those that gh prints, as one paragraph: without indentation and
+/// marks before the lines, and with a full stop after each that has none.
+QString paragraph(const QString& text);
+
 }  // namespace PanelWording
 
 }  // namespace Tarnwick

@@ -1,15 +1,20 @@
 #include "Tarnwick/Interface/Panel/Strip.h"
 
+#include "Tarnwick/Interface/Controls/Fade.h"
 #include "Tarnwick/Interface/Controls/HelpText.h"
 #include "Tarnwick/Interface/Controls/IconButton.h"
 #include "Tarnwick/Interface/Controls/TextButton.h"
 #include "Tarnwick/Interface/Look/Painting.h"
 #include "Tarnwick/Interface/Look/SystemSymbol.h"
+#include "Tarnwick/Interface/Panel/PanelWording.h"
 #include "Tarnwick/Interface/Panel/WrappedText.h"
 
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
+
+#include <algorithm>
+#include <cmath>
 
 namespace Tarnwick {
 namespace {
@@ -45,7 +50,17 @@ Strip::Strip(Tone tone, const QString& name, const Appearance& appearance, QWidg
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
-    connect(_dismiss, &QAbstractButton::clicked, this, &Strip::dismissed);
+    connect(_dismiss, &QAbstractButton::clicked, this, [this] {
+        releaseFocus();
+        Q_EMIT dismissed();
+    });
+    _slide.setDuration(Fade::slideMilliseconds);
+    _slide.setEasingCurve(QEasingCurve::OutCubic);
+    connect(&_slide, &QVariantAnimation::valueChanged, this, [this](const QVariant& share) {
+        _share = share.toDouble();
+        updateGeometry();
+    });
+    connect(&_slide, &QVariantAnimation::finished, this, [this] { setVisible(!_text.isEmpty()); });
     connect(&appearance, &Appearance::changed, this, [this] {
         updateGeometry();
         layOut();
@@ -56,12 +71,45 @@ Strip::Strip(Tone tone, const QString& name, const Appearance& appearance, QWidg
 
 void Strip::setText(const QString& text)
 {
+    if (text == _text) {
+        return;
+    }
     _text = text;
-    setAccessibleName(text);
-    setVisible(!text.isEmpty());
+    if (text.isEmpty()) {
+        releaseFocus();
+        slideTo(0);
+        return;
+    }
+    _paragraph = PanelWording::paragraph(text);
+    setAccessibleName(_paragraph);
+    show();
+    slideTo(1);
     updateGeometry();
     layOut();
     update();
+}
+
+void Strip::slideTo(double share)
+{
+    _slide.stop();
+    const bool isInSight = parentWidget() != nullptr && parentWidget()->isVisible();
+    if (_appearance.reducedMotion() || !isInSight) {
+        _share = share;
+        setVisible(share > 0);
+        updateGeometry();
+        return;
+    }
+    _slide.setStartValue(_share);
+    _slide.setEndValue(share);
+    _slide.start();
+}
+
+/// A hidden button would pass the focus on to whatever is next, such as the brand.
+void Strip::releaseFocus()
+{
+    if (isAncestorOf(window()->focusWidget())) {
+        Q_EMIT focusReleased();
+    }
 }
 
 void Strip::setAction(const QString& title)
@@ -69,7 +117,10 @@ void Strip::setAction(const QString& title)
     delete _action;
     _action = new TextButton(title, _appearance, this);
     _action->setObjectName(objectName() + QStringLiteral("Action"));
-    connect(_action, &QAbstractButton::clicked, this, &Strip::actionTriggered);
+    connect(_action, &QAbstractButton::clicked, this, [this] {
+        releaseFocus();
+        Q_EMIT actionTriggered();
+    });
     setTabOrder(_action, _dismiss);
     layOut();
 }
@@ -90,7 +141,7 @@ int Strip::textWidth(int width) const
 
 WrappedText Strip::laidOut(int width) const
 {
-    return WrappedText(_text, textStyle(_appearance), textWidth(width), mostLines);
+    return WrappedText(_paragraph, textStyle(_appearance), textWidth(width), mostLines);
 }
 
 QSize Strip::sizeHint() const
@@ -100,16 +151,22 @@ QSize Strip::sizeHint() const
 
 int Strip::heightForWidth(int width) const
 {
+    return static_cast<int>(std::lround(_share * fullHeight(width)));
+}
+
+int Strip::fullHeight(int width) const
+{
     const WrappedText text = laidOut(width);
     return 2 * padding + std::max(text.height(), textStyle(_appearance).height);
 }
 
 void Strip::layOut()
 {
-    if (_text.isEmpty()) {
+    if (_paragraph.isEmpty()) {
         return;
     }
-    setToolTip(laidOut(width()).isElided() ? _text : QString());
+    const bool isWhole = _paragraph == _text && !laidOut(width()).isElided();
+    setToolTip(isWhole ? QString() : _text);
     const int middle = padding + textStyle(_appearance).height / 2;
     const QSize cross = _dismiss->visibleSize();
     // The cross itself, which is smaller than its box, ends at the side margin.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QVariantAnimation>
 #include <QWidget>
 
 namespace Tarnwick {
@@ -9,8 +10,9 @@ class IconButton;
 class TextButton;
 class WrappedText;
 
-/// A line above the footer that says what went wrong or is left out, and can be put away. A
-/// text of more than three lines is in its help text. Main thread only.
+/// A line above the footer that says what went wrong or is left out, and can be put away. It slides
+/// open and shut. A text of several lines is set as one paragraph; as it came, and whole, it is in
+/// the help text. Main thread only.
 class Strip final : public QWidget {
     Q_OBJECT
 
@@ -22,10 +24,12 @@ public:
 
     Strip(Tone tone, const QString& name, const Appearance& appearance, QWidget* parent);
 
-    /// An empty text hides the strip.
+    /// An empty text shuts the strip, which keeps painting the last one meanwhile.
     void setText(const QString& text);
 
     QString text() const { return _text; }
+
+    Tone tone() const { return _tone; }
 
     /// A button beside the text. Without one there is only the one that puts the strip away.
     void setAction(const QString& title);
@@ -39,6 +43,8 @@ public:
 Q_SIGNALS:
     void actionTriggered();
     void dismissed();
+    /// A button was used that had the focus, or the strip goes with it.
+    void focusReleased();
 
 protected:
     bool event(QEvent* event) override;
@@ -47,6 +53,9 @@ protected:
 
 private:
     void layOut();
+    void slideTo(double share);
+    void releaseFocus();
+    int fullHeight(int width) const;
     int textStart() const;
     int textWidth(int width) const;
     WrappedText laidOut(int width) const;
@@ -54,6 +63,9 @@ private:
     Tone _tone;
     const Appearance& _appearance;
     QString _text;
+    QString _paragraph;  ///< As it is painted.
+    QVariantAnimation _slide;
+    double _share = 0;  ///< How much of the height is open.
     TextButton* _action = nullptr;
     IconButton* _dismiss;
 };

@@ -29,15 +29,20 @@ StripStack::StripStack(PullRequestMenuModel& model, const Appearance& appearance
     layout->setSpacing(0);
     for (Strip* const strip : {_refreshError, _settingsError, _shortfall}) {
         layout->addWidget(strip);
+        connect(strip, &Strip::focusReleased, this, &StripStack::focusReleased);
     }
     _refreshError->setAction(QStringLiteral("Try Again"));
     connect(_refreshError, &Strip::actionTriggered, this, [this] { _model.refresh(); });
-    connect(_refreshError, &Strip::dismissed, &model, &PullRequestMenuModel::dismissRefreshError);
+    connect(_refreshError, &Strip::dismissed, this, [this] {
+        _model.dismissRefreshError();
+        _refreshError->setText({});
+    });
     connect(_settingsError, &Strip::dismissed, &model, &PullRequestMenuModel::dismissSettingsError);
     connect(_shortfall, &Strip::dismissed, this, [this] { _shortfall->setText({}); });
 
     connect(
         &model, &PullRequestMenuModel::refreshErrorChanged, this, &StripStack::showRefreshError);
+    connect(&model, &PullRequestMenuModel::lastFailureChanged, this, &StripStack::showRefreshError);
     connect(
         &model, &PullRequestMenuModel::settingsErrorChanged, this, &StripStack::showSettingsError);
     connect(&model, &PullRequestMenuModel::shortfallChanged, this, &StripStack::showShortfall);
@@ -46,9 +51,13 @@ StripStack::StripStack(PullRequestMenuModel& model, const Appearance& appearance
     showShortfall();
 }
 
+/// The model takes its text back when the next refresh begins. The strip stays until one succeeds,
+/// because until then it says what is so, and would come and go with every poll.
 void StripStack::showRefreshError()
 {
-    _refreshError->setText(textOf(_model.refreshError()));
+    if (_model.refreshError() || !_model.lastFailure()) {
+        _refreshError->setText(textOf(_model.refreshError()));
+    }
 }
 
 void StripStack::showSettingsError()

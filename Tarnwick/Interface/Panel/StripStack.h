@@ -17,6 +17,10 @@ class StripStack final : public QWidget {
 public:
     StripStack(PullRequestMenuModel& model, const Appearance& appearance, QWidget* parent);
 
+Q_SIGNALS:
+    /// The focus was in a strip whose button was used, or that goes.
+    void focusReleased();
+
 private:
     void showRefreshError();
     void showSettingsError();

@@ -73,5 +73,37 @@ TEST(PanelWordingTests, saysHowManyGitHubLeftOut)
         QStringLiteral("GitHub found 1,240 pull requests; 1,000 are listed."));
 }
 
+TEST(PanelWordingTests, setsSeveralLinesOfGhAsOneParagraph)
+{
+    EXPECT_EQ(
+        PanelWording::paragraph(QStringLiteral(
+            "Showing cached data: github.com\n"
+            "  X github.com: authentication failed\n"
+            "  - The github.com token in /home/mira/.config/gh/hosts.yml is no longer valid.\n"
+            "  - To re-authenticate, run: gh auth login -h github.com\n")),
+        QStringLiteral(
+            "Showing cached data: github.com: github.com: authentication failed. The github.com "
+            "token in /home/mira/.config/gh/hosts.yml is no longer valid. To re-authenticate, "
+            "run: gh auth login -h github.com"));
+    EXPECT_EQ(
+        PanelWording::paragraph(QStringLiteral(
+            "Showing cached data: X Failed to log in to github.com account octo (keyring)\n"
+            "- Active account: true\n\n"
+            "- The token in keyring is invalid.")),
+        QStringLiteral("Showing cached data: Failed to log in to github.com account octo "
+                       "(keyring). Active account: true. The token in keyring is invalid."));
+}
+
+TEST(PanelWordingTests, leavesAParagraphAsItIs)
+{
+    for (const char* const text :
+         {"Showing cached data: gh: Something went wrong (HTTP 502)",
+          "error connecting to api.github.com",
+          "Open at Login could not be changed: X is a letter - and so on"}) {
+        EXPECT_EQ(PanelWording::paragraph(QString::fromLatin1(text)), QString::fromLatin1(text));
+    }
+    EXPECT_EQ(PanelWording::paragraph(QString()), QString());
+}
+
 }  // namespace
 }  // namespace Tarnwick

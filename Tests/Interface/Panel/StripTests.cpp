@@ -86,5 +86,76 @@ TEST_F(StripTests, aTextTakesThreeLinesAtMostAndIsWholeInItsHelpText)
     EXPECT_EQ(tall.toolTip(), QString());
 }
 
+TEST_F(StripTests, staysWhileTheNextRefreshRunsAndGoesWithItsSuccess)
+{
+    selectTools();
+    refresh();
+    provider->setError("error connecting to api.github.com");
+    refresh();
+    const QString text = strip("refreshError").text();
+    ASSERT_FALSE(text.isEmpty());
+    provider->setError({});
+    openAndHold();
+    EXPECT_FALSE(model->refreshError());
+    EXPECT_EQ(strip("refreshError").text(), text);
+    releaseAndSettle();
+    EXPECT_EQ(strip("refreshError").text(), QString());
+}
+
+TEST_F(StripTests, onceItIsPutAwayItStaysAwayUntilTheNextFailure)
+{
+    selectTools();
+    refresh();
+    provider->setError("error connecting to api.github.com");
+    refresh();
+    provider->setError({});
+    openAndHold();
+    press("refreshErrorDismiss");
+    EXPECT_TRUE(strip("refreshError").isHidden());
+    releaseAndSettle();
+    EXPECT_TRUE(strip("refreshError").isHidden());
+    provider->setError("error connecting to api.github.com");
+    refresh();
+    EXPECT_FALSE(strip("refreshError").isHidden());
+}
+
+TEST_F(StripTests, aTextOfSeveralLinesIsSetAsOneAndWholeInItsHelpText)
+{
+    Strip one(Strip::Tone::error, QStringLiteral("one"), appearance, nullptr);
+    const QString text = QStringLiteral("github.com\n  X token refused");
+    one.setText(text);
+    one.resize(420, one.heightForWidth(420));
+    EXPECT_EQ(one.height(), 8 + 16 + 8);
+    EXPECT_EQ(one.accessibleName(), QStringLiteral("github.com: token refused"));
+    EXPECT_EQ(one.toolTip(), text);
+}
+
+TEST_F(StripTests, slidesOpenAndShut)
+{
+    QWidget panel;
+    Strip sliding(Strip::Tone::error, QStringLiteral("sliding"), appearance, &panel);
+    sliding.resize(420, 0);
+    panel.show();
+    sliding.setText(QStringLiteral("short"));
+    EXPECT_TRUE(sliding.isVisible());
+    EXPECT_LT(sliding.heightForWidth(420), 32);
+    EXPECT_TRUE(TestSupport::eventually([&] { return sliding.heightForWidth(420) == 32; }));
+    sliding.setText({});
+    EXPECT_TRUE(sliding.isVisible());
+    EXPECT_TRUE(TestSupport::eventually([&] { return sliding.isHidden(); }));
+}
+
+TEST_F(StripTests, doesNotSlideWhereTheDesktopWantsNoMotion)
+{
+    QWidget panel;
+    appearance.setWishes({.reducedMotion = true, .higherContrast = false});
+    Strip still(Strip::Tone::error, QStringLiteral("still"), appearance, &panel);
+    panel.show();
+    still.setText(QStringLiteral("short"));
+    EXPECT_EQ(still.heightForWidth(420), 32);
+    still.setText({});
+    EXPECT_TRUE(still.isHidden());
+}
+
 }  // namespace
 }  // namespace Tarnwick
