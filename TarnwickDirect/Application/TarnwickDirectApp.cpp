@@ -1,6 +1,9 @@
 #include "TarnwickDirect/Application/TarnwickDirectApp.h"
 
+#include "Tarnwick/Interface/Controls/Menu.h"
+#include "Tarnwick/Interface/Controls/MenuStyle.h"
 #include "Tarnwick/Interface/Look/ApplicationLook.h"
+#include "Tarnwick/Interface/Panel/AccessibleParts.h"
 #include "TarnwickDirect/Application/AccessiblePanel.h"
 #include "TarnwickDirect/Application/ExitGuard.h"
 #include "TarnwickDirect/Application/PanelSize.h"
@@ -63,6 +66,7 @@ TarnwickDirectApp::TarnwickDirectApp(
 {
     _window.setPreferredSize(PanelSize::read(*_defaults, _appearance.textScale()));
     installAccessiblePanel();
+    Tarnwick::installAccessibleParts();
     connectAppearance();
     connectPanel();
     connectMemory();

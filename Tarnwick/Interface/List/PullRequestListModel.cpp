@@ -189,9 +189,12 @@ QVariant PullRequestListModel::data(const QModelIndex& index, int role) const
         return row.title();
     case Qt::AccessibleTextRole:
         return RowWording::accessibilityLabel(row.pullRequest());
-    case Qt::AccessibleDescriptionRole:
-        return RowWording::accessibilityDescription(
+    case Qt::AccessibleDescriptionRole: {
+        const QString description = RowWording::accessibilityDescription(
             RowTexts::details(row, now()), row.pullRequest(), row.details());
+        return row.warning().isEmpty() ? description
+                                       : row.warning() + QStringLiteral(". ") + description;
+    }
     default:
         return {};
     }

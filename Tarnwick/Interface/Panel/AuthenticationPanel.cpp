@@ -22,6 +22,9 @@ constexpr int buttonGap = 20;
 constexpr int betweenButtons = 8;
 constexpr int sidePadding = 40;
 constexpr int widestText = 320;
+constexpr int leastMargin = 12;
+/// Of the message, below the icon.
+constexpr int leastLines = 2;
 constexpr int copiedMilliseconds = 1200;
 
 const QString command = QStringLiteral("gh auth login");
@@ -89,18 +92,23 @@ void AuthenticationPanel::copyCommand()
         copiedMilliseconds);
 }
 
+/// What stands below the icon, but for the message, always fits; so in a low window the message
+/// scrolls, and where not even a line of it would be left, the icon goes.
 void AuthenticationPanel::layOut()
 {
-    const int icon = _appearance.scaled(iconSize);
     const int room = std::min(width() - 2 * sidePadding, _appearance.scaled(widestText));
     _title->fit(room, true);
-    _message->fit(room, true);
     _hint->fit(std::min(width() - 2 * sidePadding + 16, _appearance.scaled(widestText)));
-    const int total = icon + iconGap + _title->height() + textGap + _message->height() + textGap
-                      + _hint->height() + buttonGap + _copy->visibleSize().height();
-    int top = (height() - total) / 2;
-    _icon = QRect((width() - icon) / 2, top, icon, icon);
-    top += icon + iconGap;
+    const int others = _title->height() + textGap + textGap + _hint->height() + buttonGap
+                       + _copy->visibleSize().height();
+    const int forMessage = height() - 2 * leastMargin - others;
+    const int icon = _appearance.scaled(iconSize);
+    const int line = _appearance.line(TextStyle::body, TextWeight::regular).height;
+    const int iconRoom = forMessage - icon - iconGap >= leastLines * line ? icon + iconGap : 0;
+    _message->fit(room, true, forMessage - iconRoom);
+    int top = (height() - (iconRoom + others + _message->height())) / 2;
+    _icon = iconRoom > 0 ? QRect((width() - icon) / 2, top, icon, icon) : QRect();
+    top += iconRoom;
     const auto centre = [this, &top](QWidget* widget) {
         widget->move((width() - widget->width()) / 2, top);
         top += widget->height() + textGap;
@@ -124,6 +132,9 @@ void AuthenticationPanel::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     painter.fillRect(rect(), _appearance.palette().surfaceList);
+    if (_icon.isEmpty()) {
+        return;
+    }
     SystemSymbol{_content.symbol}.draw(painter, QRectF(_icon), _appearance.palette().textTertiary);
 }
 

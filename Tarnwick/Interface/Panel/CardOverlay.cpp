@@ -1,6 +1,7 @@
 #include "Tarnwick/Interface/Panel/CardOverlay.h"
 
 #include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Panel/RiseEffect.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -14,7 +15,6 @@ namespace {
 constexpr int padding = 20;
 constexpr double radius = 12;
 constexpr int leastMargin = 16;
-constexpr int rise = 4;
 
 }  // namespace
 
@@ -22,9 +22,10 @@ CardOverlay::CardOverlay(int cardWidth, const Appearance& appearance, QWidget* p
     : QWidget(parent)
     , _cardWidth(cardWidth)
     , _appearance(appearance)
-    , _appearing(*this, appearance, Fade::slideMilliseconds)
+    , _rise(new RiseEffect(appearance, this))
 {
     setFocusPolicy(Qt::StrongFocus);
+    setGraphicsEffect(_rise);
     parent->installEventFilter(this);
     connect(&appearance, &Appearance::changed, this, [this] {
         layOut();
@@ -52,10 +53,9 @@ void CardOverlay::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     const Palette& palette = _appearance.palette();
-    QColor scrim = palette.scrim;
-    scrim.setAlphaF(scrim.alphaF() * static_cast<float>(_appearing.value()));
-    painter.fillRect(rect(), scrim);
-    painter.translate(0, rise * (1 - _appearing.value()));
+    if (!_rise->isEnabled()) {
+        painter.fillRect(rect(), palette.scrim);
+    }
     Painting::fillRounded(painter, QRectF(_card), radius, palette.surfaceMenu);
     Painting::strokeInside(painter, QRectF(_card), radius, 1, palette.strongLine);
 }
@@ -70,12 +70,12 @@ void CardOverlay::showEvent(QShowEvent* /*event*/)
     setGeometry(parentWidget()->rect());
     layOut();
     raise();
-    _appearing.setOn(true);
+    _rise->start();
 }
 
 void CardOverlay::hideEvent(QHideEvent* /*event*/)
 {
-    _appearing.setOn(false);
+    _rise->stop();
 }
 
 void CardOverlay::mousePressEvent(QMouseEvent* /*event*/) {}

@@ -1,15 +1,14 @@
 #pragma once
 
-#include "Tarnwick/Interface/Controls/Fade.h"
-
 #include <QWidget>
 
 namespace Tarnwick {
 
 class Appearance;
+class RiseEffect;
 
 /// A card over the whole panel, which is dimmed: nothing else can be used until it is gone. The
-/// focus stays inside.
+/// focus stays inside. It appears with a short fade and rise.
 class CardOverlay : public QWidget {
     Q_OBJECT
 
@@ -40,7 +39,7 @@ protected:
 private:
     int _cardWidth;
     const Appearance& _appearance;
-    Fade _appearing;
+    RiseEffect* _rise;  ///< Enabled while the overlay appears.
     QRect _card;
 };
 

@@ -1,5 +1,7 @@
 #include "Tarnwick/Interface/Panel/PanelContent.h"
 
+#include "Tarnwick/Model/RefreshFailure.h"
+
 namespace Tarnwick {
 namespace {
 
@@ -35,12 +37,30 @@ PanelContent loaded(bool hasRows, bool choosesNothing, const HiddenCounts& hidde
     return content;
 }
 
+/// Signing in is no way out where GitHub itself does not answer.
+PanelContent cannotAsk(const MenuState& state)
+{
+    const QString message = QString::fromStdString(state.message);
+    switch (refreshFailure(state)) {
+    case RefreshFailure::signedOut:
+        return AuthenticationContent{
+            QStringLiteral("person.crop.circle.badge.exclamationmark"),
+            QStringLiteral("Sign in to GitHub"),
+            message};
+    case RefreshFailure::ghUnavailable:
+        return AuthenticationContent{
+            QStringLiteral("terminal"), QStringLiteral("GitHub CLI unavailable"), message};
+    case RefreshFailure::requestFailed:
+        break;
+    }
+    return status("exclamationmark.triangle", message, false);
+}
+
 }  // namespace
 
 PanelContent panelContent(
     const MenuState& state, bool hasRows, bool choosesNothing, const HiddenCounts& hidden)
 {
-    const QString message = QString::fromStdString(state.message);
     switch (state.kind) {
     case MenuState::Kind::idle:
     case MenuState::Kind::checkingAuthentication:
@@ -51,18 +71,9 @@ PanelContent panelContent(
     case MenuState::Kind::loaded:
         return loaded(hasRows, choosesNothing, hidden);
     case MenuState::Kind::failed:
-        return status("exclamationmark.triangle", message, false);
     case MenuState::Kind::signedOut:
-        return AuthenticationContent{
-            QStringLiteral("person.crop.circle.badge.exclamationmark"),
-            QStringLiteral("Sign in to GitHub"),
-            message};
     case MenuState::Kind::unavailable:
-        if (state.isServiceOutOfReach) {
-            return status("exclamationmark.triangle", message, false);
-        }
-        return AuthenticationContent{
-            QStringLiteral("terminal"), QStringLiteral("GitHub CLI unavailable"), message};
+        return cannotAsk(state);
     }
     return ListContent{};
 }

@@ -21,6 +21,7 @@ constexpr int buttonGap = 20;
 constexpr int betweenButtons = 8;
 constexpr int sidePadding = 40;
 constexpr int widestTitle = 300;
+constexpr int leastMargin = 12;
 
 }  // namespace
 
@@ -124,13 +125,15 @@ void StatusPanel::layOut()
 {
     const int icon = _appearance.scaled(iconSize);
     const int room = std::min(width() - 2 * sidePadding, _appearance.scaled(widestTitle));
-    _title->fit(room, true);
     _detail->fit(room, true);
     const int detail = _content.detail.isEmpty() ? 0 : detailGap + _detail->height();
     const QSize ring = _spinner->sizeHint();
     const int below =
         _content.hasSpinner ? spinnerGap + ring.height() : buttonGap + buttonsHeight();
-    int top = (height() - (icon + iconGap + _title->height() + detail + below)) / 2;
+    // In a low window the title scrolls, so that the buttons stay in sight.
+    const int others = icon + iconGap + detail + below;
+    _title->fit(room, true, height() - 2 * leastMargin - others);
+    int top = (height() - (_title->height() + others)) / 2;
     _icon = QRect((width() - icon) / 2, top, icon, icon);
     top += icon + iconGap;
     _title->move((width() - _title->width()) / 2, top);

@@ -79,6 +79,18 @@ TEST(PanelContentTests, aFailureIsItsMessage)
     EXPECT_FALSE(content.hasSpinner);
 }
 
+TEST(PanelContentTests, nobodyIsAskedToSignInWhereGitHubDoesNotAnswer)
+{
+    for (const char* const message :
+         {"GitHub cannot be reached.", "GitHub's limit for your account is used up until 14:20."}) {
+        const StatusContent content = statusOf({Kind::unavailable, message, true});
+        EXPECT_EQ(content.symbol, QStringLiteral("exclamationmark.triangle"));
+        EXPECT_EQ(content.title, QString::fromLatin1(message));
+        EXPECT_FALSE(content.hasSpinner);
+        EXPECT_FALSE(content.offersRepositories);
+    }
+}
+
 TEST(PanelContentTests, signedOutAndUnavailableSayWhatToDo)
 {
     EXPECT_EQ(

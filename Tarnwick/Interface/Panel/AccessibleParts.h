@@ -1,0 +1,10 @@
+#pragma once
+
+namespace Tarnwick {
+
+/// Gives the parts of the panel that are drawn here the roles that assistive technologies know:
+/// cards are dialogs, strips are alerts or notifications, and the bar of a card is a progress bar.
+/// Main thread only; calling it again changes nothing.
+void installAccessibleParts();
+
+}  // namespace Tarnwick
