@@ -23,8 +23,9 @@ PullRequestMenuModel::Collaborators desktopCollaborators(
     collaborators.navigation = std::make_shared<ExternalNavigation>(
         ExternalNavigation::desktop(environment, std::move(dismissPanel)));
     const auto centre = std::make_shared<NotificationCentre>(bus, collaborators.clock);
-    centre->setDelegate(
-        std::make_shared<NotificationPresentationDelegate>(collaborators.navigation));
+    collaborators.notificationDelegate =
+        std::make_shared<NotificationPresentationDelegate>(collaborators.navigation);
+    centre->setDelegate(collaborators.notificationDelegate);
     collaborators.notifier = std::make_shared<SystemPullRequestNotifier>(centre);
     collaborators.loginItem = std::make_shared<AutostartLoginItem>(
         AutostartEntry::file(environment),

@@ -1,9 +1,12 @@
 #include "Tarnwick/PullRequestMenuModel.h"
 
+#include "Tarnwick/Desktop/NotificationPresentationDelegate.h"
 #include "Tarnwick/Model/OpenInEditor.h"
 
 #include <QCoro/QCoroFuture>
+#include <QPointer>
 
+#include <algorithm>
 #include <utility>
 
 namespace Tarnwick {
@@ -122,6 +125,13 @@ void PullRequestMenuModel::followNotifications()
         [this](const std::optional<std::string>& error) {
             assign(_settingsError, error, &PullRequestMenuModel::settingsErrorChanged);
         });
+    if (_parts.notificationDelegate) {
+        _parts.notificationDelegate->setOpened([self = QPointer(this)](const Url& page) {
+            if (self) {
+                self->recordVisit(page);
+            }
+        });
+    }
 }
 
 // The list
@@ -309,6 +319,14 @@ void PullRequestMenuModel::recordVisit(const PullRequestID& id)
     _visits.recordVisit(id);
     showSettingsProblem();
     Q_EMIT visitsChanged();
+}
+
+void PullRequestMenuModel::recordVisit(const Url& page)
+{
+    const auto found = std::ranges::find(*_allPullRequests, page, &PullRequest::url);
+    if (found != _allPullRequests->end()) {
+        recordVisit(PullRequestID(found->id));
+    }
 }
 
 QCoro::Task<std::optional<std::string>> PullRequestMenuModel::openInEditor(

@@ -31,6 +31,8 @@
 
 namespace Tarnwick {
 
+class NotificationPresentationDelegate;
+
 using SharedRows = std::shared_ptr<const std::vector<PullRequestKit::PullRequestRow>>;
 
 /// What the list shows and how it comes about: the pull requests, the state of the refresh, the
@@ -62,6 +64,8 @@ public:
         std::optional<BlockedPullRequestsFile> blocked = std::nullopt;
         /// Tells when the machine has slept; without it, the clock alone does.
         std::shared_ptr<MachineEvents> machine = nullptr;
+        /// Who opens what is clicked among the notifications, which counts as a visit.
+        std::shared_ptr<NotificationPresentationDelegate> notificationDelegate = nullptr;
     };
 
     /// Reads and migrates the settings, shows the last snapshot if it was taken for the same
@@ -128,6 +132,9 @@ public:
 
     /// The user opens the pull request from the list, now.
     void recordVisit(const PullRequestKit::PullRequestID& id);
+
+    /// The same for the pull request with this page. Nothing happens when none has it.
+    void recordVisit(const PullRequestKit::Url& page);
 
     /// The way out of the program, for whoever shows the model.
     const ExternalNavigation& navigation() const { return *_parts.navigation; }

@@ -36,6 +36,12 @@ NotificationPresentationDelegate::NotificationPresentationDelegate(
     : _navigation(std::move(navigation))
 {}
 
+void NotificationPresentationDelegate::setOpened(
+    std::function<void(const PullRequestKit::Url&)> opened)
+{
+    _opened = std::move(opened);
+}
+
 void NotificationPresentationDelegate::didReceive(const NotificationResponse& response) const
 {
     if (response.actionIdentifier != defaultActionIdentifier) {
@@ -44,7 +50,13 @@ void NotificationPresentationDelegate::didReceive(const NotificationResponse& re
     if (const auto url = addressIn(response)) {
         QMetaObject::invokeMethod(
             QCoreApplication::instance(),
-            [navigation = _navigation, url = *url, token = response.activationToken] {
+            [navigation = _navigation,
+             opened = _opened,
+             url = *url,
+             token = response.activationToken] {
+                if (opened) {
+                    opened(url);
+                }
                 navigation->open(url, token);
             },
             Qt::QueuedConnection);

@@ -3,7 +3,10 @@
 #include "Tarnwick/Desktop/NotificationRequest.h"
 #include "Tarnwick/ExternalNavigation.h"
 
+#include <functional>
+#include <map>
 #include <memory>
+#include <string>
 
 namespace Tarnwick {
 
@@ -24,12 +27,17 @@ public:
     /// Requires: `navigation`.
     explicit NotificationPresentationDelegate(std::shared_ptr<const ExternalNavigation> navigation);
 
+    /// Whom the address is told that a click opens, on the main thread. To be called before the
+    /// first response can arrive.
+    void setOpened(std::function<void(const PullRequestKit::Url&)> opened);
+
     /// Opens the address soon if the action is the default one and the address one of the web;
     /// otherwise does nothing. Safe from any thread.
     void didReceive(const NotificationResponse& response) const;
 
 private:
     std::shared_ptr<const ExternalNavigation> _navigation;
+    std::function<void(const PullRequestKit::Url&)> _opened;
 };
 
 }  // namespace Tarnwick

@@ -3,7 +3,9 @@
 #include "Fakes/EventLoop.h"
 #include "Fakes/RecordingSurroundings.h"
 
+#include <string>
 #include <thread>
+#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -34,6 +36,21 @@ TEST_F(NotificationDelegate, opensTheAddressOfTheClickedNotificationWithItsToken
         ElementsAre(
             "dismiss any",
             "launch /usr/bin/xdg-open [https://github.com/octo/tools/pull/7] token token-7"));
+}
+
+TEST_F(NotificationDelegate, tellsWhatItOpensAndNothingElse)
+{
+    NotificationPresentationDelegate delegate(
+        std::make_shared<ExternalNavigation>(desktop.navigation()));
+    std::vector<std::string> opened;
+    delegate.setOpened([&](const PullRequestKit::Url& url) { opened.push_back(url.text); });
+    delegate.didReceive(
+        {"default", {{"pullRequestURL", "https://github.com/octo/tools/pull/7"}}, {}});
+    delegate.didReceive(
+        {"dismiss", {{"pullRequestURL", "https://github.com/octo/tools/pull/8"}}, {}});
+    delegate.didReceive({"default", {{"pullRequestURL", "file:///etc/passwd"}}, {}});
+    TestSupport::processEvents();
+    EXPECT_THAT(opened, ElementsAre("https://github.com/octo/tools/pull/7"));
 }
 
 TEST_F(NotificationDelegate, opensASchemeInCapitals)

@@ -1,4 +1,5 @@
 #include "Fakes/ModelFixture.h"
+#include "Tarnwick/Desktop/NotificationPresentationDelegate.h"
 
 #include <QPromise>
 
@@ -443,6 +444,26 @@ TEST_F(Notifications, surviveTheEndOfTheModelWhilePermissionIsAskedFor)
     gate.finish();
     processEvents();
     EXPECT_FALSE(SettingsStore(*defaults).load().unblockedNotificationsEnabled);
+}
+
+TEST_F(Notifications, countAsAVisitWhenTheyAreOpened)
+{
+    auto parts = collaborators();
+    const auto delegate = std::make_shared<NotificationPresentationDelegate>(parts.navigation);
+    parts.notificationDelegate = delegate;
+    model = std::make_unique<PullRequestMenuModel>(std::move(parts));
+    refreshWith({makePullRequest(1), makePullRequest(2)});
+    const auto click = [&](const PullRequest& pullRequest) {
+        delegate->didReceive({"default", {{"pullRequestURL", pullRequest.url.text}}, {}});
+        processEvents();
+    };
+    click(makePullRequest(1));
+    click(makePullRequest(3));
+    EXPECT_EQ(model->visits().lastVisited(makePullRequest(1).id), clock->now());
+    EXPECT_EQ(model->visits().lastVisited(makePullRequest(2).id), std::nullopt);
+    EXPECT_EQ(model->visits().lastVisited(makePullRequest(3).id), std::nullopt);
+    model.reset();
+    click(makePullRequest(2));
 }
 
 }  // namespace
