@@ -114,6 +114,12 @@ void ExternalNavigation::open(
     }
 }
 
+bool ExternalNavigation::hasNotificationSettings() const
+{
+    return notificationSettingsPane(_surroundings->environment, _surroundings->isExecutable)
+        .has_value();
+}
+
 void ExternalNavigation::openNotificationSettings() const
 {
     QMetaObject::invokeMethod(

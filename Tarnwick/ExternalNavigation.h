@@ -43,6 +43,9 @@ public:
         const std::string& activationToken = {},
         PanelFate fate = PanelFate::goes) const;
 
+    /// Whether the desktop has notification settings that can be opened. Safe from any thread.
+    bool hasNotificationSettings() const;
+
     /// Soon dismisses the panel and opens the desktop's notification settings; nothing happens
     /// where none are found. Safe from any thread.
     void openNotificationSettings() const;

@@ -79,6 +79,18 @@ bool PullRequestMenuView::keepsOpen() const
            || _alerts->isAnyShown() || (_picker != nullptr && _picker->keepsOpen());
 }
 
+bool PullRequestMenuView::explainClosing()
+{
+    if (_alerts->isAnyShown()) {
+        return false;
+    }
+    if (_picker != nullptr) {
+        hideRepositories();
+    }
+    _alerts->explainClosing();
+    return true;
+}
+
 void PullRequestMenuView::panelShown()
 {
     if (_picker == nullptr && !_alerts->isAnyShown()) {
@@ -136,6 +148,12 @@ void PullRequestMenuView::connectList()
     connect(_content, &ContentArea::showHiddenRequested, this, &PullRequestMenuView::toggleHidden);
     connect(_footer, &PanelFooter::hiddenToggled, this, &PullRequestMenuView::toggleHidden);
     connect(_alerts, &PanelAlerts::shownChanged, this, &PullRequestMenuView::updateUse);
+    connect(_alerts, &PanelAlerts::closingConfirmed, this, &PullRequestMenuView::closingConfirmed);
+    connect(_alerts, &PanelAlerts::projectDirectoryRequested, this, [this] {
+        showRepositories();
+        _picker->editProjectDirectory();
+    });
+    connect(_alerts, &PanelAlerts::quitRequested, this, &PullRequestMenuView::quitRequested);
     connect(_editorFlow, &EditorFlow::externalActionErrorChanged, this, [this] {
         if (_editorFlow->externalActionError()) {
             Q_EMIT attentionRequested();

@@ -43,6 +43,10 @@ public:
     /// close when it loses the focus.
     bool keepsOpen() const;
 
+    /// Says, in the place of what stands in the panel, that the program keeps running when its
+    /// window is closed. Returns false, and shows nothing, when that or another card is up.
+    bool explainClosing();
+
     /// To be called when the panel comes in sight and when it goes: nothing ticks in between.
     void panelShown();
     void panelHidden();
@@ -50,6 +54,8 @@ public:
 Q_SIGNALS:
     void closeRequested();
     void quitRequested();
+    /// The user has read what `explainClosing` says and closes the window.
+    void closingConfirmed();
     /// Something that the user asked for has failed and is told, maybe with the panel out of sight.
     void attentionRequested();
 

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* whatToDo = "Open Menu > Repositories and set Project Directory first.";
+constexpr std::string_view whatToDo = "Open Menu > Repositories and set Project Directory first.";
 
 /// The home folder of this user, or of the one who is named. Nothing for a name that is unknown.
 std::optional<std::string> homeOf(const std::string& name)
@@ -69,6 +69,11 @@ fs::path projectFolder(const std::string& setting)
     return text.empty() ? fs::path() : withoutSlashAtEnd(fs::absolute(withHome(text), error));
 }
 
+bool asksForProjectDirectory(std::string_view problem)
+{
+    return problem.ends_with(whatToDo);
+}
+
 QCoro::Task<std::optional<std::string>> openInEditor(
     std::shared_ptr<const ExternalNavigation> navigation,
     std::string projectDirectory,
@@ -78,7 +83,7 @@ QCoro::Task<std::optional<std::string>> openInEditor(
 {
     const fs::path folder = projectFolder(projectDirectory);
     if (folder.empty()) {
-        co_return whatToDo;
+        co_return std::string(whatToDo);
     }
     const fs::path clone = folder / pullRequest.repositoryName();
     auto looking = onWorker([clone] { return isClone(clone); });
@@ -87,7 +92,8 @@ QCoro::Task<std::optional<std::string>> openInEditor(
         co_return std::nullopt;
     }
     if (!isThere) {
-        co_return "The repository directory does not exist at " + clone.string() + ". " + whatToDo;
+        co_return "The repository directory does not exist at " + clone.string() + ". "
+            + std::string(whatToDo);
     }
     std::optional<std::string> problem;
     try {

@@ -4,6 +4,8 @@
 #include "Tarnwick/ExternalNavigation.h"
 
 #include <optional>
+#include <string>
+#include <string_view>
 
 namespace Tarnwick {
 
@@ -21,5 +23,9 @@ QCoro::Task<std::optional<std::string>> openInEditor(
     PullRequestKit::PullRequest pullRequest,
     ProgressSink progress,
     std::stop_token stopToken);
+
+/// Whether setting the project directory is the way out of what `openInEditor` yielded. Safe from
+/// any thread.
+bool asksForProjectDirectory(std::string_view problem);
 
 }  // namespace Tarnwick

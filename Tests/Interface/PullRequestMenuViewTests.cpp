@@ -331,6 +331,54 @@ TEST_F(PullRequestMenuViewTests, anEditorThatFailsAsksForThePanelToBeShown)
     EXPECT_EQ(asked.count(), 1);
 }
 
+TEST_F(PullRequestMenuViewTests, aMissingFolderLeadsToTheFieldOfTheProjectDirectory)
+{
+    showList({TestSupport::makePullRequest(1)});
+    model->setProjectDirectory("/nowhere");
+    press(Qt::Key_Home);
+    press(Qt::Key_E);
+    ASSERT_TRUE(TestSupport::eventually([this] { return shows("editorError"); }));
+    part<QWidget>("editorError")
+        ->findChild<QAbstractButton*>(QStringLiteral("alertOther"))
+        ->click();
+    EXPECT_FALSE(shows("editorError"));
+    EXPECT_TRUE(shows("repositoryPicker"));
+    auto* const field = qobject_cast<QLineEdit*>(view->focusWidget());
+    ASSERT_NE(field, nullptr);
+    EXPECT_EQ(field->objectName(), QStringLiteral("projectDirectory"));
+    EXPECT_EQ(field->selectedText(), QStringLiteral("/nowhere"));
+}
+
+TEST_F(PullRequestMenuViewTests, closingIsExplainedAndThenConfirmed)
+{
+    showList({TestSupport::makePullRequest(1)});
+    const QSignalSpy confirmed(view.get(), &PullRequestMenuView::closingConfirmed);
+    EXPECT_TRUE(view->explainClosing());
+    EXPECT_TRUE(shows("closing"));
+    EXPECT_FALSE(view->explainClosing());
+    EXPECT_TRUE(view->keepsOpen());
+    press(Qt::Key_Return);
+    EXPECT_EQ(confirmed.count(), 1);
+    EXPECT_FALSE(shows("closing"));
+    EXPECT_TRUE(list().hasFocus());
+}
+
+TEST_F(PullRequestMenuViewTests, escapeKeepsTheWindowThatWasToBeClosed)
+{
+    showList({TestSupport::makePullRequest(1)});
+    actionOfMenu("Repositories")->trigger();
+    const QSignalSpy confirmed(view.get(), &PullRequestMenuView::closingConfirmed);
+    const QSignalSpy quits(view.get(), &PullRequestMenuView::quitRequested);
+    EXPECT_TRUE(view->explainClosing());
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(shows("closing"));
+    EXPECT_EQ(confirmed.count(), 0);
+    EXPECT_EQ(quits.count(), 0);
+    view->explainClosing();
+    part<QWidget>("closing")->findChild<QAbstractButton*>(QStringLiteral("alertOther"))->click();
+    EXPECT_EQ(quits.count(), 1);
+}
+
 TEST_F(PullRequestMenuViewTests, theBrandLeadsToTheWebSite)
 {
     start();

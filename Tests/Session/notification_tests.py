@@ -74,6 +74,11 @@ class DunstTests(NotificationTest):
         wait_until(lambda: self.dunst.count() == 1, "a notification")
         self.dunst.click()
         self.assertEqual(self.opened(), [[EBB]])
+        wait_until(
+            lambda: "\nlastVisitedAt.github%7Cgithub.com%7Charbourlight%2Ftide-tables%7C82=@Date("
+            in self.read_settings(),
+            "the visit",
+        )
         self.assertEqual(
             self.dunst.close(), [Shown("Tarnwick", "Ebb & <b>flow</b>", "New pull request")]
         )
@@ -206,6 +211,22 @@ class NoServerTests(SessionTest):
         reader.wait_until_gone("label", "Notifications Are Disabled")
         self.assertIn("notifications.unblocked=false", self.read_settings())
         self.assertEqual(len(self.programs.calls("xfce4-notifyd-config")), 1)
+
+    def testWhereThereAreNoSettingsToOpenItSaysWhatIsMissing(self):
+        self.start_tarnwick("--toggle")
+        self.focused_panel()
+        reader = self.accessibility()
+        self.turn_on(reader, "New PR")
+        reader.find("dialog", "Notifications Are Disabled")
+        reader.find(
+            "label",
+            "No program on this desktop shows notifications. Install or start a notification "
+            "service, then turn the notification you want on again.",
+        )
+        self.assertNotIn("Open System Settings", reader.names("push button"))
+        reader.press("push button", "OK")
+        reader.wait_until_gone("dialog", "Notifications Are Disabled")
+        self.assertEqual(len(self.screen.windows()), 1)
 
     @staticmethod
     def turn_on(reader, name):

@@ -44,6 +44,11 @@ Alert::Alert(
         _cancel->setObjectName(QStringLiteral("alertCancel"));
         connect(_cancel, &QAbstractButton::clicked, this, &Alert::cancelled);
     }
+    if (!buttons.other.isEmpty()) {
+        _other = new PushButton(buttons.other, PushButton::Kind::plain, appearance, this);
+        _other->setObjectName(QStringLiteral("alertOther"));
+        connect(_other, &QAbstractButton::clicked, this, &Alert::otherTriggered);
+    }
     _primary = new PushButton(buttons.primary, PushButton::Kind::primary, appearance, this);
     _primary->setObjectName(QStringLiteral("alertPrimary"));
     connect(_primary, &QAbstractButton::clicked, this, &Alert::primaryTriggered);
@@ -68,6 +73,13 @@ void Alert::setMessage(const QString& message)
     }
 }
 
+void Alert::setOffersOther(bool offersOther)
+{
+    if (_other != nullptr) {
+        _other->setVisible(offersOther);
+    }
+}
+
 int Alert::layOutContent(const QPoint& origin, int width)
 {
     _title->fit(width, false);
@@ -77,8 +89,8 @@ int Alert::layOutContent(const QPoint& origin, int width)
     _message->move(origin + QPoint(0, y));
     y += _message->height() + buttonGap;
     int end = origin.x() + width;
-    for (PushButton* const button : {_primary, _cancel, _copy}) {
-        if (button != nullptr) {
+    for (PushButton* const button : {_primary, _cancel, _other, _copy}) {
+        if (button != nullptr && !button->isHidden()) {
             const QSize size = button->visibleSize();
             button->place(QRect(QPoint(end - size.width(), origin.y() + y), size));
             end -= size.width() + betweenButtons;

@@ -15,8 +15,9 @@ class Alert final : public CardOverlay {
 public:
     struct Buttons {
         QString primary;
-        QString cancel;    ///< Empty where the primary button changes nothing either.
-        QString copyHelp;  ///< Empty where there is nothing to copy.
+        QString cancel;      ///< Empty where the primary button changes nothing either.
+        QString copyHelp;    ///< Empty where there is nothing to copy.
+        QString other = {};  ///< Another way out; empty where there is none.
     };
 
     Alert(
@@ -29,11 +30,15 @@ public:
     QString message() const;
     void setMessage(const QString& message);
 
+    /// Whether the other way out is offered; at first it is.
+    void setOffersOther(bool offersOther);
+
 Q_SIGNALS:
     void primaryTriggered();
     /// Esc or the button that changes nothing.
     void cancelled();
     void copyTriggered();
+    void otherTriggered();
 
 protected:
     int layOutContent(const QPoint& origin, int width) override;
@@ -45,6 +50,7 @@ private:
     MessageText* _message;
     PushButton* _copy = nullptr;
     PushButton* _cancel = nullptr;
+    PushButton* _other = nullptr;
     PushButton* _primary;
 };
 

@@ -77,4 +77,12 @@ DirectoryNote directoryNote(const QString& directory)
         .after = QStringLiteral("/<repository>.")};
 }
 
+DirectoryNote missingNote(const QString& directory)
+{
+    return {
+        .before = QStringLiteral("The folder "),
+        .directory = directory.trimmed(),
+        .after = QStringLiteral(" does not exist.")};
+}
+
 }  // namespace Tarnwick::PickerWording

@@ -41,6 +41,9 @@ struct DirectoryNote {
 /// An empty directory is spelled as its place in the sentence.
 DirectoryNote directoryNote(const QString& directory);
 
+/// That the directory does not exist.
+DirectoryNote missingNote(const QString& directory);
+
 }  // namespace PickerWording
 
 }  // namespace Tarnwick

@@ -1,10 +1,12 @@
 #include "Tarnwick/Interface/Picker/ProjectDirectorySection.h"
 
+#include "Tarnwick/Async/Worker.h"
 #include "Tarnwick/Interface/Controls/PushButton.h"
 #include "Tarnwick/Interface/Controls/TextField.h"
 #include "Tarnwick/Interface/Controls/TextLine.h"
 #include "Tarnwick/Interface/Look/Painting.h"
 #include "Tarnwick/Interface/Picker/PickerWording.h"
+#include "Tarnwick/Model/OpenInEditor.h"
 #include "Tarnwick/PullRequestMenuModel.h"
 
 #include <QDir>
@@ -12,6 +14,8 @@
 #include <QFontMetricsF>
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace Tarnwick {
 namespace {
@@ -62,7 +66,9 @@ ProjectDirectorySection::ProjectDirectorySection(
     edit.setPlaceholderText(QStringLiteral("/path/to/projects"));
     _title->setBuddy(&edit);
 
-    connect(&edit, &QLineEdit::editingFinished, this, &ProjectDirectorySection::commit);
+    connect(&edit, &QLineEdit::textEdited, &model, [&model](const QString& text) {
+        model.setProjectDirectory(text.toStdString());
+    });
     connect(_choose, &QAbstractButton::clicked, this, &ProjectDirectorySection::choose);
     connect(
         &model,
@@ -76,20 +82,9 @@ ProjectDirectorySection::ProjectDirectorySection(
     showSetting();
 }
 
-ProjectDirectorySection::~ProjectDirectorySection()
-{
-    // A field that goes loses the focus, which would finish what is typed into it.
-    _field->edit().disconnect(this);
-}
-
 QWidget& ProjectDirectorySection::field() const
 {
     return _field->edit();
-}
-
-QWidget& ProjectDirectorySection::chooseButton() const
-{
-    return *_choose;
 }
 
 QString ProjectDirectorySection::setting() const
@@ -97,40 +92,42 @@ QString ProjectDirectorySection::setting() const
     return QString::fromStdString(_model.settings().projectDirectory);
 }
 
-void ProjectDirectorySection::commit()
-{
-    QLineEdit& edit = _field->edit();
-    if (!edit.isModified()) {
-        return;
-    }
-    edit.setModified(false);
-    if (edit.text() != setting()) {
-        _model.setProjectDirectory(edit.text().toStdString());
-    }
-}
-
-bool ProjectDirectorySection::revert()
-{
-    QLineEdit& edit = _field->edit();
-    const bool isUnfinished = edit.isModified() && edit.text() != setting();
-    edit.setModified(false);
-    showSetting();
-    return isUnfinished;
-}
-
 void ProjectDirectorySection::showSetting()
 {
     QLineEdit& edit = _field->edit();
-    if (!edit.isModified() && edit.text() != setting()) {
+    if (edit.text() != setting()) {
         edit.setText(setting());
     }
+    if (isVisible()) {
+        lookForFolder();
+    }
     showNote();
+}
+
+/// On a worker thread: a folder on a network may take its time. Whatever was typed meanwhile has
+/// been looked for, too.
+QCoro::Task<> ProjectDirectorySection::lookForFolder()
+{
+    const QPointer<ProjectDirectorySection> self(this);
+    const QString asked = setting();
+    const std::filesystem::path folder = projectFolder(asked.toStdString());
+    auto looking = onWorker([folder] {
+        std::error_code error;
+        return folder.empty() || std::filesystem::is_directory(folder, error);
+    });
+    const bool isThere = co_await looking;
+    if (self && asked == setting()) {
+        _missing = isThere ? QString() : asked;
+        showNote();
+    }
 }
 
 /// A note too long for its line is shortened within the path.
 void ProjectDirectorySection::showNote()
 {
-    PickerWording::DirectoryNote note = PickerWording::directoryNote(setting());
+    const bool isMissing = !_missing.isEmpty() && _missing == setting();
+    PickerWording::DirectoryNote note =
+        isMissing ? PickerWording::missingNote(setting()) : PickerWording::directoryNote(setting());
     _note->setAccessibleName(note.text());
     const LineStyle style = _note->lineStyle();
     const double room =
@@ -147,7 +144,6 @@ void ProjectDirectorySection::choose()
         _dialog->raise();
         return;
     }
-    commit();
     _dialog = new QFileDialog(this, _title->text(), startFolder(setting()));
     _dialog->setObjectName(QStringLiteral("projectDirectoryDialog"));
     _dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -182,6 +178,12 @@ void ProjectDirectorySection::layOut()
 void ProjectDirectorySection::resizeEvent(QResizeEvent* /*event*/)
 {
     layOut();
+}
+
+/// The folder may have come or gone since it was last looked for.
+void ProjectDirectorySection::showEvent(QShowEvent* /*event*/)
+{
+    lookForFolder();
 }
 
 }  // namespace Tarnwick

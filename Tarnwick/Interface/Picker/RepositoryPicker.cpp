@@ -11,6 +11,7 @@
 #include "Tarnwick/Interface/Picker/ProjectDirectorySection.h"
 
 #include <QKeyEvent>
+#include <QLineEdit>
 
 namespace Tarnwick {
 namespace {
@@ -110,6 +111,13 @@ void RepositoryPicker::connectParts()
     });
 }
 
+void RepositoryPicker::editProjectDirectory()
+{
+    auto& edit = dynamic_cast<QLineEdit&>(_directory->field());
+    edit.setFocus(Qt::OtherFocusReason);
+    edit.selectAll();
+}
+
 bool RepositoryPicker::keepsOpen() const
 {
     return _directory->isChoosing();
@@ -166,16 +174,12 @@ void RepositoryPicker::selectShown(bool selected)
 
 void RepositoryPicker::finish()
 {
-    _directory->commit();
     Q_EMIT done();
 }
 
-/// One step out: a path not finished is forgotten, then what is to be found, then the picker.
+/// One step out: what is to be found, then the picker.
 void RepositoryPicker::goBack()
 {
-    if (_directory->revert()) {
-        return;
-    }
     if (!_find->edit().text().isEmpty()) {
         _find->edit().clear();
         return;

@@ -28,6 +28,9 @@ public:
         PullRequestMenuModel& model, const Appearance& appearance, QWidget* parent = nullptr);
     ~RepositoryPicker() override;
 
+    /// Puts the caret into the field of the project directory.
+    void editProjectDirectory();
+
     /// Whether the folder dialog is open, so that the panel must not close when it loses the focus.
     bool keepsOpen() const;
 

@@ -8,7 +8,9 @@
 
 #include <QAbstractButton>
 #include <QClipboard>
+#include <QDir>
 #include <QGuiApplication>
+#include <QSignalSpy>
 #include <QTest>
 
 namespace Tarnwick {
@@ -16,8 +18,20 @@ namespace {
 
 class PanelAlertsTests : public TestSupport::ModelTest {
 protected:
-    PanelAlertsTests()
+    PanelAlertsTests() { open(); }
+
+    /// A desktop with notification settings that can be opened.
+    void onXfce()
     {
+        desktop.environment["XDG_CURRENT_DESKTOP"] = "XFCE";
+        desktop.executables.insert("/usr/bin/xfce4-notifyd-config");
+        delete alerts;
+        open();
+    }
+
+    void open()
+    {
+        flow.reset();
         start();
         flow = std::make_unique<EditorFlow>(*model);
         alerts = new PanelAlerts(*model, *flow, appearance, &panel);
@@ -71,6 +85,30 @@ TEST_F(PanelAlertsTests, anEditorErrorIsShownWithItsWords)
     EXPECT_TRUE(alerts->isAnyShown());
 }
 
+TEST_F(PanelAlertsTests, aMissingFolderLeadsToTheProjectDirectory)
+{
+    const QSignalSpy asked(alerts, &PanelAlerts::projectDirectoryRequested);
+    failToOpenEditor();
+    QAbstractButton* const way = button(alert("editorError"), "alertOther");
+    EXPECT_EQ(way->text(), QStringLiteral("Set Project Directory…"));
+    ASSERT_TRUE(way->isVisible());
+    // All three buttons stand beside each other in the card.
+    EXPECT_GE(button(alert("editorError"), "alertCopy")->x(), alert("editorError").card().left());
+    way->click();
+    EXPECT_EQ(asked.count(), 1);
+    EXPECT_FALSE(alert("editorError").isVisible());
+}
+
+TEST_F(PanelAlertsTests, anotherErrorDoesNotOfferTheProjectDirectory)
+{
+    QDir(folder.path()).mkpath(QStringLiteral("tools"));
+    model->setProjectDirectory(folder.path().toStdString());
+    desktop.ends(1, {}, "fatal: not a git repository");
+    flow->open(TestSupport::makePullRequest(1));
+    ASSERT_TRUE(TestSupport::eventually([this] { return alert("editorError").isVisible(); }));
+    EXPECT_FALSE(button(alert("editorError"), "alertOther")->isVisible());
+}
+
 TEST_F(PanelAlertsTests, theCopyButtonCopiesTitleAndMessage)
 {
     failToOpenEditor();
@@ -93,8 +131,24 @@ TEST_F(PanelAlertsTests, returnAndEscapeDismissTheError)
     }
 }
 
+TEST_F(PanelAlertsTests, withoutSettingsToOpenTheAlertSaysWhatIsMissing)
+{
+    refuseNotifications();
+    const Alert& shown = alert("notificationsDisabled");
+    EXPECT_EQ(shown.title(), QStringLiteral("Notifications Are Disabled"));
+    EXPECT_EQ(
+        shown.message(),
+        QStringLiteral("No program on this desktop shows notifications. Install or start a "
+                       "notification service, then turn the notification you want on again."));
+    EXPECT_EQ(button(shown, "alertPrimary")->text(), QStringLiteral("OK"));
+    EXPECT_EQ(button(shown, "alertCancel"), nullptr);
+    QTest::keyClick(&alert("notificationsDisabled"), Qt::Key_Escape);
+    EXPECT_FALSE(model->notificationSettingsRequired());
+}
+
 TEST_F(PanelAlertsTests, disabledNotificationsAreExplained)
 {
+    onXfce();
     refuseNotifications();
     const Alert& shown = alert("notificationsDisabled");
     EXPECT_TRUE(shown.isVisible());
@@ -109,6 +163,7 @@ TEST_F(PanelAlertsTests, disabledNotificationsAreExplained)
 
 TEST_F(PanelAlertsTests, bothAnswersClearTheFlag)
 {
+    onXfce();
     for (const char* const name : {"alertPrimary", "alertCancel"}) {
         refuseNotifications();
         button(alert("notificationsDisabled"), name)->click();

@@ -1,6 +1,8 @@
 #include "Picker/PickerFixture.h"
 #include "Support/Pictures.h"
 
+#include <QLabel>
+
 #include <cstdlib>
 
 namespace Tarnwick {
@@ -25,6 +27,10 @@ protected:
              "northmere/beacon",
              "northmere/quay"});
         model->setProjectDirectory("/home/mira/projects");
+        ASSERT_TRUE(TestSupport::eventually([this] {
+            return part<QLabel>("projectDirectoryNote")->text()
+                   == QStringLiteral("The folder /home/mira/projects does not exist.");
+        }));
     }
 
     void focus(const char* name)

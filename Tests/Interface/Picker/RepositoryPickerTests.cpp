@@ -218,70 +218,68 @@ TEST_F(RepositoryPickerTests, doneCloses)
     EXPECT_EQ(doneCount, 1);
 }
 
-TEST_F(RepositoryPickerTests, aHalfTypedPathIsNoSetting)
+TEST_F(RepositoryPickerTests, settingAndNoteFollowEveryKeystroke)
 {
     open(someRepositories());
     directoryField()->setFocus();
     QTest::keyClicks(directoryField(), QStringLiteral("~/pro"));
-    EXPECT_EQ(directory(), "");
-    QTest::keyClicks(directoryField(), QStringLiteral("jects"));
-    QTest::keyClick(directoryField(), Qt::Key_Return);
-    EXPECT_EQ(directory(), "~/projects");
+    EXPECT_EQ(directory(), "~/pro");
     EXPECT_EQ(
         textOf("projectDirectoryNote"),
-        QStringLiteral("Repositories open from ~/projects/<repository>."));
+        QStringLiteral("Repositories open from ~/pro/<repository>."));
+    QTest::keyClicks(directoryField(), QStringLiteral("jects"));
+    EXPECT_EQ(directory(), "~/projects");
+    QTest::keyClick(directoryField(), Qt::Key_Return);
+    EXPECT_EQ(directory(), "~/projects");
     EXPECT_EQ(doneCount, 0);
 }
 
-TEST_F(RepositoryPickerTests, leavingTheFieldFinishesThePath)
+TEST_F(RepositoryPickerTests, theNoteSaysWhenTheFolderDoesNotExist)
 {
+    const auto noteBecomes = [&](const QString& note) {
+        return TestSupport::eventually([&] { return textOf("projectDirectoryNote") == note; });
+    };
     open(someRepositories());
+    QDir(folder.path()).mkdir(QStringLiteral("clones"));
     directoryField()->setFocus();
-    QTest::keyClicks(directoryField(), QStringLiteral("/srv/code"));
-    QTest::keyClick(directoryField(), Qt::Key_Tab);
-    EXPECT_EQ(directory(), "/srv/code");
+    QTest::keyClicks(directoryField(), QStringLiteral("/nowhere"));
+    EXPECT_TRUE(noteBecomes(QStringLiteral("The folder /nowhere does not exist.")));
+    directoryField()->selectAll();
+    QTest::keyClicks(directoryField(), QStringLiteral("/tmp"));
+    EXPECT_TRUE(noteBecomes(QStringLiteral("Repositories open from /tmp/<repository>.")));
+    directoryField()->selectAll();
+    QTest::keyClick(directoryField(), Qt::Key_Delete);
+    EXPECT_TRUE(
+        noteBecomes(QStringLiteral("Repositories open from <project directory>/<repository>.")));
 }
 
-TEST_F(RepositoryPickerTests, doneFinishesThePath)
-{
-    open(someRepositories());
-    directoryField()->setFocus();
-    QTest::keyClicks(directoryField(), QStringLiteral("/srv/code"));
-    press("done");
-    EXPECT_EQ(directory(), "/srv/code");
-    EXPECT_EQ(doneCount, 1);
-}
-
-TEST_F(RepositoryPickerTests, escapeForgetsAHalfTypedPath)
+TEST_F(RepositoryPickerTests, escapeKeepsTheTypedPathAndGoesBack)
 {
     open(someRepositories());
     model->setProjectDirectory("/srv/code");
     directoryField()->setFocus();
     QTest::keyClicks(directoryField(), QStringLiteral("/more"));
     QTest::keyClick(directoryField(), Qt::Key_Escape);
-    EXPECT_EQ(directoryField()->text(), QStringLiteral("/srv/code"));
-    EXPECT_EQ(doneCount, 0);
-    QTest::keyClick(directoryField(), Qt::Key_Escape);
     EXPECT_EQ(doneCount, 1);
-    EXPECT_EQ(directory(), "/srv/code");
+    EXPECT_EQ(directory(), "/srv/code/more");
 }
 
-TEST_F(RepositoryPickerTests, aChangedSelectionLeavesAHalfTypedPathAlone)
+TEST_F(RepositoryPickerTests, aPathThatComesFromElsewhereIsShown)
+{
+    open(someRepositories());
+    directoryField()->setFocus();
+    QTest::keyClicks(directoryField(), QStringLiteral("/srv"));
+    model->setProjectDirectory("/home/mira/code");
+    EXPECT_EQ(directoryField()->text(), QStringLiteral("/home/mira/code"));
+}
+
+TEST_F(RepositoryPickerTests, aChangedSelectionLeavesThePathAlone)
 {
     open(someRepositories());
     directoryField()->setFocus();
     QTest::keyClicks(directoryField(), QStringLiteral("/srv"));
     model->toggleRepository("fenland/capstan");
     EXPECT_EQ(directoryField()->text(), QStringLiteral("/srv"));
-}
-
-TEST_F(RepositoryPickerTests, aHalfTypedPathIsForgottenWhenThePickerGoes)
-{
-    open(someRepositories());
-    directoryField()->setFocus();
-    QTest::keyClicks(directoryField(), QStringLiteral("/srv"));
-    picker.reset();
-    EXPECT_EQ(directory(), "");
 }
 
 TEST_F(RepositoryPickerTests, anUntouchedPathIsNotWrittenAgain)
