@@ -9,6 +9,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -50,6 +51,8 @@ PanelWindow::PanelWindow(
         &QGuiApplication::applicationStateChanged,
         this,
         &PanelWindow::applicationStateChanged);
+    auto* const quit = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this);
+    connect(quit, &QShortcut::activated, this, &PanelWindow::quitRequested);
     appearanceChanged();
     applyForm();
 }
@@ -127,6 +130,20 @@ void PanelWindow::present(std::optional<QPoint> click, const PlatformData& platf
         place(click);
     }
     bringToFront(*this, platformData);
+}
+
+void PanelWindow::setKeepsFromClosing(std::function<bool()> keepsFromClosing)
+{
+    _keepsFromClosing = std::move(keepsFromClosing);
+}
+
+void PanelWindow::leave()
+{
+    if (_leaving == Leaving::minimize) {
+        showMinimized();
+    } else {
+        close();
+    }
 }
 
 void PanelWindow::dismiss()
@@ -245,7 +262,7 @@ void PanelWindow::keyPressEvent(QKeyEvent* event)
 {
     // What the content has no use for.
     if (event->key() == Qt::Key_Escape && !_keepsOpen()) {
-        close();
+        leave();
         return;
     }
     QWidget::keyPressEvent(event);
@@ -278,6 +295,10 @@ void PanelWindow::hideEvent(QHideEvent* event)
 
 void PanelWindow::closeEvent(QCloseEvent* event)
 {
+    if (_keepsFromClosing && _keepsFromClosing()) {
+        event->ignore();
+        return;
+    }
     _isWanted = false;
     // Accepting hides the window and leaves the rest to whoever listens. Refusing would stand in
     // the way of the session's end.

@@ -47,6 +47,21 @@ public:
 
     QSize preferredSize() const { return _preferredSize; }
 
+    /// What Esc does: minimizes the window or, as at first, closes it.
+    enum class Leaving {
+        close,
+        minimize
+    };
+
+    void setLeaving(Leaving leaving) { _leaving = leaving; }
+
+    /// Does what Esc does.
+    void leave();
+
+    /// Asked each time the user closes the window; while it says true, the window stays. It must
+    /// not do so once the program ends, because Qt ends no program whose windows stay.
+    void setKeepsFromClosing(std::function<bool()> keepsFromClosing);
+
     /// Hides it, as closing does, but nobody is told that it was closed.
     void dismiss();
 
@@ -74,6 +89,8 @@ Q_SIGNALS:
     void steppedAside();
     /// The user closed the window, which is hidden now.
     void closed();
+    /// The user pressed Ctrl+Q, whatever has the focus in the window.
+    void quitRequested();
     /// The user gave it another size.
     void preferredSizeChanged();
 
@@ -100,12 +117,14 @@ private:
 
     QWidget* _content = nullptr;
     std::function<bool()> _keepsOpen;
+    std::function<bool()> _keepsFromClosing;
     Tarnwick::Appearance& _appearance;
     RoundedCorners* _corners = nullptr;
     Tarnwick::WindowBorderView* _border = nullptr;
     QList<EdgeGrip*> _grips;
     Form _form = Form::window;
     Form _wantedForm = Form::window;
+    Leaving _leaving = Leaving::close;
     bool _isTranslucent = false;
     QSize _preferredSize;
     QSize _givenSize;  ///< What the window was last shown with.

@@ -9,10 +9,13 @@
 #include "TarnwickDirect/Application/PanelSize.h"
 #include "TarnwickDirect/Application/TarnwickApplication.h"
 #include "TarnwickDirect/Application/WindowActivation.h"
+#include "TarnwickDirect/Application/WindowShadow.h"
 #include "TarnwickDirect/Memory.h"
 #include "TarnwickDirect/X11/X11.h"
 
+#include <QCoreApplication>
 #include <QCursor>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QTimer>
 
@@ -24,6 +27,9 @@ using Tarnwick::PullRequestMenuModel;
 using Tarnwick::PullRequestMenuView;
 
 namespace {
+
+/// Stored: do not rename.
+const QString closingExplainedKey = QStringLiteral("window.closingExplained");
 
 /// Fonts are to be known before the first widget asks for one.
 PullRequestMenuModel::Collaborators initialized(PullRequestMenuModel::Collaborators collaborators)
@@ -101,7 +107,8 @@ void TarnwickDirectApp::connectAppearance()
 
 void TarnwickDirectApp::connectPanel()
 {
-    connect(_view, &PullRequestMenuView::closeRequested, &_window, &QWidget::close);
+    connect(_view, &PullRequestMenuView::closeRequested, &_window, &PanelWindow::leave);
+    connect(_view, &PullRequestMenuView::closingConfirmed, &_window, &QWidget::close);
     connect(_view, &PullRequestMenuView::quitRequested, this, &TarnwickDirectApp::quitRequested);
     connect(_view, &PullRequestMenuView::attentionRequested, this, [this] {
         // It made room for what did not come.
@@ -112,7 +119,11 @@ void TarnwickDirectApp::connectPanel()
     connect(&_window, &PanelWindow::shown, _view, &PullRequestMenuView::panelShown);
     connect(&_window, &PanelWindow::painted, &_model, &PullRequestMenuModel::menuOpened);
     connect(&_window, &PanelWindow::hidden, _view, &PullRequestMenuView::panelHidden);
+    connect(&_window, &PanelWindow::quitRequested, this, &TarnwickDirectApp::quitRequested);
     connect(&_window, &PanelWindow::closed, this, &TarnwickDirectApp::panelClosed);
+    _window.setLeaving(PanelWindow::Leaving::minimize);
+    _window.setKeepsFromClosing([this] { return explainsClosing(); });
+    qApp->installEventFilter(this);
     connect(&_window, &PanelWindow::steppedAside, this, [this] {
         // Without an icon there would be nothing left to click.
         if (!_trayHost.isPresent()) {
@@ -222,7 +233,7 @@ void TarnwickDirectApp::restart(const std::filesystem::path& program)
 {
     Tarnwick::Launch successor;
     successor.executable = program;
-    if (!_window.isInSight() && (_trayHost.isPresent() || _staysInBackground)) {
+    if (!_window.isInSight() && (_trayHost.isPresent() || outlivesItsWindow())) {
         successor.arguments = {"--background"};
     }
     Q_EMIT successionRequested(successor);
@@ -254,6 +265,7 @@ void TarnwickDirectApp::trayChanged()
     }
     _window.setForm(
         hasTray && canPlaceWindows() ? PanelWindow::Form::panel : PanelWindow::Form::window);
+    _window.setLeaving(hasTray ? PanelWindow::Leaving::close : PanelWindow::Leaving::minimize);
 }
 
 void TarnwickDirectApp::makeTrayItem()
@@ -298,9 +310,52 @@ void TarnwickDirectApp::reload()
 void TarnwickDirectApp::panelClosed()
 {
     // A window that is gone for good would leave a program that nobody sees.
-    if (!_trayHost.isPresent() && !_staysInBackground) {
+    if (!_trayHost.isPresent() && !outlivesItsWindow()) {
         Q_EMIT quitRequested();
     }
+}
+
+bool TarnwickDirectApp::outlivesItsWindow() const
+{
+    const Tarnwick::Settings& settings = _model.settings();
+    return _staysInBackground || settings.unblockedNotificationsEnabled
+           || settings.newPullRequestNotificationsEnabled;
+}
+
+/// Tells once what closing the window does where nothing of the program stays in sight.
+bool TarnwickDirectApp::explainsClosing()
+{
+    if (_isEnding || _trayHost.isPresent() || _staysInBackground || !outlivesItsWindow()
+        || Tarnwick::readFlag(*_defaults, closingExplainedKey).value_or(false)) {
+        return false;
+    }
+    const bool isShown = _view->explainClosing();
+    if (isShown) {
+        Tarnwick::writeFlag(*_defaults, closingExplainedKey, true);
+        _window.present(std::nullopt, {});
+    }
+    return isShown;
+}
+
+/// Of the panel and of menus, before they are first seen.
+void TarnwickDirectApp::castShadow(QObject* shown)
+{
+    const bool isMenu = qobject_cast<Tarnwick::Menu*>(shown) != nullptr;
+    if ((isMenu || shown == &_window)
+        && shown->findChild<WindowShadow*>(QString(), Qt::FindDirectChildrenOnly) == nullptr) {
+        const double radius = isMenu ? Tarnwick::MenuStyle::radius : RoundedCorners::radius;
+        new WindowShadow(static_cast<QWidget&>(*shown), radius, _appearance);
+    }
+}
+
+bool TarnwickDirectApp::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Quit) {
+        _isEnding = true;
+    } else if (event->type() == QEvent::Show && watched->isWidgetType()) {
+        castShadow(watched);
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 }  // namespace TarnwickDirect

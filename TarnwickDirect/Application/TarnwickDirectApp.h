@@ -45,6 +45,8 @@ public:
 
     PanelWindow& window() { return _window; }
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 Q_SIGNALS:
     void quitRequested();
 
@@ -67,6 +69,9 @@ private:
     void toggle(std::optional<QPoint> click, const PlatformData& platformData);
     void reload();
     void panelClosed();
+    void castShadow(QObject* shown);
+    bool explainsClosing();
+    bool outlivesItsWindow() const;
 
     std::shared_ptr<Tarnwick::DefaultsStore> _defaults;
     std::shared_ptr<Tarnwick::Clock> _clock;
@@ -80,6 +85,7 @@ private:
     TrayHost _trayHost;
     std::unique_ptr<TrayItem> _trayItem;
     bool _staysInBackground = false;
+    bool _isEnding = false;
 };
 
 }  // namespace TarnwickDirect

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <memory>
 
 #include <xcb/xcb.h>
@@ -149,6 +150,26 @@ bool hasFocus()
     return answer && std::ranges::any_of(windows, [&answer](QWindow* window) {
                return window->handle() != nullptr && window->winId() == answer->focus;
            });
+}
+
+void declineShadow(WId window)
+{
+    xcb_connection_t* const server = connection();
+    const auto name = atom("_GTK_FRAME_EXTENTS");
+    if (server == nullptr || !name) {
+        return;
+    }
+    // A window that has a frame of its own, if only one without a width, is left alone.
+    constexpr quint32 noExtents[] = {0, 0, 0, 0};
+    xcb_change_property(
+        server,
+        XCB_PROP_MODE_REPLACE,
+        static_cast<xcb_window_t>(window),
+        *name,
+        XCB_ATOM_CARDINAL,
+        32,
+        std::size(noExtents),
+        noExtents);
 }
 
 void activate(WId window, quint32 time)

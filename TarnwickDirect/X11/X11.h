@@ -44,6 +44,9 @@ FocusChange focusChange(const QByteArray& type, const void* message);
 /// Whether one of the program's windows has the focus, borrowed or not.
 bool hasFocus();
 
+/// Asks compositing managers to draw no shadow around the window, as those do that draw their own.
+void declineShadow(WId window);
+
 /// Has the window manager bring the window to the front and give it the focus, as the user wants
 /// it at this time (in the server's milliseconds, 0 for now).
 void activate(WId window, quint32 time);

@@ -5,6 +5,7 @@ import signal
 import time
 
 from desktop import SessionTest, wait_until
+from desktop.notifications import Recorder
 from desktop.waiting import stays
 
 
@@ -24,6 +25,53 @@ class WindowTests(SessionTest):
         wait_until(lambda: self.screen.has_focus(window), "the focus")
         self.screen.key("alt+F4")
         self.assertEqual(self.wait_for_end(program), 0)
+
+    def testWithoutATrayEscapeMinimizesAndAnotherStartShowsItAgain(self):
+        program = self.start_tarnwick()
+        window = self.focused_panel()
+        self.screen.key("Escape")
+        wait_until(
+            lambda: "Iconic" in self.screen.property(window, "WM_STATE"), "the minimized window"
+        )
+        stays(lambda: program.poll() is None, "the program", 0.5)
+        self.assertEqual(self.run_tarnwick().returncode, 0)
+        self.assertEqual(self.focused_panel(), window)
+
+    def testWithoutATrayControlQEndsTheProgram(self):
+        program = self.start_tarnwick()
+        self.focused_panel()
+        self.screen.key("ctrl+q")
+        self.assertEqual(self.wait_for_end(program), 0)
+
+    def testWithNotificationsOnClosingSaysOnceThatTheProgramKeepsRunning(self):
+        Recorder(self.session)
+        self.select(notifications_unblocked="true")
+        program = self.start_tarnwick()
+        window = self.focused_panel()
+        self.screen.key("alt+F4")
+        wait_until(lambda: "window.closingExplained=true" in self.read_settings(), "the card")
+        self.assertEqual(self.screen.windows(), [window])
+        self.screen.key("Return")
+        self.panel_gone()
+        stays(lambda: program.poll() is None, "the program", 0.5)
+        self.assertEqual(self.run_tarnwick().returncode, 0)
+        self.focused_panel()
+        self.screen.key("alt+F4")
+        self.panel_gone()
+        stays(lambda: program.poll() is None, "the program", 0.5)
+
+    def testWithNotificationsOnItStillEndsByASignalOrBecauseItIsAsked(self):
+        Recorder(self.session)
+        self.select(notifications_unblocked="true")
+        program = self.start_tarnwick()
+        self.focused_panel()
+        self.action("quit")
+        self.assertEqual(self.wait_for_end(program), 0)
+        program = self.start_tarnwick()
+        self.focused_panel()
+        os.kill(program.pid, signal.SIGTERM)
+        self.assertEqual(self.wait_for_end(program), -signal.SIGTERM)
+        self.assertNotIn("closingExplained", self.read_settings())
 
     def testStartedInTheBackgroundItStaysThereWhenItsWindowIsClosed(self):
         program = self.start_tarnwick("--background")

@@ -153,6 +153,40 @@ TEST_F(PanelWindowTest, escapeThatNobodyElseUsesClosesIt)
     EXPECT_EQ(closed.count(), 1);
 }
 
+TEST_F(PanelWindowTest, escapeMinimizesWhereNothingElseWouldBeLeftToClick)
+{
+    const QSignalSpy closed(&window, &PanelWindow::closed);
+    window.setLeaving(PanelWindow::Leaving::minimize);
+    show(Form::window);
+    QTest::keyClick(&window, Qt::Key_Escape);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window.isMinimized());
+    EXPECT_EQ(closed.count(), 0);
+}
+
+TEST_F(PanelWindowTest, staysWhileItIsKeptFromClosing)
+{
+    bool isKept = true;
+    window.setKeepsFromClosing([&isKept] { return isKept; });
+    const QSignalSpy closed(&window, &PanelWindow::closed);
+    show(Form::window);
+    EXPECT_FALSE(window.close());
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(closed.count(), 0);
+    isKept = false;
+    EXPECT_TRUE(window.close());
+}
+
+TEST_F(PanelWindowTest, controlQQuitsWhateverHasTheFocus)
+{
+    const QSignalSpy quits(&window, &PanelWindow::quitRequested);
+    show(Form::window);
+    (void)QTest::qWaitForWindowActive(&window);
+    QTest::keyClick(window.content(), Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_EQ(quits.count(), 1);
+}
+
 TEST_F(PanelWindowTest, closingHidesItAndIsTold)
 {
     const QSignalSpy closed(&window, &PanelWindow::closed);
