@@ -5,6 +5,10 @@
 #include <QDateTime>
 #include <QXmlStreamReader>
 
+#include <algorithm>
+#include <functional>
+#include <iterator>
+
 namespace TarnwickDirect {
 namespace {
 
@@ -19,6 +23,28 @@ void setOnce(QString& place, const QString& text)
     if (place.isEmpty()) {
         place = text.trimmed();
     }
+}
+
+/// Users read a version in sentences and buttons, which characters that are not seen could turn
+/// around or break.
+bool isUnseen(QChar character)
+{
+    switch (character.category()) {
+    case QChar::Other_Control:
+    case QChar::Other_Format:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void setVersionOnce(QString& place, const QString& text)
+{
+    QString seen;
+    std::ranges::copy_if(text, std::back_inserter(seen), std::not_fn(isUnseen));
+    setOnce(place, seen);
 }
 
 std::optional<PullRequestKit::Date> dateIn(const QString& text)
@@ -61,9 +87,9 @@ void readEnclosure(QXmlStreamReader& xml, AppcastItem& item)
          .type = attribute(xml, u"type").toLower(),
          .signature = attribute(xml, u"sparkle:edSignature"),
          .operatingSystem = attribute(xml, u"sparkle:os").toLower()});
-    setOnce(item.version, attribute(xml, u"sparkle:version"));
-    setOnce(item.shortVersion, attribute(xml, u"sparkle:shortVersionString"));
-    setOnce(item.minimumSystemVersion, attribute(xml, u"sparkle:minimumSystemVersion"));
+    setVersionOnce(item.version, attribute(xml, u"sparkle:version"));
+    setVersionOnce(item.shortVersion, attribute(xml, u"sparkle:shortVersionString"));
+    setVersionOnce(item.minimumSystemVersion, attribute(xml, u"sparkle:minimumSystemVersion"));
     setOnce(item.channel, attribute(xml, u"sparkle:channel"));
     xml.skipCurrentElement();
 }
@@ -71,8 +97,14 @@ void readEnclosure(QXmlStreamReader& xml, AppcastItem& item)
 void readCriticalUpdate(QXmlStreamReader& xml, AppcastItem& item)
 {
     item.isCritical = true;
-    setOnce(item.criticalBelow, attribute(xml, u"sparkle:version"));
+    setVersionOnce(item.criticalBelow, attribute(xml, u"sparkle:version"));
     xml.skipCurrentElement();
+}
+
+bool isVersion(const QString* place, const AppcastItem& item)
+{
+    return place == &item.version || place == &item.shortVersion
+           || place == &item.minimumSystemVersion;
 }
 
 /// The place in which the text of an element goes, or none.
@@ -102,7 +134,8 @@ void readItemElement(QXmlStreamReader& xml, ItemReading& reading)
     AppcastItem& item = reading.item;
     const QString name = xml.qualifiedName().toString();
     if (QString* const place = placeFor(name, reading)) {
-        setOnce(*place, textOf(xml));
+        const auto set = isVersion(place, item) ? setVersionOnce : setOnce;
+        set(*place, textOf(xml));
     } else if (name == u"enclosure") {
         readEnclosure(xml, item);
     } else if (name == u"sparkle:criticalUpdate") {
@@ -149,7 +182,7 @@ void enterDocument(QXmlStreamReader& xml)
     while (!xml.atEnd() && !xml.isStartElement()) {
         if (xml.readNext() == QXmlStreamReader::DTD) {
             throw UpdateError(QStringLiteral(
-                "The update feed brings a document type with it, which is not allowed."));
+                "The update feed contains a document type declaration, which is not allowed."));
         }
     }
     if (!xml.hasError() && xml.qualifiedName() != u"rss") {

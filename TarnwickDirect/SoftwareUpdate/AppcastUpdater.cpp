@@ -152,11 +152,21 @@ void AppcastUpdater::lookAtFeed(Occasion occasion)
     connect(
         _feedCheck.get(), &FeedCheck::foundNothing, this, [this, needed](const NoUpdate& reason) {
             const auto kind = UpdateWording::isUpToDate(reason) ? Kind::upToDate : Kind::noUpdate;
-            foundNone(withMessage(kind, UpdateWording::noUpdate(reason, needed)));
+            foundNone(orInstalled(withMessage(kind, UpdateWording::noUpdate(reason, needed))));
         });
     connect(_feedCheck.get(), &FeedCheck::failed, this, [this](const QString& message) {
         foundNone(withMessage(Kind::failed, message));
     });
+}
+
+/// What was installed is the newest version, but this process is an older one until the restart.
+UpdateState AppcastUpdater::orInstalled(UpdateState none) const
+{
+    if (_installed) {
+        none.kind = Kind::installed;
+        none.offer = *_installed;
+    }
+    return none;
 }
 
 /// Makes the network unless it is there; the message of why it cannot be made, or an empty text.
@@ -319,6 +329,7 @@ QCoro::Task<> AppcastUpdater::replace(std::filesystem::path file, std::stop_toke
     endNetwork();
     // What later checks compare with is what would run after the next start.
     _collaborators.ownVersion = _state.offer.version;
+    _installed = _state.offer;
     setKind(Kind::installed);
 }
 

@@ -89,6 +89,7 @@ private:
     UpdateNeeds needs(Occasion occasion) const;
     void found(const UpdateOffer& offer);
     void foundNone(const UpdateState& state);
+    UpdateState orInstalled(UpdateState none) const;
     void endCheck();
     void downloaded(const std::filesystem::path& file);
     QCoro::Task<> replace(std::filesystem::path file, std::stop_token stopToken);
@@ -103,7 +104,8 @@ private:
     std::unique_ptr<HttpsNetwork> _network;  ///< While something is fetched.
     Installation _installation;
     UpdateState _state;
-    std::optional<Occasion> _occasion;  ///< Of the check that runs.
+    std::optional<UpdateOffer> _installed;  ///< Waits for the program's restart.
+    std::optional<Occasion> _occasion;      ///< Of the check that runs.
     std::unique_ptr<FeedCheck> _feedCheck;
     std::unique_ptr<UpdateDownload> _download;
     Tarnwick::CancellableTask _check;

@@ -10,11 +10,11 @@ std::uint64_t checkedLength(const AppcastEnclosure& enclosure, const QString& ve
 {
     if (!enclosure.length || *enclosure.length == 0) {
         throw UpdateError(
-            QStringLiteral("The update feed does not tell how long version %1 is.").arg(version));
+            QStringLiteral("The update feed does not give the size of version %1.").arg(version));
     }
     if (*enclosure.length > downloadSizeLimit) {
         throw UpdateError(
-            QStringLiteral("By the update feed, version %1 is larger than 1 GiB.").arg(version));
+            QStringLiteral("The update feed gives version %1 a size above 1 GiB.").arg(version));
     }
     return *enclosure.length;
 }

@@ -1,19 +1,14 @@
 #include "TarnwickDirect/SoftwareUpdate/UpdatePage.h"
 
 #include "TarnwickDirect/SoftwareUpdate/ReleaseNotes.h"
+#include "TarnwickDirect/SoftwareUpdate/SizeText.h"
 
 #include <QFile>
-#include <QLocale>
 
 namespace TarnwickDirect {
 namespace {
 
 using Kind = UpdateState::Kind;
-
-QString sizeText(std::uint64_t bytes)
-{
-    return QLocale(QLocale::English).formattedDataSize(qint64(bytes), 1, QLocale::DataSizeSIFormat);
-}
 
 /// How an update comes to this installation, as sentences.
 QString wayOf(const Installation& installation)

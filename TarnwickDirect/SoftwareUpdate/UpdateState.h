@@ -27,7 +27,7 @@ struct UpdateState {
     bool wasAskedFor = true;          ///< Only a check of the program's own finds unasked.
     std::uint64_t receivedBytes = 0;  ///< While downloading.
     std::filesystem::path package;    ///< With `handedOver`: the verified file.
-    QString message;                  ///< One sentence; with `upToDate`, `noUpdate` and `failed`.
+    QString message;  ///< One sentence; what a check that found nothing or failed says.
 
     bool operator==(const UpdateState&) const = default;
 };

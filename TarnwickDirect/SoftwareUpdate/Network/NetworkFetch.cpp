@@ -1,5 +1,7 @@
 #include "TarnwickDirect/SoftwareUpdate/Network/NetworkFetch.h"
 
+#include "TarnwickDirect/SoftwareUpdate/SizeText.h"
+
 #include <QNetworkAccessManager>
 #include <QNetworkRequest>
 #include <QSslCertificate>
@@ -122,7 +124,7 @@ void NetworkFetch::read()
     const QByteArray bytes = _reply->readAll();
     _received += std::uint64_t(bytes.size());
     if (_received > _request.byteLimit) {
-        fail(QStringLiteral("it is longer than %1 bytes").arg(_request.byteLimit));
+        fail(QStringLiteral("it is larger than %1").arg(sizeText(_request.byteLimit)));
     } else if (!bytes.isEmpty()) {
         _handlers.received(bytes);
     }

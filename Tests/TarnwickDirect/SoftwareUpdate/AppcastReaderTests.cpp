@@ -34,6 +34,22 @@ std::string text(const QString& string)
     return string.toStdString();
 }
 
+TEST(AppcastReader, versionsHaveNoCharactersThatAreNotSeen)
+{
+    const AppcastItem item =
+        itemWith("<sparkle:version>1.4\xE2\x80\xAE&#10;0\xE2\x81\xA6</sparkle:version>"
+                 "<sparkle:shortVersionString>\xE2\x80\x8F"
+                 "1.4\t\xC2\xAD" "beta &#133;\xE2\x80\xA8"
+                 "</sparkle:shortVersionString>"
+                 "<sparkle:minimumSystemVersion>5\xE2\x80\x8B.10</sparkle:minimumSystemVersion>");
+    EXPECT_EQ(text(item.version), "1.40");
+    EXPECT_EQ(text(item.shortVersion), "1.4beta");
+    EXPECT_EQ(text(item.minimumSystemVersion), "5.10");
+    const AppcastItem ofEnclosure = itemWith(
+        "<enclosure url=\"https://example.com/T.deb\" sparkle:version=\"1\xE2\x80\xAE.4\"/>");
+    EXPECT_EQ(text(ofEnclosure.version), "1.4");
+}
+
 TEST(AppcastReader, readsEverythingThatAnItemTells)
 {
     const AppcastItem item = itemWith(R"(
@@ -198,7 +214,7 @@ TEST(AppcastReader, refusesAFeedThatIsCutOffAnywhere)
 TEST(AppcastReader, refusesEveryDocumentType)
 {
     const char* const refusal =
-        "The update feed brings a document type with it, which is not allowed.";
+        "The update feed contains a document type declaration, which is not allowed.";
     EXPECT_EQ(errorOf("<!DOCTYPE html><html/>"), refusal);
     EXPECT_EQ(errorOf("<!DOCTYPE rss SYSTEM 'file:///etc/passwd'><rss/>"), refusal);
     EXPECT_EQ(

@@ -86,7 +86,7 @@ TEST_F(AppcastUpdaterTest, saysWhatIsWrongWithTheFeed)
     EXPECT_THAT(delegate.heard, ElementsAre("The update feed is not well-formed XML in line 1."));
     server.serve("/feed.xml", QByteArray((4 << 20) + 1, ' '));
     EXPECT_EQ(check(), Kind::failed);
-    EXPECT_EQ(message(), "The update feed could not be fetched: it is longer than 4194304 bytes.");
+    EXPECT_EQ(message(), "The update feed could not be fetched: it is larger than 4 MiB.");
     server.redirect("/feed.xml", QUrl(QStringLiteral("http://127.0.0.1/feed.xml")));
     EXPECT_EQ(check(), Kind::failed);
     EXPECT_EQ(
@@ -179,7 +179,12 @@ TEST_F(AppcastUpdaterTest, whatIsInstalledIsNotOfferedAgain)
 {
     start();
     EXPECT_EQ(install(), Kind::installed);
-    EXPECT_EQ(check(), Kind::upToDate);
+    updater->dismiss();
+    EXPECT_EQ(check(), Kind::installed);
+    EXPECT_EQ(updater->state().offer.version, QStringLiteral("2.0"));
+    updater->dismiss();
+    serveFeed(item("3.0"));
+    EXPECT_EQ(check(), Kind::available);
 }
 
 TEST_F(AppcastUpdaterTest, tellsHowFarTheDownloadHasCome)
@@ -230,8 +235,7 @@ TEST_F(AppcastUpdaterTest, aLengthThatLiesIsNotInstalled)
     serveFeed(item("2.0").replace("300011", "300010"));
     start();
     EXPECT_EQ(install(), Kind::failed);
-    EXPECT_EQ(
-        message(), "\"Tarnwick.AppImage\" could not be fetched: it is longer than 300010 bytes.");
+    EXPECT_EQ(message(), "\"Tarnwick.AppImage\" could not be fetched: it is larger than 300.0 kB.");
     EXPECT_EQ(contentsOf(appImage), "version 1.0");
     EXPECT_TRUE(isNothingLeft());
 }

@@ -82,6 +82,21 @@ TEST_F(HttpsFetchTest, followsARedirectToHttps)
     EXPECT_EQ(bytes, "moved");
 }
 
+TEST_F(HttpsFetchTest, followsFiveRedirectsAndNoMore)
+{
+    for (int number = 6; number > 0; --number) {
+        const std::string from = "/" + std::to_string(number);
+        const std::string target = "/" + std::to_string(number - 1);
+        server.redirect(from.c_str(), server.url(target.c_str()));
+    }
+    server.serve("/0", "at last");
+    EXPECT_EQ(run(server.url("/5")), "finished");
+    EXPECT_EQ(bytes, "at last");
+    EXPECT_EQ(
+        run(server.url("/6")),
+        "The update feed could not be fetched: the server redirected too often.");
+}
+
 TEST_F(HttpsFetchTest, refusesARedirectToPlainHttp)
 {
     QTcpServer plain;
@@ -152,7 +167,7 @@ TEST_F(HttpsFetchTest, endsAtTheSizeLimit)
     request.byteLimit = 1000;
     EXPECT_EQ(
         run(server.url("/feed")),
-        "The update feed could not be fetched: it is longer than 1000 bytes.");
+        "The update feed could not be fetched: it is larger than 1.0 kB.");
     EXPECT_LE(bytes.size(), 1000);
 }
 
@@ -175,7 +190,7 @@ TEST_F(HttpsFetchTest, endsAtTheSizeLimitOfAnAnswerWithoutEnd)
     });
     EXPECT_EQ(
         run(server.url("/feed")),
-        "The update feed could not be fetched: it is longer than 1000000 bytes.");
+        "The update feed could not be fetched: it is larger than 1.0 MB.");
     EXPECT_TRUE(TestSupport::eventually([this] { return server.openConnections() == 0; }));
 }
 

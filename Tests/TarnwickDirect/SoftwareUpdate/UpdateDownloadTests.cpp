@@ -148,7 +148,7 @@ TEST_F(UpdateDownloadTest, deletesWhatAnotherKeySigned)
 TEST_F(UpdateDownloadTest, stopsWhereTheServerSendsMoreThanTheFeedTells)
 {
     offer.length = 1000;
-    EXPECT_EQ(run(), "\"Tarnwick.AppImage\" could not be fetched: it is longer than 1000 bytes.");
+    EXPECT_EQ(run(), "\"Tarnwick.AppImage\" could not be fetched: it is larger than 1.0 kB.");
     EXPECT_FALSE(isVerifying);
     EXPECT_TRUE(isNothingLeft());
 }

@@ -63,9 +63,9 @@ TEST_F(UpdateOfferTest, refusesAPathInTheFileName)
 TEST_F(UpdateOfferTest, refusesAnUnknownLength)
 {
     enclosure.length = std::nullopt;
-    EXPECT_EQ(error(), "The update feed does not tell how long version 2.0 is.");
+    EXPECT_EQ(error(), "The update feed does not give the size of version 2.0.");
     enclosure.length = 0;
-    EXPECT_EQ(error(), "The update feed does not tell how long version 2.0 is.");
+    EXPECT_EQ(error(), "The update feed does not give the size of version 2.0.");
 }
 
 TEST_F(UpdateOfferTest, refusesAHugeLength)
@@ -73,7 +73,7 @@ TEST_F(UpdateOfferTest, refusesAHugeLength)
     enclosure.length = 1'073'741'824;
     EXPECT_EQ(error(), "none");
     enclosure.length = 1'073'741'825;
-    EXPECT_EQ(error(), "By the update feed, version 2.0 is larger than 1 GiB.");
+    EXPECT_EQ(error(), "The update feed gives version 2.0 a size above 1 GiB.");
 }
 
 TEST_F(UpdateOfferTest, refusesAMissingSignature)
