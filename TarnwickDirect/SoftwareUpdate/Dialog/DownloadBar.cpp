@@ -3,6 +3,7 @@
 #include "Tarnwick/Interface/Look/Appearance.h"
 #include "Tarnwick/Interface/Look/Painting.h"
 
+#include <QAccessible>
 #include <QPainter>
 
 #include <algorithm>
@@ -27,6 +28,8 @@ void DownloadBar::setShare(double share)
 {
     _share = std::clamp(share, 0.0, 1.0);
     setAccessibleDescription(QStringLiteral("%1 %").arg(int(_share * 100)));
+    QAccessibleValueChangeEvent changed(this, static_cast<int>(_share * 100));
+    QAccessible::updateAccessibility(&changed);
     update();
 }
 

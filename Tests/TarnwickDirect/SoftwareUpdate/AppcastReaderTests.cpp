@@ -39,7 +39,8 @@ TEST(AppcastReader, versionsHaveNoCharactersThatAreNotSeen)
     const AppcastItem item =
         itemWith("<sparkle:version>1.4\xE2\x80\xAE&#10;0\xE2\x81\xA6</sparkle:version>"
                  "<sparkle:shortVersionString>\xE2\x80\x8F"
-                 "1.4\t\xC2\xAD" "beta &#133;\xE2\x80\xA8"
+                 "1.4\t\xC2\xAD"
+                 "beta &#133;\xE2\x80\xA8"
                  "</sparkle:shortVersionString>"
                  "<sparkle:minimumSystemVersion>5\xE2\x80\x8B.10</sparkle:minimumSystemVersion>");
     EXPECT_EQ(text(item.version), "1.40");

@@ -200,6 +200,20 @@ TEST_F(UpdateDialogTest, isADialogToAssistivePrograms)
     EXPECT_EQ(notes->accessibleDescription(), QStringLiteral("Release notes"));
 }
 
+TEST_F(UpdateDialogTest, aScreenReaderFindsHowFarADownloadIs)
+{
+    UpdatePage page = busyPage({cancel});
+    page.isBusy = false;
+    page.progress = 0.25;
+    dialog.setPage(page);
+    QAccessibleInterface* const bar =
+        QAccessible::queryAccessibleInterface(dialog.findChild<DownloadBar*>());
+    EXPECT_EQ(bar->role(), QAccessible::ProgressBar);
+    ASSERT_NE(bar->valueInterface(), nullptr);
+    EXPECT_EQ(bar->valueInterface()->currentValue(), QVariant(25));
+    EXPECT_EQ(bar->valueInterface()->maximumValue(), QVariant(100));
+}
+
 TEST_F(UpdateDialogTest, showsHowFarADownloadIs)
 {
     UpdatePage page = busyPage({cancel});
