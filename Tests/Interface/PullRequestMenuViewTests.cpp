@@ -336,7 +336,7 @@ TEST_F(PullRequestMenuViewTests, aMissingFolderLeadsToTheFieldOfTheProjectDirect
     showList({TestSupport::makePullRequest(1)});
     model->setProjectDirectory("/nowhere");
     press(Qt::Key_Home);
-    press(Qt::Key_E);
+    QTest::keyClick(&list(), Qt::Key_E, Qt::ControlModifier);
     ASSERT_TRUE(TestSupport::eventually([this] { return shows("editorError"); }));
     part<QWidget>("editorError")
         ->findChild<QAbstractButton*>(QStringLiteral("alertOther"))
