@@ -15,7 +15,7 @@ constexpr int symbolGap = 16;
 PickerPlaceholder::PickerPlaceholder(const Appearance& appearance, QWidget* parent)
     : QWidget(parent)
     , _appearance(appearance)
-    , _noRepositories(new TextLine(
+    , _title(new TextLine(
           QStringLiteral("No repositories"),
           {.style = TextStyle::title2, .weight = TextWeight::medium, .alignment = Qt::AlignHCenter},
           appearance,
@@ -28,7 +28,7 @@ PickerPlaceholder::PickerPlaceholder(const Appearance& appearance, QWidget* pare
           appearance,
           this))
 {
-    _noRepositories->setObjectName(QStringLiteral("noRepositories"));
+    _title->setObjectName(QStringLiteral("noRepositories"));
     _noMatches->setObjectName(QStringLiteral("noMatches"));
     _noMatches->hide();
     connect(&appearance, &Appearance::changed, this, [this] {
@@ -39,14 +39,25 @@ PickerPlaceholder::PickerPlaceholder(const Appearance& appearance, QWidget* pare
 
 void PickerPlaceholder::showNoRepositories()
 {
+    showTitle(QStringLiteral("No repositories"));
+}
+
+void PickerPlaceholder::showNotLoaded()
+{
+    showTitle(QStringLiteral("Repositories are not loaded yet"));
+}
+
+void PickerPlaceholder::showTitle(const QString& title)
+{
+    _title->setText(title);
     _noMatches->hide();
-    _noRepositories->show();
+    _title->show();
     update();
 }
 
 void PickerPlaceholder::showNoMatches()
 {
-    _noRepositories->hide();
+    _title->hide();
     _noMatches->show();
     update();
 }
@@ -54,10 +65,10 @@ void PickerPlaceholder::showNoMatches()
 void PickerPlaceholder::layOut()
 {
     const int size = _appearance.scaled(symbolSize);
-    const int titleHeight = _noRepositories->sizeHint().height();
+    const int titleHeight = _title->sizeHint().height();
     const int top = (height() - size - symbolGap - titleHeight) / 2;
     _symbol = QRect((width() - size) / 2, top, size, size);
-    _noRepositories->setGeometry(0, top + size + symbolGap, width(), titleHeight);
+    _title->setGeometry(0, top + size + symbolGap, width(), titleHeight);
     const int lineHeight = _noMatches->sizeHint().height();
     _noMatches->setGeometry(0, (height() - lineHeight) / 2, width(), lineHeight);
 }
@@ -68,7 +79,7 @@ void PickerPlaceholder::paintEvent(QPaintEvent* /*event*/)
     const Palette& palette = _appearance.palette();
     painter.fillRect(rect(), palette.surfaceList);
     Painting::hairline(painter, 0, 0, width(), palette.hairline);
-    if (!_noRepositories->isHidden()) {
+    if (!_title->isHidden()) {
         SystemSymbol{QStringLiteral("shippingbox")}.draw(
             painter, QRectF(_symbol), palette.textTertiary);
     }

@@ -15,6 +15,8 @@ public:
     PickerPlaceholder(const Appearance& appearance, QWidget* parent);
 
     void showNoRepositories();
+    /// Nobody knows yet whether there are any.
+    void showNotLoaded();
     void showNoMatches();
 
 protected:
@@ -23,9 +25,10 @@ protected:
 
 private:
     void layOut();
+    void showTitle(const QString& title);
 
     const Appearance& _appearance;
-    TextLine* _noRepositories;
+    TextLine* _title;
     TextLine* _noMatches;
     QRect _symbol;
 };

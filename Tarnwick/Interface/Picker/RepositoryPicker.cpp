@@ -104,6 +104,8 @@ void RepositoryPicker::connectParts()
         this,
         &RepositoryPicker::showRepositories);
     connect(
+        &_model, &PullRequestMenuModel::lastRefreshedChanged, this, &RepositoryPicker::showRows);
+    connect(
         &_model, &PullRequestMenuModel::settingsChanged, this, &RepositoryPicker::showSelection);
     connect(&_appearance, &Appearance::changed, this, [this] {
         layOut();
@@ -143,7 +145,9 @@ void RepositoryPicker::showRows()
     const bool hasRows = _rows.rowCount() > 0;
     _list->setVisible(hasRows);
     _placeholder->setVisible(!hasRows);
-    if (_rows.isEmpty()) {
+    if (_rows.isEmpty() && !_model.lastRefreshed()) {
+        _placeholder->showNotLoaded();
+    } else if (_rows.isEmpty()) {
         _placeholder->showNoRepositories();
     } else {
         _placeholder->showNoMatches();

@@ -154,6 +154,16 @@ TEST_F(PullRequestListModelTests, aRowThatGetsToKnowItsNamesChangesAndSaysThem)
     EXPECT_EQ(changes.count(), 1);
 }
 
+TEST_F(PullRequestListModelTests, aRowsWarningComesFirstInItsDescription)
+{
+    ListedRow row = listed(1);
+    own(row).warning = "Ambiguous base branch";
+    model.setRows({row});
+    EXPECT_EQ(
+        model.index(0).data(Qt::AccessibleDescriptionRole).toString(),
+        u"Ambiguous base branch. octo/tools #1 · \u2068octo\u2069 · 3h"_s);
+}
+
 TEST_F(PullRequestListModelTests, findsInTitlesRepositoriesAuthorsAndBranches)
 {
     std::vector<ListedRow> rows = listed({1, 2, 3, 4, 5});

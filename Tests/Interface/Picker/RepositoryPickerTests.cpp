@@ -153,6 +153,17 @@ TEST_F(RepositoryPickerTests, withoutHitsItSaysNoMatches)
     EXPECT_FALSE(isShown("noMatches"));
 }
 
+TEST_F(RepositoryPickerTests, beforeTheFirstAnswerItDoesNotSayThatThereAreNone)
+{
+    start();
+    picker = std::make_unique<RepositoryPicker>(*model, appearance);
+    picker->resize(420, 600);
+    picker->show();
+    EXPECT_EQ(textOf("noRepositories"), QStringLiteral("Repositories are not loaded yet"));
+    refresh();
+    EXPECT_EQ(textOf("noRepositories"), QStringLiteral("No repositories"));
+}
+
 TEST_F(RepositoryPickerTests, withoutRepositoriesItSaysSo)
 {
     open({}, {"gone/away"});
