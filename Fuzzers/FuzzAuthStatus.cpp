@@ -2,7 +2,9 @@
 #include "GitHubProvider/Authentication.h"
 #include "GitHubProvider/Text.h"
 
+#include <algorithm>
 #include <chrono>
+#include <filesystem>
 #include <memory>
 
 namespace {
@@ -54,7 +56,9 @@ bool isText(const std::string& text)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     using namespace PullRequestKit;
-    const GitHubProvider::Gh gh("/opt/gh", std::make_shared<FuzzedGh>(Fuzzers::textOf(data, size)));
+    const GitHubProvider::Gh gh(
+        [] { return std::filesystem::path("/opt/gh"); },
+        std::make_shared<FuzzedGh>(Fuzzers::textOf(data, size)));
     const AuthenticationStatus status =
         GitHubProvider::authenticationStatus(gh, "github.com", std::chrono::system_clock::now, {});
     if (const auto* const signedIn = std::get_if<Authenticated>(&status)) {
