@@ -142,7 +142,7 @@ class RefreshFailureTests(FailureTest):
         self.github.end()
         cache = bytes_of(self.cache_file)
         self.open_panel()
-        self.find_texts(f"{CACHED}GitHub cannot be reached.")
+        self.reader.find(None, f"{CACHED}GitHub cannot be reached.")
         self.find_rows()
         self.assertEqual(bytes_of(self.cache_file), cache)
         self.reader.press("push button", "Dismiss")
