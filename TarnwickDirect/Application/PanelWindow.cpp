@@ -1,6 +1,7 @@
 #include "TarnwickDirect/Application/PanelWindow.h"
 
 #include "Tarnwick/Interface/Look/Painting.h"
+#include "TarnwickDirect/Application/AccessiblePanel.h"
 #include "TarnwickDirect/Application/PanelPlacement.h"
 #include "TarnwickDirect/Application/WindowActivation.h"
 #include "TarnwickDirect/X11/X11.h"
@@ -37,6 +38,8 @@ PanelWindow::PanelWindow(
     , _keepsOpen(std::move(keepsOpen))
     , _appearance(appearance)
 {
+    // Before the title: Qt 6.8 asks at once for what assistive programs see, and keeps it.
+    installAccessiblePanel();
     setObjectName(QStringLiteral("panelWindow"));
     setWindowTitle(QStringLiteral("Tarnwick"));
     auto* const layout = new QVBoxLayout(this);

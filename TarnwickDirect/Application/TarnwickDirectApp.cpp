@@ -4,7 +4,6 @@
 #include "Tarnwick/Interface/Controls/MenuStyle.h"
 #include "Tarnwick/Interface/Look/ApplicationLook.h"
 #include "Tarnwick/Interface/Panel/AccessibleParts.h"
-#include "TarnwickDirect/Application/AccessiblePanel.h"
 #include "TarnwickDirect/Application/ExitGuard.h"
 #include "TarnwickDirect/Application/PanelSize.h"
 #include "TarnwickDirect/Application/TarnwickApplication.h"
@@ -38,9 +37,11 @@ PullRequestMenuModel::Collaborators initialized(PullRequestMenuModel::Collaborat
     return collaborators;
 }
 
-/// The same goes for the style.
+/// The same goes for the style, and for what assistive programs see: Qt 6.8 asks for that while a
+/// widget is being made, and keeps it.
 Tarnwick::Appearance& styled(Tarnwick::Appearance& appearance)
 {
+    Tarnwick::installAccessibleParts();
     Tarnwick::setApplicationStyle(appearance);
     return appearance;
 }
@@ -71,8 +72,6 @@ TarnwickDirectApp::TarnwickDirectApp(
     , _trayHost(bus)
 {
     _window.setPreferredSize(PanelSize::read(*_defaults, _appearance.textScale()));
-    installAccessiblePanel();
-    Tarnwick::installAccessibleParts();
     connectAppearance();
     connectPanel();
     connectMemory();

@@ -1,5 +1,6 @@
 #include "TarnwickDirect/Application/PanelWindow.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QImage>
 #include <QPainter>
@@ -61,6 +62,16 @@ TEST_F(PanelWindowTest, isFramelessAsAPanelAndOrdinaryWithoutATray)
     show(Form::window);
     EXPECT_EQ(window.windowType(), Qt::Window);
     EXPECT_FALSE(window.windowFlags().testFlag(Qt::FramelessWindowHint));
+}
+
+TEST_F(PanelWindowTest, isAWindowWithItsContentAloneToAssistivePrograms)
+{
+    QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(&window);
+    ASSERT_NE(seen, nullptr);
+    EXPECT_EQ(seen->role(), QAccessible::Window);
+    EXPECT_EQ(seen->text(QAccessible::Name), QStringLiteral("Tarnwick"));
+    ASSERT_EQ(seen->childCount(), 1);
+    EXPECT_EQ(seen->child(0)->object(), window.content());
 }
 
 TEST_F(PanelWindowTest, keepsItsFormWhileItIsInSight)
