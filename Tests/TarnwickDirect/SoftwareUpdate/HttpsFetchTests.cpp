@@ -37,6 +37,8 @@ protected:
     /// How the fetch ends: "finished" or the message, and both where there are two endings.
     std::string run(const QUrl& url)
     {
+        ending.clear();
+        bytes.clear();
         begin(url);
         if (!TestSupport::eventually([this] { return !ending.empty(); })) {
             return "no end";
