@@ -36,6 +36,7 @@ private:
     QTimer _beginning;
     QTimer _timeLimit;
     std::uint64_t _received = 0;
+    int _redirects = 0;
 };
 
 }  // namespace TarnwickDirect

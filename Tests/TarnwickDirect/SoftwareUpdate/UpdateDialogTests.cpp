@@ -207,7 +207,7 @@ TEST_F(UpdateDialogTest, aScreenReaderFindsHowFarADownloadIs)
     page.progress = 0.25;
     dialog.setPage(page);
     QAccessibleInterface* const bar =
-        QAccessible::queryAccessibleInterface(dialog.findChild<DownloadBar*>());
+        QAccessible::queryAccessibleInterface(child<QWidget>(dialog, "updateProgress"));
     EXPECT_EQ(bar->role(), QAccessible::ProgressBar);
     ASSERT_NE(bar->valueInterface(), nullptr);
     EXPECT_EQ(bar->valueInterface()->currentValue(), QVariant(25));
