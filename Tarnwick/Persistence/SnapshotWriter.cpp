@@ -15,7 +15,7 @@ SnapshotWriter::~SnapshotWriter() = default;
 
 void SnapshotWriter::save(CachedPullRequestSnapshot snapshot, PullRequestKit::SharedDetails details)
 {
-    add([this, snapshot = std::move(snapshot), details = std::move(details)] {
+    add(Kind::snapshot, [this, snapshot = std::move(snapshot), details = std::move(details)] {
         _cache.save(snapshot);
         if (details) {
             PullRequestDetailsFile::beside(_cache).save(snapshot, *details);
@@ -25,13 +25,15 @@ void SnapshotWriter::save(CachedPullRequestSnapshot snapshot, PullRequestKit::Sh
 
 void SnapshotWriter::save(BlockedPullRequestsFile file, BlockedPullRequests blocked)
 {
-    add([file = std::move(file), blocked = std::move(blocked)] { file.save(blocked); });
+    add(Kind::blockedPullRequests,
+        [file = std::move(file), blocked = std::move(blocked)] { file.save(blocked); });
 }
 
-void SnapshotWriter::add(Write write)
+void SnapshotWriter::add(Kind kind, Write write)
 {
     const std::lock_guard lock(_mutex);
-    _waiting.push_back(std::move(write));
+    std::erase_if(_waiting, [kind](const Waiting& waiting) { return waiting.kind == kind; });
+    _waiting.push_back({kind, std::move(write)});
     _changed.notify_all();
 }
 
@@ -61,7 +63,7 @@ SnapshotWriter::Write SnapshotWriter::next(const std::stop_token& stopToken)
     if (!_changed.wait(lock, stopToken, [this] { return !_waiting.empty(); })) {
         return {};
     }
-    Write write = std::move(_waiting.front());
+    Write write = std::move(_waiting.front().write);
     _waiting.pop_front();
     _isWriting = true;
     return write;

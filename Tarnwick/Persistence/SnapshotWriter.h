@@ -14,9 +14,9 @@
 
 namespace Tarnwick {
 
-/// Encodes and writes snapshots, and what is kept beside them, on a thread of its own, one after
-/// another in the order in which they came. What cannot be written leaves its file as it was and is
-/// dropped. Safe from any thread.
+/// Encodes and writes snapshots, and what is kept beside them, on a thread of its own. A later one
+/// takes the place of one of its kind that still waits, so that a slow disk costs no memory. What
+/// cannot be written leaves its file as it was and is dropped. Safe from any thread.
 class SnapshotWriter {
 public:
     explicit SnapshotWriter(PullRequestDiskCache cache);
@@ -41,7 +41,17 @@ public:
 private:
     using Write = std::function<void()>;
 
-    void add(Write write);
+    enum class Kind {
+        snapshot,
+        blockedPullRequests
+    };
+
+    struct Waiting {
+        Kind kind;
+        Write write;
+    };
+
+    void add(Kind kind, Write write);
     void run(std::stop_token stopToken);
     Write next(const std::stop_token& stopToken);
     void perform(const Write& write);
@@ -49,7 +59,7 @@ private:
     PullRequestDiskCache _cache;
     mutable std::mutex _mutex;
     std::condition_variable_any _changed;
-    std::deque<Write> _waiting;
+    std::deque<Waiting> _waiting;  ///< One of each kind at most.
     bool _isWriting = false;
     std::optional<std::string> _lastError;
     std::jthread _thread;  ///< Last, so that it ends before what it uses.
