@@ -82,8 +82,8 @@ class DayTests(SessionTest):
             self.reader.wait_until_gone("popup menu", "List options")
         # There is no server of notifications in this session.
         self.choose("Notifications", "New PR")
-        self.reader.press("push button", "Cancel")
-        self.reader.wait_until_gone("push button", "Cancel")
+        self.reader.press("push button", "OK")
+        self.reader.wait_until_gone("push button", "OK")
         self.reader.find(name=COUNT)
 
     def choose(self, submenu, item):
