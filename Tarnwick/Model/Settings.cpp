@@ -31,7 +31,8 @@ Settings SettingsStore::current()
     return readSettings(_defaults).settings;
 }
 
-Settings SettingsStore::change(const std::function<void(Settings&)>& change)
+Settings SettingsStore::change(
+    const std::function<void(Settings&)>& change, const std::optional<QString>& chosen)
 {
     Settings changed;
     _defaults.change([&] {
@@ -41,7 +42,7 @@ Settings SettingsStore::change(const std::function<void(Settings&)>& change)
         }
         changed = stored.settings;
         change(changed);
-        writeDifferences(_defaults, stored.settings, changed);
+        writeDifferences(_defaults, stored.settings, changed, chosen);
     });
     return changed;
 }

@@ -5,6 +5,7 @@
 #include "Tarnwick/Persistence/DefaultsStore.h"
 
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -47,8 +48,10 @@ public:
     /// What `load` yields, but nothing is written, whoever may be writing the file just now.
     Settings current();
 
-    /// Reads what is stored, has `change` change it, and writes that. Yields what is stored then.
-    Settings change(const std::function<void(Settings&)>& change);
+    /// Reads what is stored, has `change` change it, and writes what is different, and `chosen`,
+    /// the key of a setting that is written even if it stays the same. Yields what is stored then.
+    Settings change(
+        const std::function<void(Settings&)>& change, const std::optional<QString>& chosen = {});
 
     /// The same for the selection of repositories, which counts as configured even if it stays the
     /// same.

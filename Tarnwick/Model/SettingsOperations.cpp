@@ -1,5 +1,7 @@
 #include "Tarnwick/Model/SettingsOperations.h"
 
+#include "Tarnwick/Model/SettingsKeys.h"
+
 #include <utility>
 
 namespace Tarnwick {
@@ -114,7 +116,9 @@ void SettingsOperations::setReviewerFilter(ReviewerFilter value)
 void SettingsOperations::setPollingInterval(PollingInterval interval)
 {
     change(
-        [&](Settings& settings) { settings.pollingInterval = interval; }, Effect::pollingInterval);
+        [&](Settings& settings) { settings.pollingInterval = interval; },
+        Effect::pollingInterval,
+        SettingsKeys::pollingInterval);
 }
 
 void SettingsOperations::setDarkMode(bool isDark)
@@ -126,7 +130,12 @@ void SettingsOperations::setDarkMode(bool isDark)
 
 void SettingsOperations::setNotifications(bool Settings::* flag, bool isOn)
 {
-    change([&](Settings& settings) { settings.*flag = isOn; });
+    change(
+        [&](Settings& settings) { settings.*flag = isOn; },
+        Effect::none,
+        flag == &Settings::unblockedNotificationsEnabled
+            ? SettingsKeys::unblockedNotifications
+            : SettingsKeys::newPullRequestNotifications);
 }
 
 void SettingsOperations::setProjectDirectory(const std::string& directory)
@@ -153,15 +162,19 @@ void SettingsOperations::readAgain()
     adopt(std::move(settings));
 }
 
-void SettingsOperations::change(const std::function<void(Settings&)>& change, Effect effect)
+void SettingsOperations::change(
+    const std::function<void(Settings&)>& change,
+    Effect effect,
+    const std::optional<QString>& chosen)
 {
     const auto directory = std::exchange(_unsavedDirectory, std::nullopt);
-    Settings stored = _store.change([&](Settings& settings) {
+    const auto changeAll = [&](Settings& settings) {
         if (directory) {
             settings.projectDirectory = *directory;
         }
         change(settings);
-    });
+    };
+    Settings stored = _store.change(changeAll, chosen);
     adopt(std::move(stored), effect);
 }
 

@@ -73,7 +73,10 @@ private:
     template<typename E>
     void toggle(std::set<E> Settings::* filter, E value);
     void changeSelection(const std::function<void(std::set<std::string>&)>& change);
-    void change(const std::function<void(Settings&)>& change, Effect effect = Effect::none);
+    void change(
+        const std::function<void(Settings&)>& change,
+        Effect effect = Effect::none,
+        const std::optional<QString>& chosen = {});
     void adopt(Settings settings, Effect effect = Effect::none);
 
     Settings& _settings;

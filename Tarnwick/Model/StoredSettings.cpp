@@ -184,10 +184,14 @@ StoredSettings readSettings(const DefaultsStore& defaults)
     return Reader(defaults).read();
 }
 
-void writeDifferences(DefaultsStore& defaults, const Settings& before, const Settings& after)
+void writeDifferences(
+    DefaultsStore& defaults,
+    const Settings& before,
+    const Settings& after,
+    const std::optional<QString>& chosen)
 {
     const auto writeIfDifferent = [&](const QString& key, auto setting) {
-        if (before.*setting != after.*setting) {
+        if (before.*setting != after.*setting || key == chosen) {
             write(defaults, key, after.*setting);
         }
     };

@@ -2,6 +2,7 @@
 
 #include "Tarnwick/Model/Settings.h"
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -18,9 +19,13 @@ struct StoredSettings {
 /// Unknown texts and values of a foreign type are passed over. Writes nothing.
 StoredSettings readSettings(const DefaultsStore& defaults);
 
-/// Writes the settings in which the two differ, each under its own key. A selection of repositories
-/// counts as configured from then on.
-void writeDifferences(DefaultsStore& defaults, const Settings& before, const Settings& after);
+/// Writes the settings in which the two differ, each under its own key, and the one whose key is
+/// `chosen` in any case. A selection of repositories counts as configured from then on.
+void writeDifferences(
+    DefaultsStore& defaults,
+    const Settings& before,
+    const Settings& after,
+    const std::optional<QString>& chosen);
 
 /// Writes the selection, and that there is one.
 void writeSelection(DefaultsStore& defaults, const std::set<std::string>& names);

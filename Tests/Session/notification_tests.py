@@ -199,7 +199,7 @@ class NoServerTests(SessionTest):
         )
         # It would hide the alert.
         reader.wait_until_gone("popup menu", "List options")
-        self.assertNotIn("notifications.newPullRequests=true", self.read_settings())
+        self.assertIn("notifications.newPullRequests=false", self.read_settings())
         reader.press("push button", "Open System Settings")
         wait_until(lambda: self.programs.calls("xfce4-notifyd-config"), "the settings")
         self.assertEqual(self.programs.arguments("xfce4-notifyd-config"), [[]])
@@ -209,7 +209,7 @@ class NoServerTests(SessionTest):
         self.turn_on(reader, "Unblocked")
         reader.press("push button", "Cancel")
         reader.wait_until_gone("label", "Notifications Are Disabled")
-        self.assertNotIn("notifications.unblocked=true", self.read_settings())
+        self.assertIn("notifications.unblocked=false", self.read_settings())
         self.assertEqual(len(self.programs.calls("xfce4-notifyd-config")), 1)
 
     def testWhereThereAreNoSettingsToOpenItSaysWhatIsMissing(self):

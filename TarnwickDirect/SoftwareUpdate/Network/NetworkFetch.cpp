@@ -109,12 +109,6 @@ void NetworkFetch::start()
     _reply->setReadBufferSize(bufferSize);
     connect(_reply.get(), &QNetworkReply::readyRead, this, &NetworkFetch::read);
     connect(_reply.get(), &QNetworkReply::finished, this, &NetworkFetch::end);
-    // Qt follows one more than it is allowed (6.4).
-    connect(_reply.get(), &QNetworkReply::redirected, this, [this] {
-        if (++_redirects > redirectLimit) {
-            fail(reasonOf(QNetworkReply::TooManyRedirectsError));
-        }
-    });
     if (_request.timeLimit) {
         _timeLimit.start(*_request.timeLimit);
     }

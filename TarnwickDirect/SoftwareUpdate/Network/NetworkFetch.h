@@ -36,7 +36,6 @@ private:
     QTimer _beginning;
     QTimer _timeLimit;
     std::uint64_t _received = 0;
-    int _redirects = 0;
 };
 
 }  // namespace TarnwickDirect
