@@ -253,6 +253,7 @@ class KeyboardTests(PanelTest):
             ("push button", "Try Again"),
             ("push button", "Dismiss"),
             ("push button", "Tarnwick"),
+            ("push button", "Find"),
             ("push button", "List options"),
             ("list", "Pull requests"),
         ):
