@@ -55,8 +55,7 @@ std::vector<TextRange> matchesIn(const QString& text, const QStringList& foldedW
     for (const QString& word : foldedWords) {
         for (auto place = letters.text.indexOf(word); place >= 0;
              place = letters.text.indexOf(word, place + 1)) {
-            found.push_back(
-                {letterAt(place).start, letterAt(place + word.size() - 1).end});
+            found.push_back({letterAt(place).start, letterAt(place + word.size() - 1).end});
         }
     }
     std::ranges::sort(found, {}, &TextRange::start);

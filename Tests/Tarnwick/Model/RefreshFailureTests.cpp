@@ -32,9 +32,7 @@ TEST(RefreshFailureTests, isNoMatterOfTheLoginWhenGitHubIsNotReachedOrItsLimitIs
         RefreshFailure::requestFailed);
     EXPECT_EQ(
         refreshFailure(
-            {Kind::unavailable,
-             "GitHub's limit for your account is used up until 14:20.",
-             true}),
+            {Kind::unavailable, "GitHub's limit for your account is used up until 14:20.", true}),
         RefreshFailure::requestFailed);
 }
 
