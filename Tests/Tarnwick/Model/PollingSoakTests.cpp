@@ -192,7 +192,8 @@ TEST_P(PollingSoak, missesNoPollAndLeavesNothingBehind)
     EXPECT_FALSE(TestSupport::hasChildren());
     EXPECT_LT(memoryAtEnd, memory + std::size_t{256} * 1024);
     model.reset();  // Waits until the last list is on disk.
-    EXPECT_THAT(TestSupport::openDescriptors(), testing::ContainerEq(descriptors));
+    // One of an earlier test's threads may have ended meanwhile.
+    EXPECT_THAT(TestSupport::openDescriptors(), testing::Each(testing::AnyOfArray(descriptors)));
 }
 
 INSTANTIATE_TEST_SUITE_P(
