@@ -13,6 +13,15 @@
 
 namespace {
 
+/// The offscreen platform activates no window by itself. Deprecated since Qt 6.5.
+void setActive(QWidget* window)
+{
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    QApplication::setActiveWindow(window);
+    QT_WARNING_POP
+}
+
 using namespace TarnwickDirect;
 using namespace std::chrono_literals;
 using Form = PanelWindow::Form;
@@ -213,7 +222,7 @@ TEST_F(PanelWindowTest, closingHidesItAndIsTold)
 TEST_F(PanelWindowTest, aPanelClosesWhenTheFocusLeavesIt)
 {
     show(Form::panel);
-    QApplication::setActiveWindow(nullptr);
+    setActive(nullptr);
     loseFocus();
     QCoreApplication::processEvents();
     EXPECT_FALSE(window.isVisible());
@@ -222,11 +231,11 @@ TEST_F(PanelWindowTest, aPanelClosesWhenTheFocusLeavesIt)
 TEST_F(PanelWindowTest, aPanelThatIsShownAgainDoesNotMindThatItLostTheFocusBefore)
 {
     show(Form::panel);
-    QApplication::setActiveWindow(nullptr);
+    setActive(nullptr);
     loseFocus();
     window.hide();
     window.present(std::nullopt, {});
-    QApplication::setActiveWindow(nullptr);
+    setActive(nullptr);
     QCoreApplication::processEvents();
     EXPECT_TRUE(window.isVisible());
 }
@@ -235,7 +244,7 @@ TEST_F(PanelWindowTest, aPanelStaysWhileItsContentHasSomethingUp)
 {
     show(Form::panel);
     keepsOpen = true;
-    QApplication::setActiveWindow(nullptr);
+    setActive(nullptr);
     loseFocus();
     QCoreApplication::processEvents();
     EXPECT_TRUE(window.isVisible());
@@ -244,7 +253,7 @@ TEST_F(PanelWindowTest, aPanelStaysWhileItsContentHasSomethingUp)
 TEST_F(PanelWindowTest, anOrdinaryWindowStaysWhenTheFocusLeavesIt)
 {
     show(Form::window);
-    QApplication::setActiveWindow(nullptr);
+    setActive(nullptr);
     loseFocus();
     QCoreApplication::processEvents();
     EXPECT_TRUE(window.isVisible());
@@ -255,7 +264,7 @@ TEST_F(PanelWindowTest, theClickThatTookTheFocusIsKnown)
 {
     EXPECT_FALSE(window.hasJustLostFocus());
     show(Form::panel);
-    QApplication::setActiveWindow(nullptr);
+    setActive(nullptr);
     loseFocus();
     QCoreApplication::processEvents();
     const auto now = PanelWindow::Clock::now();
