@@ -47,6 +47,10 @@ struct PullRequestDetails {
     std::optional<std::int64_t> reviewLimit;
     std::optional<std::int64_t> checkLimit;
 
+    /// It was found by the search for what asks for the user's review, so the user or one of the
+    /// user's teams is among those who are asked. When false, that is not known.
+    bool asksForUser = false;
+
     bool isCutOff() const { return requestLimit || reviewLimit || checkLimit; }
 
     bool operator==(const PullRequestDetails&) const = default;

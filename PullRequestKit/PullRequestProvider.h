@@ -4,12 +4,14 @@
 #include "PullRequestKit/Errors.h"
 #include "PullRequestKit/PullRequest.h"
 #include "PullRequestKit/PullRequestDetails.h"
+#include "PullRequestKit/PullRequestFacts.h"
 #include "PullRequestKit/RepositorySummary.h"
 #include "PullRequestKit/ReviewerScope.h"
 
 #include <cstdint>
 #include <optional>
 #include <set>
+#include <span>
 #include <stop_token>
 #include <string>
 #include <string_view>
@@ -29,7 +31,7 @@ struct PullRequestList {
     std::vector<PullRequestDetails> details;
 };
 
-/// A code-hosting service as the program sees it. All three requests block; call them on a worker
+/// A code-hosting service as the program sees it. All requests block; call them on a worker
 /// thread. They may be called from several threads at once. A request whose token is stopped ends
 /// soon, with `CancellationError`.
 class PullRequestProvider {
@@ -66,6 +68,14 @@ public:
         std::stop_token stopToken) const
     {
         return {pullRequests(reviewerScope, repositories, std::move(stopToken)), std::nullopt, {}};
+    }
+
+    /// The facts of these pull requests. What cannot be told is left out: it throws nothing but
+    /// `CancellationError`. A provider that knows none leaves this as it is.
+    virtual FactsAnswer facts(
+        std::span<const PullRequest> /*pullRequests*/, std::stop_token /*stopToken*/) const
+    {
+        return {};
     }
 };
 
