@@ -4,6 +4,7 @@
 #include "PullRequestKit/PullRequestID.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -55,6 +56,7 @@ struct PullRequestFacts {
 };
 
 using FactsByID = std::unordered_map<PullRequestID, PullRequestFacts>;
+using SharedFacts = std::shared_ptr<const FactsByID>;
 
 /// What the service still grants within the hour.
 struct Quota {

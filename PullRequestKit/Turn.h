@@ -37,7 +37,7 @@ enum class TurnReason {
 struct Turn {
     Whose whose = Whose::others;
     TurnReason reason = TurnReason::none;
-    std::vector<std::string> names;  ///< Other people's texts, in the service's order.
+    std::vector<std::string> names = {};  ///< Other people's texts, in the service's order.
     std::int64_t number = 0;
 
     bool operator==(const Turn&) const = default;
