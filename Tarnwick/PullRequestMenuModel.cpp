@@ -41,8 +41,10 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
     , _snapshotWriter(_parts.cache)
     , _notifications(_parts.notifier, _settings, _operations)
     , _rows(std::make_shared<const std::vector<PullRequestRow>>())
+    , _turns(std::make_shared<const std::vector<Turn>>())
     , _allPullRequests(noPullRequests())
     , _details(std::make_shared<const DetailsByID>())
+    , _facts(std::make_shared<const FactsByID>())
     , _polling(
           _parts.clock,
           _parts.machine,
@@ -87,6 +89,8 @@ void PullRequestMenuModel::followSettings()
         // say that there are none.
         scheduleRefresh(0ms);
     });
+    connect(
+        &_operations, &Operations::arrangementChanged, this, &PullRequestMenuModel::rebuildRows);
     connect(
         &_operations,
         &Operations::pollingIntervalChanged,
@@ -143,7 +147,7 @@ void PullRequestMenuModel::showLastList()
         return;
     }
     setRows(
-        std::move(list->rows),
+        std::move(list->list),
         list->hidden,
         std::make_shared<const DetailsByID>(std::move(list->details)));
     _allPullRequests =
@@ -162,36 +166,56 @@ void PullRequestMenuModel::showLastList()
 void PullRequestMenuModel::rebuildRows()
 {
     FilteredRows list = filteredRows(*_allPullRequests, _settings);
-    setRows(std::move(list.rows), list.hidden);
+    setRows(arranged(_settings.arrangement, std::move(list.rows), turnSources()), list.hidden);
 }
 
 SharedRows PullRequestMenuModel::rowsWithHidden() const
 {
-    return std::make_shared<const std::vector<PullRequestRow>>(
-        Tarnwick::rowsWithHidden(*_allPullRequests, _settings));
+    const auto list = arrangedWithHidden();
+    return {list, &list->rows};
 }
 
-void PullRequestMenuModel::setRows(std::vector<PullRequestRow> rows, HiddenCounts hidden)
+std::shared_ptr<const ArrangedRows> PullRequestMenuModel::arrangedWithHidden() const
+{
+    return std::make_shared<const ArrangedRows>(arranged(
+        _settings.arrangement,
+        Tarnwick::rowsWithHidden(*_allPullRequests, _settings),
+        turnSources(),
+        [this](const PullRequest& pullRequest) { return sightOf(pullRequest) == Sight::inSight; }));
+}
+
+TurnSources PullRequestMenuModel::turnSources() const
+{
+    return {*_allPullRequests, *_details, *_facts, _account ? *_account : std::string_view()};
+}
+
+void PullRequestMenuModel::setRows(ArrangedRows list, HiddenCounts hidden)
 {
     const HiddenCounts previous = std::exchange(_hidden, hidden);
-    if (*_rows != rows) {
-        _rows = std::make_shared<const std::vector<PullRequestRow>>(std::move(rows));
+    const bool areOtherTurns = *_turns != list.turns || _groups != list.groups;
+    if (areOtherTurns) {
+        _turns = std::make_shared<const std::vector<Turn>>(std::move(list.turns));
+        _groups = std::move(list.groups);
+    }
+    if (*_rows != list.rows) {
+        _rows = std::make_shared<const std::vector<PullRequestRow>>(std::move(list.rows));
         Q_EMIT rowsChanged();
+    } else if (areOtherTurns) {
+        Q_EMIT turnsChanged();
     }
     if (previous.total() > 0 || hidden.total() > 0) {
         Q_EMIT hiddenChanged();
     }
 }
 
-void PullRequestMenuModel::setRows(
-    std::vector<PullRequestRow> rows, HiddenCounts hidden, SharedDetails details)
+void PullRequestMenuModel::setRows(ArrangedRows list, HiddenCounts hidden, SharedDetails details)
 {
     const bool areOtherDetails = *_details != *details;
     if (areOtherDetails) {
         _details = std::move(details);
     }
     const SharedRows before = _rows;
-    setRows(std::move(rows), hidden);
+    setRows(std::move(list), hidden);
     if (areOtherDetails && _rows == before) {
         Q_EMIT detailsChanged();
     }

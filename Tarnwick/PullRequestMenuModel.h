@@ -8,6 +8,7 @@
 #include "Tarnwick/Desktop/MachineEvents.h"
 #include "Tarnwick/Desktop/PullRequestNotifying.h"
 #include "Tarnwick/ExternalNavigation.h"
+#include "Tarnwick/Model/Arrangement.h"
 #include "Tarnwick/Model/BlockedPullRequests.h"
 #include "Tarnwick/Model/MenuState.h"
 #include "Tarnwick/Model/Polling.h"
@@ -34,6 +35,7 @@ namespace Tarnwick {
 class NotificationPresentationDelegate;
 
 using SharedRows = std::shared_ptr<const std::vector<PullRequestKit::PullRequestRow>>;
+using SharedTurns = std::shared_ptr<const std::vector<PullRequestKit::Turn>>;
 
 /// What the list shows and how it comes about: the pull requests, the state of the refresh, the
 /// filters and the settings. Views and commands read it, call it and follow its signals; each
@@ -80,11 +82,26 @@ public:
     /// The same, for whoever needs them after the next change. Not null.
     const SharedRows& sharedRows() const { return _rows; }
 
+    /// Whose turn it is with each of the rows. Empty while they are arranged by review state.
+    const std::vector<PullRequestKit::Turn>& turns() const { return *_turns; }
+
+    /// The same, for whoever needs them after the next change. Not null.
+    const SharedTurns& sharedTurns() const { return _turns; }
+
+    /// The headings and the rows below each. Empty while they are arranged by review state.
+    const std::vector<TurnGroup>& groups() const { return _groups; }
+
+    /// What turns follow from. Valid until the next change.
+    TurnSources turnSources() const;
+
     /// How many pull requests of the selected repositories are not in `rows`, and why.
     const HiddenCounts& hidden() const { return _hidden; }
 
     /// The rows together with the hidden ones in their places, worked out at each call. Not null.
     SharedRows rowsWithHidden() const;
+
+    /// The same with their turns and groups, in which hidden ones do not count. Not null.
+    std::shared_ptr<const ArrangedRows> arrangedWithHidden() const;
 
     /// Whether a fetched pull request is in sight by the filters as they are now.
     Sight sightOf(const PullRequestKit::PullRequest& pullRequest) const
@@ -173,6 +190,9 @@ public:
 
     void toggleMergeability(MergeabilityFilter value) { _operations.toggleMergeability(value); }
 
+    /// Nothing happens when the value is the current one.
+    void setArrangement(Arrangement value) { _operations.setArrangement(value); }
+
     /// Sets every filter to its default but for the selection of repositories.
     void resetFilters() { _operations.resetFilters(); }
 
@@ -222,6 +242,8 @@ Q_SIGNALS:
     void settingsReadAgain();
     /// The rows are as before: otherwise `rowsChanged` alone says that both changed.
     void detailsChanged();
+    /// Turns or groups of the same rows: otherwise `rowsChanged` alone says that both changed.
+    void turnsChanged();
 
 private:
     template<typename Value>
@@ -232,11 +254,8 @@ private:
 
     void showLastList();
     void rebuildRows();
-    void setRows(std::vector<PullRequestKit::PullRequestRow> rows, HiddenCounts hidden);
-    void setRows(
-        std::vector<PullRequestKit::PullRequestRow> rows,
-        HiddenCounts hidden,
-        PullRequestKit::SharedDetails details);
+    void setRows(ArrangedRows list, HiddenCounts hidden);
+    void setRows(ArrangedRows list, HiddenCounts hidden, PullRequestKit::SharedDetails details);
 
     QCoro::Task<> refreshUntilStopped(std::stop_token stopToken);
     void begin(const std::stop_token& stopToken);
@@ -266,6 +285,8 @@ private:
 
     MenuState _state;
     SharedRows _rows;
+    SharedTurns _turns;
+    std::vector<TurnGroup> _groups;
     HiddenCounts _hidden;
     std::vector<PullRequestKit::RepositorySummary> _repositories;
     std::optional<std::string> _account;
@@ -280,6 +301,7 @@ private:
 
     SharedPullRequests _allPullRequests;
     PullRequestKit::SharedDetails _details;
+    PullRequestKit::SharedFacts _facts;
     bool _hasSnapshot = false;
     BlockedPullRequests _blocked;
     bool _hasRecalledBlocked = false;

@@ -107,7 +107,7 @@ QCoro::Task<> PullRequestMenuModel::askProvider(std::stop_token stopToken)
         assign(_state, {MenuState::Kind::loading, {}}, &PullRequestMenuModel::stateChanged);
     }
 
-    const RefreshStart start{account, std::make_shared<const Settings>(_settings)};
+    const RefreshStart start{account, std::make_shared<const Settings>(_settings), _facts};
     auto fetching = onWorker([provider, start, stopToken] {
         const FetchRequest request{
             reviewerScopeOf(start.settings->reviewerFilter), start.settings->selectedRepositories};
@@ -154,11 +154,12 @@ void PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
     if (_settings != *start.settings) {
         // The user has chosen something else since.
         result = refreshResult(
-            std::move(result), {start.account, std::make_shared<const Settings>(_settings)});
+            std::move(result),
+            {start.account, std::make_shared<const Settings>(_settings), _facts});
     }
     recallBlocked();
     _allPullRequests = result.pullRequests;
-    setRows(std::move(result.rows), result.hidden, std::move(result.details));
+    setRows(std::move(result.list), result.hidden, std::move(result.details));
     assign(_shortfall, result.shortfall, &PullRequestMenuModel::shortfallChanged);
     const Date now = _parts.clock->now();
     assign(_lastRefreshed, now, &PullRequestMenuModel::lastRefreshedChanged);

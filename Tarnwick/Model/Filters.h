@@ -9,8 +9,8 @@
 #include <optional>
 #include <string_view>
 
-/// What the user can filter by. The text of each case is its label in the menu and what the
-/// settings store; the order of the cases is the menu's.
+/// What the user can filter and arrange by. The text of each case is its label in the menu and what
+/// the settings store; the order of the cases is the menu's.
 namespace Tarnwick {
 
 enum class StatusFilter {
@@ -42,6 +42,12 @@ enum class MergeabilityFilter {
 enum class ReviewerFilter {
     myself,
     any,
+};
+
+/// How the list is arranged.
+enum class Arrangement {
+    byReviewState,
+    byWhoseTurn,
 };
 
 /// The time between two refreshes. The value is stored as its seconds: do not renumber.
@@ -150,6 +156,15 @@ struct EnumNames<Tarnwick::ReviewerFilter> {
     static constexpr auto names = enumNames<Tarnwick::ReviewerFilter>({
         {Tarnwick::ReviewerFilter::myself, "Myself"},
         {Tarnwick::ReviewerFilter::any, "Any"},
+    });
+};
+
+// Stored: do not rename.
+template<>
+struct EnumNames<Tarnwick::Arrangement> {
+    static constexpr auto names = enumNames<Tarnwick::Arrangement>({
+        {Tarnwick::Arrangement::byReviewState, "By Review State"},
+        {Tarnwick::Arrangement::byWhoseTurn, "By Whose Turn"},
     });
 };
 

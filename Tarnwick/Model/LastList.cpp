@@ -4,6 +4,7 @@
 #include "Tarnwick/Model/RowFilter.h"
 #include "Tarnwick/Persistence/PullRequestDetailsFile.h"
 
+#include <string>
 #include <utility>
 
 namespace Tarnwick {
@@ -20,7 +21,13 @@ std::optional<LastList> lastList(
     }
     snapshot->pullRequests = PullRequestKit::uniquePullRequests(std::move(snapshot->pullRequests));
     FilteredRows list = filteredRows(snapshot->pullRequests, settings);
-    return LastList{std::move(*snapshot), std::move(details), std::move(list.rows), list.hidden};
+    const PullRequestKit::FactsByID facts;
+    const std::string login = snapshot->account.value_or("");
+    ArrangedRows rows = arranged(
+        settings.arrangement,
+        std::move(list.rows),
+        {snapshot->pullRequests, details, facts, login});
+    return LastList{std::move(*snapshot), std::move(details), std::move(rows), list.hidden};
 }
 
 std::optional<LastList> lastList(const PullRequestDiskCache& cache, const Settings& settings)

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "PullRequestKit/PullRequestDetails.h"
-#include "PullRequestKit/PullRequestRow.h"
+#include "Tarnwick/Model/Arrangement.h"
 #include "Tarnwick/Model/HiddenCounts.h"
 #include "Tarnwick/Model/Settings.h"
 #include "Tarnwick/Persistence/PullRequestDiskCache.h"
 
 #include <optional>
-#include <vector>
 
 namespace Tarnwick {
 
@@ -15,7 +14,7 @@ namespace Tarnwick {
 struct LastList {
     CachedPullRequestSnapshot snapshot;  ///< Each pull request once.
     PullRequestKit::DetailsByID details;
-    std::vector<PullRequestKit::PullRequestRow> rows;
+    ArrangedRows list;
     HiddenCounts hidden;
 };
 

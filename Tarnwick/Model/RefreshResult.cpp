@@ -44,9 +44,15 @@ RefreshResult refreshResult(RefreshResult result, const RefreshStart& start)
 {
     const Settings& settings = *start.settings;
     FilteredRows list = filteredRows(*result.pullRequests, settings);
-    result.rows = std::move(list.rows);
+    const FactsByID noFacts;
+    const std::string login = start.account.value_or("");
+    result.list = arranged(
+        settings.arrangement,
+        std::move(list.rows),
+        {*result.pullRequests, *result.details, start.facts ? *start.facts : noFacts, login});
     result.hidden = list.hidden;
-    result.baseline = makeBaseline(notificationScope(start.account, settings), result.rows, {});
+    result.baseline =
+        makeBaseline(notificationScope(start.account, settings), result.list.rows, {});
     CachedPullRequestSnapshot& snapshot = result.snapshot;
     snapshot.account = start.account;
     snapshot.reviewerScope = reviewerScopeOf(settings.reviewerFilter);

@@ -2,6 +2,7 @@
 
 #include "PullRequestKit/PullRequestDetails.h"
 #include "PullRequestKit/PullRequestRow.h"
+#include "Tarnwick/Model/Arrangement.h"
 #include "Tarnwick/Model/Fetch.h"
 #include "Tarnwick/Model/HiddenCounts.h"
 #include "Tarnwick/Model/NotificationDecisions.h"
@@ -20,16 +21,17 @@ using SharedPullRequests = std::shared_ptr<const std::vector<PullRequestKit::Pul
 struct RefreshStart {
     std::optional<std::string> account;
     std::shared_ptr<const Settings> settings;
+    PullRequestKit::SharedFacts facts = nullptr;  ///< What is known so far; null is nothing.
 };
 
 /// What a refresh found, made ready for the list, the notifications and the cache.
 struct RefreshResult {
-    SharedPullRequests pullRequests;                   ///< Not null.
-    PullRequestKit::SharedDetails details;             ///< Not null.
-    std::vector<PullRequestKit::PullRequestRow> rows;  ///< What the settings leave.
-    HiddenCounts hidden;                               ///< What they hide.
-    NewPullRequestBaseline baseline;                   ///< Its time is still to be set.
-    CachedPullRequestSnapshot snapshot;                ///< Likewise.
+    SharedPullRequests pullRequests;        ///< Not null.
+    PullRequestKit::SharedDetails details;  ///< Not null.
+    ArrangedRows list;                      ///< What the settings leave.
+    HiddenCounts hidden;                    ///< What they hide.
+    NewPullRequestBaseline baseline;        ///< Its time is still to be set.
+    CachedPullRequestSnapshot snapshot;     ///< Likewise.
     std::optional<Shortfall> shortfall;
 };
 

@@ -20,6 +20,7 @@ struct Settings {
     std::set<ReviewFilter> reviewFilters;  ///< An empty set filters nothing.
     std::set<MergeabilityFilter> mergeabilities = everyCase<MergeabilityFilter>();
     ReviewerFilter reviewerFilter = ReviewerFilter::myself;
+    Arrangement arrangement = Arrangement::byReviewState;
     PollingInterval pollingInterval = PollingInterval::fiveMinutes;
     std::string projectDirectory;  ///< The folder of the local clones; may be empty.
     bool unblockedNotificationsEnabled = false;

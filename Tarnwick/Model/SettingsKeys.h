@@ -15,6 +15,7 @@ inline const QString schemaVersion = QStringLiteral("filters.schemaVersion");
 inline const QString reviewFilters = QStringLiteral("filters.reviewStates");
 inline const QString mergeabilities = QStringLiteral("filters.mergeability");
 inline const QString reviewers = QStringLiteral("filters.reviewers");
+inline const QString arrangement = QStringLiteral("list.arrangement");
 inline const QString pollingInterval = QStringLiteral("polling.interval");
 inline const QString projectDirectory = QStringLiteral("editor.projectDirectory");
 inline const QString darkMode = QStringLiteral("appearance.darkMode");

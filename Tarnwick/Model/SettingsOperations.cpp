@@ -113,6 +113,13 @@ void SettingsOperations::setReviewerFilter(ReviewerFilter value)
     }
 }
 
+void SettingsOperations::setArrangement(Arrangement value)
+{
+    if (value != _settings.arrangement) {
+        change([&](Settings& settings) { settings.arrangement = value; });
+    }
+}
+
 void SettingsOperations::setPollingInterval(PollingInterval interval)
 {
     change(
@@ -194,6 +201,9 @@ void SettingsOperations::adopt(Settings settings, Effect effect)
     }
     if (before.reviewerFilter != now.reviewerFilter) {
         Q_EMIT reviewersChanged();
+    }
+    if (before.arrangement != now.arrangement) {
+        Q_EMIT arrangementChanged();
     }
     if (before.pollingInterval != now.pollingInterval || effect == Effect::pollingInterval) {
         Q_EMIT pollingIntervalChanged();

@@ -39,6 +39,7 @@ public:
 
     /// Nothing happens when the value is the current one.
     void setReviewerFilter(ReviewerFilter value);
+    void setArrangement(Arrangement value);
     void setPollingInterval(PollingInterval interval);
     void setDarkMode(bool isDark);
 
@@ -56,9 +57,10 @@ public:
 Q_SIGNALS:
     /// Some setting changed; each of the others goes with this one.
     void changed();
-    void filtersChanged();    ///< Other rows pass.
-    void selectionChanged();  ///< Other repositories are to be fetched.
-    void reviewersChanged();  ///< Other pull requests are to be fetched.
+    void filtersChanged();      ///< Other rows pass.
+    void selectionChanged();    ///< Other repositories are to be fetched.
+    void reviewersChanged();    ///< Other pull requests are to be fetched.
+    void arrangementChanged();  ///< The same rows in another order.
     void pollingIntervalChanged();
     void darkModeChanged();
 

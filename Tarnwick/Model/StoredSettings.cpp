@@ -64,6 +64,7 @@ private:
     std::set<MergeabilityFilter> mergeabilities();
     PollingInterval pollingInterval() const;
     ReviewerFilter reviewerFilter();
+    Arrangement arrangement() const;
 
     const DefaultsStore& _defaults;
     StoredSettings _result;
@@ -85,6 +86,7 @@ StoredSettings Reader::read()
     settings.mergeabilities = mergeabilities();
     settings.pollingInterval = pollingInterval();
     settings.reviewerFilter = reviewerFilter();
+    settings.arrangement = arrangement();
     settings.projectDirectory = readText(_defaults, Keys::projectDirectory).value_or("");
     settings.darkMode = readFlag(_defaults, Keys::darkMode).value_or(false);
     return std::move(_result);
@@ -151,6 +153,13 @@ ReviewerFilter Reader::reviewerFilter()
     return value.value_or(ReviewerFilter::myself);
 }
 
+Arrangement Reader::arrangement() const
+{
+    const auto stored = readText(_defaults, Keys::arrangement);
+    const auto value = stored ? PullRequestKit::enumNamed<Arrangement>(*stored) : std::nullopt;
+    return value.value_or(Arrangement::byReviewState);
+}
+
 void write(DefaultsStore& defaults, const QString& key, bool flag)
 {
     writeFlag(defaults, key, flag);
@@ -166,9 +175,10 @@ void write(DefaultsStore& defaults, const QString& key, PollingInterval interval
     writeInteger(defaults, key, secondsOf(interval).count());
 }
 
-void write(DefaultsStore& defaults, const QString& key, ReviewerFilter filter)
+template<PullRequestKit::NamedEnum E>
+void write(DefaultsStore& defaults, const QString& key, E value)
 {
-    writeText(defaults, key, std::string(PullRequestKit::nameOf(filter)));
+    writeText(defaults, key, std::string(PullRequestKit::nameOf(value)));
 }
 
 template<typename E>
@@ -200,6 +210,7 @@ void writeDifferences(
     writeIfDifferent(Keys::reviewFilters, &Settings::reviewFilters);
     writeIfDifferent(Keys::mergeabilities, &Settings::mergeabilities);
     writeIfDifferent(Keys::reviewers, &Settings::reviewerFilter);
+    writeIfDifferent(Keys::arrangement, &Settings::arrangement);
     writeIfDifferent(Keys::pollingInterval, &Settings::pollingInterval);
     writeIfDifferent(Keys::projectDirectory, &Settings::projectDirectory);
     writeIfDifferent(Keys::unblockedNotifications, &Settings::unblockedNotificationsEnabled);

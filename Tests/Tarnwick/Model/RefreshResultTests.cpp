@@ -48,7 +48,7 @@ TEST(RefreshResults, holdTheRowsThatTheSettingsLeave)
     settings.selectedRepositories = {"octo/tools"};
     FetchedPullRequests fetched{{makePullRequest(1), draft(2)}, {}, Shortfall{5, 2}};
     const auto result = refreshResult(std::move(fetched), startWith(settings));
-    EXPECT_THAT(numbers(result.rows), ElementsAre(1));
+    EXPECT_THAT(numbers(result.list.rows), ElementsAre(1));
     EXPECT_THAT(*result.pullRequests, ElementsAre(makePullRequest(1), draft(2)));
     EXPECT_EQ(result.shortfall, (Shortfall{5, 2}));
     EXPECT_THAT(result.baseline.ids, ElementsAre(makePullRequest(1).id));
@@ -78,13 +78,13 @@ TEST(RefreshResults, areMadeReadyForOtherSettings)
     auto result = refreshResult({{makePullRequest(1), draft(2)}, {}, {}}, startWith(settings));
     settings.statuses = {StatusFilter::draft};
     result = refreshResult(std::move(result), startWith(settings));
-    EXPECT_THAT(numbers(result.rows), ElementsAre(2));
+    EXPECT_THAT(numbers(result.list.rows), ElementsAre(2));
     EXPECT_THAT(result.baseline.ids, ElementsAre(draft(2).id));
     EXPECT_THAT(result.baseline.scope.statuses, ElementsAre(StatusFilter::draft));
     EXPECT_THAT(result.snapshot.pullRequests, ElementsAre(makePullRequest(1), draft(2)));
     settings.statuses = {};
     result = refreshResult(std::move(result), startWith(settings));
-    EXPECT_THAT(result.rows, IsEmpty());
+    EXPECT_THAT(result.list.rows, IsEmpty());
     EXPECT_THAT(result.snapshot.states, Optional(IsEmpty()));
 }
 

@@ -86,6 +86,7 @@ TEST(Settings, areReadFromTheirKeys)
         {u"filters.reviewers"_s, u"Any"_s},
         {u"filters.repositories"_s, QStringList{u"octo/tools"_s, u"octo/web"_s}},
         {u"filters.repositoriesConfigured"_s, true},
+        {u"list.arrangement"_s, u"By Whose Turn"_s},
         {u"polling.interval"_s, 3600},
         {u"notifications.unblocked"_s, true},
         {u"notifications.newPullRequests"_s, true},
@@ -98,6 +99,7 @@ TEST(Settings, areReadFromTheirKeys)
         .reviewFilters = {ReviewFilter::changesRequested, ReviewFilter::none},
         .mergeabilities = {MergeabilityFilter::unknown},
         .reviewerFilter = ReviewerFilter::any,
+        .arrangement = Arrangement::byWhoseTurn,
         .pollingInterval = PollingInterval::oneHour,
         .projectDirectory = "/home/octo/Projects",
         .unblockedNotificationsEnabled = true,
@@ -153,6 +155,7 @@ TEST(Settings, passOverValuesOfForeignTypes)
           "filters.repositories",
           "filters.repositoriesConfigured",
           "filters.schemaVersion",
+          "list.arrangement",
           "polling.interval",
           "notifications.unblocked",
           "notifications.newPullRequests",
@@ -214,6 +217,9 @@ TEST(Settings, writeOnlyTheirOwnKey)
         written([](Settings& s) { s.reviewerFilter = ReviewerFilter::any; }),
         ElementsAre(u"filters.reviewers"));
     EXPECT_THAT(
+        written([](Settings& s) { s.arrangement = Arrangement::byWhoseTurn; }),
+        ElementsAre(u"list.arrangement"));
+    EXPECT_THAT(
         written([](Settings& s) { s.pollingInterval = PollingInterval::oneHour; }),
         ElementsAre(u"polling.interval"));
     EXPECT_THAT(
@@ -242,6 +248,7 @@ TEST(Settings, areStoredAsTheirRawValues)
         settings.reviewFilters = {ReviewFilter::none, ReviewFilter::changesRequested};
         settings.mergeabilities = {MergeabilityFilter::mergeable, MergeabilityFilter::conflicting};
         settings.reviewerFilter = ReviewerFilter::any;
+        settings.arrangement = Arrangement::byWhoseTurn;
         settings.pollingInterval = PollingInterval::thirtyMinutes;
         settings.projectDirectory = "/home/octo/Проекты";
         settings.unblockedNotificationsEnabled = true;
@@ -256,6 +263,7 @@ TEST(Settings, areStoredAsTheirRawValues)
         defaults.values.at(u"filters.mergeability"_s),
         (QStringList{u"Conflicting"_s, u"Mergeable"_s}));
     EXPECT_EQ(defaults.values.at(u"filters.reviewers"_s), u"Any"_s);
+    EXPECT_EQ(defaults.values.at(u"list.arrangement"_s), u"By Whose Turn"_s);
     EXPECT_EQ(defaults.values.at(u"polling.interval"_s), 1800);
     EXPECT_EQ(defaults.values.at(u"editor.projectDirectory"_s), u"/home/octo/Проекты"_s);
     EXPECT_EQ(defaults.values.at(u"notifications.unblocked"_s), true);
