@@ -32,6 +32,11 @@ constexpr int usualColumns = 80;
 constexpr UChar32 replacement = 0xFFFD;
 constexpr UChar32 softHyphen = 0x00AD;
 
+bool isIn(UChar32 character, UChar32 first, UChar32 last)
+{
+    return character >= first && character <= last;
+}
+
 /// Asks for the colored form of the character before it, which takes two columns.
 constexpr UChar32 emojiSelector = 0xFE0F;
 
@@ -41,18 +46,19 @@ bool isSteering(UChar32 character)
            || character == 0x2028 || character == 0x2029;
 }
 
-/// Whether a character of the category of invisible ones is drawn all the same.
+/// Whether a character of the category of invisible ones is drawn all the same, by some terminals
+/// at least: the marks of annotations and those that join hieroglyphs.
 bool isDrawnFormat(UChar32 character)
 {
-    return character == softHyphen
+    return character == softHyphen || isIn(character, 0xFFF9, 0xFFFB)
+           || isIn(character, 0x13430, 0x1343F)
            || u_hasBinaryProperty(character, UCHAR_PREPENDED_CONCATENATION_MARK) != 0;
 }
 
 /// Numbers and hexagrams that terminals draw wide, though Unicode 15 did not say so.
 bool isDrawnWide(UChar32 character)
 {
-    return (character >= 0x3248 && character <= 0x324F)
-           || (character >= 0x4DC0 && character <= 0x4DFF)
+    return isIn(character, 0x3248, 0x324F) || isIn(character, 0x4DC0, 0x4DFF)
            || u_hasBinaryProperty(character, UCHAR_EMOJI_PRESENTATION) != 0;
 }
 

@@ -128,6 +128,8 @@ TEST(Terminal, countsTheLargerNumberWhereTerminalsDiffer)
     EXPECT_EQ(displayWidth("🦀\uFE0F"), 2);
     EXPECT_EQ(displayWidth("👩\u200D👧"), 4);
     EXPECT_EQ(displayWidth("a\u00ADb"), 3);
+    EXPECT_EQ(displayWidth("\uFFF9a\uFFFB"), 3);
+    EXPECT_EQ(displayWidth("\U00013430"), 1);
 }
 
 TEST(Terminal, countsNoLessThanTheCLibrary)
