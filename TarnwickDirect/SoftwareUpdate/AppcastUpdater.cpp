@@ -6,6 +6,7 @@
 #include "TarnwickDirect/SoftwareUpdate/UpdateError.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdaterDelegate.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateWording.h"
+#include "TarnwickDirect/SoftwareUpdate/VersionComparison.h"
 
 #include <cassert>
 #include <utility>
@@ -128,10 +129,24 @@ QCoro::Task<> AppcastUpdater::check(Occasion occasion, std::stop_token stopToken
         co_return;
     }
     _installation = installation;
+    noteInstalledPackage();
     if (occasion == Occasion::background && !_installation.format()) {
         endCheck();
     } else {
         lookAtFeed(occasion);
+    }
+}
+
+/// The package may have been replaced since this process began, by the installer that it was handed
+/// to or by hand. Later checks compare with what would run after the next start.
+void AppcastUpdater::noteInstalledPackage()
+{
+    const QString installed = QString::fromStdString(_installation.packageVersion);
+    if (!installed.isEmpty() && compareVersions(installed, _collaborators.ownVersion) > 0) {
+        _collaborators.ownVersion = installed;
+        _installed.emplace();
+        _installed->version = installed;
+        _installed->displayedVersion = installed;
     }
 }
 
@@ -313,7 +328,7 @@ void AppcastUpdater::downloaded(const std::filesystem::path& file)
 
 QCoro::Task<> AppcastUpdater::replace(std::filesystem::path file, std::stop_token stopToken)
 {
-    const auto work = [file, oldFile = _installation.appImage] {
+    const auto work = [file, oldFile = _installation.program] {
         return replacementProblem(oldFile, file);
     };
     auto replacing = Tarnwick::onWorker(work);

@@ -83,6 +83,7 @@ private:
     void checkInBackground();
     void begin(Occasion occasion);
     QCoro::Task<> check(Occasion occasion, std::stop_token stopToken);
+    void noteInstalledPackage();
     void lookAtFeed(Occasion occasion);
     QString networkProblem();
     void endNetwork();

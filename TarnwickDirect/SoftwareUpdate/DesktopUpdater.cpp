@@ -43,7 +43,7 @@ DesktopUpdater::DesktopUpdater(
 
 void DesktopUpdater::restart()
 {
-    _host.restart(_updater->installation().appImage);
+    _host.restart(_updater->installation().program);
 }
 
 MakeUpdater desktopUpdaterFrom(const UpdateSource& source)

@@ -35,6 +35,12 @@ std::string packageIn(const std::string& listing)
     return isOnePackage ? line.substr(0, end) : std::string{};
 }
 
+/// What stands before the packager's revision in a version such as "0.2.0-1".
+std::string upstreamVersion(const std::string& version)
+{
+    return version.substr(0, version.rfind('-'));
+}
+
 }  // namespace
 
 std::optional<PackageFormat> Installation::format() const
@@ -58,20 +64,21 @@ Installation findInstallation(
     std::stop_token stopToken)
 {
     if (const auto appImage = Tarnwick::appImageOf(environment, executable); !appImage.empty()) {
-        return {.kind = Installation::Kind::appImage, .appImage = appImage, .package = {}};
+        return {.kind = Installation::Kind::appImage, .program = appImage};
     }
     const std::string package =
         packageIn(outputOf(runner, "/usr/bin/dpkg-query", {"-S", executable.string()}, stopToken));
     if (package.empty()) {
         return {};
     }
-    const bool isInRepository =
-        !outputOf(runner, "/usr/bin/apt-cache", {"madison", package}, stopToken).empty();
-    return {
-        .kind = isInRepository ? Installation::Kind::repositoryPackage
-                               : Installation::Kind::debianPackage,
-        .appImage = {},
-        .package = package};
+    Installation found{
+        .kind = Installation::Kind::repositoryPackage, .program = executable, .package = package};
+    if (outputOf(runner, "/usr/bin/apt-cache", {"madison", package}, stopToken).empty()) {
+        found.kind = Installation::Kind::debianPackage;
+        found.packageVersion = upstreamVersion(
+            outputOf(runner, "/usr/bin/dpkg-query", {"-W", "-f=${Version}", package}, stopToken));
+    }
+    return found;
 }
 
 }  // namespace TarnwickDirect

@@ -19,8 +19,13 @@ struct Installation {
     };
 
     Kind kind = Kind::source;
-    std::filesystem::path appImage;  ///< Only with `appImage`.
-    std::string package;             ///< The name of the package, with both kinds of them.
+    std::filesystem::path program =
+        {};                    ///< What the next version takes the place of; not with `source`.
+    std::string package = {};  ///< The name of the package, with both kinds of them.
+
+    /// Without what the packager has appended; only with `debianPackage`. Another version than the
+    /// one that runs was installed meanwhile.
+    std::string packageVersion = {};
 
     bool operator==(const Installation&) const = default;
 

@@ -187,6 +187,21 @@ TEST_F(AppcastUpdaterTest, whatIsInstalledIsNotOfferedAgain)
     EXPECT_EQ(check(), Kind::available);
 }
 
+TEST_F(AppcastUpdaterTest, aPackageThatWasInstalledMeanwhileWaitsForTheRestart)
+{
+    installation = {
+        .kind = Installation::Kind::debianPackage, .package = "tarnwick", .packageVersion = "1.0"};
+    start();
+    EXPECT_EQ(check(), Kind::available);
+    updater->dismiss();
+    installation.packageVersion = "2.0";
+    EXPECT_EQ(check(), Kind::installed);
+    EXPECT_EQ(updater->state().offer.displayedVersion, QStringLiteral("2.0"));
+    updater->dismiss();
+    serveFeed(item("3.0"));
+    EXPECT_EQ(check(), Kind::available);
+}
+
 TEST_F(AppcastUpdaterTest, tellsHowFarTheDownloadHasCome)
 {
     stallDownload();
@@ -269,8 +284,7 @@ TEST_F(AppcastUpdaterTest, anAppImageThatIsGoneIsNotMade)
 
 TEST_F(AppcastUpdaterTest, handsAPackageOver)
 {
-    installation = {
-        .kind = Installation::Kind::debianPackage, .appImage = {}, .package = "tarnwick"};
+    installation = {.kind = Installation::Kind::debianPackage, .package = "tarnwick"};
     start();
     EXPECT_EQ(install(), Kind::handedOver);
     ASSERT_EQ(packages.size(), 1U);
@@ -283,8 +297,7 @@ TEST_F(AppcastUpdaterTest, handsAPackageOver)
 
 TEST_F(AppcastUpdaterTest, onlyTellsOfWhatThePackageManagerUpdates)
 {
-    installation = {
-        .kind = Installation::Kind::repositoryPackage, .appImage = {}, .package = "tarnwick"};
+    installation = {.kind = Installation::Kind::repositoryPackage, .package = "tarnwick"};
     start();
     EXPECT_EQ(check(), Kind::available);
     EXPECT_EQ(updater->installation(), installation);

@@ -170,7 +170,7 @@ TEST_F(BackgroundCheckTest, givesWayToACheckOfTheUser)
 TEST_F(BackgroundCheckTest, isNotMadeForWhatCannotReplaceItself)
 {
     for (const auto kind : {Installation::Kind::repositoryPackage, Installation::Kind::source}) {
-        installation = {.kind = kind, .appImage = {}, .package = {}};
+        installation = {.kind = kind, .package = {}};
         installationQueries = 0;
         start();
         advanceTo(24h);

@@ -94,8 +94,7 @@ TEST_F(DesktopUpdaterTest, startsTheNewVersionOfAnAppImage)
 
 TEST_F(DesktopUpdaterTest, opensAVerifiedPackage)
 {
-    installation = {
-        .kind = Installation::Kind::debianPackage, .appImage = {}, .package = "tarnwick"};
+    installation = {.kind = Installation::Kind::debianPackage, .package = "tarnwick"};
     open().checkForUpdates();
     ASSERT_TRUE(comesTo(Kind::available));
     press("Install Update");
@@ -108,8 +107,7 @@ TEST_F(DesktopUpdaterTest, opensAVerifiedPackage)
 
 TEST_F(DesktopUpdaterTest, opensNoPackageThatFailsVerification)
 {
-    installation = {
-        .kind = Installation::Kind::debianPackage, .appImage = {}, .package = "tarnwick"};
+    installation = {.kind = Installation::Kind::debianPackage, .package = "tarnwick"};
     server.serve("/tarnwick.deb", QByteArray(program).replace("2.0", "6.6"));
     open().checkForUpdates();
     ASSERT_TRUE(comesTo(Kind::available));

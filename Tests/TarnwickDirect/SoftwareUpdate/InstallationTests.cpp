@@ -48,6 +48,7 @@ TEST_F(InstallationTest, aProgramThatAnAppImageStartsIsNoAppImage)
     executable = "/usr/bin/tarnwick";
     runner.prints("tarnwick: /usr/bin/tarnwick\n");
     runner.prints("");
+    runner.prints("0.1.0-1");
     EXPECT_EQ(find().kind, Kind::debianPackage);
 }
 
@@ -55,7 +56,7 @@ TEST_F(InstallationTest, whatARepositoryHasBelongsToThePackageManager)
 {
     runner.prints("tarnwick: /usr/bin/tarnwick\n");
     runner.prints(" tarnwick | 0.1.0-1 | https://deb.example.org stable/main amd64 Packages\n");
-    EXPECT_EQ(find(), (Installation{Kind::repositoryPackage, {}, "tarnwick"}));
+    EXPECT_EQ(find(), (Installation{Kind::repositoryPackage, executable, "tarnwick"}));
     EXPECT_THAT(
         runner.calls(),
         ElementsAre(
@@ -67,8 +68,13 @@ TEST_F(InstallationTest, aPackageThatNoRepositoryHasWasInstalledByHand)
 {
     runner.prints("tarnwick:amd64: /usr/bin/tarnwick\n");
     runner.prints("");
+    runner.prints("0.2.0~dev-1");
     const Installation found = find();
-    EXPECT_EQ(found, (Installation{Kind::debianPackage, {}, "tarnwick:amd64"}));
+    EXPECT_EQ(
+        found, (Installation{Kind::debianPackage, executable, "tarnwick:amd64", "0.2.0~dev"}));
+    EXPECT_EQ(
+        runner.calls().back(),
+        (Call{"/usr/bin/dpkg-query", {"-W", "-f=${Version}", "tarnwick:amd64"}}));
     EXPECT_EQ(found.format(), PackageFormat::debianPackage);
 }
 

@@ -9,7 +9,7 @@ using namespace TarnwickDirect;
 UpdaterTest::UpdaterTest()
 {
     FileTrouble::writeFile(appImage, "version 1.0");
-    installation = {.kind = Installation::Kind::appImage, .appImage = appImage, .package = {}};
+    installation = {.kind = Installation::Kind::appImage, .program = appImage};
     Tarnwick::writeDate(
         *defaults, QStringLiteral("updates.lastCheck"), clock->now() - std::chrono::hours(2));
     server.serve("/Tarnwick.AppImage", program);
