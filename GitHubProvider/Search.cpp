@@ -103,9 +103,12 @@ std::int64_t join(std::vector<SearchHit>& hits, std::vector<SearchHit> more)
             continue;
         }
         ++doubles;
-        if (isLaterUpdated(hit, hits[known->second])) {
-            hits[known->second] = std::move(hit);
+        SearchHit& there = hits[known->second];
+        const bool asksForUser = there.details.asksForUser || hit.details.asksForUser;
+        if (isLaterUpdated(hit, there)) {
+            there = std::move(hit);
         }
+        there.details.asksForUser = asksForUser;
     }
     return doubles;
 }
@@ -115,7 +118,7 @@ std::int64_t join(std::vector<SearchHit>& hits, std::vector<SearchHit> more)
 SearchResult search(
     const Gh& gh,
     const std::string& host,
-    const std::string& query,
+    const SearchQuery& query,
     SearchForm form,
     SearchTrace& trace,
     std::stop_token stopToken)
@@ -123,15 +126,18 @@ SearchResult search(
     SearchResult found;
     PullRequestKit::SharedTexts texts;
     std::optional<std::string> cursor;
-    trace.searchStarted(query);
+    trace.searchStarted(query.text);
     do {
         throwIfStopped(stopToken);
         trace.pageStarted();
-        const CommandResult result = gh.run(searchArguments(query, cursor, form), stopToken);
+        const CommandResult result = gh.run(searchArguments(query.text, cursor, form), stopToken);
         SearchPage page = decodePage(result, trace);
         found.matches = page.issueCount;
         cursor = appendHits(found.hits, std::move(page), host, texts);
     } while (cursor);
+    for (SearchHit& hit : found.hits) {
+        hit.details.asksForUser = hit.pullRequest && query.asksForUser;
+    }
     found.isCutOff = std::cmp_greater(found.matches.value_or(0), found.hits.size());
     return found;
 }
@@ -139,13 +145,13 @@ SearchResult search(
 SearchResult searchEach(
     const Gh& gh,
     const std::string& host,
-    const std::vector<std::string>& queries,
+    const std::vector<SearchQuery>& queries,
     SearchForm form,
     SearchTrace& trace,
     std::stop_token stopToken)
 {
     SearchResult all;
-    for (const std::string& query : queries) {
+    for (const SearchQuery& query : queries) {
         SearchResult found = search(gh, host, query, form, trace, stopToken);
         if (&query == &queries.front()) {
             all = std::move(found);

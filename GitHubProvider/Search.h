@@ -40,18 +40,18 @@ struct SearchResult {
 SearchResult search(
     const Gh& gh,
     const std::string& host,
-    const std::string& query,
+    const SearchQuery& query,
     SearchForm form,
     SearchTrace& trace,
     std::stop_token stopToken);
 
 /// The hits of several queries as one list, last updated first. A pull request that several of them
-/// found is there once, in the version updated last, and counts once in `matches`. One query is
-/// loaded as `search` does it. Otherwise like `search`.
+/// found is there once, in the version updated last, and counts once in `matches`; it asks for the
+/// user when any of them says so. One query is loaded as `search` does it. Otherwise like `search`.
 SearchResult searchEach(
     const Gh& gh,
     const std::string& host,
-    const std::vector<std::string>& queries,
+    const std::vector<SearchQuery>& queries,
     SearchForm form,
     SearchTrace& trace,
     std::stop_token stopToken);

@@ -34,18 +34,36 @@ constexpr const char* documentArgument = R"(query=query($q:String!, $cursor:Stri
   }
 })";
 
+/// One way in which a pull request can concern the user.
+struct Concern {
+    std::string_view terms;
+    bool asksForUser = false;
+};
+
+std::vector<Concern> concerns(PullRequestKit::ReviewerScope reviewerScope)
+{
+    constexpr Concern reviewRequested{" review-requested:@me", true};
+    switch (reviewerScope) {
+    case PullRequestKit::ReviewerScope::myself:
+        return {reviewRequested};
+    case PullRequestKit::ReviewerScope::any:
+        return {Concern{}};
+    case PullRequestKit::ReviewerScope::involved:
+        return {reviewRequested, {" author:@me"}, {" reviewed-by:@me -author:@me"}};
+    }
+    return {};
+}
+
 /// The terms before and after those of the repositories.
 struct Frame {
     std::string before;
     std::string_view after = " sort:updated-desc";
 };
 
-Frame frame(PullRequestKit::ReviewerScope reviewerScope)
+Frame frame(const Concern& concern)
 {
-    const bool isForMyself = reviewerScope == PullRequestKit::ReviewerScope::myself;
     Frame frame;
-    frame.before = isForMyself ? "is:pr review-requested:@me" : "is:pr";
-    frame.before += " is:open archived:false";
+    frame.before.append("is:pr").append(concern.terms).append(" is:open archived:false");
     return frame;
 }
 
@@ -83,27 +101,16 @@ std::string documentFor(SearchForm form)
     return document;
 }
 
-}  // namespace
-
-std::string searchQuery(
-    PullRequestKit::ReviewerScope reviewerScope,
-    const std::set<std::string>& repositories,
-    SearchForm form)
-{
-    const std::vector<std::string_view> names(repositories.begin(), repositories.end());
-    return assemble(frame(reviewerScope), names, form);
-}
-
-std::vector<std::string> searchQueries(
-    PullRequestKit::ReviewerScope reviewerScope,
+void addQueries(
+    std::vector<SearchQuery>& queries,
+    const Concern& concern,
     const std::set<std::string>& repositories,
     SearchForm form,
     const SearchBounds& bounds)
 {
-    const Frame around = frame(reviewerScope);
+    const Frame around = frame(concern);
     const Joint parts = joint(form);
     const std::size_t fixed = around.before.size() + parts.last.size() + around.after.size();
-    std::vector<std::string> queries;
     std::vector<std::string_view> names;
     std::size_t size = fixed;
     for (const std::string& repository : repositories) {
@@ -111,7 +118,7 @@ std::vector<std::string> searchQueries(
             std::max(parts.first.size(), parts.between.size()) + repository.size();
         const bool isFull = size + more > bounds.bytes || names.size() == bounds.repositories;
         if (isFull && !names.empty()) {
-            queries.push_back(assemble(around, names, form));
+            queries.push_back({assemble(around, names, form), concern.asksForUser});
             names.clear();
             size = fixed;
         }
@@ -119,7 +126,21 @@ std::vector<std::string> searchQueries(
         size += more;
     }
     if (!names.empty()) {
-        queries.push_back(assemble(around, names, form));
+        queries.push_back({assemble(around, names, form), concern.asksForUser});
+    }
+}
+
+}  // namespace
+
+std::vector<SearchQuery> searchQueries(
+    PullRequestKit::ReviewerScope reviewerScope,
+    const std::set<std::string>& repositories,
+    SearchForm form,
+    const SearchBounds& bounds)
+{
+    std::vector<SearchQuery> queries;
+    for (const Concern& concern : concerns(reviewerScope)) {
+        addQueries(queries, concern, repositories, form, bounds);
     }
     return queries;
 }

@@ -34,19 +34,22 @@ struct SearchBounds {
     static constexpr std::size_t largestSearchText = std::size_t{128} * 1024 - 1 - 2;
 };
 
-/// The search terms for the open pull requests of these repositories, last updated first.
-/// Safe from any thread.
-std::string searchQuery(
-    PullRequestKit::ReviewerScope reviewerScope,
-    const std::set<std::string>& repositories,
-    SearchForm form = SearchForm::terms);
+/// The text of one search, and what all its hits have in common.
+struct SearchQuery {
+    std::string text;
+    bool asksForUser = false;  ///< They ask for the review of the user or of one of their teams.
 
-/// The same as few searches within the bounds, each for a part of the repositories in their order.
-/// A single repository that is beyond them has a search of its own. Safe from any thread.
-std::vector<std::string> searchQueries(
+    bool operator==(const SearchQuery&) const = default;
+};
+
+/// The searches for the open pull requests of these repositories, last updated first: one, or one
+/// for each way in which the user can be involved. Each is made as few as fit into the bounds, for
+/// a part of the repositories in their order. A single repository that is beyond them has a search
+/// of its own. Safe from any thread.
+std::vector<SearchQuery> searchQueries(
     PullRequestKit::ReviewerScope reviewerScope,
     const std::set<std::string>& repositories,
-    SearchForm form,
+    SearchForm form = SearchForm::terms,
     const SearchBounds& bounds = {});
 
 /// The arguments with which `gh` loads the first page of the query's hits, or the page at `cursor`.

@@ -20,11 +20,14 @@ DetailsByID detailsByID(
     for (std::size_t place = 0; place < pullRequests.size(); ++place) {
         const PullRequest& pullRequest = pullRequests[place];
         const auto [entry, isFirst] = byID.try_emplace(pullRequest.id);
-        Date& update = updates[&entry->second];
+        PullRequestDetails& kept = entry->second;
+        Date& update = updates[&kept];
+        const bool asksForUser = kept.asksForUser || details[place].asksForUser;
         if (isFirst || pullRequest.updatedAt > update) {
-            entry->second = std::move(details[place]);
+            kept = std::move(details[place]);
             update = pullRequest.updatedAt;
         }
+        kept.asksForUser = asksForUser;
     }
     return byID;
 }

@@ -60,8 +60,8 @@ using DetailsByID = std::unordered_map<PullRequestID, PullRequestDetails>;
 using SharedDetails = std::shared_ptr<const DetailsByID>;
 
 /// The details of each pull request: where an identity occurs twice, those of the version that
-/// `uniquePullRequests` keeps. Requires: details for each pull request in the same order, or none.
-/// Safe from any thread.
+/// `uniquePullRequests` keeps; it asks for the user when any of them does. Requires: details for
+/// each pull request in the same order, or none. Safe from any thread.
 DetailsByID detailsByID(
     std::span<const PullRequest> pullRequests, std::vector<PullRequestDetails> details);
 

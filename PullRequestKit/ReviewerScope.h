@@ -4,10 +4,11 @@
 
 namespace PullRequestKit {
 
-/// Whose review the wanted pull requests ask for.
+/// How the wanted pull requests concern the user.
 enum class ReviewerScope {
-    myself,
-    any,
+    myself,    ///< They ask for the user's review.
+    any,       ///< In any way or none.
+    involved,  ///< The user is asked for a review, has given one, or is the author.
 };
 
 // Stored: do not rename.
@@ -16,6 +17,7 @@ struct EnumNames<ReviewerScope> {
     static constexpr auto names = enumNames<ReviewerScope>({
         {ReviewerScope::myself, "myself"},
         {ReviewerScope::any, "any"},
+        {ReviewerScope::involved, "involved"},
     });
 };
 

@@ -38,10 +38,12 @@ enum class MergeabilityFilter {
     unknown,
 };
 
-/// Whose pull requests are fetched: those that ask for the user's review, or all.
+/// Which pull requests are fetched: those that ask for the user's review, all, or those in which
+/// the user has a part.
 enum class ReviewerFilter {
     myself,
     any,
+    involved,
 };
 
 /// How the list is arranged.
@@ -101,8 +103,15 @@ constexpr std::string_view labelOf(PollingInterval interval)
 /// What the provider is asked for.
 constexpr PullRequestKit::ReviewerScope reviewerScopeOf(ReviewerFilter filter)
 {
-    return filter == ReviewerFilter::myself ? PullRequestKit::ReviewerScope::myself
-                                            : PullRequestKit::ReviewerScope::any;
+    switch (filter) {
+    case ReviewerFilter::myself:
+        return PullRequestKit::ReviewerScope::myself;
+    case ReviewerFilter::any:
+        return PullRequestKit::ReviewerScope::any;
+    case ReviewerFilter::involved:
+        return PullRequestKit::ReviewerScope::involved;
+    }
+    return PullRequestKit::ReviewerScope::myself;
 }
 
 }  // namespace Tarnwick
@@ -156,6 +165,7 @@ struct EnumNames<Tarnwick::ReviewerFilter> {
     static constexpr auto names = enumNames<Tarnwick::ReviewerFilter>({
         {Tarnwick::ReviewerFilter::myself, "Myself"},
         {Tarnwick::ReviewerFilter::any, "Any"},
+        {Tarnwick::ReviewerFilter::involved, "Involved"},
     });
 };
 

@@ -80,7 +80,8 @@ KeptPullRequests keptForm(const CachedPullRequestSnapshot& snapshot, const Detai
                  places.of(known.runningChecks),
                  known.requestLimit,
                  known.reviewLimit,
-                 known.checkLimit}});
+                 known.checkLimit,
+                 known.asksForUser ? std::optional(true) : std::nullopt}});
     }
     return kept;
 }
@@ -107,7 +108,8 @@ DetailsByID detailsOf(KeptPullRequests kept)
                 namesAt(known.runningChecks, names),
                 known.requestLimit,
                 known.reviewLimit,
-                known.checkLimit});
+                known.checkLimit,
+                known.asksForUser.value_or(false)});
     }
     return details;
 }

@@ -23,6 +23,7 @@ struct KeptDetails {
     std::optional<std::int64_t> requestLimit;
     std::optional<std::int64_t> reviewLimit;
     std::optional<std::int64_t> checkLimit;
+    std::optional<bool> asksForUser;  ///< Kept only when true: otherwise it is not known.
 
     bool operator==(const KeptDetails&) const = default;
 };
@@ -93,6 +94,7 @@ struct PullRequestKit::Json::Fields<Tarnwick::KeptDetails> {
         field("requestLimit", &Details::requestLimit),
         field("reviewLimit", &Details::reviewLimit),
         field("checkLimit", &Details::checkLimit),
+        field("asksForUser", &Details::asksForUser),
     };
 };
 

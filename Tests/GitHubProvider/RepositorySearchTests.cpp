@@ -59,9 +59,11 @@ protected:
             memory);
     }
 
-    PullRequestList list(std::set<std::string> repositories = {"a/one", "b/two"})
+    PullRequestList list(
+        std::set<std::string> repositories = {"a/one", "b/two"},
+        ReviewerScope scope = ReviewerScope::any)
     {
-        return provider->listPullRequests(ReviewerScope::any, repositories, stop.get_token());
+        return provider->listPullRequests(scope, repositories, stop.get_token());
     }
 
     void rememberGrouping() const
@@ -292,39 +294,49 @@ std::set<std::string> longNames(int count)
     return names;
 }
 
+std::vector<std::string> textsOf(const std::vector<SearchQuery>& queries)
+{
+    std::vector<std::string> texts;
+    for (const SearchQuery& query : queries) {
+        texts.push_back(query.text);
+    }
+    return texts;
+}
+
 TEST(SearchQueries, takeAsFewArgumentsAsTheSystemAllows)
 {
     const auto few = searchQueries(ReviewerScope::myself, longNames(1230), SearchForm::terms);
-    EXPECT_THAT(few, ElementsAre(searchQuery(ReviewerScope::myself, longNames(1230))));
+    EXPECT_EQ(few.size(), 1U);
     for (const SearchForm form : {SearchForm::terms, SearchForm::groups}) {
         const auto queries = searchQueries(ReviewerScope::myself, longNames(3000), form);
         EXPECT_EQ(queries.size(), 3U);
-        for (const std::string& query : queries) {
-            EXPECT_LE(("q=" + query).size() + 1, 131'072U);
+        for (const SearchQuery& query : queries) {
+            EXPECT_LE(("q=" + query.text).size() + 1, 131'072U);
         }
     }
 }
 
 TEST(SearchQueries, fillAnArgumentToItsLastByte)
 {
-    const std::string whole = searchQuery(ReviewerScope::any, {"a/one", "b/two"});
+    const std::string whole =
+        "is:pr is:open archived:false repo:a/one repo:b/two sort:updated-desc";
+    const auto within = [](std::size_t bytes) {
+        return textsOf(searchQueries(
+            ReviewerScope::any, {"a/one", "b/two"}, SearchForm::terms, {.bytes = bytes}));
+    };
+    EXPECT_THAT(within(whole.size()), ElementsAre(whole));
     EXPECT_THAT(
-        searchQueries(
-            ReviewerScope::any, {"a/one", "b/two"}, SearchForm::terms, {.bytes = whole.size()}),
-        ElementsAre(whole));
-    EXPECT_THAT(
-        searchQueries(
-            ReviewerScope::any, {"a/one", "b/two"}, SearchForm::terms, {.bytes = whole.size() - 1}),
+        within(whole.size() - 1),
         ElementsAre(
-            searchQuery(ReviewerScope::any, {"a/one"}),
-            searchQuery(ReviewerScope::any, {"b/two"})));
+            "is:pr is:open archived:false repo:a/one sort:updated-desc",
+            "is:pr is:open archived:false repo:b/two sort:updated-desc"));
 }
 
 TEST(SearchQueries, nameEveryRepositoryOnceInOrder)
 {
     EXPECT_THAT(
-        searchQueries(
-            ReviewerScope::any, {"a/1", "a/2", "a/3"}, SearchForm::groups, {.repositories = 2}),
+        textsOf(searchQueries(
+            ReviewerScope::any, {"a/1", "a/2", "a/3"}, SearchForm::groups, {.repositories = 2})),
         ElementsAre(
             "is:pr is:open archived:false (repo:a/1 OR repo:a/2) sort:updated-desc",
             "is:pr is:open archived:false repo:a/3 sort:updated-desc"));
@@ -386,6 +398,104 @@ TEST_F(SplitSearch, countsItsPagesThroughInTheLog)
     EXPECT_THAT(log[2], testing::StartsWith("Tarnwick GitHub search: query=is:pr is:open"));
     EXPECT_THAT(log[3], testing::StartsWith("Tarnwick GitHub search: page=2 "));
     EXPECT_THAT(log[4], testing::HasSubstr(" pages=2 nodes=1 "));
+}
+
+class InvolvedSearch : public SplitSearch {
+protected:
+    PullRequestList involved(std::set<std::string> repositories = {"a/one", "b/two"})
+    {
+        return list(std::move(repositories), ReviewerScope::involved);
+    }
+
+    /// Whether each of the list's pull requests asks for the user.
+    static std::vector<bool> asking(const PullRequestList& list)
+    {
+        std::vector<bool> asking;
+        for (const PullRequestDetails& details : list.details) {
+            asking.push_back(details.asksForUser);
+        }
+        return asking;
+    }
+
+    const std::string older = "2024-05-01T10:00:00Z";
+    const std::string newer = "2024-05-02T10:00:00Z";
+    const std::string newest = "2024-05-03T10:00:00Z";
+};
+
+TEST_F(InvolvedSearch, joinsThreeSearchesAndKnowsWhatAsksForTheUser)
+{
+    runner->prints(answer(2, hit("a/one", 1, newest) + "," + hit("a/one", 2, older)));
+    runner->prints(answer(1, hit("b/two", 3, newer)));
+    runner->prints(answer(2, hit("a/one", 4, newer) + "," + hit("a/one", 2, older)));
+    const PullRequestList found = involved();
+    EXPECT_THAT(numbers(found), ElementsAre(1, 3, 4, 2));
+    EXPECT_THAT(asking(found), ElementsAre(true, false, false, true));
+    EXPECT_EQ(found.found, std::nullopt);
+    EXPECT_THAT(
+        searches(),
+        ElementsAre(
+            testing::StartsWith("is:pr review-requested:@me is:open"),
+            testing::StartsWith("is:pr author:@me is:open"),
+            testing::StartsWith("is:pr reviewed-by:@me -author:@me is:open")));
+}
+
+TEST_F(InvolvedSearch, aLaterVersionFromAnotherSearchGoesOnAskingForTheUser)
+{
+    runner->prints(answer(1, hit("a/one", 1, older)));
+    runner->prints(nothing);
+    runner->prints(answer(1, hit("a/one", 1, newest)));
+    const PullRequestList found = involved();
+    ASSERT_EQ(found.pullRequests.size(), 1U);
+    EXPECT_EQ(found.pullRequests[0].updatedAt, *parseDate(newest));
+    EXPECT_THAT(asking(found), ElementsAre(true));
+}
+
+TEST_F(InvolvedSearch, countsWhatSeveralSearchesFoundOnce)
+{
+    runner->prints(answer(1500, hit("a/one", 1, newest)));
+    runner->prints(answer(1, hit("b/two", 3, newer)));
+    runner->prints(answer(2, hit("a/one", 1, newest) + "," + hit("a/one", 4, older)));
+    EXPECT_EQ(involved().found, 1502);
+}
+
+TEST_F(InvolvedSearch, failsAsAWhole)
+{
+    runner->prints(answer(1, hit("a/one", 1, newest)));
+    runner->prints(answer(1, hit("b/two", 3, newer)));
+    runner->ends(1, "", "gh: HTTP 502");
+    EXPECT_EQ(messageOf<ProviderError>([this] { involved(); }), "gh: HTTP 502");
+}
+
+TEST_F(InvolvedSearch, splitsEachOfItsSearches)
+{
+    for (int search = 0; search < 6; ++search) {
+        runner->prints(answer(1, hit("a/one", search, newer)));
+    }
+    EXPECT_EQ(involved(longNames(1500)).pullRequests.size(), 6U);
+}
+
+TEST_F(InvolvedSearch, goesOnInGroupsWhenAllThreeFindNothingAndTheTermsExclude)
+{
+    runner->prints(nothing);
+    runner->prints(nothing);
+    runner->prints(nothing);
+    runner->prints(counts(3, 0, 0));
+    runner->prints(nothing);
+    runner->prints(answer(1, hit("b/two", 7, newer)));
+    runner->prints(nothing);
+    EXPECT_EQ(involved().pullRequests.size(), 1U);
+    EXPECT_EQ(
+        searches().back(),
+        "is:pr reviewed-by:@me -author:@me is:open archived:false (repo:a/one OR repo:b/two) "
+        "sort:updated-desc");
+}
+
+TEST_F(InvolvedSearch, asksNothingMoreWhenOneOfThemFindsSomething)
+{
+    runner->prints(nothing);
+    runner->prints(answer(1, hit("b/two", 7, newer)));
+    runner->prints(nothing);
+    EXPECT_EQ(involved().pullRequests.size(), 1U);
 }
 
 }  // namespace

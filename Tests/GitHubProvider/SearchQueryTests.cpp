@@ -36,10 +36,18 @@ constexpr const char* documentArgument =
     "  }\n"
     "}";
 
+/// The text of the one search that a scope needs.
+std::string onlySearch(ReviewerScope scope, const std::set<std::string>& repositories)
+{
+    const auto queries = searchQueries(scope, repositories);
+    EXPECT_EQ(queries.size(), 1U);
+    return queries.at(0).text;
+}
+
 TEST(SearchQuery, namesTheSortedRepositoriesAndTheReviewer)
 {
     EXPECT_EQ(
-        searchQuery(ReviewerScope::myself, {"b/two", "a/one"}),
+        onlySearch(ReviewerScope::myself, {"b/two", "a/one"}),
         "is:pr review-requested:@me is:open archived:false repo:a/one repo:b/two "
         "sort:updated-desc");
 }
@@ -47,14 +55,39 @@ TEST(SearchQuery, namesTheSortedRepositoriesAndTheReviewer)
 TEST(SearchQuery, forAnyReviewerBeginsWithPullRequestAndOpen)
 {
     EXPECT_EQ(
-        searchQuery(ReviewerScope::any, {"a/one"}),
+        onlySearch(ReviewerScope::any, {"a/one"}),
         "is:pr is:open archived:false repo:a/one sort:updated-desc");
+}
+
+TEST(SearchQuery, forTheInvolvedUserThereIsOneForEachPartInPullRequests)
+{
+    const auto queries = searchQueries(ReviewerScope::involved, {"b/two", "a/one"});
+    EXPECT_THAT(
+        queries,
+        testing::ElementsAre(
+            SearchQuery{
+                "is:pr review-requested:@me is:open archived:false repo:a/one repo:b/two "
+                "sort:updated-desc",
+                true},
+            SearchQuery{
+                "is:pr author:@me is:open archived:false repo:a/one repo:b/two sort:updated-desc",
+                false},
+            SearchQuery{
+                "is:pr reviewed-by:@me -author:@me is:open archived:false repo:a/one repo:b/two "
+                "sort:updated-desc",
+                false}));
+}
+
+TEST(SearchQuery, onlyThatForReviewRequestsFindsWhatAsksForTheUser)
+{
+    EXPECT_TRUE(searchQueries(ReviewerScope::myself, {"a/one"}).at(0).asksForUser);
+    EXPECT_FALSE(searchQueries(ReviewerScope::any, {"a/one"}).at(0).asksForUser);
 }
 
 TEST(SearchQuery, repositoriesAreSortedByCodePoint)
 {
     EXPECT_EQ(
-        searchQuery(ReviewerScope::any, {"a/b", "B/a", "a/B", "é/a", "z/a"}),
+        onlySearch(ReviewerScope::any, {"a/b", "B/a", "a/B", "é/a", "z/a"}),
         "is:pr is:open archived:false repo:B/a repo:a/B repo:a/b repo:z/a repo:é/a "
         "sort:updated-desc");
 }

@@ -25,11 +25,13 @@ TEST(AuthenticationStatus, isEqualOnlyWhenCaseAndPayloadAre)
     EXPECT_NE(AuthenticationStatus(Unavailable{"m"}), AuthenticationStatus(Unavailable{"n"}));
 }
 
-TEST(ReviewerScope, isReadFromItsTwoTextsOnly)
+TEST(ReviewerScope, isReadFromItsThreeTextsOnly)
 {
     EXPECT_EQ(Json::decode<ReviewerScope>(R"("myself")"), ReviewerScope::myself);
     EXPECT_EQ(Json::decode<ReviewerScope>(R"("any")"), ReviewerScope::any);
-    for (const auto* text : {R"("Any")", R"("me")", R"("")", R"("any ")", "0", "null", "{}"}) {
+    EXPECT_EQ(Json::decode<ReviewerScope>(R"("involved")"), ReviewerScope::involved);
+    for (const auto* text :
+         {R"("Any")", R"("Involved")", R"("me")", R"("")", R"("any ")", "0", "null", "{}"}) {
         EXPECT_THROW(Json::decode<ReviewerScope>(text), DecodingError) << text;
     }
 }
@@ -38,11 +40,14 @@ TEST(ReviewerScope, isWrittenAsItsText)
 {
     EXPECT_EQ(Json::encode(ReviewerScope::myself), R"("myself")");
     EXPECT_EQ(Json::encode(ReviewerScope::any), R"("any")");
+    EXPECT_EQ(Json::encode(ReviewerScope::involved), R"("involved")");
 }
 
 TEST(ReviewerScope, listsItsCasesInOrder)
 {
-    EXPECT_THAT(allCases<ReviewerScope>(), ElementsAre(ReviewerScope::myself, ReviewerScope::any));
+    EXPECT_THAT(
+        allCases<ReviewerScope>(),
+        ElementsAre(ReviewerScope::myself, ReviewerScope::any, ReviewerScope::involved));
 }
 
 TEST(ProviderError, describesItselfWithItsMessageUnchanged)

@@ -53,6 +53,20 @@ TEST(PullRequestDetails, ofAnIdentityThatOccursTwiceAreThoseOfTheVersionThatIsKe
     EXPECT_EQ(details.at(pullRequests[1].id), waitingFor("first"));
 }
 
+TEST(PullRequestDetails, ofAnIdentityThatOccursTwiceAskForTheUserWhenOneOfThemDoes)
+{
+    PullRequestDetails asking;
+    asking.asksForUser = true;
+    for (const bool isFirst : {true, false}) {
+        const std::vector pullRequests{
+            updatedAt(1, "2024-05-01T10:00:00Z"), updatedAt(1, "2024-05-01T11:00:00Z")};
+        const DetailsByID details = detailsByID(
+            pullRequests,
+            {isFirst ? asking : waitingFor("old"), isFirst ? waitingFor("new") : asking});
+        EXPECT_TRUE(details.at(pullRequests[0].id).asksForUser);
+    }
+}
+
 TEST(PullRequestDetails, areMissingWhereTheServiceTellsNone)
 {
     EXPECT_TRUE(detailsByID(std::vector{makePullRequest(1)}, {}).empty());

@@ -74,6 +74,7 @@ class DayTests(SessionTest):
             ("Polling", "30 minutes"),
             ("Reviewers", "Myself"),
             ("Reviewers", "Any"),
+            ("Reviewers", "Involved"),
             ("Checks", "Pass"),
             ("Checks", "Pass"),
         ):

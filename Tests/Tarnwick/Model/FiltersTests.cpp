@@ -27,7 +27,7 @@ TEST(Filters, haveTheirStoredTextsInTheOrderOfTheMenu)
     EXPECT_THAT(
         namesOf<ReviewFilter>(), ElementsAre("Approved", "Changes Requested", "Commented", "None"));
     EXPECT_THAT(namesOf<MergeabilityFilter>(), ElementsAre("Mergeable", "Conflicting", "Unknown"));
-    EXPECT_THAT(namesOf<ReviewerFilter>(), ElementsAre("Myself", "Any"));
+    EXPECT_THAT(namesOf<ReviewerFilter>(), ElementsAre("Myself", "Any", "Involved"));
 }
 
 TEST(Filters, areReadFromExactlyTheirTexts)
@@ -65,6 +65,7 @@ TEST(Filters, askTheProviderForTheScopeOfTheSameName)
 {
     EXPECT_EQ(reviewerScopeOf(ReviewerFilter::myself), PullRequestKit::ReviewerScope::myself);
     EXPECT_EQ(reviewerScopeOf(ReviewerFilter::any), PullRequestKit::ReviewerScope::any);
+    EXPECT_EQ(reviewerScopeOf(ReviewerFilter::involved), PullRequestKit::ReviewerScope::involved);
 }
 
 }  // namespace

@@ -33,6 +33,7 @@ PullRequestDetails namedDetails()
     details.reviews = {{"noa-b", ReviewVerdict::dismissed}};
     details.failedChecks = {"test linux"};
     details.checkLimit = 100;
+    details.asksForUser = true;
     return details;
 }
 
@@ -81,7 +82,7 @@ TEST_F(PullRequestDetailsFileTest, isOneDocumentInTheOrderOfTheSnapshot)
         R"({"id":{"provider":"github","host":"github.com","repository":"octo/tools","number":1},)"
         R"("details":{"requestedUsers":[],"requestedTeams":["platform"],)"
         R"("reviews":[{"author":"noa-b","verdict":"dismissed"}],"passedChecks":[],)"
-        R"("failedChecks":[0],"runningChecks":[],"checkLimit":100}},)"
+        R"("failedChecks":[0],"runningChecks":[],"checkLimit":100,"asksForUser":true}},)"
         R"({"id":{"provider":"github","host":"github.com","repository":"octo/tools","number":2},)"
         R"("details":{"requestedUsers":[],"requestedTeams":[],"reviews":[],"passedChecks":[0,1],)"
         R"("failedChecks":[],"runningChecks":[]}}]})");
@@ -160,25 +161,12 @@ TEST_F(PullRequestDetailsFileTest, thatIsAFolderCountsAsAbsentAndSavingSaysSo)
     EXPECT_THAT(file.load(snapshot), IsEmpty());
     try {
         file.save(snapshot, details);
-        FAIL() << "no "
-                  "err"
-                  "or";
+        FAIL() << "no error";
     } catch (const CacheWriteError& error) {
         EXPECT_EQ(
             std::string(error.what()),
-            "The "
-            "detail"
-            "s of "
-            "the "
-            "pull "
-            "reques"
-            "ts "
-            "could "
-            "not "
-            "be "
-            "kept "
-            "in "
-                + file.fileURL.string() + ": Is a directory.");
+            "The details of the pull requests could not be kept in " + file.fileURL.string()
+                + ": Is a directory.");
     }
 }
 
