@@ -1,7 +1,7 @@
 #include "GitHubProvider/BaseRules.h"
 
+#include "GitHubProvider/RequestFailure.h"
 #include "GitHubProvider/Text.h"
-#include "PullRequestKit/Errors.h"
 #include "PullRequestKit/Json/Reading.h"
 
 #include <algorithm>
@@ -34,11 +34,11 @@ void loadBatch(
 {
     const CommandResult result = gh.run(baseRulesArguments(batch), stopToken);
     if (result.status != 0) {
-        throw PullRequestKit::ProviderError(decodeText(result.standardError));
+        throwRequestFailure(decodeText(result.standardError));
     }
     const auto envelope = PullRequestKit::Json::decode<BaseRulesEnvelope>(result.standardOutput);
     if (const auto failures = envelope.failures(); !failures.empty()) {
-        throw graphQLError(failures);
+        throwRequestFailure(graphQLMessage(failures));
     }
     for (const std::string& id : batch) {
         results[id] = std::nullopt;

@@ -67,6 +67,7 @@ GitHubProvider::GitHubProvider(
     , _wallClock(wallClock)
     , _memory(std::move(memory))
     , _ruleCache(std::move(wallClock))
+    , _facts(_gh, _host, _wallClock)
 {}
 
 std::string_view GitHubProvider::id() const
@@ -119,6 +120,12 @@ PullRequestList GitHubProvider::listPullRequests(
     PullRequestList list = openPullRequests(std::move(result.hits), counts);
     list.found = found;
     return list;
+}
+
+PullRequestKit::FactsAnswer GitHubProvider::facts(
+    std::span<const PullRequest> pullRequests, std::stop_token stopToken) const
+{
+    return _facts.ask(pullRequests, stopToken);
 }
 
 }  // namespace GitHubProvider

@@ -3,6 +3,7 @@
 #include "GitHubProvider/BaseRuleCache.h"
 #include "GitHubProvider/Clocks.h"
 #include "GitHubProvider/CommandRunning.h"
+#include "GitHubProvider/Facts.h"
 #include "GitHubProvider/Gh.h"
 #include "GitHubProvider/SearchMemory.h"
 #include "GitHubProvider/SystemLog.h"
@@ -13,6 +14,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <span>
 #include <stop_token>
 #include <string>
 #include <string_view>
@@ -24,7 +26,8 @@ namespace GitHubProvider {
 inline constexpr const char* publicHost = "github.com";
 
 /// GitHub as the user's own `gh` sees it, with its login, host and tokens: every request is a run
-/// of `gh`. Rules of base branches are remembered for as long as the provider lives.
+/// of `gh`. Rules of base branches, and which facts the host does not know, are remembered for as
+/// long as the provider lives.
 class GitHubProvider final : public PullRequestKit::PullRequestProvider {
 public:
     /// While `findGh` finds nothing, every request says that `gh` was not found. Each search writes
@@ -59,6 +62,10 @@ public:
         const std::set<std::string>& repositories,
         std::stop_token stopToken) const override;
 
+    PullRequestKit::FactsAnswer facts(
+        std::span<const PullRequestKit::PullRequest> pullRequests,
+        std::stop_token stopToken) const override;
+
 private:
     std::string _host;
     Gh _gh;
@@ -67,6 +74,7 @@ private:
     WallClock _wallClock;
     std::shared_ptr<SearchMemory> _memory;
     mutable BaseRuleCache _ruleCache;
+    Facts _facts;
 };
 
 }  // namespace GitHubProvider

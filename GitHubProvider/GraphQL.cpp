@@ -2,7 +2,7 @@
 
 namespace GitHubProvider {
 
-PullRequestKit::ProviderError graphQLError(std::span<const GraphQLFailure> failures)
+std::string graphQLMessage(std::span<const GraphQLFailure> failures)
 {
     std::string text;
     for (const GraphQLFailure& failure : failures) {
@@ -11,7 +11,7 @@ PullRequestKit::ProviderError graphQLError(std::span<const GraphQLFailure> failu
         }
         text += failure.message;
     }
-    return PullRequestKit::ProviderError(text);
+    return text;
 }
 
 }  // namespace GitHubProvider

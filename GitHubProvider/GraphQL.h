@@ -1,6 +1,5 @@
 #pragma once
 
-#include "PullRequestKit/Errors.h"
 #include "PullRequestKit/Json/Fields.h"
 
 #include <optional>
@@ -41,8 +40,8 @@ struct NodeList {
     bool operator==(const NodeList&) const = default;
 };
 
-/// The error that carries the messages, one a line. Safe from any thread.
-PullRequestKit::ProviderError graphQLError(std::span<const GraphQLFailure> failures);
+/// The messages, one a line. Safe from any thread.
+std::string graphQLMessage(std::span<const GraphQLFailure> failures);
 
 }  // namespace GitHubProvider
 

@@ -1,9 +1,9 @@
 #include "GitHubProvider/PullRequestMapping.h"
 
+#include "GitHubProvider/ReviewStates.h"
 #include "GitHubProvider/SearchQuery.h"
 
 #include <algorithm>
-#include <array>
 #include <set>
 #include <string_view>
 #include <utility>
@@ -17,13 +17,8 @@ using PullRequestKit::PullRequestMergeability;
 using PullRequestKit::PullRequestState;
 using PullRequestKit::ReviewActivity;
 using PullRequestKit::ReviewState;
-using PullRequestKit::ReviewVerdict;
 using PullRequestKit::SharedText;
 using PullRequestKit::SharedTexts;
-
-constexpr std::string_view approvedText = "APPROVED";
-constexpr std::string_view changesRequestedText = "CHANGES_REQUESTED";
-constexpr std::string_view commentedText = "COMMENTED";
 
 /// The account of somebody who has deleted theirs, as GitHub's pages call it.
 constexpr const char* ghost = "ghost";
@@ -169,25 +164,11 @@ void addRequests(PullRequestDetails& details, std::span<const ReviewRequest> req
     details.requestLimit = limitReached(requests.size(), SearchLimits::reviewRequests);
 }
 
-std::optional<ReviewVerdict> verdict(std::string_view state)
-{
-    constexpr std::array<std::pair<std::string_view, ReviewVerdict>, 5> verdicts{{
-        {approvedText, ReviewVerdict::approved},
-        {changesRequestedText, ReviewVerdict::changesRequested},
-        {commentedText, ReviewVerdict::commented},
-        {"DISMISSED", ReviewVerdict::dismissed},
-        {"PENDING", ReviewVerdict::pending},
-    }};
-    const auto* const found =
-        std::ranges::find(verdicts, state, &std::pair<std::string_view, ReviewVerdict>::first);
-    return found != verdicts.end() ? std::optional(found->second) : std::nullopt;
-}
-
 void addReviews(PullRequestDetails& details, std::span<const Review> reviews)
 {
     details.reviews.reserve(reviews.size());
     for (const Review& review : reviews) {
-        if (const auto known = verdict(review.state)) {
+        if (const auto known = reviewVerdict(review.state)) {
             details.reviews.push_back({loginOrGhost(review.author), *known});
         }
     }

@@ -1,7 +1,7 @@
 #include "GitHubProvider/RepositoryListing.h"
 
 #include "GitHubProvider/APIRepository.h"
-#include "PullRequestKit/Errors.h"
+#include "GitHubProvider/RequestFailure.h"
 #include "PullRequestKit/Json/Reading.h"
 #include "PullRequestKit/LocalizedStandardComparison.h"
 
@@ -67,7 +67,7 @@ std::vector<RepositorySummary> listRepositories(
     const CommandResult result =
         gh.run({"api", "--hostname", host, endpoint, "--paginate", "--jq", jqProgram}, stopToken);
     if (result.status != 0) {
-        throw PullRequestKit::ProviderError(failureText(result, "gh could not load repositories."));
+        throwRequestFailure(failureText(result, "gh could not load repositories."));
     }
     return decodeRepositories(result.standardOutput);
 }

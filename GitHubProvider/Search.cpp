@@ -1,6 +1,7 @@
 #include "GitHubProvider/Search.h"
 
 #include "GitHubProvider/PullRequestMapping.h"
+#include "GitHubProvider/RequestFailure.h"
 #include "GitHubProvider/SearchRecords.h"
 #include "PullRequestKit/Errors.h"
 #include "PullRequestKit/Json/Reading.h"
@@ -17,12 +18,12 @@ using PullRequestKit::ProviderError;
 SearchPage decodePage(const CommandResult& result, SearchTrace& trace)
 {
     if (result.status != 0) {
-        throw ProviderError(failureText(result, "gh could not load pull requests."));
+        throwRequestFailure(failureText(result, "gh could not load pull requests."));
     }
     auto envelope = PullRequestKit::Json::decode<SearchEnvelope>(result.standardOutput);
     if (const auto failures = envelope.failures(); !failures.empty()) {
         trace.pageHadErrors(failures.size());
-        throw graphQLError(failures);
+        throwRequestFailure(graphQLMessage(failures));
     }
     if (!envelope.data) {
         throw ProviderError("GitHub returned no pull-request data.");

@@ -17,6 +17,13 @@ public:
     std::string message() const { return what(); }
 };
 
+/// The service refuses requests for a while, because too many came within a short time, however
+/// much of the hour's quota is left. Requests that follow soon prolong it.
+class SecondaryLimitError : public ProviderError {
+public:
+    using ProviderError::ProviderError;
+};
+
 /// The caller's `std::stop_token` asked for an end. Nobody shows it: whoever cancelled knows.
 class CancellationError : public std::runtime_error {
 public:

@@ -71,6 +71,9 @@ struct Quota {
 struct FactsAnswer {
     FactsByID facts;             ///< Of those that were asked for, the ones that have some.
     std::optional<Quota> quota;  ///< As of the last answer that told it.
+
+    /// The service refuses requests for a while, as with `SecondaryLimitError`.
+    bool hitSecondaryLimit = false;
 };
 
 }  // namespace PullRequestKit

@@ -71,7 +71,8 @@ public:
     }
 
     /// The facts of these pull requests. What cannot be told is left out: it throws nothing but
-    /// `CancellationError`. A provider that knows none leaves this as it is.
+    /// `CancellationError`. Those of a repository that was renamed since the list was asked for are
+    /// under its new name. A provider that knows none leaves this as it is.
     virtual FactsAnswer facts(
         std::span<const PullRequest> /*pullRequests*/, std::stop_token /*stopToken*/) const
     {

@@ -90,9 +90,8 @@ TEST(SearchRecords, anEmptyListOfErrorsIsNone)
 
 TEST(SearchRecords, errorMessagesAreJoinedWithLineFeeds)
 {
-    EXPECT_EQ(
-        graphQLError(std::vector<GraphQLFailure>{{"one"}, {"two"}, {""}}).message(), "one\ntwo\n");
-    EXPECT_EQ(graphQLError(std::vector<GraphQLFailure>{{"one"}}).message(), "one");
+    EXPECT_EQ(graphQLMessage(std::vector<GraphQLFailure>{{"one"}, {"two"}, {""}}), "one\ntwo\n");
+    EXPECT_EQ(graphQLMessage(std::vector<GraphQLFailure>{{"one"}}), "one");
 }
 
 std::string page(const std::string& nodes)

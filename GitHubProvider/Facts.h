@@ -1,0 +1,62 @@
+#pragma once
+
+#include "GitHubProvider/Clocks.h"
+#include "GitHubProvider/FactsDocument.h"
+#include "GitHubProvider/FactsReading.h"
+#include "GitHubProvider/Gh.h"
+#include "PullRequestKit/PullRequestFacts.h"
+
+#include <cstddef>
+#include <mutex>
+#include <span>
+#include <stop_token>
+#include <string>
+#include <vector>
+
+namespace GitHubProvider {
+
+/// Asks for the facts of pull requests, fifty in a request, and remembers for as long as it lives
+/// which fields the host does not know. Safe from any thread.
+class Facts {
+public:
+    static constexpr std::size_t batchSize = 50;
+
+    /// A request that has failed is tried once more in parts of this size.
+    static constexpr std::size_t smallBatchSize = 25;
+
+    /// The clock and `gh` must outlive it.
+    Facts(const Gh& gh, std::string host, const WallClock& clock);
+
+    /// Those of other hosts have none. What fails twice is left out, and after two batches in a row
+    /// of which nothing came, or when a limit is reached, so is the rest. Blocks; call on a worker
+    /// thread. Throws `CancellationError` alone.
+    PullRequestKit::FactsAnswer ask(
+        std::span<const PullRequestKit::PullRequest> pullRequests,
+        const std::stop_token& stopToken) const;
+
+private:
+    using Batch = std::span<const PullRequestKit::PullRequest* const>;
+
+    enum class Outcome {
+        answered,
+        failed,
+        limited,
+    };
+
+    Outcome askBatch(
+        PullRequestKit::FactsAnswer& answer, Batch batch, const std::stop_token& stopToken) const;
+    static Outcome outcomeOf(const FactsPage& page);
+    FactsPage request(Batch batch, const std::stop_token& stopToken) const;
+    FactsPage run(
+        Batch batch, const UnknownFields& unknown, const std::stop_token& stopToken) const;
+    UnknownFields unknownFields() const;
+    void remember(const UnknownFields& more) const;
+
+    const Gh& _gh;
+    std::string _host;
+    const WallClock& _clock;
+    mutable std::mutex _mutex;
+    mutable UnknownFields _unknownFields;  // Guarded by _mutex.
+};
+
+}  // namespace GitHubProvider
