@@ -1,6 +1,7 @@
 #include "Tarnwick/Interface/Panel/CardOverlay.h"
 
 #include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Panel/LeavingPicture.h"
 #include "Tarnwick/Interface/Panel/RiseEffect.h"
 
 #include <QEvent>
@@ -53,7 +54,7 @@ void CardOverlay::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     const Palette& palette = _appearance.palette();
-    if (!_rise->isEnabled()) {
+    if (!_rise->isEnabled() && !_isPicturing) {
         painter.fillRect(rect(), palette.scrim);
     }
     Painting::fillRounded(painter, QRectF(_card), radius, palette.surfaceMenu);
@@ -76,6 +77,22 @@ void CardOverlay::showEvent(QShowEvent* /*event*/)
 void CardOverlay::hideEvent(QHideEvent* /*event*/)
 {
     _rise->stop();
+    if (parentWidget()->isVisible() && !_appearance.reducedMotion()) {
+        leavePicture();
+    }
+}
+
+void CardOverlay::leavePicture()
+{
+    const double ratio = devicePixelRatioF();
+    QPixmap card((QSizeF(size()) * ratio).toSize());
+    card.setDevicePixelRatio(ratio);
+    card.fill(Qt::transparent);
+    _isPicturing = true;
+    render(&card, {}, {}, DrawChildren);
+    _isPicturing = false;
+    auto* const picture = new LeavingPicture(card, _appearance.palette().scrim, parentWidget());
+    picture->show();
 }
 
 void CardOverlay::mousePressEvent(QMouseEvent* /*event*/) {}

@@ -8,7 +8,8 @@ class Appearance;
 class RiseEffect;
 
 /// A card over the whole panel, which is dimmed: nothing else can be used until it is gone. The
-/// focus stays inside. It appears with a short fade and rise.
+/// focus stays inside. It appears with a short fade and rise, and leaves with the reverse, which it
+/// takes no part in: it is out of use at once.
 class CardOverlay : public QWidget {
     Q_OBJECT
 
@@ -37,10 +38,13 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void leavePicture();
+
     int _cardWidth;
     const Appearance& _appearance;
     RiseEffect* _rise;  ///< Enabled while the overlay appears.
     QRect _card;
+    bool _isPicturing = false;  ///< Without the scrim, for the picture that it leaves.
 };
 
 }  // namespace Tarnwick

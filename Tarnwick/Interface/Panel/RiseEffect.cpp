@@ -6,12 +6,6 @@
 #include <QPainter>
 
 namespace Tarnwick {
-namespace {
-
-constexpr double rise = 4;
-
-}  // namespace
-
 RiseEffect::RiseEffect(const Appearance& appearance, QObject* parent)
     : QGraphicsEffect(parent)
     , _appearance(appearance)
@@ -46,7 +40,7 @@ void RiseEffect::draw(QPainter* painter)
     painter->fillRect(sourceBoundingRect(), _appearance.palette().scrim);
     QPoint offset;
     const QPixmap card = sourcePixmap(Qt::LogicalCoordinates, &offset);
-    painter->drawPixmap(QPointF(offset) + QPointF(0, rise * (1 - value)), card);
+    painter->drawPixmap(QPointF(offset) + QPointF(0, distance * (1 - value)), card);
 }
 
 }  // namespace Tarnwick

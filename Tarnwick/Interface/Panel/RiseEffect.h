@@ -14,6 +14,9 @@ class RiseEffect final : public QGraphicsEffect {
     Q_OBJECT
 
 public:
+    /// How far the card moves, in logical pixels.
+    static constexpr double distance = 4;
+
     /// Requires: `appearance` lives longer.
     RiseEffect(const Appearance& appearance, QObject* parent);
 
