@@ -195,7 +195,10 @@ void PullRequestMenuView::connectModel()
     showRows();
     followHidden();
 
-    const auto showRefreshed = [this] { _footer->setRefreshed(_model.lastRefreshed()); };
+    const auto showRefreshed = [this] {
+        _footer->setRefreshed(_model.lastRefreshed());
+        showCount();
+    };
     connect(&_model, &PullRequestMenuModel::lastRefreshedChanged, this, showRefreshed);
     showRefreshed();
 }
@@ -253,7 +256,9 @@ void PullRequestMenuView::setShowsHidden(bool showsHidden)
 
 void PullRequestMenuView::showCount()
 {
-    _footer->setCount(static_cast<std::size_t>(_rows->countInSight()));
+    const bool isListKnown = _model.lastRefreshed().has_value();
+    const auto count = static_cast<std::size_t>(_rows->countInSight());
+    _footer->setCount(isListKnown ? std::optional(count) : std::nullopt);
     if (_findBar != nullptr) {
         _findBar->setMatches(_rows->rowCount(), _rows->totalCount());
     }

@@ -32,7 +32,8 @@ PanelContent loaded(bool hasRows, bool choosesNothing, const HiddenCounts& hidde
     }
     StatusContent content =
         status("tray", QStringLiteral("No pull requests involving you were found."), false);
-    content.detail = QString::fromStdString(hiddenSentence(hidden));
+    content.detail = choosesNothing ? QStringLiteral("No repository is selected.")
+                                    : QString::fromStdString(hiddenSentence(hidden));
     content.offersRepositories = choosesNothing;
     return content;
 }

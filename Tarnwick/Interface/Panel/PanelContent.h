@@ -19,7 +19,7 @@ struct StatusContent {
     QString symbol;  ///< A system symbol; empty when there is an image.
     QString image;   ///< A resource icon; empty when there is a symbol.
     QString title;
-    QString detail = {};      ///< What hides pull requests; empty when none is hidden.
+    QString detail = {};      ///< Why there is nothing to list, where it is known.
     bool hasSpinner = false;  ///< Without one there is a "Try Again" button.
     bool offersRepositories = false;
 

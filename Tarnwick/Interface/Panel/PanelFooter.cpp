@@ -5,6 +5,7 @@
 #include "Tarnwick/Interface/Panel/PanelWording.h"
 
 #include <QPainter>
+#include <QStringList>
 #include <QTimerEvent>
 
 #include <cmath>
@@ -41,7 +42,7 @@ PanelFooter::PanelFooter(
     });
 }
 
-void PanelFooter::setCount(std::size_t pullRequests)
+void PanelFooter::setCount(std::optional<std::size_t> pullRequests)
 {
     _count = pullRequests;
     layOut();
@@ -63,7 +64,7 @@ void PanelFooter::setRefreshed(std::optional<PullRequestKit::Date> refreshed)
 
 QString PanelFooter::countText() const
 {
-    return PanelWording::count(_count);
+    return _count ? PanelWording::count(*_count) : QString();
 }
 
 QString PanelFooter::updatedText() const
@@ -74,8 +75,9 @@ QString PanelFooter::updatedText() const
 void PanelFooter::refreshText()
 {
     const QString updated = updatedText();
-    setAccessibleName(
-        updated.isEmpty() ? countText() : countText() + QStringLiteral(", ") + updated);
+    QStringList texts{countText(), updated};
+    texts.removeAll(QString());
+    setAccessibleName(texts.join(QStringLiteral(", ")));
     update();
     _timer.stop();
     if (!_refreshed || !isVisible()) {

@@ -24,10 +24,12 @@ public:
     PanelFooter(
         std::function<PullRequestKit::Date()> now, const Appearance& appearance, QWidget* parent);
 
-    void setCount(std::size_t pullRequests);
+    /// Nothing while no list is known, which is not the same as an empty one.
+    void setCount(std::optional<std::size_t> pullRequests);
     void setHidden(const HiddenCounts& hidden, bool areShown);
     void setRefreshed(std::optional<PullRequestKit::Date> refreshed);
 
+    /// Empty while no list is known.
     QString countText() const;
     /// Empty before the first refresh.
     QString updatedText() const;
@@ -59,7 +61,7 @@ private:
     std::function<PullRequestKit::Date()> _now;
     const Appearance& _appearance;
     HiddenChip* _chip;
-    std::size_t _count = 0;
+    std::optional<std::size_t> _count;
     std::optional<PullRequestKit::Date> _refreshed;
     QBasicTimer _timer;
 };

@@ -59,6 +59,7 @@ TEST(PanelContentTests, anEmptySelectionOffersTheRepositories)
 {
     const StatusContent content = statusOf({Kind::loaded, {}}, false, true);
     EXPECT_EQ(content.title, QStringLiteral("No pull requests involving you were found."));
+    EXPECT_EQ(content.detail, QStringLiteral("No repository is selected."));
     EXPECT_TRUE(content.offersRepositories);
 }
 

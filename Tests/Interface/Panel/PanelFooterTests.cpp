@@ -18,8 +18,12 @@ TEST(PanelFooterTests, saysHowManyAndHowOld)
     const Appearance appearance(1.0);
     const PullRequestKit::Date then(1'710'244'800s);
     PanelFooter footer([then] { return then + 2min; }, appearance, nullptr);
-    EXPECT_EQ(footer.countText(), QStringLiteral("0 pull requests"));
+    EXPECT_EQ(footer.countText(), QString()) << "no list is known";
     EXPECT_EQ(footer.updatedText(), QString());
+    EXPECT_EQ(footer.accessibleName(), QString());
+    footer.setCount(0);
+    EXPECT_EQ(footer.countText(), QStringLiteral("0 pull requests"));
+    EXPECT_EQ(footer.accessibleName(), QStringLiteral("0 pull requests"));
     footer.setCount(1);
     footer.setRefreshed(then);
     EXPECT_EQ(footer.countText(), QStringLiteral("1 pull request"));
