@@ -25,7 +25,7 @@ OptionsMenu::OptionsMenu(PullRequestMenuModel& model, const Appearance& appearan
 
     QAction* const reload =
         addAction(QStringLiteral("Reload"), this, &OptionsMenu::reloadRequested);
-    // Shown, and told by screen readers; the key itself is the panel's.
+    // Shown, and told by screen readers; the key itself is the panel's. So is that of "Quit".
     reload->setShortcut(Qt::Key_R);
     addPolling();
     addNotifications();
@@ -39,7 +39,8 @@ OptionsMenu::OptionsMenu(PullRequestMenuModel& model, const Appearance& appearan
         addAction(QStringLiteral("Check for Updates…"), this, [this] { _updateCheck(); });
     _checkForUpdates->setVisible(false);
     addAction(QStringLiteral("Help"), this, &OptionsMenu::helpRequested);
-    addAction(QStringLiteral("Quit"), this, &OptionsMenu::quitRequested);
+    QAction* const quit = addAction(QStringLiteral("Quit"), this, &OptionsMenu::quitRequested);
+    quit->setShortcut(Qt::CTRL | Qt::Key_Q);
 
     constexpr int leastWidth = 216;
     setMinimumWidth(appearance.scaled(leastWidth));

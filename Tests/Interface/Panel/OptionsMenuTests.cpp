@@ -117,6 +117,9 @@ TEST_F(OptionsMenuTests, screenReadersTellTheKeyApartFromTheTitle)
     const QAccessibleInterface* const reload = shown->child(0);
     EXPECT_EQ(reload->text(QAccessible::Name), QStringLiteral("Reload"));
     EXPECT_EQ(reload->text(QAccessible::Accelerator), QStringLiteral("R"));
+    const QAccessibleInterface* const quit = shown->child(shown->childCount() - 1);
+    EXPECT_EQ(quit->text(QAccessible::Name), QStringLiteral("Quit"));
+    EXPECT_EQ(quit->text(QAccessible::Accelerator), QStringLiteral("Ctrl+Q"));
 }
 
 TEST_F(OptionsMenuTests, aPressByAScreenReaderClosesItUnlessItWasAChoice)
