@@ -2,6 +2,7 @@
 
 #include "Tarnwick/Interface/Controls/IconButton.h"
 #include "Tarnwick/Interface/List/FindBar.h"
+#include "Tarnwick/Interface/List/ListedRows.h"
 #include "Tarnwick/Interface/List/PullRequestListModel.h"
 #include "Tarnwick/Interface/List/PullRequestListView.h"
 #include "Tarnwick/Interface/Panel/BrandButton.h"
@@ -192,6 +193,7 @@ void PullRequestMenuView::connectModel()
     connect(
         &_model, &PullRequestMenuModel::hiddenChanged, this, &PullRequestMenuView::followHidden);
     connect(&_model, &PullRequestMenuModel::detailsChanged, this, &PullRequestMenuView::showRows);
+    connect(&_model, &PullRequestMenuModel::turnsChanged, this, &PullRequestMenuView::showRows);
     showRows();
     followHidden();
 
@@ -205,18 +207,8 @@ void PullRequestMenuView::connectModel()
 
 void PullRequestMenuView::showRows()
 {
-    const SharedRows rows = _showsHidden ? _model.rowsWithHidden() : _model.sharedRows();
-    const PullRequestKit::SharedDetails& details = _model.details();
-    std::vector<ListedRow> listed;
-    listed.reserve(rows->size());
-    for (const PullRequestKit::PullRequestRow& row : *rows) {
-        const bool isVisited = _model.visits().isVisited(row.pullRequest);
-        const Sight sight = _showsHidden ? _model.sightOf(row.pullRequest) : Sight::inSight;
-        const auto known = details->find(row.id());
-        const auto* const names = known != details->end() ? &known->second : nullptr;
-        listed.push_back({{rows, &row}, isVisited, sight, {details, names}});
-    }
-    _rows->setRows(std::move(listed));
+    _rows->setRows(
+        listedRows(_model, _showsHidden ? HiddenRows::areDimmed : HiddenRows::areLeftOut));
     showCount();
 }
 
@@ -260,7 +252,7 @@ void PullRequestMenuView::showCount()
     const auto count = static_cast<std::size_t>(_rows->countInSight());
     _footer->setCount(isListKnown ? std::optional(count) : std::nullopt);
     if (_findBar != nullptr) {
-        _findBar->setMatches(_rows->rowCount(), _rows->totalCount());
+        _findBar->setMatches(_rows->foundCount(), _rows->totalCount());
     }
 }
 

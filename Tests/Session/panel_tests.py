@@ -98,6 +98,7 @@ class ReadingTests(PanelTest):
                 "Reviews",
                 "Merge-ready",
                 "Reset Filters",
+                "Arrange",
                 "Help",
                 "Quit",
             ],

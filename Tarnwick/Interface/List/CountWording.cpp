@@ -1,40 +1,17 @@
 #include "Tarnwick/Interface/List/CountWording.h"
 
+#include "Tarnwick/Interface/List/Names.h"
+
 namespace Tarnwick::CountWording {
 namespace {
 
 using namespace PullRequestKit;
 
-constexpr QChar firstStrongIsolate(0x2068);
-constexpr QChar popDirectionalIsolate(0x2069);
 constexpr qsizetype mostNames = 6;
 
-/// Letters; a longer name is cut, because a help text as wide as the screen hides what it explains.
-constexpr qsizetype longestName = 60;
-
-bool isDirectionCharacter(QChar character)
-{
-    const char16_t code = character.unicode();
-    return code == 0x061C || code == 0x200E || code == 0x200F || (code >= 0x202A && code <= 0x202E)
-           || (code >= 0x2066 && code <= 0x2069);
-}
-
-/// The name as one line of letters that show, isolated; empty where nothing is left.
 QString isolated(const std::string& name)
 {
-    QString shown;
-    for (const QChar character : QString::fromStdString(name)) {
-        if (!isDirectionCharacter(character)) {
-            shown += character.category() == QChar::Other_Control ? QLatin1Char(' ') : character;
-        }
-    }
-    shown = shown.simplified();
-    if (shown.size() > longestName) {
-        const bool splitsPair = shown[longestName - 2].isHighSurrogate();
-        shown.truncate(longestName - (splitsPair ? 2 : 1));
-        shown += QChar(0x2026);
-    }
-    return shown.isEmpty() ? shown : firstStrongIsolate + shown + popDirectionalIsolate;
+    return Names::isolated(Names::shown(name));
 }
 
 void addNames(QStringList& lines, const QString& heading, QStringList names)

@@ -25,12 +25,13 @@ public:
     DetailsComposer(
         const Details& details,
         const LineRoom& room,
-        const TextMeasure& measure,
+        const LineMeasure& measure,
         const QStringList& findWords)
         : _whole(details)
         , _details(details)
         , _room(room)
-        , _measure(measure)
+        , _measure(measure.plain)
+        , _reasonMeasure(details.reason.isStrong ? measure.strong : measure.plain)
         , _findWords(findWords)
     {
         const auto marks = matchesIn(details.owner + details.repository, findWords);
@@ -43,15 +44,18 @@ public:
     {
         const bool hasReason = !_details.reason.isEmpty();
         shortenOwner();
+        countNames();
         shorten(_details.repository, Qt::ElideMiddle, hasReason ? leastRepository : 0);
         shorten(_details.author, Qt::ElideRight, hasReason ? leastAuthor : 0);
+        shortenFirstName();
         if (hasReason && excess() > 0) {
             _details.author.clear();
             _isElided = true;
-            shorten(_details.repository, Qt::ElideMiddle, leastRepository);
+            shortenFirstName();
         }
         if (hasReason && excess() > 0) {
             _details.repository = ellipsis;
+            shortenFirstName();
         }
         DetailsLayout layout = place();
         if (hasReason) {
@@ -68,6 +72,18 @@ private:
         return known == _widths.constEnd() ? *_widths.insert(piece, _measure.width(piece)) : *known;
     }
 
+    /// The reason as it is left.
+    QString reason() const { return RowWording::reasonText(_details.reason) + _furtherNames; }
+
+    double widthOfReason()
+    {
+        const QString text = reason();
+        const auto known = _reasonWidths.constFind(text);
+        return known == _reasonWidths.constEnd()
+                   ? *_reasonWidths.insert(text, _reasonMeasure.width(text))
+                   : *known;
+    }
+
     double separator() { return 2 * _room.gap + widthOf(dot); }
 
     /// By how much the line is too long.
@@ -78,8 +94,11 @@ private:
         if (_details.isDraft) {
             width += widthOf(draft) + separator();
         }
-        for (const QString& piece : {_details.reason, _details.author}) {
-            width += piece.isEmpty() ? 0 : widthOf(piece) + separator();
+        if (!_details.reason.isEmpty()) {
+            width += widthOfReason() + separator();
+        }
+        if (!_details.author.isEmpty()) {
+            width += widthOf(_details.author) + separator();
         }
         return width - _room.width;
     }
@@ -116,6 +135,36 @@ private:
         _details.owner = (cut.isEmpty() ? ellipsis : cut) + slash;
     }
 
+    /// All names of the reason but the first become their number.
+    void countNames()
+    {
+        const auto further = _details.reason.names.size() - 1;
+        if (excess() <= 0 || further < 1) {
+            return;
+        }
+        _details.reason.names.resize(1);
+        _furtherNames = QStringLiteral(", +%1").arg(further);
+        _isElided = true;
+    }
+
+    /// What was cut off it comes back where something else has gone since.
+    void shortenFirstName()
+    {
+        if (_details.reason.names.isEmpty()) {
+            return;
+        }
+        QString& name = _details.reason.names.first();
+        name = _whole.reason.names.first();
+        const double tooMuch = excess();
+        if (tooMuch <= 0) {
+            return;
+        }
+        const double room = std::max(0.0, _reasonMeasure.width(name) - tooMuch);
+        const QString cut = _reasonMeasure.elided(name, Qt::ElideRight, room);
+        name = cut.isEmpty() ? ellipsis : cut;
+        _isElided = true;
+    }
+
     /// Of owner and repository as they are shown.
     std::vector<TextRange> nameMarks() const
     {
@@ -149,7 +198,11 @@ private:
             }
         };
         putBeforeDot(_details.isDraft ? draft : QString());
-        putBeforeDot(_details.reason);
+        if (!_details.reason.isEmpty()) {
+            layout.pieces.push_back({reason(), left, {}, _details.reason.isStrong});
+            left += widthOfReason() + _room.gap;
+            put(dot);
+        }
         put(_details.owner + _details.repository, nameMarks());
         putBeforeDot(_details.number, marksIn(_whole.number, _details.number));
         putBeforeDot(_details.author, marksIn(_whole.author, _details.author));
@@ -170,7 +223,8 @@ private:
         }
         DetailsLayout::Piece& last = pieces.back();
         const QString whole = last.text;
-        last.text = _measure.elided(last.text + ellipsis, Qt::ElideRight, _room.width - last.left);
+        const TextMeasure& measure = last.isStrong ? _reasonMeasure : _measure;
+        last.text = measure.elided(last.text + ellipsis, Qt::ElideRight, _room.width - last.left);
         last.marks = rangesShown(last.marks, whole, last.text);
         layout.isElided = true;
     }
@@ -179,10 +233,13 @@ private:
     Details _details;  ///< What is left of it.
     LineRoom _room;
     const TextMeasure& _measure;
+    const TextMeasure& _reasonMeasure;
     const QStringList& _findWords;
     std::vector<TextRange> _ownerMarks;
     std::vector<TextRange> _repositoryMarks;
     QHash<QString, double> _widths;
+    QHash<QString, double> _reasonWidths;
+    QString _furtherNames;
     bool _isElided = false;
 };
 
@@ -200,7 +257,7 @@ QString DetailsLayout::text() const
 DetailsLayout layOutDetails(
     const Details& details,
     const LineRoom& room,
-    const TextMeasure& measure,
+    const LineMeasure& measure,
     const QStringList& findWords)
 {
     return DetailsComposer(details, room, measure, findWords).fit();

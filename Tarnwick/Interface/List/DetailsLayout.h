@@ -10,13 +10,15 @@ namespace Tarnwick {
 
 /// The quiet line below a title, piece by piece. Where room is short the owner goes first, then the
 /// repository is elided in its middle, then the author at the end; number and age always stay.
-/// With a reason, repository and author keep a few letters at first; then the author goes, then all
-/// of the repository, and at last the line ends in "…".
+/// With a reason, its names but the first become a number before the repository is touched, and
+/// repository and author keep a few letters at first; then its first name is elided at the end, the
+/// author goes, then all of the repository, and at last the line ends in "…".
 struct DetailsLayout {
     struct Piece {
         QString text;
         double left = 0;                    ///< From the start of the line, in logical pixels.
         std::vector<TextRange> marks = {};  ///< What of the text was looked for.
+        bool isStrong = false;              ///< A reason that asks something of the user.
     };
 
     std::vector<Piece> pieces;
@@ -32,6 +34,12 @@ struct TextMeasure {
     std::function<QString(const QString&, Qt::TextElideMode, double)> elided;
 };
 
+/// Of the line, and of a strong reason in it.
+struct LineMeasure {
+    TextMeasure plain;
+    TextMeasure strong;
+};
+
 /// What a line has, in logical pixels.
 struct LineRoom {
     double width = 0;
@@ -44,7 +52,7 @@ struct LineRoom {
 DetailsLayout layOutDetails(
     const RowWording::Details& details,
     const LineRoom& room,
-    const TextMeasure& measure,
+    const LineMeasure& measure,
     const QStringList& findWords = {});
 
 }  // namespace Tarnwick

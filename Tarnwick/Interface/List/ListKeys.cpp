@@ -41,6 +41,10 @@ std::optional<ListCommand> controlCommand(int key)
         return ListCommand::openAndStay;
     case Qt::Key_E:
         return ListCommand::openInEditor;
+    case Qt::Key_Down:
+        return ListCommand::nextGroup;
+    case Qt::Key_Up:
+        return ListCommand::previousGroup;
     default:
         return {};
     }

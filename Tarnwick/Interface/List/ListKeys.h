@@ -14,6 +14,8 @@ enum class ListCommand {
     last,
     pageUp,
     pageDown,
+    nextGroup,
+    previousGroup,
     open,
     openAndStay,
     openInEditor,

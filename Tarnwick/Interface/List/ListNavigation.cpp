@@ -1,16 +1,31 @@
 #include "Tarnwick/Interface/List/ListNavigation.h"
 
-#include <algorithm>
-
 namespace Tarnwick {
 namespace {
 
-/// `direction` is 1 or -1. At least one row further, where there is one.
+bool isStop(int row, const ListExtent& list)
+{
+    return !list.isHeading || !list.isHeading(row);
+}
+
+/// The next row that is a stop, or -1. `direction` is 1 or -1.
+int nextStop(int row, int direction, const ListExtent& list)
+{
+    for (int next = row + direction; next >= 0 && next < list.count; next += direction) {
+        if (isStop(next, list)) {
+            return next;
+        }
+    }
+    return -1;
+}
+
+/// At least one row further, where there is one.
 int rowAPageFrom(int row, int direction, const ListExtent& list)
 {
     const QRect start = list.placeOf(row);
     int target = row;
-    for (int next = row + direction; next >= 0 && next < list.count; next += direction) {
+    for (int next = nextStop(row, direction, list); next >= 0;
+         next = nextStop(next, direction, list)) {
         const int extent = start.united(list.placeOf(next)).height();
         if (extent > list.pageHeight && target != row) {
             break;
@@ -20,13 +35,39 @@ int rowAPageFrom(int row, int direction, const ListExtent& list)
     return target;
 }
 
+/// The heading at or beyond a row, or -1.
+int headingFrom(int row, int direction, const ListExtent& list)
+{
+    while (row >= 0 && row < list.count && isStop(row, list)) {
+        row += direction;
+    }
+    return row < list.count ? row : -1;
+}
+
+int firstOfNextGroup(int row, const ListExtent& list)
+{
+    const int heading = headingFrom(row, 1, list);
+    return heading < 0 ? -1 : nextStop(heading, 1, list);
+}
+
+int firstOfGroupBefore(int row, const ListExtent& list)
+{
+    const int heading = headingFrom(row, -1, list);
+    const int first = nextStop(heading, 1, list);
+    if (first < row || heading <= 0) {
+        return first;
+    }
+    return nextStop(headingFrom(heading - 1, -1, list), 1, list);
+}
+
+/// -1 where there is none.
 int wantedRow(ListCommand command, int selected, const ListExtent& list)
 {
     switch (command) {
     case ListCommand::first:
-        return 0;
+        return nextStop(-1, 1, list);
     case ListCommand::last:
-        return list.count - 1;
+        return nextStop(list.count, -1, list);
     default:
         break;
     }
@@ -35,13 +76,17 @@ int wantedRow(ListCommand command, int selected, const ListExtent& list)
     }
     switch (command) {
     case ListCommand::up:
-        return selected - 1;
+        return nextStop(selected, -1, list);
     case ListCommand::down:
-        return selected + 1;
+        return nextStop(selected, 1, list);
     case ListCommand::pageUp:
         return rowAPageFrom(selected, -1, list);
     case ListCommand::pageDown:
         return rowAPageFrom(selected, 1, list);
+    case ListCommand::nextGroup:
+        return firstOfNextGroup(selected, list);
+    case ListCommand::previousGroup:
+        return firstOfGroupBefore(selected, list);
     default:
         return selected;
     }
@@ -51,7 +96,8 @@ int wantedRow(ListCommand command, int selected, const ListExtent& list)
 
 int targetRow(ListCommand command, int selected, const ListExtent& list)
 {
-    return std::clamp(wantedRow(command, selected, list), 0, list.count - 1);
+    const int wanted = wantedRow(command, selected, list);
+    return wanted < 0 ? selected : wanted;
 }
 
 }  // namespace Tarnwick

@@ -1,10 +1,12 @@
 #include "Tarnwick/Interface/List/PullRequestListModel.h"
 
 #include "Tarnwick/Interface/List/FindText.h"
+#include "Tarnwick/Interface/List/HeadingWording.h"
 #include "Tarnwick/Interface/List/RowTexts.h"
 #include "Tarnwick/Interface/List/RowWording.h"
 
 #include <algorithm>
+#include <map>
 #include <unordered_map>
 #include <utility>
 
@@ -23,7 +25,7 @@ public:
         _places.reserve(contents.size());
         int place = 0;
         for (const auto& content : contents) {
-            _places.emplace(&contentOf(content).row().id(), place++);
+            _places.emplace(&keyOf(content), place++);
         }
     }
 
@@ -35,15 +37,15 @@ public:
     }
 
 private:
-    static const RowContent& contentOf(const std::shared_ptr<RowContent>& content)
+    static const PullRequestID& keyOf(const std::shared_ptr<RowContent>& content)
     {
-        return *content;
+        return content->row().id();
     }
 
     template<typename Row>
-    static const RowContent& contentOf(const Row& row)
+    static const PullRequestID& keyOf(const Row& row)
     {
-        return *row.content;
+        return row.key();
     }
 
     struct Hash {
@@ -65,7 +67,38 @@ private:
     std::unordered_map<const PullRequestID*, int, Hash, Equal> _places;
 };
 
+/// No pull request has it, because repositories have names.
+const PullRequestID& headingKey(PullRequestKit::Whose whose)
+{
+    using PullRequestKit::Whose;
+    static const std::map<Whose, PullRequestID> keys = [] {
+        std::map<Whose, PullRequestID> made;
+        for (const Whose each : {Whose::you, Whose::ready, Whose::teams, Whose::others}) {
+            made[each].number = static_cast<std::int64_t>(each);
+        }
+        return made;
+    }();
+    return keys.at(whose);
+}
+
+QVariant headingData(const GroupHeading& heading, int role)
+{
+    switch (role) {
+    case Qt::DisplayRole:
+        return HeadingWording::title(heading.whose);
+    case Qt::AccessibleTextRole:
+        return HeadingWording::sentence(heading);
+    default:
+        return {};
+    }
+}
+
 }  // namespace
+
+const PullRequestID& PullRequestListModel::ShownRow::key() const
+{
+    return content != nullptr ? content->row().id() : headingKey(heading.whose);
+}
 
 PullRequestListModel::PullRequestListModel(Now now, QObject* parent)
     : RowListModel(parent)
@@ -131,7 +164,30 @@ std::vector<PullRequestListModel::ShownRow> PullRequestListModel::found() const
             rows.push_back({content, depths.back()});
         }
     }
-    return rows;
+    return underHeadings(std::move(rows));
+}
+
+std::vector<PullRequestListModel::ShownRow> PullRequestListModel::underHeadings(
+    std::vector<ShownRow> rows) const
+{
+    if (rows.empty() || rows.front().content->listed().turn == nullptr) {
+        return rows;
+    }
+    std::vector<ShownRow> grouped;
+    grouped.reserve(rows.size() + 4);
+    std::size_t heading = 0;
+    for (ShownRow& row : rows) {
+        const RowContent& content = *row.content;
+        const PullRequestKit::Whose whose = content.listed().heading;
+        if (grouped.empty() || grouped[heading].heading.whose != whose) {
+            heading = grouped.size();
+            grouped.push_back({.content = nullptr, .depth = 0, .heading = {.whose = whose}});
+        }
+        grouped[heading].heading.rowCount += content.isDimmed() ? 0 : 1;
+        grouped[heading].heading.earnedCount += content.earnsHeading() ? 1 : 0;
+        grouped.push_back(std::move(row));
+    }
+    return grouped;
 }
 
 void PullRequestListModel::show(const std::vector<ShownRow>& wanted)
@@ -141,9 +197,15 @@ void PullRequestListModel::show(const std::vector<ShownRow>& wanted)
     std::vector<int> targets;
     targets.reserve(_shown.size());
     std::ranges::transform(_shown, std::back_inserter(targets), [&](const ShownRow& row) {
-        return places.of(row.content->row().id());
+        return places.of(row.key());
     });
     takeSteps(_shown, rowChanges(targets, static_cast<int>(wanted.size())), wanted);
+    _headingRows.clear();
+    for (std::size_t row = 0; row < wanted.size(); ++row) {
+        if (wanted[row].content == nullptr) {
+            _headingRows.push_back(static_cast<int>(row));
+        }
+    }
     replaceRows(wanted);
     Q_EMIT listChanged();
 }
@@ -162,8 +224,8 @@ void PullRequestListModel::replaceRows(const std::vector<ShownRow>& wanted)
 
 QModelIndex PullRequestListModel::indexOf(const PullRequestID& id) const
 {
-    const auto found = std::ranges::find_if(
-        _shown, [&](const ShownRow& row) { return row.content->row().id() == id; });
+    const auto found =
+        std::ranges::find_if(_shown, [&](const ShownRow& row) { return row.key() == id; });
     return found == _shown.end() ? QModelIndex() : index(static_cast<int>(found - _shown.begin()));
 }
 
@@ -174,14 +236,31 @@ int PullRequestListModel::rowCount(const QModelIndex& parent) const
 
 int PullRequestListModel::countInSight() const
 {
-    return static_cast<int>(std::ranges::count_if(
-        _shown, [](const ShownRow& row) { return !row.content->isDimmed(); }));
+    return static_cast<int>(std::ranges::count_if(_shown, [](const ShownRow& row) {
+        return row.content != nullptr && !row.content->isDimmed();
+    }));
+}
+
+int PullRequestListModel::firstPullRequest() const
+{
+    const auto found =
+        std::ranges::find_if(_shown, [](const ShownRow& row) { return row.content != nullptr; });
+    return found == _shown.end() ? -1 : static_cast<int>(found - _shown.begin());
+}
+
+Qt::ItemFlags PullRequestListModel::flags(const QModelIndex& index) const
+{
+    const bool isOfHeading = index.isValid() && isHeading(index.row());
+    return isOfHeading ? Qt::ItemIsEnabled : RowListModel::flags(index);
 }
 
 QVariant PullRequestListModel::data(const QModelIndex& index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
         return {};
+    }
+    if (isHeading(index.row())) {
+        return headingData(heading(index.row()), role);
     }
     const RowContent& row = content(index);
     switch (role) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Tarnwick/Interface/List/GroupHeading.h"
 #include "Tarnwick/Interface/List/RowContent.h"
 #include "Tarnwick/Interface/List/RowListModel.h"
 
@@ -13,11 +14,13 @@
 namespace Tarnwick {
 
 /// The rows that the list shows: those it was given, or of them the ones that match what the user
-/// wants to find. A new list is taken in as the removals, moves, insertions and changes that lead
-/// to it, by the identity of the pull requests. Main thread only.
+/// wants to find. Where rows have turns, a row of its own stands before each group as its heading;
+/// while something is found, only hits count in it. A new list is taken in as the removals, moves,
+/// insertions and changes that lead to it, by the identity of the pull requests and headings. Main
+/// thread only.
 ///
-/// `Qt::DisplayRole` is the title, `Qt::AccessibleTextRole` the row as one sentence, and
-/// `Qt::AccessibleDescriptionRole` the line of details and what the counts consist of.
+/// `Qt::DisplayRole` is the title or the heading, `Qt::AccessibleTextRole` the row as one sentence,
+/// and `Qt::AccessibleDescriptionRole` the line of details and what the counts consist of.
 class PullRequestListModel final : public RowListModel {
     Q_OBJECT
 
@@ -27,18 +30,33 @@ public:
     /// `now` tells the current time, which ages are reckoned from.
     explicit PullRequestListModel(Now now, QObject* parent = nullptr);
 
-    /// Requires: no two rows have the same pull request.
+    /// Requires: no two rows have the same pull request, and rows with the same heading follow each
+    /// other.
     void setRows(std::vector<ListedRow> rows);
 
     /// Shows the rows that hold every word of the text; all for a text without words. A hit whose
     /// parent is none stands without indentation.
     void setFindText(const QString& text);
 
-    /// How many rows there are, found or not.
+    /// How many pull requests there are, found or not.
     int totalCount() const { return static_cast<int>(_all.size()); }
 
-    /// How many of the rows shown are not dimmed.
+    /// How many of them are shown.
+    int foundCount() const { return static_cast<int>(_shown.size() - _headingRows.size()); }
+
+    /// How many of those are not dimmed.
     int countInSight() const;
+
+    /// Where headings stand, in ascending order.
+    const std::vector<int>& headingRows() const { return _headingRows; }
+
+    bool isHeading(int row) const { return shown(row).content == nullptr; }
+
+    /// Requires: the row is one.
+    const GroupHeading& heading(int row) const { return shown(row).heading; }
+
+    /// The first row that is no heading; -1 where there is none.
+    int firstPullRequest() const;
 
     /// The words that are to be found, folded.
     const QStringList& findWords() const { return _words; }
@@ -50,6 +68,7 @@ public:
 
     PullRequestKit::Date now() const { return _now(); }
 
+    /// Requires: the row is no heading.
     const RowContent& content(int row) const { return *shown(row).content; }
 
     /// How far the row is indented; less than in its stack while its parents are not found.
@@ -62,6 +81,7 @@ public:
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 Q_SIGNALS:
     /// Around all the changes that one new list or one text to find brings.
@@ -72,8 +92,11 @@ private:
     using Contents = std::vector<std::shared_ptr<RowContent>>;
 
     struct ShownRow {
-        std::shared_ptr<RowContent> content;
+        std::shared_ptr<RowContent> content;  ///< Null for a heading.
         std::int64_t depth = 0;
+        GroupHeading heading = {};
+
+        const PullRequestKit::PullRequestID& key() const;
 
         bool operator==(const ShownRow&) const = default;
     };
@@ -83,11 +106,13 @@ private:
     Contents contentsOf(const std::vector<ListedRow>& rows) const;
     void show(const std::vector<ShownRow>& wanted);
     std::vector<ShownRow> found() const;
+    std::vector<ShownRow> underHeadings(std::vector<ShownRow> rows) const;
     void replaceRows(const std::vector<ShownRow>& wanted);
 
     Now _now;
     Contents _all;
     std::vector<ShownRow> _shown;
+    std::vector<int> _headingRows;
     QStringList _words;
     CountWidths _countWidths;
 };

@@ -1,6 +1,7 @@
 #include "Tarnwick/Interface/List/PullRequestListView.h"
 
 #include "Tarnwick/Interface/Controls/HelpText.h"
+#include "Tarnwick/Interface/List/HeadingPainter.h"
 #include "Tarnwick/Interface/Look/Painting.h"
 
 #include <QHelpEvent>
@@ -62,6 +63,13 @@ PullRequestListView::PullRequestListView(
     connect(
         &model, &PullRequestListModel::listAboutToChange, this, &PullRequestListView::startTaking);
     connect(&model, &PullRequestListModel::listChanged, this, &PullRequestListView::takeInList);
+    connect(
+        &model,
+        &QAbstractItemModel::rowsMoved,
+        this,
+        [this](const QModelIndex&, int from, int, const QModelIndex&, int before) {
+            noteMove(before > from ? before - 1 : before);
+        });
     adoptAppearance();
 }
 
@@ -84,6 +92,13 @@ void PullRequestListView::startTaking()
         _anchor.emplace(*this, _holdsTop ? ScrollAnchor::Top::isHeld : ScrollAnchor::Top::isKept);
     }
     _holdsTop = false;
+}
+
+void PullRequestListView::noteMove(int row)
+{
+    if (_anchor && !_model.isHeading(row)) {
+        _anchor->addMoved(_model.content(row).row().id());
+    }
 }
 
 void PullRequestListView::takeInList()
@@ -147,18 +162,62 @@ int PullRequestListView::selectedRow() const
 int PullRequestListView::filledRow() const
 {
     const int selected = selectedRow();
-    return selected < 0 && _model.isFinding() && _model.rowCount() > 0 ? 0 : selected;
+    return selected < 0 && _model.isFinding() ? _model.firstPullRequest() : selected;
 }
 
 int PullRequestListView::rowAt(const QPoint& position) const
 {
-    const QModelIndex index = indexAt(position);
-    return index.isValid() ? index.row() : -1;
+    const QModelIndex index = indexInSight(position);
+    return index.isValid() && !_model.isHeading(index.row()) ? index.row() : -1;
+}
+
+QModelIndex PullRequestListView::indexInSight(const QPoint& position) const
+{
+    const std::optional<StuckHeading> heading = stuck();
+    if (heading && position.y() >= 0 && position.y() < heading->top + coveredHeight()) {
+        return _model.index(_model.headingRows()[static_cast<std::size_t>(heading->index)]);
+    }
+    return indexAt(position);
 }
 
 int PullRequestListView::firstRowInSight() const
 {
-    return std::max(0, rowAt(QPoint(1, 0)));
+    const QModelIndex index = indexAt(QPoint(1, coveredHeight()));
+    int row = index.isValid() ? index.row() : 0;
+    while (row + 1 < _model.rowCount() && _model.isHeading(row)) {
+        ++row;
+    }
+    return row;
+}
+
+int PullRequestListView::coveredHeight() const
+{
+    return _model.headingRows().empty() ? 0 : _delegate->metrics().heading;
+}
+
+std::optional<StuckHeading> PullRequestListView::stuck() const
+{
+    std::vector<int> tops;
+    for (const int row : _model.headingRows()) {
+        tops.push_back(visualRect(_model.index(row)).top());
+    }
+    return stuckHeading(tops, coveredHeight());
+}
+
+void PullRequestListView::scrollTo(const QModelIndex& index, ScrollHint hint)
+{
+    const int covered = coveredHeight();
+    if (covered == 0 || hint != EnsureVisible || !index.isValid()) {
+        QListView::scrollTo(index, hint);
+        return;
+    }
+    const QRect place = visualRect(index);
+    const int above = covered - place.top();
+    const int below = place.top() + place.height() - viewport()->height();
+    if (above > 0 || below > 0) {
+        QScrollBar* const bar = verticalScrollBar();
+        bar->setValue(bar->value() + (above > 0 ? -above : std::min(below, -above)));
+    }
 }
 
 RowPart PullRequestListView::partAt(int row, const QPoint& position) const
@@ -183,7 +242,7 @@ RowSituation PullRequestListView::situation(int row) const
     const bool isSelected = row == filledRow();
     const bool isHovered = _hover.row().isValid() && _hover.row().row() == row;
     const bool hasFocusRing = isSelected && _usesKeyboard && hasFocus();
-    const bool beginsStack = row > 0 && _model.depth(row) <= 0;
+    const bool beginsStack = row > 0 && _model.depth(row) <= 0 && !_model.isHeading(row - 1);
     return {
         .hover = _hover.fill(_model.index(row)),
         .isSelected = isSelected,
@@ -207,10 +266,24 @@ void PullRequestListView::paintEvent(QPaintEvent* event)
         if (place.top() > area.bottom()) {
             break;
         }
+        if (_model.isHeading(row)) {
+            paintHeading(painter, place, _model.heading(row), _appearance);
+            continue;
+        }
         painter.save();
         painter.translate(place.topLeft());
         _delegate->paint(painter, row, situation(row));
         painter.restore();
+    }
+    paintStuckHeading(painter);
+}
+
+void PullRequestListView::paintStuckHeading(QPainter& painter) const
+{
+    if (const std::optional<StuckHeading> heading = stuck()) {
+        const int row = _model.headingRows()[static_cast<std::size_t>(heading->index)];
+        const QRect place(0, heading->top, viewport()->width(), coveredHeight());
+        paintHeading(painter, place, _model.heading(row), _appearance);
     }
 }
 
@@ -262,6 +335,10 @@ void PullRequestListView::resizeEvent(QResizeEvent* event)
 void PullRequestListView::scrollContentsBy(int dx, int dy)
 {
     QListView::scrollContentsBy(dx, dy);
+    if (coveredHeight() > 0) {
+        // The heading at the top does not go with the rows.
+        viewport()->update();
+    }
     if (viewport()->underMouse()) {
         followPointer(viewport()->mapFromGlobal(QCursor::pos()));
     }

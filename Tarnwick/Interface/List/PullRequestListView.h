@@ -39,6 +39,15 @@ public:
     /// Opens the row that is filled while something is found. Does nothing where there is no hit.
     void openHit();
 
+    /// The row, or the heading, that is seen at a point of the viewport.
+    QModelIndex indexInSight(const QPoint& position) const;
+
+    /// How much of what is in sight a heading may cover that stays at the top; 0 without headings.
+    int coveredHeight() const;
+
+    /// A row that is scrolled to stands clear of the heading above it.
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
     /// The next list leaves the rows that are in sight at their heights, also in a list at its top.
     void holdRows() { _holdsTop = true; }
 
@@ -70,6 +79,7 @@ protected:
 private:
     void adoptAppearance();
     void takeInList();
+    void noteMove(int row);
     void startTaking();
     void followFinding();
     int selectedRow() const;
@@ -77,6 +87,8 @@ private:
     int filledRow() const;
     int rowAt(const QPoint& position) const;
     int firstRowInSight() const;
+    std::optional<StuckHeading> stuck() const;
+    void paintStuckHeading(QPainter& painter) const;
     RowPart partAt(int row, const QPoint& position) const;
     void select(int row);
     void move(ListCommand command);

@@ -37,6 +37,14 @@ void PullRequestListView::keyPressEvent(QKeyEvent* event)
     case ListCommand::pageDown:
         move(*command);
         break;
+    case ListCommand::nextGroup:
+    case ListCommand::previousGroup:
+        if (_model.headingRows().empty()) {
+            event->ignore();
+        } else {
+            move(*command);
+        }
+        break;
     }
 }
 
@@ -64,8 +72,9 @@ void PullRequestListView::move(ListCommand command)
     const ListExtent extent{
         .count = _model.rowCount(),
         .firstInSight = firstRowInSight(),
-        .pageHeight = viewport()->height(),
-        .placeOf = [this](int row) { return visualRect(_model.index(row)); }};
+        .pageHeight = viewport()->height() - coveredHeight(),
+        .placeOf = [this](int row) { return visualRect(_model.index(row)); },
+        .isHeading = [this](int row) { return _model.isHeading(row); }};
     _usesKeyboard = true;
     select(targetRow(command, selectedRow(), extent));
     scrollTo(currentIndex());
@@ -110,7 +119,7 @@ void PullRequestListView::mouseReleaseEvent(QMouseEvent* event)
     const QModelIndex pressed = _pressed;
     _pressed = QPersistentModelIndex();
     const bool opens = event->button() == Qt::LeftButton || event->button() == Qt::MiddleButton;
-    if (!opens || !pressed.isValid() || indexAt(position) != pressed) {
+    if (!opens || !pressed.isValid() || rowAt(position) != pressed.row()) {
         return;
     }
     if (event->button() == Qt::MiddleButton || event->modifiers() == Qt::ControlModifier) {
@@ -162,7 +171,7 @@ void PullRequestListView::focusInEvent(QFocusEvent* event)
     if (isByKey && _model.rowCount() > 0) {
         _usesKeyboard = true;
         if (selectedRow() < 0) {
-            select(_model.isFinding() ? 0 : firstRowInSight());
+            select(_model.isFinding() ? _model.firstPullRequest() : firstRowInSight());
         }
     }
     viewport()->update();

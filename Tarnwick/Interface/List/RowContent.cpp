@@ -20,7 +20,8 @@ bool areEqual(const std::shared_ptr<const Value>& left, const std::shared_ptr<co
 bool ListedRow::operator==(const ListedRow& other) const
 {
     return isVisited == other.isVisited && sight == other.sight && areEqual(row, other.row)
-           && areEqual(details, other.details);
+           && areEqual(details, other.details) && areEqual(turn, other.turn)
+           && heading == other.heading;
 }
 
 RowContent::RowContent(ListedRow listed)
@@ -31,9 +32,12 @@ RowContent::RowContent(ListedRow listed)
     , _checkLabel(QString::fromStdString(pullRequest().checks.label()))
 {}
 
-QString RowContent::reason() const
+RowWording::Reason RowContent::reason() const
 {
-    return RowWording::hiddenReason(_listed.sight);
+    if (isDimmed()) {
+        return {.words = RowWording::hiddenReason(_listed.sight)};
+    }
+    return _listed.turn != nullptr ? RowWording::turnReason(*_listed.turn) : RowWording::Reason{};
 }
 
 CountWidths RowContent::countWidths() const

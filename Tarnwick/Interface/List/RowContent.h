@@ -2,7 +2,9 @@
 
 #include "PullRequestKit/PullRequestDetails.h"
 #include "PullRequestKit/PullRequestRow.h"
+#include "PullRequestKit/Turn.h"
 #include "Tarnwick/Interface/List/RowGeometry.h"
+#include "Tarnwick/Interface/List/RowWording.h"
 #include "Tarnwick/Model/RowFilter.h"
 
 #include <QString>
@@ -13,13 +15,17 @@
 namespace Tarnwick {
 
 /// A row of the menu, whether the user has seen the pull request as it is now, what hides it when
-/// the row is shown all the same, and the names behind its counts.
+/// the row is shown all the same, the names behind its counts, and whose move it waits for.
 struct ListedRow {
     std::shared_ptr<const PullRequestKit::PullRequestRow> row;  ///< Not null.
     bool isVisited = false;
     Sight sight = Sight::inSight;
     std::shared_ptr<const PullRequestKit::PullRequestDetails> details =
         nullptr;  ///< Null when not known.
+    /// Null but where the list is arranged by it.
+    std::shared_ptr<const PullRequestKit::Turn> turn = nullptr;
+    /// What the row stands under, with the rest of its stack. Only with a turn.
+    PullRequestKit::Whose heading = PullRequestKit::Whose::others;
 
     bool operator==(const ListedRow& other) const;
 };
@@ -42,8 +48,14 @@ public:
     /// Whether the row is hidden and shown all the same: without colour, and saying why.
     bool isDimmed() const { return isHidden(_listed.sight); }
 
-    /// What the line of details begins with, such as "Hidden by Status"; mostly empty.
-    QString reason() const;
+    /// What the line of details begins with: why the row is hidden, or what it waits for.
+    RowWording::Reason reason() const;
+
+    /// Whether the row itself is what its heading says, and not only another one of its stack.
+    bool earnsHeading() const
+    {
+        return _listed.turn != nullptr && _listed.turn->whose == _listed.heading && !isDimmed();
+    }
 
     /// Null where they are not known.
     const PullRequestKit::PullRequestDetails* details() const { return _listed.details.get(); }

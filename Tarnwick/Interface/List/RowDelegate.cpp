@@ -1,5 +1,6 @@
 #include "Tarnwick/Interface/List/RowDelegate.h"
 
+#include "Tarnwick/Interface/List/HeadingPainter.h"
 #include "Tarnwick/Interface/List/RowTexts.h"
 
 #include <array>
@@ -146,6 +147,10 @@ void RowDelegate::paint(QPainter& painter, int row, const RowSituation& situatio
 void RowDelegate::paint(
     QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
+    if (_model.isHeading(index.row())) {
+        paintHeading(*painter, option.rect, _model.heading(index.row()), _appearance);
+        return;
+    }
     painter->save();
     painter->translate(option.rect.topLeft());
     paint(*painter, index.row(), {});
@@ -154,7 +159,8 @@ void RowDelegate::paint(
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const
 {
-    return {_metrics.width, rowHeight(_metrics, shape(index.row()))};
+    const bool isHeading = _model.isHeading(index.row());
+    return {_metrics.width, isHeading ? _metrics.heading : rowHeight(_metrics, shape(index.row()))};
 }
 
 }  // namespace Tarnwick

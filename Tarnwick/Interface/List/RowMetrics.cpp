@@ -1,6 +1,7 @@
 #include "Tarnwick/Interface/List/RowMetrics.h"
 
 #include "Tarnwick/Interface/List/CountFigures.h"
+#include "Tarnwick/Interface/List/HeadingPainter.h"
 #include "Tarnwick/Interface/List/RowGeometry.h"
 
 #include <algorithm>
@@ -36,6 +37,7 @@ RowMetrics rowMetrics(const Appearance& appearance, int width, CountWidths count
     metrics.caption = appearance.line(TextStyle::caption, TextWeight::regular);
     metrics.count = appearance.line(TextStyle::caption, TextWeight::medium);
     metrics.width = width;
+    metrics.heading = headingHeight(appearance);
     metrics.icon = appearance.scaled(16);
     // Odd at text scale 1, so it follows the text by a rule of its own: 11, 14, 16.
     metrics.arrow = static_cast<int>(std::ceil(11 * appearance.textScale() - 0.5));

@@ -20,8 +20,9 @@ struct RowMetrics {
     LineStyle title;
     LineStyle dimmedTitle;
     LineStyle caption;  ///< The warning and the line of details.
-    LineStyle count;
-    int width = 0;  ///< Of the row.
+    LineStyle count;    ///< And a reason that asks something of the user.
+    int width = 0;      ///< Of the row.
+    int heading = 0;    ///< The height of a group's heading.
     int icon = 0;
     int arrow = 0;
     QSize editorButton;

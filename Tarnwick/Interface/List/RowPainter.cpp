@@ -161,12 +161,13 @@ const QStringList& RowPainter::wordsIn(const RowContent& content) const
 
 void RowPainter::paintDetails(const RowContent& content, const QRect& place)
 {
-    const LineStyle& style = _metrics.caption;
     const DetailsLayout layout =
         RowTexts::detailsLayout(content, _now, _metrics, place.width(), wordsIn(content));
     for (const DetailsLayout::Piece& piece : layout.pieces) {
+        const LineStyle& style = piece.isStrong ? _metrics.count : _metrics.caption;
         const QRectF line(place.left() + piece.left, place.top(), place.width(), place.height());
-        Painting::text(_painter, line, piece.text, style, _palette.textTertiary);
+        const QColor& quiet = piece.isStrong ? _palette.textSecondary : _palette.textTertiary;
+        Painting::text(_painter, line, piece.text, style, quiet);
         std::vector<QRectF> letters;
         for (const TextRange& mark : piece.marks) {
             const double start = Painting::width(piece.text.left(mark.start), style);

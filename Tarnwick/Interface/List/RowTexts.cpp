@@ -12,6 +12,16 @@ constexpr double gapInEm = 0.44;
 /// Of captions.
 constexpr double pixelSizeAtScale1 = 34.0 / 3;
 
+TextMeasure measureOf(const LineStyle& style)
+{
+    const QFontMetricsF font(style.font);
+    return {
+        [font](const QString& text) { return font.horizontalAdvance(text); },
+        [font](const QString& text, Qt::TextElideMode mode, double room) {
+            return font.elidedText(text, mode, room);
+        }};
+}
+
 }  // namespace
 
 QString elided(const QString& text, const LineStyle& style, double width)
@@ -32,12 +42,7 @@ DetailsLayout detailsLayout(
     double width,
     const QStringList& findWords)
 {
-    const QFontMetricsF font(metrics.caption.font);
-    const TextMeasure measure{
-        [&font](const QString& text) { return font.horizontalAdvance(text); },
-        [&font](const QString& text, Qt::TextElideMode mode, double room) {
-            return font.elidedText(text, mode, room);
-        }};
+    const LineMeasure measure{measureOf(metrics.caption), measureOf(metrics.count)};
     const double gap = std::round(gapInEm * metrics.caption.pixelSize);
     const double scale = metrics.caption.pixelSize / pixelSizeAtScale1;
     return layOutDetails(details(content, now), {width, gap, scale}, measure, findWords);

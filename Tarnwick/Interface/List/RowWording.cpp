@@ -1,6 +1,8 @@
 #include "Tarnwick/Interface/List/RowWording.h"
 
+#include "PullRequestKit/TurnWording.h"
 #include "Tarnwick/Interface/List/CountWording.h"
+#include "Tarnwick/Interface/List/Names.h"
 
 #include <QDateTime>
 #include <QLocale>
@@ -11,9 +13,6 @@ namespace {
 
 using namespace PullRequestKit;
 using namespace std::chrono_literals;
-
-constexpr QChar firstStrongIsolate(0x2068);
-constexpr QChar popDirectionalIsolate(0x2069);
 
 QString stateWord(PullRequestState state)
 {
@@ -139,8 +138,35 @@ QString age(Date instant, Date now, const QTimeZone& zone)
     return calendarAge(instant, now, zone);
 }
 
+Reason turnReason(const Turn& turn)
+{
+    if (turn.reason == TurnReason::draft) {
+        return {};
+    }
+    Turn worded = turn;
+    Reason reason{
+        .words = {}, .names = Names::shown(turn.names), .isStrong = asksSomething(turn.whose)};
+    if (reason.names.isEmpty()) {
+        worded.names.clear();
+    }
+    reason.words = QString::fromStdString(reasonWords(worded));
+    if (reason.names.isEmpty() && reason.words.endsWith(QLatin1Char(' '))) {
+        reason.names.append(QStringLiteral("…"));
+    }
+    return reason;
+}
+
+QString reasonText(const Reason& reason)
+{
+    QStringList names;
+    for (const QString& name : reason.names) {
+        names.append(Names::isolated(name));
+    }
+    return reason.words + names.join(QStringLiteral(", "));
+}
+
 Details details(
-    const PullRequest& pullRequest, const QString& reason, Date now, const QTimeZone& zone)
+    const PullRequest& pullRequest, const Reason& reason, Date now, const QTimeZone& zone)
 {
     const QString name = QString::fromStdString(pullRequest.id.repository);
     const auto ownerLength = name.indexOf(QLatin1Char('/')) + 1;
@@ -161,11 +187,11 @@ QString detailsText(const Details& details)
         pieces.append(QStringLiteral("Draft"));
     }
     if (!details.reason.isEmpty()) {
-        pieces.append(details.reason);
+        pieces.append(reasonText(details.reason));
     }
     pieces.append(details.owner + details.repository + QLatin1Char(' ') + details.number);
     if (!details.author.isEmpty()) {
-        pieces.append(firstStrongIsolate + details.author + popDirectionalIsolate);
+        pieces.append(Names::isolated(details.author));
     }
     pieces.append(details.age);
     return pieces.join(QStringLiteral(" · "));
@@ -176,10 +202,10 @@ QString accessibilityDescription(
 {
     QStringList sentences;
     if (!details.reason.isEmpty()) {
-        sentences.append(details.reason);
+        sentences.append(reasonText(details.reason));
     }
     Details rest = details;
-    rest.reason.clear();
+    rest.reason = {};
     sentences.append(detailsText(rest));
     if (known != nullptr) {
         sentences.append(CountWording::reviewLines(*known));

@@ -3,9 +3,11 @@
 #include "PullRequestKit/Date.h"
 #include "PullRequestKit/PullRequestDetails.h"
 #include "PullRequestKit/PullRequestRow.h"
+#include "PullRequestKit/Turn.h"
 #include "Tarnwick/Model/RowFilter.h"
 
 #include <QString>
+#include <QStringList>
 #include <QTimeZone>
 
 namespace Tarnwick {
@@ -45,11 +47,28 @@ QString hiddenReason(Sight sight);
 /// counts as now.
 QString age(PullRequestKit::Date instant, PullRequestKit::Date now, const QTimeZone& zone);
 
+/// Why a row stands where it does, such as "Waiting for mara, noa-b", or why it is hidden.
+struct Reason {
+    QString words;           ///< The whole reason where there are no names; empty for no reason.
+    QStringList names = {};  ///< Behind the words; none is empty.
+    bool isStrong = false;   ///< It asks something of the user.
+
+    bool isEmpty() const { return words.isEmpty(); }
+
+    bool operator==(const Reason&) const = default;
+};
+
+/// That it is a draft is no reason here, because the line of a draft says so anyway.
+Reason turnReason(const PullRequestKit::Turn& turn);
+
+/// As one text. No name can turn the direction of what follows it.
+QString reasonText(const Reason& reason);
+
 /// The pieces of the quiet line below the title.
 struct Details {
     bool isDraft = false;
-    QString reason;  ///< Why the row is as it is; may be empty.
-    QString owner;   ///< With the slash behind it; empty where the repository's name has none.
+    Reason reason;  ///< May be empty.
+    QString owner;  ///< With the slash behind it; empty where the repository's name has none.
     QString repository;
     QString number;  ///< With its "#".
     QString author;
@@ -60,7 +79,7 @@ struct Details {
 
 Details details(
     const PullRequestKit::PullRequest& pullRequest,
-    const QString& reason,
+    const Reason& reason,
     PullRequestKit::Date now,
     const QTimeZone& zone);
 

@@ -4,6 +4,8 @@
 
 #include <QScrollBar>
 
+#include <algorithm>
+
 namespace Tarnwick {
 namespace {
 
@@ -21,27 +23,35 @@ ScrollAnchor::ScrollAnchor(const PullRequestListView& view, Top listTop)
     }
     const PullRequestListModel& model = modelOf(view);
     const int bottom = view.viewport()->height();
+    const int covered = view.coveredHeight();
     const QModelIndex first = view.indexAt(QPoint(1, 0));
     for (int row = first.isValid() ? first.row() : model.rowCount(); row < model.rowCount();
          ++row) {
-        const int top = view.visualRect(model.index(row)).top();
-        if (top >= bottom) {
+        const QRect place = view.visualRect(model.index(row));
+        if (place.top() >= bottom) {
             break;
         }
-        _tops.emplace_back(model.content(row).row().id(), top);
+        if (!model.isHeading(row) && place.bottom() >= covered) {
+            _tops.emplace_back(model.content(row).row().id(), place.top());
+        }
     }
 }
 
 void ScrollAnchor::restore(PullRequestListView& view) const
 {
     const PullRequestListModel& model = modelOf(view);
-    for (const auto& [id, top] : _tops) {
-        const QModelIndex index = model.indexOf(id);
-        if (index.isValid()) {
-            QScrollBar* const bar = view.verticalScrollBar();
-            bar->setValue(bar->value() + view.visualRect(index).top() - top);
-            return;
-        }
+    const auto isStill = [&](const Place& place) {
+        return !_moved.contains(place.first) && model.indexOf(place.first).isValid();
+    };
+    const auto isThere = [&](const Place& place) { return model.indexOf(place.first).isValid(); };
+    auto found = std::ranges::find_if(_tops, isStill);
+    if (found == _tops.end()) {
+        found = std::ranges::find_if(_tops, isThere);
+    }
+    if (found != _tops.end()) {
+        QScrollBar* const bar = view.verticalScrollBar();
+        const QRect place = view.visualRect(model.indexOf(found->first));
+        bar->setValue(bar->value() + place.top() - found->second);
     }
 }
 

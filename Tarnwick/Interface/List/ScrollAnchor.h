@@ -2,6 +2,7 @@
 
 #include "PullRequestKit/PullRequestID.h"
 
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -22,11 +23,17 @@ public:
 
     explicit ScrollAnchor(const PullRequestListView& view, Top listTop = Top::isKept);
 
-    /// Goes by the first row that is still there.
+    /// A row that has gone to another place among the others.
+    void addMoved(const PullRequestKit::PullRequestID& id) { _moved.insert(id); }
+
+    /// Goes by the first row that is still there, of those that have not moved if there is one.
     void restore(PullRequestListView& view) const;
 
 private:
-    std::vector<std::pair<PullRequestKit::PullRequestID, int>> _tops;
+    using Place = std::pair<PullRequestKit::PullRequestID, int>;
+
+    std::vector<Place> _tops;
+    std::unordered_set<PullRequestKit::PullRequestID> _moved;
 };
 
 }  // namespace Tarnwick

@@ -1,6 +1,8 @@
 #include "Tarnwick/Interface/Panel/AccessibleParts.h"
 
 #include "Tarnwick/Interface/Controls/ProgressBar.h"
+#include "Tarnwick/Interface/List/AccessibleList.h"
+#include "Tarnwick/Interface/List/PullRequestListView.h"
 #include "Tarnwick/Interface/Panel/CardOverlay.h"
 #include "Tarnwick/Interface/Panel/Strip.h"
 
@@ -48,6 +50,9 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
         const bool isError = strip->tone() == Strip::Tone::error;
         return new QAccessibleWidget(
             strip, isError ? QAccessible::AlertMessage : QAccessible::Notification);
+    }
+    if (auto* const list = qobject_cast<PullRequestListView*>(object)) {
+        return makeAccessibleList(list);
     }
     if (auto* const bar = dynamic_cast<ProgressBar*>(object)) {
         return new AccessibleBar(bar);

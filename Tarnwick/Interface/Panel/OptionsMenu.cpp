@@ -35,6 +35,11 @@ OptionsMenu::OptionsMenu(PullRequestMenuModel& model, const Appearance& appearan
     addAction(QStringLiteral("Repositories"), this, &OptionsMenu::repositoriesRequested);
     addFilters();
     addSeparator();
+    addChoices<Arrangement>(
+        QStringLiteral("Arrange"),
+        [this](Arrangement value) { return _model.settings().arrangement == value; },
+        [this](Arrangement value) { _model.setArrangement(value); });
+    addSeparator();
     _checkForUpdates =
         addAction(QStringLiteral("Check for Updates…"), this, [this] { _updateCheck(); });
     _checkForUpdates->setVisible(false);

@@ -43,6 +43,12 @@ TEST(ListKeys, controlOpensInOtherWays)
     EXPECT_EQ(commandOf(Qt::Key_E), std::nullopt);
 }
 
+TEST(ListKeys, controlAndArrowsMoveByGroups)
+{
+    EXPECT_EQ(commandOf(Qt::Key_Down, Qt::ControlModifier), ListCommand::nextGroup);
+    EXPECT_EQ(commandOf(Qt::Key_Up, Qt::ControlModifier), ListCommand::previousGroup);
+}
+
 TEST(ListKeys, otherKeysWithModifiersAreNotTheLists)
 {
     EXPECT_EQ(commandOf(Qt::Key_J, Qt::ControlModifier), std::nullopt);
@@ -86,6 +92,42 @@ TEST(ListNavigation, theEndsHold)
     EXPECT_EQ(targetRow(ListCommand::up, 0, tenRows), 0);
     EXPECT_EQ(targetRow(ListCommand::down, 9, tenRows), 9);
     EXPECT_EQ(targetRow(ListCommand::first, 7, tenRows), 0);
+}
+
+/// Headings of 50 at 0, 3 and 5, and rows between them and up to 7.
+const ListExtent grouped{
+    .count = 8,
+    .firstInSight = 4,
+    .pageHeight = 170,
+    .placeOf = [](int row) { return QRect(0, row * 50, 420, 50); },
+    .isHeading = [](int row) { return row == 0 || row == 3 || row == 5; }};
+
+TEST(ListNavigation, headingsArePassed)
+{
+    EXPECT_EQ(targetRow(ListCommand::first, 6, grouped), 1);
+    EXPECT_EQ(targetRow(ListCommand::last, 1, grouped), 7);
+    EXPECT_EQ(targetRow(ListCommand::down, 2, grouped), 4);
+    EXPECT_EQ(targetRow(ListCommand::up, 4, grouped), 2);
+    EXPECT_EQ(targetRow(ListCommand::up, 1, grouped), 1);
+    EXPECT_EQ(targetRow(ListCommand::down, 7, grouped), 7);
+    EXPECT_EQ(targetRow(ListCommand::pageDown, 2, grouped), 4);
+    EXPECT_EQ(targetRow(ListCommand::pageDown, 4, grouped), 6);
+    EXPECT_EQ(targetRow(ListCommand::pageUp, 7, grouped), 6);
+    EXPECT_EQ(targetRow(ListCommand::pageUp, 2, grouped), 1);
+}
+
+TEST(ListNavigation, groupsAreSteppedThrough)
+{
+    EXPECT_EQ(targetRow(ListCommand::nextGroup, 1, grouped), 4);
+    EXPECT_EQ(targetRow(ListCommand::nextGroup, 4, grouped), 6);
+    EXPECT_EQ(targetRow(ListCommand::nextGroup, 6, grouped), 6);
+    EXPECT_EQ(targetRow(ListCommand::nextGroup, 7, grouped), 7);
+    EXPECT_EQ(targetRow(ListCommand::previousGroup, 7, grouped), 6);
+    EXPECT_EQ(targetRow(ListCommand::previousGroup, 6, grouped), 4);
+    EXPECT_EQ(targetRow(ListCommand::previousGroup, 2, grouped), 1);
+    EXPECT_EQ(targetRow(ListCommand::previousGroup, 1, grouped), 1);
+    EXPECT_EQ(targetRow(ListCommand::nextGroup, -1, grouped), 4);
+    EXPECT_EQ(targetRow(ListCommand::previousGroup, -1, grouped), 4);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "List/SampleRows.h"
+#include "List/TurnRows.h"
 #include "Support/Pictures.h"
 #include "Tarnwick/Interface/List/FindBar.h"
 #include "Tarnwick/Interface/List/PullRequestListView.h"
@@ -6,6 +7,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QScrollBar>
 
 #include <algorithm>
 #include <utility>
@@ -24,6 +26,8 @@ struct Sheet {
     double scaleFactor = 1;
     QString findText = {};
     bool hasHidden = false;
+    bool isByTurn = false;
+    int scrolledBy = 0;
 };
 
 /// Without the rows whose characters no bundled font has.
@@ -44,7 +48,7 @@ QImage listPicture(const Sheet& sheet)
     appearance.setDark(sheet.isDark);
     appearance.setWishes({.reducedMotion = true, .higherContrast = sheet.higherContrast});
     PullRequestListModel model(TestSupport::sampleNow);
-    std::vector<ListedRow> rows = latinRows();
+    std::vector<ListedRow> rows = sheet.isByTurn ? TestSupport::turnRows() : latinRows();
     if (sheet.hasHidden) {
         rows[2].sight = Sight::hiddenByStatus;
         rows[4].sight = Sight::hiddenByChecks;
@@ -56,6 +60,7 @@ QImage listPicture(const Sheet& sheet)
     view.setAttribute(Qt::WA_DontShowOnScreen);
     view.resize(sheet.width, sheet.height);
     view.show();
+    view.verticalScrollBar()->setValue(sheet.scrolledBy);
     const QPointF pointer =
         view.visualRect(model.index(std::min(4, model.rowCount() - 1))).center();
     QMouseEvent move(
@@ -108,6 +113,23 @@ TEST(ListPictures, platesMarkWhatIsFound)
              .scaleFactor = 1.5,
              .findText = QStringLiteral("mere")}),
         "list-find-dark-150");
+}
+
+TEST(ListPictures, groupsByWhoseTurnItIs)
+{
+    expectPicture(listPicture({.height = 560, .isByTurn = true}), "list-turn-light");
+    expectPicture(
+        listPicture(
+            {.isDark = true,
+             .height = 400,
+             .scaleFactor = 1.5,
+             .isByTurn = true,
+             .scrolledBy = 290}),
+        "list-turn-stuck-dark-150");
+    expectPicture(
+        listPicture(
+            {.textScale = 1.5, .width = 540, .height = 700, .hasHidden = true, .isByTurn = true}),
+        "list-turn-large-text");
 }
 
 TEST(ListPictures, theFindBar)

@@ -198,10 +198,40 @@ TEST(RowWording, hiddenRowsSayWhichFilterHidesThem)
     EXPECT_EQ(RowWording::hiddenReason(Sight::inSight), QString());
 }
 
+QString textOf(const Turn& turn)
+{
+    return RowWording::reasonText(RowWording::turnReason(turn));
+}
+
+TEST(RowWording, aTurnsReasonIsStrongWhereItAsksSomethingOfTheUser)
+{
+    using RowWording::turnReason;
+    EXPECT_TRUE(turnReason({Whose::you, TurnReason::conflicts, {}, 0}).isStrong);
+    EXPECT_TRUE(turnReason({Whose::ready, TurnReason::readyToMerge, {}, 0}).isStrong);
+    EXPECT_TRUE(turnReason({Whose::teams, TurnReason::teamReview, {"platform"}, 0}).isStrong);
+    EXPECT_FALSE(turnReason({Whose::others, TurnReason::checksRunning, {}, 0}).isStrong);
+    EXPECT_TRUE(turnReason({Whose::others, TurnReason::none, {}, 0}).isEmpty());
+    EXPECT_TRUE(turnReason({Whose::others, TurnReason::draft, {}, 0}).isEmpty())
+        << "the line of a draft begins with the word anyway";
+}
+
+TEST(RowWording, namesInAReasonAreOneLineOfLettersEachIsolated)
+{
+    EXPECT_EQ(
+        textOf({Whose::others, TurnReason::waitingFor, {"mara", "noa\n-b\u202E", "\u2069"}, 0}),
+        u"Waiting for \u2068mara\u2069, \u2068noa -b\u2069"_s);
+    EXPECT_EQ(textOf({Whose::teams, TurnReason::teamReview, {" "}, 0}), u"Your team’s review"_s);
+    EXPECT_EQ(
+        textOf({Whose::others, TurnReason::waitingFor, {"\u202E"}, 0}),
+        u"Waiting for \u2068…\u2069"_s);
+    EXPECT_EQ(
+        textOf({Whose::others, TurnReason::waitingForPullRequest, {}, 412}), u"Waiting for #412"_s);
+}
+
 TEST(RowWording, theReasonStandsAfterDraftAndIsSaidFirst)
 {
     const RowWording::Details details{
-        true, u"Hidden by Status"_s, u"northmere/"_s, u"quay"_s, u"#482"_s, {}, u"3h"_s};
+        true, {u"Hidden by Status"_s}, u"northmere/"_s, u"quay"_s, u"#482"_s, {}, u"3h"_s};
     EXPECT_EQ(
         RowWording::detailsText(details), u"Draft · Hidden by Status · northmere/quay #482 · 3h"_s);
     EXPECT_EQ(

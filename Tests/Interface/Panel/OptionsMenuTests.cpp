@@ -92,9 +92,20 @@ TEST_F(OptionsMenuTests, hasItsItemsInOrder)
             "Reviews >",
             "Merge-ready >",
             "-",
+            "Arrange >",
+            "-",
             "Help",
             "Quit"));
     EXPECT_EQ(menu->accessibleName(), QStringLiteral("List options"));
+}
+
+TEST_F(OptionsMenuTests, arrangesTheList)
+{
+    EXPECT_THAT(itemsOf(submenu("Arrange")), ElementsAre("By Review State", "By Whose Turn"));
+    EXPECT_THAT(checked("Arrange"), ElementsAre("By Review State"));
+    choose("Arrange", "By Whose Turn");
+    EXPECT_EQ(model->settings().arrangement, Arrangement::byWhoseTurn);
+    EXPECT_THAT(checked("Arrange"), ElementsAre("By Whose Turn"));
 }
 
 TEST_F(OptionsMenuTests, resetsTheFiltersWhileOneDiffersFromItsDefault)
