@@ -7,6 +7,9 @@
 #include <QImage>
 #include <QScrollBar>
 
+#include <algorithm>
+#include <functional>
+
 #include <benchmark/benchmark.h>
 
 namespace {
@@ -25,6 +28,20 @@ std::vector<ListedRow> listed(std::vector<PullRequest> pullRequests)
         const bool isVisited = row.pullRequest.id.number % 3 == 0;
         rows.push_back({std::make_shared<const PullRequestRow>(std::move(row)), isVisited});
     }
+    return rows;
+}
+
+/// The rows under the headings that `heading` tells by their numbers, stacks in pieces.
+std::vector<ListedRow> byTurn(
+    std::vector<ListedRow> rows, const std::function<Whose(std::int64_t number)>& heading)
+{
+    for (ListedRow& row : rows) {
+        const Whose whose = heading(row.row->id().number);
+        row.heading = whose;
+        row.turn = std::make_shared<const Turn>(
+            Turn{whose, TurnReason::waitingFor, {"mara", "noa-b", "platform"}, 0});
+    }
+    std::ranges::stable_sort(rows, {}, &ListedRow::heading);
     return rows;
 }
 
@@ -125,6 +142,44 @@ void aRefreshResult(benchmark::State& state)
 }
 
 BENCHMARK(aRefreshResult)->Iterations(60)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+/// The same under headings, after which besides a tenth of the rows stand under another one.
+void aRefreshResultByTurn(benchmark::State& state)
+{
+    std::vector<PullRequest> before = Benchmarks::makePullRequests(rowCount);
+    std::vector<PullRequest> after = before;
+    for (std::size_t place = 0; place < after.size(); place += 10) {
+        after[place].updatedAt += std::chrono::hours(2);
+        after[place].checks = {3, 7, 0};
+    }
+    before.resize(before.size() - 20);
+    after.erase(after.begin(), after.begin() + 20);
+    const auto headingBefore = [](std::int64_t number) { return static_cast<Whose>(number % 4); };
+    const auto headingAfter = [](std::int64_t number) {
+        return static_cast<Whose>((number + (number / 4 % 10 == 0 ? 1 : 0)) % 4);
+    };
+    const std::vector<ListedRow> lists[] = {
+        byTurn(listed(before), headingBefore), byTurn(listed(after), headingAfter)};
+    ShownList list(lists[0]);
+    list.scrollBar().setValue(list.scrollBar().maximum() / 2);
+    Longest longest(state);
+    std::size_t next = 1;
+    for ([[maybe_unused]] auto iteration : state) {
+        std::vector<ListedRow> rows = lists[next];
+        next = 1 - next;
+        longest.add(timeOf([&] {
+            list.model().setRows(std::move(rows));
+            list.paint();
+        }));
+        if (list.model().headingRows().size() != 4) {
+            state.SkipWithError("the rows do not stand under four headings");
+            break;
+        }
+    }
+    longest.report();
+}
+
+BENCHMARK(aRefreshResultByTurn)->Iterations(60)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 /// The list from rows that the model of the menu has to the first picture.
 void theFirstFrame(benchmark::State& state)
