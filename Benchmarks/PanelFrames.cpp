@@ -88,9 +88,10 @@ private:
 
 /// What the answer to a refresh takes of the main thread, from its arrival to the new picture,
 /// which the window paints by itself as on a screen.
-void aRefreshResultInThePanel(benchmark::State& state)
+void aRefreshResultInThePanel(benchmark::State& state, Arrangement arrangement)
 {
     OnScreen<PullRequestMenuView> panel;
+    panel.model().model().setArrangement(arrangement);
     const Paintings paintings(*panel.part<QAbstractScrollArea>("pullRequestList").viewport());
     Longest longest(state);
     for ([[maybe_unused]] auto iteration : state) {
@@ -106,10 +107,18 @@ void aRefreshResultInThePanel(benchmark::State& state)
         }
     }
     state.counters["rows"] = static_cast<double>(panel.model().model().rows().size());
+    state.counters["headings"] = static_cast<double>(panel.model().model().groups().size());
     longest.report();
 }
 
-BENCHMARK(aRefreshResultInThePanel)->Iterations(40)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(aRefreshResultInThePanel, byReviewState, Arrangement::byReviewState)
+    ->Iterations(40)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(aRefreshResultInThePanel, byWhoseTurn, Arrangement::byWhoseTurn)
+    ->Iterations(40)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 
 void scrollingThePicker(benchmark::State& state)
 {

@@ -105,6 +105,12 @@ std::vector<TurningProvider::PullRequests> listBeforeAndAfter()
     constexpr std::size_t rows = 1'100;
     constexpr std::ptrdiff_t changed = 20;
     TurningProvider::PullRequests before = makePullRequests(rows + changed);
+    for (PullRequest& pullRequest : before) {
+        // Their turns differ, then, when they are arranged by them.
+        if (pullRequest.id.number % 3 == 0) {
+            pullRequest.author = "mona";
+        }
+    }
     TurningProvider::PullRequests after = before;
     for (std::size_t place = 0; place < after.size(); place += 10) {
         after[place].updatedAt += std::chrono::hours(2);

@@ -137,8 +137,8 @@ class ReadingTests(PanelTest):
         place = self.screen.place(window)
         below = Rectangle(place.x + 100, place.bottom - 60, 1, 1)
         self.reader.press("push button", "List options")
-        quitting = self.reader.find("menu item", "Quit").box
-        menu = Rectangle(quitting.right - 20, quitting.centre[1], 1, 1)
+        helping = self.reader.find("menu item", "Help").box
+        menu = Rectangle(helping.right - 20, helping.centre[1], 1, 1)
         self.reader.press("menu item", "Settings")
         self.reader.find("menu item", "Dark Mode")
 
