@@ -1,0 +1,125 @@
+#include "Tarnwick/Persistence/PullRequestFactsFile.h"
+
+#include "Persistence/FileTrouble.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace FileTrouble;
+using namespace PullRequestKit;
+using namespace Tarnwick;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using TestSupport::date;
+using TestSupport::makePullRequest;
+
+PullRequestFacts everyFact()
+{
+    PullRequestFacts facts;
+    facts.askedAt = date("2024-05-01T12:30:00Z");
+    facts.updatedAt = date("2024-05-01T12:00:00Z");
+    facts.headCommit = "c2";
+    facts.reviewDecision = ReviewDecision::reviewRequired;
+    facts.isInMergeQueue = true;
+    facts.mergeQueuePosition = 2;
+    facts.isAutoMergeEnabled = true;
+    facts.ownReview = {ReviewVerdict::commented, date("2024-05-01T11:00:00Z"), "c1"};
+    facts.threadCount = 5;
+    facts.openThreadCount = 3;
+    facts.stackPlace = {9, 1, 4};
+    return facts;
+}
+
+class PullRequestFactsFileTest : public testing::Test {
+protected:
+    Folder folder;
+    PullRequestFactsFile file{folder / "pull-request-facts.json"};
+    FactsByID facts{{makePullRequest(7).id, everyFact()}};
+
+    KeptFacts some() const
+    {
+        return {
+            std::make_shared<const FactsByID>(facts),
+            Quota{5000, 312, date("2024-05-01T14:20:00Z")}};
+    }
+
+    void expectNothing() const
+    {
+        const KeptFacts kept = file.load();
+        EXPECT_EQ(kept.facts, nullptr);
+        EXPECT_EQ(kept.quota, std::nullopt);
+    }
+};
+
+TEST_F(PullRequestFactsFileTest, liesBesideTheCache)
+{
+    EXPECT_EQ(
+        PullRequestFactsFile::beside(PullRequestDiskCache{"/data/pull-requests.json"}).path,
+        "/data/pull-request-facts.json");
+}
+
+TEST_F(PullRequestFactsFileTest, bringsBackEveryFact)
+{
+    facts[makePullRequest(8).id].headCommit = "c3";
+    file.save(some());
+    EXPECT_EQ(*file.load().facts, facts);
+    EXPECT_EQ(file.load().quota, some().quota);
+    EXPECT_EQ(modeOf(file.path), 0600U);
+    EXPECT_THAT(folder.names(), ElementsAre("pull-request-facts.json"));
+}
+
+TEST_F(PullRequestFactsFileTest, hasTheDocumentedForm)
+{
+    file.save(some());
+    EXPECT_EQ(
+        contentsOf(file.path),
+        R"({"version":1,"quota":{"limit":5000,"remaining":312,"resetAt":"2024-05-01T14:20:00Z"},)"
+        R"("pullRequests":[{"id":{"provider":"github","host":"github.com",)"
+        R"("repository":"octo/tools","number":7},"facts":{"askedAt":"2024-05-01T12:30:00Z",)"
+        R"("updatedAt":"2024-05-01T12:00:00Z","headCommit":"c2",)"
+        R"("reviewDecision":"reviewRequired","isInMergeQueue":true,"mergeQueuePosition":2,)"
+        R"("isAutoMergeEnabled":true,"ownReview":{"verdict":"commented",)"
+        R"("submittedAt":"2024-05-01T11:00:00Z","commit":"c1"},"threadCount":5,)"
+        R"("openThreadCount":3,"stackPlace":{"number":9,"position":1,"size":4}}}]})");
+}
+
+TEST_F(PullRequestFactsFileTest, isEmptyWhenItIsNotThereOrOfNoUse)
+{
+    expectNothing();
+    file.save(some());
+    const std::string good = contentsOf(file.path);
+    std::string later = good;
+    later.replace(later.find("1,"), 1, "2");
+    std::string foreign = good;
+    foreign.replace(foreign.find("312"), 3, R"("a few")");
+    for (const std::string& text :
+         {std::string(), good.substr(0, good.size() / 2), std::string("[]"), later, foreign}) {
+        writeFile(file.path, text);
+        expectNothing();
+        EXPECT_EQ(contentsOf(file.path), text);
+    }
+    std::filesystem::remove(file.path);
+    std::filesystem::create_directory(file.path);
+    expectNothing();
+}
+
+TEST_F(PullRequestFactsFileTest, isNotReadWhenItIsHuge)
+{
+    file.save(some());
+    std::filesystem::resize_file(file.path, std::uintmax_t{200} * 1024 * 1024);
+    expectNothing();
+}
+
+TEST_F(PullRequestFactsFileTest, saysWhyItCannotBeSaved)
+{
+    std::filesystem::create_directory(file.path);
+    try {
+        file.save(some());
+        FAIL();
+    } catch (const CacheWriteError& error) {
+        EXPECT_THAT(error.what(), HasSubstr("Is a directory"));
+    }
+}
+
+}  // namespace
