@@ -65,6 +65,11 @@ QCoro::Task<> Polling::run(std::stop_token stopToken)
             _retryUntil = 0ms;
             continue;
         }
+        auto resting = restAsLongAsNeeded(stopToken);
+        co_await resting;
+        if (stopToken.stop_requested()) {
+            co_return;
+        }
         _isDue = false;
         _begun = _clock->elapsed();
         auto refreshing = _refreshing.refresh();
@@ -72,6 +77,20 @@ QCoro::Task<> Polling::run(std::stop_token stopToken)
         if (!stopToken.stop_requested() && _refreshing.lastEnd() == RefreshEnd::fresh) {
             _retryUntil = 0ms;
         }
+    }
+}
+
+/// Looks again each period, because the rest may have become shorter.
+QCoro::Task<> Polling::restAsLongAsNeeded(std::stop_token stopToken)
+{
+    while (_refreshing.rest && !stopToken.stop_requested()) {
+        const std::chrono::milliseconds rest = _refreshing.rest();
+        if (rest <= 0ms) {
+            break;
+        }
+        const QFuture<void> pause =
+            _clock->sleep(std::min<std::chrono::milliseconds>(rest, _period), stopToken);
+        co_await pause;
     }
 }
 

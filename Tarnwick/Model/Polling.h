@@ -31,6 +31,8 @@ public:
         /// Makes one refresh and resumes when it has ended, at once while another one runs.
         std::function<QCoro::Task<>()> refresh;
         std::function<RefreshEnd()> lastEnd;
+        /// How long no refresh is to come by itself; without it, polling never rests.
+        std::function<std::chrono::milliseconds()> rest = nullptr;
     };
 
     /// A refresh that fails after the machine woke is repeated so long after it began.
@@ -39,7 +41,7 @@ public:
     /// For so long after the machine woke.
     static constexpr std::chrono::minutes retryTime{10};
 
-    /// `machine` may be null. Requires: a clock, and both functions.
+    /// `machine` may be null. Requires: a clock, and the functions but for the last.
     Polling(
         std::shared_ptr<Clock> clock,
         std::shared_ptr<MachineEvents> machine,
@@ -52,6 +54,7 @@ public:
 
 private:
     QCoro::Task<> run(std::stop_token stopToken);
+    QCoro::Task<> restAsLongAsNeeded(std::stop_token stopToken);
     std::chrono::milliseconds untilNext() const;
     bool isRetrying() const;
     void refreshNow(std::chrono::milliseconds retryTime);
