@@ -32,6 +32,7 @@ PullRequestMenuModel::Collaborators desktopCollaborators(
         startableFile(
             environment, QFile::encodeName(QCoreApplication::applicationFilePath()).toStdString()));
     collaborators.blocked = BlockedPullRequestsFile::beside(collaborators.cache);
+    collaborators.turns = KnownTurnsFile::beside(collaborators.cache);
     collaborators.settingsWatcher = std::make_shared<FileWatcher>(IniDefaultsStore::defaultFile());
     collaborators.machine = std::make_shared<SystemMachineEvents>();
     return collaborators;

@@ -44,14 +44,21 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
     , _turns(std::make_shared<const std::vector<Turn>>())
     , _allPullRequests(noPullRequests())
     , _details(std::make_shared<const DetailsByID>())
-    , _facts(std::make_shared<const FactsByID>())
+    , _facts(
+          {.provider = _parts.provider,
+           .clock = _parts.clock,
+           .rows = [this]() -> const std::vector<PullRequestRow>& { return *_rows; }})
+    , _pollingRest(_parts.clock)
     , _polling(
           _parts.clock,
           _parts.machine,
-          {.refresh = [this] { return refresh(); }, .lastEnd = [this] { return _refreshEnd; }})
+          {.refresh = [this] { return refresh(); },
+           .lastEnd = [this] { return _refreshEnd; },
+           .rest = [this] { return _pollingRest.remaining(); }})
 {
     followSettings();
     followNotifications();
+    followTurns();
     readLaunchAtLogin();
     showLastList();
     showSettingsProblem();
@@ -68,6 +75,8 @@ void PullRequestMenuModel::stop()
 {
     _lifetime.request_stop();
     _refreshTask.cancel();
+    _facts.cancel();
+    saveFacts();
     _polling.stop();
     flushSettings();
 }
@@ -79,7 +88,12 @@ void PullRequestMenuModel::followSettings()
     connect(this, &PullRequestMenuModel::settingsChanged, this, [this] { showSettingsProblem(); });
     connect(
         &_operations, &Operations::darkModeChanged, this, &PullRequestMenuModel::darkModeChanged);
-    connect(&_operations, &Operations::filtersChanged, this, &PullRequestMenuModel::rebuildRows);
+    const auto arrangeAnew = [this] {
+        rebuildRows();
+        askForUsedFacts();
+    };
+    connect(&_operations, &Operations::filtersChanged, this, arrangeAnew);
+    connect(&_operations, &Operations::arrangementChanged, this, arrangeAnew);
     connect(&_operations, &Operations::selectionChanged, this, [this] {
         rebuildRows();
         scheduleRefresh(selectionRest);
@@ -89,8 +103,6 @@ void PullRequestMenuModel::followSettings()
         // say that there are none.
         scheduleRefresh(0ms);
     });
-    connect(
-        &_operations, &Operations::arrangementChanged, this, &PullRequestMenuModel::rebuildRows);
     connect(
         &_operations,
         &Operations::pollingIntervalChanged,
@@ -150,6 +162,12 @@ void PullRequestMenuModel::showLastList()
         std::move(list->list),
         list->hidden,
         std::make_shared<const DetailsByID>(std::move(list->details)));
+    if (list->facts.facts) {
+        _facts.recall(std::move(list->facts.facts));
+    }
+    if (list->facts.quota && list->facts.quota->resetAt > _parts.clock->now()) {
+        _pollingRest.setQuota(*list->facts.quota);
+    }
     _allPullRequests =
         std::make_shared<const std::vector<PullRequest>>(std::move(list->snapshot.pullRequests));
     _repositories = std::move(list->snapshot.repositories);
@@ -186,7 +204,8 @@ std::shared_ptr<const ArrangedRows> PullRequestMenuModel::arrangedWithHidden() c
 
 TurnSources PullRequestMenuModel::turnSources() const
 {
-    return {*_allPullRequests, *_details, *_facts, _account ? *_account : std::string_view()};
+    return {
+        *_allPullRequests, *_details, *_facts.facts(), _account ? *_account : std::string_view()};
 }
 
 void PullRequestMenuModel::setRows(ArrangedRows list, HiddenCounts hidden)
@@ -270,7 +289,8 @@ void PullRequestMenuModel::readSettingsAgain()
         return !(before.*flag) && _settings.*flag;
     };
     if (isTurnedOn(&Settings::unblockedNotificationsEnabled)
-        || isTurnedOn(&Settings::newPullRequestNotificationsEnabled)) {
+        || isTurnedOn(&Settings::newPullRequestNotificationsEnabled)
+        || isTurnedOn(&Settings::yourTurnNotificationsEnabled)) {
         _notifications.prepare();
     }
 }

@@ -10,16 +10,20 @@
 #include "Tarnwick/ExternalNavigation.h"
 #include "Tarnwick/Model/Arrangement.h"
 #include "Tarnwick/Model/BlockedPullRequests.h"
+#include "Tarnwick/Model/FactsQuestions.h"
 #include "Tarnwick/Model/MenuState.h"
 #include "Tarnwick/Model/Polling.h"
+#include "Tarnwick/Model/PollingRest.h"
 #include "Tarnwick/Model/PullRequestNotifications.h"
 #include "Tarnwick/Model/ReadAhead.h"
 #include "Tarnwick/Model/RefreshResult.h"
 #include "Tarnwick/Model/RowFilter.h"
 #include "Tarnwick/Model/SettingsOperations.h"
+#include "Tarnwick/Model/TurnMoves.h"
 #include "Tarnwick/Persistence/BlockedPullRequestsFile.h"
 #include "Tarnwick/Persistence/DefaultsStore.h"
 #include "Tarnwick/Persistence/FileWatcher.h"
+#include "Tarnwick/Persistence/KnownTurnsFile.h"
 #include "Tarnwick/Persistence/SnapshotWriter.h"
 #include "Tarnwick/Persistence/VisitStore.h"
 
@@ -28,6 +32,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace Tarnwick {
@@ -64,6 +69,9 @@ public:
         /// Where a program that notifies keeps what was blocked. Others have none: what they find
         /// unblocked, nobody was told.
         std::optional<BlockedPullRequestsFile> blocked = std::nullopt;
+        /// Where a program that notifies keeps whose turn it was. Others have none, and ask nothing
+        /// for the sake of notifications.
+        std::optional<KnownTurnsFile> turns = std::nullopt;
         /// Tells when the machine has slept; without it, the clock alone does.
         std::shared_ptr<MachineEvents> machine = nullptr;
         /// Who opens what is clicked among the notifications, which counts as a visit.
@@ -112,6 +120,18 @@ public:
     /// The names behind the counts of the pull requests, filtered away or not; those whose names
     /// are not known are missing. Not null.
     const PullRequestKit::SharedDetails& details() const { return _details; }
+
+    /// What was asked for apart from the list, by identity; empty while nothing needs it. Not null.
+    const PullRequestKit::SharedFacts& facts() const { return _facts.facts(); }
+
+    /// What GitHub granted when it last told.
+    const std::optional<PullRequestKit::Quota>& quota() const { return _pollingRest.quota(); }
+
+    /// Set while polling rests because little of it is left.
+    const std::optional<PullRequestKit::Quota>& restingQuota() const
+    {
+        return _pollingRest.restingQuota();
+    }
 
     const std::vector<PullRequestKit::RepositorySummary>& repositories() const
     {
@@ -168,6 +188,10 @@ public:
     /// One refresh; returns at once while another one runs. Resumes when it has ended.
     QCoro::Task<> refresh();
 
+    /// Asks for the facts of the rows that want some, whatever the settings are; resumes when
+    /// nothing is being asked for. Nothing happens before a refresh has brought a list.
+    QCoro::Task<> askForFacts();
+
     /// Asks everything that runs to stop, child processes included, and waits for nothing. The
     /// model refreshes no more. For the end of the process.
     void stop();
@@ -193,6 +217,9 @@ public:
     /// Nothing happens when the value is the current one.
     void setArrangement(Arrangement value) { _operations.setArrangement(value); }
 
+    /// The user has answered to what is said about the list by whose turn it is.
+    void setInvolvedExplained() { _operations.setInvolvedExplained(); }
+
     /// Sets every filter to its default but for the selection of repositories.
     void resetFilters() { _operations.resetFilters(); }
 
@@ -216,6 +243,7 @@ public:
     void toggleLaunchAtLogin();
     QCoro::Task<> toggleUnblockedNotifications();
     QCoro::Task<> toggleNewPullRequestNotifications();
+    QCoro::Task<> toggleYourTurnNotifications();
     void dismissNotificationSettingsRequired();
     void dismissRefreshError();
     void dismissSettingsError();
@@ -244,6 +272,9 @@ Q_SIGNALS:
     void detailsChanged();
     /// Turns or groups of the same rows: otherwise `rowsChanged` alone says that both changed.
     void turnsChanged();
+    void factsChanged();
+    void quotaChanged();
+    void restingQuotaChanged();
 
 private:
     template<typename Value>
@@ -264,6 +295,16 @@ private:
     void accept(RefreshResult result, const RefreshStart& start);
     void recallBlocked();
     void rememberBlocked();
+
+    void followTurns();
+    bool usesFacts() const;
+    void askForUsedFacts();
+    void refreshFacts(std::unordered_set<PullRequestKit::PullRequestID> toldAsNew);
+    void factsSettled(bool hitSecondaryLimit);
+    void saveFacts();
+    void recallTurns();
+    void decideTurns();
+    void rememberTurns();
 
     void schedulePolling();
     void scheduleRefresh(std::chrono::milliseconds delay);
@@ -301,13 +342,21 @@ private:
 
     SharedPullRequests _allPullRequests;
     PullRequestKit::SharedDetails _details;
-    PullRequestKit::SharedFacts _facts;
+    FactsQuestions _facts;
+    bool _areFactsUnsaved = false;
+    PollingRest _pollingRest;
     bool _hasSnapshot = false;
     BlockedPullRequests _blocked;
     bool _hasRecalledBlocked = false;
     bool _hasBlockedOnDisk = false;
     bool _isAccepting = false;  ///< What is settled meanwhile is remembered at the end.
     std::optional<NewPullRequestBaseline> _newPullRequestBaseline;
+    KnownTurns _knownTurns;
+    bool _hasRecalledTurns = false;
+    bool _hasDecidedTurns = false;
+    bool _areTurnsDue = false;      ///< A refresh has ended but for its facts.
+    bool _isDecidingTurns = false;  ///< What is settled meanwhile is remembered at the end.
+    std::unordered_set<PullRequestKit::PullRequestID> _toldAsNew;  ///< By that refresh.
 
     std::stop_token _runningRefresh;  ///< The one that `_isRefreshing` speaks of.
     std::stop_source _lifetime;       ///< Stopped when the model goes.

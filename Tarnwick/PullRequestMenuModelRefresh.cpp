@@ -53,14 +53,21 @@ QCoro::Task<> PullRequestMenuModel::refreshUntilStopped(std::stop_token stopToke
     }
     begin(stopToken);
     std::optional<std::string> error;
+    bool isRefused = false;
     try {
         auto asked = askProvider(stopToken);
         co_await asked;
+    } catch (const SecondaryLimitError& limit) {
+        error = limit.what();
+        isRefused = true;
     } catch (const std::exception& exception) {
         error = exception.what();
     }
     if (!self) {
         co_return;
+    }
+    if (isRefused) {
+        _pollingRest.refused();
     }
     if (error && !stopToken.stop_requested()) {
         cannotAsk({MenuState::Kind::failed, *error});
@@ -107,7 +114,7 @@ QCoro::Task<> PullRequestMenuModel::askProvider(std::stop_token stopToken)
         assign(_state, {MenuState::Kind::loading, {}}, &PullRequestMenuModel::stateChanged);
     }
 
-    const RefreshStart start{account, std::make_shared<const Settings>(_settings), _facts};
+    const RefreshStart start{account, std::make_shared<const Settings>(_settings), _facts.facts()};
     auto fetching = onWorker([provider, start, stopToken] {
         const FetchRequest request{
             reviewerScopeOf(start.settings->reviewerFilter), start.settings->selectedRepositories};
@@ -151,11 +158,11 @@ void PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
         Q_EMIT repositoriesChanged();
     }
     _operations.resetUnconfiguredSelection();
-    if (_settings != *start.settings) {
-        // The user has chosen something else since.
+    if (_settings != *start.settings || start.facts != _facts.facts()) {
+        // The user has chosen something else since, or an earlier question was answered.
         result = refreshResult(
             std::move(result),
-            {start.account, std::make_shared<const Settings>(_settings), _facts});
+            {start.account, std::make_shared<const Settings>(_settings), _facts.facts()});
     }
     recallBlocked();
     _allPullRequests = result.pullRequests;
@@ -171,12 +178,19 @@ void PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
     auto appeared = newPullRequests(*_rows, result.baseline.scope, _newPullRequestBaseline);
     _newPullRequestBaseline = std::move(result.baseline);
     _newPullRequestBaseline->refreshedAt = now;
+    std::unordered_set<PullRequestID> toldAsNew;
+    for (const PullRequest& pullRequest : appeared) {
+        if (_settings.newPullRequestNotificationsEnabled) {
+            toldAsNew.insert(pullRequest.id);
+        }
+    }
     _isAccepting = true;
     _notifications.deliver({std::move(appeared), _blocked.update(*_allPullRequests, now)});
     _isAccepting = false;
     rememberBlocked();
     result.snapshot.refreshedAt = now;
     _snapshotWriter.save(std::move(result.snapshot), _details);
+    refreshFacts(std::move(toldAsNew));
 }
 
 /// Before the first refresh is taken over: what was blocked when the program last ran, and what the
@@ -212,6 +226,8 @@ void PullRequestMenuModel::schedulePolling()
 
 void PullRequestMenuModel::scheduleRefresh(std::chrono::milliseconds delay)
 {
+    // The list will be another one.
+    _facts.cancel();
     _refreshTask.start([this, delay](std::stop_token stopToken) {
         return refreshWhenIdle(delay, std::move(stopToken));
     });

@@ -4,6 +4,8 @@
 
 #include <QCoro/QCoroTask>
 
+#include <string>
+
 namespace Tarnwick {
 
 /// What the desktop says of the program's notifications.
@@ -34,6 +36,11 @@ public:
 
     /// Says that the pull request is new. Throws as `notifyUnblocked` does.
     virtual QCoro::Task<> notifyNew(PullRequestKit::PullRequest pullRequest) = 0;
+
+    /// Says that it is the user's turn, and why: such as "Your review". Throws as `notifyUnblocked`
+    /// does.
+    virtual QCoro::Task<> notifyTurn(
+        PullRequestKit::PullRequest pullRequest, std::string reason) = 0;
 };
 
 }  // namespace Tarnwick

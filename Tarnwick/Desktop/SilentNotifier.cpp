@@ -22,4 +22,10 @@ QCoro::Task<> SilentNotifier::notifyNew(PullRequestKit::PullRequest /*pullReques
     co_return;
 }
 
+QCoro::Task<> SilentNotifier::notifyTurn(
+    PullRequestKit::PullRequest /*pullRequest*/, std::string /*reason*/)
+{
+    co_return;
+}
+
 }  // namespace Tarnwick

@@ -2,6 +2,8 @@
 
 #include "Tarnwick/Desktop/PullRequestNotifying.h"
 
+#include <string>
+
 namespace Tarnwick {
 
 /// Stands in where nobody is to be notified, as on a terminal: it shows nothing and asks for
@@ -12,6 +14,7 @@ public:
     QCoro::Task<bool> requestAuthorization() override;
     QCoro::Task<> notifyUnblocked(PullRequestKit::PullRequest pullRequest) override;
     QCoro::Task<> notifyNew(PullRequestKit::PullRequest pullRequest) override;
+    QCoro::Task<> notifyTurn(PullRequestKit::PullRequest pullRequest, std::string reason) override;
 };
 
 }  // namespace Tarnwick

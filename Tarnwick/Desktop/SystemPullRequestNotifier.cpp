@@ -81,4 +81,9 @@ QCoro::Task<> SystemPullRequestNotifier::notifyNew(PullRequest pullRequest)
     return deliver(_centre, request(pullRequest, "new", "New pull request"));
 }
 
+QCoro::Task<> SystemPullRequestNotifier::notifyTurn(PullRequest pullRequest, std::string reason)
+{
+    return deliver(_centre, request(pullRequest, "turn", reason));
+}
+
 }  // namespace Tarnwick

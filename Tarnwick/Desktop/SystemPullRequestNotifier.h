@@ -2,6 +2,7 @@
 
 #include "Tarnwick/Desktop/NotificationCentre.h"
 
+#include <string>
 #include <string_view>
 
 namespace Tarnwick {
@@ -23,6 +24,7 @@ public:
     QCoro::Task<bool> requestAuthorization() override;
     QCoro::Task<> notifyUnblocked(PullRequestKit::PullRequest pullRequest) override;
     QCoro::Task<> notifyNew(PullRequestKit::PullRequest pullRequest) override;
+    QCoro::Task<> notifyTurn(PullRequestKit::PullRequest pullRequest, std::string reason) override;
 
 private:
     std::shared_ptr<NotificationCentre> _centre;

@@ -87,6 +87,13 @@ const typename Known::mapped_type* findIn(const Known& known, const PullRequestI
     return found != known.end() ? &found->second : nullptr;
 }
 
+const PullRequestFacts* factsOf(const PullRequest& pullRequest, const TurnSources& sources)
+{
+    const PullRequestFacts* const facts = findIn(sources.facts, pullRequest.id);
+    const bool isOfAnother = facts != nullptr && facts->updatedAt != pullRequest.updatedAt;
+    return isOfAnother && sources.onlyCurrentFacts ? nullptr : facts;
+}
+
 /// Rows that stay together.
 struct Stack {
     std::size_t firstRow = 0;
@@ -175,7 +182,7 @@ std::vector<Turn> turnsOf(std::span<const PullRequestRow> rows, const TurnSource
         turns.push_back(turnOf(
             pullRequest,
             findIn(sources.details, pullRequest.id),
-            findIn(sources.facts, pullRequest.id),
+            factsOf(pullRequest, sources),
             sources.login,
             basedOn));
     }

@@ -29,7 +29,8 @@ struct TurnSources {
     std::span<const PullRequestKit::PullRequest> listed;  ///< Also those that are hidden.
     const PullRequestKit::DetailsByID& details;
     const PullRequestKit::FactsByID& facts;
-    std::string_view login;  ///< The user's; empty when it is not known.
+    std::string_view login;         ///< The user's; empty when it is not known.
+    bool onlyCurrentFacts = false;  ///< Facts of another version of a pull request do not count.
 };
 
 /// The list in its order. By review state, there are neither turns nor groups.

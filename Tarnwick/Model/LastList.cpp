@@ -2,6 +2,7 @@
 
 #include "PullRequestKit/UniquePullRequests.h"
 #include "Tarnwick/Model/RowFilter.h"
+#include "Tarnwick/Model/WantedFacts.h"
 #include "Tarnwick/Persistence/PullRequestDetailsFile.h"
 
 #include <string>
@@ -12,6 +13,7 @@ namespace Tarnwick {
 std::optional<LastList> lastList(
     std::optional<CachedPullRequestSnapshot> snapshot,
     PullRequestKit::DetailsByID details,
+    KeptFacts facts,
     const Settings& settings)
 {
     if (!snapshot
@@ -21,13 +23,14 @@ std::optional<LastList> lastList(
     }
     snapshot->pullRequests = PullRequestKit::uniquePullRequests(std::move(snapshot->pullRequests));
     FilteredRows list = filteredRows(snapshot->pullRequests, settings);
-    const PullRequestKit::FactsByID facts;
+    const PullRequestKit::FactsByID noFacts;
     const std::string login = snapshot->account.value_or("");
     ArrangedRows rows = arranged(
         settings.arrangement,
         std::move(list.rows),
-        {snapshot->pullRequests, details, facts, login});
-    return LastList{std::move(*snapshot), std::move(details), std::move(rows), list.hidden};
+        {snapshot->pullRequests, details, facts.facts ? *facts.facts : noFacts, login});
+    return LastList{
+        std::move(*snapshot), std::move(details), std::move(facts), std::move(rows), list.hidden};
 }
 
 std::optional<LastList> lastList(const PullRequestDiskCache& cache, const Settings& settings)
@@ -37,7 +40,15 @@ std::optional<LastList> lastList(const PullRequestDiskCache& cache, const Settin
         return std::nullopt;
     }
     auto details = PullRequestDetailsFile::beside(cache).load(*snapshot);
-    return lastList(std::move(snapshot), std::move(details), settings);
+    auto facts = neededFacts(cache, settings);
+    return lastList(std::move(snapshot), std::move(details), std::move(facts), settings);
+}
+
+KeptFacts neededFacts(const PullRequestDiskCache& cache, const Settings& settings)
+{
+    constexpr bool isNotifying = true;
+    return needsFacts(settings, isNotifying) ? PullRequestFactsFile::beside(cache).load()
+                                             : KeptFacts();
 }
 
 }  // namespace Tarnwick

@@ -1,5 +1,7 @@
 #include "Tarnwick/Model/PullRequestNotifications.h"
 
+#include "PullRequestKit/TurnWording.h"
+
 #include <QCoro/QCoroFuture>
 #include <QPointer>
 #include <QPromise>
@@ -9,6 +11,7 @@
 namespace Tarnwick {
 
 using PullRequestKit::PullRequest;
+using PullRequestKit::reasonText;
 
 namespace {
 
@@ -40,7 +43,7 @@ void PullRequestNotifications::dismissSettingsChange()
 
 void PullRequestNotifications::prepare()
 {
-    if (_settings.unblockedNotificationsEnabled || _settings.newPullRequestNotificationsEnabled) {
+    if (notifies(_settings)) {
         _setupTask.start(
             [this](std::stop_token stopToken) { return checkPermission(std::move(stopToken)); });
     }
@@ -62,6 +65,7 @@ QCoro::Task<> PullRequestNotifications::checkPermission(std::stop_token stopToke
     if (!stopToken.stop_requested() && !isGranted) {
         _operations.setNotifications(&Settings::unblockedNotificationsEnabled, false);
         _operations.setNotifications(&Settings::newPullRequestNotificationsEnabled, false);
+        _operations.setNotifications(&Settings::yourTurnNotificationsEnabled, false);
     }
     prepared.finish();
 }
@@ -74,6 +78,11 @@ QCoro::Task<> PullRequestNotifications::toggleUnblocked()
 QCoro::Task<> PullRequestNotifications::toggleNewPullRequests()
 {
     return toggle(&Settings::newPullRequestNotificationsEnabled);
+}
+
+QCoro::Task<> PullRequestNotifications::toggleYourTurn()
+{
+    return toggle(&Settings::yourTurnNotificationsEnabled);
 }
 
 QCoro::Task<> PullRequestNotifications::toggle(Switch setting)
@@ -120,7 +129,10 @@ QCoro::Task<> PullRequestNotifications::deliverAll(
         if (stopToken.stop_requested() || !_settings.newPullRequestNotificationsEnabled) {
             break;
         }
-        auto delivery = notify(std::move(pullRequest), true, stopToken);
+        auto delivery = report(
+            _notifier->notifyNew(std::move(pullRequest)),
+            "A new pull request notification could not be delivered: ",
+            stopToken);
         co_await delivery;
     }
     for (PullRequest& pullRequest : refreshed.unblocked) {
@@ -132,23 +144,48 @@ QCoro::Task<> PullRequestNotifications::deliverAll(
         if (!_settings.unblockedNotificationsEnabled) {
             continue;
         }
-        auto delivery = notify(std::move(pullRequest), false, stopToken);
+        auto delivery = report(
+            _notifier->notifyUnblocked(std::move(pullRequest)),
+            "An unblocked notification could not be delivered: ",
+            stopToken);
         co_await delivery;
     }
 }
 
-QCoro::Task<> PullRequestNotifications::notify(
-    PullRequest pullRequest, bool isNew, std::stop_token stopToken)
+void PullRequestNotifications::deliverTurns(std::vector<TurnMove> moves)
+{
+    _turnsTask.start([&](std::stop_token stopToken) {
+        return deliverEach(std::move(moves), std::move(stopToken));
+    });
+}
+
+QCoro::Task<> PullRequestNotifications::deliverEach(
+    std::vector<TurnMove> moves, std::stop_token stopToken)
+{
+    const QFuture<void> prepared = _prepared;
+    co_await prepared;
+    for (const TurnMove& move : moves) {
+        if (stopToken.stop_requested() || !_settings.yourTurnNotificationsEnabled) {
+            break;
+        }
+        // The next refresh may come before the notification is there.
+        Q_EMIT turnSettled(move);
+        auto delivery = report(
+            _notifier->notifyTurn(move.pullRequest, reasonText(move.turn)),
+            "A notification of your turn could not be delivered: ",
+            stopToken);
+        co_await delivery;
+    }
+}
+
+QCoro::Task<> PullRequestNotifications::report(
+    QCoro::Task<> delivery, std::string failure, std::stop_token stopToken)
 {
     std::string problem;
     try {
-        auto delivery = isNew ? _notifier->notifyNew(std::move(pullRequest))
-                              : _notifier->notifyUnblocked(std::move(pullRequest));
         co_await delivery;
     } catch (const std::exception& exception) {
-        problem = isNew ? "A new pull request notification could not be delivered: "
-                        : "An unblocked notification could not be delivered: ";
-        problem += exception.what();
+        problem = failure + exception.what();
     }
     if (!stopToken.stop_requested() && !problem.empty()) {
         Q_EMIT errorChanged(problem);

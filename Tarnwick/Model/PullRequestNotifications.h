@@ -4,12 +4,15 @@
 #include "Tarnwick/Desktop/PullRequestNotifying.h"
 #include "Tarnwick/Model/NotificationDecisions.h"
 #include "Tarnwick/Model/SettingsOperations.h"
+#include "Tarnwick/Model/TurnMoves.h"
 
 #include <QFuture>
 #include <QObject>
 #include <QPromise>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace Tarnwick {
 
@@ -19,13 +22,13 @@ struct RefreshedPullRequests {
     std::vector<PullRequestKit::PullRequest> unblocked;  ///< Blocked when last decided, now not.
 };
 
-/// The two notification settings: the user's switching of them, the permission they need, and the
+/// The notification settings: the user's switching of them, the permission they need, and the
 /// delivery of one refresh's notifications at a time. Main thread only.
 class PullRequestNotifications final : public QObject {
     Q_OBJECT
 
 public:
-    /// `settings` and `operations` must outlive this object, which changes two flags by them.
+    /// `settings` and `operations` must outlive this object, which changes the flags by them.
     PullRequestNotifications(
         std::shared_ptr<PullRequestNotifying> notifier,
         const Settings& settings,
@@ -37,22 +40,27 @@ public:
     void dismissSettingsChange();
 
     /// Checks the permission when a setting is on, other than by the user's switching; without it
-    /// both are turned off.
+    /// all are turned off.
     void prepare();
 
     QCoro::Task<> toggleUnblocked();
     QCoro::Task<> toggleNewPullRequests();
+    QCoro::Task<> toggleYourTurn();
 
     /// Delivers what the settings ask for, after a running permission check. What an earlier call
     /// has not delivered yet is dropped; of what is unblocked, `unblockedSettled` tells what was
     /// not.
     void deliver(RefreshedPullRequests refreshed);
 
+    /// The same for what has come to be the user's turn, of which `turnSettled` tells.
+    void deliverTurns(std::vector<TurnMove> moves);
+
 Q_SIGNALS:
     void settingsChangeRequiredChanged();
     /// A notification of this pull request is on its way, or the setting is off: it is not to be
     /// handed over again.
     void unblockedSettled(const PullRequestKit::PullRequestID& id);
+    void turnSettled(const Tarnwick::TurnMove& move);  ///< Its notification is on its way.
     /// A text for the user, or nothing when the one before no longer holds.
     void errorChanged(const std::optional<std::string>& error);
 
@@ -62,8 +70,8 @@ private:
     QCoro::Task<> toggle(Switch setting);
     QCoro::Task<> checkPermission(std::stop_token stopToken);
     QCoro::Task<> deliverAll(RefreshedPullRequests refreshed, std::stop_token stopToken);
-    QCoro::Task<> notify(
-        PullRequestKit::PullRequest pullRequest, bool isNew, std::stop_token stopToken);
+    QCoro::Task<> deliverEach(std::vector<TurnMove> moves, std::stop_token stopToken);
+    QCoro::Task<> report(QCoro::Task<> delivery, std::string failure, std::stop_token stopToken);
     void setSettingsChangeRequired(bool isRequired);
 
     std::shared_ptr<PullRequestNotifying> _notifier;
@@ -73,6 +81,7 @@ private:
     QFuture<void> _prepared;
     CancellableTask _setupTask;
     CancellableTask _deliveryTask;
+    CancellableTask _turnsTask;
 };
 
 }  // namespace Tarnwick

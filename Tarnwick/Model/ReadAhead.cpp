@@ -18,7 +18,9 @@ ReadAhead::ReadAhead(OpenDefaults openDefaults, PullRequestDiskCache cache)
         auto snapshot = cache.load();
         auto details = snapshot ? PullRequestDetailsFile::beside(cache).load(*snapshot)
                                 : PullRequestKit::DetailsByID();
-        return lastList(std::move(snapshot), std::move(details), read.get().settings);
+        const Settings& settings = read.get().settings;
+        auto facts = snapshot ? neededFacts(cache, settings) : KeptFacts();
+        return lastList(std::move(snapshot), std::move(details), std::move(facts), settings);
     }))
 {}
 

@@ -14,6 +14,18 @@ bool hasDefaultFilters(const Settings& settings)
            && settings.reviewerFilter == defaults.reviewerFilter;
 }
 
+bool notifies(const Settings& settings)
+{
+    return settings.unblockedNotificationsEnabled || settings.newPullRequestNotificationsEnabled
+           || settings.yourTurnNotificationsEnabled;
+}
+
+bool isInvolvedHintDue(const Settings& settings)
+{
+    return settings.arrangement == Arrangement::byWhoseTurn
+           && settings.reviewerFilter == ReviewerFilter::myself && !settings.isInvolvedExplained;
+}
+
 SettingsStore::SettingsStore(DefaultsStore& defaults)
     : _defaults(defaults)
 {}

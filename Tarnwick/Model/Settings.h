@@ -25,13 +25,23 @@ struct Settings {
     std::string projectDirectory;  ///< The folder of the local clones; may be empty.
     bool unblockedNotificationsEnabled = false;
     bool newPullRequestNotificationsEnabled = false;
+    bool yourTurnNotificationsEnabled = false;
     bool darkMode = false;  ///< The panel's appearance.
+    /// The user has answered to what is said about the list by whose turn it is.
+    bool isInvolvedExplained = false;
 
     bool operator==(const Settings&) const = default;
 };
 
 /// Whether every filter is as in a fresh installation, whatever repositories are selected.
 bool hasDefaultFilters(const Settings& settings);
+
+/// Whether a notification of any kind is turned on.
+bool notifies(const Settings& settings);
+
+/// Whether the user is still to be told that the list by whose turn it is has only what asks for a
+/// review.
+bool isInvolvedHintDue(const Settings& settings);
 
 /// The settings in the user's defaults, each under a key of its own, and the one place where they
 /// are changed: every change is read, made and written as one step against other processes, and

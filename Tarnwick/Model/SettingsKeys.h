@@ -7,6 +7,7 @@ namespace Tarnwick::SettingsKeys {
 
 inline const QString unblockedNotifications = QStringLiteral("notifications.unblocked");
 inline const QString newPullRequestNotifications = QStringLiteral("notifications.newPullRequests");
+inline const QString yourTurnNotifications = QStringLiteral("notifications.yourTurn");
 inline const QString repositories = QStringLiteral("filters.repositories");
 inline const QString repositoriesConfigured = QStringLiteral("filters.repositoriesConfigured");
 inline const QString statuses = QStringLiteral("filters.status");
@@ -16,6 +17,7 @@ inline const QString reviewFilters = QStringLiteral("filters.reviewStates");
 inline const QString mergeabilities = QStringLiteral("filters.mergeability");
 inline const QString reviewers = QStringLiteral("filters.reviewers");
 inline const QString arrangement = QStringLiteral("list.arrangement");
+inline const QString involvedExplained = QStringLiteral("list.involvedExplained");
 inline const QString pollingInterval = QStringLiteral("polling.interval");
 inline const QString projectDirectory = QStringLiteral("editor.projectDirectory");
 inline const QString darkMode = QStringLiteral("appearance.darkMode");

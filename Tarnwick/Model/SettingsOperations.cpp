@@ -17,6 +17,16 @@ void setContained(std::set<Value>& values, const Value& value, bool isContained)
     }
 }
 
+const QString& keyOfNotifications(bool Settings::* flag)
+{
+    if (flag == &Settings::unblockedNotificationsEnabled) {
+        return SettingsKeys::unblockedNotifications;
+    }
+    return flag == &Settings::yourTurnNotificationsEnabled
+               ? SettingsKeys::yourTurnNotifications
+               : SettingsKeys::newPullRequestNotifications;
+}
+
 bool haveSameFilters(const Settings& one, const Settings& other)
 {
     return one.statuses == other.statuses && one.checks == other.checks
@@ -120,6 +130,13 @@ void SettingsOperations::setArrangement(Arrangement value)
     }
 }
 
+void SettingsOperations::setInvolvedExplained()
+{
+    if (!_settings.isInvolvedExplained) {
+        change([](Settings& settings) { settings.isInvolvedExplained = true; });
+    }
+}
+
 void SettingsOperations::setPollingInterval(PollingInterval interval)
 {
     change(
@@ -138,11 +155,7 @@ void SettingsOperations::setDarkMode(bool isDark)
 void SettingsOperations::setNotifications(bool Settings::* flag, bool isOn)
 {
     change(
-        [&](Settings& settings) { settings.*flag = isOn; },
-        Effect::none,
-        flag == &Settings::unblockedNotificationsEnabled
-            ? SettingsKeys::unblockedNotifications
-            : SettingsKeys::newPullRequestNotifications);
+        [&](Settings& settings) { settings.*flag = isOn; }, Effect::none, keyOfNotifications(flag));
 }
 
 void SettingsOperations::setProjectDirectory(const std::string& directory)

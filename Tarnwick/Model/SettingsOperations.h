@@ -40,10 +40,11 @@ public:
     /// Nothing happens when the value is the current one.
     void setReviewerFilter(ReviewerFilter value);
     void setArrangement(Arrangement value);
+    void setInvolvedExplained();
     void setPollingInterval(PollingInterval interval);
     void setDarkMode(bool isDark);
 
-    /// One of the two flags of the notifications.
+    /// One of the flags of the notifications.
     void setNotifications(bool Settings::* flag, bool isOn);
 
     /// Takes effect at once and is stored with the next change, or by `flush`: it changes with

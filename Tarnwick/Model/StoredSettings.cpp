@@ -77,6 +77,8 @@ StoredSettings Reader::read()
         readFlag(_defaults, Keys::unblockedNotifications).value_or(false);
     settings.newPullRequestNotificationsEnabled =
         readFlag(_defaults, Keys::newPullRequestNotifications).value_or(false);
+    settings.yourTurnNotificationsEnabled =
+        readFlag(_defaults, Keys::yourTurnNotifications).value_or(false);
     if (const auto names = readTextList(_defaults, Keys::repositories)) {
         settings.selectedRepositories = {names->begin(), names->end()};
     }
@@ -89,6 +91,7 @@ StoredSettings Reader::read()
     settings.arrangement = arrangement();
     settings.projectDirectory = readText(_defaults, Keys::projectDirectory).value_or("");
     settings.darkMode = readFlag(_defaults, Keys::darkMode).value_or(false);
+    settings.isInvolvedExplained = readFlag(_defaults, Keys::involvedExplained).value_or(false);
     return std::move(_result);
 }
 
@@ -216,7 +219,9 @@ void writeDifferences(
     writeIfDifferent(Keys::unblockedNotifications, &Settings::unblockedNotificationsEnabled);
     writeIfDifferent(
         Keys::newPullRequestNotifications, &Settings::newPullRequestNotificationsEnabled);
+    writeIfDifferent(Keys::yourTurnNotifications, &Settings::yourTurnNotificationsEnabled);
     writeIfDifferent(Keys::darkMode, &Settings::darkMode);
+    writeIfDifferent(Keys::involvedExplained, &Settings::isInvolvedExplained);
     if (before.selectedRepositories != after.selectedRepositories) {
         writeSelection(defaults, after.selectedRepositories);
     }

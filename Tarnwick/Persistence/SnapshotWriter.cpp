@@ -29,6 +29,16 @@ void SnapshotWriter::save(BlockedPullRequestsFile file, BlockedPullRequests bloc
         [file = std::move(file), blocked = std::move(blocked)] { file.save(blocked); });
 }
 
+void SnapshotWriter::save(KnownTurnsFile file, KnownTurns turns)
+{
+    add(Kind::knownTurns, [file = std::move(file), turns = std::move(turns)] { file.save(turns); });
+}
+
+void SnapshotWriter::save(PullRequestFactsFile file, KeptFacts facts)
+{
+    add(Kind::facts, [file = std::move(file), facts = std::move(facts)] { file.save(facts); });
+}
+
 void SnapshotWriter::add(Kind kind, Write write)
 {
     const std::lock_guard lock(_mutex);

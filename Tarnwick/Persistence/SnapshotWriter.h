@@ -2,7 +2,9 @@
 
 #include "PullRequestKit/PullRequestDetails.h"
 #include "Tarnwick/Persistence/BlockedPullRequestsFile.h"
+#include "Tarnwick/Persistence/KnownTurnsFile.h"
 #include "Tarnwick/Persistence/PullRequestDiskCache.h"
+#include "Tarnwick/Persistence/PullRequestFactsFile.h"
 
 #include <condition_variable>
 #include <deque>
@@ -30,6 +32,8 @@ public:
     /// Return at once. The details of the snapshot's pull requests are written after it, beside it.
     void save(CachedPullRequestSnapshot snapshot, PullRequestKit::SharedDetails details = nullptr);
     void save(BlockedPullRequestsFile file, BlockedPullRequests blocked);
+    void save(KnownTurnsFile file, KnownTurns turns);
+    void save(PullRequestFactsFile file, KeptFacts facts);
 
     /// Blocks until everything handed over so far is written.
     void flush();
@@ -43,7 +47,9 @@ private:
 
     enum class Kind {
         snapshot,
-        blockedPullRequests
+        blockedPullRequests,
+        knownTurns,
+        facts
     };
 
     struct Waiting {

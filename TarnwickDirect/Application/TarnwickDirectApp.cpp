@@ -316,9 +316,7 @@ void TarnwickDirectApp::panelClosed()
 
 bool TarnwickDirectApp::outlivesItsWindow() const
 {
-    const Tarnwick::Settings& settings = _model.settings();
-    return _staysInBackground || settings.unblockedNotificationsEnabled
-           || settings.newPullRequestNotificationsEnabled;
+    return _staysInBackground || Tarnwick::notifies(_model.settings());
 }
 
 /// Tells once what closing the window does where nothing of the program stays in sight.

@@ -45,4 +45,10 @@ QCoro::Task<> FakeNotifier::notifyNew(PullRequest pullRequest)
     return answer();
 }
 
+QCoro::Task<> FakeNotifier::notifyTurn(PullRequest pullRequest, std::string reason)
+{
+    shown.push_back("turn " + std::to_string(pullRequest.id.number) + ": " + reason);
+    return answer();
+}
+
 }  // namespace TestSupport

@@ -18,6 +18,7 @@ public:
     QCoro::Task<bool> requestAuthorization() override;
     QCoro::Task<> notifyUnblocked(PullRequestKit::PullRequest pullRequest) override;
     QCoro::Task<> notifyNew(PullRequestKit::PullRequest pullRequest) override;
+    QCoro::Task<> notifyTurn(PullRequestKit::PullRequest pullRequest, std::string reason) override;
 
     bool isGranted = true;
     std::string error;
@@ -25,7 +26,7 @@ public:
     std::optional<QFuture<void>> gate;
 
     int permissionRequests = 0;
-    std::vector<std::string> shown;  ///< "new 7", "unblocked 8", …
+    std::vector<std::string> shown;  ///< "new 7", "unblocked 8", "turn 9: Your review", …
 
 private:
     QCoro::Task<> answer();

@@ -30,12 +30,16 @@ FakeProvider::PullRequests FakeProvider::pullRequests(
     // The answer is the one of the time of asking, however long it takes.
     const PullRequests answer = _pullRequests;
     const std::string error = _error;
+    const bool isRefused = _isRefused;
     ++_waiting;
     const bool isReleased = _released.wait(lock, stopToken, [&] { return !_isHeld; });
     --_waiting;
     if (!isReleased || stopToken.stop_requested()) {
         ++_cancelled;
         throw CancellationError();
+    }
+    if (isRefused) {
+        throw SecondaryLimitError("Too many requests.");
     }
     if (!error.empty()) {
         throw ProviderError(error);
@@ -51,6 +55,57 @@ PullRequestList FakeProvider::listPullRequests(
     PullRequests answer = pullRequests(reviewerScope, repositories, std::move(stopToken));
     const std::lock_guard lock(_mutex);
     return {std::move(answer), _found, _details};
+}
+
+FactsAnswer FakeProvider::facts(
+    std::span<const PullRequest> pullRequests, std::stop_token stopToken) const
+{
+    std::unique_lock lock(_mutex);
+    auto& numbers = _factsRequests.emplace_back();
+    for (const PullRequest& pullRequest : pullRequests) {
+        numbers.push_back(pullRequest.id.number);
+    }
+    const AnswerFacts answer = _facts;
+    ++_waitingForFacts;
+    const bool isReleased = _released.wait(lock, stopToken, [&] { return !_areFactsHeld; });
+    --_waitingForFacts;
+    if (!isReleased || stopToken.stop_requested()) {
+        throw CancellationError();
+    }
+    return answer ? answer(pullRequests) : FactsAnswer();
+}
+
+void FakeProvider::setFacts(AnswerFacts answer)
+{
+    const std::lock_guard lock(_mutex);
+    _facts = std::move(answer);
+}
+
+void FakeProvider::holdFacts()
+{
+    const std::lock_guard lock(_mutex);
+    _areFactsHeld = true;
+}
+
+void FakeProvider::releaseFacts()
+{
+    {
+        const std::lock_guard lock(_mutex);
+        _areFactsHeld = false;
+    }
+    _released.notify_all();
+}
+
+int FakeProvider::waitingForFacts() const
+{
+    const std::lock_guard lock(_mutex);
+    return _waitingForFacts;
+}
+
+std::vector<std::vector<std::int64_t>> FakeProvider::factsRequests() const
+{
+    const std::lock_guard lock(_mutex);
+    return _factsRequests;
 }
 
 void FakeProvider::setFound(std::optional<std::int64_t> found)
@@ -91,6 +146,12 @@ void FakeProvider::setError(std::string message)
 {
     const std::lock_guard lock(_mutex);
     _error = std::move(message);
+}
+
+void FakeProvider::setRefused(bool isRefused)
+{
+    const std::lock_guard lock(_mutex);
+    _isRefused = isRefused;
 }
 
 void FakeProvider::setRepositoriesError(std::string message)

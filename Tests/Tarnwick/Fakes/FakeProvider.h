@@ -38,6 +38,10 @@ public:
         const std::set<std::string>& repositories,
         std::stop_token stopToken) const override;
 
+    PullRequestKit::FactsAnswer facts(
+        std::span<const PullRequestKit::PullRequest> pullRequests,
+        std::stop_token stopToken) const override;
+
     void setStatus(PullRequestKit::AuthenticationStatus status);
     void setPullRequests(PullRequests pullRequests);
     /// How many pull requests the next answers say there are.
@@ -48,8 +52,22 @@ public:
     /// The next request for pull requests throws a `ProviderError` with this text; empty: none
     /// does.
     void setError(std::string message);
+    /// Requests for pull requests throw a `SecondaryLimitError`.
+    void setRefused(bool isRefused);
     /// The next listing of repositories throws a `ProviderError` with this text.
     void setRepositoriesError(std::string message);
+
+    /// What the next questions about facts are answered; called on a worker thread.
+    using AnswerFacts =
+        std::function<PullRequestKit::FactsAnswer(std::span<const PullRequestKit::PullRequest>)>;
+    void setFacts(AnswerFacts answer);
+    /// Questions about facts wait until `releaseFacts`, or until they are cancelled.
+    void holdFacts();
+    void releaseFacts();
+    /// How many questions about facts wait now.
+    int waitingForFacts() const;
+    /// The numbers of the pull requests of each question about facts.
+    std::vector<std::vector<std::int64_t>> factsRequests() const;
 
     /// Requests for pull requests wait until `release`, or until they are cancelled.
     void hold();
@@ -71,12 +89,17 @@ private:
     std::vector<PullRequestKit::PullRequestDetails> _details;
     Repositories _repositories;
     std::string _error;
+    bool _isRefused = false;
     std::string _repositoriesError;
     bool _isHeld = false;
     mutable int _waiting = 0;
     mutable int _statusCalls = 0;
     mutable int _cancelled = 0;
     mutable std::vector<Request> _requests;
+    AnswerFacts _facts;
+    bool _areFactsHeld = false;
+    mutable int _waitingForFacts = 0;
+    mutable std::vector<std::vector<std::int64_t>> _factsRequests;
 };
 
 }  // namespace TestSupport

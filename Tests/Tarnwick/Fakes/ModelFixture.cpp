@@ -13,6 +13,7 @@ ModelTest::~ModelTest()
     // What still waits is told to stop by the model's end; it has gone once the loop has run.
     model.reset();
     provider->release();
+    provider->releaseFacts();
     QThreadPool::globalInstance()->waitForDone();
     processEvents();
 }
@@ -35,6 +36,7 @@ PullRequestMenuModel::Collaborators ModelTest::collaborators() const
         .navigation = std::make_shared<ExternalNavigation>(desktop.navigation()),
         .readAhead = nullptr,
         .blocked = blockedFile,
+        .turns = turnsFile,
         .machine = machine};
 }
 

@@ -56,6 +56,7 @@ protected:
     std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
     std::optional<Tarnwick::BlockedPullRequestsFile> blockedFile =
         Tarnwick::BlockedPullRequestsFile::beside(cache());
+    std::optional<Tarnwick::KnownTurnsFile> turnsFile = Tarnwick::KnownTurnsFile::beside(cache());
     std::shared_ptr<FakeMachineEvents> machine = std::make_shared<FakeMachineEvents>();
     RecordingSurroundings desktop;  ///< As it is when the model starts.
     std::unique_ptr<Tarnwick::PullRequestMenuModel> model;

@@ -90,6 +90,8 @@ TEST(Settings, areReadFromTheirKeys)
         {u"polling.interval"_s, 3600},
         {u"notifications.unblocked"_s, true},
         {u"notifications.newPullRequests"_s, true},
+        {u"notifications.yourTurn"_s, true},
+        {u"list.involvedExplained"_s, true},
         {u"editor.projectDirectory"_s, u"/home/octo/Projects"_s},
     };
     const Settings expected{
@@ -104,6 +106,8 @@ TEST(Settings, areReadFromTheirKeys)
         .projectDirectory = "/home/octo/Projects",
         .unblockedNotificationsEnabled = true,
         .newPullRequestNotificationsEnabled = true,
+        .yourTurnNotificationsEnabled = true,
+        .isInvolvedExplained = true,
     };
     EXPECT_EQ(loadFrom(defaults), expected);
     EXPECT_THAT(defaults.writtenKeys, IsEmpty());
@@ -119,6 +123,34 @@ TEST(Settings, keepEachNotificationSettingUnderItsOwnKey)
     defaults.values = {{u"notifications.newPullRequests"_s, true}};
     EXPECT_FALSE(loadFrom(defaults).unblockedNotificationsEnabled);
     EXPECT_TRUE(loadFrom(defaults).newPullRequestNotificationsEnabled);
+}
+
+TEST(Settings, explainTheListByTurnWhereOnlyReviewsAreListedUntilTheUserAnswers)
+{
+    Settings settings;
+    EXPECT_FALSE(isInvolvedHintDue(settings));
+    settings.arrangement = Arrangement::byWhoseTurn;
+    EXPECT_TRUE(isInvolvedHintDue(settings));
+    for (const ReviewerFilter others : {ReviewerFilter::any, ReviewerFilter::involved}) {
+        settings.reviewerFilter = others;
+        EXPECT_FALSE(isInvolvedHintDue(settings));
+    }
+    settings.reviewerFilter = ReviewerFilter::myself;
+    settings.isInvolvedExplained = true;
+    EXPECT_FALSE(isInvolvedHintDue(settings));
+}
+
+TEST(Settings, notifyWhenAnyNotificationIsOn)
+{
+    EXPECT_FALSE(notifies(Settings()));
+    for (const auto flag :
+         {&Settings::unblockedNotificationsEnabled,
+          &Settings::newPullRequestNotificationsEnabled,
+          &Settings::yourTurnNotificationsEnabled}) {
+        Settings settings;
+        settings.*flag = true;
+        EXPECT_TRUE(notifies(settings));
+    }
 }
 
 TEST(Settings, takeFiveMinutesForAPollingIntervalOf120Seconds)
@@ -159,6 +191,8 @@ TEST(Settings, passOverValuesOfForeignTypes)
           "polling.interval",
           "notifications.unblocked",
           "notifications.newPullRequests",
+          "notifications.yourTurn",
+          "list.involvedExplained",
           "editor.projectDirectory"}) {
         defaults.values.insert_or_assign(QString::fromUtf8(key), QByteArray("\x01\x02"));
     }
@@ -231,6 +265,12 @@ TEST(Settings, writeOnlyTheirOwnKey)
     EXPECT_THAT(
         written([](Settings& s) { s.newPullRequestNotificationsEnabled = true; }),
         ElementsAre(u"notifications.newPullRequests"));
+    EXPECT_THAT(
+        written([](Settings& s) { s.yourTurnNotificationsEnabled = true; }),
+        ElementsAre(u"notifications.yourTurn"));
+    EXPECT_THAT(
+        written([](Settings& s) { s.isInvolvedExplained = true; }),
+        ElementsAre(u"list.involvedExplained"));
     EXPECT_THAT(
         written([](Settings& s) { s.darkMode = true; }), ElementsAre(u"appearance.darkMode"));
     EXPECT_THAT(

@@ -1,0 +1,140 @@
+#include "Tarnwick/Model/FactsQuestions.h"
+
+#include "Tarnwick/Async/Worker.h"
+#include "Tarnwick/Model/WantedFacts.h"
+
+#include <QPointer>
+
+#include <exception>
+#include <optional>
+#include <utility>
+
+namespace Tarnwick {
+
+using namespace PullRequestKit;
+
+namespace {
+
+std::unordered_set<PullRequestID> identities(const std::vector<PullRequest>& pullRequests)
+{
+    std::unordered_set<PullRequestID> found;
+    found.reserve(pullRequests.size());
+    for (const PullRequest& pullRequest : pullRequests) {
+        found.insert(pullRequest.id);
+    }
+    return found;
+}
+
+}  // namespace
+
+FactsQuestions::FactsQuestions(Sources sources)
+    : _sources(std::move(sources))
+    , _facts(std::make_shared<const FactsByID>())
+{
+    _done.start();
+    _answered = _done.future();
+    _done.finish();
+}
+
+FactsQuestions::~FactsQuestions()
+{
+    cancel();
+}
+
+void FactsQuestions::recall(SharedFacts facts)
+{
+    _facts = std::move(facts);
+}
+
+bool FactsQuestions::setListed(std::shared_ptr<const std::vector<PullRequest>> listed)
+{
+    _listed = std::move(listed);
+    _asked.clear();
+    if (_facts->empty()) {
+        return false;
+    }
+    const auto known = identities(*_listed);
+    FactsByID kept = *_facts;
+    const auto forgotten =
+        std::erase_if(kept, [&](const auto& entry) { return !known.contains(entry.first); });
+    if (forgotten > 0) {
+        _facts = std::make_shared<const FactsByID>(std::move(kept));
+    }
+    return forgotten > 0;
+}
+
+void FactsQuestions::ask()
+{
+    if (_listed && !_isAsking) {
+        _isAsking = true;
+        _done = QPromise<void>();
+        _done.start();
+        _answered = _done.future();
+        _task.start([this](std::stop_token stopToken) { return askAll(std::move(stopToken)); });
+    }
+}
+
+void FactsQuestions::cancel()
+{
+    _task.cancel();
+    finish();
+}
+
+void FactsQuestions::finish()
+{
+    if (std::exchange(_isAsking, false)) {
+        _done.finish();
+    }
+}
+
+QCoro::Task<> FactsQuestions::askAll(std::stop_token stopToken)
+{
+    const QPointer<FactsQuestions> self(this);
+    bool hitSecondaryLimit = false;
+    while (!hitSecondaryLimit) {
+        auto wanting = wantingFacts(_sources.rows(), *_facts, _asked, _sources.clock->now());
+        if (wanting.empty()) {
+            break;
+        }
+        _asked.merge(identities(wanting));
+        std::optional<FactsAnswer> answer;
+        try {
+            auto asking =
+                onWorker([provider = _sources.provider, wanting = std::move(wanting), stopToken] {
+                    return provider->facts(wanting, stopToken);
+                });
+            answer = co_await asking;
+        } catch (const std::exception&) {
+            // Whoever cancelled knows, and facts are left out where they cannot be told.
+            answer.reset();
+        }
+        if (!self || stopToken.stop_requested()) {
+            co_return;
+        }
+        if (!answer) {
+            break;
+        }
+        hitSecondaryLimit = answer->hitSecondaryLimit;
+        take(*std::move(answer));
+    }
+    finish();
+    Q_EMIT settled(hitSecondaryLimit);
+}
+
+void FactsQuestions::take(FactsAnswer answer)
+{
+    // The list may be another one by now, and a renamed repository has another name.
+    const auto known = identities(*_listed);
+    std::erase_if(answer.facts, [&](const auto& entry) { return !known.contains(entry.first); });
+    if (!answer.facts.empty()) {
+        // Of two that have the same one, the answer's stays.
+        answer.facts.insert(_facts->begin(), _facts->end());
+        _facts = std::make_shared<const FactsByID>(std::move(answer.facts));
+        Q_EMIT factsChanged();
+    }
+    if (answer.quota) {
+        Q_EMIT quotaTold(*answer.quota);
+    }
+}
+
+}  // namespace Tarnwick

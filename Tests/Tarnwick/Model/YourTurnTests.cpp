@@ -1,0 +1,190 @@
+#include "Fakes/ModelFixture.h"
+
+namespace {
+
+using namespace PullRequestKit;
+using namespace Tarnwick;
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using TestSupport::makePullRequest;
+using TestSupport::processEvents;
+using TestSupport::runToEnd;
+
+/// The notifications of whose turn it is, to the user "octo". Every pull request is somebody
+/// else's.
+class YourTurn : public TestSupport::ModelTest {
+protected:
+    void SetUp() override
+    {
+        selectTools();
+        provider->setRepositories({"octo/tools"});
+        provider->setFacts([this](std::span<const PullRequest> asked) {
+            FactsAnswer answer;
+            for (const PullRequest& pullRequest : asked) {
+                PullRequestFacts& facts = answer.facts[pullRequest.id];
+                facts.askedAt = clock->now();
+                facts.updatedAt = pullRequest.updatedAt;
+                facts.headCommit = head;
+            }
+            return answer;
+        });
+    }
+
+    void startNotifying()
+    {
+        SettingsStore(*defaults).change(
+            [](Settings& settings) { settings.yourTurnNotificationsEnabled = true; });
+        start();
+    }
+
+    /// A refresh that lists 1 to `count`, of which these ask for the user's review.
+    void refreshWith(std::int64_t count, const std::vector<std::int64_t>& asking)
+    {
+        std::vector<PullRequest> pullRequests;
+        std::vector<PullRequestDetails> details(static_cast<std::size_t>(count));
+        for (std::int64_t number = 1; number <= count; ++number) {
+            auto& pullRequest = pullRequests.emplace_back(makePullRequest(number));
+            pullRequest.author = "bo";
+            pullRequest.createdAt = createdAt;
+            pullRequest.updatedAt += std::chrono::minutes(refreshes);
+        }
+        for (const std::int64_t number : asking) {
+            details[static_cast<std::size_t>(number - 1)].requestedUsers = {"octo"};
+        }
+        provider->setPullRequests(std::move(pullRequests));
+        provider->setDetails(std::move(details));
+        clock->advance(1s);
+        ++refreshes;
+        refresh();
+        runToEnd(model->askForFacts());
+        processEvents();
+    }
+
+    std::string head = "c1";
+    std::optional<Date> createdAt;
+    int refreshes = 0;
+};
+
+TEST_F(YourTurn, isOffAtFirst)
+{
+    start();
+    EXPECT_FALSE(model->settings().yourTurnNotificationsEnabled);
+    refreshWith(1, {});
+    refreshWith(1, {1});
+    EXPECT_THAT(notifier->shown, IsEmpty());
+}
+
+TEST_F(YourTurn, isToldWithItsReasonWhateverTheArrangementIs)
+{
+    startNotifying();
+    refreshWith(2, {1});
+    EXPECT_THAT(notifier->shown, IsEmpty());
+    refreshWith(2, {1, 2});
+    EXPECT_THAT(notifier->shown, ElementsAre("turn 2: Your review"));
+    refreshWith(2, {1, 2});
+    EXPECT_EQ(notifier->shown.size(), 1U);
+    EXPECT_THAT(model->turns(), IsEmpty());
+}
+
+TEST_F(YourTurn, isNotToldTwiceForTheSameHeadAlsoAfterARestart)
+{
+    startNotifying();
+    refreshWith(1, {});
+    refreshWith(1, {1});
+    EXPECT_EQ(notifier->shown.size(), 1U);
+    start();
+    refreshWith(1, {});
+    refreshWith(1, {1});
+    EXPECT_EQ(notifier->shown.size(), 1U);
+    refreshWith(1, {});
+    head = "c2";
+    refreshWith(1, {1});
+    EXPECT_EQ(notifier->shown.size(), 2U);
+}
+
+TEST_F(YourTurn, thatCameWhileTheProgramDidNotRunIsTold)
+{
+    startNotifying();
+    refreshWith(1, {});
+    start();
+    refreshWith(1, {1});
+    EXPECT_THAT(notifier->shown, ElementsAre("turn 1: Your review"));
+}
+
+TEST_F(YourTurn, isNotToldOfWhatIsToldAsNew)
+{
+    SettingsStore(*defaults).change(
+        [](Settings& settings) { settings.newPullRequestNotificationsEnabled = true; });
+    startNotifying();
+    refreshWith(1, {});
+    createdAt = clock->now() + 1s;
+    refreshWith(2, {2});
+    EXPECT_THAT(notifier->shown, ElementsAre("new 2"));
+    refreshWith(2, {2});
+    EXPECT_EQ(notifier->shown.size(), 1U);
+}
+
+TEST_F(YourTurn, isToldOfANewOneWhereNewOnesAreNot)
+{
+    startNotifying();
+    refreshWith(1, {});
+    createdAt = clock->now() + 1s;
+    refreshWith(2, {2});
+    EXPECT_THAT(notifier->shown, ElementsAre("turn 2: Your review"));
+}
+
+TEST_F(YourTurn, beginsAnewWithOtherFilters)
+{
+    startNotifying();
+    refreshWith(1, {});
+    model->toggleStatus(StatusFilter::draft);
+    refreshWith(1, {1});
+    EXPECT_THAT(notifier->shown, IsEmpty());
+}
+
+TEST_F(YourTurn, beginsAnewWhenItIsTurnedOn)
+{
+    startNotifying();
+    refreshWith(1, {});
+    runToEnd(model->toggleYourTurnNotifications());
+    EXPECT_FALSE(model->settings().yourTurnNotificationsEnabled);
+    refreshWith(1, {1});
+    runToEnd(model->toggleYourTurnNotifications());
+    EXPECT_TRUE(model->settings().yourTurnNotificationsEnabled);
+    refreshWith(1, {1});
+    EXPECT_THAT(notifier->shown, IsEmpty());
+}
+
+TEST_F(YourTurn, isTurnedOffWithoutPermission)
+{
+    notifier->isGranted = false;
+    startNotifying();
+    processEvents();
+    EXPECT_FALSE(model->settings().yourTurnNotificationsEnabled);
+}
+
+TEST_F(YourTurn, saysWhenItCannotBeTold)
+{
+    startNotifying();
+    refreshWith(1, {});
+    notifier->error = "The server is gone.";
+    refreshWith(1, {1});
+    EXPECT_EQ(
+        model->settingsError(),
+        "A notification of your turn could not be delivered: The server is gone.");
+}
+
+TEST_F(YourTurn, isRememberedWhereItIsFoundAgain)
+{
+    startNotifying();
+    refreshWith(1, {});
+    refreshWith(1, {1});
+    model.reset();
+    const KnownTurns kept = turnsFile->load();
+    ASSERT_EQ(kept.entries.size(), 1U);
+    EXPECT_EQ(kept.entries.front().whose, Whose::you);
+    EXPECT_EQ(kept.entries.front().toldHead, "c1");
+}
+
+}  // namespace
