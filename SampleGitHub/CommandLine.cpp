@@ -1,6 +1,8 @@
 #include "SampleGitHub/CommandLine.h"
 
+#include <charconv>
 #include <stdexcept>
+#include <string_view>
 
 namespace SampleGitHub {
 namespace {
@@ -23,6 +25,36 @@ RepositoryTerms readRepositoryTerms(const std::string& text)
     return *terms;
 }
 
+std::optional<std::int64_t> takeNumber(std::string_view& text)
+{
+    std::int64_t number = 0;
+    const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || number < 0) {
+        return std::nullopt;
+    }
+    text.remove_prefix(static_cast<std::size_t>(rest - text.data()));
+    return number;
+}
+
+/// REMAINING/LIMIT@SECONDS
+Quota readQuota(const std::string& text)
+{
+    std::string_view rest = text;
+    const auto remaining = takeNumber(rest);
+    const bool hasLimit = rest.starts_with('/');
+    rest.remove_prefix(hasLimit ? 1 : 0);
+    const auto limit = takeNumber(rest);
+    const bool hasEnd = rest.starts_with('@');
+    rest.remove_prefix(hasEnd ? 1 : 0);
+    const auto seconds = takeNumber(rest);
+    if (!remaining || !hasLimit || !limit || !hasEnd || !seconds || !rest.empty()
+        || *remaining > *limit) {
+        throw std::invalid_argument(
+            "The quota " + text + " is not of the form REMAINING/LIMIT@SECONDS.");
+    }
+    return {*remaining, *limit, std::chrono::seconds(*seconds)};
+}
+
 void readOption(CommandLine& line, const std::string& name, const std::string& value)
 {
     if (name == "--socket") {
@@ -36,7 +68,13 @@ void readOption(CommandLine& line, const std::string& name, const std::string& v
     } else if (name == "--record") {
         line.record = value;
     } else if (name == "--repo-terms") {
-        line.repositoryTerms = readRepositoryTerms(value);
+        line.gitHub.terms = readRepositoryTerms(value);
+    } else if (name == "--account") {
+        line.account = value;
+    } else if (name == "--without-field") {
+        line.gitHub.withoutFields.insert(value);
+    } else if (name == "--quota") {
+        line.gitHub.quota = readQuota(value);
     } else {
         line.now = readDate(value);
     }
@@ -45,7 +83,8 @@ void readOption(CommandLine& line, const std::string& name, const std::string& v
 bool isOption(const std::string& name)
 {
     return name == "--socket" || name == "--scenario" || name == "--fault" || name == "--config-dir"
-           || name == "--record" || name == "--now" || name == "--repo-terms";
+           || name == "--record" || name == "--now" || name == "--repo-terms" || name == "--account"
+           || name == "--without-field" || name == "--quota";
 }
 
 }  // namespace
@@ -87,7 +126,9 @@ std::string helpText()
            "A stand-in for GitHub that gh talks to through a Unix socket.\n"
            "\n"
            "  --socket PATH       serve on this socket until SIGINT or SIGTERM\n"
-           "  --scenario NAME     everyday (the default), large, signed-out, empty, or a file\n"
+           "  --scenario NAME     everyday (the default), involved, large, signed-out, empty, or\n"
+           "                      a file, which is read again when it has changed\n"
+           "  --account LOGIN     sign in another of the scenario's accounts\n"
            "  --fault FAULT       switch a fault on; may be given several times\n"
            "  --config-dir DIR    write the files that make gh, with GH_CONFIG_DIR=DIR, use the "
            "socket\n"
@@ -95,12 +136,17 @@ std::string helpText()
            "  --now INSTANT       what ages count back from, such as 2026-03-01T12:00:00Z\n"
            "  --repo-terms NAME   what several repo: terms of a search mean: any (the default) or "
            "all\n"
+           "  --without-field NAME  do not know this field of the facts, such as stack; may be "
+           "given\n"
+           "                      several times\n"
+           "  --quota R/LIMIT@S   say that R requests of LIMIT are left, until S seconds from the "
+           "start\n"
            "  --exec COMMAND      run COMMAND with gh's environment set, end with its status\n"
            "  --help              print this\n"
            "\n"
-           "A FAULT is NAME[@KIND][#NUMBER]: KIND is authentication, search, rules or "
-           "repositories,\n"
-           "NUMBER strikes only that request of the kind. NAME is one of\n"
+           "A FAULT is NAME[@KIND][#NUMBER]: KIND is authentication, search, rules, "
+           "repositories\n"
+           "or facts, NUMBER strikes only that request of the kind. NAME is one of\n"
            + describeFaults();
 }
 

@@ -2,7 +2,7 @@
 
 #include "PullRequestKit/Date.h"
 #include "SampleGitHub/Fault.h"
-#include "SampleGitHub/SearchQuery.h"
+#include "SampleGitHub/GitHub.h"
 
 #include <filesystem>
 #include <optional>
@@ -20,7 +20,8 @@ struct CommandLine {
     std::optional<std::filesystem::path> record;
     std::optional<PullRequestKit::Date> now;
     std::vector<Fault> faults;
-    RepositoryTerms repositoryTerms = RepositoryTerms::any;
+    std::optional<std::string> account;  ///< Who is signed in; empty: whom the scenario names.
+    GitHubOptions gitHub;
     std::vector<std::string> command;  ///< What stands behind --exec; empty: serve until a signal.
 };
 

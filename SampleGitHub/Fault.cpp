@@ -48,6 +48,8 @@ std::string_view description(FaultKind kind)
         return "status 401";
     case FaultKind::rateLimit:
         return "status 403 with the text about the rate limit";
+    case FaultKind::secondaryLimit:
+        return "status 403 with the text about the secondary rate limit";
     case FaultKind::serverError:
         return "status 500";
     case FaultKind::errors:
@@ -67,9 +69,9 @@ std::string_view description(FaultKind kind)
     case FaultKind::noCursor:
         return "a search page with a next page but no cursor";
     case FaultKind::nullNodes:
-        return "every node of a search or rules answer is null";
+        return "every node of a search or rules answer, every pull request is null";
     case FaultKind::foreignNodes:
-        return "every search hit is an object without members";
+        return "every search hit is an object without members, facts are of others";
     case FaultKind::missingData:
         return "a GraphQL answer that is an empty object";
     case FaultKind::emptyBody:

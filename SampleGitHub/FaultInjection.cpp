@@ -11,7 +11,7 @@ constexpr std::string_view errorList =
 
 bool isGraphQl(RequestKind kind)
 {
-    return kind == RequestKind::search || kind == RequestKind::rules;
+    return kind == RequestKind::search || kind == RequestKind::rules || kind == RequestKind::facts;
 }
 
 /// Where the JSON string that begins at `start` ends: at its closing quotation mark.
@@ -63,6 +63,22 @@ std::string withNodesReplaced(const std::string& body, std::string_view replacem
     return body.substr(0, found + key.size()) + nodes + body.substr(place);
 }
 
+/// Every value of this key replaced.
+std::string withValuesReplaced(
+    const std::string& body, std::string_view key, std::string_view replacement)
+{
+    const std::string quotedKey = "\"" + std::string(key) + "\":";
+    std::string text;
+    std::size_t done = 0;
+    for (std::size_t found = body.find(quotedKey); found != std::string::npos;
+         found = body.find(quotedKey, done)) {
+        const std::size_t start = found + quotedKey.size();
+        text += body.substr(done, start - done) + std::string(replacement);
+        done = endOfValue(body, start);
+    }
+    return text + body.substr(done);
+}
+
 std::string message(std::string_view text)
 {
     return R"({"message":")" + std::string(text) + R"("})";
@@ -77,6 +93,8 @@ std::string withWrongType(const std::string& body, RequestKind kind)
         return withValueReplaced(body, "id", "7");
     case RequestKind::repositories:
         return withValueReplaced(body, "archived", R"("no")");
+    case RequestKind::facts:
+        return withValueReplaced(body, "headRefOid", "7");
     case RequestKind::authentication:
         return withValueReplaced(body, "login", "7");
     case RequestKind::other:
@@ -94,6 +112,8 @@ std::string withBadByte(const std::string& body, RequestKind kind)
         return withValueReplaced(body, "id", "\"\xFF\"");
     case RequestKind::repositories:
         return withValueReplaced(body, "language", "\"\xFF\"");
+    case RequestKind::facts:
+        return withValueReplaced(body, "headRefOid", "\"\xFF\"");
     case RequestKind::authentication:
         return withValueReplaced(body, "login", "\"\xFF\"");
     case RequestKind::other:
@@ -143,6 +163,13 @@ bool applyToTransport(Delivery& delivery, const Fault& fault)
         answerStatus(response, 403, "API rate limit exceeded for user ID 583231.");
         response.headers["X-RateLimit-Remaining"] = "0";
         return true;
+    case FaultKind::secondaryLimit:
+        answerStatus(
+            response,
+            403,
+            "You have exceeded a secondary rate limit. Please wait a few minutes before you try "
+            "again.");
+        return true;
     case FaultKind::usedUp:
         if (isRateLimit(response)) {
             response.body = withNothingRemaining(response.body, fault.value);
@@ -190,6 +217,10 @@ bool applyToGraphQl(std::string& body, RequestKind kind, FaultKind fault)
         body = R"({"errors":)" + std::string(errorList) + "}";
     } else if (fault == FaultKind::missingData && isGraphQl(kind)) {
         body = "{}";
+    } else if (fault == FaultKind::nullNodes && kind == RequestKind::facts) {
+        body = withValuesReplaced(body, "pullRequest", "null");
+    } else if (fault == FaultKind::foreignNodes && kind == RequestKind::facts) {
+        body = withValuesReplaced(body, "nameWithOwner", R"("somebody/else")");
     } else if (fault == FaultKind::nullNodes && isGraphQl(kind)) {
         body = withNodesReplaced(body, "null");
     } else if (fault == FaultKind::foreignNodes && isSearch) {

@@ -1,6 +1,7 @@
 #include "SampleGitHub/GitHub.h"
 
 #include "PullRequestKit/Errors.h"
+#include "SampleGitHub/FactsAnswer.h"
 #include "SampleGitHub/GraphQl.h"
 #include "SampleGitHub/Paging.h"
 #include "SampleGitHub/Rendering.h"
@@ -61,15 +62,18 @@ RequestKind kindOfField(std::string_view field)
     if (field == "nodes") {
         return RequestKind::rules;
     }
+    if (field == "repository" || field == "rateLimit") {
+        return RequestKind::facts;
+    }
     return field == "viewer" ? RequestKind::authentication : RequestKind::other;
 }
 
 }  // namespace
 
-GitHub::GitHub(Scenario scenario, PullRequestKit::Date now, RepositoryTerms terms)
+GitHub::GitHub(Scenario scenario, PullRequestKit::Date now, GitHubOptions options)
     : _scenario(std::move(scenario))
     , _now(now)
-    , _terms(terms)
+    , _options(std::move(options))
 {
     for (const PullRequest& pullRequest : _scenario.pullRequests) {
         _searchNodes.push_back(renderSearchNode(pullRequest, now));
@@ -156,6 +160,8 @@ Answer GitHub::graphQl(const Request& request) const
         return {kind, {200, {}, call.fields.size() > 1 ? searchCounts(call) : searchPage(call)}};
     case RequestKind::rules:
         return {kind, {200, {}, nodes(call)}};
+    case RequestKind::facts:
+        return {kind, {200, {}, answerFacts(call, _scenario, _options, _now)}};
     case RequestKind::repositories:
     case RequestKind::other:
         break;
@@ -184,7 +190,7 @@ std::vector<std::size_t> GitHub::matches(
             "Argument 'type' on Field 'search' has an invalid value (" + field.type + ").");
     }
     const SearchType type = isAdvanced ? SearchType::issueAdvanced : SearchType::issue;
-    return search(_scenario, parseSearchQuery(*text, type, _terms));
+    return search(_scenario, parseSearchQuery(*text, type, _options.terms));
 }
 
 /// Several searches under aliases, of each of which only the number of matches is asked.
@@ -265,11 +271,12 @@ std::string GitHub::nodes(const GraphQlRequest& request) const
 
 Response GitHub::rateLimit() const
 {
-    constexpr std::int64_t limit = 5000;
+    const Quota& quota = _options.quota;
     const auto resource = [&](const char* name) {
-        return jsonText(name) + R"(:{"limit":)" + std::to_string(limit)
-               + R"(,"used":0,"remaining":)" + std::to_string(limit) + R"(,"reset":)"
-               + std::to_string((_now + std::chrono::hours(1)).time_since_epoch().count()) + "}";
+        return jsonText(name) + R"(:{"limit":)" + std::to_string(quota.limit) + R"(,"used":)"
+               + std::to_string(quota.limit - quota.remaining) + R"(,"remaining":)"
+               + std::to_string(quota.remaining) + R"(,"reset":)"
+               + std::to_string((_now + quota.end).time_since_epoch().count()) + "}";
     };
     return {
         200,

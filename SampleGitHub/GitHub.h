@@ -5,7 +5,11 @@
 #include "SampleGitHub/Scenario.h"
 #include "SampleGitHub/SearchQuery.h"
 
+#include <chrono>
 #include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -19,6 +23,22 @@ struct GraphQlRequest;
 /// The token that the sample takes for its user's.
 inline constexpr std::string_view accountToken = "gho_tokenOfTheSampleGitHub";
 
+/// What GitHub says is left of the hour's requests, however many are made.
+struct Quota {
+    std::int64_t remaining = 5000;
+    std::int64_t limit = 5000;
+    std::chrono::seconds end{3600};  ///< After the instant from which ages count back.
+
+    bool operator==(const Quota&) const = default;
+};
+
+/// In what one GitHub differs from another.
+struct GitHubOptions {
+    RepositoryTerms terms = RepositoryTerms::any;
+    std::set<std::string> withoutFields;  ///< Which facts it does not know.
+    Quota quota;
+};
+
 struct Answer {
     RequestKind kind = RequestKind::other;
     Response response;
@@ -30,8 +50,7 @@ struct Answer {
 /// answer of 1.6 MB is put together in about a millisecond. Safe from any thread.
 class GitHub {
 public:
-    GitHub(
-        Scenario scenario, PullRequestKit::Date now, RepositoryTerms terms = RepositoryTerms::any);
+    GitHub(Scenario scenario, PullRequestKit::Date now, GitHubOptions options = {});
 
     Answer answer(const Request& request) const;
 
@@ -50,7 +69,7 @@ private:
 
     Scenario _scenario;
     PullRequestKit::Date _now;
-    RepositoryTerms _terms;
+    GitHubOptions _options;
     std::vector<std::string> _searchNodes;  ///< In the order of the scenario's pull requests.
     std::vector<std::string> _repositories;
     std::vector<std::size_t> _repositoriesByName;

@@ -60,7 +60,13 @@ std::string_view takeEnclosed(std::string_view& text, char opening, char closing
         return {};
     }
     int depth = 0;
+    bool isText = false;
     for (std::size_t index = 0; index < text.size(); ++index) {
+        isText = isText != (text[index] == '"');
+        if (isText) {
+            index += text[index] == '\\' ? 1U : 0U;
+            continue;
+        }
         depth += text[index] == opening ? 1 : 0;
         depth -= text[index] == closing ? 1 : 0;
         if (depth == 0) {
@@ -96,7 +102,8 @@ GraphQlField takeField(std::string_view& text)
         field.name = takeName(text);
     }
     const std::string_view arguments = takeEnclosed(text, '(', ')');
-    takeEnclosed(text, '{', '}');
+    field.arguments = arguments;
+    field.selection = takeEnclosed(text, '{', '}');
     const std::string_view variable = argument(arguments, "query:");
     field.variable = variable.substr(std::min<std::size_t>(1, variable.size()));
     field.type = argument(arguments, "type:");
@@ -112,10 +119,16 @@ GraphQlField takeField(std::string_view& text)
 
 std::vector<GraphQlField> topFields(std::string_view document)
 {
-    std::vector<GraphQlField> fields;
     document.remove_prefix(std::min(startOfFirstField(document), document.size()));
-    while (!document.empty() && isNameCharacter(document.front())) {
-        fields.push_back(takeField(document));
+    return fieldsOf(document);
+}
+
+std::vector<GraphQlField> fieldsOf(std::string_view selection)
+{
+    std::vector<GraphQlField> fields;
+    skipBlanks(selection);
+    while (!selection.empty() && isNameCharacter(selection.front())) {
+        fields.push_back(takeField(selection));
     }
     return fields;
 }
@@ -130,8 +143,9 @@ GraphQlRequest parseGraphQlRequest(std::string_view body)
     if (query == nullptr) {
         throwDecodingError(path.member("query"), "is missing");
     }
-    const std::string text = readText(*query, path.member("query"));
-    GraphQlRequest request{topFields(text), {}};
+    GraphQlRequest request;
+    request.document = readText(*query, path.member("query"));
+    request.fields = topFields(request.document);
     if (const json::value* const variables = presentMember(object, "variables")) {
         // A copy, because the document's memory goes away.
         request.variables = readObject(*variables, path.member("variables"));

@@ -3,6 +3,7 @@
 #include "SampleGitHub/Execution.h"
 #include "SampleGitHub/GhConfiguration.h"
 #include "SampleGitHub/RequestLog.h"
+#include "SampleGitHub/ScenarioFile.h"
 #include "SampleGitHub/Server.h"
 #include "SampleGitHub/TemporaryFolder.h"
 
@@ -41,9 +42,11 @@ int run(const CommandLine& line)
     std::ofstream record = openRecord(line);
     ServerOptions options;
     options.socket = line.socket ? *line.socket : folder->path() / "s";
-    options.scenario = loadScenario(line.scenario);
+    ScenarioFile file(line.scenario, line.account);
+    options.scenario = file.scenario();
+    options.changedScenario = [&file] { return file.changed(); };
     options.faults = line.faults;
-    options.repositoryTerms = line.repositoryTerms;
+    options.gitHub = line.gitHub;
     options.now = line.now;
     options.onRequest = [&record](const RecordedRequest& request) {
         if (record.is_open()) {

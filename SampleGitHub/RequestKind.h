@@ -10,6 +10,7 @@ enum class RequestKind {
     search,
     rules,  ///< Nodes by their ids.
     repositories,
+    facts,  ///< Pull requests by their repositories and numbers.
     other,
 };
 
@@ -22,6 +23,7 @@ struct PullRequestKit::EnumNames<SampleGitHub::RequestKind> {
         {SampleGitHub::RequestKind::search, "search"},
         {SampleGitHub::RequestKind::rules, "rules"},
         {SampleGitHub::RequestKind::repositories, "repositories"},
+        {SampleGitHub::RequestKind::facts, "facts"},
         {SampleGitHub::RequestKind::other, "other"},
     });
 };

@@ -4,6 +4,7 @@
 #include "SampleGitHub/Age.h"
 #include "SampleGitHub/Generation.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fstream>
 #include <iterator>
@@ -41,6 +42,15 @@ void Fields<SampleGitHub::Repository>::finish(
     }
 }
 
+void Fields<SampleGitHub::Review>::finish(
+    SampleGitHub::Review& review, const boost::json::object& /*object*/, const Path& path)
+{
+    if (review.commit != "head" && review.commit != "older" && review.commit != "gone") {
+        throwDecodingError(path.member("commit"), "is neither head nor older nor gone");
+    }
+    review.ageInSeconds = readAge(review.age, path.member("age"));
+}
+
 void Fields<SampleGitHub::Check>::finish(
     SampleGitHub::Check& check, const boost::json::object& /*object*/, const Path& path)
 {
@@ -57,6 +67,9 @@ void Fields<SampleGitHub::PullRequest>::finish(
     pullRequest.updatedAge = readAge(pullRequest.updated, path.member("updated"));
     if (pullRequest.updatedAge > pullRequest.createdAge) {
         throwDecodingError(path.member("updated"), "is before the creation");
+    }
+    if (pullRequest.openThreads > pullRequest.threads) {
+        throwDecodingError(path.member("openThreads"), "is more than there are threads");
     }
 }
 
@@ -80,7 +93,6 @@ void Fields<SampleGitHub::Scenario>::finish(
 }  // namespace PullRequestKit::Json
 
 namespace SampleGitHub {
-namespace {
 
 std::filesystem::path scenarioFile(const std::string& nameOrFile)
 {
@@ -90,7 +102,17 @@ std::filesystem::path scenarioFile(const std::string& nameOrFile)
     return std::filesystem::path(SAMPLE_GITHUB_SCENARIOS) / (nameOrFile + ".json");
 }
 
-}  // namespace
+void signIn(Scenario& scenario, const std::string& login)
+{
+    if (scenario.account && scenario.account->login == login) {
+        return;
+    }
+    const auto found = std::ranges::find(scenario.otherAccounts, login, &Account::login);
+    if (found == scenario.otherAccounts.end()) {
+        throw std::runtime_error("The scenario has no account " + login + ".");
+    }
+    scenario.account = *found;
+}
 
 Scenario parseScenario(std::string_view text)
 {

@@ -36,6 +36,7 @@ struct BranchRules {
 
 struct Repository {
     std::string fullName;
+    std::vector<std::string> formerNames;  ///< Full names that lead here since it was renamed.
     std::string description;
     std::string visibility = "public";
     std::optional<std::string> language;
@@ -51,6 +52,9 @@ struct Repository {
 struct Review {
     std::string state;                  ///< In GitHub's vocabulary, such as "APPROVED".
     std::optional<std::string> author;  ///< Empty for a deleted account.
+    std::string commit = "head";        ///< That was reviewed: "head", "older", or "gone".
+    std::string age = "1d";
+    std::chrono::seconds ageInSeconds{0};
 
     bool operator==(const Review&) const = default;
 };
@@ -70,6 +74,15 @@ struct Check {
     std::chrono::seconds ageInSeconds{0};
 
     bool operator==(const Check&) const = default;
+};
+
+/// A place in one of the stacks that GitHub itself keeps.
+struct StackPlace {
+    std::int64_t number = 1;  ///< Of the stack.
+    std::int64_t position = 1;
+    std::int64_t size = 1;
+
+    bool operator==(const StackPlace&) const = default;
 };
 
 struct PullRequest {
@@ -94,6 +107,13 @@ struct PullRequest {
     std::vector<std::string> requestedTeams;
     std::vector<Review> reviews;
     std::vector<Check> checks;
+    std::optional<std::string> headCommit;           ///< Empty: one is made up.
+    std::optional<std::string> reviewDecision;       ///< Empty: what rules and reviews make.
+    std::optional<std::int64_t> mergeQueuePosition;  ///< Empty: not in the merge queue.
+    bool isAutoMerge = false;
+    std::int64_t threads = 0;
+    std::int64_t openThreads = 0;
+    std::optional<StackPlace> stack;
 
     bool operator==(const PullRequest&) const = default;
 };
@@ -109,7 +129,8 @@ struct Generated {
 };
 
 struct Scenario {
-    std::optional<Account> account;  ///< Empty: nobody is signed in.
+    std::optional<Account> account;      ///< Empty: nobody is signed in.
+    std::vector<Account> otherAccounts;  ///< Who else could be.
     std::vector<Repository> repositories;
     std::vector<PullRequest> pullRequests;
     Generated generated;
@@ -121,8 +142,16 @@ struct Scenario {
 /// `PullRequestKit::DecodingError` with the path of the offending value.
 Scenario parseScenario(std::string_view text);
 
-/// Reads a scenario by its name ("everyday", "large", "signed-out", "empty") or, when the text has
-/// a slash or a dot in it, from that file. Throws `std::runtime_error` with one English sentence.
+/// Signs in the account of this login, which is one of the scenario's. Throws `std::runtime_error`
+/// with one English sentence.
+void signIn(Scenario& scenario, const std::string& login);
+
+/// Where a scenario lies: the file of this name in the folder of scenarios or, when the text has a
+/// slash or a dot in it, that file.
+std::filesystem::path scenarioFile(const std::string& nameOrFile);
+
+/// Reads a scenario by its name ("everyday", "involved", "large", "signed-out", "empty") or its
+/// file, as `scenarioFile` tells them apart. Throws `std::runtime_error` with one English sentence.
 Scenario loadScenario(const std::string& nameOrFile);
 
 }  // namespace SampleGitHub
@@ -150,6 +179,7 @@ template<>
 struct Fields<SampleGitHub::Repository> {
     static constexpr std::tuple table{
         field("fullName", &SampleGitHub::Repository::fullName),
+        defaultedField("formerNames", &SampleGitHub::Repository::formerNames),
         defaultedField("description", &SampleGitHub::Repository::description),
         defaultedField("visibility", &SampleGitHub::Repository::visibility),
         field("language", &SampleGitHub::Repository::language),
@@ -167,6 +197,19 @@ struct Fields<SampleGitHub::Review> {
     static constexpr std::tuple table{
         field("state", &SampleGitHub::Review::state),
         field("author", &SampleGitHub::Review::author),
+        defaultedField("commit", &SampleGitHub::Review::commit),
+        defaultedField("age", &SampleGitHub::Review::age),
+    };
+    static void finish(
+        SampleGitHub::Review& review, const boost::json::object& object, const Path& path);
+};
+
+template<>
+struct Fields<SampleGitHub::StackPlace> {
+    static constexpr std::tuple table{
+        field("number", &SampleGitHub::StackPlace::number),
+        field("position", &SampleGitHub::StackPlace::position),
+        field("size", &SampleGitHub::StackPlace::size),
     };
 };
 
@@ -208,6 +251,13 @@ struct Fields<SampleGitHub::PullRequest> {
         defaultedField("requestedTeams", &SampleGitHub::PullRequest::requestedTeams),
         defaultedField("reviews", &SampleGitHub::PullRequest::reviews),
         defaultedField("checks", &SampleGitHub::PullRequest::checks),
+        field("headCommit", &SampleGitHub::PullRequest::headCommit),
+        field("reviewDecision", &SampleGitHub::PullRequest::reviewDecision),
+        field("mergeQueuePosition", &SampleGitHub::PullRequest::mergeQueuePosition),
+        defaultedField("isAutoMerge", &SampleGitHub::PullRequest::isAutoMerge),
+        defaultedField("threads", &SampleGitHub::PullRequest::threads),
+        defaultedField("openThreads", &SampleGitHub::PullRequest::openThreads),
+        field("stack", &SampleGitHub::PullRequest::stack),
     };
     static void finish(
         SampleGitHub::PullRequest& pullRequest,
@@ -229,6 +279,7 @@ template<>
 struct Fields<SampleGitHub::Scenario> {
     static constexpr std::tuple table{
         field("account", &SampleGitHub::Scenario::account),
+        defaultedField("otherAccounts", &SampleGitHub::Scenario::otherAccounts),
         defaultedField("repositories", &SampleGitHub::Scenario::repositories),
         defaultedField("pullRequests", &SampleGitHub::Scenario::pullRequests),
         defaultedField("generated", &SampleGitHub::Scenario::generated),

@@ -81,6 +81,10 @@ void readTerm(SearchQuery& query, std::string_view term)
         query.repositories.insert(lowerCase(value));
     } else if (name == "author") {
         query.author = value;
+    } else if (name == "-author") {
+        query.notAuthor = value;
+    } else if (name == "reviewed-by") {
+        query.reviewedBy = value;
     } else if (name == "review-requested") {
         query.reviewRequestedFrom = value;
     } else if (name == "sort") {
@@ -132,15 +136,24 @@ bool isRequestedFrom(
               });
 }
 
+/// A review that is begun and not submitted is none yet.
+bool isReviewedBy(const PullRequest& pullRequest, const std::string& user)
+{
+    return std::ranges::any_of(pullRequest.reviews, [&](const Review& review) {
+        return review.author == user && review.state != "PENDING";
+    });
+}
+
 bool matchesPerson(
     const PullRequest& pullRequest, const std::optional<Account>& account, const SearchQuery& query)
 {
-    if (query.author) {
-        const std::string author =
-            *query.author == "@me" && account ? account->login : *query.author;
-        if (pullRequest.author != author) {
-            return false;
-        }
+    const auto login = [&](const std::string& user) {
+        return user == "@me" && account ? account->login : user;
+    };
+    if ((query.author && pullRequest.author != login(*query.author))
+        || (query.notAuthor && pullRequest.author == login(*query.notAuthor))
+        || (query.reviewedBy && !isReviewedBy(pullRequest, login(*query.reviewedBy)))) {
+        return false;
     }
     return !query.reviewRequestedFrom
            || isRequestedFrom(pullRequest, account, *query.reviewRequestedFrom);

@@ -38,7 +38,8 @@ enum class SearchType {
 
 /// GitHub's search for pull requests, as far as the sample knows it: `is:` and `state:` with the
 /// three states, `is:pr`, `is:draft`, `draft:`, `archived:`, `repo:`,
-/// `author:`, `review-requested:` (`@me` is the user who is signed in), `sort:`. Other words are
+/// `author:`, `-author:`, `review-requested:`, `reviewed-by:` (`@me` is the user who is signed in),
+/// `sort:`. Other words are
 /// looked for in the titles.
 struct SearchQuery {
     std::unordered_set<std::string> repositories;  ///< Empty: any.
@@ -47,7 +48,9 @@ struct SearchQuery {
     std::optional<bool> isDraft;
     std::optional<bool> isArchived;
     std::optional<std::string> author;
+    std::optional<std::string> notAuthor;
     std::optional<std::string> reviewRequestedFrom;
+    std::optional<std::string> reviewedBy;
     std::vector<std::string> words;  ///< In lower case.
     SearchOrder order = SearchOrder::createdDescending;
 };

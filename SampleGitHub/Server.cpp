@@ -34,17 +34,22 @@ PullRequestKit::Date currentTime()
 class Desk {
 public:
     explicit Desk(ServerOptions options)
-        : _gitHub(
-              std::move(options.scenario),
-              options.now.value_or(currentTime()),
-              options.repositoryTerms)
+        : _now(options.now.value_or(currentTime()))
+        , _options(std::move(options.gitHub))
+        , _gitHub(std::in_place, std::move(options.scenario), _now, _options)
+        , _changedScenario(std::move(options.changedScenario))
         , _onRequest(std::move(options.onRequest))
         , _faults(options.faults)
     {}
 
     Delivery serve(Request request)
     {
-        Answer answer = _gitHub.answer(request);
+        if (_changedScenario) {
+            if (auto scenario = _changedScenario()) {
+                _gitHub.emplace(*std::move(scenario), _now, _options);
+            }
+        }
+        Answer answer = _gitHub->answer(request);
         request.headers.erase("authorization");
         const RecordedRequest recorded{answer.kind, std::move(request)};
         if (_onRequest) {
@@ -74,7 +79,10 @@ public:
     }
 
 private:
-    const GitHub _gitHub;
+    const PullRequestKit::Date _now;
+    const GitHubOptions _options;
+    std::optional<GitHub> _gitHub;  // Of the server's thread alone.
+    const std::function<std::optional<Scenario>()> _changedScenario;
     const std::function<void(const RecordedRequest&)> _onRequest;
     mutable std::mutex _mutex;
     FaultInjection _faults;                  // Guarded by _mutex.

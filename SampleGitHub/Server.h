@@ -1,10 +1,10 @@
 #pragma once
 
 #include "SampleGitHub/Fault.h"
+#include "SampleGitHub/GitHub.h"
 #include "SampleGitHub/Http.h"
 #include "SampleGitHub/RequestKind.h"
 #include "SampleGitHub/Scenario.h"
-#include "SampleGitHub/SearchQuery.h"
 
 #include <filesystem>
 #include <functional>
@@ -25,8 +25,11 @@ struct ServerOptions {
     std::filesystem::path socket;  ///< At most 107 bytes long.
     Scenario scenario;
     std::vector<Fault> faults;
-    RepositoryTerms repositoryTerms = RepositoryTerms::any;
+    GitHubOptions gitHub;
     std::optional<PullRequestKit::Date> now;  ///< What ages count back from; empty: the start.
+    /// Called on the server's thread before each answer: what is served from here on, when it has
+    /// changed. Ages go on counting back from the same instant.
+    std::function<std::optional<Scenario>()> changedScenario;
     /// Called for every request on the server's thread, before the answer is sent.
     std::function<void(const RecordedRequest&)> onRequest;
 };

@@ -67,6 +67,12 @@ TEST_F(SampleCommand, wrongArgumentsEndWithStatusTwoAndASentence)
     EXPECT_EQ(
         run({"--now", "noon"}).errors,
         name + "The instant noon is not an ISO 8601 date. Try --help.\n");
+    for (const char* quota : {"312", "312/5000", "312/5000@", "9/5@1", "1/2@3x", "-1/2@3"}) {
+        EXPECT_EQ(
+            run({"--quota", quota}).errors,
+            name + "The quota " + quota
+                + " is not of the form REMAINING/LIMIT@SECONDS. Try --help.\n");
+    }
     EXPECT_EQ(run({}).status, 2);
 }
 
@@ -89,6 +95,23 @@ TEST_F(SampleCommand, aCommandSeesTheSampleAndLendsItsStatus)
     EXPECT_EQ(run({"--exec", "sh", "-c", "exit 7"}).status, 7);
     EXPECT_EQ(run({"--exec", "sh", "-c", "kill -KILL $$"}).status, 128 + SIGKILL);
     EXPECT_THAT(temporaryFiles(), IsEmpty());
+}
+
+TEST_F(SampleCommand, anotherAccountCanBeSignedIn)
+{
+    const Result result = run(
+        {"--scenario",
+         "involved",
+         "--account",
+         "mara",
+         "--exec",
+         "sh",
+         "-c",
+         "gh auth status 2>&1 | grep -o mara | head -1"});
+    EXPECT_EQ(result.output, "mara\n") << result.errors;
+    EXPECT_EQ(
+        run({"--account", "nobody", "--exec", "true"}).errors,
+        "tarnwick-sample-github: The scenario has no account nobody.\n");
 }
 
 TEST_F(SampleCommand, aCommandDoesNotSeeTheUsersTokenAndHost)

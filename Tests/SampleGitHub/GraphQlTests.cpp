@@ -45,8 +45,25 @@ TEST(GraphQl, fieldsMayHaveAliases)
                   "  search(query:$b, type:ISSUE_ADVANCED, first:50, after:$c) { nodes { id } }\n"
                   "}"),
         testing::ElementsAre(
-            GraphQlField{"one", "search", "a", "ISSUE", 1},
-            GraphQlField{"search", "search", "b", "ISSUE_ADVANCED", 50}));
+            GraphQlField{
+                "one", "search", "a", "ISSUE", 1, "query:$a, type:ISSUE, first:1", " issueCount "},
+            GraphQlField{
+                "search",
+                "search",
+                "b",
+                "ISSUE_ADVANCED",
+                50,
+                "query:$b, type:ISSUE_ADVANCED, first:50, after:$c",
+                " nodes { id } "}));
+}
+
+TEST(GraphQl, textsMayHoldBracketsAndQuotationMarks)
+{
+    const auto fields = topFields(R"({ a: repository(owner:"o\")}{", name:"n") { x } b { y } })");
+    ASSERT_EQ(fields.size(), 2U);
+    EXPECT_EQ(fields[0].arguments, R"(owner:"o\")}{", name:"n")");
+    EXPECT_EQ(fields[0].selection, " x ");
+    EXPECT_EQ(fields[1].name, "b");
 }
 
 TEST(GraphQl, aBodyOfAnotherFormIsRefused)

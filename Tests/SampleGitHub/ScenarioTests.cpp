@@ -2,6 +2,7 @@
 
 #include "PullRequestKit/Errors.h"
 #include "SampleGitHub/Rendering.h"
+#include "SampleGitHub/SearchQuery.h"
 
 #include <algorithm>
 #include <set>
@@ -66,6 +67,22 @@ TEST(Scenarios, largeIsTheSameEveryTime)
     EXPECT_EQ(loadScenario("large"), loadScenario("large"));
 }
 
+TEST(Scenarios, involvedConcernsTheUserInEveryPullRequestAndSomebodyElseInSome)
+{
+    Scenario scenario = loadScenario("involved");
+    const auto count = [&](std::string_view text) {
+        return search(scenario, parseSearchQuery(text)).size();
+    };
+    EXPECT_EQ(scenario.pullRequests.size(), 30U);
+    EXPECT_EQ(count("is:open review-requested:@me"), 6U);
+    EXPECT_EQ(count("is:open author:@me"), 17U);
+    EXPECT_EQ(count("is:open reviewed-by:@me -author:@me"), 8U);
+    signIn(scenario, "mara");
+    EXPECT_EQ(count("is:open review-requested:@me"), 7U);
+    EXPECT_EQ(count("is:open author:@me"), 2U);
+    EXPECT_EQ(count("is:open reviewed-by:@me -author:@me"), 3U);
+}
+
 TEST(Scenarios, nobodyIsSignedInInSignedOut)
 {
     EXPECT_FALSE(loadScenario("signed-out").account);
@@ -92,6 +109,15 @@ TEST(Scenarios, errorsNameThePathOfTheOffendingValue)
     EXPECT_EQ(
         offender(head + R"("repository": "a/b", "updated": "1d", "state": "OPEN"}]})"),
         "pullRequests[0].state");
+    EXPECT_EQ(
+        offender(
+            head + R"("repository": "a/b", "updated": "1d", "threads": 1, "openThreads": 2}]})"),
+        "pullRequests[0].openThreads");
+    EXPECT_EQ(
+        offender(
+            head
+            + R"("repository": "a/b", "updated": "1d", "reviews": [{"state": "X", "commit": "y"}]}]})"),
+        "pullRequests[0].reviews[0].commit");
     EXPECT_EQ(offender(head + R"("repository": "a/b", "updated": "1d"}]})"), "accepted");
 }
 

@@ -21,7 +21,9 @@ Scenario scenario()
             {"repository": "b/two", "number": 3, "title": "Fix the roof", "head": "h3",
              "created": "7d", "updated": "1h", "requestedUsers": ["me"]},
             {"repository": "a/one", "number": 4, "title": "Old", "head": "h4", "state": "merged",
-             "author": "ann", "created": "6d", "updated": "3h"}]})");
+             "author": "ann", "created": "6d", "updated": "3h",
+             "reviews": [{"state": "APPROVED", "author": "me"},
+                         {"state": "PENDING", "author": "bo"}]}]})");
 }
 
 std::vector<std::int64_t> found(std::string_view text)
@@ -40,6 +42,15 @@ TEST(SampleSearch, ordersAsAskedAndKeepsTies)
     EXPECT_THAT(found("sort:updated-asc"), ElementsAre(2, 1, 4, 3));
     EXPECT_THAT(found(""), ElementsAre(4, 3, 2, 1));
     EXPECT_THAT(found("sort:created-asc"), ElementsAre(1, 2, 3, 4));
+}
+
+TEST(SampleSearch, filtersByWhoReviewedAndWhoIsNotTheAuthor)
+{
+    EXPECT_THAT(found("reviewed-by:@me"), ElementsAre(4));
+    EXPECT_THAT(found("reviewed-by:me"), ElementsAre(4));
+    EXPECT_THAT(found("reviewed-by:bo"), ElementsAre()) << "its review is not submitted";
+    EXPECT_THAT(found("-author:ann sort:created-asc"), ElementsAre(1, 3));
+    EXPECT_THAT(found("-author:@me sort:created-asc"), ElementsAre(2, 3, 4));
 }
 
 TEST(SampleSearch, filtersByStateAndDraft)

@@ -52,7 +52,7 @@ void SampleGitHubFixture::serve(SampleGitHub::Scenario scenario)
     SampleGitHub::ServerOptions options;
     options.socket = folder() / "socket";
     options.scenario = std::move(scenario);
-    options.repositoryTerms = _repositoryTerms;
+    options.gitHub = _gitHub;
     options.now = PullRequestKit::parseDate("2026-03-01T12:00:00Z");
     _server.emplace(std::move(options));
     SampleGitHub::writeGhConfiguration(folder() / "gh", _server->socket(), account);

@@ -21,7 +21,10 @@ protected:
     SampleGitHubFixture();
 
     /// What several `repo:` terms mean from the next `serve` on.
-    void setRepositoryTerms(SampleGitHub::RepositoryTerms terms) { _repositoryTerms = terms; }
+    void setRepositoryTerms(SampleGitHub::RepositoryTerms terms) { _gitHub.terms = terms; }
+
+    /// In what the GitHub of the next `serve` differs from the usual one.
+    SampleGitHub::GitHubOptions& gitHubOptions() { return _gitHub; }
 
     /// Serves a scenario by its name, with `gh` signed in when the scenario has an account.
     void serve(const std::string& scenario);
@@ -45,7 +48,7 @@ protected:
 private:
     SampleGitHub::TemporaryFolder _folder;
     SampleGitHub::Environment _environment;
-    SampleGitHub::RepositoryTerms _repositoryTerms = SampleGitHub::RepositoryTerms::any;
+    SampleGitHub::GitHubOptions _gitHub;
     std::optional<SampleGitHub::Server> _server;
 };
 
