@@ -19,6 +19,8 @@ endif()
 install(FILES "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${TARNWICK_BUNDLE}" DESTINATION "${data}/tarnwick")
 
 install(FILES "${documents}/${id}.metainfo.xml" DESTINATION "${data}/metainfo")
+install(FILES "${CMAKE_SOURCE_DIR}/TarnwickDirect/Status/${id}.Status.xml"
+    DESTINATION "${data}/dbus-1/interfaces")
 install(FILES "${drawings}/tarnwick-zap-inner-light-icon.svg"
     DESTINATION "${data}/icons/hicolor/scalable/apps" RENAME "${id}.svg")
 install(FILES "${drawings}/tarnwick-tray-symbolic-16.svg"

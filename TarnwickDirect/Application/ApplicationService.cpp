@@ -1,5 +1,7 @@
 #include "TarnwickDirect/Application/ApplicationService.h"
 
+#include "TarnwickDirect/Status/BusNames.h"
+
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusError>
@@ -47,16 +49,19 @@ bool hasSignature(
 
 QString ApplicationService::introspect(const QString& /*path*/) const
 {
-    return introspection;
+    return introspection + StatusService::introspection();
 }
 
 bool ApplicationService::handleMessage(
     const QDBusMessage& message, const QDBusConnection& connection)
 {
     const bool isOurs =
-        message.interface().isEmpty() || message.interface() == QLatin1String(interface);
-    if (!isOurs || message.type() != QDBusMessage::MethodCallMessage) {
+        message.interface().isEmpty() || message.interface() == QLatin1String(BusNames::application);
+    if (message.type() != QDBusMessage::MethodCallMessage) {
         return false;
+    }
+    if (!isOurs) {
+        return _status.handle(message, connection);
     }
     const QString member = message.member();
     if (member == QLatin1String("Activate")) {
@@ -80,7 +85,7 @@ bool ApplicationService::handleMessage(
         }
         return true;
     }
-    return false;
+    return _status.handle(message, connection);
 }
 
 void ApplicationService::activateAction(

@@ -1,26 +1,26 @@
 #pragma once
 
 #include "TarnwickDirect/Application/PlatformData.h"
+#include "TarnwickDirect/Status/StatusService.h"
 
 #include <QDBusVirtualObject>
 
 namespace TarnwickDirect {
 
 /// The program on the session bus: org.freedesktop.Application at /dev/tarnwick/Tarnwick, with the
-/// actions "toggle", "reload", "quit" and, where the program has an updater, "check-for-updates".
-/// Calls are answered at once and become signals here. Main thread only.
+/// actions "toggle", "reload", "quit" and, where the program has an updater, "check-for-updates",
+/// and beside it the interface of `StatusService`. Calls are answered at once and become signals
+/// here. Main thread only.
 class ApplicationService final : public QDBusVirtualObject {
     Q_OBJECT
 
 public:
-    static constexpr const char* name = "dev.tarnwick.Tarnwick";
-    static constexpr const char* path = "/dev/tarnwick/Tarnwick";
-    static constexpr const char* interface = "org.freedesktop.Application";
-
     using QDBusVirtualObject::QDBusVirtualObject;
 
     /// Whether there is the action "check-for-updates". Not at first.
     void setChecksForUpdates(bool checksForUpdates) { _checksForUpdates = checksForUpdates; }
+
+    StatusService& status() { return _status; }
 
     QString introspect(const QString& path) const override;
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
@@ -35,6 +35,7 @@ Q_SIGNALS:
 private:
     void activateAction(const QDBusMessage& message, const QDBusConnection& connection);
 
+    StatusService _status;
     bool _checksForUpdates = false;
 };
 

@@ -11,6 +11,7 @@
 #include "TarnwickDirect/Application/Succession.h"
 #include "TarnwickDirect/Application/TarnwickDirectApp.h"
 #include "TarnwickDirect/CommandLine/Interruption.h"
+#include "TarnwickDirect/Status/BusNames.h"
 #include "TarnwickDirect/Environment.h"
 #include "TarnwickDirect/Settling.h"
 #include "TarnwickDirect/Version.h"
@@ -31,7 +32,7 @@ void describeApplication()
     QApplication::setApplicationDisplayName(QStringLiteral("Tarnwick"));
     QApplication::setApplicationVersion(
         QString::fromUtf8(version().data(), qsizetype(version().size())));
-    QGuiApplication::setDesktopFileName(QString::fromLatin1(ApplicationService::name));
+    QGuiApplication::setDesktopFileName(QString::fromLatin1(BusNames::service));
     QApplication::setQuitOnLastWindowClosed(false);
 }
 
@@ -112,7 +113,7 @@ Ending run(const ShowPanel& command, const MakeUpdater& makeUpdater, int argc, c
     ApplicationService service;
     if (bus.isConnected()) {
         // Before the name, so that whoever finds the name finds the object.
-        bus.registerVirtualObject(QString::fromLatin1(ApplicationService::path), &service);
+        bus.registerVirtualObject(QString::fromLatin1(BusNames::path), &service);
     }
     if (startOrForward(bus, wish.manner, wish.platformData) == Start::forwarded) {
         X11::endStartup(wish.platformData.startupId.toUtf8());
@@ -124,7 +125,7 @@ Ending run(const ShowPanel& command, const MakeUpdater& makeUpdater, int argc, c
         interruption.endProcess();
     }
     if (ending.successor && bus.isConnected()) {
-        bus.unregisterService(QString::fromLatin1(ApplicationService::name));
+        bus.unregisterService(QString::fromLatin1(BusNames::service));
     }
     return ending;
 }

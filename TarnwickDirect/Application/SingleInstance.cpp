@@ -1,6 +1,6 @@
 #include "TarnwickDirect/Application/SingleInstance.h"
 
-#include "TarnwickDirect/Application/ApplicationService.h"
+#include "TarnwickDirect/Status/BusNames.h"
 
 #include <QDBusError>
 #include <QDBusMessage>
@@ -34,7 +34,7 @@ Claim claimName(const QDBusConnection& bus)
         QStringLiteral("/org/freedesktop/DBus"),
         QStringLiteral("org.freedesktop.DBus"),
         QStringLiteral("RequestName"));
-    request << QString::fromLatin1(ApplicationService::name) << doNotQueue;
+    request << QString::fromLatin1(BusNames::service) << doNotQueue;
     const QDBusMessage reply = bus.call(request, QDBus::Block, busLimit);
     if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) {
         return Claim::impossible;
@@ -47,9 +47,9 @@ QDBusMessage messageFor(ShowPanel::Manner manner, const PlatformData& platformDa
 {
     const auto call = [](const char* member) {
         QDBusMessage message = QDBusMessage::createMethodCall(
-            QString::fromLatin1(ApplicationService::name),
-            QString::fromLatin1(ApplicationService::path),
-            QString::fromLatin1(ApplicationService::interface),
+            QString::fromLatin1(BusNames::service),
+            QString::fromLatin1(BusNames::path),
+            QString::fromLatin1(BusNames::application),
             QString::fromLatin1(member));
         message.setAutoStartService(false);
         return message;

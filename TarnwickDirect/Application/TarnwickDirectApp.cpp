@@ -18,6 +18,7 @@
 #include <QGuiApplication>
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
 namespace TarnwickDirect {
@@ -59,9 +60,12 @@ TarnwickDirectApp::TarnwickDirectApp(
     const QDBusConnection& bus,
     ApplicationService& service,
     const MakeUpdater& makeUpdater)
-    : _defaults(collaborators.defaults)
+    : _bus(bus)
+    , _defaults(collaborators.defaults)
     , _clock(collaborators.clock)
     , _model(initialized(std::move(collaborators)))
+    , _trouble(_model)
+    , _status(_model, _trouble)
     , _wishes(styled(_appearance), bus)
     , _updateManager([this, &makeUpdater](UpdaterDelegate& delegate) {
         return makeUpdater ? makeUpdater(updaterHost(), delegate) : nullptr;
@@ -169,6 +173,44 @@ void TarnwickDirectApp::connectService(ApplicationService& service)
         [this](const PlatformData& platformData) { toggle(std::nullopt, platformData); });
     connect(&service, &ApplicationService::reloadRequested, this, &TarnwickDirectApp::reload);
     connect(&service, &ApplicationService::quitRequested, this, &TarnwickDirectApp::quitRequested);
+    connectStatus(service.status());
+}
+
+void TarnwickDirectApp::connectStatus(StatusService& service)
+{
+    connect(&service, &StatusService::refreshRequested, this, &TarnwickDirectApp::reload);
+    connect(&service, &StatusService::showRequested, this, [this] {
+        _window.present(std::nullopt, {});
+    });
+    service.setOpen([this](const QString& which) { return openListed(which.toStdString()); });
+    const auto publish = [this, &service] { service.setStatus(_status.status(), _bus); };
+    connect(&_status, &StatusFeed::changed, &service, publish);
+    publish();
+}
+
+/// Whether one of the listed pull requests has this page, or is named so: owner/name#number.
+bool TarnwickDirectApp::openListed(const std::string& which)
+{
+    const auto& rows = _model.rows();
+    const auto found = std::ranges::find_if(rows, [&](const PullRequestKit::PullRequestRow& row) {
+        const PullRequestKit::PullRequestID& id = row.id();
+        return which == row.pullRequest.url.text
+               || which == id.repository + "#" + std::to_string(id.number);
+    });
+    if (found == rows.end()) {
+        return false;
+    }
+    open(found->pullRequest);
+    return true;
+}
+
+/// From outside of the panel, which may be open and stays so.
+void TarnwickDirectApp::open(const PullRequestKit::PullRequest& pullRequest)
+{
+    // The visit has the rows made anew that the pull request comes from.
+    const PullRequestKit::Url page = pullRequest.url;
+    _model.recordVisit(PullRequestKit::PullRequestID(pullRequest.id));
+    _model.navigation().open(page, {}, Tarnwick::PanelFate::stays);
 }
 
 void TarnwickDirectApp::connectUpdates(ApplicationService& service)
@@ -269,7 +311,7 @@ void TarnwickDirectApp::trayChanged()
 
 void TarnwickDirectApp::makeTrayItem()
 {
-    _trayItem = std::make_unique<TrayItem>(_model);
+    _trayItem = std::make_unique<TrayItem>(_model, _trouble);
     _trayItem->setPanelOpen(_window.isInSight());
     connect(
         &_window, &PanelWindow::shown, _trayItem.get(), [this] { _trayItem->setPanelOpen(true); });
@@ -281,6 +323,17 @@ void TarnwickDirectApp::makeTrayItem()
         _window.present(QCursor::pos(), {});
     });
     connect(_trayItem.get(), &TrayItem::reloadRequested, this, &TarnwickDirectApp::reload);
+    connect(
+        _trayItem.get(),
+        &TrayItem::pullRequestRequested,
+        this,
+        [this](const PullRequestKit::PullRequestID& id) {
+            const auto found =
+                std::ranges::find(_model.rows(), id, &PullRequestKit::PullRequestRow::id);
+            if (found != _model.rows().end()) {
+                open(found->pullRequest);
+            }
+        });
     connect(_trayItem.get(), &TrayItem::quitRequested, this, &TarnwickDirectApp::quitRequested);
 }
 

@@ -10,6 +10,8 @@
 #include "TarnwickDirect/Application/TarnwickMenuContent.h"
 #include "TarnwickDirect/Application/UpdaterHost.h"
 #include "TarnwickDirect/CommandLine/Arguments.h"
+#include "TarnwickDirect/Status/StatusFeed.h"
+#include "TarnwickDirect/Status/Trouble.h"
 #include "TarnwickDirect/Tray/TrayHost.h"
 #include "TarnwickDirect/Tray/TrayItem.h"
 #include "TarnwickDirect/UpdateManager.h"
@@ -58,6 +60,9 @@ private:
     void connectPanel();
     void connectMemory();
     void connectService(ApplicationService& service);
+    void connectStatus(StatusService& service);
+    bool openListed(const std::string& which);
+    void open(const PullRequestKit::PullRequest& pullRequest);
     void connectUpdates(ApplicationService& service);
     UpdaterHost updaterHost();
     TarnwickMenuContent menuContent();
@@ -73,9 +78,12 @@ private:
     bool explainsClosing();
     bool outlivesItsWindow() const;
 
+    QDBusConnection _bus;
     std::shared_ptr<Tarnwick::DefaultsStore> _defaults;
     std::shared_ptr<Tarnwick::Clock> _clock;
     Tarnwick::PullRequestMenuModel _model;
+    Trouble _trouble;
+    StatusFeed _status;
     Tarnwick::Appearance _appearance;
     Tarnwick::DesktopWishes _wishes;
     PlatformData _checkRequest;  ///< What the last check that was asked for came with.

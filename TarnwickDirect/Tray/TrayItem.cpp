@@ -1,28 +1,42 @@
 #include "TarnwickDirect/Tray/TrayItem.h"
 
+#include "TarnwickDirect/Status/StatusText.h"
 #include "TarnwickDirect/Tray/TrayText.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace TarnwickDirect {
 
 using Tarnwick::PullRequestMenuModel;
 
-TrayItem::TrayItem(PullRequestMenuModel& model, QObject* parent)
+TrayItem::TrayItem(PullRequestMenuModel& model, const Trouble& trouble, QObject* parent)
     : QObject(parent)
     , _model(model)
+    , _trouble(trouble)
 {
     fillMenu();
     connect(&model, &PullRequestMenuModel::rowsChanged, this, &TrayItem::updateIcon);
     connect(&model, &PullRequestMenuModel::rowsChanged, this, &TrayItem::updateToolTip);
     connect(&model, &PullRequestMenuModel::stateChanged, this, &TrayItem::updateToolTip);
     connect(&model, &PullRequestMenuModel::lastRefreshedChanged, this, &TrayItem::updateToolTip);
-    connect(&model, &PullRequestMenuModel::lastFailureChanged, this, &TrayItem::updateTrouble);
-    connect(&model, &PullRequestMenuModel::lastRefreshedChanged, this, &TrayItem::updateTrouble);
-    _troubleTimer.setSingleShot(true);
-    _troubleTimer.setTimerType(Qt::VeryCoarseTimer);
-    connect(&_troubleTimer, &QTimer::timeout, this, [this] { setTrouble(true); });
-    updateTrouble();
+    connect(&model, &PullRequestMenuModel::lastFailureChanged, this, &TrayItem::updateIcon);
+    connect(&model, &PullRequestMenuModel::lastFailureChanged, this, &TrayItem::updateToolTip);
+    connect(&trouble, &Trouble::changed, this, &TrayItem::updateIcon);
+    connect(&trouble, &Trouble::changed, this, &TrayItem::updateToolTip);
+    _menuSoon.setSingleShot(true);
+    _menuSoon.setInterval(std::chrono::milliseconds{0});
+    connect(&_menuSoon, &QTimer::timeout, this, &TrayItem::updateMenu);
+    const auto soon = qOverload<>(&QTimer::start);
+    connect(&model, &PullRequestMenuModel::rowsChanged, &_menuSoon, soon);
+    connect(&model, &PullRequestMenuModel::turnsChanged, &_menuSoon, soon);
+    connect(&model, &PullRequestMenuModel::detailsChanged, &_menuSoon, soon);
+    connect(&model, &PullRequestMenuModel::stateChanged, &_menuSoon, soon);
+    connect(&model, &PullRequestMenuModel::lastRefreshedChanged, &_menuSoon, soon);
+    connect(&trouble, &Trouble::changed, &_menuSoon, soon);
+    updateIcon();
+    updateToolTip();
+    updateMenu();
     _icon.setContextMenu(&_menu);
     connect(
         &_icon,
@@ -44,6 +58,9 @@ TrayItem::~TrayItem()
 
 void TrayItem::fillMenu()
 {
+    _summary = _menu.addAction(QString());
+    _summary->setEnabled(false);
+    _separator = _menu.addSeparator();
     connect(
         _menu.addAction(QStringLiteral("Open Tarnwick")),
         &QAction::triggered,
@@ -61,6 +78,44 @@ void TrayItem::fillMenu()
         &TrayItem::quitRequested);
 }
 
+/// Hosts show what the menu held when they last asked, so it is kept up to date while it is closed.
+void TrayItem::updateMenu()
+{
+    const TrayStatus now = status();
+    const auto turns = Tarnwick::turnsOf(_model.rows(), _model.turnSources());
+    const Status counted = countedStatus(_model.rows(), turns);
+    const bool isKnown = knowsPullRequests(now) && now.lastRefreshed;
+    const QDateTime time = QDateTime::currentDateTime();
+    if (isKnown && counted.waitingOnYou > 0) {
+        Status shown = counted;
+        shown.isStale = now.isTrouble;
+        shown.lastRefreshed = now.lastRefreshed;
+        _summary->setText(statusText(shown, time, QLocale()));
+    } else {
+        _summary->setText(trayText(now, time, QLocale()));
+    }
+    showRows(isKnown ? trayRows(_model.rows(), turns) : std::vector<TrayRow>());
+}
+
+void TrayItem::showRows(const std::vector<TrayRow>& rows)
+{
+    if (_rows == rows) {
+        return;
+    }
+    _rows = rows;
+    for (QAction* const action : std::exchange(_rowActions, {})) {
+        delete action;
+    }
+    for (const TrayRow& row : rows) {
+        auto* const action = new QAction(row.text, &_menu);
+        connect(action, &QAction::triggered, this, [this, id = row.id] {
+            Q_EMIT pullRequestRequested(id);
+        });
+        _menu.insertAction(_separator, action);
+        _rowActions.push_back(action);
+    }
+}
+
 void TrayItem::setPanelOpen(bool isOpen)
 {
     _isPanelOpen = isOpen;
@@ -75,26 +130,7 @@ TrayStatus TrayItem::status() const
         .shownPullRequests = _model.rows().size(),
         .lastRefreshed = _model.lastRefreshed(),
         .failure = failure ? std::optional(Tarnwick::refreshFailure(*failure)) : std::nullopt,
-        .isTrouble = _isTrouble};
-}
-
-/// A timer runs only as long as a failure has not become trouble: at rest nothing wakes up.
-void TrayItem::updateTrouble()
-{
-    const TrayStatus now = status();
-    const auto wait = untilTrouble(now.failure, now.lastRefreshed, _model.now());
-    _troubleTimer.stop();
-    if (wait && *wait > std::chrono::seconds{0} && !(_isTrouble && now.failure)) {
-        _troubleTimer.start(*wait);
-    }
-    setTrouble(wait && (*wait == std::chrono::seconds{0} || _isTrouble));
-}
-
-void TrayItem::setTrouble(bool isTrouble)
-{
-    _isTrouble = isTrouble;
-    updateIcon();
-    updateToolTip();
+        .isTrouble = _trouble.isThere()};
 }
 
 void TrayItem::updateIcon()
@@ -105,7 +141,7 @@ void TrayItem::updateIcon()
             knowsPullRequests(now)
             && std::ranges::any_of(
                 _model.rows(), [](const auto& row) { return row.pullRequest.isBlocked(); }),
-        .isTrouble = _isTrouble};
+        .isTrouble = _trouble.isThere()};
     if (_mark != mark) {
         _mark = mark;
         const auto background =

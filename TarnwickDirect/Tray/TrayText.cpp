@@ -1,6 +1,6 @@
 #include "TarnwickDirect/Tray/TrayText.h"
 
-#include <QTimeZone>
+#include "TarnwickDirect/Status/ClockText.h"
 
 namespace TarnwickDirect {
 
@@ -15,36 +15,6 @@ QString countText(std::size_t count)
 {
     const QString text = QStringLiteral("%1 pull request").arg(count);
     return count == 1 ? text : text + QLatin1Char('s');
-}
-
-/// Some locales, such as "C", write seconds in the short form too. They go with what stands before
-/// them.
-QString clockFormat(const QLocale& locale)
-{
-    QString format;
-    bool isQuoted = false;
-    for (const QChar character : locale.timeFormat(QLocale::ShortFormat)) {
-        isQuoted = isQuoted != (character == u'\'');
-        if (isQuoted || (character != u's' && character != u'z')) {
-            format += character;
-        } else if (format.endsWith(u':') || format.endsWith(u'.')) {
-            format.chop(1);
-        }
-    }
-    return format;
-}
-
-QString timeText(PullRequestKit::Date date, const QDateTime& now, const QLocale& locale)
-{
-    const QDateTime time =
-        QDateTime::fromSecsSinceEpoch(date.time_since_epoch().count(), now.timeZone());
-    QString clock = locale.toString(time.time(), clockFormat(locale));
-    if (time.date() == now.date()) {
-        return clock;
-    }
-    return QStringLiteral("%1 %2 %3")
-        .arg(time.date().day())
-        .arg(QLocale::c().monthName(time.date().month(), QLocale::ShortFormat), clock);
 }
 
 QString failureText(RefreshFailure failure)
@@ -81,7 +51,7 @@ QString trayText(const TrayStatus& status, const QDateTime& now, const QLocale& 
     }
     const QString since =
         status.isTrouble ? QStringLiteral(" · Not updated since ") : QStringLiteral(" · Updated ");
-    return what + since + timeText(*status.lastRefreshed, now, locale);
+    return what + since + clockText(*status.lastRefreshed, now, locale);
 }
 
 }  // namespace TarnwickDirect

@@ -20,6 +20,7 @@ FILES = """
 bin/tarnwick
 share/applications/dev.tarnwick.Tarnwick.desktop
 share/bash-completion/completions/tarnwick
+share/dbus-1/interfaces/dev.tarnwick.Tarnwick.Status.xml
 share/dbus-1/services/dev.tarnwick.Tarnwick.service
 share/doc/tarnwick/README.md
 share/doc/tarnwick/changelog.Debian.gz

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Tarnwick/PullRequestMenuModel.h"
+#include "TarnwickDirect/Status/Status.h"
+#include "TarnwickDirect/Status/Trouble.h"
+
+#include <QObject>
+#include <QTimer>
+
+namespace TarnwickDirect {
+
+/// The numbers of the model's list, counted anew when the control is back in the event loop after
+/// something has changed. Requires: the model and its trouble live longer. Main thread only.
+class StatusFeed final : public QObject {
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(StatusFeed)
+
+public:
+    StatusFeed(
+        const Tarnwick::PullRequestMenuModel& model,
+        const Trouble& trouble,
+        QObject* parent = nullptr);
+
+    const Status& status() const { return _status; }
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void count();
+
+    const Tarnwick::PullRequestMenuModel& _model;
+    const Trouble& _trouble;
+    Status _status;
+    QTimer _soon;
+};
+
+}  // namespace TarnwickDirect

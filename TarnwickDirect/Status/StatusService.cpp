@@ -1,0 +1,176 @@
+#include "TarnwickDirect/Status/StatusService.h"
+
+#include "StatusIntrospection.h"
+#include "TarnwickDirect/Status/BusNames.h"
+
+#include <QDBusError>
+#include <QDBusVariant>
+
+namespace TarnwickDirect {
+namespace {
+
+void refuse(
+    const QDBusMessage& message,
+    const QDBusConnection& bus,
+    QDBusError::ErrorType kind,
+    const QString& text)
+{
+    bus.send(message.createErrorReply(kind, text));
+}
+
+/// Answers with an error when the arguments are not of these types.
+bool hasSignature(const QDBusMessage& message, const QDBusConnection& bus, const QString& signature)
+{
+    if (message.signature() == signature) {
+        return true;
+    }
+    refuse(
+        message,
+        bus,
+        QDBusError::InvalidArgs,
+        QStringLiteral("%1 takes arguments of the types \"%2\".").arg(message.member(), signature));
+    return false;
+}
+
+/// Of the values, those that are others than before.
+QVariantMap differences(const QVariantMap& before, const QVariantMap& after)
+{
+    QVariantMap found;
+    for (auto entry = after.cbegin(); entry != after.cend(); ++entry) {
+        if (before.value(entry.key()) != entry.value()) {
+            found.insert(entry.key(), entry.value());
+        }
+    }
+    return found;
+}
+
+}  // namespace
+
+QString StatusService::introspection()
+{
+    const auto document = QString::fromUtf8(statusIntrospection);
+    // The object's other interfaces stand beside it.
+    const qsizetype first = document.indexOf(QStringLiteral("  <interface"));
+    const qsizetype last = document.lastIndexOf(QStringLiteral("</node>"));
+    return document.mid(first, last - first);
+}
+
+QVariantMap StatusService::properties(const Status& status)
+{
+    const qlonglong refreshed =
+        status.lastRefreshed ? status.lastRefreshed->time_since_epoch().count() : 0;
+    return {
+        {QStringLiteral("WaitingOnYou"), status.waitingOnYou},
+        {QStringLiteral("ReadyToMerge"), status.readyToMerge},
+        {QStringLiteral("Blocked"), status.blocked},
+        {QStringLiteral("Listed"), status.listed},
+        {QStringLiteral("IsStale"), status.isStale},
+        {QStringLiteral("LastRefreshed"), refreshed}};
+}
+
+void StatusService::setStatus(const Status& status, const QDBusConnection& bus)
+{
+    const QVariantMap changed = differences(properties(_status), properties(status));
+    _status = status;
+    if (changed.isEmpty() || !bus.isConnected()) {
+        return;
+    }
+    QDBusMessage signal = QDBusMessage::createSignal(
+        QString::fromLatin1(BusNames::path),
+        QString::fromLatin1(BusNames::properties),
+        QStringLiteral("PropertiesChanged"));
+    signal << QString::fromLatin1(BusNames::status) << changed << QStringList();
+    bus.send(signal);
+}
+
+bool StatusService::handle(const QDBusMessage& message, const QDBusConnection& bus)
+{
+    if (message.type() != QDBusMessage::MethodCallMessage) {
+        return false;
+    }
+    if (message.interface() == QLatin1String(BusNames::properties)) {
+        return handleProperties(message, bus);
+    }
+    const bool isOurs =
+        message.interface().isEmpty() || message.interface() == QLatin1String(BusNames::status);
+    return isOurs && handleMethod(message, bus);
+}
+
+bool StatusService::handleMethod(const QDBusMessage& message, const QDBusConnection& bus)
+{
+    const QString member = message.member();
+    if (member == QLatin1String("Refresh")) {
+        if (hasSignature(message, bus, QString())) {
+            bus.send(message.createReply());
+            Q_EMIT refreshRequested();
+        }
+        return true;
+    }
+    if (member == QLatin1String("Show")) {
+        if (hasSignature(message, bus, QString())) {
+            bus.send(message.createReply());
+            Q_EMIT showRequested();
+        }
+        return true;
+    }
+    if (member == QLatin1String("OpenPullRequest")) {
+        if (hasSignature(message, bus, QStringLiteral("s"))) {
+            const QString which = message.arguments().constFirst().toString();
+            if (_open && _open(which)) {
+                bus.send(message.createReply());
+            } else {
+                refuse(
+                    message,
+                    bus,
+                    QDBusError::InvalidArgs,
+                    QStringLiteral("No such pull request is listed."));
+            }
+        }
+        return true;
+    }
+    return false;
+}
+
+/// Properties of other interfaces are not there. None can be written.
+bool StatusService::handleProperties(const QDBusMessage& message, const QDBusConnection& bus)
+{
+    const bool isOne = message.member() == QLatin1String("Get");
+    const bool isAll = message.member() == QLatin1String("GetAll");
+    const bool isWrite = message.member() == QLatin1String("Set");
+    if (!isOne && !isAll && !isWrite) {
+        return false;
+    }
+    const QString signature = isOne   ? QStringLiteral("ss")
+                              : isAll ? QStringLiteral("s")
+                                      : QStringLiteral("ssv");
+    if (!hasSignature(message, bus, signature)) {
+        return true;
+    }
+    const QString asked = message.arguments().constFirst().toString();
+    const QVariantMap values = asked.isEmpty() || asked == QLatin1String(BusNames::status)
+                                   ? properties(_status)
+                                   : QVariantMap();
+    if (isAll) {
+        bus.send(message.createReply(QVariant(values)));
+        return true;
+    }
+    const QString name = message.arguments().at(1).toString();
+    if (!values.contains(name)) {
+        refuse(
+            message,
+            bus,
+            QDBusError::UnknownProperty,
+            QStringLiteral("There is no property \"%1\".").arg(name));
+    } else if (isWrite) {
+        refuse(
+            message,
+            bus,
+            QDBusError::PropertyReadOnly,
+            QStringLiteral("The property \"%1\" cannot be changed.").arg(name));
+    } else {
+        bus.send(message.createReply(QVariant::fromValue(QDBusVariant(values.value(name)))));
+    }
+    return true;
+}
+
+}  // namespace TarnwickDirect

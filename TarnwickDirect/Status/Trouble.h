@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Tarnwick/PullRequestMenuModel.h"
+
+#include <QObject>
+#include <QTimer>
+
+namespace TarnwickDirect {
+
+/// Whether the list is in trouble: signed out, or `gh` is missing, or refreshes fail and the list
+/// is old. Follows the model, which must live longer. A timer runs only as long as a failure has
+/// not become trouble, so that at rest nothing wakes up. Main thread only.
+class Trouble final : public QObject {
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(Trouble)
+
+public:
+    explicit Trouble(const Tarnwick::PullRequestMenuModel& model, QObject* parent = nullptr);
+
+    bool isThere() const { return _isThere; }
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void update();
+    void set(bool isThere);
+
+    const Tarnwick::PullRequestMenuModel& _model;
+    QTimer _timer;
+    bool _isThere = false;
+};
+
+}  // namespace TarnwickDirect

@@ -1,0 +1,91 @@
+"""What the program tells bars and scripts: its interface on the bus, and "tarnwick watch"."""
+
+import json
+import os
+import signal
+
+from desktop import SessionTest, wait_until
+from desktop.case import NAME, PATH, PROGRAMS
+from desktop.processes import output_of
+from desktop.waiting import stays
+
+STATUS = "dev.tarnwick.Tarnwick.Status"
+PROPERTIES = "org.freedesktop.DBus.Properties"
+LONG_AGO = "2020-01-01T00:00:00Z"
+
+
+class StatusTest(SessionTest):
+    def status(self, member, *arguments):
+        return self.session.call(NAME, PATH, f"{STATUS}.{member}", *arguments)
+
+    def value(self, name):
+        answer = self.session.call(NAME, PATH, f"{PROPERTIES}.Get", STATUS, name)
+        return answer.stdout.strip()
+
+    def watch(self, form):
+        """A running "tarnwick watch", and a function that reads its last line."""
+        process = self.session.processes.start(os.path.join(PROGRAMS, "tarnwick"), "watch", "--format", form)
+
+        def last_line():
+            lines = output_of(process).splitlines()
+            return lines[-1] if lines else ""
+
+        return process, last_line
+
+    def wait_for_list(self):
+        wait_until(lambda: self.value("Listed") == "(<uint32 13>,)", "the list's numbers")
+
+
+class InterfaceTests(StatusTest):
+    def testThePropertiesAreTheNumbersOfTheList(self):
+        self.start_tarnwick("--background")
+        self.wait_for_name()
+        self.wait_for_list()
+        self.assertEqual(self.value("IsStale"), "(<false>,)")
+        self.assertRegex(self.value("LastRefreshed"), r"^\(<int64 1[0-9]{9}>,\)$")
+        everything = self.session.call(NAME, PATH, f"{PROPERTIES}.GetAll", STATUS).stdout
+        for name in ("WaitingOnYou", "ReadyToMerge", "Blocked", "Listed", "IsStale", "LastRefreshed"):
+            self.assertIn(f"'{name}'", everything)
+
+    def testThereAreNoOtherPropertiesAndNoneCanBeWritten(self):
+        self.start_tarnwick("--background")
+        self.wait_for_name()
+        unknown = self.session.call(NAME, PATH, f"{PROPERTIES}.Get", STATUS, "Mood")
+        self.assertIn('There is no property "Mood".', unknown.stderr)
+        written = self.session.call(NAME, PATH, f"{PROPERTIES}.Set", STATUS, "Listed", "<uint32 3>")
+        self.assertIn('The property "Listed" cannot be changed.', written.stderr)
+
+    def testItRefreshes(self):
+        self.start_tarnwick("--background")
+        self.wait_for_name()
+        self.wait_for_list()
+        searches = len(self.github.requests("search"))
+        self.assertEqual(self.status("Refresh").returncode, 0)
+        wait_until(lambda: len(self.github.requests("search")) > searches, "a refresh")
+
+    def testItShowsThePanel(self):
+        self.start_tarnwick("--background")
+        self.wait_for_name()
+        self.assertEqual(self.status("Show").returncode, 0)
+        self.panel()
+
+    def testItOpensWhatIsListedAndNothingElse(self):
+        self.programs.record("xdg-open")
+        self.start_tarnwick("--background")
+        self.wait_for_name()
+        self.wait_for_list()
+        self.assertEqual(self.status("OpenPullRequest", "harbourlight/ferry-api#412").returncode, 0)
+        wait_until(lambda: self.programs.calls("xdg-open"), "the browser")
+        self.assertIn("/harbourlight/ferry-api/pull/412", str(self.programs.calls("xdg-open")))
+        for stranger in ("harbourlight/ferry-api#1", "", "https://example.org/", "x" * 10_000):
+            refused = self.status("OpenPullRequest", stranger)
+            self.assertIn("No such pull request is listed.", refused.stderr)
+
+    def testItDescribesItself(self):
+        self.start_tarnwick("--background")
+        self.wait_for_name()
+        described = self.session.processes.run(
+            "gdbus", "introspect", "--session", f"--dest={NAME}", f"--object-path={PATH}"
+        )
+        for member in ("readonly u WaitingOnYou", "readonly x LastRefreshed", "OpenPullRequest(in  s which)"):
+            self.assertIn(member, described.stdout)
