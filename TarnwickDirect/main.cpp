@@ -4,6 +4,7 @@
 #include "TarnwickDirect/CommandLine/RepositoriesCommand.h"
 #include "TarnwickDirect/CommandLine/StandardOutput.h"
 #include "TarnwickDirect/CommandLine/Terminal.h"
+#include "TarnwickDirect/CommandLine/WatchCommand.h"
 #include "TarnwickDirect/Environment.h"
 #include "TarnwickDirect/Memory.h"
 #include "TarnwickDirect/Settling.h"
@@ -43,6 +44,7 @@ int runInTerminal(const Command& command, int argc, char** argv)
             [](const ShowHelp&) { return print(helpText()); },
             [](const ShowVersion&) { return print("tarnwick " + std::string(version()) + "\n"); },
             [&](const ListPullRequests& list) { return listPullRequests(list, interruption); },
+            [&](const WatchList& list) { return watch(list, interruption); },
             [&](const ListRepositories& list) { return listRepositories(list, interruption); },
             [&](const ChangeSelection& change) { return changeSelection(change, interruption); }},
         command);

@@ -60,8 +60,9 @@ QStringList placesOnTheWayTo(fs::path file)
 
 }  // namespace
 
-FileWatcher::FileWatcher(fs::path file)
+FileWatcher::FileWatcher(fs::path file, std::chrono::milliseconds restBefore)
     : _file(std::move(file))
+    , _restBefore(restBefore)
     , _stamp(Files::stampOf(_file))
 {
     _rest.setSingleShot(true);
@@ -78,7 +79,7 @@ void FileWatcher::somethingHappened()
     const auto first = _first.value_or(now);
     _first = first;
     const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(first + patience - now);
-    _rest.start(std::clamp(left, std::chrono::milliseconds{0}, rest));
+    _rest.start(std::clamp(left, std::chrono::milliseconds{0}, _restBefore));
 }
 
 void FileWatcher::look()

@@ -28,7 +28,8 @@ public:
     /// And at the latest this long after the first of many changes.
     static constexpr std::chrono::milliseconds patience{600};
 
-    explicit FileWatcher(std::filesystem::path file);
+    /// With another rest where nothing writes the file in pieces.
+    explicit FileWatcher(std::filesystem::path file, std::chrono::milliseconds restBefore = rest);
 
 Q_SIGNALS:
     void changed();
@@ -39,6 +40,7 @@ private:
     void watch();
 
     std::filesystem::path _file;
+    std::chrono::milliseconds _restBefore;
     Files::Stamp _stamp;
     QFileSystemWatcher _watcher;
     QTimer _rest;

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <optional>
 #include <string_view>
+#include <utility>
 
 namespace TarnwickDirect {
 namespace {
@@ -14,9 +16,11 @@ Usage:
         Start Tarnwick in the tray and open its panel, or show the panel of the
         running one. With --background the panel stays closed; --toggle closes
         it when it is open, for a key binding.
-  tarnwick list [--json]
+  tarnwick list [--cached] [--json]
         Refresh once and print the pull requests of the selected repositories,
-        stacked branches as a tree.
+        stacked branches as a tree. With --cached print what was last known.
+  tarnwick watch [--format json | waybar | i3 | line]
+        Print the state of the list, and again at every change, for a bar.
   tarnwick repositories [--json]
         List the available repositories and mark the selected ones.
   tarnwick repositories select NAME… | --all
@@ -29,26 +33,40 @@ Every request is a run of the GitHub CLI (gh); sign in with: gh auth login
 usage exits with status 2.
 )";
 
-/// The words of one command, taken apart into options and the rest. A lone "--" ends the options.
+/// The words of one command, taken apart into options and the rest. An option that is given to the
+/// constructor with a "=" at its end takes a value, after a "=" or as the next word. A lone "--"
+/// ends the options.
 class Words {
 public:
-    Words(std::vector<std::string> words, std::initializer_list<std::string_view> options)
+    Words(const std::vector<std::string>& words, std::initializer_list<std::string_view> options)
     {
         bool isLiteral = false;
-        for (std::string& word : words) {
-            if (!isLiteral && word == "--") {
+        for (auto word = words.begin(); word != words.end(); ++word) {
+            if (!isLiteral && *word == "--") {
                 isLiteral = true;
-            } else if (!isLiteral && word.starts_with('-')) {
-                addOption(std::move(word), options);
-            } else {
-                _rest.push_back(std::move(word));
+            } else if (isLiteral || !word->starts_with('-')) {
+                _rest.push_back(*word);
+            } else if (addOption(*word, options)) {
+                if (++word == words.end()) {
+                    throw UsageError(_options.back().first + " takes a value.");
+                }
+                _options.back().second = *word;
             }
         }
     }
 
-    bool has(std::string_view option) const
+    bool has(std::string_view option) const { return value(option).has_value(); }
+
+    /// The last value of an option that was given; empty for one that takes none.
+    std::optional<std::string> value(std::string_view option) const
     {
-        return std::ranges::find(_options, option) != _options.end();
+        std::optional<std::string> found;
+        for (const auto& [name, given] : _options) {
+            if (name == option) {
+                found = given;
+            }
+        }
+        return found;
     }
 
     const std::vector<std::string>& rest() const { return _rest; }
@@ -61,34 +79,57 @@ public:
     }
 
 private:
-    void addOption(std::string word, std::initializer_list<std::string_view> known)
+    /// Whether the next word is the option's value.
+    bool addOption(const std::string& word, std::initializer_list<std::string_view> known)
     {
-        if (word == "-h") {
-            word = "--help";
-        }
-        if (word != "--help" && std::ranges::find(known, word) == known.end()) {
+        const std::size_t equals = word.find('=');
+        const std::string name = word == "-h" ? "--help" : word.substr(0, equals);
+        const bool takesValue = std::ranges::find(known, name + "=") != known.end();
+        const bool isKnown =
+            takesValue || name == "--help" || std::ranges::find(known, name) != known.end();
+        if (!isKnown || (equals != std::string::npos && !takesValue)) {
             throw UsageError("Unknown option " + word + ".");
         }
-        _options.push_back(std::move(word));
+        const bool hasValue = equals != std::string::npos;
+        _options.emplace_back(name, hasValue ? word.substr(equals + 1) : std::string());
+        return takesValue && !hasValue;
     }
 
-    std::vector<std::string> _options;
+    std::vector<std::pair<std::string, std::string>> _options;
     std::vector<std::string> _rest;
 };
 
-Command parseList(std::vector<std::string> words)
+Command parseList(const std::vector<std::string>& words)
 {
-    const Words parsed(std::move(words), {"--json"});
+    const Words parsed(words, {"--json", "--cached"});
     if (parsed.has("--help")) {
         return ShowHelp{};
     }
     parsed.requireNoRest();
-    return ListPullRequests{parsed.has("--json")};
+    return ListPullRequests{.asJson = parsed.has("--json"), .isCached = parsed.has("--cached")};
 }
 
-Command parseSelection(bool select, std::vector<std::string> words)
+Command parseWatch(const std::vector<std::string>& words)
 {
-    const Words parsed(std::move(words), {"--all"});
+    const Words parsed(words, {"--format="});
+    if (parsed.has("--help")) {
+        return ShowHelp{};
+    }
+    parsed.requireNoRest();
+    WatchList watch;
+    if (const auto name = parsed.value("--format")) {
+        const auto format = PullRequestKit::enumNamed<WatchFormat>(*name);
+        if (!format) {
+            throw UsageError("--format is one of json, waybar, i3 and line.");
+        }
+        watch.format = *format;
+    }
+    return watch;
+}
+
+Command parseSelection(bool select, const std::vector<std::string>& words)
+{
+    const Words parsed(words, {"--all"});
     if (parsed.has("--help")) {
         return ShowHelp{};
     }
@@ -107,9 +148,9 @@ Command parseRepositories(std::vector<std::string> words)
     if (!words.empty() && (words.front() == "select" || words.front() == "unselect")) {
         const bool select = words.front() == "select";
         words.erase(words.begin());
-        return parseSelection(select, std::move(words));
+        return parseSelection(select, words);
     }
-    const Words parsed(std::move(words), {"--json"});
+    const Words parsed(words, {"--json"});
     if (parsed.has("--help")) {
         return ShowHelp{};
     }
@@ -147,7 +188,10 @@ Command parseArguments(const std::vector<std::string>& arguments)
     const std::string& first = arguments.front();
     std::vector<std::string> rest(arguments.begin() + 1, arguments.end());
     if (first == "list") {
-        return parseList(std::move(rest));
+        return parseList(rest);
+    }
+    if (first == "watch") {
+        return parseWatch(rest);
     }
     if (first == "repositories") {
         return parseRepositories(std::move(rest));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TarnwickDirect/CommandLine/WatchFormat.h"
+
 #include <stdexcept>
 #include <string>
 #include <variant>
@@ -25,6 +27,12 @@ struct ShowPanel {
 /// `tarnwick list`
 struct ListPullRequests {
     bool asJson = false;
+    bool isCached = false;  ///< `--cached`: what was last known, without asking.
+};
+
+/// `tarnwick watch`
+struct WatchList {
+    WatchFormat format = WatchFormat::json;
 };
 
 /// `tarnwick repositories`
@@ -39,8 +47,14 @@ struct ChangeSelection {
     std::vector<std::string> names;  ///< Empty with `all`, else at least one.
 };
 
-using Command = std::
-    variant<ShowHelp, ShowVersion, ShowPanel, ListPullRequests, ListRepositories, ChangeSelection>;
+using Command = std::variant<
+    ShowHelp,
+    ShowVersion,
+    ShowPanel,
+    ListPullRequests,
+    WatchList,
+    ListRepositories,
+    ChangeSelection>;
 
 /// Invalid usage; the text is one sentence for the user.
 class UsageError : public std::runtime_error {

@@ -49,12 +49,16 @@ void explain(const PullRequestMenuModel& model)
     if (state.kind == MenuState::Kind::signedOut) {
         std::cerr << "Run `gh auth login`, then try again.\n";
     }
-    if (state.kind != MenuState::Kind::loaded || !model.rows().empty()) {
+    const bool isShown =
+        state.kind == MenuState::Kind::loaded || state.kind == MenuState::Kind::idle;
+    if (!isShown || !model.rows().empty()) {
         return;
     }
     if (model.settings().selectedRepositories.empty()) {
         std::cerr << "No repositories are selected. \"tarnwick repositories\" lists them, "
                      "\"tarnwick repositories select NAME…\" or \"… select --all\" selects.\n";
+    } else if (!model.lastRefreshed()) {
+        std::cerr << "Nothing is known yet. \"tarnwick list\" asks GitHub.\n";
     } else {
         std::cerr << "No pull requests involving you were found.";
         if (model.hidden().total() > 0) {
@@ -77,7 +81,9 @@ std::string text(PullRequestMenuModel& model)
 int listPullRequests(const ListPullRequests& command, const Interruption& interruption)
 {
     PullRequestMenuModel model(Tarnwick::standardCollaborators(environment()));
-    refreshOnce(model, interruption);
+    if (!command.isCached) {
+        refreshOnce(model, interruption);
+    }
     if (interruption.signal()) {
         return 1;
     }
@@ -92,6 +98,9 @@ int listPullRequests(const ListPullRequests& command, const Interruption& interr
     }
     if (!command.asJson) {
         explain(model);
+    }
+    if (command.isCached) {
+        return 0;
     }
     const bool isLoaded = model.state().kind == MenuState::Kind::loaded && !model.refreshError();
     return isLoaded ? 0 : 1;

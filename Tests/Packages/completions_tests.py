@@ -17,7 +17,7 @@ BASH = os.path.join(COMPLETIONS, "tarnwick.bash")
 ZSH = os.path.join(COMPLETIONS, "_tarnwick")
 FISH = os.path.join(COMPLETIONS, "tarnwick.fish")
 
-COMMANDS = ["list", "repositories"]
+COMMANDS = ["list", "repositories", "watch"]
 OPTIONS = ["--background", "--help", "--toggle", "--version"]
 
 # Asks the function that bash would ask, with the words of a command line, the last of which is
@@ -81,7 +81,11 @@ class OfferedWords:
         self.assertEqual(self.offered("--ba"), ["--background"])
 
     def testOffersWhatListTakes(self):
-        self.assertEqual(self.offered("list", "--"), ["--help", "--json"])
+        self.assertEqual(self.offered("list", "--"), ["--cached", "--help", "--json"])
+
+    def testOffersWhatWatchTakes(self):
+        self.assertEqual(self.offered("watch", "--"), ["--format", "--help"])
+        self.assertEqual(self.offered("watch", "--format", "w"), ["waybar"])
 
     def testOffersWhatRepositoriesTakes(self):
         self.assertEqual(self.offered("repositories", ""), ["select", "unselect"])
@@ -173,6 +177,10 @@ class ZshTests(CompletionsTest):
             + ["repositories --json "],
         )
         self.assertEqual(
+            self.completed("wa", "list --c", "watch --f", "watch --format wa"),
+            ["watch ", "list --cached ", "watch --format ", "watch --format waybar "],
+        )
+        self.assertEqual(
             self.completed("repositories select --a", "repositories unselect --a"),
             ["repositories select --all ", "repositories unselect --all "],
         )
@@ -192,7 +200,7 @@ class ZshTests(CompletionsTest):
 class AllShellsTests(CompletionsTest):
     def testOfferEveryOptionOfTheHelpTextAndNoOther(self):
         known = set(re.findall(r"--([a-z]+)", self.output_of(PROGRAM, "--help")))
-        self.assertEqual(known, {"all", "background", "help", "json", "toggle", "version"})
+        self.assertEqual(known, {"all", "background", "cached", "format", "help", "json", "toggle", "version"})
         for path in (BASH, ZSH, FISH):
             with open(path, encoding="utf-8") as file:
                 text = file.read()

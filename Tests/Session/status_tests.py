@@ -89,3 +89,73 @@ class InterfaceTests(StatusTest):
         )
         for member in ("readonly u WaitingOnYou", "readonly x LastRefreshed", "OpenPullRequest(in  s which)"):
             self.assertIn(member, described.stdout)
+
+
+class WatchTests(StatusTest):
+    def testItFollowsTheRunningProgram(self):
+        self.start_github()
+        self.select()
+        _, last_line = self.watch("line")
+        wait_until(lambda: last_line() == "Not updated yet", "the first line")
+        self.start_tarnwick("--background")
+        wait_until(lambda: "13 pull requests" in last_line() or "wait" in last_line(), "the list")
+
+    def testItStartsNothingAndAsksNothing(self):
+        self.start_github()
+        self.select()
+        _, last_line = self.watch("waybar")
+        wait_until(lambda: last_line(), "the first line")
+        self.assertEqual(json.loads(last_line())["class"], "stale")
+        stays(lambda: not self.session.owns_name(NAME), "the bus without the program", 1)
+        self.assertEqual(self.github.requests(), [])
+
+    def testItFollowsTheFilesWhereNoProgramRuns(self):
+        self.start_github()
+        self.select()
+        _, last_line = self.watch("json")
+        wait_until(lambda: last_line(), "the first line")
+        self.assertEqual(json.loads(last_line())["rows"], [])
+        listed = self.run_tarnwick("list", "--json").stdout
+        wait_until(lambda: len(json.loads(last_line())["rows"]) == 13, "the new list")
+        self.assertEqual(
+            [row["pullRequest"] for row in json.loads(last_line())["rows"]],
+            [row["pullRequest"] for row in json.loads(listed)["rows"]],
+        )
+        self.assertEqual(self.run_tarnwick("list", "--cached", "--json").stdout.strip(), last_line())
+
+    def testAnOldListIsStale(self):
+        self.start_github()
+        self.select()
+        self.run_tarnwick("list")
+        _, last_line = self.watch("waybar")
+        wait_until(lambda: last_line(), "the first line")
+        self.assertNotEqual(json.loads(last_line())["class"], "stale")
+        with open(self.cache_file, encoding="utf-8") as file:
+            snapshot = json.load(file)
+        snapshot["refreshedAt"] = LONG_AGO
+        with open(self.cache_file, "w", encoding="utf-8") as file:
+            json.dump(snapshot, file)
+        wait_until(lambda: json.loads(last_line())["class"] == "stale", "the old list")
+
+    def testItGoesOnWhenTheProgramIsKilled(self):
+        program = self.start_tarnwick("--background")
+        self.wait_for_name()
+        self.wait_for_list()
+        watch, last_line = self.watch("line")
+        wait_until(lambda: last_line(), "the first line")
+        program.send_signal(signal.SIGKILL)
+        program.wait()
+        stays(lambda: watch.poll() is None, "the watch", 1)
+        self.assertNotIn("Not updated", last_line())
+
+    def testASignalEndsIt(self):
+        watch, last_line = self.watch("line")
+        wait_until(lambda: last_line(), "the first line")
+        watch.send_signal(signal.SIGTERM)
+        self.assertEqual(self.wait_for_end(watch), -signal.SIGTERM)
+
+    def testTheEndOfTheReaderEndsIt(self):
+        ended = self.session.processes.run(
+            "bash", "-c", '"$0" watch --format line | head -n 1; echo "${PIPESTATUS[0]}"', os.path.join(PROGRAMS, "tarnwick")
+        )
+        self.assertEqual(ended.stdout, "Not updated yet\n0\n")

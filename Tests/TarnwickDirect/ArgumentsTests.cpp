@@ -96,13 +96,40 @@ TEST(Arguments, helpNamesEveryCommand)
 {
     for (const char* const command :
          {"tarnwick [--background | --toggle]",
-          "tarnwick list [--json]",
+          "tarnwick list [--cached] [--json]",
+          "tarnwick watch [--format json | waybar | i3 | line]",
           "tarnwick repositories [--json]",
           "tarnwick repositories select",
           "tarnwick repositories unselect",
           "--version"}) {
         EXPECT_THAT(helpText(), HasSubstr(command));
     }
+}
+
+TEST(Arguments, listCanPrintWhatWasLastKnown)
+{
+    EXPECT_FALSE(std::get<ListPullRequests>(parseArguments({"list"})).isCached);
+    const auto command = parseArguments({"list", "--cached", "--json"});
+    EXPECT_TRUE(std::get<ListPullRequests>(command).isCached);
+    EXPECT_TRUE(std::get<ListPullRequests>(command).asJson);
+}
+
+TEST(Arguments, watchTakesAFormat)
+{
+    const auto format = [](const std::vector<std::string>& words) {
+        return std::get<WatchList>(parseArguments(words)).format;
+    };
+    EXPECT_EQ(format({"watch"}), WatchFormat::json);
+    EXPECT_EQ(format({"watch", "--format", "waybar"}), WatchFormat::waybar);
+    EXPECT_EQ(format({"watch", "--format=i3"}), WatchFormat::i3);
+    EXPECT_EQ(format({"watch", "--format", "i3", "--format", "line"}), WatchFormat::line);
+    EXPECT_EQ(usageError({"watch", "--format"}), "--format takes a value.");
+    EXPECT_EQ(
+        usageError({"watch", "--format", "xml"}),
+        "--format is one of json, waybar, i3 and line.");
+    EXPECT_EQ(usageError({"watch", "--json"}), "Unknown option --json.");
+    EXPECT_EQ(usageError({"watch", "now"}), "Unexpected argument \"now\".");
+    EXPECT_EQ(usageError({"list", "--json=yes"}), "Unknown option --json=yes.");
 }
 
 TEST(Arguments, namesWhatIsInvalid)

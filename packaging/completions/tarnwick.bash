@@ -10,16 +10,19 @@ _tarnwick_selected() {
 _tarnwick() {
     local current=${COMP_WORDS[COMP_CWORD]} words=
     case "${COMP_WORDS[1]}:${COMP_WORDS[2]}" in
-        list:*) words='--json --help' ;;
+        list:*) words='--cached --json --help' ;;
+        watch:--format) words='json waybar i3 line' ;;
+        watch:*) words='--format --help' ;;
         repositories:select) words='--all --help' ;;
         repositories:unselect) words="--all --help $(_tarnwick_selected)" ;;
         repositories:*) words='select unselect --json --help' ;;
-        *) words='list repositories --background --toggle --help --version' ;;
+        *) words='list repositories watch --background --toggle --help --version' ;;
     esac
     case "$COMP_CWORD:${COMP_WORDS[1]}" in
-        1:*) words='list repositories --background --toggle --help --version' ;;
+        1:*) words='list repositories watch --background --toggle --help --version' ;;
         2:repositories) words='select unselect --json --help' ;;
-        2:list) ;;
+        2:list | 2:watch) ;;
+        3:watch) ;;
         2:*) words= ;;
     esac
     # shellcheck disable=SC2207  # The words have no blanks.

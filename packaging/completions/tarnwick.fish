@@ -26,11 +26,14 @@ end
 
 complete -c tarnwick -f
 complete -c tarnwick -n __tarnwick_is_bare -a list -d 'Print the pull requests'
+complete -c tarnwick -n __tarnwick_is_bare -a watch -d 'Print the state at every change'
 complete -c tarnwick -n __tarnwick_is_bare -a repositories -d 'List or select repositories'
 complete -c tarnwick -n __tarnwick_is_bare -l background -d 'Start without opening the panel'
 complete -c tarnwick -n __tarnwick_is_bare -l toggle -d 'Show the panel of the running Tarnwick, or hide it'
 complete -c tarnwick -n __tarnwick_is_bare -l version -d 'Print the version'
 complete -c tarnwick -s h -l help -d 'Print a summary of the command line'
+complete -c tarnwick -n '__tarnwick_begins list' -l cached -d 'Print what was last known'
+complete -c tarnwick -n '__tarnwick_begins watch' -l format -x -a 'json waybar i3 line' -d 'What reads the lines'
 complete -c tarnwick -n '__tarnwick_begins list' -l json -d 'Print one JSON object'
 complete -c tarnwick -n __tarnwick_repositories_is_bare -a select -d 'Select repositories'
 complete -c tarnwick -n __tarnwick_repositories_is_bare -a unselect -d 'Deselect repositories'

@@ -1,0 +1,158 @@
+#include "TarnwickDirect/CommandLine/WatchLine.h"
+
+#include "PullRequestKit/TurnWording.h"
+#include "TarnwickDirect/CommandLine/Terminal.h"
+#include "TarnwickDirect/Status/StatusText.h"
+
+#include <algorithm>
+#include <boost/json.hpp>
+#include <string_view>
+#include <vector>
+
+namespace TarnwickDirect {
+
+using namespace PullRequestKit;
+
+namespace {
+
+/// What is the case, the most urgent first: a list that may be wrong says so before all.
+enum class Situation {
+    stale,
+    waiting,
+    blocked,
+    calm,
+};
+
+Situation situationOf(const Status& status)
+{
+    if (status.isStale || !status.lastRefreshed) {
+        return Situation::stale;
+    }
+    if (status.waitingOnYou > 0) {
+        return Situation::waiting;
+    }
+    return status.blocked > 0 ? Situation::blocked : Situation::calm;
+}
+
+/// Waybar's class, by which a user's style sheet colors the module.
+std::string_view nameOf(Situation situation)
+{
+    switch (situation) {
+    case Situation::stale:
+        return "stale";
+    case Situation::waiting:
+        return "waiting";
+    case Situation::blocked:
+        return "blocked";
+    case Situation::calm:
+        return "calm";
+    }
+    return {};
+}
+
+/// The states that i3status-rust has colors for.
+std::string_view i3State(Situation situation)
+{
+    switch (situation) {
+    case Situation::stale:
+    case Situation::blocked:
+        return "Warning";
+    case Situation::waiting:
+        return "Info";
+    case Situation::calm:
+        break;
+    }
+    return "Idle";
+}
+
+std::string markup(std::string_view text)
+{
+    std::string escaped;
+    for (const char character : text) {
+        switch (character) {
+        case '&':
+            escaped += "&amp;";
+            break;
+        case '<':
+            escaped += "&lt;";
+            break;
+        case '>':
+            escaped += "&gt;";
+            break;
+        case '"':
+            escaped += "&quot;";
+            break;
+        case '\'':
+            escaped += "&#39;";
+            break;
+        default:
+            escaped += character;
+        }
+    }
+    return escaped;
+}
+
+std::string summary(const WatchedList& list, const QDateTime& now, const QLocale& locale)
+{
+    return statusText(list.status, now, locale).toStdString();
+}
+
+/// More rows than this would not fit on a screen.
+constexpr std::size_t tooltipRows = 20;
+
+/// The summary, and below it what waits for the user, each on a line of its own.
+std::string tooltip(const WatchedList& list, const QDateTime& now, const QLocale& locale)
+{
+    std::string text = summary(list, now, locale);
+    std::size_t count = 0;
+    for (std::size_t index = 0; index < list.rows.size(); ++index) {
+        const PullRequest& pullRequest = list.rows[index].pullRequest;
+        const Turn& turn = list.turns[index];
+        if (!asksSomething(turn.whose)) {
+            continue;
+        }
+        if (++count > tooltipRows) {
+            text += "\n…";
+            break;
+        }
+        text += "\n#" + std::to_string(pullRequest.id.number) + " " + singleLine(pullRequest.title)
+                + " — " + singleLine(reasonText(turn));
+    }
+    return markup(text);
+}
+
+/// How many of a hundred listed ones wait for the user.
+std::int64_t percentage(const Status& status)
+{
+    return status.listed > 0 ? std::int64_t{100} * status.waitingOnYou / status.listed : 0;
+}
+
+}  // namespace
+
+std::string watchLine(
+    WatchFormat format, const WatchedList& list, const QDateTime& now, const QLocale& locale)
+{
+    const Situation situation = situationOf(list.status);
+    boost::json::object object;
+    switch (format) {
+    case WatchFormat::json:
+        break;
+    case WatchFormat::line:
+        return summary(list, now, locale);
+    case WatchFormat::waybar:
+        object["text"] = std::to_string(list.status.waitingOnYou);
+        object["alt"] = nameOf(situation);
+        object["tooltip"] = tooltip(list, now, locale);
+        object["class"] = nameOf(situation);
+        object["percentage"] = percentage(list.status);
+        break;
+    case WatchFormat::i3:
+        object["icon"] = "github";
+        object["state"] = i3State(situation);
+        object["text"] = std::to_string(list.status.waitingOnYou);
+        break;
+    }
+    return boost::json::serialize(object);
+}
+
+}  // namespace TarnwickDirect

@@ -1,0 +1,150 @@
+#include "TarnwickDirect/Status/RunningProgram.h"
+
+#include "TarnwickDirect/Status/BusNames.h"
+
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+#include <chrono>
+
+namespace TarnwickDirect {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// How often a bus that went away is looked for.
+constexpr std::chrono::seconds betweenAttempts{10};
+
+}  // namespace
+
+Status statusFrom(const QVariantMap& properties)
+{
+    const auto number = [&](const char* name) {
+        return properties.value(QString::fromLatin1(name)).toUInt();
+    };
+    Status status;
+    status.waitingOnYou = number("WaitingOnYou");
+    status.readyToMerge = number("ReadyToMerge");
+    status.blocked = number("Blocked");
+    status.listed = number("Listed");
+    status.isStale = properties.value(QStringLiteral("IsStale")).toBool();
+    const qlonglong refreshed = properties.value(QStringLiteral("LastRefreshed")).toLongLong();
+    if (refreshed > 0) {
+        status.lastRefreshed = PullRequestKit::Date(std::chrono::seconds(refreshed));
+    }
+    return status;
+}
+
+RunningProgram::RunningProgram(QObject* parent)
+    : QObject(parent)
+    , _busName(QStringLiteral("running-program-%1").arg(reinterpret_cast<quintptr>(this)))
+{
+    _retry.setInterval(betweenAttempts);
+    _retry.setTimerType(Qt::VeryCoarseTimer);
+    connect(&_retry, &QTimer::timeout, this, &RunningProgram::connectToBus);
+    connectToBus();
+}
+
+RunningProgram::~RunningProgram()
+{
+    _watcher.reset();
+    QDBusConnection::disconnectFromBus(_busName);
+}
+
+void RunningProgram::connectToBus()
+{
+    QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, _busName);
+    if (!bus.isConnected()) {
+        QDBusConnection::disconnectFromBus(_busName);
+        return;
+    }
+    _retry.stop();
+    bus.connect(
+        QString(),
+        QStringLiteral("/org/freedesktop/DBus/Local"),
+        QStringLiteral("org.freedesktop.DBus.Local"),
+        QStringLiteral("Disconnected"),
+        this,
+        SLOT(busLost()));
+    bus.connect(
+        QString::fromLatin1(BusNames::service),
+        QString::fromLatin1(BusNames::path),
+        QString::fromLatin1(BusNames::properties),
+        QStringLiteral("PropertiesChanged"),
+        this,
+        SLOT(propertiesChanged(QString, QVariantMap, QStringList)));
+    _watcher = std::make_unique<QDBusServiceWatcher>(
+        QString::fromLatin1(BusNames::service), bus, QDBusServiceWatcher::WatchForOwnerChange);
+    connect(
+        _watcher.get(),
+        &QDBusServiceWatcher::serviceOwnerChanged,
+        this,
+        [this](const QString&, const QString&, const QString& newOwner) {
+            forget();
+            if (!newOwner.isEmpty()) {
+                ask();
+            }
+        });
+    ask();
+}
+
+/// What it says comes by itself from then on.
+void RunningProgram::ask()
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        QString::fromLatin1(BusNames::service),
+        QString::fromLatin1(BusNames::path),
+        QString::fromLatin1(BusNames::properties),
+        QStringLiteral("GetAll"));
+    message.setAutoStartService(false);
+    message << QString::fromLatin1(BusNames::status);
+    auto* const call =
+        new QDBusPendingCallWatcher(QDBusConnection(_busName).asyncCall(message), this);
+    connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
+        call->deleteLater();
+        const QDBusPendingReply<QVariantMap> reply(*call);
+        if (!reply.isError()) {
+            take(reply.value());
+        }
+    });
+}
+
+void RunningProgram::propertiesChanged(
+    const QString& interface, const QVariantMap& values, const QStringList& /*others*/)
+{
+    // Before the first answer there is nothing that could have changed.
+    if (interface == QLatin1String(BusNames::status) && _status) {
+        QVariantMap all = _values;
+        all.insert(values);
+        take(all);
+    }
+}
+
+void RunningProgram::take(const QVariantMap& values)
+{
+    _values = values;
+    const Status status = statusFrom(values);
+    if (_status != status) {
+        _status = status;
+        Q_EMIT changed();
+    }
+}
+
+void RunningProgram::forget()
+{
+    _values.clear();
+    if (_status) {
+        _status.reset();
+        Q_EMIT changed();
+    }
+}
+
+void RunningProgram::busLost()
+{
+    _watcher.reset();
+    QDBusConnection::disconnectFromBus(_busName);
+    _retry.start();
+    forget();
+}
+
+}  // namespace TarnwickDirect
