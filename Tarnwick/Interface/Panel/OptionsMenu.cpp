@@ -129,6 +129,11 @@ void OptionsMenu::addNotifications()
         QStringLiteral("Unblocked"),
         [this] { return _model.settings().unblockedNotificationsEnabled; },
         [this] { _model.toggleUnblockedNotifications(); });
+    addChoice(
+        *menu,
+        QStringLiteral("Your turn"),
+        [this] { return _model.settings().yourTurnNotificationsEnabled; },
+        [this] { _model.toggleYourTurnNotifications(); });
 }
 
 void OptionsMenu::addSettings()

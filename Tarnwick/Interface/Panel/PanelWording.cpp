@@ -104,6 +104,16 @@ QString truncated(std::int64_t found, std::int64_t listed)
             english().toString(static_cast<qlonglong>(listed)));
 }
 
+QString resting(const PullRequestKit::Quota& quota)
+{
+    const QDateTime until = QDateTime::fromSecsSinceEpoch(quota.resetAt.time_since_epoch().count());
+    return QStringLiteral("GitHub quota %1 of %2 until %3; polling rests.")
+        .arg(
+            english().toString(static_cast<qlonglong>(quota.remaining)),
+            english().toString(static_cast<qlonglong>(quota.limit)),
+            until.toString(QStringLiteral("HH:mm")));
+}
+
 QString paragraph(const QString& text)
 {
     if (!text.contains(QLatin1Char('\n'))) {

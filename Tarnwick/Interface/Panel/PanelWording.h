@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PullRequestKit/Date.h"
+#include "PullRequestKit/PullRequestFacts.h"
 #include "Tarnwick/Model/HiddenCounts.h"
 
 #include <QString>
@@ -38,6 +39,10 @@ std::optional<std::chrono::seconds> untilUpdatedChanges(
 /// That GitHub found more than it gives, such as "GitHub found 1,240 pull requests; 1,000 are
 /// listed."
 QString truncated(std::int64_t found, std::int64_t listed);
+
+/// That little is left of what GitHub grants, such as "GitHub quota 312 of 5,000 until 14:20;
+/// polling rests."; the time by the user's time zone.
+QString resting(const PullRequestKit::Quota& quota);
 
 /// A text of several lines, such as those that gh prints, as one paragraph: without indentation and
 /// marks before the lines, and with a full stop after each that has none.

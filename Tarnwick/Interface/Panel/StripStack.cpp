@@ -21,13 +21,16 @@ StripStack::StripStack(PullRequestMenuModel& model, const Appearance& appearance
     , _refreshError(new Strip(Strip::Tone::error, QStringLiteral("refreshError"), appearance, this))
     , _settingsError(
           new Strip(Strip::Tone::error, QStringLiteral("settingsError"), appearance, this))
+    , _restingQuota(new Strip(Strip::Tone::quiet, QStringLiteral("restingQuota"), appearance, this))
     , _shortfall(new Strip(Strip::Tone::quiet, QStringLiteral("shortfall"), appearance, this))
+    , _involvedHint(new Strip(Strip::Tone::quiet, QStringLiteral("involvedHint"), appearance, this))
 {
     setObjectName(QStringLiteral("strips"));
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    for (Strip* const strip : {_refreshError, _settingsError, _shortfall}) {
+    for (Strip* const strip :
+         {_refreshError, _settingsError, _restingQuota, _shortfall, _involvedHint}) {
         layout->addWidget(strip);
         connect(strip, &Strip::focusReleased, this, &StripStack::focusReleased);
     }
@@ -38,17 +41,29 @@ StripStack::StripStack(PullRequestMenuModel& model, const Appearance& appearance
         _refreshError->setText({});
     });
     connect(_settingsError, &Strip::dismissed, &model, &PullRequestMenuModel::dismissSettingsError);
+    connect(_restingQuota, &Strip::dismissed, this, [this] { _restingQuota->setText({}); });
     connect(_shortfall, &Strip::dismissed, this, [this] { _shortfall->setText({}); });
+    _involvedHint->setAction(QStringLiteral("Show Involved"));
+    connect(_involvedHint, &Strip::actionTriggered, this, [this] {
+        _model.setInvolvedExplained();
+        _model.setReviewerFilter(ReviewerFilter::involved);
+    });
+    connect(_involvedHint, &Strip::dismissed, this, [this] { _model.setInvolvedExplained(); });
 
     connect(
         &model, &PullRequestMenuModel::refreshErrorChanged, this, &StripStack::showRefreshError);
     connect(&model, &PullRequestMenuModel::lastFailureChanged, this, &StripStack::showRefreshError);
     connect(
         &model, &PullRequestMenuModel::settingsErrorChanged, this, &StripStack::showSettingsError);
+    connect(
+        &model, &PullRequestMenuModel::restingQuotaChanged, this, &StripStack::showRestingQuota);
     connect(&model, &PullRequestMenuModel::shortfallChanged, this, &StripStack::showShortfall);
+    connect(&model, &PullRequestMenuModel::settingsChanged, this, &StripStack::showInvolvedHint);
     showRefreshError();
     showSettingsError();
+    showRestingQuota();
     showShortfall();
+    showInvolvedHint();
 }
 
 /// The model takes its text back when the next refresh begins. The strip stays until one succeeds,
@@ -63,6 +78,20 @@ void StripStack::showRefreshError()
 void StripStack::showSettingsError()
 {
     _settingsError->setText(textOf(_model.settingsError()));
+}
+
+void StripStack::showRestingQuota()
+{
+    const auto& quota = _model.restingQuota();
+    _restingQuota->setText(quota ? PanelWording::resting(*quota) : QString());
+}
+
+void StripStack::showInvolvedHint()
+{
+    _involvedHint->setText(
+        isInvolvedHintDue(_model.settings())
+            ? QStringLiteral("Only what asks for your review is listed.")
+            : QString());
 }
 
 void StripStack::showShortfall()

@@ -9,8 +9,9 @@ namespace Tarnwick {
 class Appearance;
 class Strip;
 
-/// The strips above the footer: what went wrong with the refresh and with a setting, and what
-/// GitHub left out. At most one of each. Main thread only.
+/// The strips above the footer: what went wrong with the refresh and with a setting, that polling
+/// rests, what GitHub left out, and, once, what the list by whose turn leaves out. At most one of
+/// each. Main thread only.
 class StripStack final : public QWidget {
     Q_OBJECT
 
@@ -24,12 +25,16 @@ Q_SIGNALS:
 private:
     void showRefreshError();
     void showSettingsError();
+    void showRestingQuota();
     void showShortfall();
+    void showInvolvedHint();
 
     PullRequestMenuModel& _model;
     Strip* _refreshError;
     Strip* _settingsError;
+    Strip* _restingQuota;
     Strip* _shortfall;
+    Strip* _involvedHint;
 };
 
 }  // namespace Tarnwick

@@ -154,7 +154,7 @@ TEST_F(OptionsMenuTests, submenusHaveTheirItemsInOrder)
 {
     EXPECT_THAT(
         itemsOf(submenu("Polling")), ElementsAre("1 minute", "5 minutes", "30 minutes", "1 hour"));
-    EXPECT_THAT(itemsOf(submenu("Notifications")), ElementsAre("New PR", "Unblocked"));
+    EXPECT_THAT(itemsOf(submenu("Notifications")), ElementsAre("New PR", "Unblocked", "Your turn"));
     EXPECT_THAT(itemsOf(submenu("Settings")), ElementsAre("Open at Login", "Dark Mode"));
     EXPECT_THAT(itemsOf(submenu("Reviewers")), ElementsAre("Myself", "Any", "Involved"));
     EXPECT_THAT(itemsOf(submenu("Status")), ElementsAre("Open", "Draft"));

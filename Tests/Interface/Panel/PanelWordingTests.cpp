@@ -1,5 +1,7 @@
 #include "Tarnwick/Interface/Panel/PanelWording.h"
 
+#include <QDateTime>
+
 #include <cstdlib>
 #include <ctime>
 
@@ -71,6 +73,15 @@ TEST(PanelWordingTests, saysHowManyGitHubLeftOut)
     EXPECT_EQ(
         PanelWording::truncated(1240, 1000),
         QStringLiteral("GitHub found 1,240 pull requests; 1,000 are listed."));
+}
+
+TEST(PanelWordingTests, saysThatPollingRestsWhileLittleIsLeftOfTheQuota)
+{
+    const QDateTime until(QDate(2024, 5, 1), QTime(14, 20));
+    const PullRequestKit::Date reset{std::chrono::seconds{until.toSecsSinceEpoch()}};
+    EXPECT_EQ(
+        PanelWording::resting({.limit = 5000, .remaining = 312, .resetAt = reset}),
+        QStringLiteral("GitHub quota 312 of 5,000 until 14:20; polling rests."));
 }
 
 TEST(PanelWordingTests, setsSeveralLinesOfGhAsOneParagraph)

@@ -30,9 +30,66 @@ protected:
 
 TEST_F(StripTests, areHiddenWhileThereIsNothingToSay)
 {
-    for (const char* const name : {"refreshError", "settingsError", "shortfall"}) {
+    for (const char* const name :
+         {"refreshError", "settingsError", "restingQuota", "shortfall", "involvedHint"}) {
         EXPECT_TRUE(strip(name).isHidden()) << name;
     }
+}
+
+TEST_F(StripTests, thatPollingRestsIsSaidUntilGitHubGrantsMore)
+{
+    const PullRequestKit::Quota quota{5000, 312, clock->now() + std::chrono::minutes(10)};
+    provider->setFacts([quota](std::span<const PullRequestKit::PullRequest>) {
+        return PullRequestKit::FactsAnswer{.facts = {}, .quota = quota};
+    });
+    provider->setPullRequests({TestSupport::makePullRequest(1)});
+    selectTools();
+    model->setArrangement(Arrangement::byWhoseTurn);
+    refresh();
+    TestSupport::runToEnd(model->askForFacts());
+    EXPECT_TRUE(
+        strip("restingQuota").text().startsWith(QStringLiteral("GitHub quota 312 of 5,000")))
+        << strip("restingQuota").text().toStdString();
+    EXPECT_FALSE(strip("restingQuota").isHidden());
+    clock->advance(std::chrono::minutes(10));
+    EXPECT_TRUE(TestSupport::eventually([this] { return strip("restingQuota").isHidden(); }));
+}
+
+TEST_F(StripTests, theListByWhoseTurnLeadsOnceToWhatInvolvesTheUser)
+{
+    model->setArrangement(Arrangement::byWhoseTurn);
+    EXPECT_EQ(
+        strip("involvedHint").text(), QStringLiteral("Only what asks for your review is listed."));
+    EXPECT_FALSE(strip("involvedHint").isHidden());
+    press("involvedHintAction");
+    EXPECT_EQ(model->settings().reviewerFilter, ReviewerFilter::involved);
+    EXPECT_TRUE(strip("involvedHint").isHidden());
+    model->setReviewerFilter(ReviewerFilter::myself);
+    EXPECT_TRUE(strip("involvedHint").isHidden());
+}
+
+TEST_F(StripTests, theWayToWhatInvolvesTheUserIsNotShownAgainAfterItWasPutAway)
+{
+    model->setArrangement(Arrangement::byWhoseTurn);
+    press("involvedHintDismiss");
+    EXPECT_EQ(model->settings().reviewerFilter, ReviewerFilter::myself);
+    EXPECT_TRUE(strip("involvedHint").isHidden());
+    model->setArrangement(Arrangement::byReviewState);
+    model->setArrangement(Arrangement::byWhoseTurn);
+    EXPECT_TRUE(strip("involvedHint").isHidden());
+    strips = std::make_unique<StripStack>(*model, appearance, nullptr);
+    EXPECT_TRUE(strip("involvedHint").isHidden());
+}
+
+TEST_F(StripTests, nobodyIsToldThatOnlyReviewsAreListedWhereMoreIs)
+{
+    model->setReviewerFilter(ReviewerFilter::any);
+    model->setArrangement(Arrangement::byWhoseTurn);
+    EXPECT_TRUE(strip("involvedHint").isHidden());
+    model->setReviewerFilter(ReviewerFilter::myself);
+    EXPECT_FALSE(strip("involvedHint").isHidden());
+    model->setReviewerFilter(ReviewerFilter::any);
+    EXPECT_TRUE(strip("involvedHint").isHidden());
 }
 
 TEST_F(StripTests, aFailedRefreshCanBeTriedAgainAndPutAway)
