@@ -300,6 +300,14 @@ void PullRequestMenuView::openFind()
     _header->find().setOpen(true);
 }
 
+void PullRequestMenuView::find(const QString& text)
+{
+    openFind();
+    if (isFinding()) {
+        _findBar->setText(text);
+    }
+}
+
 /// From elsewhere than the field the key leads into it.
 void PullRequestMenuView::toggleFind()
 {

@@ -47,6 +47,9 @@ public:
     /// window is closed. Returns false, and shows nothing, when that or another card is up.
     bool explainClosing();
 
+    /// Opens the find bar with this text, if there is a list to find it in.
+    void find(const QString& text);
+
     /// To be called when the panel comes in sight and when it goes: nothing ticks in between.
     void panelShown();
     void panelHidden();

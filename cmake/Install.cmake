@@ -21,6 +21,10 @@ install(FILES "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${TARNWICK_BUNDLE}" DESTINATION
 install(FILES "${documents}/${id}.metainfo.xml" DESTINATION "${data}/metainfo")
 install(FILES "${CMAKE_SOURCE_DIR}/TarnwickDirect/Status/${id}.Status.xml"
     DESTINATION "${data}/dbus-1/interfaces")
+install(FILES "${packaging}/${id}.search-provider.ini"
+    DESTINATION "${data}/gnome-shell/search-providers")
+install(FILES "${packaging}/${id}.krunner.desktop"
+    DESTINATION "${data}/krunner/dbusplugins" RENAME "${id}.desktop")
 install(FILES "${drawings}/tarnwick-zap-inner-light-icon.svg"
     DESTINATION "${data}/icons/hicolor/scalable/apps" RENAME "${id}.svg")
 install(FILES "${drawings}/tarnwick-tray-symbolic-16.svg"

@@ -7,6 +7,8 @@
 #include <QDBusError>
 #include <QDBusMessage>
 
+#include <algorithm>
+
 namespace TarnwickDirect {
 namespace {
 
@@ -31,38 +33,35 @@ PlatformData lastArgument(const QDBusMessage& message)
     return PlatformData::from(qdbus_cast<QVariantMap>(message.arguments().constLast()));
 }
 
-/// Answers with an error when the arguments are not of these types.
-bool hasSignature(
-    const QDBusMessage& message, const QDBusConnection& connection, const char* signature)
-{
-    if (message.signature() == QLatin1String(signature)) {
-        return true;
-    }
-    connection.send(message.createErrorReply(
-        QDBusError::InvalidArgs,
-        QStringLiteral("%1 takes arguments of the types \"%2\".")
-            .arg(message.member(), QLatin1String(signature))));
-    return false;
-}
-
 }  // namespace
 
 QString ApplicationService::introspect(const QString& /*path*/) const
 {
-    return introspection + StatusService::introspection();
+    QString all = introspection;
+    for (const BusInterface* const interface : _interfaces) {
+        all += interface->introspection();
+    }
+    return all;
 }
 
 bool ApplicationService::handleMessage(
     const QDBusMessage& message, const QDBusConnection& connection)
 {
-    const bool isOurs =
-        message.interface().isEmpty() || message.interface() == QLatin1String(BusNames::application);
+    const bool isOurs = message.interface().isEmpty()
+                        || message.interface() == QLatin1String(BusNames::application);
     if (message.type() != QDBusMessage::MethodCallMessage) {
         return false;
     }
-    if (!isOurs) {
-        return _status.handle(message, connection);
+    if (isOurs && handleOwn(message, connection)) {
+        return true;
     }
+    return std::ranges::any_of(_interfaces, [&](BusInterface* interface) {
+        return interface->handle(message, connection);
+    });
+}
+
+bool ApplicationService::handleOwn(const QDBusMessage& message, const QDBusConnection& connection)
+{
     const QString member = message.member();
     if (member == QLatin1String("Activate")) {
         if (hasSignature(message, connection, "a{sv}")) {
@@ -85,7 +84,7 @@ bool ApplicationService::handleMessage(
         }
         return true;
     }
-    return _status.handle(message, connection);
+    return false;
 }
 
 void ApplicationService::activateAction(

@@ -92,7 +92,7 @@ Start startOrForward(
         if (claimName(bus) != Claim::taken) {
             return Start::first;
         }
-        if (manner == ShowPanel::Manner::background) {
+        if (manner == ShowPanel::Manner::background || manner == ShowPanel::Manner::service) {
             return Start::forwarded;
         }
         const auto isDelivered = deliver(bus, messageFor(manner, platformData));

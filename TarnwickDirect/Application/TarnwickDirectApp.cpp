@@ -19,6 +19,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 namespace TarnwickDirect {
@@ -30,6 +31,9 @@ namespace {
 
 /// Stored: do not rename.
 const QString closingExplainedKey = QStringLiteral("window.closingExplained");
+
+/// How long a program that the bus has started waits for the next question.
+constexpr std::chrono::seconds answersFor{30};
 
 /// Fonts are to be known before the first widget asks for one.
 PullRequestMenuModel::Collaborators initialized(PullRequestMenuModel::Collaborators collaborators)
@@ -74,6 +78,9 @@ TarnwickDirectApp::TarnwickDirectApp(
     , _window(
           _view, [view = _view] { return view->keepsOpen(); }, _appearance)
     , _trayHost(bus)
+    , _service(service)
+    , _gnomeSearch(searchSource())
+    , _krunnerSearch(searchSource())
 {
     _window.setPreferredSize(PanelSize::read(*_defaults, _appearance.textScale()));
     connectAppearance();
@@ -81,11 +88,19 @@ TarnwickDirectApp::TarnwickDirectApp(
     connectMemory();
     connectService(service);
     connectUpdates(service);
+    service.add(_gnomeSearch);
+    service.add(_krunnerSearch);
+    _unneeded.setSingleShot(true);
+    _unneeded.setInterval(answersFor);
+    connect(&_unneeded, &QTimer::timeout, this, &TarnwickDirectApp::quitRequested);
     connect(&_trayHost, &TrayHost::changed, this, &TarnwickDirectApp::trayChanged);
 }
 
 TarnwickDirectApp::~TarnwickDirectApp()
 {
+    _service.remove(_gnomeSearch);
+    _service.remove(_krunnerSearch);
+    _service.status().setOpen({});
     // What the window tells while it goes finds nobody any more.
     _window.disconnect(this);
     _trayHost.disconnect(this);
@@ -161,11 +176,7 @@ void TarnwickDirectApp::connectMemory()
 
 void TarnwickDirectApp::connectService(ApplicationService& service)
 {
-    connect(
-        &service,
-        &ApplicationService::activateRequested,
-        this,
-        [this](const PlatformData& platformData) { _window.present(std::nullopt, platformData); });
+    connect(&service, &ApplicationService::activateRequested, this, &TarnwickDirectApp::show);
     connect(
         &service,
         &ApplicationService::toggleRequested,
@@ -179,13 +190,76 @@ void TarnwickDirectApp::connectService(ApplicationService& service)
 void TarnwickDirectApp::connectStatus(StatusService& service)
 {
     connect(&service, &StatusService::refreshRequested, this, &TarnwickDirectApp::reload);
-    connect(&service, &StatusService::showRequested, this, [this] {
-        _window.present(std::nullopt, {});
-    });
+    connect(&service, &StatusService::showRequested, this, [this] { show({}); });
     service.setOpen([this](const QString& which) { return openListed(which.toStdString()); });
     const auto publish = [this, &service] { service.setStatus(_status.status(), _bus); };
     connect(&_status, &StatusFeed::changed, &service, publish);
     publish();
+}
+
+SearchSource TarnwickDirectApp::searchSource()
+{
+    return {
+        .rows =
+            [this] {
+                answer();
+                return std::span(_model.rows());
+            },
+        .open =
+            [this](const QString& key) {
+                const std::string wanted = key.toStdString();
+                const auto found = std::ranges::find_if(_model.rows(), [&](const auto& row) {
+                    return row.id().storageKey() == wanted;
+                });
+                if (found != _model.rows().end()) {
+                    open(found->pullRequest);
+                }
+            },
+        .showAll =
+            [this](const QString& text) {
+                show({});
+                _view->find(text);
+            }};
+}
+
+/// Somebody asks: a program that is there for that alone is needed for another while.
+void TarnwickDirectApp::answer()
+{
+    if (_isAnswering) {
+        _unneeded.start();
+    }
+}
+
+/// From now on it is the program that the user has started.
+void TarnwickDirectApp::wakeUp()
+{
+    if (std::exchange(_isAnswering, false)) {
+        _unneeded.stop();
+        _staysInBackground = true;
+        _trayHost.start();
+    }
+}
+
+void TarnwickDirectApp::show(const PlatformData& platformData)
+{
+    const bool isFirst = _isAnswering;
+    wakeUp();
+    if (isFirst) {
+        presentWhenSettled(platformData);
+    } else {
+        _window.present(std::nullopt, platformData);
+    }
+}
+
+/// With the tray known, the window has its form from the beginning.
+void TarnwickDirectApp::presentWhenSettled(const PlatformData& platformData)
+{
+    connect(
+        &_trayHost,
+        &TrayHost::settled,
+        this,
+        [this, platformData] { _window.present(std::nullopt, platformData); },
+        Qt::SingleShotConnection);
 }
 
 /// Whether one of the listed pull requests has this page, or is named so: owner/name#number.
@@ -261,6 +335,7 @@ TarnwickMenuContent TarnwickDirectApp::menuContent()
 /// One that runs already is shown to whoever asks for another.
 void TarnwickDirectApp::checkForUpdates(const PlatformData& platformData)
 {
+    wakeUp();
     _checkRequest = platformData;
     if (_updateManager.canCheckForUpdates()) {
         _updateManager.checkForUpdates();
@@ -282,18 +357,17 @@ void TarnwickDirectApp::restart(const std::filesystem::path& program)
 
 void TarnwickDirectApp::start(ShowPanel::Manner manner, const PlatformData& platformData)
 {
+    if (manner == ShowPanel::Manner::service) {
+        _isAnswering = true;
+        answer();
+        return;
+    }
     _staysInBackground = manner == ShowPanel::Manner::background;
     if (_staysInBackground) {
         // Nobody opens the list, but its icon and its notifications are to be right.
         _model.menuOpened();
     } else {
-        // With the tray known, the window has its form from the beginning.
-        connect(
-            &_trayHost,
-            &TrayHost::settled,
-            this,
-            [this, platformData] { _window.present(std::nullopt, platformData); },
-            Qt::SingleShotConnection);
+        presentWhenSettled(platformData);
     }
     _trayHost.start();
 }
@@ -347,7 +421,9 @@ void TarnwickDirectApp::trayClicked()
 
 void TarnwickDirectApp::toggle(std::optional<QPoint> click, const PlatformData& platformData)
 {
-    if (_window.isInFront()) {
+    if (_isAnswering) {
+        show(platformData);
+    } else if (_window.isInFront()) {
         _window.dismiss();
     } else {
         _window.present(click, platformData);
@@ -356,6 +432,7 @@ void TarnwickDirectApp::toggle(std::optional<QPoint> click, const PlatformData& 
 
 void TarnwickDirectApp::reload()
 {
+    wakeUp();
     [[maybe_unused]] const auto refreshing = _model.refresh();
 }
 

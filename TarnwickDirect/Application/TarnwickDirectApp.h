@@ -10,6 +10,8 @@
 #include "TarnwickDirect/Application/TarnwickMenuContent.h"
 #include "TarnwickDirect/Application/UpdaterHost.h"
 #include "TarnwickDirect/CommandLine/Arguments.h"
+#include "TarnwickDirect/Search/GnomeSearch.h"
+#include "TarnwickDirect/Search/KRunnerSearch.h"
 #include "TarnwickDirect/Status/StatusFeed.h"
 #include "TarnwickDirect/Status/Trouble.h"
 #include "TarnwickDirect/Tray/TrayHost.h"
@@ -17,6 +19,7 @@
 #include "TarnwickDirect/UpdateManager.h"
 
 #include <QDBusConnection>
+#include <QTimer>
 
 #include <memory>
 
@@ -61,6 +64,11 @@ private:
     void connectMemory();
     void connectService(ApplicationService& service);
     void connectStatus(StatusService& service);
+    SearchSource searchSource();
+    void answer();
+    void wakeUp();
+    void show(const PlatformData& platformData);
+    void presentWhenSettled(const PlatformData& platformData);
     bool openListed(const std::string& which);
     void open(const PullRequestKit::PullRequest& pullRequest);
     void connectUpdates(ApplicationService& service);
@@ -92,6 +100,11 @@ private:
     PanelWindow _window;
     TrayHost _trayHost;
     std::unique_ptr<TrayItem> _trayItem;
+    ApplicationService& _service;
+    GnomeSearch _gnomeSearch;
+    KRunnerSearch _krunnerSearch;
+    QTimer _unneeded;  ///< Runs while the program only answers, and ends it.
+    bool _isAnswering = false;
     bool _staysInBackground = false;
     bool _isEnding = false;
 };

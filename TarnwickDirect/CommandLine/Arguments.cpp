@@ -161,7 +161,7 @@ Command parseRepositories(std::vector<std::string> words)
 /// What stands without a command.
 Command parseOptions(const std::vector<std::string>& arguments)
 {
-    const Words parsed(arguments, {"--version", "--background", "--toggle"});
+    const Words parsed(arguments, {"--version", "--background", "--toggle", "--service"});
     if (parsed.has("--help")) {
         return ShowHelp{};
     }
@@ -174,6 +174,9 @@ Command parseOptions(const std::vector<std::string>& arguments)
     }
     if (parsed.has("--background")) {
         return ShowPanel{ShowPanel::Manner::background};
+    }
+    if (parsed.has("--service")) {
+        return ShowPanel{ShowPanel::Manner::service};
     }
     return ShowPanel{parsed.has("--toggle") ? ShowPanel::Manner::toggle : ShowPanel::Manner::show};
 }

@@ -19,6 +19,9 @@ struct ShowPanel {
         show,        ///< Start it, or bring the running one into sight.
         background,  ///< `--background`: start it without its panel.
         toggle,      ///< `--toggle`: show the panel of the running one, or hide it.
+        /// `--service`, as the bus starts it: out of sight, without asking GitHub, and only for as
+        /// long as it is asked something, unless its panel is wanted.
+        service,
     };
 
     Manner manner = Manner::show;

@@ -18,20 +18,6 @@ void refuse(
     bus.send(message.createErrorReply(kind, text));
 }
 
-/// Answers with an error when the arguments are not of these types.
-bool hasSignature(const QDBusMessage& message, const QDBusConnection& bus, const QString& signature)
-{
-    if (message.signature() == signature) {
-        return true;
-    }
-    refuse(
-        message,
-        bus,
-        QDBusError::InvalidArgs,
-        QStringLiteral("%1 takes arguments of the types \"%2\".").arg(message.member(), signature));
-    return false;
-}
-
 /// Of the values, those that are others than before.
 QVariantMap differences(const QVariantMap& before, const QVariantMap& after)
 {
@@ -46,7 +32,7 @@ QVariantMap differences(const QVariantMap& before, const QVariantMap& after)
 
 }  // namespace
 
-QString StatusService::introspection()
+QString StatusService::introspection() const
 {
     const auto document = QString::fromUtf8(statusIntrospection);
     // The object's other interfaces stand beside it.
@@ -85,9 +71,6 @@ void StatusService::setStatus(const Status& status, const QDBusConnection& bus)
 
 bool StatusService::handle(const QDBusMessage& message, const QDBusConnection& bus)
 {
-    if (message.type() != QDBusMessage::MethodCallMessage) {
-        return false;
-    }
     if (message.interface() == QLatin1String(BusNames::properties)) {
         return handleProperties(message, bus);
     }
@@ -100,21 +83,21 @@ bool StatusService::handleMethod(const QDBusMessage& message, const QDBusConnect
 {
     const QString member = message.member();
     if (member == QLatin1String("Refresh")) {
-        if (hasSignature(message, bus, QString())) {
+        if (hasSignature(message, bus, "")) {
             bus.send(message.createReply());
             Q_EMIT refreshRequested();
         }
         return true;
     }
     if (member == QLatin1String("Show")) {
-        if (hasSignature(message, bus, QString())) {
+        if (hasSignature(message, bus, "")) {
             bus.send(message.createReply());
             Q_EMIT showRequested();
         }
         return true;
     }
     if (member == QLatin1String("OpenPullRequest")) {
-        if (hasSignature(message, bus, QStringLiteral("s"))) {
+        if (hasSignature(message, bus, "s")) {
             const QString which = message.arguments().constFirst().toString();
             if (_open && _open(which)) {
                 bus.send(message.createReply());
@@ -140,9 +123,7 @@ bool StatusService::handleProperties(const QDBusMessage& message, const QDBusCon
     if (!isOne && !isAll && !isWrite) {
         return false;
     }
-    const QString signature = isOne   ? QStringLiteral("ss")
-                              : isAll ? QStringLiteral("s")
-                                      : QStringLiteral("ssv");
+    const char* const signature = isOne ? "ss" : isAll ? "s" : "ssv";
     if (!hasSignature(message, bus, signature)) {
         return true;
     }

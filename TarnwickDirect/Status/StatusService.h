@@ -1,5 +1,6 @@
 #pragma once
 
+#include "TarnwickDirect/Application/BusInterface.h"
 #include "TarnwickDirect/Status/Status.h"
 
 #include <QDBusConnection>
@@ -16,14 +17,15 @@ namespace TarnwickDirect {
 /// The interface dev.tarnwick.Tarnwick.Status of the program's object on the session bus: the
 /// numbers of the list as properties, and the methods Refresh, Show and OpenPullRequest. Main
 /// thread only.
-class StatusService final : public QObject {
+class StatusService final
+    : public QObject
+    , public BusInterface {
     Q_OBJECT
 
 public:
     using QObject::QObject;
 
-    /// In the form of D-Bus's introspection.
-    static QString introspection();
+    QString introspection() const override;
 
     /// The properties by their names, in the types in which they go over the bus.
     static QVariantMap properties(const Status& status);
@@ -32,9 +34,8 @@ public:
     /// signal.
     void setStatus(const Status& status, const QDBusConnection& bus);
 
-    /// Answers a call of the interface, or one that reads its properties. Returns whether it was
-    /// one.
-    bool handle(const QDBusMessage& message, const QDBusConnection& bus);
+    /// Answers as well what reads the object's properties, of which no other interface has any.
+    bool handle(const QDBusMessage& message, const QDBusConnection& bus) override;
 
     /// What opens a listed pull request; it tells whether there is one by that name. Until then
     /// there is none.

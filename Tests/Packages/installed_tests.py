@@ -27,8 +27,10 @@ share/doc/tarnwick/changelog.Debian.gz
 share/doc/tarnwick/changelog.gz
 share/doc/tarnwick/copyright
 share/fish/vendor_completions.d/tarnwick.fish
+share/gnome-shell/search-providers/dev.tarnwick.Tarnwick.search-provider.ini
 share/icons/hicolor/scalable/apps/dev.tarnwick.Tarnwick.svg
 share/icons/hicolor/symbolic/apps/dev.tarnwick.Tarnwick-symbolic.svg
+share/krunner/dbusplugins/dev.tarnwick.Tarnwick.desktop
 share/man/man1/tarnwick.1.gz
 share/metainfo/dev.tarnwick.Tarnwick.metainfo.xml
 share/tarnwick/Tarnwick_Tarnwick.bundle
@@ -116,7 +118,7 @@ class SystemInstallationTests(InstalledTest):
 
     def testTheBusStartsTheProgramHidden(self):
         service = entry_of(self.service())["D-BUS Service"]
-        self.assertEqual(dict(service), {"Name": NAME, "Exec": "/usr/bin/tarnwick --background"})
+        self.assertEqual(dict(service), {"Name": NAME, "Exec": "/usr/bin/tarnwick --service"})
 
     def testTheMetadataIsValid(self):
         metadata = self.path("share/metainfo", f"{NAME}.metainfo.xml")
@@ -196,7 +198,7 @@ class OwnInstallationTests(InstalledTest):
         self.assertEqual(entry["Desktop Entry"]["Exec"], f'"{program}"')
         self.assertEqual(entry["Desktop Action toggle"]["Exec"], f'"{program}" --toggle')
         service = entry_of(self.service())["D-BUS Service"]
-        self.assertEqual(service["Exec"], f'"{program}" --background')
+        self.assertEqual(service["Exec"], f'"{program}" --service')
 
 
 class UpdatedInstallationTests(InstalledTest):

@@ -68,6 +68,11 @@ QString FindBar::text() const
     return _field->edit().text();
 }
 
+void FindBar::setText(const QString& text)
+{
+    _field->edit().setText(text);
+}
+
 QString FindBar::matchesText() const
 {
     return _matches->text();

@@ -29,6 +29,7 @@ public:
     std::vector<QWidget*> stops() const;
 
     QString text() const;
+    void setText(const QString& text);
 
     /// Opens it with the caret in the field.
     void open();

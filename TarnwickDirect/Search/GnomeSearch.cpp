@@ -1,0 +1,126 @@
+#include "TarnwickDirect/Search/GnomeSearch.h"
+
+#include "TarnwickDirect/Search/ListSearch.h"
+#include "TarnwickDirect/Status/BusNames.h"
+
+#include <QDBusMetaType>
+#include <QHash>
+
+#include <utility>
+
+namespace TarnwickDirect {
+
+using PullRequestKit::PullRequestRow;
+
+namespace {
+
+constexpr const char* interface = "org.gnome.Shell.SearchProvider2";
+
+QString keyOf(const PullRequestRow& row)
+{
+    return QString::fromStdString(row.id().storageKey());
+}
+
+}  // namespace
+
+GnomeSearch::GnomeSearch(SearchSource source)
+    : _source(std::move(source))
+{
+    qDBusRegisterMetaType<QList<QVariantMap>>();
+}
+
+QString GnomeSearch::introspection() const
+{
+    return QStringLiteral(R"(  <interface name="org.gnome.Shell.SearchProvider2">
+    <method name="GetInitialResultSet">
+      <arg name="terms" type="as" direction="in"/>
+      <arg name="results" type="as" direction="out"/>
+    </method>
+    <method name="GetSubsearchResultSet">
+      <arg name="previous_results" type="as" direction="in"/>
+      <arg name="terms" type="as" direction="in"/>
+      <arg name="results" type="as" direction="out"/>
+    </method>
+    <method name="GetResultMetas">
+      <arg name="identifiers" type="as" direction="in"/>
+      <arg name="metas" type="aa{sv}" direction="out"/>
+    </method>
+    <method name="ActivateResult">
+      <arg name="identifier" type="s" direction="in"/>
+      <arg name="terms" type="as" direction="in"/>
+      <arg name="timestamp" type="u" direction="in"/>
+    </method>
+    <method name="LaunchSearch">
+      <arg name="terms" type="as" direction="in"/>
+      <arg name="timestamp" type="u" direction="in"/>
+    </method>
+  </interface>
+)");
+}
+
+QStringList GnomeSearch::keysOf(const QStringList& terms) const
+{
+    QStringList keys;
+    for (const PullRequestRow* const row : found(_source.rows(), terms)) {
+        keys.append(keyOf(*row));
+    }
+    return keys;
+}
+
+/// Results that are not listed any more are left out.
+QList<QVariantMap> GnomeSearch::describe(const QStringList& keys) const
+{
+    QHash<QString, const PullRequestRow*> rows;
+    for (const PullRequestRow& row : _source.rows()) {
+        rows.insert(keyOf(row), &row);
+    }
+    QList<QVariantMap> descriptions;
+    for (const QString& key : keys) {
+        if (const PullRequestRow* const row = rows.value(key)) {
+            descriptions.append(
+                {{QStringLiteral("id"), key},
+                 {QStringLiteral("name"), plainText(row->pullRequest.title)},
+                 {QStringLiteral("description"), detailsOf(row->pullRequest)},
+                 {QStringLiteral("gicon"), QString::fromLatin1(BusNames::service)}});
+        }
+    }
+    return descriptions;
+}
+
+bool GnomeSearch::handle(const QDBusMessage& call, const QDBusConnection& bus)
+{
+    if (call.interface() != QLatin1String(interface)) {
+        return false;
+    }
+    const auto answer = [&](const QVariant& value) { bus.send(call.createReply(value)); };
+    const QVariantList arguments = call.arguments();
+    const QString member = call.member();
+    if (member == QLatin1String("GetInitialResultSet")) {
+        if (hasSignature(call, bus, "as")) {
+            answer(keysOf(arguments.at(0).toStringList()));
+        }
+    } else if (member == QLatin1String("GetSubsearchResultSet")) {
+        if (hasSignature(call, bus, "asas")) {
+            answer(keysOf(arguments.at(1).toStringList()));
+        }
+    } else if (member == QLatin1String("GetResultMetas")) {
+        if (hasSignature(call, bus, "as")) {
+            answer(QVariant::fromValue(describe(arguments.at(0).toStringList())));
+        }
+    } else if (member == QLatin1String("ActivateResult")) {
+        if (hasSignature(call, bus, "sasu")) {
+            bus.send(call.createReply());
+            _source.open(arguments.at(0).toString());
+        }
+    } else if (member == QLatin1String("LaunchSearch")) {
+        if (hasSignature(call, bus, "asu")) {
+            bus.send(call.createReply());
+            _source.showAll(arguments.at(0).toStringList().join(QLatin1Char(' ')));
+        }
+    } else {
+        return false;
+    }
+    return true;
+}
+
+}  // namespace TarnwickDirect

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "TarnwickDirect/Application/BusInterface.h"
+#include "TarnwickDirect/Search/SearchSource.h"
+
+namespace TarnwickDirect {
+
+/// The search of GNOME's overview: org.gnome.Shell.SearchProvider2. Main thread only.
+class GnomeSearch final : public BusInterface {
+public:
+    explicit GnomeSearch(SearchSource source);
+
+    QString introspection() const override;
+    bool handle(const QDBusMessage& call, const QDBusConnection& bus) override;
+
+private:
+    QStringList keysOf(const QStringList& terms) const;
+    QList<QVariantMap> describe(const QStringList& keys) const;
+
+    SearchSource _source;
+};
+
+}  // namespace TarnwickDirect
