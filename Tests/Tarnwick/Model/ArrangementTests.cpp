@@ -253,7 +253,10 @@ RC_GTEST_PROP(ArrangementProperties, keepsEachRowAndEachStackWhole, ())
         for (std::size_t row = group.firstRow; row < next; ++row) {
             place = std::find(place, before.end(), after.rows[row]);
             RC_ASSERT(place != before.end());
-            RC_ASSERT(after.rows[row].depth == 0 || *std::prev(place) == after.rows[row - 1]);
+            // The macro would evaluate both sides of "||".
+            const bool followsItsParent =
+                after.rows[row].depth == 0 || *std::prev(place) == after.rows[row - 1];
+            RC_ASSERT(followsItsParent);
             RC_ASSERT(after.turns[row].whose >= group.whose);
         }
     }
@@ -265,7 +268,8 @@ RC_GTEST_PROP(ArrangementProperties, eachHeadingIsThereOnceAndIsEarned, ())
     const ArrangedRows list = anyList().arranged();
     for (std::size_t index = 0; index < list.groups.size(); ++index) {
         const TurnGroup& group = list.groups[index];
-        RC_ASSERT(index == 0 || list.groups[index - 1].whose < group.whose);
+        const bool isInOrder = index == 0 || list.groups[index - 1].whose < group.whose;
+        RC_ASSERT(isInOrder);
         const auto first = list.turns.begin() + static_cast<std::ptrdiff_t>(group.firstRow);
         const auto earned = std::count_if(
             first, first + static_cast<std::ptrdiff_t>(group.rowCount), [&](const Turn& turn) {
