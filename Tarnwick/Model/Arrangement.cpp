@@ -38,24 +38,37 @@ struct BranchOfHash {
     std::size_t operator()(const BranchOf& key) const { return RecordHash{}(key.branch); }
 };
 
-/// Finds the pull request that another one is based on.
+/// Finds the pull requests that others are based on.
 class Bases {
 public:
-    explicit Bases(std::span<const PullRequest> listed)
+    /// Requires: `listed` and the pull requests of the rows outlive this.
+    Bases(
+        std::span<const PullRequestRow> rows,
+        std::span<const PullRequest> listed,
+        std::string_view author)
     {
-        _byHead.reserve(listed.size());
+        for (const PullRequestRow& row : rows) {
+            if (isSameLogin(row.pullRequest.author, author)) {
+                _heads.try_emplace({row.id(), row.pullRequest.base});
+            }
+        }
         for (const PullRequest& pullRequest : listed) {
-            Lowest& numbers = _byHead[{pullRequest.id, pullRequest.head}];
-            numbers.add(pullRequest.id.number);
+            if (_heads.empty()) {
+                break;
+            }
+            const auto found = _heads.find({pullRequest.id, pullRequest.head});
+            if (found != _heads.end()) {
+                found->second.add(pullRequest.id.number);
+            }
         }
     }
 
     /// The number of another pull request that brings in the base of this one: of several, the
-    /// lowest.
+    /// lowest. Requires: one of the author's.
     std::optional<std::int64_t> numberBelow(const PullRequest& pullRequest) const
     {
-        const auto found = _byHead.find({pullRequest.id, pullRequest.base});
-        if (found == _byHead.end()) {
+        const auto found = _heads.find({pullRequest.id, pullRequest.base});
+        if (found == _heads.end()) {
             return std::nullopt;
         }
         const auto& [first, second] = found->second;
@@ -77,7 +90,8 @@ private:
         }
     };
 
-    std::unordered_map<BranchOf, Lowest, BranchOfHash> _byHead;
+    /// Who brings in the bases in question.
+    std::unordered_map<BranchOf, Lowest, BranchOfHash> _heads;
 };
 
 template<typename Known>
@@ -138,53 +152,78 @@ std::vector<Stack> stacksOf(
     return stacks;
 }
 
-/// Rows and turns as they come, and the order in which they are wanted.
-struct Unarranged {
-    std::vector<PullRequestRow> rows;
-    std::vector<Turn> turns;
-    std::vector<Stack> stacks;
-};
-
-void appendGroup(ArrangedRows& arranged, Unarranged& source, Whose whose, const InSight& isInSight)
+/// Takes the values apart and puts them together again: the one at `order[place]` comes to `place`.
+/// Long vectors are not made anew for it, because that costs more than the moves.
+template<typename Value>
+void putInOrder(std::vector<Value>& values, const std::vector<std::size_t>& order)
 {
-    TurnGroup group{.whose = whose, .firstRow = arranged.rows.size()};
-    for (const Stack& stack : source.stacks) {
-        for (std::size_t row = stack.firstRow; stack.whose == whose && row < stack.end; ++row) {
-            const bool isEarned = source.turns[row].whose == whose && isInSight(row);
-            group.count += isEarned ? 1 : 0;
-            arranged.rows.push_back(std::move(source.rows[row]));
-            arranged.turns.push_back(std::move(source.turns[row]));
+    std::vector<bool> isPut(values.size());
+    for (std::size_t start = 0; start < values.size(); ++start) {
+        if (isPut[start] || order[start] == start) {
+            continue;
         }
-    }
-    group.rowCount = arranged.rows.size() - group.firstRow;
-    if (group.rowCount > 0) {
-        arranged.groups.push_back(group);
+        Value first = std::move(values[start]);
+        std::size_t place = start;
+        for (; order[place] != start; place = order[place]) {
+            values[place] = std::move(values[order[place]]);
+            isPut[place] = true;
+        }
+        values[place] = std::move(first);
+        isPut[place] = true;
     }
 }
+
+/// The rows of a heading, one after the other, and the heading.
+class Groups {
+public:
+    Groups(const std::vector<Turn>& turns, const InSight& isInSight)
+        : _turns(turns)
+        , _isInSight(isInSight)
+    {
+        order.reserve(turns.size());
+    }
+
+    void add(Whose whose, const std::vector<Stack>& stacks)
+    {
+        TurnGroup group{.whose = whose, .firstRow = order.size()};
+        for (const Stack& stack : stacks) {
+            for (std::size_t row = stack.firstRow; stack.whose == whose && row < stack.end; ++row) {
+                const bool isEarned = _turns[row].whose == whose && _isInSight(row);
+                group.count += isEarned ? 1U : 0U;
+                order.push_back(row);
+            }
+        }
+        group.rowCount = order.size() - group.firstRow;
+        if (group.rowCount > 0) {
+            groups.push_back(group);
+        }
+    }
+
+    std::vector<std::size_t> order;
+    std::vector<TurnGroup> groups;
+
+private:
+    const std::vector<Turn>& _turns;
+    const InSight& _isInSight;
+};
 
 }  // namespace
 
 std::vector<Turn> turnsOf(std::span<const PullRequestRow> rows, const TurnSources& sources)
 {
-    std::optional<Bases> bases;
+    const Bases bases(rows, sources.listed, sources.login);
     std::vector<Turn> turns;
     turns.reserve(rows.size());
     for (const PullRequestRow& row : rows) {
         const PullRequest& pullRequest = row.pullRequest;
-        std::optional<std::int64_t> basedOn;
-        // Only of the user's own ones it matters.
-        if (isSameLogin(pullRequest.author, sources.login)) {
-            if (!bases) {
-                bases.emplace(sources.listed);
-            }
-            basedOn = bases->numberBelow(pullRequest);
-        }
         turns.push_back(turnOf(
             pullRequest,
             findIn(sources.details, pullRequest.id),
             factsOf(pullRequest, sources),
             sources.login,
-            basedOn));
+            // Only of the user's own ones it matters.
+            isSameLogin(pullRequest.author, sources.login) ? bases.numberBelow(pullRequest)
+                                                           : std::nullopt));
     }
     return turns;
 }
@@ -202,15 +241,16 @@ ArrangedRows arrangedByTurn(
         }
     }
     const InSight sight{rowsInSight};
-    Unarranged source{std::move(rows), {}, {}};
-    source.turns = turnsOf(source.rows, sources);
-    source.stacks = stacksOf(source.rows, source.turns, sight);
-    ArrangedRows arranged;
-    arranged.rows.reserve(source.rows.size());
-    arranged.turns.reserve(source.rows.size());
+    ArrangedRows arranged{std::move(rows), {}, {}};
+    arranged.turns = turnsOf(arranged.rows, sources);
+    const std::vector<Stack> stacks = stacksOf(arranged.rows, arranged.turns, sight);
+    Groups groups(arranged.turns, sight);
     for (const Whose whose : {Whose::you, Whose::ready, Whose::teams, Whose::others}) {
-        appendGroup(arranged, source, whose, sight);
+        groups.add(whose, stacks);
     }
+    putInOrder(arranged.rows, groups.order);
+    putInOrder(arranged.turns, groups.order);
+    arranged.groups = std::move(groups.groups);
     return arranged;
 }
 
