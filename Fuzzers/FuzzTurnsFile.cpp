@@ -1,0 +1,26 @@
+#include "Fuzzers/Require.h"
+#include "Tarnwick/Persistence/KnownTurnsFile.h"
+
+#include <fstream>
+
+#include <unistd.h>
+
+using Tarnwick::KnownTurns;
+using Tarnwick::KnownTurnsFile;
+
+/// A file that somebody wrote is read without an error, and what it says is kept when it is
+/// written.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / ("fuzz-turns-" + std::to_string(::getpid()));
+    std::filesystem::create_directories(folder);
+    const KnownTurnsFile file{folder / "turns.json"};
+    std::ofstream(file.path, std::ios::binary) << Fuzzers::textOf(data, size);
+    const KnownTurns turns = file.load();
+    if (turns != KnownTurns{}) {
+        file.save(turns);
+        Fuzzers::require(file.load() == turns);
+    }
+    return 0;
+}
