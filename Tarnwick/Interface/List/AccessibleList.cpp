@@ -93,7 +93,16 @@ private:
     QPersistentModelIndex _index;
 };
 
-class AccessibleList final : public QAccessibleWidget {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+#define TARNWICK_HAS_ACCESSIBLE_SELECTION
+#endif
+
+class AccessibleList final
+    : public QAccessibleWidget
+#ifdef TARNWICK_HAS_ACCESSIBLE_SELECTION
+    , public QAccessibleSelectionInterface
+#endif
+{
 public:
     explicit AccessibleList(PullRequestListView* view)
         : QAccessibleWidget(view, QAccessible::List)
@@ -137,6 +146,51 @@ public:
     {
         return _view->hasFocus() ? rowOf(_view->currentIndex()) : nullptr;
     }
+
+#ifdef TARNWICK_HAS_ACCESSIBLE_SELECTION
+    void* interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::SelectionInterface
+                   ? static_cast<QAccessibleSelectionInterface*>(this)
+                   : QAccessibleWidget::interface_cast(type);
+    }
+
+    int selectedItemCount() const override { return static_cast<int>(selectedItems().size()); }
+
+    QList<QAccessibleInterface*> selectedItems() const override
+    {
+        QList<QAccessibleInterface*> items;
+        for (const QModelIndex& index : _view->selectionModel()->selectedIndexes()) {
+            items.append(rowOf(index));
+        }
+        return items;
+    }
+
+    bool select(QAccessibleInterface* childItem) override
+    {
+        const auto* const row = dynamic_cast<const AccessibleRow*>(childItem);
+        if (row == nullptr || !row->state().selectable) {
+            return false;
+        }
+        _view->selectionModel()->setCurrentIndex(row->index(), QItemSelectionModel::ClearAndSelect);
+        return true;
+    }
+
+    bool unselect(QAccessibleInterface* childItem) override
+    {
+        const auto* const row = dynamic_cast<const AccessibleRow*>(childItem);
+        return row != nullptr && row->state().selected && clear();
+    }
+
+    /// One row at most is selected.
+    bool selectAll() override { return false; }
+
+    bool clear() override
+    {
+        _view->selectionModel()->clear();
+        return true;
+    }
+#endif
 
 private:
     QAccessibleInterface* rowOf(const QModelIndex& index) const

@@ -263,6 +263,24 @@ TEST_F(TurnListViewTests, screenReadersFindHeadingsAmongTheItems)
     EXPECT_TRUE(list->child(15)->state().offscreen);
 }
 
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+TEST_F(TurnListViewTests, screenReadersSelectRowsAndNoHeadings)
+{
+    show(turnRows());
+    QAccessibleInterface* const list = QAccessible::queryAccessibleInterface(&view);
+    QAccessibleSelectionInterface* const selection = list->selectionInterface();
+    ASSERT_NE(selection, nullptr);
+    EXPECT_EQ(selection->selectedItemCount(), 0);
+    EXPECT_FALSE(selection->select(list->child(0)));
+    EXPECT_TRUE(selection->select(list->child(1)));
+    EXPECT_EQ(selected(), 482);
+    EXPECT_EQ(selection->selectedItem(0), list->child(1));
+    EXPECT_TRUE(selection->isSelected(list->child(1)));
+    EXPECT_TRUE(selection->unselect(list->child(1)));
+    EXPECT_EQ(selection->selectedItemCount(), 0);
+}
+#endif
+
 TEST_F(TurnListViewTests, screenReadersLoseRowsThatGo)
 {
     show({turnRow(1, Whose::you), turnRow(2, Whose::you), turnRow(3, Whose::others)});
