@@ -117,8 +117,30 @@ QCoro::Task<> FactsQuestions::askAll(std::stop_token stopToken)
         hitSecondaryLimit = answer->hitSecondaryLimit;
         take(*std::move(answer));
     }
+    forgetOutdated();
     finish();
     Q_EMIT settled(hitSecondaryLimit);
+}
+
+/// As long as a question runs, the earlier facts keep a row from going elsewhere and coming back.
+void FactsQuestions::forgetOutdated()
+{
+    std::vector<PullRequestID> outdated;
+    for (const PullRequestRow& row : _sources.rows()) {
+        const auto known = _facts->find(row.id());
+        if (known != _facts->end() && known->second.updatedAt != row.pullRequest.updatedAt) {
+            outdated.push_back(row.id());
+        }
+    }
+    if (outdated.empty()) {
+        return;
+    }
+    FactsByID kept = *_facts;
+    for (const PullRequestID& id : outdated) {
+        kept.erase(id);
+    }
+    _facts = std::make_shared<const FactsByID>(std::move(kept));
+    Q_EMIT factsChanged();
 }
 
 void FactsQuestions::take(FactsAnswer answer)

@@ -17,8 +17,9 @@
 namespace Tarnwick {
 
 /// The facts of the listed pull requests: it asks for those that are wanting, one question after
-/// the other, and keeps the answers. What is not told stays as it was and is not asked for again
-/// before the next refresh. Main thread only.
+/// the other, and keeps the answers. What is not told is not asked for again before the next
+/// refresh; what was known of an earlier version of the pull request is forgotten then. Main thread
+/// only.
 class FactsQuestions final : public QObject {
     Q_OBJECT
 
@@ -64,6 +65,7 @@ Q_SIGNALS:
 private:
     QCoro::Task<> askAll(std::stop_token stopToken);
     void take(PullRequestKit::FactsAnswer answer);
+    void forgetOutdated();
     void finish();
 
     Sources _sources;

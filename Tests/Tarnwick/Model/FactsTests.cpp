@@ -159,6 +159,24 @@ TEST_F(Facts, whatIsNotToldRestsUntilTheNextRefresh)
     EXPECT_EQ(provider->factsRequests().size(), 2U);
 }
 
+TEST_F(Facts, ofAnEarlierVersionHoldUntilItIsClearThatNoneAreTold)
+{
+    startByTurn();
+    refreshFully();
+    auto changed = own(2);
+    changed.updatedAt += 1s;
+    serve({own(1), changed});
+    provider->setFacts([](std::span<const PullRequest>) { return FactsAnswer(); });
+    provider->holdFacts();
+    refresh();
+    ASSERT_TRUE(eventually([&] { return provider->waitingForFacts() == 1; }));
+    EXPECT_THAT(whose(), ElementsAre(Whose::ready, Whose::ready));
+    provider->releaseFacts();
+    runToEnd(model->askForFacts());
+    EXPECT_THAT(whose(), ElementsAre(Whose::ready, Whose::others));
+    EXPECT_EQ(model->rows().back().id().number, 2);
+}
+
 TEST_F(Facts, aQuestionThatFailsCostsNothing)
 {
     provider->setFacts([](std::span<const PullRequest>) -> FactsAnswer {
@@ -167,6 +185,7 @@ TEST_F(Facts, aQuestionThatFailsCostsNothing)
     startByTurn();
     refreshFully();
     EXPECT_EQ(model->refreshError(), std::nullopt);
+    EXPECT_EQ(model->lastFailure(), std::nullopt);
     EXPECT_EQ(model->state().kind, Kind::loaded);
     EXPECT_EQ(model->rows().size(), 2U);
 }
