@@ -32,9 +32,19 @@ public:
     /// from here on `value` yields what was set, and `problem` tells when it could not be kept.
     virtual void set(const QString& key, const QVariant& value) = 0;
 
+    /// Takes the key out, so that it is absent. Fails as `set` does.
+    virtual void remove(const QString& key) = 0;
+
+    /// The keys that begin with `prefix`, each once.
+    virtual std::vector<QString> keys(const QString& prefix) const = 0;
+
+    /// Another number than before whenever something else is stored than this process has read and
+    /// written.
+    virtual std::uint64_t revision() const = 0;
+
     /// Runs `changes`, once in any case, as one step that no other process comes between: what is
-    /// stored is read first, and everything that `changes` sets is stored together at the end.
-    /// Requires: `changes` throws nothing.
+    /// stored is read first, and everything that `changes` sets and removes is stored together at
+    /// the end. Requires: `changes` throws nothing.
     virtual void change(const std::function<void()>& changes) = 0;
 
     /// Reads again if another process changed what is stored.

@@ -6,6 +6,8 @@
 #include <QStandardPaths>
 
 #include <cerrno>
+#include <functional>
+#include <set>
 #include <system_error>
 #include <utility>
 
@@ -59,7 +61,7 @@ std::optional<QVariant> IniDefaultsStore::value(const QString& key) const
 {
     const std::string name = IniValue::encodeKey(key);
     if (const auto unsaved = _unsaved.find(name); unsaved != _unsaved.end()) {
-        return IniValue::decode(unsaved->second);
+        return unsaved->second ? std::optional(IniValue::decode(*unsaved->second)) : std::nullopt;
     }
     const auto text = _document.value(name);
     return text ? std::optional(IniValue::decode(*text)) : std::nullopt;
@@ -68,6 +70,34 @@ std::optional<QVariant> IniDefaultsStore::value(const QString& key) const
 void IniDefaultsStore::set(const QString& key, const QVariant& value)
 {
     change([&] { _unsaved.insert_or_assign(IniValue::encodeKey(key), IniValue::encode(value)); });
+}
+
+void IniDefaultsStore::remove(const QString& key)
+{
+    change([&] { _unsaved.insert_or_assign(IniValue::encodeKey(key), std::nullopt); });
+}
+
+std::vector<QString> IniDefaultsStore::keys(const QString& prefix) const
+{
+    std::set<std::string> names;
+    const std::string start = IniValue::encodeKey(prefix);
+    for (std::string& name : _document.keys(start)) {
+        names.insert(std::move(name));
+    }
+    for (const auto& [name, value] : _unsaved) {
+        if (!value) {
+            names.erase(name);
+        } else if (name.starts_with(start)) {
+            names.insert(name);
+        }
+    }
+    std::vector<QString> found;
+    for (const std::string& name : names) {
+        if (auto key = IniValue::decodeKey(name)) {
+            found.push_back(std::move(*key));
+        }
+    }
+    return found;
 }
 
 void IniDefaultsStore::change(const std::function<void()>& changes)
@@ -109,7 +139,13 @@ bool IniDefaultsStore::read()
 {
     try {
         _stamp = Files::stampOf(_file);
-        _document = IniDocument(Files::read(_file, largestFile).value_or(std::string()));
+        const std::string text = Files::read(_file, largestFile).value_or(std::string());
+        const std::size_t hash = std::hash<std::string>()(text);
+        if (hash != _textHash) {
+            _document = IniDocument(text);
+            _textHash = hash;
+            ++_revision;
+        }
     } catch (const std::system_error& error) {
         _problem = sentence(_file, "read", error.code());
         return false;
@@ -124,14 +160,23 @@ void IniDefaultsStore::writeUnsaved()
 {
     IniDocument document = _document;
     bool isDifferent = false;
+    std::set<std::string, std::less<>> removed;
     for (const auto& [key, value] : _unsaved) {
-        if (document.value(key) != value) {
-            document.set(key, value);
-            isDifferent = true;
+        if (document.value(key) == value) {
+            continue;
         }
+        if (value) {
+            document.set(key, *value);
+        } else {
+            removed.insert(key);
+        }
+        isDifferent = true;
     }
+    document.remove(removed);
     if (isDifferent) {
-        Files::replace(_file, document.text(), permissionsFor(_file));
+        const std::string text = document.text();
+        Files::replace(_file, text, permissionsFor(_file));
+        _textHash = std::hash<std::string>()(text);
         _document = std::move(document);
         _stamp = Files::stampOf(_file);
     }

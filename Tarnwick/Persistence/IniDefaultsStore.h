@@ -12,8 +12,8 @@ namespace Tarnwick {
 
 /// The defaults in an INI file, every key at the top level. Main thread only.
 ///
-/// `set` and `change` have everything on disk when they return. Under a lock on the folder they
-/// read the file anew, change the lines of the keys that were set and replace the file as a whole,
+/// `set`, `remove` and `change` have everything on disk when they return. Under a lock on the
+/// folder they read the file anew, change the lines of these keys and replace the file as a whole,
 /// so processes do not undo each other's changes, and what this program does not understand stays
 /// as it is. Nothing is written when every line stays the same. A new file can be read and written
 /// by its owner alone.
@@ -33,6 +33,11 @@ public:
 
     std::optional<QVariant> value(const QString& key) const override;
     void set(const QString& key, const QVariant& value) override;
+    void remove(const QString& key) override;
+    std::vector<QString> keys(const QString& prefix) const override;
+
+    std::uint64_t revision() const override { return _revision; }
+
     void change(const std::function<void()>& changes) override;
     void refresh() override;
 
@@ -45,7 +50,10 @@ private:
     std::filesystem::path _file;
     Files::Stamp _stamp;
     IniDocument _document;
-    std::map<std::string, std::string, std::less<>> _unsaved;  ///< By encoded key.
+    /// By encoded key; nothing for a key that is to go.
+    std::map<std::string, std::optional<std::string>, std::less<>> _unsaved;
+    std::size_t _textHash = 0;  ///< Of what was read or written last.
+    std::uint64_t _revision = 0;
     bool _isChanging = false;
     std::optional<QString> _problem;
 };

@@ -22,6 +22,13 @@ bool isComment(std::string_view line)
     return line.starts_with(';') || line.starts_with('#');
 }
 
+/// Whether keys count from this line on, when they did or did not before it.
+bool countsAfter(std::string_view line, bool counted)
+{
+    const std::string_view text = trimmed(line);
+    return text.starts_with('[') ? text == generalSection : counted;
+}
+
 std::string_view keyOf(std::string_view line)
 {
     const std::size_t equals = line.find('=');
@@ -60,11 +67,36 @@ void IniDocument::set(std::string_view key, std::string_view value)
     }
     if (_lines.empty()) {
         _lines.emplace_back(generalSection);
-        _lines.push_back(std::move(line));
-    } else {
-        _lines.insert(_lines.begin() + static_cast<std::ptrdiff_t>(_end), std::move(line));
+        _end = 1;
     }
+    // Behind every other key, so their lines keep their numbers.
+    _lines.insert(_lines.begin() + static_cast<std::ptrdiff_t>(_end), std::move(line));
+    _keys.insert_or_assign(std::string(key), _end);
+    ++_end;
+}
+
+void IniDocument::remove(const std::set<std::string, std::less<>>& keys)
+{
+    if (keys.empty()) {
+        return;
+    }
+    bool counts = true;
+    std::erase_if(_lines, [&](const std::string& text) {
+        counts = countsAfter(text, counts);
+        return counts && keys.contains(keyOf(trimmed(text)));
+    });
     findKeys();
+}
+
+std::vector<std::string> IniDocument::keys(std::string_view prefix) const
+{
+    std::vector<std::string> found;
+    for (auto entry = _keys.lower_bound(prefix);
+         entry != _keys.end() && entry->first.starts_with(prefix);
+         ++entry) {
+        found.push_back(entry->first);
+    }
+    return found;
 }
 
 std::string IniDocument::text() const
@@ -85,9 +117,7 @@ void IniDocument::findKeys()
     bool counts = true;
     for (std::size_t index = 0; index < _lines.size(); ++index) {
         const std::string_view line = trimmed(_lines[index]);
-        if (line.starts_with('[')) {
-            counts = line == generalSection;
-        }
+        counts = countsAfter(line, counts);
         if (!counts || line.empty()) {
             continue;
         }

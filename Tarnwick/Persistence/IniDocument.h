@@ -4,14 +4,15 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace Tarnwick {
 
-/// The text of an INI file as lines, of which one at a time is changed: comments, other sections
-/// and lines that mean nothing stay as they are, to the byte.
+/// The text of an INI file as lines, of which one key at a time is changed: comments, other
+/// sections and lines that mean nothing stay as they are, to the byte.
 ///
 /// Only the keys of the section "General" count, and those before any section. Keys and values are
 /// the bytes as they stand in the file, without the white space around them. Where a key stands
@@ -26,6 +27,12 @@ public:
     /// Requires: `key` has no line break, "=", or bracket or comment sign at its front; `value` has
     /// no line break.
     void set(std::string_view key, std::string_view value);
+
+    /// Takes out every line of these keys.
+    void remove(const std::set<std::string, std::less<>>& keys);
+
+    /// The keys that begin with `prefix`, in ascending order.
+    std::vector<std::string> keys(std::string_view prefix) const;
 
     std::string text() const;
 

@@ -191,6 +191,13 @@ std::string encodeKey(const QString& key)
     return encoded;
 }
 
+std::optional<QString> decodeKey(std::string_view text)
+{
+    const QByteArray encoded(text.data(), static_cast<qsizetype>(text.size()));
+    QString key = QString::fromUtf8(QByteArray::fromPercentEncoding(encoded));
+    return encodeKey(key) == text ? std::optional(std::move(key)) : std::nullopt;
+}
+
 std::string encode(const QVariant& value)
 {
     switch (value.typeId()) {

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QVariant>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,9 @@ namespace Tarnwick::IniValue {
 /// Letters, digits and "-", "_", "." as they are, every other byte as "%" and its two digits. No
 /// two keys become one.
 std::string encodeKey(const QString& key);
+
+/// The key that this stands for; nothing where it stands for none.
+std::optional<QString> decodeKey(std::string_view text);
 
 /// Flags and integers as their text, texts as themselves or in quotes, lists with commas, the empty
 /// list as "@Empty()" and dates such as "@Date(2024-05-01T09:30:00Z)".

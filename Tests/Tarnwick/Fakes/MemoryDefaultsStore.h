@@ -24,6 +24,26 @@ public:
         writtenKeys.push_back(key);
     }
 
+    void remove(const QString& key) override
+    {
+        values.erase(key);
+        removedKeys.push_back(key);
+    }
+
+    std::vector<QString> keys(const QString& prefix) const override
+    {
+        std::vector<QString> found;
+        for (const auto& [key, value] : values) {
+            if (key.startsWith(prefix)) {
+                found.push_back(key);
+            }
+        }
+        return found;
+    }
+
+    /// Tests write to `values`, so whatever was read may be something else by now.
+    std::uint64_t revision() const override { return ++_revision; }
+
     void change(const std::function<void()>& changes) override
     {
         if (beforeChange) {
@@ -38,9 +58,13 @@ public:
 
     std::map<QString, QVariant> values;
     std::vector<QString> writtenKeys;
+    std::vector<QString> removedKeys;
     std::function<void()> beforeChange;  ///< What another process does before the next change.
     int refreshCount = 0;
     std::optional<QString> reportedProblem;
+
+private:
+    mutable std::uint64_t _revision = 0;
 };
 
 }  // namespace Fakes

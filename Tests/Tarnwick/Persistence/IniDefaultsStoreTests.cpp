@@ -57,6 +57,56 @@ TEST_F(IniDefaultsStoreTest, hasAChangeOnDiskAtOnce)
     EXPECT_THAT(folder.names(), ElementsAre("settings.ini"));
 }
 
+TEST_F(IniDefaultsStoreTest, takesAKeyOut)
+{
+    writeFile(file, "[General]\nfirst=1\nsecond=2\nfirst=3\n");
+    auto store = open();
+    store.remove(u"first"_s);
+    EXPECT_EQ(contentsOf(file), "[General]\nsecond=2\n");
+    EXPECT_EQ(store.value(u"first"_s), std::nullopt);
+    store.change([&] {
+        writeInteger(store, u"third"_s, 3);
+        store.remove(u"third"_s);
+        EXPECT_EQ(store.value(u"third"_s), std::nullopt);
+        store.remove(u"second"_s);
+        writeInteger(store, u"second"_s, 4);
+    });
+    EXPECT_EQ(contentsOf(file), "[General]\nsecond=4\n");
+}
+
+TEST_F(IniDefaultsStoreTest, listsKeysAsTheyAreWithinAChange)
+{
+    writeFile(file, "lastSeen.a%7C1=1\nlastSeen.b=1\nother=1\nlastSeen.a b=1\n");
+    auto store = open();
+    EXPECT_THAT(store.keys(u"lastSeen."_s), ElementsAre(u"lastSeen.a|1"_s, u"lastSeen.b"_s));
+    store.change([&] {
+        store.remove(u"lastSeen.b"_s);
+        writeInteger(store, u"lastSeen.c"_s, 1);
+        writeInteger(store, u"another"_s, 1);
+        EXPECT_THAT(store.keys(u"lastSeen."_s), ElementsAre(u"lastSeen.a|1"_s, u"lastSeen.c"_s));
+    });
+}
+
+TEST_F(IniDefaultsStoreTest, hasAnotherRevisionAfterSomebodyElsesChangeAlone)
+{
+    auto store = open();
+    auto other = open();
+    auto before = store.revision();
+    store.refresh();
+    writeInteger(store, u"polling.interval"_s, 60);
+    writeInteger(store, u"polling.interval"_s, 300);
+    store.remove(u"polling.interval"_s);
+    EXPECT_EQ(store.revision(), before);
+    writeInteger(other, u"polling.interval"_s, 1800);
+    store.refresh();
+    EXPECT_NE(store.revision(), before);
+    before = store.revision();
+    writeInteger(other, u"polling.interval"_s, 60);
+    writeFlag(store, u"appearance.darkMode"_s, true);
+    EXPECT_NE(store.revision(), before) << "it was read for the own change";
+    EXPECT_EQ(readInteger(store, u"polling.interval"_s), 60);
+}
+
 TEST_F(IniDefaultsStoreTest, makesMissingFolders)
 {
     file = folder / "a/b/settings.ini";

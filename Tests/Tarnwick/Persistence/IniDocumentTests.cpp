@@ -48,6 +48,25 @@ TEST(IniDocument, findsKeysAfterOthersWereAdded)
     EXPECT_EQ(document.text(), "first=4\nsecond=2\nthird=3\n[Other]\nkey=2\n");
 }
 
+TEST(IniDocument, takesOutEveryLineOfAKeyAndNoOther)
+{
+    IniDocument document(
+        "key=1\n;key=2\n key = 3 \nkeys=4\n[Other]\nkey=5\n[General]\nkey=6\nlast=7\n");
+    document.remove({"key", "absent"});
+    EXPECT_EQ(document.text(), ";key=2\nkeys=4\n[Other]\nkey=5\n[General]\nlast=7\n");
+    EXPECT_EQ(document.value("key"), std::nullopt);
+    EXPECT_THAT(document.value("last"), Optional(std::string_view("7")));
+    document.set("key", "8");
+    EXPECT_EQ(document.text(), ";key=2\nkeys=4\n[Other]\nkey=5\n[General]\nlast=7\nkey=8\n");
+}
+
+TEST(IniDocument, listsTheKeysWithAPrefix)
+{
+    const IniDocument document("a.2=1\nb.1=1\na.1=1\na.2=2\n[Other]\na.3=1\n");
+    EXPECT_THAT(document.keys("a."), testing::ElementsAre("a.1", "a.2"));
+    EXPECT_THAT(document.keys("c."), testing::IsEmpty());
+}
+
 TEST(IniDocument, beginsWithItsSection)
 {
     EXPECT_EQ(changed(""), "[General]\nkey=new\n");

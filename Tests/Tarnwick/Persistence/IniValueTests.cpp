@@ -25,6 +25,15 @@ TEST(IniValue, writesWhatNeedsNoQuotesAsItIs)
     EXPECT_EQ(encode(QStringList{u"Changes Requested"_s, u"None"_s}), "Changes Requested, None");
 }
 
+TEST(IniValue, readsKeysBackAndNoOthers)
+{
+    const QString key = u"lastSeen.github|github.com|octo/тест|12"_s;
+    EXPECT_EQ(IniValue::decodeKey(encodeKey(key)), key);
+    EXPECT_EQ(IniValue::decodeKey("a b"), std::nullopt);
+    EXPECT_EQ(IniValue::decodeKey("a%zz"), std::nullopt);
+    EXPECT_EQ(IniValue::decodeKey("a%7c"), std::nullopt) << "small letters";
+}
+
 TEST(IniValue, quotesWhatWouldMeanSomethingElse)
 {
     EXPECT_EQ(encode(u""_s), R"("")");
