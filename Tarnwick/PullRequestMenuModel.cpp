@@ -62,6 +62,8 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
     readLaunchAtLogin();
     showLastList();
     showSettingsProblem();
+    endMutes();
+    scheduleMuteEnd();
     schedulePolling();
     _notifications.prepare();
 }
@@ -77,6 +79,7 @@ void PullRequestMenuModel::stop()
     _refreshTask.cancel();
     _facts.cancel();
     saveFacts();
+    _muteTask.cancel();
     _polling.stop();
     flushSettings();
 }
@@ -93,6 +96,8 @@ void PullRequestMenuModel::followSettings()
         askForUsedFacts();
     };
     connect(&_operations, &Operations::filtersChanged, this, arrangeAnew);
+    connect(
+        &_operations, &Operations::filtersChanged, this, &PullRequestMenuModel::scheduleMuteEnd);
     connect(&_operations, &Operations::arrangementChanged, this, arrangeAnew);
     connect(&_operations, &Operations::selectionChanged, this, [this] {
         rebuildRows();
@@ -240,6 +245,65 @@ void PullRequestMenuModel::setRows(ArrangedRows list, HiddenCounts hidden, Share
     }
 }
 
+// Mutes
+
+void PullRequestMenuModel::muteUntilChange(const PullRequest& pullRequest)
+{
+    _operations.mute(
+        pullRequest.id.storageKey(),
+        MutedUntilChange{seenNow(pullRequest, nullptr), _parts.clock->now()});
+}
+
+void PullRequestMenuModel::muteForADay(const PullRequest& pullRequest)
+{
+    _operations.mute(pullRequest.id.storageKey(), MutedUntilTime{_parts.clock->now() + muteDay});
+}
+
+void PullRequestMenuModel::unmute(const PullRequest& pullRequest)
+{
+    _operations.unmute(pullRequest.id.storageKey());
+}
+
+std::optional<Date> PullRequestMenuModel::mutedUntil(const PullRequest& pullRequest) const
+{
+    const Mute* const mute = muteOf(pullRequest, _settings.mutes);
+    const auto* const untilTime = mute == nullptr ? nullptr : std::get_if<MutedUntilTime>(mute);
+    return untilTime == nullptr ? std::nullopt : std::optional(untilTime->time);
+}
+
+void PullRequestMenuModel::endMutes()
+{
+    _operations.endMutes(
+        [now = _parts.clock->now()](Mutes mutes) { return withoutEnded(std::move(mutes), now); });
+}
+
+void PullRequestMenuModel::scheduleMuteEnd()
+{
+    const auto next = nextMuteEnd(_settings.mutes);
+    if (std::exchange(_nextMuteEnd, next) == next) {
+        return;
+    }
+    _muteTask.cancel();
+    if (next) {
+        _muteTask.start([this, time = *next](std::stop_token stopToken) {
+            return endMutesAt(time, std::move(stopToken));
+        });
+    }
+}
+
+/// Where the clock was set meanwhile, it waits again.
+QCoro::Task<> PullRequestMenuModel::endMutesAt(Date time, std::stop_token stopToken)
+{
+    while (_parts.clock->now() < time) {
+        const QFuture<void> rest = _parts.clock->sleep(time - _parts.clock->now(), stopToken);
+        co_await rest;
+        if (stopToken.stop_requested()) {
+            co_return;
+        }
+    }
+    endMutes();
+}
+
 // Settings
 
 void PullRequestMenuModel::selectAllRepositories(bool all)
@@ -360,7 +424,30 @@ void PullRequestMenuModel::dismissSettingsError()
 
 void PullRequestMenuModel::recordVisit(const PullRequestID& id)
 {
-    _visits.recordVisit(id);
+    const auto found = std::ranges::find(*_allPullRequests, id, &PullRequest::id);
+    if (found != _allPullRequests->end()) {
+        _visits.recordVisit(id, seenNow(*found, factsOf(id)));
+    } else {
+        _visits.recordVisit(id);
+    }
+    showSettingsProblem();
+    Q_EMIT visitsChanged();
+}
+
+SinceVisit PullRequestMenuModel::sinceVisit(const PullRequest& pullRequest) const
+{
+    return _visits.sinceVisit(pullRequest, factsOf(pullRequest.id));
+}
+
+const PullRequestFacts* PullRequestMenuModel::factsOf(const PullRequestID& id) const
+{
+    const auto found = facts()->find(id);
+    return found == facts()->end() ? nullptr : &found->second;
+}
+
+void PullRequestMenuModel::forgetVisit(const PullRequestID& id)
+{
+    _visits.forgetVisit(id);
     showSettingsProblem();
     Q_EMIT visitsChanged();
 }

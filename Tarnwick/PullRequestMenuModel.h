@@ -167,11 +167,32 @@ public:
 
     const VisitStore& visits() const { return _visits; }
 
-    /// The user opens the pull request from the list, now.
+    /// What has changed since the user last looked at the pull request.
+    SinceVisit sinceVisit(const PullRequestKit::PullRequest& pullRequest) const;
+
+    /// The user looks at the pull request as it is listed, or says so, now.
     void recordVisit(const PullRequestKit::PullRequestID& id);
+
+    /// As if the user had never looked at it.
+    void forgetVisit(const PullRequestKit::PullRequestID& id);
 
     /// The same for the pull request with this page. Nothing happens when none has it.
     void recordVisit(const PullRequestKit::Url& page);
+
+    /// Until it is another one than is listed.
+    void muteUntilChange(const PullRequestKit::PullRequest& pullRequest);
+    void muteForADay(const PullRequestKit::PullRequest& pullRequest);
+    void unmute(const PullRequestKit::PullRequest& pullRequest);
+
+    /// Mutes everything by this author, or nothing more; logins have no letter case.
+    void setAuthorMuted(const std::string& login, bool isMuted)
+    {
+        _operations.setAuthorMuted(login, isMuted);
+    }
+
+    /// When the pull request's mute ends by itself; nothing without one that does.
+    std::optional<PullRequestKit::Date> mutedUntil(
+        const PullRequestKit::PullRequest& pullRequest) const;
 
     /// The way out of the program, for whoever shows the model.
     const ExternalNavigation& navigation() const { return *_parts.navigation; }
@@ -313,6 +334,12 @@ private:
     void followSettings();
     QCoro::Task<> flushSettingsSoon(std::stop_token stopToken);
     void followNotifications();
+    /// Null where they are not known.
+    const PullRequestKit::PullRequestFacts* factsOf(const PullRequestKit::PullRequestID& id) const;
+    void endMutes();
+    void scheduleMuteEnd();
+    QCoro::Task<> endMutesAt(PullRequestKit::Date time, std::stop_token stopToken);
+    std::vector<PullRequestKit::PullRequest> unblockedToTell(PullRequestKit::Date now);
     void showSettingsProblem();
     void readLaunchAtLogin();
 
@@ -362,6 +389,8 @@ private:
     std::stop_source _lifetime;       ///< Stopped when the model goes.
     CancellableTask _refreshTask;
     CancellableTask _flushTask;
+    CancellableTask _muteTask;
+    std::optional<PullRequestKit::Date> _nextMuteEnd;  ///< What `_muteTask` waits for.
     bool _isFlushDue = false;
     RefreshEnd _refreshEnd = RefreshEnd::none;
     Polling _polling;

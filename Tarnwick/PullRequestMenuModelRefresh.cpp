@@ -166,7 +166,11 @@ void PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
     }
     recallBlocked();
     _allPullRequests = result.pullRequests;
+    _visits.noteListed(*_allPullRequests);
     setRows(std::move(result.list), result.hidden, std::move(result.details));
+    _operations.endMutes([this, now = _parts.clock->now()](Mutes mutes) {
+        return withoutEnded(std::move(mutes), *_allPullRequests, now);
+    });
     assign(_shortfall, result.shortfall, &PullRequestMenuModel::shortfallChanged);
     const Date now = _parts.clock->now();
     assign(_lastRefreshed, now, &PullRequestMenuModel::lastRefreshedChanged);
@@ -185,12 +189,26 @@ void PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
         }
     }
     _isAccepting = true;
-    _notifications.deliver({std::move(appeared), _blocked.update(*_allPullRequests, now)});
+    _notifications.deliver({std::move(appeared), unblockedToTell(now)});
     _isAccepting = false;
     rememberBlocked();
     result.snapshot.refreshedAt = now;
     _snapshotWriter.save(std::move(result.snapshot), _details);
     refreshFacts(std::move(toldAsNew));
+}
+
+/// Nobody is told of what is muted, nor later that it was unblocked meanwhile.
+std::vector<PullRequest> PullRequestMenuModel::unblockedToTell(Date now)
+{
+    std::vector<PullRequest> unblocked = _blocked.update(*_allPullRequests, now);
+    std::erase_if(unblocked, [this](const PullRequest& pullRequest) {
+        if (!isMuted(sightOf(pullRequest))) {
+            return false;
+        }
+        _blocked.settle(pullRequest.id);
+        return true;
+    });
+    return unblocked;
 }
 
 /// Before the first refresh is taken over: what was blocked when the program last ran, and what the

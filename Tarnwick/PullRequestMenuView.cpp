@@ -1,5 +1,6 @@
 #include "Tarnwick/PullRequestMenuView.h"
 
+#include "PullRequestKit/PullRequestPages.h"
 #include "Tarnwick/Interface/Controls/IconButton.h"
 #include "Tarnwick/Interface/List/FindBar.h"
 #include "Tarnwick/Interface/List/ListedRows.h"
@@ -137,14 +138,7 @@ void PullRequestMenuView::connectMenu()
 
 void PullRequestMenuView::connectList()
 {
-    connect(_list, &PullRequestListView::openRequested, this, [this](const auto& pullRequest) {
-        open(pullRequest, PanelFate::goes);
-    });
-    connect(
-        _list, &PullRequestListView::openAndStayRequested, this, [this](const auto& pullRequest) {
-            open(pullRequest, PanelFate::stays);
-        });
-    connect(_list, &PullRequestListView::openInEditorRequested, _editorFlow, &EditorFlow::open);
+    connect(_list, &PullRequestListView::actionRequested, this, &PullRequestMenuView::act);
     connect(_list, &PullRequestListView::findRequested, this, &PullRequestMenuView::openFind);
     connect(_content, &ContentArea::showHiddenRequested, this, &PullRequestMenuView::toggleHidden);
     connect(_footer, &PanelFooter::hiddenToggled, this, &PullRequestMenuView::toggleHidden);
@@ -190,12 +184,18 @@ void PullRequestMenuView::connectModel()
 {
     connect(&_model, &PullRequestMenuModel::rowsChanged, this, &PullRequestMenuView::showRows);
     connect(&_model, &PullRequestMenuModel::visitsChanged, this, &PullRequestMenuView::showRows);
+    // They tell of new commits.
+    connect(&_model, &PullRequestMenuModel::factsChanged, this, &PullRequestMenuView::showRows);
     connect(
         &_model, &PullRequestMenuModel::hiddenChanged, this, &PullRequestMenuView::followHidden);
     connect(&_model, &PullRequestMenuModel::detailsChanged, this, &PullRequestMenuView::showRows);
     connect(&_model, &PullRequestMenuModel::turnsChanged, this, &PullRequestMenuView::showRows);
     showRows();
     followHidden();
+
+    const auto followAccount = [this] { _list->setAccount(_model.account().value_or("")); };
+    connect(&_model, &PullRequestMenuModel::accountChanged, this, followAccount);
+    followAccount();
 
     const auto showRefreshed = [this] {
         _footer->setRefreshed(_model.lastRefreshed());
@@ -343,10 +343,53 @@ void PullRequestMenuView::closeFind()
     }
 }
 
-void PullRequestMenuView::open(const PullRequestKit::PullRequest& pullRequest, PanelFate fate)
+void PullRequestMenuView::act(RowAction action, const PullRequestKit::PullRequest& pullRequest)
 {
-    // The visit has the rows made anew that the pull request comes from.
-    const PullRequestKit::Url page = pullRequest.url;
+    switch (action) {
+    case RowAction::open:
+        open(pullRequest, pullRequest.url);
+        break;
+    case RowAction::openAndStay:
+        open(pullRequest, pullRequest.url, PanelFate::stays);
+        break;
+    case RowAction::openInEditor:
+        _editorFlow->open(pullRequest);
+        break;
+    case RowAction::markAsRead:
+        _model.recordVisit(PullRequestKit::PullRequestID(pullRequest.id));
+        break;
+    case RowAction::markAsUnread:
+        _model.forgetVisit(PullRequestKit::PullRequestID(pullRequest.id));
+        break;
+    case RowAction::muteUntilChange:
+        _model.muteUntilChange(pullRequest);
+        break;
+    case RowAction::muteForADay:
+        _model.muteForADay(pullRequest);
+        break;
+    case RowAction::unmute:
+        _model.unmute(pullRequest);
+        break;
+    case RowAction::muteAuthor:
+        _model.setAuthorMuted(pullRequest.author, true);
+        break;
+    case RowAction::unmuteAuthor:
+        _model.setAuthorMuted(pullRequest.author, false);
+        break;
+    case RowAction::openFiles:
+        open(pullRequest, filesPage(pullRequest));
+        break;
+    case RowAction::openChecks:
+        open(pullRequest, checksPage(pullRequest));
+        break;
+    }
+}
+
+/// Whichever page it is, the user looks at the pull request.
+void PullRequestMenuView::open(
+    const PullRequestKit::PullRequest& pullRequest, PullRequestKit::Url page, PanelFate fate)
+{
+    // `page` is a value: the visit has the rows made anew that the pull request comes from.
     _model.recordVisit(pullRequest.id);
     if (fate == PanelFate::stays) {
         _stays = QDeadlineTimer(browserComesWithin);

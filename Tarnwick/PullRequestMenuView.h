@@ -24,6 +24,7 @@ class PullRequestListModel;
 class PullRequestListView;
 class RepositoryPicker;
 class StripStack;
+enum class RowAction;
 
 /// What the panel shows: header, content by the model's state, footer, options menu, alerts and the
 /// editor's overlay. It decides nothing: every action is an operation of the model or of the
@@ -87,7 +88,11 @@ private:
     void toggleFind();
     void closeFind();
     bool isFinding() const;
-    void open(const PullRequestKit::PullRequest& pullRequest, PanelFate fate);
+    void act(RowAction action, const PullRequestKit::PullRequest& pullRequest);
+    void open(
+        const PullRequestKit::PullRequest& pullRequest,
+        PullRequestKit::Url page,
+        PanelFate fate = PanelFate::goes);
     void openWebSite();
     void updateUse();
 

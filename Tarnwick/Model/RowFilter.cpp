@@ -75,6 +75,12 @@ Sight sightOf(const PullRequest& pullRequest, const Settings& settings)
     if (!settings.selectedRepositories.contains(pullRequest.id.repository)) {
         return Sight::otherRepository;
     }
+    if (muteOf(pullRequest, settings.mutes) != nullptr) {
+        return Sight::muted;
+    }
+    if (settings.mutedAuthors.contains(pullRequest.author)) {
+        return Sight::authorMuted;
+    }
     if (!passesStatus(pullRequest, settings)) {
         return Sight::hiddenByStatus;
     }
@@ -96,6 +102,8 @@ FilteredRows filteredRows(const std::vector<PullRequest>& pullRequests, const Se
         const Sight sight = sightOf(pullRequest, settings);
         if (sight == Sight::inSight) {
             shown.push_back(pullRequest);
+        } else if (isMuted(sight)) {
+            ++hidden.muted;
         } else if (isHidden(sight)) {
             ++hidden.filters;
         }

@@ -12,6 +12,8 @@ namespace Tarnwick {
 /// holds.
 enum class Sight {
     otherRepository,  ///< Its repository is not selected: it is not listed, nor counted as hidden.
+    muted,
+    authorMuted,
     hiddenByStatus,
     hiddenByMergeability,
     hiddenByReviews,
@@ -22,6 +24,11 @@ enum class Sight {
 constexpr bool isHidden(Sight sight)
 {
     return sight != Sight::otherRepository && sight != Sight::inSight;
+}
+
+constexpr bool isMuted(Sight sight)
+{
+    return sight == Sight::muted || sight == Sight::authorMuted;
 }
 
 /// Which one case of the checks filter a pull request belongs to. Safe from any thread.

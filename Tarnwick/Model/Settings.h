@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tarnwick/Model/Filters.h"
+#include "Tarnwick/Model/Mutes.h"
 #include "Tarnwick/Model/NamedSets.h"
 #include "Tarnwick/Persistence/DefaultsStore.h"
 
@@ -29,6 +30,8 @@ struct Settings {
     bool darkMode = false;  ///< The panel's appearance.
     /// The user has answered to what is said about the list by whose turn it is.
     bool isInvolvedExplained = false;
+    Mutes mutes = {};
+    Logins mutedAuthors = {};
 
     bool operator==(const Settings&) const = default;
 };

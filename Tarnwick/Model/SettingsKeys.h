@@ -21,6 +21,10 @@ inline const QString involvedExplained = QStringLiteral("list.involvedExplained"
 inline const QString pollingInterval = QStringLiteral("polling.interval");
 inline const QString projectDirectory = QStringLiteral("editor.projectDirectory");
 inline const QString darkMode = QStringLiteral("appearance.darkMode");
+inline const QString mutedAuthors = QStringLiteral("mutes.authors");
+
+/// Each mute has a key of its own: this and the pull request's storage key.
+inline const QString mutePrefix = QStringLiteral("mutes.pullRequest.");
 
 // Older forms, which are read to be translated and never written.
 inline const QString reviewQuery = QStringLiteral("filters.reviewQuery");

@@ -7,8 +7,8 @@
 namespace Tarnwick {
 namespace {
 
-template<typename Value>
-void setContained(std::set<Value>& values, const Value& value, bool isContained)
+template<typename Value, typename Order>
+void setContained(std::set<Value, Order>& values, const Value& value, bool isContained)
 {
     if (isContained) {
         values.insert(value);
@@ -27,11 +27,11 @@ const QString& keyOfNotifications(bool Settings::* flag)
                : SettingsKeys::newPullRequestNotifications;
 }
 
-bool haveSameFilters(const Settings& one, const Settings& other)
+bool passSameRows(const Settings& one, const Settings& other)
 {
     return one.statuses == other.statuses && one.checks == other.checks
-           && one.reviewFilters == other.reviewFilters
-           && one.mergeabilities == other.mergeabilities;
+           && one.reviewFilters == other.reviewFilters && one.mergeabilities == other.mergeabilities
+           && one.mutes == other.mutes && one.mutedAuthors == other.mutedAuthors;
 }
 
 }  // namespace
@@ -152,6 +152,28 @@ void SettingsOperations::setDarkMode(bool isDark)
     }
 }
 
+void SettingsOperations::mute(const std::string& storageKey, const Mute& mute)
+{
+    change([&](Settings& settings) { settings.mutes.insert_or_assign(storageKey, mute); });
+}
+
+void SettingsOperations::unmute(const std::string& storageKey)
+{
+    change([&](Settings& settings) { settings.mutes.erase(storageKey); });
+}
+
+void SettingsOperations::setAuthorMuted(const std::string& login, bool isMuted)
+{
+    change([&](Settings& settings) { setContained(settings.mutedAuthors, login, isMuted); });
+}
+
+void SettingsOperations::endMutes(const std::function<Mutes(Mutes)>& lasting)
+{
+    if (lasting(_settings.mutes) != _settings.mutes) {
+        change([&](Settings& settings) { settings.mutes = lasting(std::move(settings.mutes)); });
+    }
+}
+
 void SettingsOperations::setNotifications(bool Settings::* flag, bool isOn)
 {
     change(
@@ -203,7 +225,7 @@ void SettingsOperations::adopt(Settings settings, Effect effect)
 {
     const Settings before = std::exchange(_settings, std::move(settings));
     const Settings now = _settings;
-    if (!haveSameFilters(before, now)) {
+    if (!passSameRows(before, now)) {
         Q_EMIT filtersChanged();
     }
     if (before != now || effect != Effect::none) {

@@ -44,6 +44,15 @@ public:
     void setPollingInterval(PollingInterval interval);
     void setDarkMode(bool isDark);
 
+    /// Replaces an earlier mute of the pull request. `storageKey` is that of its identity.
+    void mute(const std::string& storageKey, const Mute& mute);
+    void unmute(const std::string& storageKey);
+    void setAuthorMuted(const std::string& login, bool isMuted);
+
+    /// Takes out what has ended, by what `lasting` leaves of the mutes. Nothing is stored when it
+    /// leaves all as they are.
+    void endMutes(const std::function<Mutes(Mutes)>& lasting);
+
     /// One of the flags of the notifications.
     void setNotifications(bool Settings::* flag, bool isOn);
 

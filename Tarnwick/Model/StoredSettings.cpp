@@ -2,10 +2,12 @@
 
 #include "Tarnwick/Model/SettingsKeys.h"
 #include "Tarnwick/Model/SettingsMigration.h"
+#include "Tarnwick/Persistence/SeenTexts.h"
 
 #include <QStringList>
 
 #include <algorithm>
+#include <span>
 
 namespace Tarnwick {
 namespace {
@@ -22,6 +24,34 @@ QStringList listOf(const std::set<std::string>& texts)
         list.append(QString::fromStdString(text));
     }
     return list;
+}
+
+/// A mute until a time is a date, one until change a list: when the pull request was last listed,
+/// then what was seen of it. Nothing for anything else.
+std::optional<Mute> readMute(const DefaultsStore& defaults, const QString& key)
+{
+    if (const auto time = readDate(defaults, key)) {
+        return MutedUntilTime{*time};
+    }
+    const auto texts = readTextList(defaults, key);
+    if (!texts || texts->empty()) {
+        return std::nullopt;
+    }
+    const auto listedAt = PullRequestKit::parseDate(texts->front());
+    const auto seen = seenFromTexts(std::span(*texts).subspan(1));
+    return listedAt && seen ? std::optional(MutedUntilChange{*seen, *listedAt}) : std::nullopt;
+}
+
+void writeMute(DefaultsStore& defaults, const QString& key, const Mute& mute)
+{
+    if (const auto* const untilTime = std::get_if<MutedUntilTime>(&mute)) {
+        writeDate(defaults, key, untilTime->time);
+        return;
+    }
+    const auto& untilChange = std::get<MutedUntilChange>(mute);
+    std::vector<std::string> texts = seenTexts(untilChange.seen);
+    texts.insert(texts.begin(), PullRequestKit::formatDate(untilChange.listedAt));
+    writeTextList(defaults, key, texts);
 }
 
 /// Reads one setting after the other and notes what is to be corrected.
@@ -65,6 +95,8 @@ private:
     PollingInterval pollingInterval() const;
     ReviewerFilter reviewerFilter();
     Arrangement arrangement() const;
+    Mutes mutes() const;
+    Logins mutedAuthors() const;
 
     const DefaultsStore& _defaults;
     StoredSettings _result;
@@ -92,6 +124,8 @@ StoredSettings Reader::read()
     settings.projectDirectory = readText(_defaults, Keys::projectDirectory).value_or("");
     settings.darkMode = readFlag(_defaults, Keys::darkMode).value_or(false);
     settings.isInvolvedExplained = readFlag(_defaults, Keys::involvedExplained).value_or(false);
+    settings.mutes = mutes();
+    settings.mutedAuthors = mutedAuthors();
     return std::move(_result);
 }
 
@@ -163,6 +197,25 @@ Arrangement Reader::arrangement() const
     return value.value_or(Arrangement::byReviewState);
 }
 
+Mutes Reader::mutes() const
+{
+    Mutes mutes;
+    for (const QString& key : _defaults.keys(Keys::mutePrefix)) {
+        if (const auto mute = readMute(_defaults, key)) {
+            mutes.emplace(key.mid(Keys::mutePrefix.size()).toStdString(), *mute);
+        }
+    }
+    return mutes;
+}
+
+Logins Reader::mutedAuthors() const
+{
+    const auto stored = readTextList(_defaults, Keys::mutedAuthors);
+    Logins authors = stored ? Logins(stored->begin(), stored->end()) : Logins();
+    authors.erase(std::string());
+    return authors;
+}
+
 void write(DefaultsStore& defaults, const QString& key, bool flag)
 {
     writeFlag(defaults, key, flag);
@@ -188,6 +241,31 @@ template<typename E>
 void write(DefaultsStore& defaults, const QString& key, const std::set<E>& values)
 {
     writeTextList(defaults, key, textsOf(values));
+}
+
+void write(DefaultsStore& defaults, const QString& key, const Logins& logins)
+{
+    writeTextList(defaults, key, logins);
+}
+
+QString keyOfMute(const std::string& storageKey)
+{
+    return Keys::mutePrefix + QString::fromStdString(storageKey);
+}
+
+void writeMutes(DefaultsStore& defaults, const Mutes& before, const Mutes& after)
+{
+    for (const auto& [name, mute] : before) {
+        if (!after.contains(name)) {
+            defaults.remove(keyOfMute(name));
+        }
+    }
+    for (const auto& [name, mute] : after) {
+        const auto known = before.find(name);
+        if (known == before.end() || known->second != mute) {
+            writeMute(defaults, keyOfMute(name), mute);
+        }
+    }
 }
 
 }  // namespace
@@ -222,6 +300,8 @@ void writeDifferences(
     writeIfDifferent(Keys::yourTurnNotifications, &Settings::yourTurnNotificationsEnabled);
     writeIfDifferent(Keys::darkMode, &Settings::darkMode);
     writeIfDifferent(Keys::involvedExplained, &Settings::isInvolvedExplained);
+    writeIfDifferent(Keys::mutedAuthors, &Settings::mutedAuthors);
+    writeMutes(defaults, before.mutes, after.mutes);
     if (before.selectedRepositories != after.selectedRepositories) {
         writeSelection(defaults, after.selectedRepositories);
     }

@@ -1,37 +1,85 @@
 #pragma once
 
-#include "PullRequestKit/PullRequest.h"
+#include "PullRequestKit/SeenPullRequest.h"
 #include "Tarnwick/Persistence/DefaultsStore.h"
 
 #include <functional>
+#include <optional>
+#include <span>
+#include <unordered_map>
+#include <vector>
 
 namespace Tarnwick {
 
-/// Remembers per pull request when the user last opened it from the menu, each date under a key of
-/// its own in the defaults. Nothing is ever forgotten. Main thread only.
+/// What changed since the user last opened a pull request.
+struct SinceVisit {
+    PullRequestKit::Date visitedAt{};
+    std::vector<PullRequestKit::Change> changes;  ///< Empty when none can be named.
+
+    bool operator==(const SinceVisit&) const = default;
+};
+
+/// Remembers per pull request when the user last opened it from the menu and what was to be seen of
+/// it, under keys of its own in the defaults. What has not been listed for `memory` is forgotten.
+/// Main thread only.
 class VisitStore {
 public:
+    static constexpr std::chrono::days memory{90};
+
     /// The prefix of the program's own store. Stored: do not rename.
     static inline const QString programPrefix = QStringLiteral("lastVisitedAt.");
 
-    /// Every key begins with `prefix`; `now` tells the current time.
+    /// Every key of a time begins with `prefix`; `now` tells the current time.
     /// Requires: `defaults` outlives the store.
     VisitStore(DefaultsStore& defaults, QString prefix, std::function<PullRequestKit::Date()> now);
 
     /// Nothing when the pull request was never visited, or its key holds something else.
     std::optional<PullRequestKit::Date> lastVisited(const PullRequestKit::PullRequestID& id) const;
 
+    /// A visit of which nothing more is known.
     void recordVisit(const PullRequestKit::PullRequestID& id);
 
-    /// Whether the pull request is unchanged since the user last opened it.
+    /// A visit that has seen this.
+    void recordVisit(
+        const PullRequestKit::PullRequestID& id, const PullRequestKit::SeenPullRequest& seen);
+
+    /// As if the pull request had never been visited.
+    void forgetVisit(const PullRequestKit::PullRequestID& id);
+
+    /// Whether the pull request has not been updated since the user last opened it.
     bool isVisited(const PullRequestKit::PullRequest& pullRequest) const;
 
+    /// `facts` may be null. Without a visit, and where it is not known what it saw, nothing has
+    /// changed.
+    SinceVisit sinceVisit(
+        const PullRequestKit::PullRequest& pullRequest,
+        const PullRequestKit::PullRequestFacts* facts) const;
+
+    /// To be called with what each refresh lists. Once a day it notes what is still listed and
+    /// forgets the rest in time. A visit at a time to come, after which the clock was set back,
+    /// gets one that is over.
+    void noteListed(std::span<const PullRequestKit::PullRequest> pullRequests);
+
 private:
-    QString keyOf(const PullRequestKit::PullRequestID& id) const;
+    struct Visit {
+        PullRequestKit::Date at;
+        std::optional<PullRequestKit::SeenPullRequest> seen;
+    };
+
+    void write(const PullRequestKit::PullRequestID& id, const std::optional<Visit>& visit);
+    const std::optional<Visit>& visit(const PullRequestKit::PullRequestID& id) const;
+    std::optional<Visit> read(const QString& name) const;
+    void removeVisit(const QString& name);
+    void noteVisit(const PullRequestKit::PullRequest& listed);
+    void forgetInTime(const QString& name);
 
     DefaultsStore& _defaults;
     QString _prefix;
     std::function<PullRequestKit::Date()> _now;
+    std::optional<PullRequestKit::Date> _notedAt;
+    /// As stored at `_revision`, so that each row of each list need not be read anew.
+    mutable std::unordered_map<PullRequestKit::PullRequestID, std::optional<Visit>> _known;
+    mutable std::uint64_t _revision = 0;
 };
 
 }  // namespace Tarnwick

@@ -63,14 +63,19 @@ protected:
         QTest::keyClicks(view->focusWidget(), QLatin1String(text));
     }
 
-    QAction* actionOfMenu(const char* text) const
+    static QAction* actionOf(const QMenu& menu, const char* text)
     {
-        for (QAction* const action : part<QMenu>("optionsMenu")->actions()) {
+        for (QAction* const action : menu.actions()) {
             if (action->text() == QString::fromUtf8(text)) {
                 return action;
             }
         }
         return nullptr;
+    }
+
+    QAction* actionOfMenu(const char* text) const
+    {
+        return actionOf(*part<QMenu>("optionsMenu"), text);
     }
 
     QString footer() const { return part<QWidget>("footer")->accessibleName(); }
@@ -667,6 +672,111 @@ TEST_F(PullRequestMenuViewTests, theMenuKeyIsTheRowsOrElseTheOptions)
     ASSERT_NE(part<QMenu>("rowMenu"), nullptr);
     EXPECT_TRUE(part<QMenu>("rowMenu")->isVisible());
     part<QMenu>("rowMenu")->close();
+}
+
+TEST_F(PullRequestMenuViewTests, aRowThatWasOpenedAndHasChangedIsNewAgainUntilItIsRead)
+{
+    auto pullRequest = TestSupport::makePullRequest(1);
+    pullRequest.checks = {4, 4, 0};
+    showList({pullRequest});
+    const auto description = [this] {
+        return list().model()->index(0, 0).data(Qt::AccessibleDescriptionRole).toString();
+    };
+    const auto mark = [this](const char* text) {
+        press(Qt::Key_Home);
+        press(Qt::Key_Menu);
+        QAction* const action = actionOf(*part<QMenu>("rowMenu"), text);
+        ASSERT_NE(action, nullptr) << text;
+        action->trigger();
+        delete part<QMenu>("rowMenu");
+    };
+    press(Qt::Key_Home);
+    press(Qt::Key_Return);
+    EXPECT_FALSE(description().contains(QStringLiteral("Since")));
+
+    pullRequest.checks = {2, 4, 1};
+    provider->setPullRequests({pullRequest});
+    clock->advance(std::chrono::minutes(1));
+    refresh();
+    EXPECT_TRUE(description().contains(QStringLiteral(": checks from 4/4 to 2/4. ")))
+        << description().toStdString();
+    mark("Mark as Read");
+    EXPECT_FALSE(description().contains(QStringLiteral("Since")));
+    mark("Mark as Unread");
+    EXPECT_FALSE(model->visits().isVisited(pullRequest));
+    mark("Mark as Read");
+    EXPECT_TRUE(model->visits().isVisited(pullRequest));
+}
+
+TEST_F(PullRequestMenuViewTests, aMutedRowGoesAtOnceAndTheNextOneIsSelected)
+{
+    showList(
+        {TestSupport::makePullRequest(1),
+         TestSupport::makePullRequest(2),
+         TestSupport::makePullRequest(3)});
+    const auto selected = [this] { return list().currentIndex().row(); };
+    const auto choose = [this](const char* text) {
+        press(Qt::Key_Menu);
+        QMenu& menu = *part<QMenu>("rowMenu");
+        QAction* const mute = actionOf(menu, "Mute");
+        actionOf(mute != nullptr ? *mute->menu() : menu, text)->trigger();
+        delete &menu;
+    };
+    const auto descriptionOf = [this](int row) {
+        return list()
+            .model()
+            ->index(row, 0)
+            .data(Qt::AccessibleDescriptionRole)
+            .toString()
+            .toStdString();
+    };
+    press(Qt::Key_Home);
+    press(Qt::Key_Down);
+    const std::string last = descriptionOf(2);
+    choose("Until It Changes");
+    EXPECT_EQ(rows(), 2);
+    EXPECT_EQ(selected(), 1);
+    EXPECT_EQ(descriptionOf(selected()), last);
+    EXPECT_TRUE(list().selectionModel()->isSelected(list().currentIndex()));
+    EXPECT_TRUE(list().hasFocus());
+    EXPECT_EQ(part<QAbstractButton>("hiddenChip")->text(), QStringLiteral("1 hidden"));
+    EXPECT_EQ(
+        part<QAbstractButton>("hiddenChip")->accessibleDescription(), QStringLiteral("1 muted"));
+
+    press(Qt::Key_H);
+    EXPECT_THAT(descriptionOf(1), testing::StartsWith("Muted until it changes. "));
+    press(Qt::Key_Home);
+    press(Qt::Key_Down);
+    choose("Unmute");
+    EXPECT_EQ(rows(), 3);
+    EXPECT_FALSE(shows("hiddenChip"));
+
+    choose("For a Day");
+    press(Qt::Key_End);
+    choose("For a Day");
+    press(Qt::Key_Home);
+    choose("For a Day");
+    EXPECT_EQ(part<QLabel>("statusDetail")->text(), QStringLiteral("3 are muted."));
+}
+
+TEST_F(PullRequestMenuViewTests, filesAndChecksAreOpenedInPlaceOfThePanelAndCountAsAVisit)
+{
+    auto pullRequest = TestSupport::makePullRequest(1);
+    pullRequest.checks = {1, 1, 0};
+    showList({pullRequest, TestSupport::makePullRequest(2)});
+    for (const char* const item : {"Open Files", "Open Checks"}) {
+        press(Qt::Key_Home);
+        press(Qt::Key_Menu);
+        EXPECT_FALSE(model->visits().isVisited(TestSupport::makePullRequest(2)));
+        actionOf(*part<QMenu>("rowMenu"), item)->trigger();
+        delete part<QMenu>("rowMenu");
+        EXPECT_TRUE(model->visits().isVisited(pullRequest)) << item;
+    }
+    const std::string page = "launch /usr/bin/xdg-open [https://github.com/octo/tools/pull/1";
+    EXPECT_THAT(
+        desktop.journal(),
+        ElementsAre(
+            "dismiss any", page + "/files] token ", "dismiss any", page + "/checks] token "));
 }
 
 }  // namespace

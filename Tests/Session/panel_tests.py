@@ -236,7 +236,16 @@ class KeyboardTests(PanelTest):
             self.reader.find("menu item", item)
             self.assertEqual(
                 self.reader.names("menu item"),
-                ["Open in Browser", "Open in Editor", "Copy Link", "Copy Branch Name"],
+                [
+                    "Open in Browser",
+                    "Open in Editor",
+                    "Open Files",
+                    "Open Checks",
+                    "Mark as Read",
+                    "Mute",
+                    "Copy Link",
+                    "Copy Branch Name",
+                ],
             )
             self.screen.key(*keys)
             self.wait_for_focus("menu item", item)

@@ -27,12 +27,16 @@ std::vector<ListedRow> listedRows(const PullRequestMenuModel& model, HiddenRows 
     std::vector<ListedRow> listed;
     listed.reserve(rows->size());
     for (const PullRequestKit::PullRequestRow& row : *rows) {
-        const bool isVisited = model.visits().isVisited(row.pullRequest);
+        SinceVisit since = model.sinceVisit(row.pullRequest);
+        const bool isVisited = since.changes.empty() && model.visits().isVisited(row.pullRequest);
         const Sight sight =
             hidden == HiddenRows::areDimmed ? model.sightOf(row.pullRequest) : Sight::inSight;
+        const auto mutedUntil =
+            sight == Sight::muted ? model.mutedUntil(row.pullRequest) : std::nullopt;
         const auto known = details->find(row.id());
         const auto* const names = known != details->end() ? &known->second : nullptr;
-        listed.push_back({{rows, &row}, isVisited, sight, {details, names}});
+        listed.push_back(
+            {{rows, &row}, isVisited, sight, mutedUntil, std::move(since), {details, names}});
     }
     for (const TurnGroup& group : groups) {
         for (std::size_t row = group.firstRow; row < group.firstRow + group.rowCount; ++row) {

@@ -4,6 +4,7 @@
 #include "Tarnwick/Interface/List/HeadingWording.h"
 #include "Tarnwick/Interface/List/RowTexts.h"
 #include "Tarnwick/Interface/List/RowWording.h"
+#include "Tarnwick/Interface/List/SinceWording.h"
 
 #include <algorithm>
 #include <map>
@@ -269,8 +270,12 @@ QVariant PullRequestListModel::data(const QModelIndex& index, int role) const
     case Qt::AccessibleTextRole:
         return RowWording::accessibilityLabel(row.pullRequest());
     case Qt::AccessibleDescriptionRole: {
+        const QString changed =
+            row.hasChanged()
+                ? SinceWording::spokenSentence(row.since(), now(), QTimeZone::systemTimeZone())
+                : QString();
         const QString description = RowWording::accessibilityDescription(
-            RowTexts::details(row, now()), row.pullRequest(), row.details());
+            RowTexts::details(row, now()), changed, row.pullRequest(), row.details());
         return row.warning().isEmpty() ? description
                                        : row.warning() + QStringLiteral(". ") + description;
     }

@@ -109,8 +109,19 @@ void PullRequestListView::takeInList()
         _anchor->restore(*this);
     }
     _anchor.reset();
+    leaveHeading();
     followFinding();
     viewport()->update();
+}
+
+/// When the selected row goes, Qt takes the next one, which may be a heading. That has a row below
+/// it.
+void PullRequestListView::leaveHeading()
+{
+    const QModelIndex current = currentIndex();
+    if (_selected && current.isValid() && _model.isHeading(current.row())) {
+        select(current.row() + 1);
+    }
 }
 
 /// A selected row that is no hit is selected no longer, so that Return opens what one sees; it is

@@ -4,6 +4,7 @@
 #include "Tarnwick/Interface/List/ListKeys.h"
 #include "Tarnwick/Interface/List/RowDelegate.h"
 #include "Tarnwick/Interface/List/RowHover.h"
+#include "Tarnwick/Interface/List/RowMenu.h"
 #include "Tarnwick/Interface/List/ScrollAnchor.h"
 
 #include <QBasicTimer>
@@ -33,6 +34,9 @@ public:
     /// The help text for a point of the viewport; empty where there is no row.
     QString helpTextAt(const QPoint& position) const;
 
+    /// The user's login, or empty when it is not known.
+    void setAccount(const std::string& account) { _account = account; }
+
     /// Whether the menu of a row is up.
     bool isMenuOpen() const { return _menu != nullptr && _menu->isVisible(); }
 
@@ -54,10 +58,8 @@ public:
     void doItemsLayout() override;
 
 Q_SIGNALS:
-    void openRequested(const PullRequestKit::PullRequest& pullRequest);
-    /// To be opened while the panel stays.
-    void openAndStayRequested(const PullRequestKit::PullRequest& pullRequest);
-    void openInEditorRequested(const PullRequestKit::PullRequest& pullRequest);
+    /// By key, pointer or the row's menu.
+    void actionRequested(RowAction action, const PullRequestKit::PullRequest& pullRequest);
     void findRequested();
 
 protected:
@@ -81,6 +83,7 @@ private:
     void takeInList();
     void noteMove(int row);
     void startTaking();
+    void leaveHeading();
     void followFinding();
     int selectedRow() const;
     /// The selected row, or the first hit, which Return in the find field opens; -1 for none.
@@ -113,6 +116,7 @@ private:
     QStringList _words;  ///< What was to be found before the list changed.
     std::optional<PullRequestKit::PullRequestID> _selected;  ///< Likewise.
     std::optional<PullRequestKit::PullRequestID> _selectedBeforeFinding;
+    std::string _account;
     QPointer<QMenu> _menu;
     QBasicTimer _ageTimer;  ///< Runs while the list is in sight.
 };

@@ -1,6 +1,5 @@
 #include "Tarnwick/Interface/List/ListNavigation.h"
 #include "Tarnwick/Interface/List/PullRequestListView.h"
-#include "Tarnwick/Interface/List/RowMenu.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -52,11 +51,11 @@ void PullRequestListView::act(ListCommand command, int row)
 {
     const PullRequestKit::PullRequest pullRequest = _model.content(row).pullRequest();
     if (command == ListCommand::open) {
-        Q_EMIT openRequested(pullRequest);
+        Q_EMIT actionRequested(RowAction::open, pullRequest);
     } else if (command == ListCommand::openAndStay) {
-        Q_EMIT openAndStayRequested(pullRequest);
+        Q_EMIT actionRequested(RowAction::openAndStay, pullRequest);
     } else if (command == ListCommand::openInEditor) {
-        Q_EMIT openInEditorRequested(pullRequest);
+        Q_EMIT actionRequested(RowAction::openInEditor, pullRequest);
     } else {
         const QPoint belowDetails = _delegate->geometry(row).details.bottomLeft() + QPoint(0, 1);
         showMenu(
@@ -154,10 +153,10 @@ void PullRequestListView::contextMenuEvent(QContextMenuEvent* event)
 void PullRequestListView::showMenu(int row, const QPoint& globalPosition)
 {
     const PullRequestKit::PullRequest pullRequest = _model.content(row).pullRequest();
-    const RowMenuActions actions{
-        .open = [this, pullRequest] { Q_EMIT openRequested(pullRequest); },
-        .openInEditor = [this, pullRequest] { Q_EMIT openInEditorRequested(pullRequest); }};
-    _menu = makeRowMenu(pullRequest, actions, _appearance, this);
+    const auto choose = [this, pullRequest](RowAction action) {
+        Q_EMIT actionRequested(action, pullRequest);
+    };
+    _menu = makeRowMenu(_model.content(row).listed(), _account, choose, _appearance, this);
     _menu->popup(globalPosition);
 }
 

@@ -19,9 +19,9 @@ bool areEqual(const std::shared_ptr<const Value>& left, const std::shared_ptr<co
 
 bool ListedRow::operator==(const ListedRow& other) const
 {
-    return isVisited == other.isVisited && sight == other.sight && areEqual(row, other.row)
-           && areEqual(details, other.details) && areEqual(turn, other.turn)
-           && heading == other.heading;
+    return isVisited == other.isVisited && sight == other.sight && mutedUntil == other.mutedUntil
+           && since == other.since && areEqual(row, other.row) && areEqual(details, other.details)
+           && areEqual(turn, other.turn) && heading == other.heading;
 }
 
 RowContent::RowContent(ListedRow listed)
@@ -35,7 +35,9 @@ RowContent::RowContent(ListedRow listed)
 RowWording::Reason RowContent::reason() const
 {
     if (isDimmed()) {
-        return {.words = RowWording::hiddenReason(_listed.sight)};
+        return {
+            .words = RowWording::hiddenReason(
+                _listed.sight, _listed.mutedUntil, QTimeZone::systemTimeZone())};
     }
     return _listed.turn != nullptr ? RowWording::turnReason(*_listed.turn) : RowWording::Reason{};
 }

@@ -6,6 +6,7 @@
 #include "Tarnwick/Interface/List/RowGeometry.h"
 #include "Tarnwick/Interface/List/RowWording.h"
 #include "Tarnwick/Model/RowFilter.h"
+#include "Tarnwick/Persistence/VisitStore.h"
 
 #include <QString>
 
@@ -15,11 +16,14 @@
 namespace Tarnwick {
 
 /// A row of the menu, whether the user has seen the pull request as it is now, what hides it when
-/// the row is shown all the same, the names behind its counts, and whose move it waits for.
+/// the row is shown all the same, what is new to the user, the names behind its counts, and whose
+/// move it waits for.
 struct ListedRow {
     std::shared_ptr<const PullRequestKit::PullRequestRow> row;  ///< Not null.
     bool isVisited = false;
     Sight sight = Sight::inSight;
+    std::optional<PullRequestKit::Date> mutedUntil = {};  ///< Of a mute that ends by its time.
+    SinceVisit since = {};
     std::shared_ptr<const PullRequestKit::PullRequestDetails> details =
         nullptr;  ///< Null when not known.
     /// Null but where the list is arranged by it.
@@ -47,6 +51,11 @@ public:
 
     /// Whether the row is hidden and shown all the same: without colour, and saying why.
     bool isDimmed() const { return isHidden(_listed.sight); }
+
+    /// Whether it carries the mark of what has changed since the user last opened it.
+    bool hasChanged() const { return !_listed.since.changes.empty() && !isDimmed(); }
+
+    const SinceVisit& since() const { return _listed.since; }
 
     /// What the line of details begins with: why the row is hidden, or what it waits for.
     RowWording::Reason reason() const;

@@ -10,9 +10,10 @@ namespace Tarnwick {
 namespace {
 
 /// Where the parts are, the ones on top of others first.
-constexpr std::array<std::pair<RowPart, QRect RowGeometry::*>, 8> partPlaces{{
+constexpr std::array<std::pair<RowPart, QRect RowGeometry::*>, 9> partPlaces{{
     {RowPart::editorButton, &RowGeometry::editorHitArea},
     {RowPart::stateIcon, &RowGeometry::stateIcon},
+    {RowPart::dot, &RowGeometry::dotHelp},
     {RowPart::conflict, &RowGeometry::conflict},
     {RowPart::review, &RowGeometry::review},
     {RowPart::check, &RowGeometry::check},
@@ -81,10 +82,13 @@ std::shared_ptr<const TitleLayout> RowDelegate::title(int row) const
 RowPart RowDelegate::partAt(int row, const QPoint& position) const
 {
     const RowGeometry places = geometry(row);
-    const bool hasConflict = _model.content(row).pullRequest().hasMergeConflict();
+    const RowContent& content = _model.content(row);
+    const auto isThere = [&](RowPart part) {
+        return part == RowPart::conflict ? content.pullRequest().hasMergeConflict()
+                                         : part != RowPart::dot || content.hasChanged();
+    };
     for (const auto& [part, place] : partPlaces) {
-        const bool isThere = part != RowPart::conflict || hasConflict;
-        if (isThere && (places.*place).contains(position)) {
+        if (isThere(part) && (places.*place).contains(position)) {
             return part;
         }
     }
@@ -109,6 +113,20 @@ QString RowDelegate::titleHelpText(int row) const
                : RowWording::openHelpText;
 }
 
+QString RowDelegate::detailsHelpText(int row) const
+{
+    const RowContent& content = _model.content(row);
+    const DetailsLayout shown = RowTexts::detailsLayout(
+        content, _model.now(), _metrics, geometry(row).detailsBesideButton.width());
+    QStringList lines{
+        shown.isElided ? RowWording::detailsText(RowTexts::details(content, _model.now()))
+                       : RowWording::openHelpText};
+    if (content.hasChanged()) {
+        lines.append(RowTexts::sinceSentence(content, _model.now()));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
 QString RowDelegate::helpText(int row, RowPart part) const
 {
     const RowContent& content = _model.content(row);
@@ -125,12 +143,10 @@ QString RowDelegate::helpText(int row, RowPart part) const
         return RowWording::editorHelpText;
     case RowPart::title:
         return titleHelpText(row);
-    case RowPart::details: {
-        const DetailsLayout shown = RowTexts::detailsLayout(
-            content, _model.now(), _metrics, geometry(row).detailsBesideButton.width());
-        return shown.isElided ? RowWording::detailsText(RowTexts::details(content, _model.now()))
-                              : RowWording::openHelpText;
-    }
+    case RowPart::dot:
+        return RowTexts::sinceSentence(content, _model.now());
+    case RowPart::details:
+        return detailsHelpText(row);
     case RowPart::warning:
     case RowPart::row:
         return RowWording::openHelpText;

@@ -15,6 +15,7 @@ namespace Tarnwick {
 enum class RowPart {
     row,
     stateIcon,
+    dot,
     title,
     warning,
     details,
@@ -59,6 +60,7 @@ private:
     RowShape shape(int row) const;
     std::shared_ptr<const TitleLayout> title(int row) const;
     QString titleHelpText(int row) const;
+    QString detailsHelpText(int row) const;
 
     const PullRequestListModel& _model;
     const Appearance& _appearance;

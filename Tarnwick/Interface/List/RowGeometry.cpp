@@ -99,6 +99,14 @@ void placeLines(RowGeometry& geometry, const RowMetrics& metrics, const RowShape
     }
     const int top = geometry.height - padding - metrics.caption.height;
     geometry.details = QRect(left, top, captionWidth, metrics.caption.height);
+    const int middle = geometry.stateIcon.left() + metrics.icon / 2;
+    geometry.dot = QRect(
+        middle - metrics.dot / 2,
+        top + (metrics.caption.height - metrics.dot) / 2,
+        metrics.dot,
+        metrics.dot);
+    geometry.dotHelp =
+        QRect(middle - metrics.dotHelpWidth / 2, top, metrics.dotHelpWidth, metrics.caption.height);
     geometry.detailsBesideButton = geometry.details;
     geometry.detailsBesideButton.setWidth(geometry.editorButton.left() - textToButton - left);
 }

@@ -24,6 +24,8 @@ struct RowGeometry {
     QRect blockedBar;
     QRect arrow;
     QRect stateIcon;
+    QRect dot;      ///< The mark of what has changed.
+    QRect dotHelp;  ///< Where it says what has.
     QRect title;
     QRect warning;
     QRect details;

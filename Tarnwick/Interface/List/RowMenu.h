@@ -1,22 +1,35 @@
 #pragma once
 
-#include "PullRequestKit/PullRequest.h"
 #include "Tarnwick/Interface/Controls/Menu.h"
+#include "Tarnwick/Interface/List/RowContent.h"
 
 #include <functional>
 
 namespace Tarnwick {
 
-/// What the first two items of a row's menu do; the others copy to the clipboard.
-struct RowMenuActions {
-    std::function<void()> open;
-    std::function<void()> openInEditor;
+/// What the user can want done with a row.
+enum class RowAction {
+    open,
+    openAndStay,  ///< While the panel stays; not in the menu.
+    openInEditor,
+    openFiles,
+    openChecks,
+    markAsRead,
+    markAsUnread,
+    muteUntilChange,
+    muteForADay,
+    unmute,
+    muteAuthor,
+    unmuteAuthor,
 };
 
-/// The menu of a row, which deletes itself when it has been closed. Main thread only.
+/// The menu of a row, which deletes itself when it has been closed. It copies to the clipboard by
+/// itself and tells `choose` of everything else. Pull requests of `account`, the user's login or
+/// empty, are not muted with all others by their author. Main thread only.
 Menu* makeRowMenu(
-    const PullRequestKit::PullRequest& pullRequest,
-    RowMenuActions actions,
+    const ListedRow& row,
+    const std::string& account,
+    const std::function<void(RowAction)>& choose,
     const Appearance& appearance,
     QWidget* parent);
 

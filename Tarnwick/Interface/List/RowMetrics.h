@@ -25,6 +25,8 @@ struct RowMetrics {
     int heading = 0;    ///< The height of a group's heading.
     int icon = 0;
     int arrow = 0;
+    int dot = 0;
+    int dotHelpWidth = 0;
     QSize editorButton;
     int editorIcon = 0;
     int badgeGap = 0;  ///< Between a badge's icon and its count.

@@ -49,6 +49,7 @@ void RowPainter::paint(
 {
     paintFill(geometry, situation);
     paintStart(content, geometry);
+    paintDot(content, geometry);
     const QColor& seen = content.isVisited() ? _palette.textSecondary : _palette.textPrimary;
     title.draw(_painter, geometry.title.topLeft(), unlessDimmed(content, seen));
     if (!wordsIn(content).isEmpty()) {
@@ -118,6 +119,13 @@ void RowPainter::paintStart(const RowContent& content, const RowGeometry& geomet
         _painter,
         geometry.stateIcon,
         unlessDimmed(content, RowColors::stateColor(content.pullRequest())));
+}
+
+void RowPainter::paintDot(const RowContent& content, const RowGeometry& geometry)
+{
+    if (content.hasChanged()) {
+        Painting::fillRounded(_painter, geometry.dot, geometry.dot.width() / 2.0, _palette.accent);
+    }
 }
 
 void RowPainter::paintBadges(const RowContent& content, const RowGeometry& geometry)

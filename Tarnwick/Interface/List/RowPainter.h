@@ -42,6 +42,7 @@ private:
     QColor unlessDimmed(const RowContent& content, const QColor& color) const;
     void paintFill(const RowGeometry& geometry, const RowSituation& situation);
     void paintStart(const RowContent& content, const RowGeometry& geometry);
+    void paintDot(const RowContent& content, const RowGeometry& geometry);
     void paintBadges(const RowContent& content, const RowGeometry& geometry);
     void paintCount(const QRect& place, const QString& label, const QColor& color);
     /// What is marked in the row; dimmed rows carry no marks.

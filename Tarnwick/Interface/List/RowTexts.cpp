@@ -1,5 +1,7 @@
 #include "Tarnwick/Interface/List/RowTexts.h"
 
+#include "Tarnwick/Interface/List/SinceWording.h"
+
 #include <QFontMetricsF>
 
 #include <cmath>
@@ -33,6 +35,11 @@ RowWording::Details details(const RowContent& content, PullRequestKit::Date now)
 {
     return RowWording::details(
         content.pullRequest(), content.reason(), now, QTimeZone::systemTimeZone());
+}
+
+QString sinceSentence(const RowContent& content, PullRequestKit::Date now)
+{
+    return SinceWording::sentence(content.since(), now, QTimeZone::systemTimeZone());
 }
 
 DetailsLayout detailsLayout(

@@ -14,6 +14,10 @@ QString elided(const QString& text, const LineStyle& style, double width);
 /// The pieces of the row's line of details, in the user's time zone.
 RowWording::Details details(const RowContent& content, PullRequestKit::Date now);
 
+/// What has changed since the user last opened it, in the user's time zone. Requires: the row has
+/// changed.
+QString sinceSentence(const RowContent& content, PullRequestKit::Date now);
+
 /// `findWords` are folded.
 DetailsLayout detailsLayout(
     const RowContent& content,

@@ -99,9 +99,19 @@ QString checkHelpText(const PullRequest& pullRequest, const PullRequestDetails* 
     return lines.join(QLatin1Char('\n'));
 }
 
-QString hiddenReason(Sight sight)
+QString hiddenReason(Sight sight, const std::optional<Date>& mutedUntil, const QTimeZone& zone)
 {
     switch (sight) {
+    case Sight::muted: {
+        if (!mutedUntil) {
+            return QStringLiteral("Muted until it changes");
+        }
+        const QDateTime local =
+            QDateTime::fromSecsSinceEpoch(mutedUntil->time_since_epoch().count(), zone);
+        return QStringLiteral("Muted until ") + local.toString(QStringLiteral("HH:mm"));
+    }
+    case Sight::authorMuted:
+        return QStringLiteral("Author muted");
     case Sight::hiddenByStatus:
         return QStringLiteral("Hidden by Status");
     case Sight::hiddenByMergeability:
@@ -198,11 +208,17 @@ QString detailsText(const Details& details)
 }
 
 QString accessibilityDescription(
-    const Details& details, const PullRequest& pullRequest, const PullRequestDetails* known)
+    const Details& details,
+    const QString& changed,
+    const PullRequest& pullRequest,
+    const PullRequestDetails* known)
 {
     QStringList sentences;
     if (!details.reason.isEmpty()) {
         sentences.append(reasonText(details.reason));
+    }
+    if (!changed.isEmpty()) {
+        sentences.append(changed);
     }
     Details rest = details;
     rest.reason = {};

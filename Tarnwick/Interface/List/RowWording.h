@@ -39,8 +39,10 @@ inline const QString conflictHelpText = QStringLiteral("Merge conflict");
 inline const QString editorHelpText = QStringLiteral("Open in Editor");
 inline const QString openHelpText = QStringLiteral("Opens this pull request in your browser");
 
-/// What hides a pull request, such as "Hidden by Status"; empty for one that is not hidden.
-QString hiddenReason(Sight sight);
+/// What hides a pull request, such as "Hidden by Status" or "Muted until 14:05"; empty for one that
+/// is not hidden. Without a time a mute lasts until the pull request changes.
+QString hiddenReason(
+    Sight sight, const std::optional<PullRequestKit::Date>& mutedUntil, const QTimeZone& zone);
 
 /// How long ago in a few characters: "now", "48m", "3h", "6d", "3w"; from four weeks on the day of
 /// this year in the zone, "12 Mar", or the month of an earlier one, "Mar 2025". An instant to come
@@ -86,10 +88,11 @@ Details details(
 /// The pieces as one text. The author's name cannot turn the direction of what follows it.
 QString detailsText(const Details& details);
 
-/// What a screen reader says after the row's label: the reason, the line without it, then what the
-/// counts consist of. `known` may be null.
+/// What a screen reader says after the row's label: the reason, what has changed, which may be
+/// empty, the line without the reason, then what the counts consist of. `known` may be null.
 QString accessibilityDescription(
     const Details& details,
+    const QString& changed,
     const PullRequestKit::PullRequest& pullRequest,
     const PullRequestKit::PullRequestDetails* known);
 

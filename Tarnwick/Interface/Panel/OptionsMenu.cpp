@@ -1,5 +1,6 @@
 #include "Tarnwick/Interface/Panel/OptionsMenu.h"
 
+#include "Tarnwick/Interface/Controls/MenuName.h"
 #include "Tarnwick/Interface/Look/Appearance.h"
 
 #include <string_view>
@@ -39,6 +40,7 @@ OptionsMenu::OptionsMenu(PullRequestMenuModel& model, const Appearance& appearan
         QStringLiteral("Arrange"),
         [this](Arrangement value) { return _model.settings().arrangement == value; },
         [this](Arrangement value) { _model.setArrangement(value); });
+    addMutedAuthors();
     addSeparator();
     _checkForUpdates =
         addAction(QStringLiteral("Check for Updates…"), this, [this] { _updateCheck(); });
@@ -165,6 +167,29 @@ void OptionsMenu::addFilters()
         QStringLiteral("Merge-ready"), &Settings::mergeabilities);
     _resetFilters =
         addAction(QStringLiteral("Reset Filters"), this, [this] { _model.resetFilters(); });
+}
+
+/// Only while there are some: an author without pull requests could not be unmuted otherwise.
+void OptionsMenu::addMutedAuthors()
+{
+    _mutedAuthors = addSubmenu(QStringLiteral("Muted Authors"));
+    // Not while it is open: who was unmuted by mistake is still there to be muted again.
+    connect(this, &QMenu::aboutToShow, this, &OptionsMenu::listMutedAuthors);
+    listMutedAuthors();
+}
+
+void OptionsMenu::listMutedAuthors()
+{
+    _mutedAuthors->clear();
+    for (const std::string& author : _model.settings().mutedAuthors) {
+        QAction* const action = _mutedAuthors->addAction(menuName(author));
+        action->setCheckable(true);
+        action->setChecked(true);
+        connect(action, &QAction::triggered, this, [this, author](bool isChecked) {
+            _model.setAuthorMuted(author, isChecked);
+        });
+    }
+    _mutedAuthors->menuAction()->setVisible(!_mutedAuthors->isEmpty());
 }
 
 void OptionsMenu::updateCheckMarks()

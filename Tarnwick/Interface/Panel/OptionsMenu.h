@@ -43,6 +43,8 @@ private:
     void addNotifications();
     void addSettings();
     void addFilters();
+    void addMutedAuthors();
+    void listMutedAuthors();
     void updateCheckMarks();
 
     struct Choice {
@@ -53,6 +55,7 @@ private:
     PullRequestMenuModel& _model;
     std::vector<Choice> _choices;
     QAction* _resetFilters = nullptr;
+    Menu* _mutedAuthors = nullptr;
     QAction* _checkForUpdates;
     std::function<void()> _updateCheck;
 };

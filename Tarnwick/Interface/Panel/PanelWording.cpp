@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QLocale>
 #include <QRegularExpression>
+#include <QStringList>
 
 namespace Tarnwick::PanelWording {
 
@@ -59,7 +60,14 @@ QString hiddenChipName(const HiddenCounts& hidden, bool areShown)
 
 QString hiddenHelp(const HiddenCounts& hidden)
 {
-    return QStringLiteral("%1 by filters").arg(hidden.filters);
+    QStringList kinds;
+    if (hidden.filters > 0) {
+        kinds.append(QStringLiteral("%1 by filters").arg(hidden.filters));
+    }
+    if (hidden.muted > 0) {
+        kinds.append(QStringLiteral("%1 muted").arg(hidden.muted));
+    }
+    return kinds.join(QStringLiteral(", "));
 }
 
 QString updated(Date refreshed, Date now)

@@ -25,7 +25,7 @@ QString hiddenChip(const HiddenCounts& hidden, bool areShown);
 /// The same for a screen reader: "Show 3 hidden pull requests" or "Hide 3 pull requests".
 QString hiddenChipName(const HiddenCounts& hidden, bool areShown);
 
-/// What hides them, such as "3 by filters".
+/// What hides them, such as "2 by filters, 1 muted".
 QString hiddenHelp(const HiddenCounts& hidden);
 
 /// Such as "Updated 2 minutes ago"; the day by the user's time zone once it is over a day old, or

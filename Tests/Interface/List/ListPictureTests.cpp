@@ -4,12 +4,16 @@
 #include "Tarnwick/Interface/List/FindBar.h"
 #include "Tarnwick/Interface/List/PullRequestListView.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QImage>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include <gtest/gtest.h>
@@ -28,6 +32,7 @@ struct Sheet {
     bool hasHidden = false;
     bool isByTurn = false;
     int scrolledBy = 0;
+    bool hasChanges = false;
 };
 
 /// Without the rows whose characters no bundled font has.
@@ -53,6 +58,15 @@ QImage listPicture(const Sheet& sheet)
         rows[2].sight = Sight::hiddenByStatus;
         rows[4].sight = Sight::hiddenByChecks;
         rows[5].sight = Sight::hiddenByReviews;
+    }
+    if (sheet.hasChanges) {
+        for (const std::size_t row : {0U, 1U, 4U, 5U}) {
+            rows[row].since = {
+                TestSupport::sampleNow() - std::chrono::hours(48),
+                {{PullRequestKit::ChangeKind::approved, {}, {}}}};
+            rows[row].isVisited = false;
+        }
+        rows[5].sight = Sight::hiddenByStatus;
     }
     model.setRows(std::move(rows));
     model.setFindText(sheet.findText);
@@ -101,6 +115,20 @@ TEST(ListPictures, hiddenRowsStandWithoutColor)
         "list-hidden-dark-150");
 }
 
+TEST(ListPictures, dotsMarkWhatHasChanged)
+{
+    expectPicture(listPicture({.height = 400, .hasChanges = true}), "list-changed-light");
+    expectPicture(
+        listPicture(
+            {.isDark = true,
+             .higherContrast = true,
+             .width = 360,
+             .height = 400,
+             .scaleFactor = 1.5,
+             .hasChanges = true}),
+        "list-changed-dark-150");
+}
+
 TEST(ListPictures, platesMarkWhatIsFound)
 {
     expectPicture(
@@ -130,6 +158,53 @@ TEST(ListPictures, groupsByWhoseTurnItIs)
         listPicture(
             {.textScale = 1.5, .width = 540, .height = 700, .hasHidden = true, .isByTurn = true}),
         "list-turn-large-text");
+}
+
+/// The menu and its open submenu, as they stand on the screen.
+QImage menuPicture(const ListedRow& row, bool isDark)
+{
+    constexpr int gap = 4;
+    constexpr double scaleFactor = 1.5;
+    Appearance appearance(1.0);
+    appearance.setDark(isDark);
+    const std::unique_ptr<Menu> menu(
+        makeRowMenu(row, "robin-k", [](RowAction) {}, appearance, nullptr));
+    std::vector<QMenu*> menus{menu.get()};
+    for (const QAction* const action : menu->actions()) {
+        if (action->menu() != nullptr) {
+            menus.push_back(action->menu());
+        }
+    }
+    std::vector<QImage> pictures;
+    for (QMenu* const shown : menus) {
+        shown->setAttribute(Qt::WA_DontShowOnScreen);
+        shown->show();
+        shown->resize(shown->sizeHint());
+        pictures.push_back(pictureOf(*shown, scaleFactor));
+    }
+    QSize size;
+    for (const QImage& picture : pictures) {
+        size = {size.width() + gap + picture.width(), std::max(size.height(), picture.height())};
+    }
+    QImage sheet(size, QImage::Format_ARGB32_Premultiplied);
+    sheet.fill(isDark ? Qt::black : Qt::white);
+    QPainter painter(&sheet);
+    int left = 0;
+    for (QImage& picture : pictures) {
+        picture.setDevicePixelRatio(1);
+        painter.drawImage(left, 0, picture);
+        left += picture.width() + gap;
+    }
+    return sheet;
+}
+
+TEST(ListPictures, theRowsMenus)
+{
+    ListedRow row = latinRows()[0];
+    expectPicture(menuPicture(row, false), "row-menu-light");
+    row.sight = Sight::authorMuted;
+    TestSupport::own(row).pullRequest.checks = {};
+    expectPicture(menuPicture(row, true), "row-menu-muted-dark");
 }
 
 TEST(ListPictures, theFindBar)

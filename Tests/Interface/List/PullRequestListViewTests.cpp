@@ -1,6 +1,7 @@
 #include "Tarnwick/Interface/List/PullRequestListView.h"
 
 #include "List/SampleRows.h"
+#include "List/TurnRows.h"
 #include "Support/PullRequests.h"
 
 #include <QAccessible>
@@ -11,6 +12,8 @@
 #include <QTest>
 
 #include <algorithm>
+#include <map>
+#include <memory>
 
 #include <gmock/gmock.h>
 
@@ -27,25 +30,20 @@ using TestSupport::own;
 using TestSupport::plainRows;
 using TestSupport::sampleRows;
 
+const QPoint onTitle(100, 18);
+
 class PullRequestListViewTests : public testing::Test {
 protected:
     PullRequestListViewTests()
     {
         appearance.setWishes({.reducedMotion = true, .higherContrast = false});
         QObject::connect(
-            &view, &PullRequestListView::openRequested, &view, [this](const PullRequest& opened) {
-                openedNumbers.push_back(opened.id.number);
+            &view,
+            &PullRequestListView::actionRequested,
+            &view,
+            [this](RowAction action, const PullRequest& asked) {
+                numbers[action].push_back(asked.id.number);
             });
-        QObject::connect(
-            &view,
-            &PullRequestListView::openInEditorRequested,
-            &view,
-            [this](const PullRequest& opened) { editedNumbers.push_back(opened.id.number); });
-        QObject::connect(
-            &view,
-            &PullRequestListView::openAndStayRequested,
-            &view,
-            [this](const PullRequest& opened) { besideNumbers.push_back(opened.id.number); });
         view.resize(420, 520);
     }
 
@@ -61,6 +59,14 @@ protected:
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         QTest::keyClick(&view, static_cast<Qt::Key>(key), modifiers);
+    }
+
+    /// Opened by the mouse.
+    QMenu* menuOf(int row)
+    {
+        QContextMenuEvent byMouse(QContextMenuEvent::Mouse, inRow(row, onTitle), QPoint(1, 1));
+        QApplication::sendEvent(view.viewport(), &byMouse);
+        return view.findChild<QMenu*>(u"rowMenu"_s);
     }
 
     QPoint inRow(int row, const QPoint& position) const
@@ -87,15 +93,12 @@ protected:
 
     int current() const { return view.currentIndex().row(); }
 
-    std::vector<std::int64_t> openedNumbers;
-    std::vector<std::int64_t> editedNumbers;
-    std::vector<std::int64_t> besideNumbers;  ///< Opened while the panel stays.
+    std::map<RowAction, std::vector<std::int64_t>> numbers;  ///< For what each was asked.
     Appearance appearance{1.0};
     PullRequestListModel model{TestSupport::sampleNow};
     PullRequestListView view{model, appearance};
 };
 
-const QPoint onTitle(100, 18);
 const QPoint onEditorButton(390, 35);
 
 TEST_F(PullRequestListViewTests, keysMoveTheSelection)
@@ -148,14 +151,14 @@ TEST_F(PullRequestListViewTests, returnOpensAndControlEOpensInTheEditor)
     show(plainRows(3));
     press(Qt::Key_Return);
     press(Qt::Key_E, Qt::ControlModifier);
-    EXPECT_THAT(openedNumbers, IsEmpty());
-    EXPECT_THAT(editedNumbers, IsEmpty());
+    EXPECT_THAT(numbers[RowAction::open], IsEmpty());
+    EXPECT_THAT(numbers[RowAction::openInEditor], IsEmpty());
     press(Qt::Key_Down);
     press(Qt::Key_Down);
     press(Qt::Key_Return);
     press(Qt::Key_E, Qt::ControlModifier);
-    EXPECT_THAT(openedNumbers, ElementsAre(2));
-    EXPECT_THAT(editedNumbers, ElementsAre(2));
+    EXPECT_THAT(numbers[RowAction::open], ElementsAre(2));
+    EXPECT_THAT(numbers[RowAction::openInEditor], ElementsAre(2));
 }
 
 TEST_F(PullRequestListViewTests, lettersAloneStartNoWork)
@@ -165,8 +168,8 @@ TEST_F(PullRequestListViewTests, lettersAloneStartNoWork)
     for (int key = Qt::Key_A; key <= Qt::Key_Z; ++key) {
         press(key);
     }
-    EXPECT_THAT(openedNumbers, IsEmpty());
-    EXPECT_THAT(editedNumbers, IsEmpty());
+    EXPECT_THAT(numbers[RowAction::open], IsEmpty());
+    EXPECT_THAT(numbers[RowAction::openInEditor], IsEmpty());
     EXPECT_FALSE(view.isMenuOpen());
 }
 
@@ -180,19 +183,19 @@ TEST_F(PullRequestListViewTests, opensWithoutThePanelsEndByMiddleClickAndControl
     press(Qt::LeftButton, Qt::ControlModifier, 2);
     EXPECT_EQ(current(), 2);
     QTest::keyClick(&view, Qt::Key_Return, Qt::ControlModifier);
-    EXPECT_THAT(besideNumbers, ElementsAre(2, 3, 3));
+    EXPECT_THAT(numbers[RowAction::openAndStay], ElementsAre(2, 3, 3));
     press(Qt::RightButton, Qt::NoModifier, 0);
     QTest::mousePress(view.viewport(), Qt::MiddleButton, {}, inRow(0, onTitle));
     QTest::mouseRelease(view.viewport(), Qt::MiddleButton, {}, inRow(1, onTitle));
-    EXPECT_THAT(besideNumbers, ElementsAre(2, 3, 3));
-    EXPECT_THAT(openedNumbers, IsEmpty());
+    EXPECT_THAT(numbers[RowAction::openAndStay], ElementsAre(2, 3, 3));
+    EXPECT_THAT(numbers[RowAction::open], IsEmpty());
 }
 
 TEST_F(PullRequestListViewTests, theFirstHitIsFilledAndOpened)
 {
     show(plainRows(12));
     view.openHit();
-    EXPECT_THAT(openedNumbers, IsEmpty()) << "nothing is looked for";
+    EXPECT_THAT(numbers[RowAction::open], IsEmpty()) << "nothing is looked for";
     EXPECT_FALSE(view.situation(0).isSelected);
     model.setFindText(u"#1"_s);
     ASSERT_EQ(model.rowCount(), 4);
@@ -202,10 +205,10 @@ TEST_F(PullRequestListViewTests, theFirstHitIsFilledAndOpened)
     model.setFindText(u"#11"_s);
     EXPECT_TRUE(view.situation(0).isSelected);
     view.openHit();
-    EXPECT_THAT(openedNumbers, ElementsAre(11));
+    EXPECT_THAT(numbers[RowAction::open], ElementsAre(11));
     model.setFindText(u"nothing"_s);
     view.openHit();
-    EXPECT_THAT(openedNumbers, ElementsAre(11));
+    EXPECT_THAT(numbers[RowAction::open], ElementsAre(11));
 }
 
 TEST_F(PullRequestListViewTests, aSelectedHitIsTheOneThatIsOpened)
@@ -216,7 +219,7 @@ TEST_F(PullRequestListViewTests, aSelectedHitIsTheOneThatIsOpened)
     EXPECT_EQ(current(), 3);
     EXPECT_FALSE(view.situation(0).isSelected);
     view.openHit();
-    EXPECT_THAT(openedNumbers, ElementsAre(12));
+    EXPECT_THAT(numbers[RowAction::open], ElementsAre(12));
 }
 
 TEST_F(PullRequestListViewTests, aSelectedRowThatIsNoHitIsSelectedAgainInTheEnd)
@@ -314,8 +317,8 @@ TEST_F(PullRequestListViewTests, aClickOpensTheRow)
 {
     show(plainRows(3));
     click(inRow(1, onTitle));
-    EXPECT_THAT(openedNumbers, ElementsAre(2));
-    EXPECT_THAT(editedNumbers, IsEmpty());
+    EXPECT_THAT(numbers[RowAction::open], ElementsAre(2));
+    EXPECT_THAT(numbers[RowAction::openInEditor], IsEmpty());
 }
 
 TEST_F(PullRequestListViewTests, aDoubleClickOpensTheRowOnce)
@@ -326,7 +329,7 @@ TEST_F(PullRequestListViewTests, aDoubleClickOpensTheRowOnce)
     // What the second click becomes when it comes in time.
     QTest::mouseDClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, position);
     QTest::mouseRelease(view.viewport(), Qt::LeftButton, Qt::NoModifier, position);
-    EXPECT_THAT(openedNumbers, ElementsAre(2));
+    EXPECT_THAT(numbers[RowAction::open], ElementsAre(2));
 }
 
 TEST_F(PullRequestListViewTests, aClickOnTheEditorButtonOpensTheEditor)
@@ -334,8 +337,8 @@ TEST_F(PullRequestListViewTests, aClickOnTheEditorButtonOpensTheEditor)
     show(plainRows(3));
     click(inRow(2, onEditorButton));
     click(inRow(1, QPoint(419 - 13, 51)));
-    EXPECT_THAT(editedNumbers, ElementsAre(3, 2));
-    EXPECT_THAT(openedNumbers, IsEmpty());
+    EXPECT_THAT(numbers[RowAction::openInEditor], ElementsAre(3, 2));
+    EXPECT_THAT(numbers[RowAction::open], IsEmpty());
 }
 
 TEST_F(PullRequestListViewTests, aPressThatIsReleasedElsewhereOpensNothing)
@@ -345,8 +348,8 @@ TEST_F(PullRequestListViewTests, aPressThatIsReleasedElsewhereOpensNothing)
     QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, inRow(1, onTitle));
     QTest::mousePress(view.viewport(), Qt::LeftButton, {}, inRow(0, onTitle));
     QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, inRow(0, onEditorButton));
-    EXPECT_THAT(openedNumbers, IsEmpty());
-    EXPECT_THAT(editedNumbers, IsEmpty());
+    EXPECT_THAT(numbers[RowAction::open], IsEmpty());
+    EXPECT_THAT(numbers[RowAction::openInEditor], IsEmpty());
 }
 
 TEST_F(PullRequestListViewTests, theRowUnderThePointerHasItsEditorButton)
@@ -460,7 +463,7 @@ TEST_F(PullRequestListViewTests, aDimmedRowSaysWhyItIsHidden)
         model.data(model.index(4), Qt::AccessibleDescriptionRole).toString();
     EXPECT_TRUE(description.startsWith(u"Hidden by Checks. "_s)) << description.toStdString();
     click(inRow(4, onTitle));
-    EXPECT_EQ(openedNumbers.size(), 1U);
+    EXPECT_EQ(numbers[RowAction::open].size(), 1U);
 }
 
 TEST_F(PullRequestListViewTests, rowsFollowTheWidthAtOnce)
@@ -501,6 +504,33 @@ QAction* actionNamed(const QMenu& menu, const QString& name)
     return nullptr;
 }
 
+/// "-" for a divider.
+QStringList namesIn(const QMenu& menu)
+{
+    QStringList names;
+    for (const QAction* const action : menu.actions()) {
+        names.append(action->isSeparator() ? u"-"_s : action->text());
+    }
+    return names;
+}
+
+TEST_F(PullRequestListViewTests, onlyARowWithChecksOpensThem)
+{
+    std::vector<ListedRow> rows = plainRows(2);
+    own(rows[0]).pullRequest.checks = {};
+    own(rows[1]).pullRequest.checks = {2, 3, 0};
+    show(rows);
+    const auto opensChecks = [&](int row) {
+        const std::unique_ptr<QMenu> menu(menuOf(row));
+        QAction* const checks = actionNamed(*menu, u"Open Checks"_s);
+        checks->trigger();
+        return checks->isEnabled();
+    };
+    EXPECT_FALSE(opensChecks(0));
+    EXPECT_TRUE(opensChecks(1));
+    EXPECT_THAT(numbers[RowAction::openChecks], ElementsAre(2));
+}
+
 TEST_F(PullRequestListViewTests, aRowsMenuOpensAndCopies)
 {
     show(plainRows(3));
@@ -510,20 +540,25 @@ TEST_F(PullRequestListViewTests, aRowsMenuOpensAndCopies)
     ASSERT_TRUE(view.isMenuOpen());
     const auto* const menu = view.findChild<QMenu*>(u"rowMenu"_s);
     ASSERT_NE(menu, nullptr);
-    QStringList names;
-    for (const QAction* const action : menu->actions()) {
-        if (!action->isSeparator()) {
-            names.append(action->text());
-        }
-    }
     EXPECT_EQ(
-        names,
+        namesIn(*menu),
         QStringList(
-            {u"Open in Browser"_s, u"Open in Editor"_s, u"Copy Link"_s, u"Copy Branch Name"_s}));
+            {u"Open in Browser"_s,
+             u"Open in Editor"_s,
+             u"Open Files"_s,
+             u"Open Checks"_s,
+             u"-"_s,
+             u"Mark as Read"_s,
+             u"Mute"_s,
+             u"-"_s,
+             u"Copy Link"_s,
+             u"Copy Branch Name"_s}));
     actionNamed(*menu, u"Open in Browser"_s)->trigger();
     actionNamed(*menu, u"Open in Editor"_s)->trigger();
-    EXPECT_THAT(openedNumbers, ElementsAre(2));
-    EXPECT_THAT(editedNumbers, ElementsAre(2));
+    actionNamed(*menu, u"Open Files"_s)->trigger();
+    EXPECT_THAT(numbers[RowAction::openFiles], ElementsAre(2));
+    EXPECT_THAT(numbers[RowAction::open], ElementsAre(2));
+    EXPECT_THAT(numbers[RowAction::openInEditor], ElementsAre(2));
     actionNamed(*menu, u"Copy Link"_s)->trigger();
     EXPECT_EQ(QApplication::clipboard()->text(), u"https://github.com/octo/tools/pull/2"_s);
     actionNamed(*menu, u"Copy Branch Name"_s)->trigger();
@@ -555,8 +590,119 @@ TEST_F(PullRequestListViewTests, aPressByAScreenReaderClosesARowsMenu)
     QAccessible::queryAccessibleInterface(menu)->child(0)->actionInterface()->doAction(
         QAccessibleActionInterface::pressAction());
     QApplication::processEvents();
-    EXPECT_THAT(openedNumbers, ElementsAre(2));
+    EXPECT_THAT(numbers[RowAction::open], ElementsAre(2));
     EXPECT_FALSE(view.isMenuOpen());
+}
+
+TEST_F(PullRequestListViewTests, aDotSaysWhatHasChanged)
+{
+    std::vector<ListedRow> rows = sampleRows();
+    rows[1].since = {
+        TestSupport::sampleNow() - std::chrono::days(1),
+        {{ChangeKind::approved, {}, {}}, {ChangeKind::checks, "4/4", "2/4"}}};
+    rows[2].since = rows[1].since;
+    rows[2].sight = Sight::hiddenByStatus;
+    show(rows);
+    const auto helpAt = [&](int row, QRect RowGeometry::* place) {
+        return view.helpTextAt(inRow(row, (view.rows().geometry(row).*place).center()));
+    };
+    const QString sentence = u"Since yesterday: approved, checks 4/4 → 2/4"_s;
+    EXPECT_EQ(helpAt(1, &RowGeometry::dot), sentence);
+    EXPECT_TRUE(helpAt(1, &RowGeometry::details).endsWith(u'\n' + sentence));
+    const QString open = u"Opens this pull request in your browser"_s;
+    EXPECT_EQ(helpAt(0, &RowGeometry::dot), open) << "nothing is new";
+    EXPECT_EQ(helpAt(2, &RowGeometry::dot), open) << "a dimmed row has no dot";
+    const auto descriptionOf = [&](int row) {
+        return model.data(model.index(row), Qt::AccessibleDescriptionRole).toString();
+    };
+    EXPECT_TRUE(descriptionOf(1).startsWith(
+        u"Since yesterday: approved, checks from 4/4 to 2/4. northmere/quay #485"_s))
+        << descriptionOf(1).toStdString();
+    EXPECT_TRUE(descriptionOf(2).startsWith(u"Hidden by Status. northmere/quay #486"_s));
+}
+
+TEST_F(PullRequestListViewTests, aRowIsMarkedAsReadOrUnread)
+{
+    std::vector<ListedRow> rows = plainRows(2);
+    rows[0].isVisited = true;
+    show(rows);
+    for (const int row : {0, 1}) {
+        const std::unique_ptr<QMenu> menu(menuOf(row));
+        const QString name = row == 0 ? u"Mark as Unread"_s : u"Mark as Read"_s;
+        EXPECT_EQ(namesIn(*menu).value(5), name);
+        actionNamed(*menu, name)->trigger();
+    }
+    EXPECT_THAT(numbers[RowAction::markAsUnread], ElementsAre(1));
+    EXPECT_THAT(numbers[RowAction::markAsRead], ElementsAre(2));
+}
+
+TEST_F(PullRequestListViewTests, whenTheSelectedRowGoesTheNextPullRequestIsSelected)
+{
+    std::vector<ListedRow> rows = TestSupport::turnRows();
+    show(rows);
+    const auto firstOfNextGroup = std::ranges::find_if(
+        rows, [&](const ListedRow& row) { return row.heading != rows.front().heading; });
+    ASSERT_NE(firstOfNextGroup, rows.end());
+    const auto next = firstOfNextGroup->row->id();
+    const auto last = firstOfNextGroup - rows.begin() - 1;
+    press(Qt::Key_Home);
+    while (model.content(view.currentIndex()).row().id()
+           != rows[static_cast<std::size_t>(last)].row->id()) {
+        press(Qt::Key_Down);
+    }
+    rows.erase(rows.begin() + last);
+    model.setRows(rows);
+    EXPECT_EQ(model.content(view.currentIndex()).row().id(), next);
+    EXPECT_TRUE(view.selectionModel()->isSelected(view.currentIndex()));
+    rows.erase(rows.begin() + last, rows.end());
+    model.setRows(rows);
+    EXPECT_EQ(model.content(view.currentIndex()).row().id(), rows.back().row->id());
+    EXPECT_TRUE(view.selectionModel()->isSelected(view.currentIndex()));
+}
+
+TEST_F(PullRequestListViewTests, aRowOrItsAuthorIsMuted)
+{
+    std::vector<ListedRow> rows = plainRows(4);
+    own(rows[0]).pullRequest.author = "mira-k";
+    own(rows[1]).pullRequest.author = "Me";
+    own(rows[2]).pullRequest.author = "a&b-whose-name-is-longer-than-it-should-be";
+    own(rows[3]).pullRequest.author = "";
+    view.setAccount("me");
+    show(rows);
+    const auto choicesOf = [&](int row) {
+        const std::unique_ptr<QMenu> menu(menuOf(row));
+        QMenu* const mute = actionNamed(*menu, u"Mute"_s)->menu();
+        for (QAction* const action : mute->actions()) {
+            action->trigger();
+        }
+        return namesIn(*mute);
+    };
+    const QStringList alone{u"Until It Changes"_s, u"For a Day"_s};
+    EXPECT_EQ(choicesOf(0), alone + QStringList({u"-"_s, u"All by mira-k"_s}));
+    EXPECT_EQ(choicesOf(1), alone) << "one's own";
+    EXPECT_EQ(choicesOf(2).last(), u"All by a&&b-whose-name-is-longe…"_s);
+    EXPECT_EQ(choicesOf(3), alone) << "nobody's";
+    EXPECT_THAT(numbers[RowAction::muteUntilChange], ElementsAre(1, 2, 3, 4));
+    EXPECT_THAT(numbers[RowAction::muteForADay], ElementsAre(1, 2, 3, 4));
+    EXPECT_THAT(numbers[RowAction::muteAuthor], ElementsAre(1, 3));
+}
+
+TEST_F(PullRequestListViewTests, aMutedRowIsUnmuted)
+{
+    std::vector<ListedRow> rows = plainRows(2);
+    own(rows[1]).pullRequest.author = "otter-bot";
+    rows[0].sight = Sight::muted;
+    rows[1].sight = Sight::authorMuted;
+    show(rows);
+    for (const int row : {0, 1}) {
+        const std::unique_ptr<QMenu> menu(menuOf(row));
+        EXPECT_EQ(actionNamed(*menu, u"Mute"_s), nullptr);
+        const QString name = row == 0 ? u"Unmute"_s : u"Unmute otter-bot"_s;
+        EXPECT_EQ(namesIn(*menu).value(6), name);
+        actionNamed(*menu, name)->trigger();
+    }
+    EXPECT_THAT(numbers[RowAction::unmute], ElementsAre(1));
+    EXPECT_THAT(numbers[RowAction::unmuteAuthor], ElementsAre(2));
 }
 
 TEST_F(PullRequestListViewTests, helpStandsBelowTheRow)

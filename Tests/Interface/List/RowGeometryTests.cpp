@@ -63,6 +63,21 @@ TEST(RowGeometry, aRowOfNoStackStandsAtTheMargin)
     EXPECT_EQ(row.line.width(), 365);
 }
 
+TEST(RowGeometry, theDotStandsBelowTheStateIconInTheMiddleOfTheDetails)
+{
+    const RowGeometry row = rowGeometry(metrics(), {0, 1, false});
+    EXPECT_EQ(row.dot, QRect(21, 32, 6, 6));
+    EXPECT_EQ(row.dotHelp, QRect(12, 27, 24, 16));
+    EXPECT_EQ(rowGeometry(metrics(), {2, 2, true}).dot.left(), 50);
+    for (const auto& [scale, size] : {std::pair(1.25, 8), std::pair(1.5, 10)}) {
+        const RowGeometry larger = rowGeometry(metrics(scale), {1, 1, false});
+        EXPECT_EQ(larger.dot.size(), QSize(size, size));
+        EXPECT_EQ(
+            2 * larger.dot.left() + size, 2 * larger.stateIcon.left() + larger.stateIcon.width());
+        EXPECT_TRUE(larger.fill.adjusted(2, 2, -2, -2).contains(larger.dot)) << "in the ring";
+    }
+}
+
 TEST(RowGeometry, badgesStandInColumnsFromTheRight)
 {
     const RowGeometry row = rowGeometry(metrics(), {0, 1, false});

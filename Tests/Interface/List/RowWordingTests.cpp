@@ -120,11 +120,12 @@ TEST(RowWording, aScreenReaderHearsWhatTheCountsConsistOfAfterTheQuietLine)
         .author = {},
         .age = u"3h"_s};
     EXPECT_EQ(
-        RowWording::accessibilityDescription(line, pullRequest, nullptr), u"octo/tools #1 · 3h"_s);
+        RowWording::accessibilityDescription(line, {}, pullRequest, nullptr),
+        u"octo/tools #1 · 3h"_s);
     PullRequestDetails details;
     details.reviews = {{"mara", ReviewVerdict::approved}};
     EXPECT_EQ(
-        RowWording::accessibilityDescription(line, pullRequest, &details),
+        RowWording::accessibilityDescription(line, {}, pullRequest, &details),
         u"octo/tools #1 · 3h. Approved: \u2068mara\u2069. 2 of 2 passed"_s);
 }
 
@@ -191,11 +192,19 @@ TEST(RowWording, detailsOfDraftsBeginWithTheWord)
 
 TEST(RowWording, hiddenRowsSayWhichFilterHidesThem)
 {
-    EXPECT_EQ(RowWording::hiddenReason(Sight::hiddenByStatus), u"Hidden by Status"_s);
-    EXPECT_EQ(RowWording::hiddenReason(Sight::hiddenByMergeability), u"Hidden by Merge-ready"_s);
-    EXPECT_EQ(RowWording::hiddenReason(Sight::hiddenByReviews), u"Hidden by Reviews"_s);
-    EXPECT_EQ(RowWording::hiddenReason(Sight::hiddenByChecks), u"Hidden by Checks"_s);
-    EXPECT_EQ(RowWording::hiddenReason(Sight::inSight), QString());
+    const QTimeZone zone("Europe/Berlin");
+    const auto reasonOf = [&](Sight sight, std::optional<Date> mutedUntil = {}) {
+        return RowWording::hiddenReason(sight, mutedUntil, zone);
+    };
+    EXPECT_EQ(reasonOf(Sight::hiddenByStatus), u"Hidden by Status"_s);
+    EXPECT_EQ(reasonOf(Sight::hiddenByMergeability), u"Hidden by Merge-ready"_s);
+    EXPECT_EQ(reasonOf(Sight::hiddenByReviews), u"Hidden by Reviews"_s);
+    EXPECT_EQ(reasonOf(Sight::hiddenByChecks), u"Hidden by Checks"_s);
+    EXPECT_EQ(reasonOf(Sight::muted), u"Muted until it changes"_s);
+    EXPECT_EQ(
+        reasonOf(Sight::muted, TestSupport::date("2025-06-20T12:05:00Z")), u"Muted until 14:05"_s);
+    EXPECT_EQ(reasonOf(Sight::authorMuted), u"Author muted"_s);
+    EXPECT_EQ(reasonOf(Sight::inSight), QString());
 }
 
 QString textOf(const Turn& turn)
@@ -235,7 +244,7 @@ TEST(RowWording, theReasonStandsAfterDraftAndIsSaidFirst)
     EXPECT_EQ(
         RowWording::detailsText(details), u"Draft · Hidden by Status · northmere/quay #482 · 3h"_s);
     EXPECT_EQ(
-        RowWording::accessibilityDescription(details, makePullRequest(482), nullptr),
+        RowWording::accessibilityDescription(details, {}, makePullRequest(482), nullptr),
         u"Hidden by Status. Draft · northmere/quay #482 · 3h"_s);
 }
 

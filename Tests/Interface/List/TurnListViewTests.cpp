@@ -40,8 +40,13 @@ protected:
         installAccessibleParts();
         appearance.setWishes({.reducedMotion = true, .higherContrast = false});
         QObject::connect(
-            &view, &PullRequestListView::openRequested, &view, [this](const PullRequest& opened) {
-                openedNumbers.push_back(opened.id.number);
+            &view,
+            &PullRequestListView::actionRequested,
+            &view,
+            [this](RowAction action, const PullRequest& asked) {
+                if (action == RowAction::open) {
+                    openedNumbers.push_back(asked.id.number);
+                }
             });
         view.resize(420, 520);
     }

@@ -74,6 +74,31 @@ protected:
     std::unique_ptr<OptionsMenu> menu;
 };
 
+TEST_F(OptionsMenuTests, listsMutedAuthorsWhileThereAreSome)
+{
+    const auto hasMutedAuthors = [this] {
+        const auto items = itemsOf(*menu);
+        return std::ranges::find(items, "Muted Authors >") != items.end();
+    };
+    EXPECT_FALSE(hasMutedAuthors());
+    model->setAuthorMuted("tide-sync", true);
+    model->setAuthorMuted("Otter-bot", true);
+    menu->popup(QPoint(0, 0));
+    EXPECT_TRUE(hasMutedAuthors());
+    EXPECT_THAT(itemsOf(submenu("Muted Authors")), ElementsAre("Otter-bot", "tide-sync"));
+    EXPECT_THAT(checked("Muted Authors"), ElementsAre("Otter-bot", "tide-sync"));
+    choose("Muted Authors", "tide-sync");
+    EXPECT_THAT(model->settings().mutedAuthors, ElementsAre("Otter-bot"));
+    EXPECT_THAT(checked("Muted Authors"), ElementsAre("Otter-bot")) << "the other still stands";
+    choose("Muted Authors", "tide-sync");
+    EXPECT_THAT(model->settings().mutedAuthors, ElementsAre("Otter-bot", "tide-sync"));
+    choose("Muted Authors", "tide-sync");
+    choose("Muted Authors", "Otter-bot");
+    menu->close();
+    menu->popup(QPoint(0, 0));
+    EXPECT_FALSE(hasMutedAuthors());
+}
+
 TEST_F(OptionsMenuTests, hasItsItemsInOrder)
 {
     EXPECT_THAT(

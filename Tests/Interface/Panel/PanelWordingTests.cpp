@@ -35,6 +35,10 @@ TEST(PanelWordingTests, tellsWhatIsHidden)
         PanelWording::hiddenChipName(one, false), QStringLiteral("Show 1 hidden pull request"));
     EXPECT_EQ(PanelWording::hiddenChipName(one, true), QStringLiteral("Hide 1 pull request"));
     EXPECT_EQ(PanelWording::hiddenHelp(three), QStringLiteral("3 by filters"));
+    const HiddenCounts both{.filters = 2, .muted = 1};
+    EXPECT_EQ(PanelWording::hiddenChip(both, false), QStringLiteral("3 hidden"));
+    EXPECT_EQ(PanelWording::hiddenHelp(both), QStringLiteral("2 by filters, 1 muted"));
+    EXPECT_EQ(PanelWording::hiddenHelp({.filters = 0, .muted = 1}), QStringLiteral("1 muted"));
 }
 
 struct Age {

@@ -9,13 +9,20 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using namespace Tarnwick;
+using PullRequestKit::Change;
+using PullRequestKit::ChangeKind;
 using PullRequestKit::PullRequestID;
+using testing::ElementsAre;
+using testing::IsEmpty;
 using testing::Optional;
+using testing::SizeIs;
 using TestSupport::date;
 using TestSupport::makePullRequest;
 
 class VisitStoreTest : public testing::Test {
 protected:
+    std::vector<QString> storedKeys() const { return defaults.keys({}); }
+
     Fakes::MemoryDefaultsStore defaults;
     PullRequestKit::Date now = date("2024-05-01T12:00:00Z");
     VisitStore visits{defaults, VisitStore::programPrefix, [this] { return now; }};
@@ -68,6 +75,146 @@ TEST_F(VisitStoreTest, keepsTheSameNumberOfTwoRepositoriesApart)
 {
     visits.recordVisit(id);
     EXPECT_EQ(visits.lastVisited({"github", "github.com", "octo/web", 12}), std::nullopt);
+}
+
+TEST_F(VisitStoreTest, keepsWhatAVisitSaw)
+{
+    auto pullRequest = makePullRequest(12);
+    pullRequest.checks = {4, 4, 0};
+    visits.recordVisit(id, seenNow(pullRequest, nullptr));
+    EXPECT_EQ(
+        defaults.values.at(u"lastSeen.github|github.com|octo/tools|12"_s).toStringList().join(u' '),
+        u"2024-05-01T12:00:00Z open ready mergeable none 0/0 4/4/0"_s);
+    EXPECT_THAT(visits.sinceVisit(pullRequest, nullptr).changes, IsEmpty());
+    EXPECT_TRUE(visits.isVisited(pullRequest));
+
+    pullRequest.checks = {2, 4, 1};
+    now += std::chrono::hours(48);
+    const SinceVisit since = visits.sinceVisit(pullRequest, nullptr);
+    EXPECT_EQ(since.visitedAt, date("2024-05-01T12:00:00Z"));
+    ASSERT_THAT(since.changes, SizeIs(1));
+    EXPECT_EQ(since.changes[0], (Change{ChangeKind::checks, "4/4", "2/4"}));
+    visits.recordVisit(id, seenNow(pullRequest, nullptr));
+    EXPECT_THAT(visits.sinceVisit(pullRequest, nullptr).changes, IsEmpty());
+}
+
+TEST_F(VisitStoreTest, knowsOfNewCommitsByTheFacts)
+{
+    const auto pullRequest = makePullRequest(12);
+    PullRequestKit::PullRequestFacts facts;
+    facts.headCommit = "abc";
+    visits.recordVisit(id, seenNow(pullRequest, &facts));
+    facts.headCommit = "def";
+    EXPECT_THAT(visits.sinceVisit(pullRequest, nullptr).changes, IsEmpty());
+    const auto changes = visits.sinceVisit(pullRequest, &facts).changes;
+    ASSERT_THAT(changes, SizeIs(1));
+    EXPECT_EQ(changes[0].kind, ChangeKind::newCommits);
+}
+
+TEST_F(VisitStoreTest, namesNoChangeWhereItDoesNotKnowWhatAVisitSaw)
+{
+    auto pullRequest = makePullRequest(12);
+    visits.recordVisit(id, seenNow(pullRequest, nullptr));
+    pullRequest.checks = {2, 4, 1};
+    defaults.values.insert_or_assign(
+        u"lastSeen.github|github.com|octo/tools|12"_s, QStringList{u"open"_s, u"who knows"_s});
+    EXPECT_THAT(visits.sinceVisit(pullRequest, nullptr).changes, IsEmpty());
+    EXPECT_TRUE(visits.isVisited(pullRequest));
+    visits.recordVisit(id);
+    EXPECT_THAT(storedKeys(), ElementsAre(u"lastVisitedAt.github|github.com|octo/tools|12"_s))
+        << "a visit takes the memory of the one before along";
+}
+
+TEST_F(VisitStoreTest, forgetsAVisitAltogether)
+{
+    const auto pullRequest = makePullRequest(12);
+    visits.recordVisit(id, seenNow(pullRequest, nullptr));
+    visits.forgetVisit(id);
+    EXPECT_THAT(storedKeys(), IsEmpty());
+    EXPECT_FALSE(visits.isVisited(pullRequest));
+}
+
+TEST_F(VisitStoreTest, forgetsWhatHasNotBeenListedForNinetyDays)
+{
+    const auto stays = makePullRequest(1);
+    const auto goes = makePullRequest(2);
+    visits.recordVisit(stays.id, seenNow(stays, nullptr));
+    visits.recordVisit(goes.id, seenNow(goes, nullptr));
+    const std::vector both{stays, goes};
+    for (int day = 0; day < 10; ++day, now += std::chrono::hours(24)) {
+        visits.noteListed(both);
+    }
+    // Last listed on the ninth of these ten days, which lie 24 hours apart.
+    now = date("2024-05-10T12:00:00Z") + std::chrono::days(90);
+    visits.noteListed(std::span(both).first(1));
+    EXPECT_THAT(visits.lastVisited(goes.id), Optional(date("2024-05-01T12:00:00Z")));
+    now += std::chrono::days(1);
+    visits.noteListed(std::span(both).first(1));
+    EXPECT_EQ(visits.lastVisited(goes.id), std::nullopt);
+    EXPECT_THAT(visits.lastVisited(stays.id), Optional(date("2024-05-01T12:00:00Z")));
+    EXPECT_THAT(
+        storedKeys(),
+        ElementsAre(
+            u"lastListedAt.github|github.com|octo/tools|1"_s,
+            u"lastSeen.github|github.com|octo/tools|1"_s,
+            u"lastVisitedAt.github|github.com|octo/tools|1"_s));
+}
+
+TEST_F(VisitStoreTest, countsAVisitOfAnOlderVersionAsListedNow)
+{
+    const auto pullRequest = makePullRequest(12);
+    visits.recordVisit(id);
+    now += std::chrono::days(400);
+    visits.noteListed(std::vector{pullRequest});
+    now += std::chrono::days(90);
+    visits.noteListed({});
+    EXPECT_THAT(visits.lastVisited(id), Optional(date("2024-05-01T12:00:00Z")));
+}
+
+TEST_F(VisitStoreTest, notesWhatIsListedOnceADay)
+{
+    const std::vector listed{makePullRequest(12)};
+    visits.recordVisit(id);
+    now += std::chrono::hours(25);
+    visits.noteListed(listed);
+    defaults.writtenKeys.clear();
+    now += std::chrono::hours(23);
+    visits.noteListed(listed);
+    EXPECT_THAT(defaults.writtenKeys, IsEmpty());
+    now += std::chrono::hours(1);
+    visits.noteListed(listed);
+    EXPECT_THAT(
+        defaults.writtenKeys, ElementsAre(u"lastListedAt.github|github.com|octo/tools|12"_s));
+}
+
+TEST_F(VisitStoreTest, isNotMisledByAClockThatWasSetBack)
+{
+    auto pullRequest = makePullRequest(12);
+    pullRequest.updatedAt = now - std::chrono::hours(1);
+    now += std::chrono::days(2);
+    visits.recordVisit(id, seenNow(pullRequest, nullptr));
+    now -= std::chrono::days(2);
+    EXPECT_TRUE(visits.isVisited(pullRequest));
+    auto later = pullRequest;
+    later.updatedAt = now + std::chrono::minutes(5);
+    EXPECT_FALSE(visits.isVisited(later)) << "the visit's own time lies behind the update";
+
+    now += std::chrono::minutes(10);
+    visits.noteListed(std::vector{later});
+    EXPECT_THAT(visits.lastVisited(id), Optional(pullRequest.updatedAt));
+    now += std::chrono::days(3);
+    EXPECT_FALSE(visits.isVisited(later));
+}
+
+TEST_F(VisitStoreTest, takesAVisitToComeForOneOfNowWhereNothingWasUpdatedSince)
+{
+    const auto pullRequest = makePullRequest(12);
+    now += std::chrono::days(2);
+    visits.recordVisit(id, seenNow(pullRequest, nullptr));
+    now -= std::chrono::days(2);
+    visits.noteListed(std::vector{pullRequest});
+    EXPECT_THAT(visits.lastVisited(id), Optional(now));
+    EXPECT_TRUE(visits.isVisited(pullRequest));
 }
 
 TEST_F(VisitStoreTest, takesAValueOfAnotherTypeForNeverVisited)

@@ -1,0 +1,317 @@
+#include "Fakes/ModelFixture.h"
+#include "PullRequestKit/StackBuilder.h"
+#include "Tarnwick/Model/Mutes.h"
+
+#include <QStringList>
+
+namespace {
+
+using namespace PullRequestKit;
+using namespace Qt::StringLiterals;
+using namespace Tarnwick;
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Optional;
+using testing::SizeIs;
+using testing::UnorderedElementsAre;
+using TestSupport::date;
+using TestSupport::makePullRequest;
+
+const Date now = date("2024-05-02T08:00:00Z");
+
+Mutes one(const PullRequest& pullRequest, const Mute& mute)
+{
+    return {{pullRequest.id.storageKey(), mute}};
+}
+
+TEST(Mutes, lastUntilThePullRequestChanges)
+{
+    const PullRequest pullRequest = makePullRequest(1);
+    const Mutes mutes = one(pullRequest, MutedUntilChange{seenNow(pullRequest, nullptr), now});
+    EXPECT_NE(muteOf(pullRequest, mutes), nullptr);
+    EXPECT_EQ(muteOf(makePullRequest(2), mutes), nullptr);
+
+    PullRequest updated = pullRequest;
+    updated.updatedAt += 1s;
+    PullRequest failed = pullRequest;
+    failed.checks = {0, 1, 1};
+    PullRequest unknown = pullRequest;
+    unknown.mergeability = PullRequestMergeability::unknown;
+    EXPECT_EQ(muteOf(updated, mutes), nullptr);
+    EXPECT_EQ(muteOf(failed, mutes), nullptr) << "checks move no date";
+    EXPECT_NE(muteOf(unknown, mutes), nullptr) << "which says nothing of the pull request";
+
+    EXPECT_THAT(withoutEnded(mutes, std::vector{pullRequest}, now), SizeIs(1));
+    EXPECT_THAT(withoutEnded(mutes, std::vector{failed}, now), IsEmpty());
+    EXPECT_THAT(withoutEnded(mutes, now + 24h * 365), SizeIs(1)) << "nothing was listed";
+}
+
+TEST(Mutes, lastUntilTheirTime)
+{
+    const PullRequest pullRequest = makePullRequest(1);
+    const Mutes mutes = one(pullRequest, MutedUntilTime{now + 24h});
+    PullRequest updated = pullRequest;
+    updated.updatedAt = now;
+    EXPECT_NE(muteOf(updated, mutes), nullptr);
+    EXPECT_THAT(withoutEnded(mutes, now + 24h - 1s), SizeIs(1));
+    EXPECT_THAT(withoutEnded(mutes, now + 24h), IsEmpty());
+    EXPECT_EQ(nextMuteEnd(mutes), now + 24h);
+    EXPECT_EQ(nextMuteEnd({}), std::nullopt);
+}
+
+TEST(Mutes, lastNoLongerBecauseTheClockWasSetBack)
+{
+    const Mutes mutes = one(makePullRequest(1), MutedUntilTime{now + 24h * 400});
+    EXPECT_EQ(withoutEnded(mutes, now), one(makePullRequest(1), MutedUntilTime{now + 24h}));
+}
+
+TEST(Mutes, ofWhatIsListedNoMoreAreForgottenAfterNinetyDays)
+{
+    const PullRequest pullRequest = makePullRequest(1);
+    const Mutes mutes = one(pullRequest, MutedUntilChange{seenNow(pullRequest, nullptr), now});
+    const Mutes listed = withoutEnded(mutes, std::vector{pullRequest}, now + 24h);
+    EXPECT_EQ(std::get<MutedUntilChange>(listed.begin()->second).listedAt, now + 24h);
+    EXPECT_EQ(withoutEnded(mutes, std::vector{pullRequest}, now + 23h), mutes) << "to the day";
+    EXPECT_THAT(withoutEnded(listed, std::vector<PullRequest>(), now + 24h * 91), SizeIs(1));
+    EXPECT_THAT(withoutEnded(listed, std::vector<PullRequest>(), now + 24h * 91 + 1s), IsEmpty());
+}
+
+TEST(Mutes, compareAuthorsWithoutLetterCase)
+{
+    const Logins logins{"Otter-Bot", "mira-k"};
+    EXPECT_TRUE(logins.contains("otter-bOT"));
+    EXPECT_TRUE(logins.contains("MIRA-K"));
+    EXPECT_FALSE(logins.contains("mira"));
+    EXPECT_FALSE(logins.contains(""));
+}
+
+PullRequest by(const char* author, std::int64_t number)
+{
+    PullRequest pullRequest = makePullRequest(number);
+    pullRequest.author = author;
+    return pullRequest;
+}
+
+TEST(MutedRows, areHiddenBeforeAnyFilterHidesThem)
+{
+    Settings settings;
+    settings.selectedRepositories = {"octo/tools"};
+    PullRequest draft = by("otter-bot", 1);
+    draft.isDraft = true;
+    EXPECT_EQ(sightOf(draft, settings), Sight::hiddenByStatus);
+    settings.mutedAuthors = {"Otter-Bot"};
+    EXPECT_EQ(sightOf(draft, settings), Sight::authorMuted);
+    settings.mutes = one(draft, MutedUntilTime{now});
+    EXPECT_EQ(sightOf(draft, settings), Sight::muted);
+    settings.selectedRepositories.clear();
+    EXPECT_EQ(sightOf(draft, settings), Sight::otherRepository);
+}
+
+TEST(MutedRows, leaveTheirStackWhereItIs)
+{
+    const PullRequest bottom = makePullRequest(1, "one", "main");
+    const PullRequest middle = makePullRequest(2, "two", "one");
+    const PullRequest top = makePullRequest(3, "three", "two");
+    Settings settings;
+    settings.selectedRepositories = {"octo/tools"};
+    settings.mutes = one(middle, MutedUntilTime{now});
+    const FilteredRows list = filteredRows({bottom, middle, top}, settings);
+    EXPECT_EQ(list.hidden, (HiddenCounts{.filters = 0, .muted = 1}));
+    EXPECT_THAT(list.rows, SizeIs(2));
+    EXPECT_EQ(
+        rowsWithHidden({bottom, middle, top}, settings), StackBuilder::rows({bottom, middle, top}));
+}
+
+TEST(MutedRows, areCountedApart)
+{
+    EXPECT_EQ(hiddenSentence({.filters = 9, .muted = 2}), "9 are hidden by filters, 2 are muted.");
+    EXPECT_EQ(hiddenSentence({.filters = 1, .muted = 1}), "1 is hidden by filters, 1 is muted.");
+    EXPECT_EQ(hiddenSentence({.filters = 0, .muted = 1}), "1 is muted.");
+    EXPECT_EQ(hiddenSentence({.filters = 1, .muted = 0}), "1 is hidden by filters.");
+    EXPECT_EQ(hiddenSentence({}), "");
+}
+
+class Muting : public TestSupport::ModelTest {
+protected:
+    void SetUp() override
+    {
+        selectTools();
+        provider->setRepositories({"octo/tools"});
+        provider->setPullRequests(all);
+        start();
+        refresh();
+    }
+
+    Settings storedSettings() { return SettingsStore(*defaults).load(); }
+
+    const PullRequest& first() const { return all[0]; }
+
+    std::vector<PullRequest> all{by("mira-k", 1), by("otter-bot", 2), by("Otter-Bot", 3)};
+};
+
+TEST_F(Muting, takesARowOutUntilItChanges)
+{
+    model->muteUntilChange(first());
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(2, 3));
+    EXPECT_EQ(model->hidden(), (HiddenCounts{.filters = 0, .muted = 1}));
+    EXPECT_EQ(model->rowsWithHidden()->size(), 3U);
+    refresh();
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(2, 3));
+    start();
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(2, 3)) << "after a restart";
+
+    all[0].checks = {0, 2, 1};
+    provider->setPullRequests(all);
+    refresh();
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3));
+    EXPECT_EQ(model->hidden(), HiddenCounts());
+    all[0].checks = {};
+    provider->setPullRequests(all);
+    refresh();
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3)) << "it has ended for good";
+    EXPECT_THAT(storedSettings().mutes, IsEmpty());
+}
+
+TEST_F(Muting, storesEachMuteUnderAKeyOfItsOwn)
+{
+    model->muteUntilChange(first());
+    model->muteForADay(all[1]);
+    model->setAuthorMuted("mira-k", true);
+    EXPECT_EQ(
+        defaults->values.at(u"mutes.pullRequest.github|github.com|octo/tools|1"_s),
+        QVariant((QStringList{
+            u"2024-05-02T08:00:00Z"_s,
+            u"2024-05-01T12:00:00Z"_s,
+            u"open"_s,
+            u"ready"_s,
+            u"mergeable"_s,
+            u"none"_s,
+            u"0/0"_s,
+            u"0/0/0"_s})));
+    EXPECT_EQ(
+        readDate(*defaults, u"mutes.pullRequest.github|github.com|octo/tools|2"_s),
+        date("2024-05-03T08:00:00Z"));
+    EXPECT_EQ(defaults->values.at(u"mutes.authors"_s), QVariant(QStringList{u"mira-k"_s}));
+    model->unmute(first());
+    model->unmute(all[1]);
+    EXPECT_THAT(defaults->keys(u"mutes.pullRequest."_s), IsEmpty());
+}
+
+TEST_F(Muting, endsByItselfAfterADay)
+{
+    const auto before = clock->sleepers().size();
+    model->muteForADay(first());
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(2, 3));
+    EXPECT_THAT(model->mutedUntil(first()), Optional(date("2024-05-03T08:00:00Z")));
+    EXPECT_EQ(clock->sleepers().size(), before + 1) << "one timer, whatever is muted";
+    model->muteForADay(all[1]);
+    EXPECT_EQ(clock->sleepers().size(), before + 1);
+    provider->setError("error connecting to api.github.com");
+    clock->advance(24h - 1s);
+    EXPECT_THAT(shownNumbers(), ElementsAre(3));
+    clock->advance(1s);
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3)) << "without a refresh";
+    EXPECT_THAT(storedSettings().mutes, IsEmpty());
+    EXPECT_EQ(model->mutedUntil(first()), std::nullopt);
+}
+
+TEST_F(Muting, thatEndedWhileTheProgramDidNotRunHasEndedAtTheStart)
+{
+    model->muteForADay(first());
+    model.reset();
+    clock->advance(25h);
+    start();
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3));
+}
+
+TEST_F(Muting, outlastsNoClockThatWasSetBack)
+{
+    clock->set(24h * 365);
+    model->muteForADay(first());
+    model->setPollingInterval(PollingInterval::oneHour);
+    clock->set(-24h * 365);
+    refresh();
+    EXPECT_THAT(model->mutedUntil(first()), Optional(date("2024-05-03T08:00:00Z")));
+    clock->advance(24h);
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3));
+}
+
+TEST_F(Muting, ofAnAuthorTakesAllOfHisAndLastsUntilItIsTakenBack)
+{
+    model->setAuthorMuted("OTTER-BOT", true);
+    EXPECT_THAT(shownNumbers(), ElementsAre(1));
+    EXPECT_EQ(model->hidden(), (HiddenCounts{.filters = 0, .muted = 2}));
+    EXPECT_EQ(model->sightOf(all[2]), Sight::authorMuted);
+    model->resetFilters();
+    model->toggleStatus(StatusFilter::draft);
+    model->resetFilters();
+    EXPECT_THAT(shownNumbers(), ElementsAre(1)) << "mutes are no filters";
+    model->setAuthorMuted("otter-bot", false);
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3));
+}
+
+TEST_F(Muting, followsAnotherProcess)
+{
+    SettingsStore(*defaults).change([](Settings& settings) { settings.mutedAuthors = {"mira-k"}; });
+    model->readSettingsAgain();
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(2, 3));
+    SettingsStore(*defaults).change([&](Settings& settings) {
+        settings.mutedAuthors.clear();
+        settings.mutes = one(all[1], MutedUntilTime{clock->now() + 1h});
+    });
+    model->readSettingsAgain();
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 3));
+    model->setPollingInterval(PollingInterval::oneHour);
+    clock->advance(1h);
+    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3));
+}
+
+TEST_F(Muting, passesOverWhatMeansNothing)
+{
+    const QString key = u"mutes.pullRequest.github|github.com|octo/tools|1"_s;
+    for (const QVariant& stored :
+         {QVariant(u"2024-05-03T08:00:00Z"_s),
+          QVariant(true),
+          QVariant(),
+          QVariant(QStringList{u"2024-05-02T08:00:00Z"_s, u"open"_s})}) {
+        defaults->values.insert_or_assign(key, stored);
+        defaults->values.insert_or_assign(u"mutes.authors"_s, QStringList{u""_s, u"nobody"_s});
+        model->readSettingsAgain();
+        EXPECT_THAT(model->settings().mutes, IsEmpty());
+        EXPECT_THAT(model->settings().mutedAuthors, ElementsAre("nobody"));
+        EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3));
+    }
+}
+
+TEST_F(Muting, keepsWhatIsMutedOutOfNotifications)
+{
+    SettingsStore(*defaults).change([](Settings& settings) {
+        settings.newPullRequestNotificationsEnabled = true;
+        settings.unblockedNotificationsEnabled = true;
+        settings.mutedAuthors = {"otter-bot"};
+    });
+    all[0].checks = {0, 1, 1};
+    all[1].checks = {0, 1, 1};
+    provider->setPullRequests(all);
+    start();
+    refresh();
+    clock->advance(1min);
+    all[0].checks = {1, 1, 0};
+    all[1].checks = {1, 1, 0};
+    auto another = by("otter-bot", 4);
+    auto seenOne = by("mira-k", 5);
+    another.createdAt = clock->now();
+    seenOne.createdAt = clock->now();
+    all.push_back(another);
+    all.push_back(seenOne);
+    provider->setPullRequests(all);
+    refresh();
+    EXPECT_THAT(notifier->shown, UnorderedElementsAre("new 5", "unblocked 1"));
+    model->setAuthorMuted("otter-bot", false);
+    clock->advance(1min);
+    refresh();
+    EXPECT_THAT(notifier->shown, SizeIs(2)) << "what was missed is not told later";
+}
+
+}  // namespace
