@@ -84,11 +84,15 @@ class XfceTests(SessionTest):
         return self.screen.find(BELOW, is_not_black) is None
 
     def choose_in_menu(self, icon, number):
-        """Chooses the item at this place of three, counted from 1, from the menu that the host
-        draws over the black of the screen."""
+        """Chooses the item at this place of the last three, counted from 1, from the menu that the
+        host draws over the black of the screen."""
         self.screen.click(*icon.centre, button=3)
-        menu = wait_until(lambda: self.screen.find(BELOW, is_not_black), "the icon's menu")
-        self.screen.click(menu.centre[0], menu.y + menu.height * (2 * number - 1) // 6)
+        wait_until(lambda: self.screen.find(BELOW, is_not_black), "the icon's menu")
+        for _ in range(4 - number):
+            self.screen.key("Up")
+        # On the icon it would bring up the tooltip.
+        self.screen.move(10, SCREEN[1] - 10)
+        self.screen.key("Return")
 
     def testThePanelIsResizedAtItsEdges(self):
         self.session.start_xfce_panel()
@@ -167,6 +171,49 @@ class XfceTests(SessionTest):
         self.assertRegex(tooltip(self.session), r"^13 pull requests · Updated \d\d:\d\d$")
 
 
+class MenuTests(SessionTest):
+    """The menu as hosts read it, over its own protocol."""
+
+    window_manager = ("xfwm4", "--compositor=off")
+
+    def menu(self, member, *arguments):
+        """A call of the item's menu."""
+        answer = self.session.call(item_of(self.session), "/MenuBar", f"com.canonical.dbusmenu.{member}", "--", *arguments)
+        self.assertEqual(answer.returncode, 0, answer.stderr)
+        return answer.stdout
+
+    def entries(self):
+        """Each entry's number and label; "" is a separator's. Those that cannot be pressed have a "!"
+        in front."""
+        layout = self.menu("GetLayout", "0", "-1", "[]")
+        found = re.findall(r"<\((\d+), (\{.*?\}), @av \[\]\)>", layout)
+        return [
+            (
+                number,
+                ("!" if "'enabled': <false>" in values else "")
+                + (re.search(r"'label': <['\"](.*?)['\"]>", values) or ("", ""))[1],
+            )
+            for number, values in found
+        ]
+
+    def testItSaysWhatWaitsAndOpensIt(self):
+        self.programs.record("xdg-open")
+        self.session.start_xfce_panel()
+        self.start_tarnwick("--background")
+        self.tray_icon(TOP)
+        wait_until(lambda: any("#412" in label for _, label in self.entries()), "the menu's rows")
+        labels = [label for _, label in self.entries()]
+        self.assertRegex(labels[0], r"^!\d+ waits? on you · \d")
+        self.assertEqual(labels[-4:], ["", "Open Tarnwick", "Reload", "Quit"])
+        self.assertLessEqual(len(labels), 1 + 8 + 4)
+        number = next(number for number, label in self.entries() if "#412" in label)
+        self.menu("Event", number, "clicked", "<0>", "0")
+        wait_until(
+            lambda: "/harbourlight/ferry-api/pull/412" in str(self.programs.arguments("xdg-open")),
+            "the browser",
+        )
+
+
 class EmbeddingTests(SessionTest):
     """A program that does not find the bus sees a tray of the old kind alone, into which it puts
     a window."""
@@ -226,8 +273,8 @@ class LxqtTests(SessionTest):
         self.panel()
 
 
-def tooltip(session):
-    """What the program's item tells the tray, without the markup's markers."""
+def item_of(session):
+    """The program's name at the tray, or nothing."""
     items = session.call(
         "org.kde.StatusNotifierWatcher",
         "/StatusNotifierWatcher",
@@ -236,10 +283,16 @@ def tooltip(session):
         "RegisteredStatusNotifierItems",
     ).stdout
     name = re.search(r"'([^'/]+)/", items)
-    if not name:
+    return name and name[1]
+
+
+def tooltip(session):
+    """What the program's item tells the tray, without the markup's markers."""
+    item = item_of(session)
+    if not item:
         return None
     value = session.call(
-        name[1],
+        item,
         "/StatusNotifierItem",
         "org.freedesktop.DBus.Properties.Get",
         "org.kde.StatusNotifierItem",
