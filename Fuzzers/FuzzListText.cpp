@@ -43,8 +43,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view input = Fuzzers::textOf(data, size);
     const int columns = input.empty() ? 80 : std::max<int>(data[0], 1);
     const auto pullRequests = pullRequestsIn(input.substr(std::min<std::size_t>(size, 1)));
+    const auto rows = PullRequestKit::StackBuilder::rows(pullRequests);
+    std::vector<PullRequestKit::Turn> turns;
+    std::vector<Tarnwick::TurnGroup> groups;
+    for (const PullRequest& pullRequest : pullRequests) {
+        groups.push_back({PullRequestKit::Whose::you, turns.size(), 1, 1});
+        turns.push_back(
+            {PullRequestKit::Whose::you,
+             PullRequestKit::TurnReason::waitingFor,
+             {pullRequest.title, "mara"}});
+    }
+    const bool isByTurn = size > 1 && data[1] % 2 == 0 && rows.size() == turns.size();
     const std::string list = listText(
-        PullRequestKit::StackBuilder::rows(pullRequests),
+        isByTurn ? ShownList{rows, turns, groups} : ShownList{rows},
         [](const PullRequest& /*pullRequest*/) { return false; },
         {.isTerminal = true, .canErase = true, .hasColors = false, .columns = columns});
     std::size_t lines = 0;

@@ -66,6 +66,8 @@ public:
         /// Tells when `defaults` are to be read again; without it, that happens when the list is
         /// opened and with each change.
         std::shared_ptr<FileWatcher> settingsWatcher = nullptr;
+        /// Whether what a refresh finds is kept for the next start.
+        bool keepsList = true;
         /// Where a program that notifies keeps what was blocked. Others have none: what they find
         /// unblocked, nobody was told.
         std::optional<BlockedPullRequestsFile> blocked = std::nullopt;

@@ -193,7 +193,9 @@ void PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
     _isAccepting = false;
     rememberBlocked();
     result.snapshot.refreshedAt = now;
-    _snapshotWriter.save(std::move(result.snapshot), _details);
+    if (_parts.keepsList) {
+        _snapshotWriter.save(std::move(result.snapshot), _details);
+    }
     refreshFacts(std::move(toldAsNew));
 }
 

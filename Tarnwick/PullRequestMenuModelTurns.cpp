@@ -97,7 +97,7 @@ void PullRequestMenuModel::factsSettled(bool hitSecondaryLimit)
 
 void PullRequestMenuModel::saveFacts()
 {
-    if (std::exchange(_areFactsUnsaved, false)) {
+    if (std::exchange(_areFactsUnsaved, false) && _parts.keepsList) {
         _snapshotWriter.save(
             PullRequestFactsFile::beside(_parts.cache), {_facts.facts(), _pollingRest.quota()});
     }

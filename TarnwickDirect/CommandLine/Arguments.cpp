@@ -16,9 +16,11 @@ Usage:
         Start Tarnwick in the tray and open its panel, or show the panel of the
         running one. With --background the panel stays closed; --toggle closes
         it when it is open, for a key binding.
-  tarnwick list [--cached] [--json]
-        Refresh once and print the pull requests of the selected repositories,
-        stacked branches as a tree. With --cached print what was last known.
+  tarnwick list [--by-turn] [--reviewers myself | any | involved] [--json]
+        Refresh once and print the pull requests, stacked branches as a tree.
+        --by-turn and --reviewers take the place of the settings for once.
+  tarnwick list --cached [--by-turn] [--json]
+        Print what was last known.
   tarnwick watch [--format json | waybar | i3 | line]
         Print the state of the list, and again at every change, for a bar.
   tarnwick repositories [--json]
@@ -29,8 +31,7 @@ Usage:
   tarnwick --help | --version
 
 Every request is a run of the GitHub CLI (gh); sign in with: gh auth login
-"list" exits with status 0 if the refresh succeeded and 1 if it failed; invalid
-usage exits with status 2.
+"list" exits with 0 if the refresh succeeded and 1 if not; invalid usage with 2.
 )";
 
 /// The words of one command, taken apart into options and the rest. An option that is given to the
@@ -99,14 +100,34 @@ private:
     std::vector<std::string> _rest;
 };
 
+std::optional<Tarnwick::ReviewerFilter> readReviewers(const std::optional<std::string>& text)
+{
+    if (!text) {
+        return std::nullopt;
+    }
+    for (const auto filter : PullRequestKit::allCases<Tarnwick::ReviewerFilter>()) {
+        if (*text == PullRequestKit::nameOf(Tarnwick::reviewerScopeOf(filter))) {
+            return filter;
+        }
+    }
+    throw UsageError("--reviewers is one of myself, any and involved.");
+}
+
 Command parseList(const std::vector<std::string>& words)
 {
-    const Words parsed(words, {"--json", "--cached"});
+    const Words parsed(words, {"--json", "--cached", "--by-turn", "--reviewers="});
     if (parsed.has("--help")) {
         return ShowHelp{};
     }
     parsed.requireNoRest();
-    return ListPullRequests{.asJson = parsed.has("--json"), .isCached = parsed.has("--cached")};
+    if (parsed.has("--cached") && parsed.has("--reviewers")) {
+        throw UsageError("Give either --cached or --reviewers, not both.");
+    }
+    return ListPullRequests{
+        .asJson = parsed.has("--json"),
+        .isCached = parsed.has("--cached"),
+        .byTurn = parsed.has("--by-turn"),
+        .reviewers = readReviewers(parsed.value("--reviewers"))};
 }
 
 Command parseWatch(const std::vector<std::string>& words)

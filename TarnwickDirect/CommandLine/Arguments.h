@@ -1,7 +1,9 @@
 #pragma once
 
+#include "Tarnwick/Model/Filters.h"
 #include "TarnwickDirect/CommandLine/WatchFormat.h"
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <variant>
@@ -31,6 +33,9 @@ struct ShowPanel {
 struct ListPullRequests {
     bool asJson = false;
     bool isCached = false;  ///< `--cached`: what was last known, without asking.
+    bool byTurn = false;    ///< `--by-turn`: whatever the setting says.
+    /// `--reviewers`: in the place of the setting, for once.
+    std::optional<Tarnwick::ReviewerFilter> reviewers = std::nullopt;
 };
 
 /// `tarnwick watch`

@@ -1,5 +1,7 @@
 #include "TarnwickDirect/CommandLine/ListCells.h"
 
+#include "PullRequestKit/TurnWording.h"
+
 namespace TarnwickDirect {
 
 using namespace PullRequestKit;
@@ -64,6 +66,25 @@ Cell titleCell(const PullRequest& pullRequest, bool isVisited)
     return {
         "#" + std::to_string(pullRequest.id.number) + " " + singleLine(pullRequest.title),
         isVisited ? Style::faint : Style::plain};
+}
+
+Cell reasonCell(const Turn& turn, int columns)
+{
+    const Style style = asksSomething(turn.whose) ? Style::strong : Style::faint;
+    const std::string whole = singleLine(reasonText(turn));
+    if (columns == 0 || displayWidth(whole) <= columns || turn.names.empty()) {
+        return {whole, style};
+    }
+    const std::string others =
+        turn.names.size() > 1 ? ", +" + std::to_string(turn.names.size() - 1) : std::string();
+    const int rest = columns - displayWidth(others);
+    return {elided(singleLine(reasonWords(turn) + turn.names.front()), rest) + others, style};
+}
+
+Cell headingCell(const Tarnwick::TurnGroup& group)
+{
+    return {
+        std::string(headingOf(group.whose)) + "  " + std::to_string(group.count), Style::strong};
 }
 
 std::vector<Cell> detailCells(const PullRequest& pullRequest)

@@ -1,6 +1,8 @@
 #include "TarnwickDirect/CommandLine/ListCommand.h"
 
 #include "Tarnwick/Async/RunUntilDone.h"
+#include "Tarnwick/Model/SettingsKeys.h"
+#include "Tarnwick/Persistence/OverridingDefaults.h"
 #include "Tarnwick/StandardCollaborators.h"
 #include "TarnwickDirect/CommandLine/ListJson.h"
 #include "TarnwickDirect/CommandLine/ListText.h"
@@ -9,6 +11,8 @@
 #include "TarnwickDirect/Environment.h"
 
 #include <iostream>
+#include <memory>
+#include <utility>
 
 #include <unistd.h>
 
@@ -18,6 +22,35 @@ using Tarnwick::MenuState;
 using Tarnwick::PullRequestMenuModel;
 
 namespace {
+
+/// The same settings, of which one has the value with this name for once.
+template<typename Value>
+void setForOnce(std::shared_ptr<Tarnwick::DefaultsStore>& defaults, const QString& key, Value value)
+{
+    const std::string name(PullRequestKit::nameOf(value));
+    defaults = std::make_shared<Tarnwick::OverridingDefaults>(
+        std::move(defaults), key, QString::fromStdString(name));
+}
+
+/// The user's settings and cache. What is listed for other reviewers is not kept.
+PullRequestMenuModel::Collaborators collaborators(const ListPullRequests& command)
+{
+    auto parts = Tarnwick::standardCollaborators(environment());
+    if (command.byTurn) {
+        const auto arrangement = Tarnwick::Arrangement::byWhoseTurn;
+        setForOnce(parts.defaults, Tarnwick::SettingsKeys::arrangement, arrangement);
+    }
+    if (command.reviewers) {
+        setForOnce(parts.defaults, Tarnwick::SettingsKeys::reviewers, *command.reviewers);
+        parts.keepsList = false;
+    }
+    return parts;
+}
+
+bool isLoaded(const PullRequestMenuModel& model)
+{
+    return model.state().kind == MenuState::Kind::loaded && !model.refreshError();
+}
 
 /// Makes one refresh and says meanwhile what it does. A signal stops it.
 void refreshOnce(PullRequestMenuModel& model, const Interruption& interruption)
@@ -34,6 +67,10 @@ void refreshOnce(PullRequestMenuModel& model, const Interruption& interruption)
     QObject::connect(&interruption, &Interruption::interrupted, &context, [&] { model.stop(); });
     showProgress();
     Tarnwick::runUntilDone(model.refresh());
+    const bool isByTurn = model.settings().arrangement == Tarnwick::Arrangement::byWhoseTurn;
+    if (isByTurn && isLoaded(model)) {
+        Tarnwick::runUntilDone(model.askForFacts());
+    }
 }
 
 /// What there is to say beside the rows.
@@ -68,30 +105,31 @@ void explain(const PullRequestMenuModel& model)
     }
 }
 
-std::string text(PullRequestMenuModel& model)
+std::string text(const PullRequestMenuModel& model, const ShownList& list)
 {
     const auto isVisited = [&](const PullRequestKit::PullRequest& pullRequest) {
         return model.visits().isVisited(pullRequest);
     };
-    return listText(model.rows(), isVisited, terminalTraits(STDOUT_FILENO));
+    return listText(list, isVisited, terminalTraits(STDOUT_FILENO));
 }
 
 }  // namespace
 
 int listPullRequests(const ListPullRequests& command, const Interruption& interruption)
 {
-    PullRequestMenuModel model(Tarnwick::standardCollaborators(environment()));
+    PullRequestMenuModel model(collaborators(command));
     if (!command.isCached) {
         refreshOnce(model, interruption);
     }
     if (interruption.signal()) {
         return 1;
     }
+    const ShownList list{model.rows(), model.turns(), model.groups()};
     StandardOutput output;
     if (command.asJson) {
-        writeListJson(output.stream(), model);
+        writeListJson(output.stream(), model, list);
     } else {
-        output.stream() << text(model);
+        output.stream() << text(model, list);
     }
     if (const int status = output.finish(); status != 0) {
         return status;
@@ -99,11 +137,7 @@ int listPullRequests(const ListPullRequests& command, const Interruption& interr
     if (!command.asJson) {
         explain(model);
     }
-    if (command.isCached) {
-        return 0;
-    }
-    const bool isLoaded = model.state().kind == MenuState::Kind::loaded && !model.refreshError();
-    return isLoaded ? 0 : 1;
+    return command.isCached || isLoaded(model) ? 0 : 1;
 }
 
 }  // namespace TarnwickDirect

@@ -1,6 +1,7 @@
 #include "TarnwickDirect/CommandLine/ListJson.h"
 
 #include "PullRequestKit/Json/Writing.h"
+#include "PullRequestKit/TurnWording.h"
 
 #include <ostream>
 #include <string_view>
@@ -52,21 +53,80 @@ boost::json::object header(const PullRequestMenuModel& model)
     return object;
 }
 
+boost::json::array texts(const std::vector<SharedText>& names)
+{
+    boost::json::array list;
+    for (const SharedText& name : names) {
+        list.emplace_back(name.text());
+    }
+    return list;
+}
+
+/// Null where the names behind the counts are not known.
+boost::json::value detailsOf(const PullRequestMenuModel& model, const PullRequestID& id)
+{
+    const auto found = model.details()->find(id);
+    if (found == model.details()->end()) {
+        return nullptr;
+    }
+    const PullRequestDetails& details = found->second;
+    boost::json::array reviews;
+    for (const LatestReview& review : details.reviews) {
+        reviews.push_back({{"author", review.author}, {"state", nameOf(review.verdict)}});
+    }
+    return {
+        {"requested",
+         {{"users", Json::write(details.requestedUsers)},
+          {"teams", Json::write(details.requestedTeams)}}},
+        {"reviews", std::move(reviews)},
+        {"checks",
+         {{"passed", details.passedChecks.size()},
+          {"running", texts(details.runningChecks)},
+          {"failed", texts(details.failedChecks)}}},
+        {"isCutOff", details.isCutOff()}};
+}
+
+void addTurn(boost::json::object& row, const Turn& turn)
+{
+    row["turn"] = nameOf(turn.whose);
+    if (std::string reason = reasonText(turn); !reason.empty()) {
+        row["reason"] = std::move(reason);
+    }
+}
+
+/// What stands behind the rows.
+boost::json::object footer(const PullRequestMenuModel& model)
+{
+    const Tarnwick::HiddenCounts& hidden = model.hidden();
+    boost::json::object object;
+    object["hidden"] = {{"filters", hidden.filters}, {"muted", hidden.total() - hidden.filters}};
+    if (const auto& quota = model.quota()) {
+        object["quota"] = {
+            {"remaining", quota->remaining},
+            {"limit", quota->limit},
+            {"resetAt", formatDate(quota->resetAt)}};
+    }
+    return object;
+}
+
 }  // namespace
 
-void writeListJson(std::ostream& stream, PullRequestMenuModel& model)
+void writeListJson(std::ostream& stream, const PullRequestMenuModel& model, const ShownList& list)
 {
     std::string start = boost::json::serialize(header(model));
     start.pop_back();
     stream << start << R"(,"rows":[)";
-    std::string_view separator;
-    for (const PullRequestRow& row : model.rows()) {
+    for (std::size_t index = 0; index < list.rows.size(); ++index) {
+        const PullRequestRow& row = list.rows[index];
         boost::json::object object = Json::writeObject(row);
         object["isVisited"] = model.visits().isVisited(row.pullRequest);
-        stream << separator << boost::json::serialize(object);
-        separator = ",";
+        if (!list.turns.empty()) {
+            addTurn(object, list.turns[index]);
+        }
+        object["details"] = detailsOf(model, row.id());
+        stream << (index > 0 ? "," : "") << boost::json::serialize(object);
     }
-    stream << "]}\n";
+    stream << "]," << boost::json::serialize(footer(model)).substr(1) << '\n';
 }
 
 }  // namespace TarnwickDirect

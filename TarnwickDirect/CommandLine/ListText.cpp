@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 
 namespace TarnwickDirect {
 
@@ -17,6 +18,9 @@ constexpr int gapWidth = 2;
 
 /// Titles that have this much need no further line for their details.
 constexpr int ampleTitle = 50;
+
+/// Reasons are shortened to half of the terminal, of which this much is enough.
+constexpr int ampleReason = 40;
 
 /// Without a terminal titles are not cut, but longer ones do not move the other rows' columns.
 constexpr int alignedTitle = 72;
@@ -50,19 +54,25 @@ std::string padding(int width)
 }
 
 std::vector<Entry> entriesOf(
-    const std::vector<PullRequestRow>& rows,
-    const std::function<bool(const PullRequest&)>& isVisited)
+    const ShownList& list,
+    const std::function<bool(const PullRequest&)>& isVisited,
+    int terminalColumns)
 {
-    std::vector<TreeLines> trees = treeLines(rows);
+    std::vector<TreeLines> trees = treeLines(list.rows);
     std::vector<Entry> entries;
-    entries.reserve(rows.size());
-    for (std::size_t index = 0; index < rows.size(); ++index) {
-        const PullRequest& pullRequest = rows[index].pullRequest;
+    entries.reserve(list.rows.size());
+    for (std::size_t index = 0; index < list.rows.size(); ++index) {
+        const PullRequestRow& row = list.rows[index];
+        std::vector<Cell> details = detailCells(row.pullRequest);
+        if (!list.turns.empty()) {
+            const int columns = std::min((terminalColumns + 1) / 2, ampleReason);
+            details.insert(details.begin(), reasonCell(list.turns[index], columns));
+        }
         entries.push_back(
             {std::move(trees[index]),
-             titleCell(pullRequest, isVisited(pullRequest)),
-             detailCells(pullRequest),
-             Cell{singleLine(rows[index].warning.value_or("")), Style::yellow}});
+             titleCell(row.pullRequest, isVisited(row.pullRequest)),
+             std::move(details),
+             Cell{singleLine(row.warning.value_or("")), Style::yellow}});
     }
     return entries;
 }
@@ -163,6 +173,9 @@ std::string drawFolded(const Entry& entry, const TerminalTraits& terminal)
     text += drawnCell(entry.title, terminal.columns - displayWidth(tree));
     int used = available;
     for (const Cell& cell : entry.details) {
+        if (cell.text.empty()) {
+            continue;
+        }
         const int width = std::min(widthOf(cell), available);
         const bool fits = used + gapWidth + width <= available;
         text += fits ? std::string(gap) : start;
@@ -175,35 +188,60 @@ std::string drawFolded(const Entry& entry, const TerminalTraits& terminal)
     return text + "\n";
 }
 
+/// The headings of the groups that begin at this row, as whole lines.
+std::string drawHeading(const ShownList& list, std::size_t row, const TerminalTraits& terminal)
+{
+    std::string text;
+    for (const Tarnwick::TurnGroup& group : list.groups) {
+        if (group.firstRow == row) {
+            const Cell heading = headingCell(group);
+            text += row > 0 ? "\n" : "";
+            text += styled(
+                terminal.columns > 0 ? elided(heading.text, terminal.columns) : heading.text,
+                heading.style,
+                terminal.hasColors);
+            text += "\n";
+        }
+    }
+    return text;
+}
+
+/// Where things stand when each pull request has one line; nothing where that leaves the titles too
+/// little.
+std::optional<Columns> columnsOf(const std::vector<Entry>& entries, const TerminalTraits& terminal)
+{
+    Columns columns = naturalColumns(entries);
+    if (terminal.columns == 0) {
+        columns.title = std::min(columns.title, alignedTitle);
+        return columns;
+    }
+    int available = terminal.columns;
+    for (const int width : columns.details) {
+        available -= gapWidth + width;
+    }
+    if (available < neededTitleColumn(entries, terminal.columns)) {
+        return std::nullopt;
+    }
+    columns.title = std::min(columns.title, available);
+    return columns;
+}
+
 }  // namespace
 
 std::string listText(
-    const std::vector<PullRequestRow>& rows,
+    const ShownList& list,
     const std::function<bool(const PullRequest&)>& isVisited,
     const TerminalTraits& terminal)
 {
-    const std::vector<Entry> entries = entriesOf(rows, isVisited);
-    Columns columns = naturalColumns(entries);
-    if (terminal.columns > 0) {
-        int available = terminal.columns;
-        for (const int width : columns.details) {
-            available -= gapWidth + width;
-        }
-        if (available < neededTitleColumn(entries, terminal.columns)) {
-            std::string text;
-            for (const Entry& entry : entries) {
-                text += drawFolded(entry, terminal);
-            }
-            return text;
-        }
-        columns.title = std::min(columns.title, available);
-    } else {
-        columns.title = std::min(columns.title, alignedTitle);
+    const std::vector<Entry> entries = entriesOf(list, isVisited, terminal.columns);
+    std::optional<OneLineEach> lines;
+    if (auto columns = columnsOf(entries, terminal)) {
+        lines.emplace(*std::move(columns), terminal);
     }
-    const OneLineEach lines(std::move(columns), terminal);
     std::string text;
-    for (const Entry& entry : entries) {
-        text += lines.draw(entry);
+    for (std::size_t row = 0; row < entries.size(); ++row) {
+        text += drawHeading(list, row, terminal);
+        text += lines ? lines->draw(entries[row]) : drawFolded(entries[row], terminal);
     }
     return text;
 }

@@ -15,7 +15,7 @@ constexpr std::string_view nothing = "   ";
 constexpr std::string_view ellipsis = "…  ";
 
 /// Whether a later row stands on the same level under the same parent.
-bool hasLaterSibling(const std::vector<PullRequestRow>& rows, std::size_t index)
+bool hasLaterSibling(std::span<const PullRequestRow> rows, std::size_t index)
 {
     const std::int64_t depth = rows[index].depth;
     const auto next = std::find_if(
@@ -27,7 +27,7 @@ bool hasLaterSibling(const std::vector<PullRequestRow>& rows, std::size_t index)
 
 }  // namespace
 
-std::vector<TreeLines> treeLines(const std::vector<PullRequestRow>& rows)
+std::vector<TreeLines> treeLines(std::span<const PullRequestRow> rows)
 {
     std::vector<TreeLines> trees;
     trees.reserve(rows.size());

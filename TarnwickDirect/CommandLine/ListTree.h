@@ -2,6 +2,7 @@
 
 #include "PullRequestKit/PullRequestRow.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,7 +19,7 @@ struct TreeLines {
 inline constexpr int treePieceWidth = 3;
 
 /// One for each of the rows, in their order. Safe from any thread.
-std::vector<TreeLines> treeLines(const std::vector<PullRequestKit::PullRequestRow>& rows);
+std::vector<TreeLines> treeLines(std::span<const PullRequestKit::PullRequestRow> rows);
 
 /// The pieces as one text of at most `columns` columns; where they take more, an ellipsis stands
 /// for the ones nearest to the root. Safe from any thread.

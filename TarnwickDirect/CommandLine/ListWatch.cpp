@@ -54,7 +54,7 @@ void ListWatch::readFiles()
         _interval = Tarnwick::secondsOf(model.settings().pollingInterval);
         if (_format == WatchFormat::json) {
             std::ostringstream text;
-            writeListJson(text, model);
+            writeListJson(text, model, {model.rows(), model.turns(), model.groups()});
             _json = text.str();
             _json.pop_back();  // The end of the line.
         }

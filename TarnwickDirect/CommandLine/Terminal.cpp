@@ -98,6 +98,8 @@ const char* sequence(Style style)
     switch (style) {
     case Style::plain:
         return "";
+    case Style::strong:
+        return "\x1b[1m";
     case Style::faint:
         return "\x1b[2m";
     case Style::red:

@@ -18,6 +18,7 @@ TerminalTraits terminalTraits(int descriptor);
 
 enum class Style {
     plain,
+    strong,
     faint,
     red,
     green,

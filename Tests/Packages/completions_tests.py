@@ -81,7 +81,12 @@ class OfferedWords:
         self.assertEqual(self.offered("--ba"), ["--background"])
 
     def testOffersWhatListTakes(self):
-        self.assertEqual(self.offered("list", "--"), ["--cached", "--help", "--json"])
+        self.assertEqual(
+            self.offered("list", "--"),
+            ["--by-turn", "--cached", "--help", "--json", "--reviewers"],
+        )
+        self.assertEqual(self.offered("list", "--reviewers", ""), ["any", "involved", "myself"])
+        self.assertEqual(self.offered("list", "--reviewers", "in"), ["involved"])
 
     def testOffersWhatWatchTakes(self):
         self.assertEqual(self.offered("watch", "--"), ["--format", "--help"])
@@ -181,6 +186,10 @@ class ZshTests(CompletionsTest):
             ["watch ", "list --cached ", "watch --format ", "watch --format waybar "],
         )
         self.assertEqual(
+            self.completed("list --b", "list --reviewers in"),
+            ["list --by-turn ", "list --reviewers involved "],
+        )
+        self.assertEqual(
             self.completed("repositories select --a", "repositories unselect --a"),
             ["repositories select --all ", "repositories unselect --all "],
         )
@@ -199,13 +208,17 @@ class ZshTests(CompletionsTest):
 
 class AllShellsTests(CompletionsTest):
     def testOfferEveryOptionOfTheHelpTextAndNoOther(self):
-        known = set(re.findall(r"--([a-z]+)", self.output_of(PROGRAM, "--help")))
-        self.assertEqual(known, {"all", "background", "cached", "format", "help", "json", "toggle", "version"})
+        known = set(re.findall(r"--([a-z-]+)", self.output_of(PROGRAM, "--help")))
+        self.assertEqual(
+            known,
+            {"all", "background", "by-turn", "cached", "format", "help", "json"}
+            | {"reviewers", "toggle", "version"},
+        )
         for path in (BASH, ZSH, FISH):
             with open(path, encoding="utf-8") as file:
                 text = file.read()
-            offered = set(re.findall(r"--([a-z]+)", text))
-            offered |= set(re.findall(r"(?m)^complete .* -l ([a-z]+)", text))
+            offered = set(re.findall(r"--([a-z-]+)", text))
+            offered |= set(re.findall(r"(?m)^complete .* -l ([a-z-]+)", text))
             self.assertEqual(offered, known, path)
 
 

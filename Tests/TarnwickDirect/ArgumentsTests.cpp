@@ -1,5 +1,10 @@
 #include "TarnwickDirect/CommandLine/Arguments.h"
 
+#include "TarnwickDirect/CommandLine/Terminal.h"
+
+#include <algorithm>
+#include <sstream>
+
 #include <gmock/gmock.h>
 
 namespace {
@@ -45,6 +50,21 @@ TEST(Arguments, listAsTextAndAsJson)
 {
     EXPECT_FALSE(std::get<ListPullRequests>(parseArguments({"list"})).asJson);
     EXPECT_TRUE(std::get<ListPullRequests>(parseArguments({"list", "--json"})).asJson);
+}
+
+TEST(Arguments, listByWhoseTurnAndForOtherReviewersForOnce)
+{
+    const auto list = [](const std::vector<std::string>& words) {
+        return std::get<ListPullRequests>(parseArguments(words));
+    };
+    EXPECT_FALSE(list({"list"}).byTurn);
+    EXPECT_TRUE(list({"list", "--by-turn", "--json"}).byTurn);
+    EXPECT_EQ(list({"list"}).reviewers, std::nullopt);
+    EXPECT_EQ(list({"list", "--reviewers", "myself"}).reviewers, Tarnwick::ReviewerFilter::myself);
+    EXPECT_EQ(list({"list", "--reviewers=any"}).reviewers, Tarnwick::ReviewerFilter::any);
+    EXPECT_EQ(
+        list({"list", "--reviewers", "any", "--reviewers", "involved"}).reviewers,
+        Tarnwick::ReviewerFilter::involved);
 }
 
 TEST(Arguments, listRepositoriesAsTextAndAsJson)
@@ -96,7 +116,8 @@ TEST(Arguments, helpNamesEveryCommand)
 {
     for (const char* const command :
          {"tarnwick [--background | --toggle]",
-          "tarnwick list [--cached] [--json]",
+          "tarnwick list [--by-turn] [--reviewers myself | any | involved] [--json]",
+          "tarnwick list --cached [--by-turn] [--json]",
           "tarnwick watch [--format json | waybar | i3 | line]",
           "tarnwick repositories [--json]",
           "tarnwick repositories select",
@@ -125,11 +146,20 @@ TEST(Arguments, watchTakesAFormat)
     EXPECT_EQ(format({"watch", "--format", "i3", "--format", "line"}), WatchFormat::line);
     EXPECT_EQ(usageError({"watch", "--format"}), "--format takes a value.");
     EXPECT_EQ(
-        usageError({"watch", "--format", "xml"}),
-        "--format is one of json, waybar, i3 and line.");
+        usageError({"watch", "--format", "xml"}), "--format is one of json, waybar, i3 and line.");
     EXPECT_EQ(usageError({"watch", "--json"}), "Unknown option --json.");
     EXPECT_EQ(usageError({"watch", "now"}), "Unexpected argument \"now\".");
     EXPECT_EQ(usageError({"list", "--json=yes"}), "Unknown option --json=yes.");
+}
+
+TEST(Arguments, helpFitsOneScreen)
+{
+    const std::string text = helpText();
+    EXPECT_LE(std::ranges::count(text, '\n'), 23);
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        EXPECT_LE(displayWidth(line), 80) << line;
+    }
 }
 
 TEST(Arguments, namesWhatIsInvalid)
@@ -140,6 +170,16 @@ TEST(Arguments, namesWhatIsInvalid)
     EXPECT_EQ(usageError({"lost"}), "Unexpected argument \"lost\".");
     EXPECT_THAT(usageError({"list", "octo/a"}), HasSubstr("\"octo/a\""));
     EXPECT_EQ(usageError({"list", "--yaml"}), "Unknown option --yaml.");
+    EXPECT_EQ(
+        usageError({"list", "--cached", "--reviewers", "any"}),
+        "Give either --cached or --reviewers, not both.");
+    EXPECT_EQ(usageError({"list", "--reviewers"}), "--reviewers takes a value.");
+    for (const std::string name : {"Any", "me", ""}) {
+        EXPECT_EQ(
+            usageError({"list", "--reviewers", name}),
+            "--reviewers is one of myself, any and involved.");
+    }
+    EXPECT_EQ(usageError({"list", "--by-turn=yes"}), "Unknown option --by-turn=yes.");
     EXPECT_THAT(usageError({"--json"}), HasSubstr("--json"));
     EXPECT_THAT(usageError({"repositories", "choose"}), HasSubstr("\"choose\""));
     EXPECT_THAT(usageError({"repositories", "select"}), HasSubstr("owner/name"));

@@ -1,26 +1,44 @@
 #include "TarnwickDirect/CommandLine/ListJson.h"
 
 #include "Fakes/ModelFixture.h"
+#include "Support/PullRequests.h"
+#include "Tarnwick/Async/RunUntilDone.h"
 
 #include <boost/json.hpp>
 #include <sstream>
+
+#include <gmock/gmock.h>
 
 namespace {
 
 using PullRequestKit::NotAuthenticated;
 using PullRequestKit::Unavailable;
+using TestSupport::makePullRequest;
 
 class ListJson : public TestSupport::ModelTest {
 protected:
+    void SetUp() override { selectTools(); }
+
+    std::string text(const Tarnwick::ArrangedRows& list = {}) const
+    {
+        std::ostringstream text;
+        TarnwickDirect::writeListJson(text, *model, {model->rows(), list.turns, list.groups});
+        return text.str();
+    }
+
     boost::json::object written()
     {
         start();
         refresh();
-        std::ostringstream text;
-        TarnwickDirect::writeListJson(text, *model);
-        return boost::json::parse(text.str()).as_object();
+        return boost::json::parse(text()).as_object();
     }
 };
+
+/// The text with the direction mark that stands for "RTL" in it.
+std::string withMark(std::string text)
+{
+    return text.replace(text.find("RTL"), 3, "\u202E");
+}
 
 std::string messageOf(const boost::json::object& list)
 {
@@ -48,6 +66,82 @@ TEST_F(ListJson, hasNoMessageWhenTheListIsLoaded)
     const auto list = written();
     EXPECT_EQ(list.at("state"), "loaded");
     EXPECT_FALSE(list.contains("message"));
+}
+
+TEST_F(ListJson, tellsTheNamesBehindTheCounts)
+{
+    PullRequestKit::PullRequestDetails details;
+    details.requestedUsers = {"mara"};
+    details.requestedTeams = {"platform", "\u202Edocs"};
+    details.reviews = {{"noa-b", PullRequestKit::ReviewVerdict::changesRequested}};
+    details.passedChecks = {"build", "lint"};
+    details.runningChecks = {"audit"};
+    details.failedChecks = {"test"};
+    details.checkLimit = 100;
+    provider->setPullRequests({makePullRequest(1)});
+    provider->setDetails({details});
+    start();
+    refresh();
+    const std::string expected = R"("isVisited":false,"details":{"requested":{"users":["mara"],)"
+                                 R"("teams":["platform","RTLdocs"]},)"
+                                 R"("reviews":[{"author":"noa-b","state":"changesRequested"}],)"
+                                 R"("checks":{"passed":2,"running":["audit"],"failed":["test"]},)"
+                                 R"("isCutOff":true}}],"hidden":{"filters":0,"muted":0}})";
+    EXPECT_THAT(text(), testing::HasSubstr(withMark(expected)));
+}
+
+TEST_F(ListJson, tellsNoNamesWhereNoneAreKnown)
+{
+    provider->setPullRequests({makePullRequest(1)});
+    start();
+    refresh();
+    EXPECT_THAT(text(), testing::HasSubstr(R"("isVisited":false,"details":null}],"hidden")"));
+}
+
+TEST_F(ListJson, tellsTurnAndReasonBeforeTheNamesByWhoseTurn)
+{
+    using PullRequestKit::TurnReason;
+    using PullRequestKit::Whose;
+    provider->setPullRequests({makePullRequest(1), makePullRequest(2), makePullRequest(3)});
+    start();
+    refresh();
+    Tarnwick::ArrangedRows list;
+    list.turns = {
+        {Whose::you, TurnReason::changesRequested, {"noa-b", "\u202Emara"}},
+        {Whose::teams, TurnReason::teamReview, {"platform"}},
+        {Whose::others}};
+    const std::string written = text(list);
+    const std::string expected =
+        R"("isVisited":false,"turn":"you","reason":"Changes requested: noa-b, RTLmara","details":)";
+    EXPECT_THAT(written, testing::HasSubstr(withMark(expected)));
+    EXPECT_THAT(
+        written,
+        testing::HasSubstr(R"("turn":"teams","reason":"Your team’s review: platform","details":)"));
+    EXPECT_THAT(written, testing::HasSubstr(R"("turn":"others","details":)"));
+}
+
+TEST_F(ListJson, countsWhatIsHidden)
+{
+    auto draft = makePullRequest(2);
+    draft.isDraft = true;
+    provider->setPullRequests({makePullRequest(1), draft});
+    EXPECT_EQ(written().at("hidden"), (boost::json::object{{"filters", 1}, {"muted", 0}}));
+}
+
+TEST_F(ListJson, tellsTheQuotaOnceItIsKnown)
+{
+    provider->setPullRequests({makePullRequest(1)});
+    provider->setFacts([](auto) {
+        return PullRequestKit::FactsAnswer{
+            {}, PullRequestKit::Quota{5000, 312, TestSupport::date("2024-05-01T14:20:00Z")}};
+    });
+    EXPECT_FALSE(written().contains("quota"));
+    Tarnwick::runUntilDone(model->askForFacts());
+    EXPECT_THAT(
+        text(),
+        testing::EndsWith(
+            R"(,"quota":{"remaining":312,"limit":5000,"resetAt":"2024-05-01T14:20:00Z"}})"
+            "\n"));
 }
 
 }  // namespace

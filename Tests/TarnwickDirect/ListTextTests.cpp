@@ -34,7 +34,7 @@ TerminalTraits terminal(int columns)
 
 std::string list(const std::vector<PullRequest>& pullRequests, const TerminalTraits& traits = {})
 {
-    return listText(StackBuilder::rows(pullRequests), noneIsVisited, traits);
+    return listText({StackBuilder::rows(pullRequests)}, noneIsVisited, traits);
 }
 
 PullRequest titled(PullRequest pullRequest, std::string title)
@@ -109,7 +109,7 @@ TEST(ListText, goesOnWithTheTreeBesideAWarning)
     rows[0].warning = "Ambiguous base branch";
     rows[1].warning = "Ambiguous base branch";
     EXPECT_EQ(
-        listText(rows, noneIsVisited, {}),
+        listText({rows}, noneIsVisited, {}),
         "#1 one       octo/tools  open  no reviews  no checks\n"
         "│  Ambiguous base branch\n"
         "├─ #2 two    octo/tools  open  no reviews  no checks\n"
@@ -266,7 +266,8 @@ RC_GTEST_PROP(ListTextProperties, noLineIsWiderThanTheTerminal, ())
 {
     ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
     const int columns = *rc::gen::inRange(1, 160);
-    for (const std::string& line : linesOf(listText(anyRows(), noneIsVisited, terminal(columns)))) {
+    for (const std::string& line :
+         linesOf(listText({anyRows()}, noneIsVisited, terminal(columns)))) {
         RC_ASSERT(displayWidth(line) <= columns);
         RC_ASSERT(libraryWidth(line) <= columns);
     }
@@ -276,7 +277,7 @@ RC_GTEST_PROP(ListTextProperties, titlesKeepHalfOfTheWidth, ())
 {
     const int columns = *rc::gen::inRange(1, 160);
     const auto rows = anyRows();
-    const auto lines = linesOf(listText(rows, noneIsVisited, terminal(columns)));
+    const auto lines = linesOf(listText({rows}, noneIsVisited, terminal(columns)));
     std::size_t next = 0;
     for (const PullRequestRow& row : rows) {
         const std::string number = "#" + std::to_string(row.id().number) + " ";
@@ -289,6 +290,91 @@ RC_GTEST_PROP(ListTextProperties, titlesKeepHalfOfTheWidth, ())
         }
         RC_ASSERT(next < lines.size());
         ++next;
+    }
+}
+
+Tarnwick::ArrangedRows arrangedList()
+{
+    Tarnwick::ArrangedRows list;
+    list.rows = StackBuilder::rows(
+        {titled(makePullRequest(1, "a", "main"), "one"),
+         titled(makePullRequest(2, "b", "a"), "two"),
+         titled(makePullRequest(3, "c", "main"), "three")});
+    list.turns = {
+        {Whose::you, TurnReason::yourReview},
+        {Whose::others, TurnReason::waitingFor, {"mara-lindqvist", "noa-b", "tomasz-w"}},
+        {Whose::others}};
+    list.groups = {{Whose::you, 0, 2, 1}, {Whose::others, 2, 1, 1}};
+    return list;
+}
+
+std::string byTurn(const Tarnwick::ArrangedRows& list, const TerminalTraits& traits = {})
+{
+    return listText({list.rows, list.turns, list.groups}, noneIsVisited, traits);
+}
+
+TEST(ListText, standsUnderHeadingsWithReasonsByWhoseTurn)
+{
+    EXPECT_EQ(
+        byTurn(arrangedList()),
+        "Waiting on You  1\n"
+        "#1 one     Your review                                  octo/tools  open  no reviews  no "
+        "checks\n"
+        "└─ #2 two  Waiting for mara-lindqvist, noa-b, tomasz-w  octo/tools  open  no reviews  no "
+        "checks\n"
+        "\n"
+        "Waiting on Others  1\n"
+        "#3 three                                                octo/tools  open  no reviews  no "
+        "checks\n");
+}
+
+TEST(ListText, shortensReasonsToTheirFirstName)
+{
+    EXPECT_EQ(
+        byTurn(arrangedList(), terminal(60)),
+        "Waiting on You  1\n"
+        "#1 one\n"
+        "│  Your review  octo/tools  open  no reviews  no checks\n"
+        "└─ #2 two\n"
+        "      Waiting for mara-lindqvist, +2  octo/tools  open\n"
+        "      no reviews  no checks\n"
+        "\n"
+        "Waiting on Others  1\n"
+        "#3 three\n"
+        "   octo/tools  open  no reviews  no checks\n");
+    EXPECT_THAT(byTurn(arrangedList(), terminal(36)), HasSubstr("\n      Waiting for m…, +2  octo/tools\n"));
+}
+
+TEST(ListText, namesInReasonsCannotSteerTheTerminal)
+{
+    Tarnwick::ArrangedRows list = arrangedList();
+    list.turns[1].names = {"\x1b]0;owned\x07", "two\nlines"};
+    EXPECT_THAT(byTurn(list), HasSubstr("Waiting for �]0;owned�, two�lines  "));
+}
+
+TEST(ListText, makesHeadingsAndWhatAsksSomethingStrong)
+{
+    TerminalTraits colors = terminal(120);
+    colors.hasColors = true;
+    const std::string text = byTurn(arrangedList(), colors);
+    EXPECT_THAT(text, StartsWith("\x1b[1mWaiting on You  1\x1b[0m\n"));
+    EXPECT_THAT(text, HasSubstr("\x1b[1mYour review\x1b[0m"));
+    EXPECT_THAT(text, HasSubstr("\x1b[2mWaiting for "));
+}
+
+RC_GTEST_PROP(ListTextProperties, noLineByWhoseTurnIsWiderThanTheTerminal, ())
+{
+    const int columns = *rc::gen::inRange(1, 160);
+    Tarnwick::ArrangedRows list;
+    list.rows = anyRows();
+    for (std::size_t row = 0; row < list.rows.size(); ++row) {
+        const auto whose = *rc::gen::element(Whose::you, Whose::others);
+        list.turns.push_back(
+            {whose, TurnReason::waitingFor, {*anyTitle(), *anyTitle(), *anyTitle()}});
+        list.groups.push_back({whose, row, 1, 1});
+    }
+    for (const std::string& line : linesOf(byTurn(list, terminal(columns)))) {
+        RC_ASSERT(displayWidth(line) <= columns);
     }
 }
 
@@ -306,7 +392,7 @@ TEST(ListText, makesVisitedTitlesFaint)
     colors.hasColors = true;
     const auto rows = StackBuilder::rows({titled(makePullRequest(1), "seen")});
     const auto visited = [](const PullRequest&) { return true; };
-    EXPECT_THAT(listText(rows, visited, colors), StartsWith("\x1b[2m#1 seen\x1b[0m"));
+    EXPECT_THAT(listText({rows}, visited, colors), StartsWith("\x1b[2m#1 seen\x1b[0m"));
 }
 
 TEST(ListText, titlesCannotSteerTheTerminal)

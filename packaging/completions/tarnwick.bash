@@ -10,7 +10,7 @@ _tarnwick_selected() {
 _tarnwick() {
     local current=${COMP_WORDS[COMP_CWORD]} words=
     case "${COMP_WORDS[1]}:${COMP_WORDS[2]}" in
-        list:*) words='--cached --json --help' ;;
+        list:*) words='--by-turn --cached --reviewers --json --help' ;;
         watch:--format) words='json waybar i3 line' ;;
         watch:*) words='--format --help' ;;
         repositories:select) words='--all --help' ;;
@@ -25,6 +25,9 @@ _tarnwick() {
         3:watch) ;;
         2:*) words= ;;
     esac
+    if [[ ${COMP_WORDS[1]} == list && ${COMP_WORDS[COMP_CWORD - 1]} == --reviewers ]]; then
+        words='myself any involved'
+    fi
     # shellcheck disable=SC2207  # The words have no blanks.
     COMPREPLY=($(compgen -W "$words" -- "$current"))
 }
