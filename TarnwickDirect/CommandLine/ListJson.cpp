@@ -99,7 +99,7 @@ boost::json::object footer(const PullRequestMenuModel& model)
 {
     const Tarnwick::HiddenCounts& hidden = model.hidden();
     boost::json::object object;
-    object["hidden"] = {{"filters", hidden.filters}, {"muted", hidden.total() - hidden.filters}};
+    object["hidden"] = {{"filters", hidden.filters}, {"muted", hidden.muted}};
     if (const auto& quota = model.quota()) {
         object["quota"] = {
             {"remaining", quota->remaining},
