@@ -132,11 +132,11 @@ void PullRequestListView::followFinding()
     if (before.isEmpty() && _model.isFinding()) {
         _selectedBeforeFinding = _selected;
     }
-    if (_model.isFinding() && _selected && !_model.indexOf(*_selected).isValid()) {
-        selectionModel()->clear();
-    }
     if (before == _words) {
         return;
+    }
+    if (_model.isFinding() && _selected && !_model.indexOf(*_selected).isValid()) {
+        selectionModel()->clear();
     }
     if (!_model.isFinding() && selectedRow() < 0 && _selectedBeforeFinding) {
         const QModelIndex again = _model.indexOf(*_selectedBeforeFinding);

@@ -660,6 +660,20 @@ TEST_F(PullRequestListViewTests, whenTheSelectedRowGoesTheNextPullRequestIsSelec
     EXPECT_TRUE(view.selectionModel()->isSelected(view.currentIndex()));
 }
 
+TEST_F(PullRequestListViewTests, whenTheSelectedHitGoesTheNextHitIsSelected)
+{
+    std::vector<ListedRow> rows = plainRows(13);
+    show(rows);
+    model.setFindText(u"#1"_s);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    ASSERT_EQ(model.content(view.currentIndex()).row().id().number, 10);
+    rows.erase(rows.begin() + 9);
+    model.setRows(rows);
+    EXPECT_TRUE(view.selectionModel()->isSelected(view.currentIndex()));
+    EXPECT_EQ(model.content(view.currentIndex()).row().id().number, 11);
+}
+
 TEST_F(PullRequestListViewTests, aRowOrItsAuthorIsMuted)
 {
     std::vector<ListedRow> rows = plainRows(4);
