@@ -3,7 +3,9 @@
 #include "PullRequestKit/StackBuilder.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
+#include <utility>
 
 namespace Tarnwick {
 
@@ -57,6 +59,42 @@ bool passesReview(const PullRequest& pullRequest, const Settings& settings)
               });
 }
 
+/// What of the filters hides the pull request.
+Sight sightByFilters(const PullRequest& pullRequest, const Settings& settings)
+{
+    if (!passesStatus(pullRequest, settings)) {
+        return Sight::hiddenByStatus;
+    }
+    if (!settings.mergeabilities.contains(mergeabilityCase(pullRequest.mergeability))) {
+        return Sight::hiddenByMergeability;
+    }
+    if (!passesReview(pullRequest, settings)) {
+        return Sight::hiddenByReviews;
+    }
+    return settings.checks.contains(checksCase(pullRequest.checks)) ? Sight::inSight
+                                                                    : Sight::hiddenByChecks;
+}
+
+/// The other rows of a stack keep their order; what stands on a muted row stands on what is below
+/// it, or begins a stack.
+std::vector<PullRequestRow> withoutMuted(std::vector<PullRequestRow> rows, const Settings& settings)
+{
+    std::vector<PullRequestRow> left;
+    left.reserve(rows.size());
+    std::vector<std::int64_t> depths;  // At which the children of the row and of those below stand.
+    for (PullRequestRow& row : rows) {
+        depths.resize(static_cast<std::size_t>(row.depth));
+        row.depth = depths.empty() ? 0 : depths.back();
+        if (isMuted(sightOf(row.pullRequest, settings))) {
+            depths.push_back(row.depth);
+        } else {
+            depths.push_back(row.depth + 1);
+            left.push_back(std::move(row));
+        }
+    }
+    return left;
+}
+
 }  // namespace
 
 ChecksFilter checksCase(const ProgressCount& checks)
@@ -81,34 +119,31 @@ Sight sightOf(const PullRequest& pullRequest, const Settings& settings)
     if (settings.mutedAuthors.contains(pullRequest.author)) {
         return Sight::authorMuted;
     }
-    if (!passesStatus(pullRequest, settings)) {
-        return Sight::hiddenByStatus;
-    }
-    if (!settings.mergeabilities.contains(mergeabilityCase(pullRequest.mergeability))) {
-        return Sight::hiddenByMergeability;
-    }
-    if (!passesReview(pullRequest, settings)) {
-        return Sight::hiddenByReviews;
-    }
-    return settings.checks.contains(checksCase(pullRequest.checks)) ? Sight::inSight
-                                                                    : Sight::hiddenByChecks;
+    return sightByFilters(pullRequest, settings);
 }
 
 FilteredRows filteredRows(const std::vector<PullRequest>& pullRequests, const Settings& settings)
 {
     std::vector<PullRequest> shown;
     HiddenCounts hidden;
+    bool hasMuted = false;
     for (const PullRequest& pullRequest : pullRequests) {
         const Sight sight = sightOf(pullRequest, settings);
         if (sight == Sight::inSight) {
             shown.push_back(pullRequest);
         } else if (isMuted(sight)) {
             ++hidden.muted;
+            // It keeps the stack together that it is taken from.
+            if (sightByFilters(pullRequest, settings) == Sight::inSight) {
+                shown.push_back(pullRequest);
+                hasMuted = true;
+            }
         } else if (isHidden(sight)) {
             ++hidden.filters;
         }
     }
-    return {StackBuilder::rows(std::move(shown)), hidden};
+    auto rows = StackBuilder::rows(std::move(shown));
+    return {hasMuted ? withoutMuted(std::move(rows), settings) : std::move(rows), hidden};
 }
 
 std::vector<PullRequestRow> rowsWithHidden(

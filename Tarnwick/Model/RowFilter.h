@@ -39,7 +39,8 @@ ChecksFilter checksCase(const PullRequestKit::ProgressCount& checks);
 /// Safe from any thread.
 Sight sightOf(const PullRequestKit::PullRequest& pullRequest, const Settings& settings);
 
-/// What is in sight, ordered and stacked, and how much is not.
+/// What is in sight, ordered and stacked, and how much is not. A muted pull request is taken from
+/// its stack, whose other ones keep their places.
 struct FilteredRows {
     std::vector<PullRequestKit::PullRequestRow> rows;
     HiddenCounts hidden;

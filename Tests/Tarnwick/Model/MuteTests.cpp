@@ -110,17 +110,51 @@ TEST(MutedRows, areHiddenBeforeAnyFilterHidesThem)
 
 TEST(MutedRows, leaveTheirStackWhereItIs)
 {
-    const PullRequest bottom = makePullRequest(1, "one", "main");
-    const PullRequest middle = makePullRequest(2, "two", "one");
-    const PullRequest top = makePullRequest(3, "three", "two");
+    // 1 below 2, on which 3 and 4 stand, 5 on 4; 6 beside them.
+    std::vector<PullRequest> all{
+        makePullRequest(1, "one", "main"),
+        makePullRequest(2, "two", "one"),
+        makePullRequest(3, "three", "two"),
+        makePullRequest(4, "four", "two"),
+        makePullRequest(5, "five", "four"),
+        makePullRequest(6, "six", "main")};
+    all[5].updatedAt -= std::chrono::hours(1);
     Settings settings;
     settings.selectedRepositories = {"octo/tools"};
-    settings.mutes = one(middle, MutedUntilTime{now});
-    const FilteredRows list = filteredRows({bottom, middle, top}, settings);
-    EXPECT_EQ(list.hidden, (HiddenCounts{.filters = 0, .muted = 1}));
-    EXPECT_THAT(list.rows, SizeIs(2));
-    EXPECT_EQ(
-        rowsWithHidden({bottom, middle, top}, settings), StackBuilder::rows({bottom, middle, top}));
+    using Places = std::vector<std::pair<std::int64_t, std::int64_t>>;  // Number and depth.
+    const auto placesWithout = [&](std::vector<std::size_t> muted) {
+        settings.mutes.clear();
+        for (const std::size_t place : muted) {
+            settings.mutes.merge(one(all[place], MutedUntilTime{now}));
+        }
+        const FilteredRows list = filteredRows(all, settings);
+        EXPECT_EQ(list.hidden, (HiddenCounts{.filters = 0, .muted = muted.size()}));
+        EXPECT_EQ(rowsWithHidden(all, settings), StackBuilder::rows(all));
+        Places places;
+        for (const PullRequestRow& row : list.rows) {
+            places.emplace_back(row.id().number, row.depth);
+        }
+        return places;
+    };
+    const Places whole = placesWithout({});
+    ASSERT_EQ(whole, (Places{{1, 0}, {2, 1}, {3, 2}, {4, 2}, {5, 3}, {6, 0}}));
+    EXPECT_EQ(placesWithout({1}), (Places{{1, 0}, {3, 1}, {4, 1}, {5, 2}, {6, 0}}));
+    EXPECT_EQ(placesWithout({0}), (Places{{2, 0}, {3, 1}, {4, 1}, {5, 2}, {6, 0}}));
+    EXPECT_EQ(placesWithout({0, 1}), (Places{{3, 0}, {4, 0}, {5, 1}, {6, 0}}));
+    EXPECT_EQ(placesWithout({4}), (Places{{1, 0}, {2, 1}, {3, 2}, {4, 2}, {6, 0}}));
+}
+
+TEST(MutedRows, holdNoStackTogetherThatAFilterTakesApart)
+{
+    std::vector<PullRequest> all{
+        makePullRequest(1, "one", "main"), makePullRequest(2, "two", "one")};
+    all[0].isDraft = true;
+    Settings settings;
+    settings.selectedRepositories = {"octo/tools"};
+    const auto before = filteredRows(all, settings).rows;
+    settings.mutes = one(all[0], MutedUntilTime{now});
+    EXPECT_EQ(filteredRows(all, settings).rows, before);
+    EXPECT_EQ(filteredRows(all, settings).hidden, (HiddenCounts{.filters = 0, .muted = 1}));
 }
 
 TEST(MutedRows, areCountedApart)
