@@ -1,5 +1,6 @@
 #include "Tarnwick/Persistence/OverridingDefaults.h"
 
+#include <algorithm>
 #include <cassert>
 #include <utility>
 
@@ -24,6 +25,27 @@ void OverridingDefaults::set(const QString& key, const QVariant& value)
     if (key != _key) {
         _defaults->set(key, value);
     }
+}
+
+void OverridingDefaults::remove(const QString& key)
+{
+    if (key != _key) {
+        _defaults->remove(key);
+    }
+}
+
+std::vector<QString> OverridingDefaults::keys(const QString& prefix) const
+{
+    std::vector<QString> keys = _defaults->keys(prefix);
+    if (_key.startsWith(prefix) && std::ranges::find(keys, _key) == keys.end()) {
+        keys.push_back(_key);
+    }
+    return keys;
+}
+
+std::uint64_t OverridingDefaults::revision() const
+{
+    return _defaults->revision();
 }
 
 void OverridingDefaults::change(const std::function<void()>& changes)

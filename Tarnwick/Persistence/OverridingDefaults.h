@@ -2,7 +2,9 @@
 
 #include "Tarnwick/Persistence/DefaultsStore.h"
 
+#include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace Tarnwick {
 
@@ -15,6 +17,9 @@ public:
 
     std::optional<QVariant> value(const QString& key) const override;
     void set(const QString& key, const QVariant& value) override;
+    void remove(const QString& key) override;
+    std::vector<QString> keys(const QString& prefix) const override;
+    std::uint64_t revision() const override;
     void change(const std::function<void()>& changes) override;
     void refresh() override;
     std::optional<QString> problem() const override;
