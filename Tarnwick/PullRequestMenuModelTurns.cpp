@@ -115,6 +115,12 @@ void PullRequestMenuModel::recallTurns()
 
 void PullRequestMenuModel::decideTurns()
 {
+    std::vector<PullRequestID> muted;
+    for (const PullRequest& pullRequest : *_allPullRequests) {
+        if (isMuted(sightOf(pullRequest))) {
+            muted.push_back(pullRequest.id);
+        }
+    }
     _isDecidingTurns = true;
     _notifications.deliverTurns(_knownTurns.update(
         {.rows = *_rows,
@@ -122,7 +128,8 @@ void PullRequestMenuModel::decideTurns()
          .scope = scopeText(notificationScope(_account, _settings)),
          .now = _parts.clock->now(),
          .isFirst = !std::exchange(_hasDecidedTurns, true),
-         .toldOtherwise = std::exchange(_toldAsNew, {})}));
+         .toldOtherwise = std::exchange(_toldAsNew, {}),
+         .muted = std::move(muted)}));
     _isDecidingTurns = false;
     rememberTurns();
 }

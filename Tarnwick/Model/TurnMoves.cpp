@@ -54,6 +54,15 @@ public:
         entry.whose = turn.whose;
     }
 
+    void keep(const PullRequestID& id)
+    {
+        KnownTurns::Entry& entry = entryOf(id);
+        if (!_isComparable || entry.listedAt != _known.updatedAt) {
+            entry.whose.reset();
+        }
+        entry.listedAt = _refreshed.now;
+    }
+
     std::vector<TurnMove> moves() { return std::move(_moves); }
 
     static void settle(KnownTurns::Entry& entry, const TurnMove& move)
@@ -102,6 +111,9 @@ std::vector<TurnMove> KnownTurns::update(const RefreshedTurns& refreshed)
     Update update(*this, refreshed);
     for (std::size_t row = 0; row < refreshed.rows.size(); ++row) {
         update.take(refreshed.rows[row].pullRequest, std::move(turns[row]));
+    }
+    for (const PullRequestID& id : refreshed.muted) {
+        update.keep(id);
     }
     scope = refreshed.scope;
     updatedAt = refreshed.now;

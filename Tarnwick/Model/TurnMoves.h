@@ -31,6 +31,9 @@ struct RefreshedTurns {
     bool isFirst = false;  ///< Of this run of the program.
     /// Of these the user is told in another way.
     std::unordered_set<PullRequestKit::PullRequestID> toldOtherwise;
+    /// These are out of sight because the user does not want to hear of them: they are as they
+    /// were.
+    std::vector<PullRequestKit::PullRequestID> muted = {};
 };
 
 /// Whose turn it was at the last refresh, and what the user was told of it. A value.

@@ -46,7 +46,8 @@ protected:
              .scope = scope,
              .now = now,
              .isFirst = std::exchange(isFirst, false),
-             .toldOtherwise = toldOtherwise});
+             .toldOtherwise = toldOtherwise,
+             .muted = muted});
         return told();
     }
 
@@ -77,6 +78,7 @@ protected:
     std::string scope = "octo";
     bool isFirst = true;
     std::unordered_set<PullRequestID> toldOtherwise;
+    std::vector<PullRequestID> muted;
     Date now = date("2024-05-01T12:00:00Z");
 
 private:
@@ -205,6 +207,25 @@ TEST_F(TurnMoves, whatIsToldAsNewIsNotToldAgain)
     EXPECT_THAT(refresh({1, 2}, {2}), IsEmpty());
     refresh({1, 2}, {});
     EXPECT_THAT(refresh({1, 2}, {2}), IsEmpty());
+}
+
+TEST_F(TurnMoves, theEndOfAMuteIsNoMove)
+{
+    refresh({1, 2}, {1});
+    muted = {makePullRequest(1).id, makePullRequest(3).id};
+    EXPECT_THAT(refresh({2}, {}), IsEmpty());
+    EXPECT_THAT(refresh({2}, {}), IsEmpty());
+    muted.clear();
+    EXPECT_THAT(refresh({1, 2, 3}, {1, 3}), IsEmpty());
+}
+
+TEST_F(TurnMoves, aMoveThatEndsAMuteIsTold)
+{
+    refresh({1}, {});
+    muted = {makePullRequest(1).id};
+    EXPECT_THAT(refresh({}, {}), IsEmpty());
+    muted.clear();
+    EXPECT_THAT(refresh({1}, {1}), ElementsAre("1 at c1"));
 }
 
 TEST_F(TurnMoves, aMoveWhileTheProgramDidNotRunIsToldAfterTheStart)
