@@ -116,13 +116,21 @@ class TurnTests(SessionTest):
         self.tell(FOR_THE_USER, "Waiting on You", "Your review")
         wait_until(lambda: self.summaries() == [(TITLE, "Your review")], "the notification")
 
+        # Seen from here on: what changes then is marked.
+        self.screen.key("Home")
+        self.screen.key("ctrl+Return")
+        wait_until(lambda: self.programs.calls("xdg-open"), "the page")
+        self.assertNotIn("Since ", self.description())
         self.tell(WITH_A_FAILED_CHECK, "Waiting on You", "Checks failed: \u2068build\u2069")
+        wait_until(lambda: "checks from 1/1 to 0/1" in self.description(), "what has changed")
+        wait_until(lambda: "new commits" in self.description(), "the commits")
         wait_until(lambda: self.screen.find(TOP, is_dot), "the dot of a blocked one")
 
         self.tell(FOR_ANOTHER, "Waiting on Others", "Waiting for \u2068noa-b\u2069")
         wait_until(lambda: not self.screen.find(TOP, is_dot), "an icon without a dot")
 
         self.tell(APPROVED, "Ready to Merge", "Ready to merge")
+        wait_until(lambda: "approved" in self.description(), "what has changed now")
         wait_until(lambda: len(self.summaries()) >= 2, "the notification")
         self.assertEqual(self.summaries()[-1], (TITLE, "Ready to merge"))
         told = len(self.summaries())
