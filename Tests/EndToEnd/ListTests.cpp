@@ -114,6 +114,27 @@ TEST_F(List, marksWhatWasVisitedSinceItChanged)
     }
 }
 
+TEST_F(List, leavesOutWhatIsMutedAndEndsMutesInTime)
+{
+    serve("everyday");
+    select("harbourlight/tide-tables");
+    const std::string key = "mutes.pullRequest.github%7Cgithub.com%7Charbourlight%2Ftide-tables%7C";
+    std::ofstream(settingsFile(), std::ios::app) << "mutes.authors=TOMASZ-W\n"
+                                                 << key << "77=@Date(2020-01-01T00:00:00Z)\n"
+                                                 << key << "74=@Date(9000-01-01T00:00:00Z)\n";
+    const auto list = listJson();
+    std::vector<std::int64_t> numbers;
+    for (const auto& row : list.at("rows").as_array()) {
+        numbers.push_back(row.at("pullRequest").at("id").at("number").to_number<std::int64_t>());
+    }
+    EXPECT_THAT(numbers, testing::UnorderedElementsAre(77, 81));
+    EXPECT_EQ(boost::json::serialize(list.at("hidden")), R"({"filters":0,"muted":3})");
+    const std::string settings = readFile(settingsFile());
+    EXPECT_THAT(settings, Not(HasSubstr(key + "77="))) << "it has ended";
+    EXPECT_THAT(settings, Not(HasSubstr("9000"))) << "none lasts longer than a day from now";
+    EXPECT_THAT(settings, HasSubstr(key + "74=@Date("));
+}
+
 TEST_F(List, aFirstRunSaysHowToSelect)
 {
     serve("everyday");
