@@ -3,9 +3,12 @@
 #include "Tarnwick/Persistence/IniDocument.h"
 #include "Tarnwick/Persistence/IniValue.h"
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace IniValue = Tarnwick::IniValue;
 
@@ -28,6 +31,21 @@ public:
     {
         _document.set(IniValue::encodeKey(key), IniValue::encode(value));
     }
+
+    void remove(const QString& key) override { _document.remove({IniValue::encodeKey(key)}); }
+
+    std::vector<QString> keys(const QString& prefix) const override
+    {
+        std::vector<QString> found;
+        for (const std::string& name : _document.keys(IniValue::encodeKey(prefix))) {
+            if (auto key = IniValue::decodeKey(name)) {
+                found.push_back(std::move(*key));
+            }
+        }
+        return found;
+    }
+
+    std::uint64_t revision() const override { return 0; }
 
     void change(const std::function<void()>& changes) override { changes(); }
 
