@@ -342,7 +342,9 @@ TEST(ListText, shortensReasonsToTheirFirstName)
         "Waiting on Others  1\n"
         "#3 three\n"
         "   octo/tools  open  no reviews  no checks\n");
-    EXPECT_THAT(byTurn(arrangedList(), terminal(36)), HasSubstr("\n      Waiting for m…, +2  octo/tools\n"));
+    EXPECT_THAT(
+        byTurn(arrangedList(), terminal(36)),
+        HasSubstr("\n      Waiting for m…, +2  octo/tools\n"));
 }
 
 TEST(ListText, namesInReasonsCannotSteerTheTerminal)
