@@ -11,9 +11,9 @@
 #include "TarnwickDirect/Application/Succession.h"
 #include "TarnwickDirect/Application/TarnwickDirectApp.h"
 #include "TarnwickDirect/CommandLine/Interruption.h"
-#include "TarnwickDirect/Status/BusNames.h"
 #include "TarnwickDirect/Environment.h"
 #include "TarnwickDirect/Settling.h"
+#include "TarnwickDirect/Status/BusNames.h"
 #include "TarnwickDirect/Version.h"
 #include "TarnwickDirect/X11/X11.h"
 

@@ -73,8 +73,8 @@ class DayTests(SessionTest):
             ("Settings", "Dark Mode"),
             ("Polling", "30 minutes"),
             ("Reviewers", "Myself"),
-            ("Reviewers", "Any"),
             ("Reviewers", "Involved"),
+            ("Reviewers", "Any"),
             ("Checks", "Pass"),
             ("Checks", "Pass"),
         ):
