@@ -84,12 +84,12 @@ QCoro::Task<> Polling::run(std::stop_token stopToken)
 QCoro::Task<> Polling::restAsLongAsNeeded(std::stop_token stopToken)
 {
     while (_refreshing.rest && !stopToken.stop_requested()) {
-        const std::chrono::milliseconds rest = _refreshing.rest();
-        if (rest <= 0ms) {
+        const std::chrono::milliseconds left = _refreshing.rest();
+        if (left <= 0ms) {
             break;
         }
         const QFuture<void> pause =
-            _clock->sleep(std::min<std::chrono::milliseconds>(rest, _period), stopToken);
+            _clock->sleep(std::min<std::chrono::milliseconds>(left, _period), stopToken);
         co_await pause;
     }
 }
