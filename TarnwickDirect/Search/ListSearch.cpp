@@ -13,21 +13,6 @@ namespace {
 
 constexpr int mostLetters = 200;
 
-/// Everything of a pull request in which words are looked for. No word holds a line break, so none
-/// is found across two fields.
-QString searchText(const PullRequest& pullRequest)
-{
-    const auto text = [](const std::string& utf8) { return QString::fromStdString(utf8); };
-    return Tarnwick::folded(QStringList{
-        text(pullRequest.title),
-        text(pullRequest.id.repository),
-        QLatin1Char('#') + QString::number(pullRequest.id.number),
-        text(pullRequest.author),
-        text(pullRequest.head.name),
-        text(pullRequest.base.name)}
-                                .join(QLatin1Char('\n')));
-}
-
 bool isNumberTyped(const PullRequest& pullRequest, const QStringList& words)
 {
     const QString number = QString::number(pullRequest.id.number);
@@ -46,7 +31,7 @@ std::vector<const PullRequestRow*> found(
     const QStringList folded = Tarnwick::foldedWords(words.join(QLatin1Char(' ')));
     std::vector<const PullRequestRow*> hits;
     for (const PullRequestRow& row : rows) {
-        if (Tarnwick::holdsAll(searchText(row.pullRequest), folded)) {
+        if (Tarnwick::holdsAll(Tarnwick::searchText(row.pullRequest), folded)) {
             hits.push_back(&row);
         }
     }

@@ -1,5 +1,7 @@
 #include "Tarnwick/Interface/List/FindText.h"
 
+#include "Tarnwick/Interface/List/TitleLayout.h"
+
 #include <algorithm>
 
 namespace Tarnwick {
@@ -21,6 +23,20 @@ QString folded(const QString& text)
     decomposed.removeIf(
         [](QChar character) { return character.category() == QChar::Mark_NonSpacing; });
     return decomposed;
+}
+
+QString searchText(const PullRequestKit::PullRequest& pullRequest)
+{
+    const auto text = [](const std::string& utf8) { return QString::fromStdString(utf8); };
+    const QStringList fields{
+        titleText(pullRequest.title),
+        text(pullRequest.id.repository),
+        QLatin1Char('#') + QString::number(pullRequest.id.number),
+        text(pullRequest.author),
+        text(pullRequest.head.name),
+        text(pullRequest.base.name)};
+    // No word holds a line break.
+    return folded(fields.join(QLatin1Char('\n')));
 }
 
 QStringList foldedWords(const QString& text)

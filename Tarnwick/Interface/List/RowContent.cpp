@@ -56,17 +56,7 @@ QString RowContent::stateIconName() const
 bool RowContent::matches(const QStringList& foldedWords) const
 {
     if (_searchText.isEmpty()) {
-        const auto text = [](const std::string& utf8) { return QString::fromStdString(utf8); };
-        const PullRequestKit::PullRequest& shown = pullRequest();
-        const QStringList fields{
-            _title,
-            text(shown.id.repository),
-            QLatin1Char('#') + QString::number(shown.id.number),
-            text(shown.author),
-            text(shown.head.name),
-            text(shown.base.name)};
-        // No word holds a line break, so none is found across two fields.
-        _searchText = folded(fields.join(QLatin1Char('\n')));
+        _searchText = searchText(pullRequest());
     }
     return holdsAll(_searchText, foldedWords);
 }
