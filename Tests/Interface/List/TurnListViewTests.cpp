@@ -35,9 +35,11 @@ std::vector<ListedRow> thirtyRows()
 
 class TurnListViewTests : public testing::Test {
 protected:
+    /// Before the first view, whose interface is kept from its construction on.
+    static void SetUpTestSuite() { installAccessibleParts(); }
+
     TurnListViewTests()
     {
-        installAccessibleParts();
         appearance.setWishes({.reducedMotion = true, .higherContrast = false});
         QObject::connect(
             &view,
