@@ -35,6 +35,7 @@ ListWatch::ListWatch(WatchFormat format, LastLine& output)
     for (FileWatcher* const file : {&_cache, &_settings}) {
         connect(file, &FileWatcher::changed, this, [this] {
             readFiles();
+            _program.lookForBus();
             show();
         });
     }

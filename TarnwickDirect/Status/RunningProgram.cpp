@@ -4,16 +4,38 @@
 
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-
-#include <chrono>
+#include <QFile>
+#include <QUrl>
 
 namespace TarnwickDirect {
 namespace {
 
-using namespace std::chrono_literals;
+/// The file of the session bus's socket, where its address names one.
+QString busSocket()
+{
+    const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    if (address.isEmpty()) {
+        const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
+        return folder.isEmpty() ? QString() : folder + QStringLiteral("/bus");
+    }
+    const QString transport = QStringLiteral("unix:");
+    const QString key = QStringLiteral("path=");
+    const QString first = address.section(u';', 0, 0);
+    if (first.startsWith(transport)) {
+        for (const QString& part : first.sliced(transport.size()).split(u',')) {
+            if (part.startsWith(key)) {
+                return QUrl::fromPercentEncoding(part.sliced(key.size()).toUtf8());
+            }
+        }
+    }
+    return {};
+}
 
-/// How often a bus that went away is looked for.
-constexpr std::chrono::seconds betweenAttempts{10};
+/// Where nobody says where the bus is, looking for it would start one.
+bool isBusKnown()
+{
+    return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") || QFile::exists(busSocket());
+}
 
 }  // namespace
 
@@ -39,10 +61,7 @@ RunningProgram::RunningProgram(QObject* parent)
     : QObject(parent)
     , _busName(QStringLiteral("running-program-%1").arg(reinterpret_cast<quintptr>(this)))
 {
-    _retry.setInterval(betweenAttempts);
-    _retry.setTimerType(Qt::VeryCoarseTimer);
-    connect(&_retry, &QTimer::timeout, this, &RunningProgram::connectToBus);
-    connectToBus();
+    lookForBus();
 }
 
 RunningProgram::~RunningProgram()
@@ -51,14 +70,25 @@ RunningProgram::~RunningProgram()
     QDBusConnection::disconnectFromBus(_busName);
 }
 
-void RunningProgram::connectToBus()
+void RunningProgram::lookForBus()
+{
+    if (_watcher || (isBusKnown() && connectToBus())) {
+        return;
+    }
+    if (const QString socket = busSocket(); !_socket && !socket.isEmpty()) {
+        _socket = std::make_unique<Tarnwick::FileWatcher>(QFile::encodeName(socket).toStdString());
+        connect(_socket.get(), &Tarnwick::FileWatcher::changed, this, &RunningProgram::lookForBus);
+        lookForBus();  // It may have come meanwhile.
+    }
+}
+
+bool RunningProgram::connectToBus()
 {
     QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, _busName);
     if (!bus.isConnected()) {
         QDBusConnection::disconnectFromBus(_busName);
-        return;
+        return false;
     }
-    _retry.stop();
     bus.connect(
         QString(),
         QStringLiteral("/org/freedesktop/DBus/Local"),
@@ -86,6 +116,7 @@ void RunningProgram::connectToBus()
             }
         });
     ask();
+    return true;
 }
 
 /// What it says comes by itself from then on.
@@ -143,7 +174,7 @@ void RunningProgram::busLost()
 {
     _watcher.reset();
     QDBusConnection::disconnectFromBus(_busName);
-    _retry.start();
+    lookForBus();
     forget();
 }
 

@@ -1,17 +1,28 @@
 """What the program tells bars and scripts: its interface on the bus, and "tarnwick watch"."""
 
+import datetime
 import json
 import os
 import signal
 
 from desktop import SessionTest, wait_until
-from desktop.case import NAME, PATH, PROGRAMS
+from desktop.case import NAME, PATH, PROGRAMS, ROOT
 from desktop.processes import output_of
+from desktop.kernel import wait_until_at_rest, wake_ups
 from desktop.waiting import stays
 
 STATUS = "dev.tarnwick.Tarnwick.Status"
 PROPERTIES = "org.freedesktop.DBus.Properties"
 LONG_AGO = "2020-01-01T00:00:00Z"
+STAND_IN = os.path.join(ROOT, "Tests", "Session", "desktop", "status_program.py")
+NUMBERS = {
+    "WaitingOnYou": 0,
+    "ReadyToMerge": 0,
+    "Blocked": 0,
+    "Listed": 40,
+    "IsStale": False,
+    "LastRefreshed": 1_700_000_000,
+}
 
 
 class StatusTest(SessionTest):
@@ -31,6 +42,25 @@ class StatusTest(SessionTest):
             return lines[-1] if lines else ""
 
         return process, last_line
+
+    def start_stand_in(self, **numbers):
+        """In the place of the program. Returns what tells it other numbers."""
+        process = self.session.processes.start_piped(STAND_IN)
+
+        def tell(**changed):
+            process.stdin.write(json.dumps(changed) + "\n")
+            process.stdin.flush()
+
+        tell(**{**NUMBERS, **numbers})
+        self.wait_for_name()
+        return tell
+
+    def write_cache_time(self, time):
+        with open(self.cache_file, encoding="utf-8") as file:
+            snapshot = json.load(file)
+        snapshot["refreshedAt"] = time
+        with open(self.cache_file, "w", encoding="utf-8") as file:
+            json.dump(snapshot, file)
 
     def wait_for_list(self):
         wait_until(lambda: self.value("Listed") == "(<uint32 13>,)", "the list's numbers")
@@ -130,23 +160,69 @@ class WatchTests(StatusTest):
         _, last_line = self.watch("waybar")
         wait_until(lambda: last_line(), "the first line")
         self.assertNotEqual(json.loads(last_line())["class"], "stale")
-        with open(self.cache_file, encoding="utf-8") as file:
-            snapshot = json.load(file)
-        snapshot["refreshedAt"] = LONG_AGO
-        with open(self.cache_file, "w", encoding="utf-8") as file:
-            json.dump(snapshot, file)
+        self.write_cache_time(LONG_AGO)
         wait_until(lambda: json.loads(last_line())["class"] == "stale", "the old list")
 
-    def testItGoesOnWhenTheProgramIsKilled(self):
+    def testItIsStaleAfterTwiceTheIntervalWhenTheProgramIsKilled(self):
+        self.start_github()
+        self.select(polling_interval="60")
         program = self.start_tarnwick("--background")
         self.wait_for_name()
         self.wait_for_list()
-        watch, last_line = self.watch("line")
+        watch, last_line = self.watch("waybar")
         wait_until(lambda: last_line(), "the first line")
         program.send_signal(signal.SIGKILL)
         program.wait()
-        stays(lambda: watch.poll() is None, "the watch", 1)
-        self.assertNotIn("Not updated", last_line())
+        # As if nearly two minutes had gone by since.
+        nearly = datetime.datetime.now(datetime.timezone.utc) - datetime.timedelta(seconds=110)
+        self.write_cache_time(nearly.strftime("%Y-%m-%dT%H:%M:%SZ"))
+        stays(lambda: json.loads(last_line())["class"] != "stale", "the list of a minute ago", 2)
+        wait_until(lambda: json.loads(last_line())["class"] == "stale", "the end of the second minute")
+        self.assertIsNone(watch.poll())
+
+    def testItFollowsABusThatGoesAndComesBack(self):
+        self.start_github()
+        self.select()
+        self.run_tarnwick("list")
+        watch, last_line = self.watch("line")
+        self.start_stand_in(WaitingOnYou=71)
+        wait_until(lambda: "71 wait on you" in last_line(), "the program's numbers")
+        for count in (72, 73):
+            self.session.processes.end(self.session.bus)
+            wait_until(lambda: last_line().startswith("5 wait on you"), "the numbers on disk")
+            self.session.start_bus()
+            self.start_stand_in(WaitingOnYou=count)
+            wait_until(lambda: f"{count} wait on you" in last_line(), "the program on the new bus")
+        self.assertIsNone(watch.poll())
+
+    def testItFindsABusThatComesLater(self):
+        self.session.processes.end(self.session.bus)
+        watch, last_line = self.watch("line")
+        wait_until(lambda: last_line() == "Not updated yet", "the first line")
+        self.session.start_bus()
+        self.start_stand_in(WaitingOnYou=71)
+        wait_until(lambda: "71 wait on you" in last_line(), "the program's numbers")
+        self.assertIsNone(watch.poll())
+
+    def testNothingWakesItWithoutABus(self):
+        self.session.processes.end(self.session.bus)
+        watch, last_line = self.watch("line")
+        wait_until(lambda: last_line(), "the first line")
+        wait_until_at_rest(watch.pid)
+        before = wake_ups(watch.pid)
+        stays(lambda: wake_ups(watch.pid) == before, "the rest", 5)
+
+    def testTwoHundredOfThemFollow(self):
+        self.start_github()
+        self.select()
+        self.run_tarnwick("list")
+        watches = [self.watch("line") for _ in range(200)]
+        wait_until(lambda: all(last_line() for _, last_line in watches), "the first line of each")
+        tell = self.start_stand_in(WaitingOnYou=71)
+        wait_until(lambda: all("71 wait on you" in last_line() for _, last_line in watches), "the program's numbers")
+        tell(WaitingOnYou=72)
+        wait_until(lambda: all("72 wait on you" in last_line() for _, last_line in watches), "the change")
+        self.assertEqual([watch for watch, _ in watches if watch.poll() is not None], [])
 
     def testASignalEndsIt(self):
         watch, last_line = self.watch("line")
