@@ -17,7 +17,7 @@
 
 namespace {
 
-using GitHubProvider::SearchEnvelope;
+using GitHub::SearchEnvelope;
 
 void parseBare(const std::string& text)
 {
@@ -54,9 +54,9 @@ void pageDecodingAndMapping(benchmark::State& state)
     for (auto _ : state) {
         auto envelope = PullRequestKit::Json::decode<SearchEnvelope>(text);
         PullRequestKit::SharedTexts texts;
-        for (GitHubProvider::Node& node : envelope.data->search.nodes) {
+        for (GitHub::Node& node : envelope.data->search.nodes) {
             benchmark::DoNotOptimize(
-                GitHubProvider::mapPullRequest(std::move(node), "github.com", std::nullopt, texts));
+                GitHub::mapPullRequest(std::move(node), "github.com", std::nullopt, texts));
         }
     }
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));

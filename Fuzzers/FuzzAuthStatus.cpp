@@ -9,8 +9,8 @@
 
 namespace {
 
-using GitHubProvider::CommandResult;
-using GitHubProvider::CommandRunning;
+using GitHub::CommandResult;
+using GitHub::CommandRunning;
 
 /// A `gh` that prints what the fuzzer says as its login status, and nothing about limits. An odd
 /// first byte makes it an older one, which does not know `--active`.
@@ -48,7 +48,7 @@ private:
 
 bool isText(const std::string& text)
 {
-    return GitHubProvider::decodeText(text) == text;
+    return GitHub::decodeText(text) == text;
 }
 
 }  // namespace
@@ -56,16 +56,16 @@ bool isText(const std::string& text)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     using namespace PullRequestKit;
-    const GitHubProvider::Gh gh(
+    const GitHub::Gh gh(
         [] { return std::filesystem::path("/opt/gh"); },
         std::make_shared<FuzzedGh>(Fuzzers::textOf(data, size)));
     const AuthenticationStatus status =
-        GitHubProvider::authenticationStatus(gh, "github.com", std::chrono::system_clock::now, {});
+        GitHub::authenticationStatus(gh, "github.com", std::chrono::system_clock::now, {});
     if (const auto* const signedIn = std::get_if<Authenticated>(&status)) {
         Fuzzers::require(
             !signedIn->account
             || (isText(*signedIn->account)
-                && GitHubProvider::firstWord(*signedIn->account) == signedIn->account));
+                && GitHub::firstWord(*signedIn->account) == signedIn->account));
     } else {
         const auto* const signedOut = std::get_if<NotAuthenticated>(&status);
         Fuzzers::require(

@@ -4,7 +4,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string_view text = Fuzzers::textOf(data, size);
-    const auto answer = Fuzzers::roundTrip<GitHubProvider::BaseRulesEnvelope>(text);
+    const auto answer = Fuzzers::roundTrip<GitHub::BaseRulesEnvelope>(text);
     if (!answer || !answer->data) {
         return 0;
     }

@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     PullRequestKit::PullRequest second = first;
     second.id.number = 7;
     const std::vector<const PullRequestKit::PullRequest*> rows{&first, &second};
-    const auto page = GitHubProvider::readFacts(Fuzzers::textOf(data, size), rows, {});
+    const auto page = GitHub::readFacts(Fuzzers::textOf(data, size), rows, {});
     Fuzzers::require(page.facts.size() <= rows.size());
     Fuzzers::require(page.hasData || (page.facts.empty() && !page.quota));
     for (const auto& [id, facts] : page.facts) {

@@ -19,7 +19,7 @@ std::vector<PullRequest> pullRequestsIn(std::string_view text)
         PullRequest pullRequest;
         pullRequest.id.number = static_cast<std::int64_t>(pullRequests.size());
         pullRequest.id.repository = "octo/tools";
-        pullRequest.title = GitHubProvider::decodeText(text.substr(0, end));
+        pullRequest.title = GitHub::decodeText(text.substr(0, end));
         pullRequest.head = {"octo/tools", std::string(1, static_cast<char>(text.front() & 7))};
         pullRequest.base = {"octo/tools", std::string(1, static_cast<char>(text.front() / 8 & 7))};
         pullRequests.push_back(std::move(pullRequest));

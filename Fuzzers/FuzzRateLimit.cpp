@@ -8,16 +8,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     // A byte for the exit status, standard output, a zero byte, standard error.
     std::string_view input = Fuzzers::textOf(data, size);
-    GitHubProvider::CommandResult answer;
+    GitHub::CommandResult answer;
     answer.status = input.empty() ? 0 : input.front() % 2;
     input.remove_prefix(std::min<std::size_t>(1, input.size()));
     const std::size_t end = std::min(input.find('\0'), input.size());
     answer.standardOutput = input.substr(0, end);
     answer.standardError = input.substr(std::min(end + 1, input.size()));
 
-    Fuzzers::roundTrip<GitHubProvider::RequestLimits>(answer.standardOutput);
+    Fuzzers::roundTrip<GitHub::RequestLimits>(answer.standardOutput);
     const std::chrono::system_clock::time_point now{std::chrono::seconds(1'772'366'400)};
-    const auto problem = GitHubProvider::obstacle(answer, now);
+    const auto problem = GitHub::obstacle(answer, now);
     // What strangers print decides which sentence it is, and is no part of it.
     constexpr std::string_view usedUp = "GitHub's limit for your account is used up";
     Fuzzers::require(

@@ -5,10 +5,10 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string_view text = Fuzzers::textOf(data, size);
-    Fuzzers::roundTrip<GitHubProvider::SearchKnowledge>(text);
-    const auto answer = Fuzzers::roundTrip<GitHubProvider::RepositoryCountsEnvelope>(text);
+    Fuzzers::roundTrip<GitHub::SearchKnowledge>(text);
+    const auto answer = Fuzzers::roundTrip<GitHub::RepositoryCountsEnvelope>(text);
     if (answer && answer->data) {
-        const GitHubProvider::RepositoryCounts& counts = *answer->data;
+        const GitHub::RepositoryCounts& counts = *answer->data;
         Fuzzers::require(
             !counts.proveThatTermsExclude()
             || (counts.together.issueCount == 0

@@ -7,8 +7,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     try {
         std::set<std::string> names;
-        for (const auto& summary :
-             GitHubProvider::decodeRepositories(Fuzzers::textOf(data, size))) {
+        for (const auto& summary : GitHub::decodeRepositories(Fuzzers::textOf(data, size))) {
             Fuzzers::require(names.insert(summary.fullName).second);
         }
     } catch (const PullRequestKit::DecodingError&) {

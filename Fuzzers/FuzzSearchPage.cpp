@@ -8,10 +8,10 @@ namespace {
 
 /// What is made of a hit are records that the files can hold, and no more names than the counts
 /// say.
-void requireConsistent(const GitHubProvider::Node& node)
+void requireConsistent(const GitHub::Node& node)
 {
     PullRequestKit::SharedTexts texts;
-    const auto made = GitHubProvider::mapPullRequest(node, "github.com", std::nullopt, texts);
+    const auto made = GitHub::mapPullRequest(node, "github.com", std::nullopt, texts);
     if (made) {
         const PullRequestKit::PullRequest& pullRequest = made->pullRequest;
         Fuzzers::require(
@@ -34,9 +34,9 @@ void requireConsistent(const GitHubProvider::Node& node)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string_view text = Fuzzers::textOf(data, size);
-    const auto answer = Fuzzers::roundTrip<GitHubProvider::SearchEnvelope>(text);
+    const auto answer = Fuzzers::roundTrip<GitHub::SearchEnvelope>(text);
     if (answer && answer->data) {
-        for (const GitHubProvider::Node& node : answer->data->search.nodes) {
+        for (const GitHub::Node& node : answer->data->search.nodes) {
             requireConsistent(node);
         }
     }

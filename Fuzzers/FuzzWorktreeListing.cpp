@@ -12,9 +12,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const std::string_view input = Fuzzers::textOf(data, size);
     const std::size_t end = std::min(input.find('\n'), input.size());
-    const std::string branch = GitHubProvider::decodeText(input.substr(0, end));
+    const std::string branch = GitHub::decodeText(input.substr(0, end));
     const std::string listing =
-        std::string("\0", 1) + GitHubProvider::decodeText(input.substr(std::min(end + 1, size)));
+        std::string("\0", 1) + GitHub::decodeText(input.substr(std::min(end + 1, size)));
 
     // Whatever is found is named by the listing, and nothing hides what git lists first.
     if (const auto found = existingWorktree(listing, branch)) {

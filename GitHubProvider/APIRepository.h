@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// A repository as `gh` prints it in the listing.
 struct APIRepository {
@@ -18,15 +18,15 @@ struct APIRepository {
     bool operator==(const APIRepository&) const = default;
 };
 
-}  // namespace GitHubProvider
+}  // namespace GitHub
 
 template<>
-struct PullRequestKit::Json::Fields<GitHubProvider::APIRepository> {
+struct PullRequestKit::Json::Fields<GitHub::APIRepository> {
     static constexpr std::tuple table{
-        field("repository", &GitHubProvider::APIRepository::repository),
-        field("visibility", &GitHubProvider::APIRepository::visibility),
-        field("language", &GitHubProvider::APIRepository::language),
-        field("default_branch", &GitHubProvider::APIRepository::defaultBranch),
-        field("archived", &GitHubProvider::APIRepository::archived),
+        field("repository", &GitHub::APIRepository::repository),
+        field("visibility", &GitHub::APIRepository::visibility),
+        field("language", &GitHub::APIRepository::language),
+        field("default_branch", &GitHub::APIRepository::defaultBranch),
+        field("archived", &GitHub::APIRepository::archived),
     };
 };

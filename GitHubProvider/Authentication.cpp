@@ -5,7 +5,7 @@
 
 #include <exception>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 using PullRequestKit::Authenticated;
@@ -116,4 +116,4 @@ AuthenticationStatus authenticationStatus(
     }
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

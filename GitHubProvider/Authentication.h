@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// The login that a `gh auth status` names: the word after the first "account ", in any letter
 /// case. Requires: UTF-8. Safe from any thread.
@@ -22,4 +22,4 @@ std::optional<std::string> accountName(std::string_view text);
 PullRequestKit::AuthenticationStatus authenticationStatus(
     const Gh& gh, const std::string& host, const WallClock& clock, std::stop_token stopToken);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

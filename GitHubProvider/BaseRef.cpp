@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 std::optional<std::int64_t> BaseRef::requiredApprovingReviewCount() const
 {
@@ -22,4 +22,4 @@ std::optional<std::int64_t> BaseRef::requiredApprovingReviewCount() const
     return strictest;
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

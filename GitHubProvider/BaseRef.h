@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 struct RequiredReviewsRule {
     std::optional<std::int64_t> requiredApprovingReviewCount;
@@ -34,32 +34,32 @@ struct BaseRef {
     bool operator==(const BaseRef&) const = default;
 };
 
-}  // namespace GitHubProvider
+}  // namespace GitHub
 
 namespace PullRequestKit::Json {
 
 template<>
-struct Fields<GitHubProvider::RequiredReviewsRule> {
+struct Fields<GitHub::RequiredReviewsRule> {
     static constexpr std::tuple table{
         field(
             "requiredApprovingReviewCount",
-            &GitHubProvider::RequiredReviewsRule::requiredApprovingReviewCount),
+            &GitHub::RequiredReviewsRule::requiredApprovingReviewCount),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::RepositoryRule> {
+struct Fields<GitHub::RepositoryRule> {
     static constexpr std::tuple table{
-        field("parameters", &GitHubProvider::RepositoryRule::parameters),
+        field("parameters", &GitHub::RepositoryRule::parameters),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::BaseRef> {
+struct Fields<GitHub::BaseRef> {
     static constexpr std::tuple table{
-        field("id", &GitHubProvider::BaseRef::id),
-        field("refUpdateRule", &GitHubProvider::BaseRef::refUpdateRule),
-        field("rules", &GitHubProvider::BaseRef::rules),
+        field("id", &GitHub::BaseRef::id),
+        field("refUpdateRule", &GitHub::BaseRef::refUpdateRule),
+        field("rules", &GitHub::BaseRef::rules),
     };
 };
 

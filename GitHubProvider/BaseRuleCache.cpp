@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 /// The clock may have been set back since, and then nobody knows how old an entry is.
@@ -42,4 +42,4 @@ void BaseRuleCache::store(const BaseRuleResults& results)
     }
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

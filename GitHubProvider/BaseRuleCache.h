@@ -11,7 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// How many approvals a branch requires, by the id of its ref.
 using BaseRuleCounts = std::map<std::string, std::int64_t>;
@@ -50,4 +50,4 @@ private:
     std::unordered_map<std::string, Entry> _entries;
 };
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

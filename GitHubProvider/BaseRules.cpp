@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cstddef>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 constexpr std::size_t batchSize = 50;
@@ -83,4 +83,4 @@ BaseRuleCounts loadBaseRules(
     return std::move(counts);
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

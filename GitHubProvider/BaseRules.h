@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// The answer on the rules of some branches; null for an id that GitHub does not know.
 using BaseRulesEnvelope = GraphQLAnswer<NodeList<std::optional<BaseRef>>>;
@@ -30,4 +30,4 @@ BaseRuleCounts loadBaseRules(
     BaseRuleCache& cache,
     std::stop_token stopToken);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -3,7 +3,7 @@
 #include <functional>
 #include <unordered_map>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 using PullRequestKit::Date;
@@ -168,10 +168,10 @@ CheckSummary summarizeChecks(std::span<const CheckContext> contexts)
     return summary;
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub
 
-std::size_t std::hash<GitHubProvider::CheckContext::Identity>::operator()(
-    const GitHubProvider::CheckContext::Identity& identity) const
+std::size_t std::hash<GitHub::CheckContext::Identity>::operator()(
+    const GitHub::CheckContext::Identity& identity) const
 {
     constexpr std::size_t factor = 31;
     std::size_t seed = std::hash<std::string_view>{}(identity.kind);

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// One entry in the list of checks of a commit: a check run or a commit status, whichever
 /// `typeName` says. Each fills the fields of its kind.
@@ -91,61 +91,61 @@ struct CheckSummary {
 /// Safe from any thread.
 CheckSummary summarizeChecks(std::span<const CheckContext> contexts);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub
 
 template<>
-struct std::hash<GitHubProvider::CheckContext::Identity> {
-    std::size_t operator()(const GitHubProvider::CheckContext::Identity& identity) const;
+struct std::hash<GitHub::CheckContext::Identity> {
+    std::size_t operator()(const GitHub::CheckContext::Identity& identity) const;
 };
 
 namespace PullRequestKit::Json {
 
 template<>
-struct Fields<GitHubProvider::CheckContext::App> {
+struct Fields<GitHub::CheckContext::App> {
     static constexpr std::tuple table{
-        field("id", &GitHubProvider::CheckContext::App::id),
+        field("id", &GitHub::CheckContext::App::id),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::CheckContext::WorkflowFile> {
+struct Fields<GitHub::CheckContext::WorkflowFile> {
     static constexpr std::tuple table{
-        field("path", &GitHubProvider::CheckContext::WorkflowFile::path),
+        field("path", &GitHub::CheckContext::WorkflowFile::path),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::CheckContext::WorkflowRun> {
+struct Fields<GitHub::CheckContext::WorkflowRun> {
     static constexpr std::tuple table{
-        field("databaseId", &GitHubProvider::CheckContext::WorkflowRun::databaseId),
-        field("runAttempt", &GitHubProvider::CheckContext::WorkflowRun::runAttempt),
-        field("file", &GitHubProvider::CheckContext::WorkflowRun::file),
+        field("databaseId", &GitHub::CheckContext::WorkflowRun::databaseId),
+        field("runAttempt", &GitHub::CheckContext::WorkflowRun::runAttempt),
+        field("file", &GitHub::CheckContext::WorkflowRun::file),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::CheckContext::CheckSuite> {
+struct Fields<GitHub::CheckContext::CheckSuite> {
     static constexpr std::tuple table{
-        field("app", &GitHubProvider::CheckContext::CheckSuite::app),
-        field("workflowRun", &GitHubProvider::CheckContext::CheckSuite::workflowRun),
+        field("app", &GitHub::CheckContext::CheckSuite::app),
+        field("workflowRun", &GitHub::CheckContext::CheckSuite::workflowRun),
     };
 };
 
 /// In the order in which the search asks for the fields of a check run, then those of a status.
 template<>
-struct Fields<GitHubProvider::CheckContext> {
+struct Fields<GitHub::CheckContext> {
     static constexpr std::tuple table{
-        field("__typename", &GitHubProvider::CheckContext::typeName),
-        field("name", &GitHubProvider::CheckContext::name),
-        field("status", &GitHubProvider::CheckContext::status),
-        field("conclusion", &GitHubProvider::CheckContext::conclusion),
-        field("databaseId", &GitHubProvider::CheckContext::databaseId),
-        field("startedAt", &GitHubProvider::CheckContext::startedAt),
-        field("completedAt", &GitHubProvider::CheckContext::completedAt),
-        field("checkSuite", &GitHubProvider::CheckContext::checkSuite),
-        field("context", &GitHubProvider::CheckContext::context),
-        field("state", &GitHubProvider::CheckContext::state),
-        field("createdAt", &GitHubProvider::CheckContext::createdAt),
+        field("__typename", &GitHub::CheckContext::typeName),
+        field("name", &GitHub::CheckContext::name),
+        field("status", &GitHub::CheckContext::status),
+        field("conclusion", &GitHub::CheckContext::conclusion),
+        field("databaseId", &GitHub::CheckContext::databaseId),
+        field("startedAt", &GitHub::CheckContext::startedAt),
+        field("completedAt", &GitHub::CheckContext::completedAt),
+        field("checkSuite", &GitHub::CheckContext::checkSuite),
+        field("context", &GitHub::CheckContext::context),
+        field("state", &GitHub::CheckContext::state),
+        field("createdAt", &GitHub::CheckContext::createdAt),
     };
 };
 

@@ -12,7 +12,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 struct Pipe {
@@ -267,4 +267,4 @@ std::system_error launchError(int errorNumber, const std::filesystem::path& exec
     return {errorNumber, std::generic_category(), "Could not start " + executable.string()};
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

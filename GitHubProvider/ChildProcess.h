@@ -13,7 +13,7 @@
 
 #include <sys/types.h>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// What a program is started with beyond its arguments, and how it is asked to end.
 struct ChildSettings {
@@ -82,4 +82,4 @@ private:
 /// The error for a program that cannot be started: "Could not start PATH: REASON".
 std::system_error launchError(int errorNumber, const std::filesystem::path& executable);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// What came of a command. A status other than 0 is no error here: the caller interprets it.
 struct CommandResult {
@@ -35,4 +35,4 @@ public:
         std::stop_token stopToken) const = 0;
 };
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -3,7 +3,7 @@
 #include <array>
 #include <charconv>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 std::string durationText(std::chrono::nanoseconds duration)
 {
@@ -14,4 +14,4 @@ std::string durationText(std::chrono::nanoseconds duration)
     return std::string(buffer.begin(), written.ptr) + " seconds";
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -8,7 +8,7 @@
 #include <exception>
 #include <utility>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 using PullRequestKit::CancellationError;
 using PullRequestKit::FactsAnswer;
@@ -149,4 +149,4 @@ void Facts::remember(const UnknownFields& more) const
     _unknownFields |= more;
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

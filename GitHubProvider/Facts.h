@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// Asks for the facts of pull requests, fifty in a request, and remembers for as long as it lives
 /// which fields the host does not know. Safe from any thread.
@@ -59,4 +59,4 @@ private:
     mutable UnknownFields _unknownFields;  // Guarded by _mutex.
 };
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

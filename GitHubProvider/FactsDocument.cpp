@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <limits>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 /// GitHub's owners have 39 letters at most and its repositories 100.
@@ -89,4 +89,4 @@ std::vector<std::string> factsArguments(
     return {"api", "graphql", "-f", document + "}"};
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

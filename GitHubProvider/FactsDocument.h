@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// A field that the facts document asks for: of a pull request, and last the one of the service.
 struct FactsField {
@@ -51,4 +51,4 @@ std::string factsAlias(std::size_t place);
 std::vector<std::string> factsArguments(
     std::span<const PullRequestKit::PullRequest* const> pullRequests, const UnknownFields& unknown);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

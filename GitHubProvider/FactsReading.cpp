@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 namespace json = boost::json;
@@ -141,4 +141,4 @@ FactsPage readFacts(
     return page;
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -7,7 +7,7 @@
 #include <span>
 #include <string_view>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// What one answer on facts holds.
 struct FactsPage {
@@ -28,4 +28,4 @@ FactsPage readFacts(
     std::span<const PullRequestKit::PullRequest* const> pullRequests,
     PullRequestKit::Date askedAt);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -6,7 +6,7 @@
 #include <boost/json.hpp>
 #include <string>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 namespace json = boost::json;
 
@@ -173,4 +173,4 @@ std::optional<PullRequestKit::Quota> quotaOf(const json::object& rateLimit)
     return PullRequestKit::Quota{*limit, *remaining, *resetAt};
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string_view>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// Members of an object that may be anything: what is missing or of another kind is not there.
 namespace Lenient {
@@ -31,4 +31,4 @@ std::optional<PullRequestKit::PullRequestFacts> factsOf(const boost::json::objec
 /// Safe from any thread.
 std::optional<PullRequestKit::Quota> quotaOf(const boost::json::object& rateLimit);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -8,7 +8,7 @@
 #include <array>
 #include <ctime>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 using std::chrono::system_clock;
@@ -144,4 +144,4 @@ std::optional<std::string> findObstacle(
     }
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -13,7 +13,7 @@
 #include <string>
 #include <string_view>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// `gh auth status` calls every refused or failed request an invalid token. These functions find
 /// out whether GitHub was out of reach or the account's limit used up instead.
@@ -56,30 +56,30 @@ std::optional<std::string> obstacle(
 std::optional<std::string> findObstacle(
     const Gh& gh, const std::string& host, const WallClock& clock, std::stop_token stopToken);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub
 
 namespace PullRequestKit::Json {
 
 template<>
-struct Fields<GitHubProvider::RequestLimit> {
+struct Fields<GitHub::RequestLimit> {
     static constexpr std::tuple table{
-        field("remaining", &GitHubProvider::RequestLimit::remaining),
-        field("reset", &GitHubProvider::RequestLimit::reset),
+        field("remaining", &GitHub::RequestLimit::remaining),
+        field("reset", &GitHub::RequestLimit::reset),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::RequestLimits::Resources> {
+struct Fields<GitHub::RequestLimits::Resources> {
     static constexpr std::tuple table{
-        field("core", &GitHubProvider::RequestLimits::Resources::core),
-        field("graphql", &GitHubProvider::RequestLimits::Resources::graphql),
+        field("core", &GitHub::RequestLimits::Resources::core),
+        field("graphql", &GitHub::RequestLimits::Resources::graphql),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::RequestLimits> {
+struct Fields<GitHub::RequestLimits> {
     static constexpr std::tuple table{
-        field("resources", &GitHubProvider::RequestLimits::resources),
+        field("resources", &GitHub::RequestLimits::resources),
     };
 };
 

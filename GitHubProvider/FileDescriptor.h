@@ -4,7 +4,7 @@
 
 #include <unistd.h>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// Owns an open file descriptor and closes it when its life ends.
 class FileDescriptor {
@@ -47,4 +47,4 @@ private:
     int _number = -1;
 };
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -7,7 +7,7 @@
 #include <system_error>
 #include <utility>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 PullRequestKit::ProviderError notFound()
@@ -67,4 +67,4 @@ std::string failureText(const CommandResult& result, const std::string& fallback
     return text.empty() ? fallback : text;
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// Looks for the executable `gh`; nothing while it is not installed. Called from several threads,
 /// one at a time.
@@ -48,4 +48,4 @@ private:
 /// left. Safe from any thread.
 std::string failureText(const CommandResult& result, const std::string& fallback);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

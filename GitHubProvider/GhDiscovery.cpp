@@ -6,7 +6,7 @@
 
 #include <unistd.h>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 std::vector<std::filesystem::path> searchPathCandidates(
     const Environment& environment, std::string_view program)
@@ -50,4 +50,4 @@ std::optional<std::filesystem::path> findGH(
     return std::nullopt;
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

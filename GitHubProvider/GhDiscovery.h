@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// Environment variables by name.
 using Environment = std::map<std::string, std::string>;
@@ -30,4 +30,4 @@ std::optional<std::filesystem::path> findGH(
     const Environment& environment,
     const std::function<bool(const std::filesystem::path&)>& isExecutable = isExecutableFile);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

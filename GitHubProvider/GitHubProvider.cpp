@@ -10,7 +10,7 @@
 
 #include <utility>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 using PullRequestKit::PullRequest;
@@ -83,7 +83,7 @@ std::string_view GitHubProvider::displayName() const
 PullRequestKit::AuthenticationStatus GitHubProvider::authenticationStatus(
     std::stop_token stopToken) const
 {
-    return ::GitHubProvider::authenticationStatus(_gh, _host, _wallClock, std::move(stopToken));
+    return GitHub::authenticationStatus(_gh, _host, _wallClock, std::move(stopToken));
 }
 
 std::vector<PullRequestKit::RepositorySummary> GitHubProvider::repositories(
@@ -128,4 +128,4 @@ PullRequestKit::FactsAnswer GitHubProvider::facts(
     return _facts.ask(pullRequests, stopToken);
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -20,7 +20,7 @@
 #include <string_view>
 #include <vector>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// The host of the public GitHub service, which `gh` uses by default.
 inline constexpr const char* publicHost = "github.com";
@@ -77,4 +77,4 @@ private:
     Facts _facts;
 };
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -1,6 +1,6 @@
 #include "GitHubProvider/GraphQL.h"
 
-namespace GitHubProvider {
+namespace GitHub {
 
 std::string graphQLMessage(std::span<const GraphQLFailure> failures)
 {
@@ -14,4 +14,4 @@ std::string graphQLMessage(std::span<const GraphQLFailure> failures)
     return text;
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

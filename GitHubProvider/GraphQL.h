@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// One entry of the `errors` of a GraphQL answer.
 struct GraphQLFailure {
@@ -43,29 +43,29 @@ struct NodeList {
 /// The messages, one a line. Safe from any thread.
 std::string graphQLMessage(std::span<const GraphQLFailure> failures);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub
 
 namespace PullRequestKit::Json {
 
 template<>
-struct Fields<GitHubProvider::GraphQLFailure> {
+struct Fields<GitHub::GraphQLFailure> {
     static constexpr std::tuple table{
-        field("message", &GitHubProvider::GraphQLFailure::message),
+        field("message", &GitHub::GraphQLFailure::message),
     };
 };
 
 template<typename Payload>
-struct Fields<GitHubProvider::GraphQLAnswer<Payload>> {
+struct Fields<GitHub::GraphQLAnswer<Payload>> {
     static constexpr std::tuple table{
-        field("data", &GitHubProvider::GraphQLAnswer<Payload>::data),
-        field("errors", &GitHubProvider::GraphQLAnswer<Payload>::errors),
+        field("data", &GitHub::GraphQLAnswer<Payload>::data),
+        field("errors", &GitHub::GraphQLAnswer<Payload>::errors),
     };
 };
 
 template<typename Node>
-struct Fields<GitHubProvider::NodeList<Node>> {
+struct Fields<GitHub::NodeList<Node>> {
     static constexpr std::tuple table{
-        field("nodes", &GitHubProvider::NodeList<Node>::nodes),
+        field("nodes", &GitHub::NodeList<Node>::nodes),
     };
 };
 

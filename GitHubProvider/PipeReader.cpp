@@ -9,7 +9,7 @@
 
 #include <unistd.h>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 using PullRequestKit::ProviderError;
@@ -71,4 +71,4 @@ std::string PipeReader::takeBytes()
     return std::exchange(_bytes, std::string());
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// Gathers what comes out of a pipe, piece by piece, up to a limit. One thread at a time.
 class PipeReader {
@@ -39,4 +39,4 @@ private:
     bool _isDiscarding = false;
 };
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

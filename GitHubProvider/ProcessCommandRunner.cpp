@@ -18,7 +18,7 @@
 #include <sys/eventfd.h>
 #include <sys/timerfd.h>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 using PullRequestKit::CancellationError;
@@ -221,4 +221,4 @@ CommandResult ProcessCommandRunner::run(
     return result;
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

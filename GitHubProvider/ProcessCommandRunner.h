@@ -6,7 +6,7 @@
 #include <chrono>
 #include <cstddef>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// Runs programs as child processes, with the standard input, environment and working directory of
 /// this one, in sessions of their own. The calling thread does all the work and no other thread is
@@ -41,4 +41,4 @@ private:
     std::size_t _outputLimit;
 };
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -1,6 +1,6 @@
 #include "GitHubProvider/ProcessController.h"
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 /// Called without the lock: a process may take its time to answer.
@@ -54,4 +54,4 @@ bool ProcessController::hasTimedOut() const
     return _hasTimedOut;
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

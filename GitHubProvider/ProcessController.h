@@ -3,7 +3,7 @@
 #include <memory>
 #include <mutex>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// A process that can be asked to end. Implementations are safe from any thread.
 class TerminableProcess {
@@ -41,4 +41,4 @@ private:
     bool _hasTimedOut = false;
 };
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 using PullRequestKit::ProgressCount;
@@ -246,4 +246,4 @@ std::optional<PullRequestKit::PullRequest> makePullRequest(
     return mapped ? std::optional(std::move(mapped->pullRequest)) : std::nullopt;
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// The text in `PullRequestID::provider` of every pull request from GitHub. Stored: do not rename.
 inline constexpr std::string_view providerID = "github";
@@ -34,4 +34,4 @@ std::optional<MappedPullRequest> mapPullRequest(
 std::optional<PullRequestKit::PullRequest> makePullRequest(
     Node node, const std::string& host, std::optional<std::int64_t> requiredReviews);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <iterator>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 constexpr const char* documentArgument =
@@ -49,4 +49,4 @@ std::vector<std::string> countArguments(const std::string& first, const std::str
         "together=" + alone + first + " repo:" + second};
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// A search over several repositories that finds nothing proves nothing: GitHub has announced that
 /// several `repo:` terms will mean all of them instead of any of them, and no pull request is in
@@ -52,23 +52,23 @@ std::pair<std::string, std::string> repositoriesToCount(
 /// The arguments with which `gh` counts. Safe from any thread.
 std::vector<std::string> countArguments(const std::string& first, const std::string& second);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub
 
 namespace PullRequestKit::Json {
 
 template<>
-struct Fields<GitHubProvider::RepositoryCounts::Count> {
+struct Fields<GitHub::RepositoryCounts::Count> {
     static constexpr std::tuple table{
-        field("issueCount", &GitHubProvider::RepositoryCounts::Count::issueCount),
+        field("issueCount", &GitHub::RepositoryCounts::Count::issueCount),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::RepositoryCounts> {
+struct Fields<GitHub::RepositoryCounts> {
     static constexpr std::tuple table{
-        field("first", &GitHubProvider::RepositoryCounts::first),
-        field("second", &GitHubProvider::RepositoryCounts::second),
-        field("together", &GitHubProvider::RepositoryCounts::together),
+        field("first", &GitHub::RepositoryCounts::first),
+        field("second", &GitHub::RepositoryCounts::second),
+        field("together", &GitHub::RepositoryCounts::together),
     };
 };
 

@@ -9,7 +9,7 @@
 #include <map>
 #include <utility>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 using PullRequestKit::RepositorySummary;
@@ -72,4 +72,4 @@ std::vector<RepositorySummary> listRepositories(
     return decodeRepositories(result.standardOutput);
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// The repositories in what `gh` prints, one JSON object a line: each once, the last line's
 /// version, ordered by name as a file browser does. Throws `DecodingError`. Safe from any thread.
@@ -19,4 +19,4 @@ std::vector<PullRequestKit::RepositorySummary> decodeRepositories(std::string_vi
 std::vector<PullRequestKit::RepositorySummary> listRepositories(
     const Gh& gh, const std::string& host, std::stop_token stopToken);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

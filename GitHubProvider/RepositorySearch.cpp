@@ -8,7 +8,7 @@
 #include <chrono>
 #include <exception>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 using PullRequestKit::Date;
 
@@ -152,4 +152,4 @@ Date RepositorySearch::now() const
     return std::chrono::floor<std::chrono::seconds>(_clock());
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -10,7 +10,7 @@
 #include <stop_token>
 #include <string>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// Searches the pull requests of repositories, in as few searches as fit into arguments, and makes
 /// sure that an empty answer means what it says: see `RepositoryCounts`. What it learns goes into
@@ -46,4 +46,4 @@ private:
     const WallClock& _clock;
 };
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

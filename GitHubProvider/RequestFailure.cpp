@@ -3,7 +3,7 @@
 #include "GitHubProvider/Text.h"
 #include "PullRequestKit/Errors.h"
 
-namespace GitHubProvider {
+namespace GitHub {
 
 bool tellsOfSecondaryLimit(std::string_view text)
 {
@@ -23,4 +23,4 @@ void throwRequestFailure(const std::string& message)
     throw PullRequestKit::ProviderError(message);
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

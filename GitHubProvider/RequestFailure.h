@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// Whether the text is GitHub's about its secondary rate limit, which pauses an account that asks
 /// too much within a short time. Safe from any thread.
@@ -16,4 +16,4 @@ bool tellsOfLimit(std::string_view text);
 /// `ProviderError`.
 [[noreturn]] void throwRequestFailure(const std::string& message);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

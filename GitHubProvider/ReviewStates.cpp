@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 std::optional<PullRequestKit::ReviewVerdict> reviewVerdict(std::string_view state)
 {
@@ -21,4 +21,4 @@ std::optional<PullRequestKit::ReviewVerdict> reviewVerdict(std::string_view stat
     return found != verdicts.end() ? std::optional(found->second) : std::nullopt;
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

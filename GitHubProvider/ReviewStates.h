@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// GitHub's texts for the results of reviews.
 inline constexpr std::string_view approvedText = "APPROVED";
@@ -15,4 +15,4 @@ inline constexpr std::string_view commentedText = "COMMENTED";
 /// What one of these texts, "DISMISSED" and "PENDING" included, stands for. Safe from any thread.
 std::optional<PullRequestKit::ReviewVerdict> reviewVerdict(std::string_view state);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

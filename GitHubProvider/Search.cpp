@@ -10,7 +10,7 @@
 #include <unordered_map>
 #include <utility>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 using PullRequestKit::ProviderError;
@@ -170,4 +170,4 @@ SearchResult searchEach(
     return all;
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

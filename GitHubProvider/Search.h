@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// What is kept of a hit once its page is gone, a small part of what GitHub sends.
 struct SearchHit {
@@ -56,4 +56,4 @@ SearchResult searchEach(
     SearchTrace& trace,
     std::stop_token stopToken);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// What is known of how GitHub takes a search that names several repositories. It is kept across
 /// starts.
@@ -54,15 +54,15 @@ private:
     SearchKnowledge _knowledge;
 };
 
-}  // namespace GitHubProvider
+}  // namespace GitHub
 
 // Stored: do not rename.
 template<>
-struct PullRequestKit::Json::Fields<GitHubProvider::SearchKnowledge> {
+struct PullRequestKit::Json::Fields<GitHub::SearchKnowledge> {
     static constexpr std::tuple table{
-        defaultedField("isGrouped", &GitHubProvider::SearchKnowledge::isGrouped),
-        field("groupSize", &GitHubProvider::SearchKnowledge::groupSize),
-        field("askedAt", &GitHubProvider::SearchKnowledge::askedAt),
-        field("repository", &GitHubProvider::SearchKnowledge::repository),
+        defaultedField("isGrouped", &GitHub::SearchKnowledge::isGrouped),
+        field("groupSize", &GitHub::SearchKnowledge::groupSize),
+        field("askedAt", &GitHub::SearchKnowledge::askedAt),
+        field("repository", &GitHub::SearchKnowledge::repository),
     };
 };

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 constexpr const char* documentArgument = R"(query=query($q:String!, $cursor:String) {
@@ -156,4 +156,4 @@ std::vector<std::string> searchArguments(
     return arguments;
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

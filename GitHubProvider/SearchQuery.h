@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// How many entries of each list the search asks for. An answer with as many may lack some.
 struct SearchLimits {
@@ -59,4 +59,4 @@ std::vector<std::string> searchArguments(
     const std::optional<std::string>& cursor,
     SearchForm form = SearchForm::terms);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

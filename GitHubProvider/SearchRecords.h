@@ -11,7 +11,7 @@
 #include <vector>
 
 /// One page of the search's answer, as GitHub spells it. What is no `std::optional` must be there.
-namespace GitHubProvider {
+namespace GitHub {
 
 /// A user has a `login`, a team a `name`.
 struct Actor {
@@ -105,106 +105,106 @@ struct SearchPayload {
 
 using SearchEnvelope = GraphQLAnswer<SearchPayload>;
 
-}  // namespace GitHubProvider
+}  // namespace GitHub
 
 namespace PullRequestKit::Json {
 
 template<>
-struct Fields<GitHubProvider::Actor> {
+struct Fields<GitHub::Actor> {
     static constexpr std::tuple table{
-        field("login", &GitHubProvider::Actor::login),
-        field("name", &GitHubProvider::Actor::name),
+        field("login", &GitHub::Actor::login),
+        field("name", &GitHub::Actor::name),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::Repository> {
+struct Fields<GitHub::Repository> {
     static constexpr std::tuple table{
-        field("nameWithOwner", &GitHubProvider::Repository::nameWithOwner),
+        field("nameWithOwner", &GitHub::Repository::nameWithOwner),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::ReviewRequest> {
+struct Fields<GitHub::ReviewRequest> {
     static constexpr std::tuple table{
-        field("requestedReviewer", &GitHubProvider::ReviewRequest::requestedReviewer),
+        field("requestedReviewer", &GitHub::ReviewRequest::requestedReviewer),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::Review> {
+struct Fields<GitHub::Review> {
     static constexpr std::tuple table{
-        field("state", &GitHubProvider::Review::state),
-        field("author", &GitHubProvider::Review::author),
+        field("state", &GitHub::Review::state),
+        field("author", &GitHub::Review::author),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::Rollup> {
+struct Fields<GitHub::Rollup> {
     static constexpr std::tuple table{
-        field("contexts", &GitHubProvider::Rollup::contexts),
+        field("contexts", &GitHub::Rollup::contexts),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::Commit> {
+struct Fields<GitHub::Commit> {
     static constexpr std::tuple table{
-        field("statusCheckRollup", &GitHubProvider::Commit::statusCheckRollup),
+        field("statusCheckRollup", &GitHub::Commit::statusCheckRollup),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::CommitNode> {
+struct Fields<GitHub::CommitNode> {
     static constexpr std::tuple table{
-        field("commit", &GitHubProvider::CommitNode::commit),
+        field("commit", &GitHub::CommitNode::commit),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::Node> {
+struct Fields<GitHub::Node> {
     static constexpr std::tuple table{
-        field("number", &GitHubProvider::Node::number),
-        field("title", &GitHubProvider::Node::title),
-        field("url", &GitHubProvider::Node::url),
-        field("createdAt", &GitHubProvider::Node::createdAt),
-        field("updatedAt", &GitHubProvider::Node::updatedAt),
-        field("state", &GitHubProvider::Node::state),
-        field("isDraft", &GitHubProvider::Node::isDraft),
-        field("mergeable", &GitHubProvider::Node::mergeable),
-        field("baseRefName", &GitHubProvider::Node::baseRefName),
-        field("headRefName", &GitHubProvider::Node::headRefName),
-        field("author", &GitHubProvider::Node::author),
-        field("repository", &GitHubProvider::Node::repository),
-        field("baseRepository", &GitHubProvider::Node::baseRepository),
-        field("headRepository", &GitHubProvider::Node::headRepository),
-        field("baseRef", &GitHubProvider::Node::baseRef),
-        field("reviewRequests", &GitHubProvider::Node::reviewRequests),
-        field("latestReviews", &GitHubProvider::Node::latestReviews),
-        field("commits", &GitHubProvider::Node::commits),
+        field("number", &GitHub::Node::number),
+        field("title", &GitHub::Node::title),
+        field("url", &GitHub::Node::url),
+        field("createdAt", &GitHub::Node::createdAt),
+        field("updatedAt", &GitHub::Node::updatedAt),
+        field("state", &GitHub::Node::state),
+        field("isDraft", &GitHub::Node::isDraft),
+        field("mergeable", &GitHub::Node::mergeable),
+        field("baseRefName", &GitHub::Node::baseRefName),
+        field("headRefName", &GitHub::Node::headRefName),
+        field("author", &GitHub::Node::author),
+        field("repository", &GitHub::Node::repository),
+        field("baseRepository", &GitHub::Node::baseRepository),
+        field("headRepository", &GitHub::Node::headRepository),
+        field("baseRef", &GitHub::Node::baseRef),
+        field("reviewRequests", &GitHub::Node::reviewRequests),
+        field("latestReviews", &GitHub::Node::latestReviews),
+        field("commits", &GitHub::Node::commits),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::PageInfo> {
+struct Fields<GitHub::PageInfo> {
     static constexpr std::tuple table{
-        field("hasNextPage", &GitHubProvider::PageInfo::hasNextPage),
-        field("endCursor", &GitHubProvider::PageInfo::endCursor),
+        field("hasNextPage", &GitHub::PageInfo::hasNextPage),
+        field("endCursor", &GitHub::PageInfo::endCursor),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::SearchPage> {
+struct Fields<GitHub::SearchPage> {
     static constexpr std::tuple table{
-        field("issueCount", &GitHubProvider::SearchPage::issueCount),
-        field("pageInfo", &GitHubProvider::SearchPage::pageInfo),
-        field("nodes", &GitHubProvider::SearchPage::nodes),
+        field("issueCount", &GitHub::SearchPage::issueCount),
+        field("pageInfo", &GitHub::SearchPage::pageInfo),
+        field("nodes", &GitHub::SearchPage::nodes),
     };
 };
 
 template<>
-struct Fields<GitHubProvider::SearchPayload> {
+struct Fields<GitHub::SearchPayload> {
     static constexpr std::tuple table{
-        field("search", &GitHubProvider::SearchPayload::search),
+        field("search", &GitHub::SearchPayload::search),
     };
 };
 

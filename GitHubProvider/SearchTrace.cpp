@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 SearchTrace::SearchTrace(LogSink log, SteadyClock clock)
     : _log(std::move(log))
@@ -61,4 +61,4 @@ std::string SearchTrace::timeSince(Instant start) const
     return durationText(_clock() - start);
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// Writes what one search does to the log, a line for each step, and measures how long the steps
 /// take. Belongs to one thread.
@@ -48,4 +48,4 @@ private:
     std::size_t _pages = 0;
 };
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

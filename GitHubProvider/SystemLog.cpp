@@ -2,7 +2,7 @@
 
 #include <syslog.h>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 LogSink systemLog()
 {
@@ -10,4 +10,4 @@ LogSink systemLog()
     return [](const std::string& line) { syslog(LOG_INFO, "%s", line.c_str()); };
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

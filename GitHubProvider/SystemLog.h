@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// Takes one line of diagnostics, without a line break. Called from several threads at once.
 using LogSink = std::function<void(const std::string& line)>;
@@ -11,4 +11,4 @@ using LogSink = std::function<void(const std::string& line)>;
 /// Writes to the system log (`syslog`) as "tarnwick". Without a system log the lines are lost.
 LogSink systemLog();
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

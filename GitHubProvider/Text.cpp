@@ -5,7 +5,7 @@
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
-namespace GitHubProvider {
+namespace GitHub {
 namespace {
 
 icu::UnicodeString unicode(std::string_view bytes)
@@ -63,4 +63,4 @@ std::size_t endOfAsciiIgnoringCase(std::string_view text, std::string_view part)
                                        : static_cast<std::size_t>(found.end() - text.begin());
 }
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

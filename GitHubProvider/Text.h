@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace GitHubProvider {
+namespace GitHub {
 
 /// The bytes as UTF-8, each invalid sequence replaced by U+FFFD. Safe from any thread.
 std::string decodeText(std::string_view bytes);
@@ -22,4 +22,4 @@ std::optional<std::string> firstWord(std::string_view text);
 /// Requires: `part` in lower-case ASCII. Safe from any thread.
 std::size_t endOfAsciiIgnoringCase(std::string_view text, std::string_view part);
 
-}  // namespace GitHubProvider
+}  // namespace GitHub

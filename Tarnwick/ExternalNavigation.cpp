@@ -17,7 +17,7 @@
 
 namespace Tarnwick {
 
-using GitHubProvider::CommandResult;
+using GitHub::CommandResult;
 using Surroundings = ExternalNavigation::Surroundings;
 
 namespace {
@@ -31,8 +31,7 @@ namespace {
 
 std::optional<std::filesystem::path> linkOpener(const Surroundings& surroundings)
 {
-    const auto candidates =
-        GitHubProvider::searchPathCandidates(surroundings.environment, "xdg-open");
+    const auto candidates = GitHub::searchPathCandidates(surroundings.environment, "xdg-open");
     const auto found = std::ranges::find_if(candidates, surroundings.isExecutable);
     return found == candidates.end() ? std::nullopt : std::optional(*found);
 }
@@ -83,13 +82,13 @@ ExternalNavigation::ExternalNavigation(Surroundings surroundings)
 {}
 
 Surroundings ExternalNavigation::desktop(
-    GitHubProvider::Environment environment, PanelDismissal dismissPanel)
+    GitHub::Environment environment, PanelDismissal dismissPanel)
 {
     Surroundings surroundings;
     surroundings.gitRunner = toolRunner();
     surroundings.editorRunner = editorRunner();
     surroundings.environment = std::move(environment);
-    surroundings.isExecutable = GitHubProvider::isExecutableFile;
+    surroundings.isExecutable = GitHub::isExecutableFile;
     surroundings.dismissPanel = std::move(dismissPanel);
     surroundings.launch = [inherited = surroundings.environment](const Launch& launch) {
         launchDetached(launch, inherited);

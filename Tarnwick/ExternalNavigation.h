@@ -19,9 +19,9 @@ public:
     /// What leaving touches of the world. All are required; all are called on the main thread but
     /// the runners.
     struct Surroundings {
-        std::shared_ptr<const GitHubProvider::CommandRunning> gitRunner;
-        std::shared_ptr<const GitHubProvider::CommandRunning> editorRunner;
-        GitHubProvider::Environment environment;
+        std::shared_ptr<const GitHub::CommandRunning> gitRunner;
+        std::shared_ptr<const GitHub::CommandRunning> editorRunner;
+        GitHub::Environment environment;
         std::function<bool(const std::filesystem::path&)> isExecutable;
         PanelDismissal dismissPanel;
         std::function<void(const Launch&)> launch;
@@ -32,8 +32,7 @@ public:
     explicit ExternalNavigation(Surroundings surroundings);
 
     /// The desktop around this process. Constructing it asks nothing of the desktop.
-    static Surroundings desktop(
-        GitHubProvider::Environment environment, PanelDismissal dismissPanel);
+    static Surroundings desktop(GitHub::Environment environment, PanelDismissal dismissPanel);
 
     /// Dismisses the panel, unless it is to stay, and has the desktop open the address; nobody
     /// waits for that, and nothing is reported. The token, if there is one, lets the browser come

@@ -18,11 +18,11 @@ PullRequestMenuModel::Collaborators standardCollaborators(
     const std::map<std::string, std::string>& environment, std::shared_ptr<ReadAhead> readAhead)
 {
     return {
-        .provider = std::make_shared<GitHubProvider::GitHubProvider>(
-            GitHubProvider::publicHost,
-            [environment] { return GitHubProvider::findGH(environment); },
+        .provider = std::make_shared<GitHub::GitHubProvider>(
+            GitHub::publicHost,
+            [environment] { return GitHub::findGH(environment); },
             toolRunner(),
-            GitHubProvider::systemLog(),
+            GitHub::systemLog(),
             std::chrono::system_clock::now,
             std::chrono::steady_clock::now,
             std::make_shared<SearchMemoryFile>(

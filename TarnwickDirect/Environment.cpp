@@ -22,7 +22,7 @@ void prepareEnvironment()
     // nobody is signed in, a host from the environment makes gh 2.23 speak of a token in a file
     // that is not there, in place of saying that nobody is.
     if (!qEnvironmentVariableIsEmpty("GH_TOKEN") || !qEnvironmentVariableIsEmpty("GITHUB_TOKEN")) {
-        qputenv("GH_HOST", GitHubProvider::publicHost);
+        qputenv("GH_HOST", GitHub::publicHost);
     }
 }
 

@@ -27,10 +27,9 @@ std::chrono::nanoseconds timeBy(clockid_t clock)
 
 /// A timer that counts on while the machine sleeps, as Qt's do not. Not open when there can be
 /// none.
-GitHubProvider::FileDescriptor openTimer(std::chrono::milliseconds duration)
+GitHub::FileDescriptor openTimer(std::chrono::milliseconds duration)
 {
-    GitHubProvider::FileDescriptor timer(
-        ::timerfd_create(CLOCK_BOOTTIME, TFD_CLOEXEC | TFD_NONBLOCK));
+    GitHub::FileDescriptor timer(::timerfd_create(CLOCK_BOOTTIME, TFD_CLOEXEC | TFD_NONBLOCK));
     // A timer that is set to nothing would not run.
     const std::chrono::nanoseconds wait =
         std::max<std::chrono::nanoseconds>(duration, std::chrono::nanoseconds(1));
@@ -73,7 +72,7 @@ private:
     }
 
     QPromise<void> _promise;
-    GitHubProvider::FileDescriptor _timer;
+    GitHub::FileDescriptor _timer;
     std::unique_ptr<QSocketNotifier> _notifier;
     bool _isOver = false;
     std::optional<std::stop_callback<std::function<void()>>> _stopCallback;

@@ -6,7 +6,7 @@
 namespace Tarnwick {
 namespace {
 
-std::filesystem::path pathIn(const GitHubProvider::Environment& environment, const char* name)
+std::filesystem::path pathIn(const GitHub::Environment& environment, const char* name)
 {
     const auto variable = environment.find(name);
     return variable == environment.end() ? std::string{} : variable->second;
@@ -24,7 +24,7 @@ bool isWithin(const std::filesystem::path& file, const std::filesystem::path& fo
 }  // namespace
 
 std::filesystem::path appImageOf(
-    const GitHubProvider::Environment& environment, const std::filesystem::path& executable)
+    const GitHub::Environment& environment, const std::filesystem::path& executable)
 {
     const auto file = pathIn(environment, "APPIMAGE");
     const auto folder = pathIn(environment, "APPDIR");
@@ -35,7 +35,7 @@ std::filesystem::path appImageOf(
 }
 
 std::filesystem::path startableFile(
-    const GitHubProvider::Environment& environment, const std::filesystem::path& executable)
+    const GitHub::Environment& environment, const std::filesystem::path& executable)
 {
     const auto appImage = appImageOf(environment, executable);
     return appImage.empty() ? executable : appImage;

@@ -10,11 +10,11 @@ namespace Tarnwick {
 /// count only when the executable lies within the latter, for programs that an AppImage starts
 /// inherit them. Safe from any thread.
 std::filesystem::path appImageOf(
-    const GitHubProvider::Environment& environment, const std::filesystem::path& executable);
+    const GitHub::Environment& environment, const std::filesystem::path& executable);
 
 /// The file by which this executable is started another time: its AppImage, where it runs from one,
 /// which is mounted in another place each time. Safe from any thread.
 std::filesystem::path startableFile(
-    const GitHubProvider::Environment& environment, const std::filesystem::path& executable);
+    const GitHub::Environment& environment, const std::filesystem::path& executable);
 
 }  // namespace Tarnwick

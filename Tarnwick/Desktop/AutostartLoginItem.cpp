@@ -63,15 +63,15 @@ std::optional<std::string> valueOf(std::string_view entry, std::string_view key)
     bool isInGroup = false;
     while (!entry.empty()) {
         const std::size_t end = std::min(entry.find('\n'), entry.size());
-        const std::string line = GitHubProvider::trimText(entry.substr(0, end));
+        const std::string line = GitHub::trimText(entry.substr(0, end));
         entry.remove_prefix(std::min(end + 1, entry.size()));
         const std::size_t equals = line.find('=');
         if (line.starts_with('[')) {
             isInGroup = line == "[Desktop Entry]";
         } else if (
             isInGroup && equals != std::string::npos
-            && GitHubProvider::trimText(line.substr(0, equals)) == key) {
-            return GitHubProvider::trimText(line.substr(equals + 1));
+            && GitHub::trimText(line.substr(0, equals)) == key) {
+            return GitHub::trimText(line.substr(equals + 1));
         }
     }
     return std::nullopt;
@@ -79,7 +79,7 @@ std::optional<std::string> valueOf(std::string_view entry, std::string_view key)
 
 }  // namespace
 
-std::filesystem::path file(const GitHubProvider::Environment& environment)
+std::filesystem::path file(const GitHub::Environment& environment)
 {
     const auto valueIn = [&environment](const std::string& name) {
         const auto found = environment.find(name);

@@ -13,7 +13,7 @@ namespace Tarnwick {
 namespace AutostartEntry {
 
 /// The file of the program's own entry in the user's folder of autostart entries.
-std::filesystem::path file(const GitHubProvider::Environment& environment);
+std::filesystem::path file(const GitHub::Environment& environment);
 
 /// An entry that starts this executable hidden.
 std::string text(const std::filesystem::path& executable);

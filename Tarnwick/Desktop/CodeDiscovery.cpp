@@ -6,7 +6,7 @@
 
 namespace Tarnwick {
 
-std::vector<std::filesystem::path> codeCandidates(const GitHubProvider::Environment& environment)
+std::vector<std::filesystem::path> codeCandidates(const GitHub::Environment& environment)
 {
     const std::string application =
         "/Applications/Visual Studio Code.app/Contents/Resources/app/bin/code";
@@ -16,12 +16,12 @@ std::vector<std::filesystem::path> codeCandidates(const GitHubProvider::Environm
         candidates.emplace_back(home->second + application);
     }
     std::ranges::move(
-        GitHubProvider::searchPathCandidates(environment, "code"), std::back_inserter(candidates));
+        GitHub::searchPathCandidates(environment, "code"), std::back_inserter(candidates));
     return candidates;
 }
 
 std::optional<std::filesystem::path> codeExecutable(
-    const GitHubProvider::Environment& environment,
+    const GitHub::Environment& environment,
     const std::function<bool(const std::filesystem::path&)>& isExecutable)
 {
     for (std::filesystem::path& candidate : codeCandidates(environment)) {

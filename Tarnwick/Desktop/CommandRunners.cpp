@@ -4,8 +4,8 @@
 
 namespace Tarnwick {
 
-using GitHubProvider::ChildSettings;
-using GitHubProvider::ProcessCommandRunner;
+using GitHub::ChildSettings;
+using GitHub::ProcessCommandRunner;
 
 namespace {
 
@@ -13,7 +13,7 @@ constexpr std::chrono::seconds commandTimeout{30};
 
 }  // namespace
 
-std::shared_ptr<const GitHubProvider::CommandRunning> toolRunner()
+std::shared_ptr<const GitHub::CommandRunning> toolRunner()
 {
     // Nothing is set against questions of ssh: without a terminal it asks by an askpass program or
     // fails, and its batch mode would forbid the askpass program as well.
@@ -23,7 +23,7 @@ std::shared_ptr<const GitHubProvider::CommandRunning> toolRunner()
     return std::make_shared<ProcessCommandRunner>(commandTimeout, settings);
 }
 
-std::shared_ptr<const GitHubProvider::CommandRunning> editorRunner()
+std::shared_ptr<const GitHub::CommandRunning> editorRunner()
 {
     const ChildSettings settings{.variables = {}, .reach = ChildSettings::Reach::program};
     return std::make_shared<ProcessCommandRunner>(commandTimeout, settings);

@@ -13,8 +13,8 @@
 
 namespace Tarnwick::EditorWorktree {
 
-using GitHubProvider::CommandResult;
-using GitHubProvider::CommandRunning;
+using GitHub::CommandResult;
+using GitHub::CommandRunning;
 
 namespace {
 
@@ -127,8 +127,7 @@ void check(const CommandResult& result, std::string_view action)
     }
     std::string message(action);
     message += " failed (exit " + std::to_string(result.status) + ").";
-    const std::string said =
-        GitHubProvider::trimText(GitHubProvider::decodeText(result.standardError));
+    const std::string said = GitHub::trimText(GitHub::decodeText(result.standardError));
     throw ExternalNavigationError(said.empty() ? message : message + "\n" + said);
 }
 

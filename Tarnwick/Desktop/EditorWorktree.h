@@ -30,7 +30,7 @@ std::filesystem::path worktreeDirectory(
 
 /// Throws `ExternalNavigationError` unless the command ended with 0: "ACTION failed (exit STATUS)."
 /// and, on a second line, what it wrote to standard error. Safe from any thread.
-void check(const GitHubProvider::CommandResult& result, std::string_view action);
+void check(const GitHub::CommandResult& result, std::string_view action);
 
 /// Fetches, then finds the worktree on `branch` or makes it, with the branch made from origin's
 /// where there is none, and yields its folder. Main thread only; the commands run on a worker
@@ -41,7 +41,7 @@ void check(const GitHubProvider::CommandResult& result, std::string_view action)
 QCoro::Task<std::filesystem::path> prepare(
     std::filesystem::path clone,
     std::string branch,
-    std::shared_ptr<const GitHubProvider::CommandRunning> runner,
+    std::shared_ptr<const GitHub::CommandRunning> runner,
     ProgressSink progress,
     std::stop_token stopToken);
 

@@ -9,8 +9,8 @@
 
 namespace Tarnwick {
 
-GitHubProvider::Environment launchEnvironment(
-    GitHubProvider::Environment environment, const std::string& activationToken)
+GitHub::Environment launchEnvironment(
+    GitHub::Environment environment, const std::string& activationToken)
 {
     for (const char* const name : std::array{"XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"}) {
         if (activationToken.empty()) {
@@ -22,7 +22,7 @@ GitHubProvider::Environment launchEnvironment(
     return environment;
 }
 
-void launchDetached(const Launch& launch, const GitHubProvider::Environment& environment)
+void launchDetached(const Launch& launch, const GitHub::Environment& environment)
 {
     QProcessEnvironment variables;
     for (const auto& [name, value] : launchEnvironment(environment, launch.activationToken)) {

@@ -20,11 +20,11 @@ struct Launch {
 /// The environment of a launched program: this one, with the token under both names that programs
 /// look for. A token that this program was started with is its own and is not passed on. Safe from
 /// any thread.
-GitHubProvider::Environment launchEnvironment(
-    GitHubProvider::Environment environment, const std::string& activationToken);
+GitHub::Environment launchEnvironment(
+    GitHub::Environment environment, const std::string& activationToken);
 
 /// Starts the program on its own, with nothing to read and its output dropped, and reports nothing.
 /// Returns as soon as it runs, or cannot. Safe from any thread.
-void launchDetached(const Launch& launch, const GitHubProvider::Environment& environment);
+void launchDetached(const Launch& launch, const GitHub::Environment& environment);
 
 }  // namespace Tarnwick

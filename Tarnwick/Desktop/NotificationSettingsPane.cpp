@@ -27,11 +27,9 @@ constexpr std::array panes{
 };
 
 std::optional<Launch> installed(
-    const Pane& pane,
-    const GitHubProvider::Environment& environment,
-    const IsExecutable& isExecutable)
+    const Pane& pane, const GitHub::Environment& environment, const IsExecutable& isExecutable)
 {
-    const auto candidates = GitHubProvider::searchPathCandidates(environment, pane.program);
+    const auto candidates = GitHub::searchPathCandidates(environment, pane.program);
     const auto found = std::ranges::find_if(candidates, isExecutable);
     if (found == candidates.end()) {
         return std::nullopt;
@@ -46,7 +44,7 @@ std::optional<Launch> installed(
 
 std::optional<Launch> paneOf(
     std::string_view desktop,
-    const GitHubProvider::Environment& environment,
+    const GitHub::Environment& environment,
     const IsExecutable& isExecutable)
 {
     for (const Pane& pane : panes) {
@@ -63,7 +61,7 @@ std::optional<Launch> paneOf(
 }  // namespace
 
 std::optional<Launch> notificationSettingsPane(
-    const GitHubProvider::Environment& environment, const IsExecutable& isExecutable)
+    const GitHub::Environment& environment, const IsExecutable& isExecutable)
 {
     // A list, most particular name first, such as "ubuntu:GNOME".
     const auto variable = environment.find("XDG_CURRENT_DESKTOP");

@@ -10,7 +10,7 @@ std::optional<std::filesystem::path> existingWorktree(
     std::string_view listing, const std::string& branch)
 {
     constexpr std::string_view worktreeField = "worktree ";
-    const std::string text = GitHubProvider::decodeText(listing);
+    const std::string text = GitHub::decodeText(listing);
     const std::string branchField = "branch refs/heads/" + branch;
     std::optional<std::filesystem::path> current;
     std::string_view rest = text;

@@ -64,7 +64,7 @@ bool isClone(const fs::path& clone)
 
 fs::path projectFolder(const std::string& setting)
 {
-    const std::string text = GitHubProvider::trimText(setting);
+    const std::string text = GitHub::trimText(setting);
     std::error_code error;
     return text.empty() ? fs::path() : withoutSlashAtEnd(fs::absolute(withHome(text), error));
 }

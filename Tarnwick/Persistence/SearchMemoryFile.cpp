@@ -9,7 +9,7 @@
 
 namespace Tarnwick {
 
-using GitHubProvider::SearchKnowledge;
+using GitHub::SearchKnowledge;
 
 SearchMemoryFile::SearchMemoryFile(std::filesystem::path file)
     : _file(std::move(file))

@@ -10,7 +10,7 @@ namespace Tarnwick {
 /// Keeps what is known of GitHub's search in a file, which each call reads or replaces as a whole,
 /// so that all processes share it. What cannot be written is kept for as long as this lives.
 /// Blocks; safe from any thread.
-class SearchMemoryFile final : public GitHubProvider::SearchMemory {
+class SearchMemoryFile final : public GitHub::SearchMemory {
 public:
     /// A larger file is none of ours, and is not read.
     static constexpr std::size_t largestFile = std::size_t{64} * 1024;
@@ -20,8 +20,8 @@ public:
     /// `search.json` in the folder of a cache file.
     static std::filesystem::path beside(const std::filesystem::path& cacheFile);
 
-    GitHubProvider::SearchKnowledge load() const override;
-    void save(const GitHubProvider::SearchKnowledge& knowledge) override;
+    GitHub::SearchKnowledge load() const override;
+    void save(const GitHub::SearchKnowledge& knowledge) override;
 
 private:
     std::filesystem::path _file;

@@ -30,7 +30,7 @@ void closeOnExecution()
 
 }  // namespace
 
-void succeed(const Tarnwick::Launch& successor, const GitHubProvider::Environment& environment)
+void succeed(const Tarnwick::Launch& successor, const GitHub::Environment& environment)
 {
     std::vector<std::string> arguments{successor.executable.string()};
     arguments.insert(arguments.end(), successor.arguments.begin(), successor.arguments.end());

@@ -9,6 +9,6 @@ namespace TarnwickDirect {
 /// standard streams, its folder and its environment is there any more. To be called when everything
 /// else has ended. Throws `std::system_error` when the program cannot be started.
 [[noreturn]] void succeed(
-    const Tarnwick::Launch& successor, const GitHubProvider::Environment& environment);
+    const Tarnwick::Launch& successor, const GitHub::Environment& environment);
 
 }  // namespace TarnwickDirect

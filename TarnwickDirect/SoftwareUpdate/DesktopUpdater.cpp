@@ -10,11 +10,11 @@
 namespace TarnwickDirect {
 namespace {
 
-DesktopUpdater::OpenPackage packageOpener(const GitHubProvider::Environment& environment)
+DesktopUpdater::OpenPackage packageOpener(const GitHub::Environment& environment)
 {
     return [environment](const std::filesystem::path& package) {
         if (const auto installer =
-                packageInstaller(environment, GitHubProvider::isExecutableFile, package)) {
+                packageInstaller(environment, GitHub::isExecutableFile, package)) {
             launchDetached(*installer, environment);
         }
     };

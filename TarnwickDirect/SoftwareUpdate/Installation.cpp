@@ -10,7 +10,7 @@ namespace {
 
 /// What a program prints, or nothing when it fails or is not there.
 std::string outputOf(
-    const GitHubProvider::CommandRunning& runner,
+    const GitHub::CommandRunning& runner,
     const std::filesystem::path& program,
     const std::vector<std::string>& arguments,
     const std::stop_token& stopToken)
@@ -58,9 +58,9 @@ std::optional<PackageFormat> Installation::format() const
 }
 
 Installation findInstallation(
-    const GitHubProvider::Environment& environment,
+    const GitHub::Environment& environment,
     const std::filesystem::path& executable,
-    const GitHubProvider::CommandRunning& runner,
+    const GitHub::CommandRunning& runner,
     std::stop_token stopToken)
 {
     if (const auto appImage = Tarnwick::appImageOf(environment, executable); !appImage.empty()) {

@@ -36,9 +36,9 @@ struct Installation {
 /// Finds out which. What dpkg owns is a package, and apt knows whether a repository has it. Blocks;
 /// call on a worker thread. Throws nothing but `CancellationError`.
 Installation findInstallation(
-    const GitHubProvider::Environment& environment,
+    const GitHub::Environment& environment,
     const std::filesystem::path& executable,
-    const GitHubProvider::CommandRunning& runner,
+    const GitHub::CommandRunning& runner,
     std::stop_token stopToken);
 
 }  // namespace TarnwickDirect

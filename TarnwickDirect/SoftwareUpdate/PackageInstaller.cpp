@@ -5,11 +5,11 @@
 namespace TarnwickDirect {
 
 std::optional<Tarnwick::Launch> packageInstaller(
-    const GitHubProvider::Environment& environment,
+    const GitHub::Environment& environment,
     const std::function<bool(const std::filesystem::path&)>& isExecutable,
     const std::filesystem::path& package)
 {
-    const auto candidates = GitHubProvider::searchPathCandidates(environment, "xdg-open");
+    const auto candidates = GitHub::searchPathCandidates(environment, "xdg-open");
     const auto found = std::ranges::find_if(candidates, isExecutable);
     if (found == candidates.end()) {
         return std::nullopt;

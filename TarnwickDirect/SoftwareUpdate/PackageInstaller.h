@@ -12,7 +12,7 @@ namespace TarnwickDirect {
 /// What has the system's installer open a package file: the program that opens files of any kind,
 /// or nothing where there is none. Safe from any thread. Requires: `isExecutable` can be called.
 std::optional<Tarnwick::Launch> packageInstaller(
-    const GitHubProvider::Environment& environment,
+    const GitHub::Environment& environment,
     const std::function<bool(const std::filesystem::path&)>& isExecutable,
     const std::filesystem::path& package);
 

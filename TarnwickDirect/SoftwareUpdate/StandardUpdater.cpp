@@ -30,7 +30,7 @@ std::filesystem::path downloadFolder()
 std::unique_ptr<AppcastUpdater> standardUpdater(
     const UpdateSource& source,
     const QString& ownVersion,
-    const GitHubProvider::Environment& environment,
+    const GitHub::Environment& environment,
     std::shared_ptr<Tarnwick::DefaultsStore> defaults,
     std::shared_ptr<Tarnwick::Clock> clock,
     UpdaterDelegate& delegate)
@@ -44,7 +44,7 @@ std::unique_ptr<AppcastUpdater> standardUpdater(
         .downloadFolder = downloadFolder(),
         .findInstallation =
             [environment, executable](std::stop_token stopToken) {
-                const GitHubProvider::ProcessCommandRunner runner(commandTimeout);
+                const GitHub::ProcessCommandRunner runner(commandTimeout);
                 return findInstallation(environment, executable, runner, stopToken);
             },
         .defaults = std::move(defaults),

@@ -12,7 +12,7 @@ namespace TarnwickDirect {
 std::unique_ptr<AppcastUpdater> standardUpdater(
     const UpdateSource& source,
     const QString& ownVersion,
-    const GitHubProvider::Environment& environment,
+    const GitHub::Environment& environment,
     std::shared_ptr<Tarnwick::DefaultsStore> defaults,
     std::shared_ptr<Tarnwick::Clock> clock,
     UpdaterDelegate& delegate);

@@ -15,7 +15,7 @@ using testing::SizeIs;
 class Facts : public TestSupport::ProviderTest {
 protected:
     /// What the signed-in user has a part in.
-    std::vector<PullRequest> involved(const ::GitHubProvider::GitHubProvider& asked) const
+    std::vector<PullRequest> involved(const GitHub::GitHubProvider& asked) const
     {
         return asked.pullRequests(
             ReviewerScope::involved,

@@ -16,9 +16,9 @@
 namespace TestSupport {
 
 /// Runs commands for real and remembers their arguments.
-class RecordingRunner final : public ::GitHubProvider::CommandRunning {
+class RecordingRunner final : public GitHub::CommandRunning {
 public:
-    ::GitHubProvider::CommandResult run(
+    GitHub::CommandResult run(
         const std::filesystem::path& executable,
         const std::vector<std::string>& arguments,
         std::stop_token stopToken) const override
@@ -30,7 +30,7 @@ public:
     mutable std::vector<std::vector<std::string>> commands;
 
 private:
-    ::GitHubProvider::ProcessCommandRunner _runner{std::chrono::seconds(30)};
+    GitHub::ProcessCommandRunner _runner{std::chrono::seconds(30)};
 };
 
 /// The provider with the real runner and the real `gh`, in this process.
@@ -46,11 +46,11 @@ protected:
         replaceEnvironment(environment());
     }
 
-    ::GitHubProvider::GitHubProvider provider()
+    GitHub::GitHubProvider provider()
     {
         return {
-            ::GitHubProvider::publicHost,
-            [environment = environment()] { return ::GitHubProvider::findGH(environment); },
+            GitHub::publicHost,
+            [environment = environment()] { return GitHub::findGH(environment); },
             runner,
             [this](const std::string& line) { log.push_back(line); },
             [this] { return now; }};

@@ -159,20 +159,20 @@ TEST_F(Provider, endsAWaitingRequestWhenItIsCancelled)
 /// Programs that stand where `gh` should be.
 class StrangeGh : public Provider {
 protected:
-    GitHubProvider::GitHubProvider providerOf(
+    GitHub::GitHubProvider providerOf(
         const std::string& script, std::chrono::milliseconds timeout = 30s)
     {
         const auto file = folder() / "gh";
         std::ofstream(file) << "#!/bin/sh\n" << script << "\n";
         std::filesystem::permissions(file, std::filesystem::perms::owner_all);
         return {
-            GitHubProvider::publicHost,
+            GitHub::publicHost,
             [file] { return file; },
-            std::make_shared<GitHubProvider::ProcessCommandRunner>(timeout),
+            std::make_shared<GitHub::ProcessCommandRunner>(timeout),
             [](const std::string&) {}};
     }
 
-    static std::string problem(const GitHubProvider::GitHubProvider& provider)
+    static std::string problem(const GitHub::GitHubProvider& provider)
     {
         try {
             provider.pullRequests(ReviewerScope::any, {"octo/tools"}, {});
@@ -185,8 +185,8 @@ protected:
 
 TEST_F(StrangeGh, thatIsMissingIsSaidToBe)
 {
-    const GitHubProvider::GitHubProvider missing(
-        GitHubProvider::publicHost, [] { return std::nullopt; }, runner, [](const std::string&) {});
+    const GitHub::GitHubProvider missing(
+        GitHub::publicHost, [] { return std::nullopt; }, runner, [](const std::string&) {});
     EXPECT_EQ(problem(missing), "GitHub CLI (gh) was not found.");
     EXPECT_EQ(
         missing.authenticationStatus({}),

@@ -11,7 +11,7 @@
 namespace {
 
 using namespace PullRequestKit;
-using GitHubProvider::accountName;
+using GitHub::accountName;
 using testing::ElementsAre;
 
 using Arguments = std::vector<std::string>;

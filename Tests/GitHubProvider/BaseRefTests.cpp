@@ -6,7 +6,7 @@
 
 namespace {
 
-using GitHubProvider::BaseRef;
+using GitHub::BaseRef;
 
 std::optional<std::int64_t> required(std::string_view json)
 {

@@ -6,7 +6,7 @@
 
 namespace {
 
-using namespace GitHubProvider;
+using namespace GitHub;
 using namespace std::chrono_literals;
 
 class BaseRuleCacheTest : public testing::Test {

@@ -8,8 +8,8 @@
 namespace {
 
 using namespace PullRequestKit;
-using GitHubProvider::BaseRuleCache;
-using GitHubProvider::BaseRuleCounts;
+using GitHub::BaseRuleCache;
+using GitHub::BaseRuleCounts;
 using testing::ElementsAre;
 using TestSupport::messageOf;
 
@@ -33,7 +33,7 @@ class BaseRules : public testing::Test {
 protected:
     BaseRuleCounts load(const std::set<std::string>& ids)
     {
-        return GitHubProvider::loadBaseRules(ids, gh, cache, {});
+        return GitHub::loadBaseRules(ids, gh, cache, {});
     }
 
     std::string providerErrorOf(const std::set<std::string>& ids)
@@ -45,7 +45,7 @@ protected:
 
     std::shared_ptr<TestSupport::ScriptedRunner> runner =
         std::make_shared<TestSupport::ScriptedRunner>();
-    GitHubProvider::Gh gh{[] { return "/opt/gh"; }, runner};
+    GitHub::Gh gh{[] { return "/opt/gh"; }, runner};
     std::chrono::system_clock::time_point now{std::chrono::hours{500'000}};
     BaseRuleCache cache{[this] { return now; }};
 };

@@ -8,7 +8,7 @@
 
 namespace {
 
-using namespace GitHubProvider;
+using namespace GitHub;
 using PullRequestKit::ProgressCount;
 
 std::vector<CheckContext> contexts(std::string_view json)

@@ -9,7 +9,7 @@
 
 namespace {
 
-using GitHubProvider::ChildProcess;
+using GitHub::ChildProcess;
 
 /// While it lives, `poll` fails for as little as one descriptor.
 class NothingCanBePolled {

@@ -4,7 +4,7 @@
 
 namespace {
 
-using GitHubProvider::durationText;
+using GitHub::durationText;
 using namespace std::chrono_literals;
 
 TEST(DurationText, isTheShortestDecimalOfTheSeconds)

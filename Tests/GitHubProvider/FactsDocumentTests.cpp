@@ -6,7 +6,7 @@
 
 namespace {
 
-using namespace GitHubProvider;
+using namespace GitHub;
 using PullRequestKit::PullRequest;
 using testing::ElementsAre;
 using testing::HasSubstr;

@@ -6,7 +6,7 @@
 
 namespace {
 
-using namespace GitHubProvider;
+using namespace GitHub;
 using namespace PullRequestKit;
 using testing::IsEmpty;
 using TestSupport::date;

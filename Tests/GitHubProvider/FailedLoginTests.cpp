@@ -13,7 +13,7 @@
 namespace {
 
 using namespace PullRequestKit;
-using GitHubProvider::CommandResult;
+using GitHub::CommandResult;
 using testing::ElementsAre;
 
 using Arguments = std::vector<std::string>;
@@ -62,7 +62,7 @@ std::string limits(std::int64_t core, std::int64_t graphql, std::int64_t reset)
 
 std::optional<std::string> obstacle(std::int32_t status, std::string output, std::string errors)
 {
-    return GitHubProvider::obstacle({status, std::move(output), std::move(errors)}, noon);
+    return GitHub::obstacle({status, std::move(output), std::move(errors)}, noon);
 }
 
 TEST(FailedLogin, isExplainedByALimitThatIsUsedUpInLocalTime)
@@ -193,7 +193,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(FailedLogin, ofNobodyIsNotLookedInto)
 {
-    using GitHubProvider::saysNotLoggedIn;
+    using GitHub::saysNotLoggedIn;
     EXPECT_TRUE(saysNotLoggedIn("You are not logged into any GitHub hosts. Run gh auth login."));
     EXPECT_TRUE(saysNotLoggedIn("You are not logged into any accounts on github.com"));
     EXPECT_TRUE(

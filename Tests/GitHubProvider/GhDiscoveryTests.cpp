@@ -9,7 +9,7 @@
 
 namespace {
 
-using namespace GitHubProvider;
+using namespace GitHub;
 using std::filesystem::path;
 using testing::ElementsAre;
 

@@ -1,6 +1,6 @@
 #include "Helper.h"
 
-using namespace GitHubProvider;
+using namespace GitHub;
 using namespace std::chrono_literals;
 
 std::filesystem::path helperPath()

@@ -15,7 +15,7 @@ std::filesystem::path helperPath();
 std::string helperPattern(std::size_t count);
 
 /// Runs the helper to its end, with a time limit that no test comes near.
-GitHubProvider::CommandResult runHelper(
+GitHub::CommandResult runHelper(
     const std::vector<std::string>& arguments, std::stop_token stopToken = {});
 
 /// A run of the helper on another thread. It is stopped when the test forgets to end it.
@@ -35,9 +35,9 @@ public:
     bool hasEnded() const;
 
     /// Waits for the end. Throws what the run threw.
-    GitHubProvider::CommandResult result() { return _result.get(); }
+    GitHub::CommandResult result() { return _result.get(); }
 
 private:
     std::stop_source _stopSource;
-    std::future<GitHubProvider::CommandResult> _result;
+    std::future<GitHub::CommandResult> _result;
 };

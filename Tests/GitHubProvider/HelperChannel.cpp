@@ -9,7 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-using GitHubProvider::FileDescriptor;
+using GitHub::FileDescriptor;
 
 namespace {
 

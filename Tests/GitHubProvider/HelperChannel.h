@@ -28,6 +28,6 @@ public:
 
 private:
     std::filesystem::path _folder;
-    GitHubProvider::FileDescriptor _fromHelper;
-    GitHubProvider::FileDescriptor _toHelper;
+    GitHub::FileDescriptor _fromHelper;
+    GitHub::FileDescriptor _toHelper;
 };

@@ -10,7 +10,7 @@
 
 namespace {
 
-using GitHubProvider::FileDescriptor;
+using GitHub::FileDescriptor;
 using TestSupport::LeakCheck;
 
 const auto* const leakCheck = testing::AddGlobalTestEnvironment(new LeakCheck);

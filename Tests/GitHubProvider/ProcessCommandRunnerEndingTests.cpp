@@ -15,7 +15,7 @@
 
 namespace {
 
-using namespace GitHubProvider;
+using namespace GitHub;
 using namespace std::chrono_literals;
 using PullRequestKit::CancellationError;
 using PullRequestKit::ProviderError;

@@ -17,7 +17,7 @@
 
 namespace {
 
-using namespace GitHubProvider;
+using namespace GitHub;
 using namespace std::chrono_literals;
 using namespace std::string_literals;
 using testing::Each;

@@ -8,7 +8,7 @@
 
 namespace {
 
-using namespace GitHubProvider;
+using namespace GitHub;
 
 /// Counts the requests to end; goes on running after them unless told otherwise.
 class CountingProcess : public TerminableProcess {

@@ -18,11 +18,11 @@ namespace TestSupport {
 /// of the script must have been used at the end.
 class ProviderTest : public testing::Test {
 protected:
-    std::unique_ptr<::GitHubProvider::GitHubProvider> makeProvider(
+    std::unique_ptr<GitHub::GitHubProvider> makeProvider(
         std::optional<std::filesystem::path> newExecutable = "/opt/gh")
     {
         executable = std::move(newExecutable);
-        return std::make_unique<::GitHubProvider::GitHubProvider>(
+        return std::make_unique<GitHub::GitHubProvider>(
             "git.example",
             [this] {
                 ++looks;
@@ -42,7 +42,7 @@ protected:
     std::vector<std::string> log;
     std::chrono::system_clock::time_point wallTime{std::chrono::hours{500'000}};
     std::chrono::steady_clock::time_point steadyTime{std::chrono::hours{7}};
-    std::unique_ptr<::GitHubProvider::GitHubProvider> provider = makeProvider();
+    std::unique_ptr<GitHub::GitHubProvider> provider = makeProvider();
     std::stop_source stop;
 };
 

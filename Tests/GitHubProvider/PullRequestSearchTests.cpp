@@ -260,7 +260,7 @@ TEST_F(PullRequestSearch, writesItsStepsToTheLog)
     const auto answerAfter = [this](std::chrono::nanoseconds time, std::string text) {
         runner->answer([this, time, text = std::move(text)] {
             steadyTime += time;
-            return GitHubProvider::CommandResult{0, text, ""};
+            return GitHub::CommandResult{0, text, ""};
         });
     };
     answerAfter(250ms, first);
@@ -367,7 +367,7 @@ TEST_F(PullRequestSearch, cancellationBetweenPagesEndsTheSearch)
 {
     runner->answer([this] {
         stop.request_stop();
-        return GitHubProvider::CommandResult{0, page("x", node(1)), ""};
+        return GitHub::CommandResult{0, page("x", node(1)), ""};
     });
     EXPECT_THROW(load(), CancellationError);
     EXPECT_EQ(runner->calls().size(), 1U);

@@ -9,7 +9,7 @@
 
 namespace {
 
-using namespace GitHubProvider;
+using namespace GitHub;
 using namespace PullRequestKit;
 using namespace std::chrono_literals;
 using testing::Contains;
@@ -49,7 +49,7 @@ protected:
     /// Another provider with the same memory, as after a start of the program.
     void restart()
     {
-        provider = std::make_unique<::GitHubProvider::GitHubProvider>(
+        provider = std::make_unique<GitHub::GitHubProvider>(
             "git.example",
             [] { return "/opt/gh"; },
             runner,

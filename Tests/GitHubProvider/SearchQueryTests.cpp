@@ -4,7 +4,7 @@
 
 namespace {
 
-using namespace GitHubProvider;
+using namespace GitHub;
 using PullRequestKit::ReviewerScope;
 
 constexpr const char* documentArgument =

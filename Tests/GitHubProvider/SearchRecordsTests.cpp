@@ -8,7 +8,7 @@
 
 namespace {
 
-using namespace GitHubProvider;
+using namespace GitHub;
 using PullRequestKit::DecodingError;
 using PullRequestKit::Json::decode;
 

@@ -46,7 +46,7 @@ namespace {
 TEST(SystemLog, writesEachLineAsTarnwick)
 {
     entries.clear();
-    const GitHubProvider::LogSink log = GitHubProvider::systemLog();
+    const GitHub::LogSink log = GitHub::systemLog();
     log("Tarnwick GitHub search: page=1");
     log("100% %s");
     EXPECT_THAT(

@@ -4,7 +4,7 @@
 
 namespace {
 
-using namespace GitHubProvider;
+using namespace GitHub;
 
 TEST(Text, keepsValidUtf8)
 {

@@ -15,7 +15,7 @@ namespace TestSupport {
 
 /// Stands in for running programs: it records what was asked for and gives the answers that the
 /// test has put in line. A run for which there is no answer is an error. Belongs to one thread.
-class ScriptedRunner final : public GitHubProvider::CommandRunning {
+class ScriptedRunner final : public GitHub::CommandRunning {
 public:
     struct Call {
         std::filesystem::path executable;
@@ -24,7 +24,7 @@ public:
         bool operator==(const Call&) const = default;
     };
 
-    using Answer = std::function<GitHubProvider::CommandResult()>;
+    using Answer = std::function<GitHub::CommandResult()>;
 
     void answer(Answer answer) { _answers.push_back(std::move(answer)); }
 
@@ -36,14 +36,14 @@ public:
     void ends(std::int32_t status, std::string standardOutput, std::string standardError)
     {
         answer(
-            [result = GitHubProvider::CommandResult{
+            [result = GitHub::CommandResult{
                  status, std::move(standardOutput), std::move(standardError)}] { return result; });
     }
 
     template<typename Error>
     void fails(Error error)
     {
-        answer([error]() -> GitHubProvider::CommandResult { throw error; });
+        answer([error]() -> GitHub::CommandResult { throw error; });
     }
 
     const std::vector<Call>& calls() const { return _calls; }
@@ -59,7 +59,7 @@ public:
 
     bool hasAnswersLeft() const { return !_answers.empty(); }
 
-    GitHubProvider::CommandResult run(
+    GitHub::CommandResult run(
         const std::filesystem::path& executable,
         const std::vector<std::string>& arguments,
         std::stop_token stopToken) const override

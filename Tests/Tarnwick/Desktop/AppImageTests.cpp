@@ -20,8 +20,7 @@ protected:
     FileTrouble::Folder folder;
     std::filesystem::path file = folder / "Tarnwick.AppImage";
     std::filesystem::path executable = folder / "mount/usr/bin/tarnwick";
-    GitHubProvider::Environment environment{
-        {"APPIMAGE", file.string()}, {"APPDIR", folder / "mount"}};
+    GitHub::Environment environment{{"APPIMAGE", file.string()}, {"APPDIR", folder / "mount"}};
 };
 
 TEST_F(AppImageTest, isTheFileThatTheEnvironmentNames)

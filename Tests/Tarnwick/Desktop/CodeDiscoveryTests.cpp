@@ -17,7 +17,7 @@ std::vector<std::string> texts(const std::vector<std::filesystem::path>& paths)
 }
 
 std::optional<std::filesystem::path> found(
-    const GitHubProvider::Environment& environment, const std::string& only)
+    const GitHub::Environment& environment, const std::string& only)
 {
     return codeExecutable(
         environment, [&](const std::filesystem::path& path) { return path.string() == only; });

@@ -10,12 +10,12 @@ namespace {
 
 std::string run(const std::vector<std::string>& arguments)
 {
-    const GitHubProvider::ProcessCommandRunner runner(std::chrono::seconds(20));
+    const GitHub::ProcessCommandRunner runner(std::chrono::seconds(20));
     const auto result = runner.run("/usr/bin/git", arguments, {});
     if (result.status != 0) {
         throw std::runtime_error("git failed: " + result.standardError);
     }
-    return GitHubProvider::trimText(result.standardOutput);
+    return GitHub::trimText(result.standardOutput);
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 namespace TestSupport {
 
 using namespace Tarnwick;
-using GitHubProvider::CommandResult;
+using GitHub::CommandResult;
 
 namespace {
 
@@ -24,7 +24,7 @@ std::string line(
 
 }  // namespace
 
-class RecordingSurroundings::Runner final : public GitHubProvider::CommandRunning {
+class RecordingSurroundings::Runner final : public GitHub::CommandRunning {
 public:
     explicit Runner(std::shared_ptr<State> state)
         : _state(std::move(state))
@@ -52,7 +52,7 @@ RecordingSurroundings::RecordingSurroundings()
     : _state(std::make_shared<State>())
 {}
 
-std::shared_ptr<const GitHubProvider::CommandRunning> RecordingSurroundings::runner() const
+std::shared_ptr<const GitHub::CommandRunning> RecordingSurroundings::runner() const
 {
     return std::make_shared<Runner>(_state);
 }

@@ -23,7 +23,7 @@ public:
     Tarnwick::ProgressSink progress() const;
 
     /// A runner that writes to the journal.
-    std::shared_ptr<const GitHubProvider::CommandRunning> runner() const;
+    std::shared_ptr<const GitHub::CommandRunning> runner() const;
 
     void ends(std::int32_t status, std::string output = {}, std::string error = {});
 
@@ -35,11 +35,11 @@ public:
 
     const std::vector<std::string>& journal() const { return _state->journal; }
 
-    GitHubProvider::Environment environment{{"PATH", "/usr/bin"}, {"HOME", "/home/octo"}};
+    GitHub::Environment environment{{"PATH", "/usr/bin"}, {"HOME", "/home/octo"}};
     std::set<std::string> executables{"/usr/bin/code", "/usr/bin/xdg-open"};
 
 private:
-    using Answer = std::function<GitHubProvider::CommandResult()>;
+    using Answer = std::function<GitHub::CommandResult()>;
 
     struct State {
         std::vector<std::string> journal;

@@ -21,13 +21,13 @@ namespace {
 constexpr std::int64_t fewestPolls = 30;
 
 using namespace std::chrono_literals;
-using GitHubProvider::CommandResult;
+using GitHub::CommandResult;
 using Tarnwick::PollingInterval;
 using TestSupport::eventually;
 
 /// A `gh` that answers, fails, prints what is no answer, is slow, stops itself, is killed, or is
 /// not there. One run of twenty is a child process.
-class RandomGh final : public GitHubProvider::CommandRunning {
+class RandomGh final : public GitHub::CommandRunning {
 public:
     CommandResult run(
         const std::filesystem::path& /*executable*/,
@@ -105,7 +105,7 @@ private:
         return std::uniform_int_distribution<int>(0, bound - 1)(_random);
     }
 
-    GitHubProvider::ProcessCommandRunner _runner{500ms};
+    GitHub::ProcessCommandRunner _runner{500ms};
     mutable std::atomic<int> _running = 0;
     mutable std::mutex _mutex;
     mutable std::minstd_rand _random{1};
@@ -120,7 +120,7 @@ protected:
     {
         selectTools();
         auto parts = collaborators();
-        parts.provider = std::make_shared<GitHubProvider::GitHubProvider>(
+        parts.provider = std::make_shared<GitHub::GitHubProvider>(
             "github.com",
             [] { return std::filesystem::path("/usr/bin/gh"); },
             gh,

@@ -10,7 +10,7 @@
 namespace {
 
 using namespace FileTrouble;
-using GitHubProvider::SearchKnowledge;
+using GitHub::SearchKnowledge;
 using Tarnwick::SearchMemoryFile;
 
 class SearchMemoryFileTest : public testing::Test {

@@ -29,7 +29,7 @@ protected:
     }
 
     FileTrouble::Folder folder;
-    GitHubProvider::Environment environment;
+    GitHub::Environment environment;
     std::filesystem::path executable = "/usr/bin/tarnwick";
     TestSupport::ScriptedRunner runner;
 };
