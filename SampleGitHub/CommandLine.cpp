@@ -1,6 +1,7 @@
 #include "SampleGitHub/CommandLine.h"
 
 #include <charconv>
+#include <map>
 #include <stdexcept>
 #include <string_view>
 
@@ -55,36 +56,25 @@ Quota readQuota(const std::string& text)
     return {*remaining, *limit, std::chrono::seconds(*seconds)};
 }
 
-void readOption(CommandLine& line, const std::string& name, const std::string& value)
-{
-    if (name == "--socket") {
-        line.socket = value;
-    } else if (name == "--scenario") {
-        line.scenario = value;
-    } else if (name == "--fault") {
-        line.faults.push_back(parseFault(value));
-    } else if (name == "--config-dir") {
-        line.configurationFolder = value;
-    } else if (name == "--record") {
-        line.record = value;
-    } else if (name == "--repo-terms") {
-        line.gitHub.terms = readRepositoryTerms(value);
-    } else if (name == "--account") {
-        line.account = value;
-    } else if (name == "--without-field") {
-        line.gitHub.withoutFields.insert(value);
-    } else if (name == "--quota") {
-        line.gitHub.quota = readQuota(value);
-    } else {
-        line.now = readDate(value);
-    }
-}
+using ReadOption = void (*)(CommandLine& line, const std::string& value);
 
-bool isOption(const std::string& name)
+const std::map<std::string_view, ReadOption>& options()
 {
-    return name == "--socket" || name == "--scenario" || name == "--fault" || name == "--config-dir"
-           || name == "--record" || name == "--now" || name == "--repo-terms" || name == "--account"
-           || name == "--without-field" || name == "--quota";
+    static const std::map<std::string_view, ReadOption> known{
+        {"--socket", [](auto& line, auto& value) { line.socket = value; }},
+        {"--scenario", [](auto& line, auto& value) { line.scenario = value; }},
+        {"--fault", [](auto& line, auto& value) { line.faults.push_back(parseFault(value)); }},
+        {"--config-dir", [](auto& line, auto& value) { line.configurationFolder = value; }},
+        {"--record", [](auto& line, auto& value) { line.record = value; }},
+        {"--now", [](auto& line, auto& value) { line.now = readDate(value); }},
+        {"--repo-terms",
+         [](auto& line, auto& value) { line.gitHub.terms = readRepositoryTerms(value); }},
+        {"--account", [](auto& line, auto& value) { line.account = value; }},
+        {"--without-field",
+         [](auto& line, auto& value) { line.gitHub.withoutFields.insert(value); }},
+        {"--quota", [](auto& line, auto& value) { line.gitHub.quota = readQuota(value); }},
+    };
+    return known;
 }
 
 }  // namespace
@@ -104,14 +94,14 @@ CommandLine parseCommandLine(const std::vector<std::string>& arguments)
             }
             return line;
         }
-        if (!isOption(*argument)) {
+        const auto option = options().find(*argument);
+        if (option == options().end()) {
             throw std::invalid_argument("The argument " + *argument + " is not known.");
         }
         if (argument + 1 == arguments.end()) {
             throw std::invalid_argument("The option " + *argument + " needs a value.");
         }
-        const std::string& name = *argument;
-        readOption(line, name, *++argument);
+        option->second(line, *++argument);
     }
     if (!line.socket) {
         throw std::invalid_argument("Either --socket or --exec is needed.");
@@ -121,33 +111,28 @@ CommandLine parseCommandLine(const std::vector<std::string>& arguments)
 
 std::string helpText()
 {
-    return "Usage: tarnwick-sample-github --socket PATH [OPTION]...\n"
-           "       tarnwick-sample-github [OPTION]... --exec COMMAND [ARGUMENT]...\n"
-           "A stand-in for GitHub that gh talks to through a Unix socket.\n"
-           "\n"
-           "  --socket PATH       serve on this socket until SIGINT or SIGTERM\n"
-           "  --scenario NAME     everyday (the default), involved, large, signed-out, empty, or\n"
-           "                      a file, which is read again when it has changed\n"
-           "  --account LOGIN     sign in another of the scenario's accounts\n"
-           "  --fault FAULT       switch a fault on; may be given several times\n"
-           "  --config-dir DIR    write the files that make gh, with GH_CONFIG_DIR=DIR, use the "
-           "socket\n"
-           "  --record FILE       append every request as a line of JSON\n"
-           "  --now INSTANT       what ages count back from, such as 2026-03-01T12:00:00Z\n"
-           "  --repo-terms NAME   what several repo: terms of a search mean: any (the default) or "
-           "all\n"
-           "  --without-field NAME  do not know this field of the facts, such as stack; may be "
-           "given\n"
-           "                      several times\n"
-           "  --quota R/LIMIT@S   say that R requests of LIMIT are left, until S seconds from the "
-           "start\n"
-           "  --exec COMMAND      run COMMAND with gh's environment set, end with its status\n"
-           "  --help              print this\n"
-           "\n"
-           "A FAULT is NAME[@KIND][#NUMBER]: KIND is authentication, search, rules, "
-           "repositories\n"
-           "or facts, NUMBER strikes only that request of the kind. NAME is one of\n"
-           + describeFaults();
+    return R"(Usage: tarnwick-sample-github --socket PATH [OPTION]...
+       tarnwick-sample-github [OPTION]... --exec COMMAND [ARGUMENT]...
+A stand-in for GitHub that gh talks to through a Unix socket.
+
+  --socket PATH       serve on this socket until SIGINT or SIGTERM
+  --scenario NAME     everyday (the default), involved, large, signed-out, empty, or
+                      a file, which is read again when it has changed
+  --account LOGIN     sign in another of the scenario's accounts
+  --fault FAULT       switch a fault on; may be given several times
+  --config-dir DIR    write the files that make gh, with GH_CONFIG_DIR=DIR, use the socket
+  --record FILE       append every request as a line of JSON
+  --now INSTANT       what ages count back from, such as 2026-03-01T12:00:00Z
+  --repo-terms NAME   what several repo: terms of a search mean: any (the default) or all
+  --without-field NAME  do not know this field of the facts, such as stack; may be given
+                      several times
+  --quota R/LIMIT@S   say that R requests of LIMIT are left, until S seconds from the start
+  --exec COMMAND      run COMMAND with gh's environment set, end with its status
+  --help              print this
+
+A FAULT is NAME[@KIND][#NUMBER]: KIND is authentication, search, rules, repositories
+or facts, NUMBER strikes only that request of the kind. NAME is one of
+)" + describeFaults();
 }
 
 }  // namespace SampleGitHub

@@ -1,8 +1,8 @@
 #include "SampleGitHub/FactsRendering.h"
 
 #include <algorithm>
-#include <array>
 #include <string_view>
+#include <utility>
 
 namespace SampleGitHub {
 namespace {
@@ -96,39 +96,29 @@ json::value stack(const PullRequest& pullRequest)
     return json::object{{"number", pullRequest.stack->number}, {"size", pullRequest.stack->size}};
 }
 
-json::value fieldOf(
-    const PullRequest& pullRequest, const Scenario& scenario, std::string_view field, Date now)
+json::value autoMerge(const PullRequest& pullRequest, Date now)
 {
-    if (field == "headRefOid") {
-        return json::value(headCommit(pullRequest));
+    if (!pullRequest.isAutoMerge) {
+        return nullptr;
     }
-    if (field == "reviewDecision") {
-        const auto decision = reviewDecision(pullRequest, scenario);
-        return decision ? json::value(*decision) : json::value(nullptr);
-    }
-    if (field == "isInMergeQueue") {
-        return pullRequest.mergeQueuePosition.has_value();
-    }
-    if (field == "mergeQueueEntry") {
-        return object("position", pullRequest.mergeQueuePosition);
-    }
-    if (field == "autoMergeRequest") {
-        const std::string instant = PullRequestKit::formatDate(now - pullRequest.updatedAge);
-        return pullRequest.isAutoMerge ? json::value(json::object{{"enabledAt", instant}})
-                                       : json::value(nullptr);
-    }
-    if (field == "viewerLatestReview") {
-        return ownReview(pullRequest, scenario, now);
-    }
-    if (field == "reviewThreads") {
-        return threads(pullRequest);
-    }
-    if (field == "stackEntry") {
-        return object(
-            "position",
-            pullRequest.stack ? std::optional(pullRequest.stack->position) : std::nullopt);
-    }
-    return stack(pullRequest);
+    return json::object{{"enabledAt", PullRequestKit::formatDate(now - pullRequest.updatedAge)}};
+}
+
+json::object everyField(const PullRequest& pullRequest, const Scenario& scenario, Date now)
+{
+    const auto decision = reviewDecision(pullRequest, scenario);
+    const auto position =
+        pullRequest.stack ? std::optional(pullRequest.stack->position) : std::nullopt;
+    return {
+        {"headRefOid", headCommit(pullRequest)},
+        {"reviewDecision", decision ? json::value(*decision) : json::value()},
+        {"isInMergeQueue", pullRequest.mergeQueuePosition.has_value()},
+        {"mergeQueueEntry", object("position", pullRequest.mergeQueuePosition)},
+        {"autoMergeRequest", autoMerge(pullRequest, now)},
+        {"viewerLatestReview", ownReview(pullRequest, scenario, now)},
+        {"reviewThreads", threads(pullRequest)},
+        {"stackEntry", object("position", position)},
+        {"stack", stack(pullRequest)}};
 }
 
 }  // namespace
@@ -163,9 +153,10 @@ json::object renderFacts(
     const std::vector<std::string>& fields,
     Date now)
 {
+    json::object all = everyField(pullRequest, scenario, now);
     json::object facts;
     for (const std::string& field : fields) {
-        facts.emplace(field, fieldOf(pullRequest, scenario, field, now));
+        facts.emplace(field, std::move(all.at(field)));
     }
     return facts;
 }

@@ -1,5 +1,6 @@
 #include "SampleGitHub/Fault.h"
 
+#include <array>
 #include <charconv>
 #include <stdexcept>
 
@@ -41,54 +42,31 @@ std::optional<std::int64_t> readNumber(std::string_view text)
     return isNumber ? std::optional(number) : std::nullopt;
 }
 
-std::string_view description(FaultKind kind)
-{
-    switch (kind) {
-    case FaultKind::unauthorized:
-        return "status 401";
-    case FaultKind::rateLimit:
-        return "status 403 with the text about the rate limit";
-    case FaultKind::secondaryLimit:
-        return "status 403 with the text about the secondary rate limit";
-    case FaultKind::serverError:
-        return "status 500";
-    case FaultKind::errors:
-        return "GraphQL errors beside the data";
-    case FaultKind::errorsOnly:
-        return "GraphQL errors and no data";
-    case FaultKind::delay:
-        return "the answer comes after VALUE milliseconds";
-    case FaultKind::usedUp:
-        return "the same, and rate_limit tells that it ends in VALUE seconds";
-    case FaultKind::hangUp:
-        return "the connection ends instead of an answer";
-    case FaultKind::cutOff:
-        return "the connection ends in the middle of the body";
-    case FaultKind::truncated:
-        return "half of the body, announced as the whole";
-    case FaultKind::noCursor:
-        return "a search page with a next page but no cursor";
-    case FaultKind::nullNodes:
-        return "every node of a search or rules answer, every pull request is null";
-    case FaultKind::foreignNodes:
-        return "every search hit is an object without members, facts are of others";
-    case FaultKind::missingData:
-        return "a GraphQL answer that is an empty object";
-    case FaultKind::emptyBody:
-        return "no body at all";
-    case FaultKind::notJson:
-        return "a body that is no JSON";
-    case FaultKind::notUtf8:
-        return "a byte that is no UTF-8 in the first text";
-    case FaultKind::wrongType:
-        return "a text in the place of a number, or the reverse";
-    case FaultKind::deep:
-        return "lists nested 5,000 deep";
-    case FaultKind::padding:
-        return "VALUE MiB of blanks before the answer";
-    }
-    return {};
-}
+/// What each fault does, in the order of the kinds.
+constexpr std::array descriptions{
+    std::string_view("status 401"),
+    std::string_view("status 403 with the text about the rate limit"),
+    std::string_view("status 403 with the text about the secondary rate limit"),
+    std::string_view("status 500"),
+    std::string_view("GraphQL errors beside the data"),
+    std::string_view("GraphQL errors and no data"),
+    std::string_view("the answer comes after VALUE milliseconds"),
+    std::string_view("as rate-limit, and rate_limit tells that it ends in VALUE seconds"),
+    std::string_view("the connection ends instead of an answer"),
+    std::string_view("the connection ends in the middle of the body"),
+    std::string_view("half of the body, announced as the whole"),
+    std::string_view("a search page with a next page but no cursor"),
+    std::string_view("every node of a search or rules answer, every pull request is null"),
+    std::string_view("every search hit is an object without members, facts are of others"),
+    std::string_view("a GraphQL answer that is an empty object"),
+    std::string_view("no body at all"),
+    std::string_view("a body that is no JSON"),
+    std::string_view("a byte that is no UTF-8 in the first text"),
+    std::string_view("a text in the place of a number, or the reverse"),
+    std::string_view("lists nested 5,000 deep"),
+    std::string_view("VALUE MiB of blanks before the answer"),
+};
+static_assert(descriptions.size() == PullRequestKit::EnumNames<FaultKind>::names.size());
 
 }  // namespace
 
@@ -134,7 +112,7 @@ std::string describeFaults()
     for (const auto& [kind, name] : PullRequestKit::EnumNames<FaultKind>::names) {
         const std::string label = std::string(name) + (takesValue(kind) ? "=VALUE" : "");
         text += "  " + label + std::string(column - label.size(), ' ');
-        text += std::string(description(kind)) + "\n";
+        text.append(descriptions[static_cast<std::size_t>(kind)]) += "\n";
     }
     return text;
 }

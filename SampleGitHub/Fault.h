@@ -9,30 +9,29 @@
 
 namespace SampleGitHub {
 
-/// What can go wrong between GitHub and `gh`.
+/// What can go wrong between GitHub and `gh`; `describeFaults` says what each does.
 enum class FaultKind {
-    unauthorized,    ///< Status 401.
-    rateLimit,       ///< Status 403 with GitHub's text about the rate limit.
-    secondaryLimit,  ///< Status 403 with GitHub's text about its secondary rate limit.
-    serverError,     ///< Status 500.
-    errors,          ///< GraphQL errors beside the data.
-    errorsOnly,      ///< GraphQL errors and no data.
-    delay,           ///< The answer comes after as many milliseconds as the value says.
-    usedUp,          ///< As `rateLimit`, but `rate_limit` says when that ends: in VALUE seconds.
-    hangUp,          ///< The connection ends instead of an answer.
-    cutOff,          ///< The connection ends after half of the body that the header announced.
-    truncated,       ///< Half of the body, announced as the whole.
-    noCursor,        ///< A search page that says that there is a next one but not where.
-    nullNodes,       ///< Every node of a search page or rules answer, every pull request is null.
-    foreignNodes,    ///< Every search hit is an object without members, as an issue would be; facts
-                     ///< are those of another repository.
-    missingData,     ///< A GraphQL answer that is an empty object.
+    unauthorized,
+    rateLimit,
+    secondaryLimit,
+    serverError,
+    errors,
+    errorsOnly,
+    delay,
+    usedUp,
+    hangUp,
+    cutOff,
+    truncated,
+    noCursor,
+    nullNodes,
+    foreignNodes,
+    missingData,
     emptyBody,
     notJson,
-    notUtf8,    ///< A byte that no UTF-8 text has, in the first text of the answer.
-    wrongType,  ///< A text in the place of a number, or the reverse.
-    deep,       ///< Lists nested 5,000 deep.
-    padding,    ///< As many MiB of blanks before the answer as the value says.
+    notUtf8,
+    wrongType,
+    deep,
+    padding,
 };
 
 /// A fault that is switched on.

@@ -1,142 +1,119 @@
 #include "SampleGitHub/FaultInjection.h"
 
+#include <algorithm>
+#include <boost/json.hpp>
 #include <utility>
 
 namespace SampleGitHub {
 namespace {
 
+namespace json = boost::json;
+
 constexpr std::string_view errorList =
     R"([{"type":"FORBIDDEN","message":"Something went wrong on the first field."},)"
     R"({"message":"Something went wrong on the second field."}])";
+
+constexpr std::string_view limitText = "API rate limit exceeded for user ID 583231.";
+constexpr std::string_view secondaryLimitText =
+    "You have exceeded a secondary rate limit. Please wait a few minutes before you try again.";
 
 bool isGraphQl(RequestKind kind)
 {
     return kind == RequestKind::search || kind == RequestKind::rules || kind == RequestKind::facts;
 }
 
-/// Where the JSON string that begins at `start` ends: at its closing quotation mark.
-std::size_t endOfText(std::string_view text, std::size_t start)
+/// Every member of this name, wherever it stands, in the order of the text.
+void addMembers(std::vector<json::value*>& found, json::value& value, std::string_view name)
 {
-    std::size_t index = start + 1;
-    while (index < text.size() && text[index] != '"') {
-        index += text[index] == '\\' ? 2U : 1U;
-    }
-    return index;
-}
-
-/// Where the JSON value that begins at `start` ends, strings and nesting regarded.
-std::size_t endOfValue(std::string_view text, std::size_t start)
-{
-    int depth = 0;
-    for (std::size_t index = start; index < text.size(); ++index) {
-        const char character = text[index];
-        const bool isEnd = character == '}' || character == ']';
-        if (depth == 0 && (isEnd || character == ',')) {
-            return index;
+    if (json::array* const array = value.if_array()) {
+        for (json::value& element : *array) {
+            addMembers(found, element, name);
         }
-        if (character == '"') {
-            index = endOfText(text, index);
-        } else if (character == '{' || character == '[') {
-            ++depth;
-        } else if (isEnd) {
-            --depth;
+    } else if (json::object* const object = value.if_object()) {
+        for (auto& [key, member] : *object) {
+            if (key == name) {
+                found.push_back(&member);
+            } else {
+                addMembers(found, member, name);
+            }
         }
     }
-    return text.size();
 }
 
-/// The list of nodes at the top of an answer, each node replaced.
-std::string withNodesReplaced(const std::string& body, std::string_view replacement)
+std::vector<json::value*> membersNamed(json::value& value, std::string_view name)
 {
-    constexpr std::string_view key = R"("nodes":[)";
-    const std::size_t found = body.find(key);
-    if (found == std::string::npos) {
-        return body;
-    }
-    std::string nodes;
-    std::size_t place = found + key.size();
-    while (body[place] != ']') {
-        nodes += (nodes.empty() ? "" : ",") + std::string(replacement);
-        place = endOfValue(body, place);
-        place += body[place] == ',' ? 1U : 0U;
-    }
-    return body.substr(0, found + key.size()) + nodes + body.substr(place);
+    std::vector<json::value*> found;
+    addMembers(found, value, name);
+    return found;
 }
 
-/// Every value of this key replaced.
-std::string withValuesReplaced(
-    const std::string& body, std::string_view key, std::string_view replacement)
+void replaceFirst(json::value& value, std::string_view name, const json::value& replacement)
 {
-    const std::string quotedKey = "\"" + std::string(key) + "\":";
-    std::string text;
-    std::size_t done = 0;
-    for (std::size_t found = body.find(quotedKey); found != std::string::npos;
-         found = body.find(quotedKey, done)) {
-        const std::size_t start = found + quotedKey.size();
-        text += body.substr(done, start - done) + std::string(replacement);
-        done = endOfValue(body, start);
+    const auto members = membersNamed(value, name);
+    if (!members.empty()) {
+        *members.front() = replacement;
     }
-    return text + body.substr(done);
 }
 
-std::string message(std::string_view text)
+void replaceEach(json::value& value, std::string_view name, const json::value& replacement)
 {
-    return R"({"message":")" + std::string(text) + R"("})";
+    for (json::value* const member : membersNamed(value, name)) {
+        *member = replacement;
+    }
 }
 
-std::string withWrongType(const std::string& body, RequestKind kind)
+/// Each node of the list at the top of an answer replaced.
+void replaceNodes(json::value& value, const json::value& replacement)
+{
+    const auto lists = membersNamed(value, "nodes");
+    if (!lists.empty()) {
+        std::ranges::fill(lists.front()->as_array(), replacement);
+    }
+}
+
+/// The members that faults of a single value spoil.
+struct SpoiltMembers {
+    std::string_view text;   ///< It gets a byte that is not UTF-8.
+    std::string_view typed;  ///< It gets a value of another type.
+};
+
+SpoiltMembers spoiltMembers(RequestKind kind)
 {
     switch (kind) {
     case RequestKind::search:
-        return withValueReplaced(body, "number", R"("seven")");
+        return {"title", "number"};
     case RequestKind::rules:
-        return withValueReplaced(body, "id", "7");
+        return {"id", "id"};
     case RequestKind::repositories:
-        return withValueReplaced(body, "archived", R"("no")");
+        return {"language", "archived"};
     case RequestKind::facts:
-        return withValueReplaced(body, "headRefOid", "7");
+        return {"headRefOid", "headRefOid"};
     case RequestKind::authentication:
-        return withValueReplaced(body, "login", "7");
+        return {"login", "login"};
     case RequestKind::other:
         break;
     }
-    return body;
-}
-
-std::string withBadByte(const std::string& body, RequestKind kind)
-{
-    switch (kind) {
-    case RequestKind::search:
-        return withValueReplaced(body, "title", "\"\xFF\"");
-    case RequestKind::rules:
-        return withValueReplaced(body, "id", "\"\xFF\"");
-    case RequestKind::repositories:
-        return withValueReplaced(body, "language", "\"\xFF\"");
-    case RequestKind::facts:
-        return withValueReplaced(body, "headRefOid", "\"\xFF\"");
-    case RequestKind::authentication:
-        return withValueReplaced(body, "login", "\"\xFF\"");
-    case RequestKind::other:
-        break;
-    }
-    return body;
+    return {};
 }
 
 /// What `rate_limit` says of a limit: nothing remains.
-std::string withNothingRemaining(const std::string& body, std::int64_t seconds)
+void useUp(json::value& limits, std::int64_t seconds)
 {
-    const auto now = std::chrono::system_clock::now() + std::chrono::seconds(seconds);
-    const std::string reset = std::to_string(std::chrono::system_clock::to_time_t(now));
-    std::string text;
-    std::string rest = body;
-    constexpr std::string_view key = R"("remaining":)";
-    for (auto found = rest.find(key); found != std::string::npos; found = rest.find(key)) {
-        rest = withValueReplaced(withValueReplaced(rest, "remaining", "0"), "reset", reset);
-        const std::size_t end = rest.find('}', found);
-        text += rest.substr(0, end);
-        rest.erase(0, end);
+    const auto end = std::chrono::system_clock::now() + std::chrono::seconds(seconds);
+    replaceEach(limits, "remaining", 0);
+    replaceEach(limits, "reset", std::chrono::system_clock::to_time_t(end));
+}
+
+/// Edits the values of a body; what is no JSON stays as it is.
+template<typename Edit>
+void editJson(std::string& body, const Edit& edit)
+{
+    json::error_code error;
+    json::value value = json::parse(body, error);
+    if (!error) {
+        edit(value);
+        body = json::serialize(value);
     }
-    return text + rest;
 }
 
 bool isRateLimit(const Response& response)
@@ -147,7 +124,7 @@ bool isRateLimit(const Response& response)
 void answerStatus(Response& response, int status, std::string_view text)
 {
     response.status = status;
-    response.body = message(text);
+    response.body = json::serialize(json::object{{"message", text}});
     response.headers.erase("Link");
 }
 
@@ -155,83 +132,64 @@ void answerStatus(Response& response, int status, std::string_view text)
 bool applyToTransport(Delivery& delivery, const Fault& fault)
 {
     Response& response = delivery.response;
-    switch (fault.kind) {
-    case FaultKind::unauthorized:
+    if (fault.kind == FaultKind::unauthorized) {
         answerStatus(response, 401, "Bad credentials");
-        return true;
-    case FaultKind::rateLimit:
-        answerStatus(response, 403, "API rate limit exceeded for user ID 583231.");
+    } else if (fault.kind == FaultKind::rateLimit) {
+        answerStatus(response, 403, limitText);
         response.headers["X-RateLimit-Remaining"] = "0";
-        return true;
-    case FaultKind::secondaryLimit:
-        answerStatus(
-            response,
-            403,
-            "You have exceeded a secondary rate limit. Please wait a few minutes before you try "
-            "again.");
-        return true;
-    case FaultKind::usedUp:
-        if (isRateLimit(response)) {
-            response.body = withNothingRemaining(response.body, fault.value);
-        } else {
-            answerStatus(response, 403, "API rate limit exceeded for user ID 583231.");
-        }
-        return true;
-    case FaultKind::hangUp:
-        delivery.isHungUp = true;
-        return true;
-    case FaultKind::serverError:
+    } else if (fault.kind == FaultKind::secondaryLimit) {
+        answerStatus(response, 403, secondaryLimitText);
+    } else if (fault.kind == FaultKind::usedUp && isRateLimit(response)) {
+        editJson(response.body, [&](json::value& limits) { useUp(limits, fault.value); });
+    } else if (fault.kind == FaultKind::usedUp) {
+        answerStatus(response, 403, limitText);
+    } else if (fault.kind == FaultKind::serverError) {
         answerStatus(response, 500, "Internal Server Error");
-        return true;
-    case FaultKind::delay:
+    } else if (fault.kind == FaultKind::hangUp) {
+        delivery.isHungUp = true;
+    } else if (fault.kind == FaultKind::delay) {
         delivery.delay += std::chrono::milliseconds(fault.value);
-        return true;
-    case FaultKind::cutOff:
+    } else if (fault.kind == FaultKind::cutOff) {
         delivery.cutOffAt = response.body.size() / 2;
-        return true;
-    case FaultKind::errors:
-    case FaultKind::errorsOnly:
-    case FaultKind::truncated:
-    case FaultKind::noCursor:
-    case FaultKind::nullNodes:
-    case FaultKind::foreignNodes:
-    case FaultKind::missingData:
-    case FaultKind::emptyBody:
-    case FaultKind::notJson:
-    case FaultKind::notUtf8:
-    case FaultKind::wrongType:
-    case FaultKind::deep:
-    case FaultKind::padding:
-        break;
-    }
-    return false;
-}
-
-/// Faults of what GraphQL answers say, which leave other answers alone.
-bool applyToGraphQl(std::string& body, RequestKind kind, FaultKind fault)
-{
-    const bool isSearch = kind == RequestKind::search;
-    if (fault == FaultKind::errors && isGraphQl(kind)) {
-        body.insert(body.size() - 1, R"(,"errors":)" + std::string(errorList));
-    } else if (fault == FaultKind::errorsOnly && isGraphQl(kind)) {
-        body = R"({"errors":)" + std::string(errorList) + "}";
-    } else if (fault == FaultKind::missingData && isGraphQl(kind)) {
-        body = "{}";
-    } else if (fault == FaultKind::nullNodes && kind == RequestKind::facts) {
-        body = withValuesReplaced(body, "pullRequest", "null");
-    } else if (fault == FaultKind::foreignNodes && kind == RequestKind::facts) {
-        body = withValuesReplaced(body, "nameWithOwner", R"("somebody/else")");
-    } else if (fault == FaultKind::nullNodes && isGraphQl(kind)) {
-        body = withNodesReplaced(body, "null");
-    } else if (fault == FaultKind::foreignNodes && isSearch) {
-        body = withNodesReplaced(body, "{}");
-    } else if (fault == FaultKind::noCursor && isSearch) {
-        body = withValueReplaced(body, "hasNextPage", "true");
-        body = withValueReplaced(body, "endCursor", "null");
     } else {
         return false;
     }
     return true;
+}
+
+/// Faults of what an answer's values say. Those of GraphQL leave other answers alone.
+void applyToValues(json::value& answer, RequestKind kind, FaultKind fault)
+{
+    const bool isSearch = kind == RequestKind::search;
+    const bool isFacts = kind == RequestKind::facts;
+    if (fault == FaultKind::wrongType) {
+        const auto members = membersNamed(answer, spoiltMembers(kind).typed);
+        if (!members.empty()) {
+            json::value& member = *members.front();
+            member = member.is_string() ? json::value(7) : json::value("seven");
+        }
+    } else if (fault == FaultKind::notUtf8) {
+        replaceFirst(answer, spoiltMembers(kind).text, "\xFF");
+    } else if (!isGraphQl(kind)) {
+        return;
+    } else if (fault == FaultKind::errors) {
+        answer.as_object()["errors"] = json::parse(errorList);
+    } else if (fault == FaultKind::errorsOnly) {
+        answer = {{"errors", json::parse(errorList)}};
+    } else if (fault == FaultKind::missingData) {
+        answer = json::object();
+    } else if (fault == FaultKind::nullNodes && isFacts) {
+        replaceEach(answer, "pullRequest", nullptr);
+    } else if (fault == FaultKind::foreignNodes && isFacts) {
+        replaceEach(answer, "nameWithOwner", "somebody/else");
+    } else if (fault == FaultKind::nullNodes) {
+        replaceNodes(answer, nullptr);
+    } else if (fault == FaultKind::foreignNodes && isSearch) {
+        replaceNodes(answer, json::object());
+    } else if (fault == FaultKind::noCursor && isSearch) {
+        replaceFirst(answer, "hasNextPage", true);
+        replaceFirst(answer, "endCursor", nullptr);
+    }
 }
 
 void applyToBody(std::string& body, RequestKind kind, const Fault& fault)
@@ -244,31 +202,17 @@ void applyToBody(std::string& body, RequestKind kind, const Fault& fault)
         body.clear();
     } else if (fault.kind == FaultKind::notJson) {
         body = "<html>We are having a problem.</html>";
-    } else if (fault.kind == FaultKind::notUtf8) {
-        body = withBadByte(body, kind);
-    } else if (fault.kind == FaultKind::wrongType) {
-        body = withWrongType(body, kind);
     } else if (fault.kind == FaultKind::deep) {
         const std::string lists = std::string(depth, '[') + std::string(depth, ']');
         body = isGraphQl(kind) ? R"({"data":)" + lists + "}" : lists;
     } else if (fault.kind == FaultKind::padding) {
         body.insert(0, static_cast<std::size_t>(fault.value) * mebibyte, ' ');
+    } else {
+        editJson(body, [&](json::value& answer) { applyToValues(answer, kind, fault.kind); });
     }
 }
 
 }  // namespace
-
-std::string withValueReplaced(
-    const std::string& text, std::string_view key, std::string_view replacement)
-{
-    const std::string quotedKey = "\"" + std::string(key) + "\":";
-    const std::size_t found = text.find(quotedKey);
-    if (found == std::string::npos) {
-        return text;
-    }
-    const std::size_t start = found + quotedKey.size();
-    return text.substr(0, start) + std::string(replacement) + text.substr(endOfValue(text, start));
-}
 
 FaultInjection::FaultInjection(const std::vector<Fault>& faults)
 {
@@ -289,9 +233,8 @@ Delivery FaultInjection::apply(Answer answer)
         if (fault.nth && *fault.nth != armed.seen) {
             continue;
         }
-        std::string& body = delivery.response.body;
-        if (!applyToTransport(delivery, fault) && !applyToGraphQl(body, answer.kind, fault.kind)) {
-            applyToBody(body, answer.kind, fault);
+        if (!applyToTransport(delivery, fault)) {
+            applyToBody(delivery.response.body, answer.kind, fault);
         }
     }
     return delivery;

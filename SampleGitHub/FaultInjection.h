@@ -5,7 +5,6 @@
 
 #include <chrono>
 #include <optional>
-#include <string>
 #include <vector>
 
 namespace SampleGitHub {
@@ -35,10 +34,5 @@ private:
 
     std::vector<Armed> _faults;
 };
-
-/// The text with the value behind the first `"key":` replaced; unchanged where there is no such
-/// key. `text` is JSON without white space. Safe from any thread.
-std::string withValueReplaced(
-    const std::string& text, std::string_view key, std::string_view replacement);
 
 }  // namespace SampleGitHub

@@ -10,23 +10,6 @@ namespace {
 
 constexpr std::int64_t largestCursor = 1000;  // GitHub's search has no results behind that.
 
-std::string decodePercents(std::string_view text)
-{
-    std::string decoded;
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        unsigned char byte = 0;
-        const char* const digits = text.data() + index + 1;
-        if (text[index] == '%' && index + 2 < text.size()
-            && std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2) {
-            decoded += static_cast<char>(byte);
-            index += 2;
-        } else {
-            decoded += text[index];
-        }
-    }
-    return decoded;
-}
-
 }  // namespace
 
 std::string cursorBehind(std::int64_t count)
@@ -51,7 +34,7 @@ std::map<std::string, std::string> queryParameters(std::string_view query)
         const std::string_view parameter = query.substr(0, query.find('&'));
         const std::size_t equals = std::min(parameter.find('='), parameter.size());
         const std::string_view value = parameter.substr(std::min(equals + 1, parameter.size()));
-        parameters[decodePercents(parameter.substr(0, equals))] = decodePercents(value);
+        parameters[std::string(parameter.substr(0, equals))] = value;
         query.remove_prefix(std::min(parameter.size() + 1, query.size()));
     }
     return parameters;

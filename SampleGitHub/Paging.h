@@ -15,7 +15,7 @@ std::string cursorBehind(std::int64_t count);
 /// How many results lie before a cursor; nothing for a text that is none.
 std::optional<std::int64_t> resultsBefore(std::string_view cursor);
 
-/// The parameters of an address' query, percent signs decoded. Of one name the last value counts.
+/// The parameters of an address' query as they stand there. Of one name the last value counts.
 std::map<std::string, std::string> queryParameters(std::string_view query);
 
 /// A positive number among the parameters, or `fallback`.

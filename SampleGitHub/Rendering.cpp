@@ -163,63 +163,14 @@ json::value baseRef(const PullRequest& pullRequest)
     return named("id", refId(pullRequest.repository, pullRequest.base));
 }
 
-/// The addresses that GitHub puts into every repository; they make up most of its text.
+/// As much text as the addresses that GitHub puts into every repository, which nobody asks for.
 void addAddresses(json::object& object, const std::string& address)
 {
-    for (const std::string_view name :
-         {"forks",
-          "keys{/key_id}",
-          "collaborators{/collaborator}",
-          "teams",
-          "hooks",
-          "issues/events{/number}",
-          "events",
-          "assignees{/user}",
-          "branches{/branch}",
-          "tags",
-          "git/blobs{/sha}",
-          "git/tags{/sha}",
-          "git/refs{/sha}",
-          "git/trees{/sha}",
-          "statuses/{sha}",
-          "languages",
-          "stargazers",
-          "contributors",
-          "subscribers",
-          "subscription",
-          "commits{/sha}",
-          "git/commits{/sha}",
-          "comments{/number}",
-          "issues/comments{/number}",
-          "contents/{+path}",
-          "compare/{base}...{head}",
-          "merges",
-          "{archive_format}{/ref}",
-          "downloads",
-          "issues{/number}",
-          "pulls{/number}",
-          "milestones{/number}",
-          "notifications{?since,all,participating}",
-          "labels{/name}",
-          "releases{/id}",
-          "deployments"}) {
-        std::string key(name.substr(0, name.find('{', 1)));
-        std::ranges::replace(key, '/', '_');
-        object.emplace(key + "_url", address + "/" + std::string(name));
+    constexpr int count = 50;
+    for (int number = 1; number <= count; ++number) {
+        const std::string name = "address_" + std::to_string(number);
+        object.emplace(name + "_url", address + "/" + name + "{/more}");
     }
-}
-
-json::value ownerOf(const std::string& login, const Repository& repository)
-{
-    const std::string address = "https://api.github.com/users/" + login;
-    return {
-        {"login", login},
-        {"url", address},
-        {"html_url", "https://github.com/" + login},
-        {"repos_url", address + "/repos"},
-        {"events_url", address + "/events{/privacy}"},
-        {"type", repository.affiliation == "organization_member" ? "Organization" : "User"},
-        {"site_admin", false}};
 }
 
 }  // namespace
@@ -278,36 +229,16 @@ std::string renderRefNode(const std::string& id, const BranchRules& rules)
 
 std::string renderRepository(const Repository& repository, std::int64_t id, Date now)
 {
-    const std::string owner = repository.fullName.substr(0, repository.fullName.find('/'));
-    const std::string address = "https://api.github.com/repos/" + repository.fullName;
-    const std::string page = "https://github.com/" + repository.fullName;
     json::object object{
         {"id", id},
-        {"node_id", "R_" + encodeBase64("repository:" + std::to_string(id))},
-        {"name", repository.fullName.substr(owner.size() + 1)},
         {"full_name", repository.fullName},
-        {"private", repository.visibility != "public"},
-        {"owner", ownerOf(owner, repository)},
-        {"html_url", page},
         {"description", repository.description},
-        {"fork", false},
-        {"url", address}};
-    addAddresses(object, address);
-    object.emplace("created_at", formatDate(now - std::chrono::years(2)));
-    object.emplace("updated_at", formatDate(now - std::chrono::hours(5)));
-    object.emplace("pushed_at", formatDate(now - std::chrono::hours(4)));
-    object.emplace("git_url", "git://github.com/" + repository.fullName + ".git");
-    object.emplace("clone_url", page + ".git");
-    object.emplace("size", 1024);
-    object.emplace(
-        "language", repository.language ? json::value(*repository.language) : json::value(nullptr));
-    object.emplace("archived", repository.isArchived);
-    object.emplace("disabled", false);
-    object.emplace("visibility", repository.visibility);
-    object.emplace("default_branch", repository.defaultBranch);
-    object.emplace(
-        "permissions",
-        json::object{{"admin", repository.affiliation == "owner"}, {"push", true}, {"pull", true}});
+        {"pushed_at", formatDate(now - std::chrono::hours(4))},
+        {"language", repository.language ? json::value(*repository.language) : json::value()},
+        {"archived", repository.isArchived},
+        {"visibility", repository.visibility},
+        {"default_branch", repository.defaultBranch}};
+    addAddresses(object, "https://api.github.com/repos/" + repository.fullName);
     return json::serialize(object);
 }
 

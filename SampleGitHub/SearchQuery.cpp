@@ -2,99 +2,38 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace SampleGitHub {
 namespace {
 
-using PullRequestKit::PullRequestState;
-
-std::string lowerCase(std::string_view text)
-{
-    std::string lower(text);
-    for (char& character : lower) {
-        if (character >= 'A' && character <= 'Z') {
-            character = static_cast<char>(character - 'A' + 'a');
-        }
-    }
-    return lower;
-}
+constexpr std::string_view repositoryPrefix = "repo:";
+constexpr std::array<std::string_view, 8> knownTerms{
+    "is:pr",
+    "is:open",
+    "archived:false",
+    "author:@me",
+    "-author:@me",
+    "review-requested:@me",
+    "reviewed-by:@me",
+    "sort:updated-desc"};
 
 [[noreturn]] void throwUnknown(std::string_view term)
 {
     throw SearchError("The sample GitHub does not know the search term " + std::string(term) + ".");
 }
 
-bool readFlag(std::string_view term, std::string_view value)
-{
-    if (value != "true" && value != "false") {
-        throwUnknown(term);
-    }
-    return value == "true";
-}
-
-SearchOrder readOrder(std::string_view term, std::string_view value)
-{
-    constexpr std::array<std::pair<std::string_view, SearchOrder>, 6> orders{{
-        {"updated", SearchOrder::updatedDescending},
-        {"updated-desc", SearchOrder::updatedDescending},
-        {"updated-asc", SearchOrder::updatedAscending},
-        {"created", SearchOrder::createdDescending},
-        {"created-desc", SearchOrder::createdDescending},
-        {"created-asc", SearchOrder::createdAscending},
-    }};
-    const auto* const found =
-        std::ranges::find(orders, value, [](const auto& o) { return o.first; });
-    if (found == orders.end()) {
-        throwUnknown(term);
-    }
-    return found->second;
-}
-
-void readIs(SearchQuery& query, std::string_view term, std::string_view value)
-{
-    if (const auto state = PullRequestKit::enumNamed<PullRequestState>(value)) {
-        query.state = state;
-    } else if (value == "draft") {
-        query.isDraft = true;
-    } else if (value != "pr") {
-        throwUnknown(term);
-    }
-}
-
 void readTerm(SearchQuery& query, std::string_view term)
 {
-    const std::size_t colon = term.find(':');
-    if (colon == std::string_view::npos) {
-        query.words.push_back(lowerCase(term));
-        return;
-    }
-    const std::string_view name = term.substr(0, colon);
-    const std::string_view value = term.substr(colon + 1);
-    if (name == "is" || name == "state" || name == "type") {
-        readIs(query, term, value);
-    } else if (name == "draft") {
-        query.isDraft = readFlag(term, value);
-    } else if (name == "archived") {
-        query.isArchived = readFlag(term, value);
-    } else if (name == "repo") {
-        query.repositories.insert(lowerCase(value));
-    } else if (name == "author") {
-        query.author = value;
-    } else if (name == "-author") {
-        query.notAuthor = value;
-    } else if (name == "reviewed-by") {
-        query.reviewedBy = value;
-    } else if (name == "review-requested") {
-        query.reviewRequestedFrom = value;
-    } else if (name == "sort") {
-        query.order = readOrder(term, value);
+    if (term.starts_with(repositoryPrefix)) {
+        query.repositories.emplace(term.substr(repositoryPrefix.size()));
+    } else if (std::ranges::find(knownTerms, term) != knownTerms.end()) {
+        query.terms.emplace(term);
     } else {
         throwUnknown(term);
     }
 }
 
-/// Reads `(repo:a OR repo:b)`, the one kind of group that the sample knows, and yields what stands
+/// Reads `(repo:a OR repo:b)`, the only kind of group that the sample knows, and returns the text
 /// behind it.
 std::string_view readGroup(SearchQuery& query, std::string_view text)
 {
@@ -106,72 +45,16 @@ std::string_view readGroup(SearchQuery& query, std::string_view text)
     }
     group.remove_prefix(1);
     while (!group.empty()) {
-        const std::size_t next = group.find(joint);
+        const std::size_t next = std::min(group.find(joint), group.size());
         const std::string_view term = group.substr(0, next);
-        if (!term.starts_with("repo:") || term.find_first_of(" (") != std::string_view::npos) {
+        if (!term.starts_with(repositoryPrefix)
+            || term.find_first_of(" (") != std::string_view::npos) {
             throwUnknown(text.substr(0, end + 1));
         }
         readTerm(query, term);
-        group.remove_prefix(std::min(next, group.size()));
-        group.remove_prefix(std::min(joint.size(), group.size()));
+        group.remove_prefix(std::min(next + joint.size(), group.size()));
     }
     return text.substr(end + 1);
-}
-
-bool contains(const std::vector<std::string>& list, std::string_view text)
-{
-    return std::ranges::find(list, text) != list.end();
-}
-
-bool isRequestedFrom(
-    const PullRequest& pullRequest, const std::optional<Account>& account, std::string_view user)
-{
-    const bool isAccount = account && (user == "@me" || user == account->login);
-    if (!isAccount) {
-        return contains(pullRequest.requestedUsers, user);
-    }
-    return contains(pullRequest.requestedUsers, account->login)
-           || std::ranges::any_of(pullRequest.requestedTeams, [&](const std::string& team) {
-                  return contains(account->teams, team);
-              });
-}
-
-/// A review that is begun and not submitted is none yet.
-bool isReviewedBy(const PullRequest& pullRequest, const std::string& user)
-{
-    return std::ranges::any_of(pullRequest.reviews, [&](const Review& review) {
-        return review.author == user && review.state != "PENDING";
-    });
-}
-
-bool matchesPerson(
-    const PullRequest& pullRequest, const std::optional<Account>& account, const SearchQuery& query)
-{
-    const auto login = [&](const std::string& user) {
-        return user == "@me" && account ? account->login : user;
-    };
-    if ((query.author && pullRequest.author != login(*query.author))
-        || (query.notAuthor && pullRequest.author == login(*query.notAuthor))
-        || (query.reviewedBy && !isReviewedBy(pullRequest, login(*query.reviewedBy)))) {
-        return false;
-    }
-    return !query.reviewRequestedFrom
-           || isRequestedFrom(pullRequest, account, *query.reviewRequestedFrom);
-}
-
-bool matchesContents(const PullRequest& pullRequest, const SearchQuery& query)
-{
-    if ((query.state && pullRequest.state != *query.state)
-        || (query.isDraft && pullRequest.isDraft != *query.isDraft)) {
-        return false;
-    }
-    if (query.words.empty()) {
-        return true;
-    }
-    const std::string title = lowerCase(pullRequest.title);
-    return std::ranges::all_of(query.words, [&](const std::string& word) {
-        return title.find(word) != std::string::npos;
-    });
 }
 
 /// The full names of the repositories that the search may look into.
@@ -179,28 +62,43 @@ std::unordered_set<std::string_view> searched(const Scenario& scenario, const Se
 {
     std::unordered_set<std::string_view> names;
     for (const Repository& repository : scenario.repositories) {
-        const bool isWanted = query.repositories.empty()
-                              || query.repositories.contains(lowerCase(repository.fullName));
-        if (isWanted && (!query.isArchived || repository.isArchived == *query.isArchived)) {
+        const bool isWanted =
+            query.repositories.empty() || query.repositories.contains(repository.fullName);
+        if (isWanted && !(repository.isArchived && query.terms.contains("archived:false"))) {
             names.insert(repository.fullName);
         }
     }
     return names;
 }
 
-bool isBefore(const PullRequest& left, const PullRequest& right, SearchOrder order)
+bool isRequestedFrom(const PullRequest& pullRequest, const Account& account)
 {
-    switch (order) {
-    case SearchOrder::updatedDescending:
-        return left.updatedAge < right.updatedAge;
-    case SearchOrder::updatedAscending:
-        return left.updatedAge > right.updatedAge;
-    case SearchOrder::createdDescending:
-        return left.createdAge < right.createdAge;
-    case SearchOrder::createdAscending:
-        return left.createdAge > right.createdAge;
-    }
-    return false;
+    const auto isOfUser = [&](const std::string& team) {
+        return std::ranges::find(account.teams, team) != account.teams.end();
+    };
+    const auto& users = pullRequest.requestedUsers;
+    return std::ranges::find(users, account.login) != users.end()
+           || std::ranges::any_of(pullRequest.requestedTeams, isOfUser);
+}
+
+/// A review that is begun and not submitted does not count yet.
+bool isReviewedBy(const PullRequest& pullRequest, const Account& account)
+{
+    return std::ranges::any_of(pullRequest.reviews, [&](const Review& review) {
+        return review.author == account.login && review.state != "PENDING";
+    });
+}
+
+bool matches(const PullRequest& pullRequest, const Account& account, const SearchQuery& query)
+{
+    const auto fails = [&](std::string_view term, bool holds) {
+        return query.terms.contains(term) && !holds;
+    };
+    return !fails("is:open", pullRequest.state == PullRequestKit::PullRequestState::open)
+           && !fails("author:@me", pullRequest.author == account.login)
+           && !fails("-author:@me", pullRequest.author != account.login)
+           && !fails("review-requested:@me", isRequestedFrom(pullRequest, account))
+           && !fails("reviewed-by:@me", isReviewedBy(pullRequest, account));
 }
 
 }  // namespace
@@ -221,7 +119,7 @@ SearchQuery parseSearchQuery(std::string_view text, SearchType type, RepositoryT
             continue;
         }
         const std::size_t end = std::min(text.find(' '), text.size());
-        repositoryTerms += text.starts_with("repo:") ? 1U : 0U;
+        repositoryTerms += text.starts_with(repositoryPrefix) ? 1U : 0U;
         readTerm(query, text.substr(0, end));
         text.remove_prefix(end);
     }
@@ -232,22 +130,23 @@ SearchQuery parseSearchQuery(std::string_view text, SearchType type, RepositoryT
 
 std::vector<std::size_t> search(const Scenario& scenario, const SearchQuery& query)
 {
-    const auto repositories = searched(scenario, query);
-    std::vector<std::size_t> matches;
+    std::vector<std::size_t> found;
     if (query.isImpossible) {
-        return matches;
+        return found;
     }
+    const auto repositories = searched(scenario, query);
+    const Account account = scenario.account.value_or(Account());
     for (std::size_t index = 0; index < scenario.pullRequests.size(); ++index) {
         const PullRequest& pullRequest = scenario.pullRequests[index];
-        if (repositories.contains(pullRequest.repository) && matchesContents(pullRequest, query)
-            && matchesPerson(pullRequest, scenario.account, query)) {
-            matches.push_back(index);
+        if (repositories.contains(pullRequest.repository) && matches(pullRequest, account, query)) {
+            found.push_back(index);
         }
     }
-    std::ranges::stable_sort(matches, [&](std::size_t left, std::size_t right) {
-        return isBefore(scenario.pullRequests[left], scenario.pullRequests[right], query.order);
-    });
-    return matches;
+    if (query.terms.contains("sort:updated-desc")) {
+        std::ranges::stable_sort(
+            found, {}, [&](std::size_t index) { return scenario.pullRequests[index].updatedAge; });
+    }
+    return found;
 }
 
 }  // namespace SampleGitHub

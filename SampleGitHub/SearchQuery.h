@@ -2,7 +2,8 @@
 
 #include "SampleGitHub/Scenario.h"
 
-#include <optional>
+#include <functional>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -17,13 +18,6 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-enum class SearchOrder {
-    updatedDescending,
-    updatedAscending,
-    createdDescending,
-    createdAscending,
-};
-
 /// What several `repo:` terms mean. GitHub has announced to go from the one to the other.
 enum class RepositoryTerms {
     any,
@@ -36,23 +30,13 @@ enum class SearchType {
     issueAdvanced,  ///< It knows groups such as `(repo:a OR repo:b)`.
 };
 
-/// GitHub's search for pull requests, as far as the sample knows it: `is:` and `state:` with the
-/// three states, `is:pr`, `is:draft`, `draft:`, `archived:`, `repo:`,
-/// `author:`, `-author:`, `review-requested:`, `reviewed-by:` (`@me` is the user who is signed in),
-/// `sort:`. Other words are
-/// looked for in the titles.
+/// GitHub's search for pull requests, as far as Tarnwick uses it: the repositories, and the terms
+/// `is:pr`, `is:open`, `archived:false`, `author:@me`, `-author:@me`, `review-requested:@me`,
+/// `reviewed-by:@me` and `sort:updated-desc`.
 struct SearchQuery {
     std::unordered_set<std::string> repositories;  ///< Empty: any.
     bool isImpossible = false;                     ///< A hit would have to be in two repositories.
-    std::optional<PullRequestKit::PullRequestState> state;
-    std::optional<bool> isDraft;
-    std::optional<bool> isArchived;
-    std::optional<std::string> author;
-    std::optional<std::string> notAuthor;
-    std::optional<std::string> reviewRequestedFrom;
-    std::optional<std::string> reviewedBy;
-    std::vector<std::string> words;  ///< In lower case.
-    SearchOrder order = SearchOrder::createdDescending;
+    std::set<std::string, std::less<>> terms;
 };
 
 /// Throws `SearchError` with one English sentence. Safe from any thread.
@@ -61,8 +45,8 @@ SearchQuery parseSearchQuery(
     SearchType type = SearchType::issue,
     RepositoryTerms terms = RepositoryTerms::any);
 
-/// The places of the matches in `scenario.pullRequests`, in the order asked for; of equal dates the
-/// one that the scenario names first comes first. Safe from any thread.
+/// The indexes of the matches in `scenario.pullRequests`, in the scenario's order or, with
+/// `sort:updated-desc`, the last updated first. Safe from any thread.
 std::vector<std::size_t> search(const Scenario& scenario, const SearchQuery& query);
 
 }  // namespace SampleGitHub

@@ -142,7 +142,7 @@ TEST_F(GhFault, aRepositoryOfAWrongTypeReachesTheReader)
     const Result result = repositories();
 
     EXPECT_EQ(result.status, 0);
-    EXPECT_THAT(result.output, StartsWith(R"({"archived":"no",)"));
+    EXPECT_THAT(result.output, StartsWith(R"({"archived":"seven",)"));
 }
 
 }  // namespace

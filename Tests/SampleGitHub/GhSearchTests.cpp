@@ -182,7 +182,7 @@ TEST_F(GhSearch, theCursorLeadsToTheNextPage)
     EXPECT_EQ(at(second, "/data/search/nodes/0/number"), 1050);
     const auto body = boost::json::parse(server().requests().back().request.body);
     EXPECT_EQ(at(body, "/variables/cursor"), cursor.c_str());
-    EXPECT_EQ(at(body, "/query"), Documents::search);
+    EXPECT_EQ(at(body, "/query"), searchDocument());
 }
 
 TEST_F(GhSearch, noMoreThanAThousandResultsCanBeReached)

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "GhDocuments.h"
+#include "GitHubProvider/BaseRules.h"
+#include "GitHubProvider/SearchQuery.h"
 #include "Support/SampleGitHubFixture.h"
 
 #include <boost/json.hpp>
@@ -17,22 +18,18 @@ protected:
 
     Result search(const std::string& q, const std::optional<std::string>& cursor = {}) const
     {
-        std::vector<std::string> arguments{
-            "api", "graphql", "-f", std::string("query=") + Documents::search, "-f", "q=" + q};
-        if (cursor) {
-            arguments.insert(arguments.end(), {"-f", "cursor=" + *cursor});
-        }
-        return gh(arguments);
+        return gh(GitHub::searchArguments(q, cursor));
+    }
+
+    /// The document that each search sends, without the "query=" before it.
+    static boost::json::string searchDocument()
+    {
+        return GitHub::searchArguments("", {}).at(3).substr(6).c_str();
     }
 
     Result rules(const std::vector<std::string>& ids) const
     {
-        std::vector<std::string> arguments{
-            "api", "graphql", "-f", std::string("query=") + Documents::rules};
-        for (const std::string& id : ids) {
-            arguments.insert(arguments.end(), {"-F", "ids[]=" + id});
-        }
-        return gh(arguments);
+        return gh(GitHub::baseRulesArguments(ids));
     }
 
     Result repositories() const
@@ -44,7 +41,7 @@ protected:
              "user/repos?per_page=100&affiliation=owner,collaborator,organization_member",
              "--paginate",
              "--jq",
-             Documents::repositories});
+             ".[] | {repository: .full_name, visibility, language, default_branch, archived}"});
     }
 };
 

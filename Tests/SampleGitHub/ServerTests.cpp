@@ -111,7 +111,7 @@ TEST_F(SampleServerRun, requestsAreRecordedInOrderWithoutTheToken)
     EXPECT_EQ(requests[0].request.method, "POST");
     EXPECT_EQ(requests[0].request.target, "/graphql");
     const auto body = boost::json::parse(requests[0].request.body);
-    EXPECT_EQ(at(body, "/query"), Documents::search);
+    EXPECT_EQ(at(body, "/query"), searchDocument());
     EXPECT_EQ(at(body, "/variables"), boost::json::parse(R"({"q": "is:pr is:open"})"));
     EXPECT_EQ(requests[1].kind, RequestKind::repositories);
     EXPECT_EQ(requests[1].request.method, "GET");
