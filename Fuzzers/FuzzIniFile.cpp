@@ -16,9 +16,11 @@ constexpr std::string_view otherKey = "panel.size";
 /// A value keeps its meaning when it is written, and then says it in one line.
 std::string requireKept(std::string_view value)
 {
-    const QVariant meaning = IniValue::decode(value);
-    std::string written = IniValue::encode(meaning);
-    Fuzzers::require(IniValue::decode(written) == meaning);
+    const auto date = IniValue::decodeDate(value);
+    const auto texts = IniValue::decodeList(value);
+    std::string written = date ? IniValue::encodeDate(*date) : IniValue::encodeList(texts);
+    Fuzzers::require(IniValue::decodeDate(written) == date);
+    Fuzzers::require(date || IniValue::decodeList(written) == texts);
     Fuzzers::require(written.find_first_of("\r\n") == std::string::npos);
     return written;
 }

@@ -21,22 +21,22 @@ public:
         : _document(text)
     {}
 
-    std::optional<QVariant> value(const QString& key) const override
+    std::optional<std::string> value(std::string_view key) const override
     {
         const auto text = _document.value(IniValue::encodeKey(key));
-        return text ? std::optional(IniValue::decode(*text)) : std::nullopt;
+        return text ? std::optional<std::string>(*text) : std::nullopt;
     }
 
-    void set(const QString& key, const QVariant& value) override
+    void set(std::string_view key, const std::string& value) override
     {
-        _document.set(IniValue::encodeKey(key), IniValue::encode(value));
+        _document.set(IniValue::encodeKey(key), value);
     }
 
-    void remove(const QString& key) override { _document.remove({IniValue::encodeKey(key)}); }
+    void remove(std::string_view key) override { _document.remove({IniValue::encodeKey(key)}); }
 
-    std::vector<QString> keys(const QString& prefix) const override
+    std::vector<std::string> keys(std::string_view prefix) const override
     {
-        std::vector<QString> found;
+        std::vector<std::string> found;
         for (const std::string& name : _document.keys(IniValue::encodeKey(prefix))) {
             if (auto key = IniValue::decodeKey(name)) {
                 found.push_back(std::move(*key));

@@ -314,7 +314,7 @@ void PullRequestMenuModel::selectAllRepositories(bool all)
             names.insert(repository.fullName);
         }
     }
-    _operations.setSelectedRepositories(std::move(names));
+    _operations.setSelectedRepositories(names);
 }
 
 void PullRequestMenuModel::setProjectDirectory(const std::string& directory)
@@ -362,8 +362,7 @@ void PullRequestMenuModel::readSettingsAgain()
 /// Says after each change that settings cannot be kept, and takes it back when they can.
 void PullRequestMenuModel::showSettingsProblem()
 {
-    const std::optional<QString> problem = _parts.defaults->problem();
-    auto text = problem ? std::optional(problem->toStdString()) : std::nullopt;
+    auto text = _parts.defaults->problem();
     const auto previous = std::exchange(_settingsProblem, text);
     if (text || _settingsError == previous) {
         assign(_settingsError, std::move(text), &PullRequestMenuModel::settingsErrorChanged);

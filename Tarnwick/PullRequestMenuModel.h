@@ -229,26 +229,35 @@ public:
         _operations.selectRepositories(names, selected);
     }
 
-    void toggleStatus(StatusFilter value) { _operations.toggleStatus(value); }
+    void toggleStatus(StatusFilter value) { _operations.toggle(&Settings::statuses, value); }
 
-    void toggleChecks(ChecksFilter value) { _operations.toggleChecks(value); }
+    void toggleChecks(ChecksFilter value) { _operations.toggle(&Settings::checks, value); }
 
-    void toggleReviewFilter(ReviewFilter value) { _operations.toggleReviewFilter(value); }
+    void toggleReviewFilter(ReviewFilter value)
+    {
+        _operations.toggle(&Settings::reviewFilters, value);
+    }
 
-    void toggleMergeability(MergeabilityFilter value) { _operations.toggleMergeability(value); }
+    void toggleMergeability(MergeabilityFilter value)
+    {
+        _operations.toggle(&Settings::mergeabilities, value);
+    }
 
     /// Nothing happens when the value is the current one.
-    void setArrangement(Arrangement value) { _operations.setArrangement(value); }
+    void setArrangement(Arrangement value) { _operations.set(&Settings::arrangement, value); }
 
     /// The user has answered to what is said about the list by whose turn it is.
-    void setInvolvedExplained() { _operations.setInvolvedExplained(); }
+    void setInvolvedExplained() { _operations.set(&Settings::isInvolvedExplained, true); }
 
     /// Sets every filter to its default but for the selection of repositories.
     void resetFilters() { _operations.resetFilters(); }
 
     /// Fetches anew, because other pull requests are asked for. Nothing happens when the value is
     /// the current one.
-    void setReviewerFilter(ReviewerFilter value) { _operations.setReviewerFilter(value); }
+    void setReviewerFilter(ReviewerFilter value)
+    {
+        _operations.set(&Settings::reviewerFilter, value);
+    }
 
     void setPollingInterval(PollingInterval interval) { _operations.setPollingInterval(interval); }
 
@@ -261,7 +270,7 @@ public:
     /// unless a setting is another one than before.
     void readSettingsAgain();
 
-    void setDarkMode(bool isDark) { _operations.setDarkMode(isDark); }
+    void setDarkMode(bool isDark) { _operations.set(&Settings::darkMode, isDark); }
 
     void toggleLaunchAtLogin();
     QCoro::Task<> toggleUnblockedNotifications();

@@ -44,7 +44,7 @@ Settings SettingsStore::current()
 }
 
 Settings SettingsStore::change(
-    const std::function<void(Settings&)>& change, const std::optional<QString>& chosen)
+    const std::function<void(Settings&)>& change, const std::optional<std::string_view>& chosen)
 {
     Settings changed;
     _defaults.change([&] {
@@ -67,6 +67,19 @@ Settings SettingsStore::changeSelection(const std::function<void(std::set<std::s
         writeSelection(_defaults, changed.selectedRepositories);
     });
     return changed;
+}
+
+Settings SettingsStore::selectRepositories(const std::vector<std::string>& names, bool isSelected)
+{
+    return changeSelection([&](std::set<std::string>& selected) {
+        for (const std::string& name : names) {
+            if (isSelected) {
+                selected.insert(name);
+            } else {
+                selected.erase(name);
+            }
+        }
+    });
 }
 
 Settings SettingsStore::setSelectedRepositories(const std::set<std::string>& names)

@@ -9,6 +9,8 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace Tarnwick {
 
@@ -65,11 +67,12 @@ public:
     /// Reads what is stored, has `change` change it, and writes what is different, and `chosen`,
     /// the key of a setting that is written even if it stays the same. Yields what is stored then.
     Settings change(
-        const std::function<void(Settings&)>& change, const std::optional<QString>& chosen = {});
+        const std::function<void(Settings&)>& change,
+        const std::optional<std::string_view>& chosen = {});
 
     /// The same for the selection of repositories, which counts as configured even if it stays the
     /// same.
-    Settings changeSelection(const std::function<void(std::set<std::string>&)>& change);
+    Settings selectRepositories(const std::vector<std::string>& names, bool isSelected);
     Settings setSelectedRepositories(const std::set<std::string>& names);
 
     /// Whether a selection of repositories has been written at least once, by this process or by
@@ -80,6 +83,8 @@ public:
     bool resetUnconfiguredSelection();
 
 private:
+    Settings changeSelection(const std::function<void(std::set<std::string>&)>& change);
+
     DefaultsStore& _defaults;
 };
 

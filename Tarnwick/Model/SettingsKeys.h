@@ -1,34 +1,34 @@
 #pragma once
 
-#include <QString>
+#include <string_view>
 
 /// The keys of the settings. Stored: do not rename.
 namespace Tarnwick::SettingsKeys {
 
-inline const QString unblockedNotifications = QStringLiteral("notifications.unblocked");
-inline const QString newPullRequestNotifications = QStringLiteral("notifications.newPullRequests");
-inline const QString yourTurnNotifications = QStringLiteral("notifications.yourTurn");
-inline const QString repositories = QStringLiteral("filters.repositories");
-inline const QString repositoriesConfigured = QStringLiteral("filters.repositoriesConfigured");
-inline const QString statuses = QStringLiteral("filters.status");
-inline const QString checks = QStringLiteral("filters.checks");
-inline const QString schemaVersion = QStringLiteral("filters.schemaVersion");
-inline const QString reviewFilters = QStringLiteral("filters.reviewStates");
-inline const QString mergeabilities = QStringLiteral("filters.mergeability");
-inline const QString reviewers = QStringLiteral("filters.reviewers");
-inline const QString arrangement = QStringLiteral("list.arrangement");
-inline const QString involvedExplained = QStringLiteral("list.involvedExplained");
-inline const QString pollingInterval = QStringLiteral("polling.interval");
-inline const QString projectDirectory = QStringLiteral("editor.projectDirectory");
-inline const QString darkMode = QStringLiteral("appearance.darkMode");
-inline const QString mutedAuthors = QStringLiteral("mutes.authors");
+inline constexpr std::string_view unblockedNotifications = "notifications.unblocked";
+inline constexpr std::string_view newPullRequestNotifications = "notifications.newPullRequests";
+inline constexpr std::string_view yourTurnNotifications = "notifications.yourTurn";
+inline constexpr std::string_view repositories = "filters.repositories";
+inline constexpr std::string_view repositoriesConfigured = "filters.repositoriesConfigured";
+inline constexpr std::string_view statuses = "filters.status";
+inline constexpr std::string_view checks = "filters.checks";
+inline constexpr std::string_view schemaVersion = "filters.schemaVersion";
+inline constexpr std::string_view reviewFilters = "filters.reviewStates";
+inline constexpr std::string_view mergeabilities = "filters.mergeability";
+inline constexpr std::string_view reviewers = "filters.reviewers";
+inline constexpr std::string_view arrangement = "list.arrangement";
+inline constexpr std::string_view involvedExplained = "list.involvedExplained";
+inline constexpr std::string_view pollingInterval = "polling.interval";
+inline constexpr std::string_view projectDirectory = "editor.projectDirectory";
+inline constexpr std::string_view darkMode = "appearance.darkMode";
+inline constexpr std::string_view mutedAuthors = "mutes.authors";
 
 /// Each mute has a key of its own: this and the pull request's storage key.
-inline const QString mutePrefix = QStringLiteral("mutes.pullRequest.");
+inline constexpr std::string_view mutePrefix = "mutes.pullRequest.";
 
 // Older forms, which are read to be translated and never written.
-inline const QString reviewQuery = QStringLiteral("filters.reviewQuery");
-inline const QString mergeable = QStringLiteral("filters.mergeable");
-inline const QString mergeConflicts = QStringLiteral("filters.mergeConflicts");
+inline constexpr std::string_view reviewQuery = "filters.reviewQuery";
+inline constexpr std::string_view mergeable = "filters.mergeable";
+inline constexpr std::string_view mergeConflicts = "filters.mergeConflicts";
 
 }  // namespace Tarnwick::SettingsKeys

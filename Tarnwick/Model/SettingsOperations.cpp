@@ -7,17 +7,7 @@
 namespace Tarnwick {
 namespace {
 
-template<typename Value, typename Order>
-void setContained(std::set<Value, Order>& values, const Value& value, bool isContained)
-{
-    if (isContained) {
-        values.insert(value);
-    } else {
-        values.erase(value);
-    }
-}
-
-const QString& keyOfNotifications(bool Settings::* flag)
+std::string_view keyOfNotifications(bool Settings::* flag)
 {
     if (flag == &Settings::unblockedNotificationsEnabled) {
         return SettingsKeys::unblockedNotifications;
@@ -41,34 +31,6 @@ SettingsOperations::SettingsOperations(Settings& settings, SettingsStore& store)
     , _store(store)
 {}
 
-/// What the user sees is turned over, even if another process has just done the same.
-template<typename E>
-void SettingsOperations::toggle(std::set<E> Settings::* filter, E value)
-{
-    const bool isWanted = !(_settings.*filter).contains(value);
-    change([&](Settings& settings) { setContained(settings.*filter, value, isWanted); });
-}
-
-void SettingsOperations::toggleStatus(StatusFilter value)
-{
-    toggle(&Settings::statuses, value);
-}
-
-void SettingsOperations::toggleChecks(ChecksFilter value)
-{
-    toggle(&Settings::checks, value);
-}
-
-void SettingsOperations::toggleReviewFilter(ReviewFilter value)
-{
-    toggle(&Settings::reviewFilters, value);
-}
-
-void SettingsOperations::toggleMergeability(MergeabilityFilter value)
-{
-    toggle(&Settings::mergeabilities, value);
-}
-
 void SettingsOperations::resetFilters()
 {
     if (hasDefaultFilters(_settings)) {
@@ -90,22 +52,14 @@ void SettingsOperations::toggleRepository(const std::string& name)
 
 void SettingsOperations::selectRepositories(const std::vector<std::string>& names, bool selected)
 {
-    changeSelection([&](std::set<std::string>& selection) {
-        for (const std::string& name : names) {
-            setContained(selection, name, selected);
-        }
-    });
+    flush();
+    adopt(_store.selectRepositories(names, selected), Effect::selection);
 }
 
-void SettingsOperations::setSelectedRepositories(std::set<std::string> names)
-{
-    changeSelection([&](std::set<std::string>& selection) { selection = std::move(names); });
-}
-
-void SettingsOperations::changeSelection(const std::function<void(std::set<std::string>&)>& change)
+void SettingsOperations::setSelectedRepositories(const std::set<std::string>& names)
 {
     flush();
-    adopt(_store.changeSelection(change), Effect::selection);
+    adopt(_store.setSelectedRepositories(names), Effect::selection);
 }
 
 void SettingsOperations::resetUnconfiguredSelection()
@@ -116,40 +70,12 @@ void SettingsOperations::resetUnconfiguredSelection()
     }
 }
 
-void SettingsOperations::setReviewerFilter(ReviewerFilter value)
-{
-    if (value != _settings.reviewerFilter) {
-        change([&](Settings& settings) { settings.reviewerFilter = value; });
-    }
-}
-
-void SettingsOperations::setArrangement(Arrangement value)
-{
-    if (value != _settings.arrangement) {
-        change([&](Settings& settings) { settings.arrangement = value; });
-    }
-}
-
-void SettingsOperations::setInvolvedExplained()
-{
-    if (!_settings.isInvolvedExplained) {
-        change([](Settings& settings) { settings.isInvolvedExplained = true; });
-    }
-}
-
 void SettingsOperations::setPollingInterval(PollingInterval interval)
 {
     change(
         [&](Settings& settings) { settings.pollingInterval = interval; },
         Effect::pollingInterval,
         SettingsKeys::pollingInterval);
-}
-
-void SettingsOperations::setDarkMode(bool isDark)
-{
-    if (isDark != _settings.darkMode) {
-        change([&](Settings& settings) { settings.darkMode = isDark; });
-    }
 }
 
 void SettingsOperations::mute(const std::string& storageKey, const Mute& mute)
@@ -164,7 +90,13 @@ void SettingsOperations::unmute(const std::string& storageKey)
 
 void SettingsOperations::setAuthorMuted(const std::string& login, bool isMuted)
 {
-    change([&](Settings& settings) { setContained(settings.mutedAuthors, login, isMuted); });
+    change([&](Settings& settings) {
+        if (isMuted) {
+            settings.mutedAuthors.insert(login);
+        } else {
+            settings.mutedAuthors.erase(login);
+        }
+    });
 }
 
 void SettingsOperations::endMutes(const std::function<Mutes(Mutes)>& lasting)
@@ -207,7 +139,7 @@ void SettingsOperations::readAgain()
 void SettingsOperations::change(
     const std::function<void(Settings&)>& change,
     Effect effect,
-    const std::optional<QString>& chosen)
+    const std::optional<std::string_view>& chosen)
 {
     const auto directory = std::exchange(_unsavedDirectory, std::nullopt);
     const auto changeAll = [&](Settings& settings) {

@@ -6,6 +6,11 @@
 
 #include <functional>
 #include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace Tarnwick {
@@ -21,28 +26,40 @@ public:
     /// Requires: `settings` and `store` outlive this object.
     SettingsOperations(Settings& settings, SettingsStore& store);
 
-    void toggleStatus(StatusFilter value);
-    void toggleChecks(ChecksFilter value);
-    void toggleReviewFilter(ReviewFilter value);
-    void toggleMergeability(MergeabilityFilter value);
+    /// Of what the user sees, even if another process has just done the same.
+    template<typename E>
+    void toggle(std::set<E> Settings::* filter, E value)
+    {
+        const bool isContained = (_settings.*filter).contains(value);
+        change([&](Settings& settings) {
+            (settings.*filter).erase(value);
+            if (!isContained) {
+                (settings.*filter).insert(value);
+            }
+        });
+    }
+
+    /// Nothing happens when the value is the current one.
+    template<typename Value>
+    void set(Value Settings::* setting, std::type_identity_t<Value> value)
+    {
+        if (_settings.*setting != value) {
+            change([&](Settings& settings) { settings.*setting = std::move(value); });
+        }
+    }
 
     /// Every filter gets its default; the repositories stay selected.
     void resetFilters();
 
     void toggleRepository(const std::string& name);
     void selectRepositories(const std::vector<std::string>& names, bool selected);
-    void setSelectedRepositories(std::set<std::string> names);
+    void setSelectedRepositories(const std::set<std::string>& names);
 
     /// Selects nothing on a first run, as long as no selection was ever stored; having been stored,
     /// the selection is the user's.
     void resetUnconfiguredSelection();
 
-    /// Nothing happens when the value is the current one.
-    void setReviewerFilter(ReviewerFilter value);
-    void setArrangement(Arrangement value);
-    void setInvolvedExplained();
     void setPollingInterval(PollingInterval interval);
-    void setDarkMode(bool isDark);
 
     /// Replaces an earlier mute of the pull request. `storageKey` is that of its identity.
     void mute(const std::string& storageKey, const Mute& mute);
@@ -82,13 +99,10 @@ private:
         pollingInterval
     };
 
-    template<typename E>
-    void toggle(std::set<E> Settings::* filter, E value);
-    void changeSelection(const std::function<void(std::set<std::string>&)>& change);
     void change(
         const std::function<void(Settings&)>& change,
         Effect effect = Effect::none,
-        const std::optional<QString>& chosen = {});
+        const std::optional<std::string_view>& chosen = {});
     void adopt(Settings settings, Effect effect = Effect::none);
 
     Settings& _settings;

@@ -2,9 +2,8 @@
 
 #include "Tarnwick/Model/SettingsKeys.h"
 #include "Tarnwick/Model/SettingsMigration.h"
+#include "Tarnwick/Persistence/IniValue.h"
 #include "Tarnwick/Persistence/SeenTexts.h"
-
-#include <QStringList>
 
 #include <algorithm>
 #include <span>
@@ -17,18 +16,36 @@ namespace Keys = SettingsKeys;
 /// The name under which "Any" was stored before.
 constexpr std::string_view olderNameOfAny = "All";
 
-QStringList listOf(const std::set<std::string>& texts)
+template<typename Texts>
+std::vector<std::string> listOf(const Texts& texts)
 {
-    QStringList list;
-    for (const std::string& text : texts) {
-        list.append(QString::fromStdString(text));
-    }
-    return list;
+    return {texts.begin(), texts.end()};
+}
+
+/// Calls `function` with the key and the member of each setting that has one key and nothing
+/// beside it.
+template<typename Function>
+void forEachSetting(const Function& function)
+{
+    function(Keys::statuses, &Settings::statuses);
+    function(Keys::checks, &Settings::checks);
+    function(Keys::reviewFilters, &Settings::reviewFilters);
+    function(Keys::mergeabilities, &Settings::mergeabilities);
+    function(Keys::reviewers, &Settings::reviewerFilter);
+    function(Keys::arrangement, &Settings::arrangement);
+    function(Keys::pollingInterval, &Settings::pollingInterval);
+    function(Keys::projectDirectory, &Settings::projectDirectory);
+    function(Keys::unblockedNotifications, &Settings::unblockedNotificationsEnabled);
+    function(Keys::newPullRequestNotifications, &Settings::newPullRequestNotificationsEnabled);
+    function(Keys::yourTurnNotifications, &Settings::yourTurnNotificationsEnabled);
+    function(Keys::darkMode, &Settings::darkMode);
+    function(Keys::involvedExplained, &Settings::isInvolvedExplained);
+    function(Keys::mutedAuthors, &Settings::mutedAuthors);
 }
 
 /// A mute until a time is a date, one until change a list: when the pull request was last listed,
 /// then what was seen of it. Nothing for anything else.
-std::optional<Mute> readMute(const DefaultsStore& defaults, const QString& key)
+std::optional<Mute> readMute(const DefaultsStore& defaults, std::string_view key)
 {
     if (const auto time = readDate(defaults, key)) {
         return MutedUntilTime{*time};
@@ -42,7 +59,7 @@ std::optional<Mute> readMute(const DefaultsStore& defaults, const QString& key)
     return listedAt && seen ? std::optional(MutedUntilChange{*seen, *listedAt}) : std::nullopt;
 }
 
-void writeMute(DefaultsStore& defaults, const QString& key, const Mute& mute)
+void writeMute(DefaultsStore& defaults, std::string_view key, const Mute& mute)
 {
     if (const auto* const untilTime = std::get_if<MutedUntilTime>(&mute)) {
         writeDate(defaults, key, untilTime->time);
@@ -54,203 +71,178 @@ void writeMute(DefaultsStore& defaults, const QString& key, const Mute& mute)
     writeTextList(defaults, key, texts);
 }
 
-/// Reads one setting after the other and notes what is to be corrected.
+/// Reads one setting after the other and notes what is to be corrected. A setting that is not
+/// stored keeps its initial value.
 class Reader {
 public:
     explicit Reader(const DefaultsStore& defaults)
         : _defaults(defaults)
     {}
 
-    StoredSettings read();
+    StoredSettings read()
+    {
+        Settings& settings = _result.settings;
+        forEachSetting([&](std::string_view key, auto member) { read(key, settings.*member); });
+        const auto names = readTextList(_defaults, Keys::repositories).value_or(Texts());
+        settings.selectedRepositories = {names.begin(), names.end()};
+        for (const std::string& key : _defaults.keys(Keys::mutePrefix)) {
+            if (const auto mute = readMute(_defaults, key)) {
+                settings.mutes.emplace(key.substr(Keys::mutePrefix.size()), *mute);
+            }
+        }
+        return std::move(_result);
+    }
 
 private:
-    /// The set stored under a key, or `fallback` when the key is absent or holds texts of which
-    /// none is known. A stored list that is not in its regular form is to be written in it.
+    using Texts = std::vector<std::string>;
+
+    void correct(std::string_view key, std::string value)
+    {
+        _result.corrections.emplace_back(key, std::move(value));
+    }
+
     template<typename E>
-    std::set<E> set(const QString& key, const std::set<E>& fallback)
+    void correct(std::string_view key, const std::set<E>& values)
+    {
+        correct(key, IniValue::encodeList(listOf(textsOf(values))));
+    }
+
+    void read(std::string_view key, bool& flag) { flag = readFlag(_defaults, key).value_or(flag); }
+
+    void read(std::string_view key, std::string& text)
+    {
+        text = readText(_defaults, key).value_or(text);
+    }
+
+    void read(std::string_view key, PollingInterval& interval)
+    {
+        const std::chrono::seconds stored{readInteger(_defaults, key).value_or(0)};
+        interval = pollingIntervalOf(stored).value_or(interval);
+    }
+
+    template<PullRequestKit::NamedEnum E>
+    void read(std::string_view key, E& value)
+    {
+        const auto stored = readText(_defaults, key);
+        const auto named = stored ? PullRequestKit::enumNamed<E>(*stored) : std::nullopt;
+        value = named.value_or(value);
+    }
+
+    void read(std::string_view key, Logins& logins)
+    {
+        const Texts stored = readTextList(_defaults, key).value_or(Texts());
+        logins = {stored.begin(), stored.end()};
+        logins.erase(std::string());
+    }
+
+    /// Texts of which none is known count as absent. A list that is not in its regular form is to
+    /// be written in it.
+    template<typename E>
+    void readSet(std::string_view key, std::set<E>& values)
     {
         const auto stored = readTextList(_defaults, key);
         if (!stored) {
-            return fallback;
+            return;
         }
-        std::set<E> values = casesNamed<E>(*stored);
-        if (values.empty() && !stored->empty()) {
-            values = fallback;
+        std::set<E> known = casesNamed<E>(*stored);
+        if (!known.empty() || stored->empty()) {
+            values = std::move(known);
         }
-        const std::set<std::string> texts = textsOf(values);
-        if (!std::ranges::equal(texts, *stored)) {
-            correct(key, listOf(texts));
+        if (!std::ranges::equal(textsOf(values), *stored)) {
+            correct(key, values);
         }
-        return values;
     }
 
-    void correct(const QString& key, const QVariant& value)
-    {
-        _result.corrections.emplace_back(key, value);
-    }
+    void read(std::string_view key, std::set<StatusFilter>& statuses) { readSet(key, statuses); }
 
-    std::set<ChecksFilter> checks();
-    std::set<ReviewFilter> reviewFilters();
-    std::set<MergeabilityFilter> mergeabilities();
-    PollingInterval pollingInterval() const;
-    ReviewerFilter reviewerFilter();
-    Arrangement arrangement() const;
-    Mutes mutes() const;
-    Logins mutedAuthors() const;
+    void read(std::string_view key, std::set<ChecksFilter>& checks);
+    void read(std::string_view key, std::set<ReviewFilter>& filters);
+    void read(std::string_view key, std::set<MergeabilityFilter>& values);
+    void read(std::string_view key, ReviewerFilter& filter);
 
     const DefaultsStore& _defaults;
     StoredSettings _result;
 };
 
-StoredSettings Reader::read()
+void Reader::read(std::string_view key, std::set<ChecksFilter>& checks)
 {
-    Settings& settings = _result.settings;
-    settings.unblockedNotificationsEnabled =
-        readFlag(_defaults, Keys::unblockedNotifications).value_or(false);
-    settings.newPullRequestNotificationsEnabled =
-        readFlag(_defaults, Keys::newPullRequestNotifications).value_or(false);
-    settings.yourTurnNotificationsEnabled =
-        readFlag(_defaults, Keys::yourTurnNotifications).value_or(false);
-    if (const auto names = readTextList(_defaults, Keys::repositories)) {
-        settings.selectedRepositories = {names->begin(), names->end()};
-    }
-    settings.statuses = set(Keys::statuses, Settings().statuses);
-    settings.checks = checks();
-    settings.reviewFilters = reviewFilters();
-    settings.mergeabilities = mergeabilities();
-    settings.pollingInterval = pollingInterval();
-    settings.reviewerFilter = reviewerFilter();
-    settings.arrangement = arrangement();
-    settings.projectDirectory = readText(_defaults, Keys::projectDirectory).value_or("");
-    settings.darkMode = readFlag(_defaults, Keys::darkMode).value_or(false);
-    settings.isInvolvedExplained = readFlag(_defaults, Keys::involvedExplained).value_or(false);
-    settings.mutes = mutes();
-    settings.mutedAuthors = mutedAuthors();
-    return std::move(_result);
-}
-
-std::set<ChecksFilter> Reader::checks()
-{
-    auto checks = set(Keys::checks, everyCase<ChecksFilter>());
+    readSet(key, checks);
     const auto version = readInteger(_defaults, Keys::schemaVersion).value_or(0);
     if (version < SettingsMigration::currentSchemaVersion) {
         checks = SettingsMigration::checksBeforeVersion2(std::move(checks));
-        correct(Keys::checks, listOf(textsOf(checks)));
-        correct(
-            Keys::schemaVersion,
-            QVariant::fromValue<qlonglong>(SettingsMigration::currentSchemaVersion));
+        correct(key, checks);
+        correct(Keys::schemaVersion, std::to_string(SettingsMigration::currentSchemaVersion));
     }
-    return checks;
 }
 
-std::set<ReviewFilter> Reader::reviewFilters()
+void Reader::read(std::string_view key, std::set<ReviewFilter>& filters)
 {
-    const auto stored = readTextList(_defaults, Keys::reviewFilters);
-    std::set<ReviewFilter> filters;
-    if (stored) {
-        filters = casesNamed<ReviewFilter>(*stored);
-    } else {
-        filters = SettingsMigration::reviewFiltersFromQuery(
-            readTextList(_defaults, Keys::reviewQuery).value_or(std::vector<std::string>()));
+    const auto stored = readTextList(_defaults, key);
+    const auto before = stored ? casesNamed<ReviewFilter>(*stored)
+                               : SettingsMigration::reviewFiltersFromQuery(
+                                     readTextList(_defaults, Keys::reviewQuery).value_or(Texts()));
+    filters = SettingsMigration::withCommentedReviews(before);
+    if (!stored || filters != before) {
+        correct(key, filters);
     }
-    const auto complete = SettingsMigration::withCommentedReviews(filters);
-    if (!stored || complete != filters) {
-        correct(Keys::reviewFilters, listOf(textsOf(complete)));
-    }
-    return complete;
 }
 
-std::set<MergeabilityFilter> Reader::mergeabilities()
+void Reader::read(std::string_view key, std::set<MergeabilityFilter>& values)
 {
-    if (const auto stored = readTextList(_defaults, Keys::mergeabilities)) {
-        return casesNamed<MergeabilityFilter>(*stored);
+    if (const auto stored = readTextList(_defaults, key)) {
+        values = casesNamed<MergeabilityFilter>(*stored);
+        return;
     }
-    const auto values = SettingsMigration::mergeabilitiesFromOlderKeys(
+    values = SettingsMigration::mergeabilitiesFromOlderKeys(
         readFlag(_defaults, Keys::mergeable), readTextList(_defaults, Keys::mergeConflicts));
-    correct(Keys::mergeabilities, listOf(textsOf(values)));
-    return values;
+    correct(key, values);
 }
 
-PollingInterval Reader::pollingInterval() const
+void Reader::read(std::string_view key, ReviewerFilter& filter)
 {
-    const std::chrono::seconds stored{readInteger(_defaults, Keys::pollingInterval).value_or(0)};
-    return pollingIntervalOf(stored).value_or(PollingInterval::fiveMinutes);
-}
-
-ReviewerFilter Reader::reviewerFilter()
-{
-    const auto stored = readText(_defaults, Keys::reviewers);
-    if (stored == olderNameOfAny) {
-        correct(
-            Keys::reviewers,
-            QString::fromStdString(std::string(PullRequestKit::nameOf(ReviewerFilter::any))));
-        return ReviewerFilter::any;
+    if (readText(_defaults, key) == olderNameOfAny) {
+        filter = ReviewerFilter::any;
+        correct(key, std::string(PullRequestKit::nameOf(filter)));
+        return;
     }
-    const auto value = stored ? PullRequestKit::enumNamed<ReviewerFilter>(*stored) : std::nullopt;
-    return value.value_or(ReviewerFilter::myself);
+    read<ReviewerFilter>(key, filter);
 }
 
-Arrangement Reader::arrangement() const
-{
-    const auto stored = readText(_defaults, Keys::arrangement);
-    const auto value = stored ? PullRequestKit::enumNamed<Arrangement>(*stored) : std::nullopt;
-    return value.value_or(Arrangement::byReviewState);
-}
-
-Mutes Reader::mutes() const
-{
-    Mutes mutes;
-    for (const QString& key : _defaults.keys(Keys::mutePrefix)) {
-        if (const auto mute = readMute(_defaults, key)) {
-            mutes.emplace(key.mid(Keys::mutePrefix.size()).toStdString(), *mute);
-        }
-    }
-    return mutes;
-}
-
-Logins Reader::mutedAuthors() const
-{
-    const auto stored = readTextList(_defaults, Keys::mutedAuthors);
-    Logins authors = stored ? Logins(stored->begin(), stored->end()) : Logins();
-    authors.erase(std::string());
-    return authors;
-}
-
-void write(DefaultsStore& defaults, const QString& key, bool flag)
+void write(DefaultsStore& defaults, std::string_view key, bool flag)
 {
     writeFlag(defaults, key, flag);
 }
 
-void write(DefaultsStore& defaults, const QString& key, const std::string& text)
+void write(DefaultsStore& defaults, std::string_view key, const std::string& text)
 {
     writeText(defaults, key, text);
 }
 
-void write(DefaultsStore& defaults, const QString& key, PollingInterval interval)
+void write(DefaultsStore& defaults, std::string_view key, PollingInterval interval)
 {
     writeInteger(defaults, key, secondsOf(interval).count());
 }
 
 template<PullRequestKit::NamedEnum E>
-void write(DefaultsStore& defaults, const QString& key, E value)
+void write(DefaultsStore& defaults, std::string_view key, E value)
 {
-    writeText(defaults, key, std::string(PullRequestKit::nameOf(value)));
+    writeText(defaults, key, PullRequestKit::nameOf(value));
 }
 
 template<typename E>
-void write(DefaultsStore& defaults, const QString& key, const std::set<E>& values)
+void write(DefaultsStore& defaults, std::string_view key, const std::set<E>& values)
 {
-    writeTextList(defaults, key, textsOf(values));
+    writeTextList(defaults, key, listOf(textsOf(values)));
 }
 
-void write(DefaultsStore& defaults, const QString& key, const Logins& logins)
+void write(DefaultsStore& defaults, std::string_view key, const Logins& logins)
 {
-    writeTextList(defaults, key, logins);
+    writeTextList(defaults, key, listOf(logins));
 }
 
-QString keyOfMute(const std::string& storageKey)
+std::string keyOfMute(const std::string& storageKey)
 {
-    return Keys::mutePrefix + QString::fromStdString(storageKey);
+    return std::string(Keys::mutePrefix) + storageKey;
 }
 
 void writeMutes(DefaultsStore& defaults, const Mutes& before, const Mutes& after)
@@ -279,28 +271,13 @@ void writeDifferences(
     DefaultsStore& defaults,
     const Settings& before,
     const Settings& after,
-    const std::optional<QString>& chosen)
+    const std::optional<std::string_view>& chosen)
 {
-    const auto writeIfDifferent = [&](const QString& key, auto setting) {
-        if (before.*setting != after.*setting || key == chosen) {
-            write(defaults, key, after.*setting);
+    forEachSetting([&](std::string_view key, auto member) {
+        if (before.*member != after.*member || key == chosen) {
+            write(defaults, key, after.*member);
         }
-    };
-    writeIfDifferent(Keys::statuses, &Settings::statuses);
-    writeIfDifferent(Keys::checks, &Settings::checks);
-    writeIfDifferent(Keys::reviewFilters, &Settings::reviewFilters);
-    writeIfDifferent(Keys::mergeabilities, &Settings::mergeabilities);
-    writeIfDifferent(Keys::reviewers, &Settings::reviewerFilter);
-    writeIfDifferent(Keys::arrangement, &Settings::arrangement);
-    writeIfDifferent(Keys::pollingInterval, &Settings::pollingInterval);
-    writeIfDifferent(Keys::projectDirectory, &Settings::projectDirectory);
-    writeIfDifferent(Keys::unblockedNotifications, &Settings::unblockedNotificationsEnabled);
-    writeIfDifferent(
-        Keys::newPullRequestNotifications, &Settings::newPullRequestNotificationsEnabled);
-    writeIfDifferent(Keys::yourTurnNotifications, &Settings::yourTurnNotificationsEnabled);
-    writeIfDifferent(Keys::darkMode, &Settings::darkMode);
-    writeIfDifferent(Keys::involvedExplained, &Settings::isInvolvedExplained);
-    writeIfDifferent(Keys::mutedAuthors, &Settings::mutedAuthors);
+    });
     writeMutes(defaults, before.mutes, after.mutes);
     if (before.selectedRepositories != after.selectedRepositories) {
         writeSelection(defaults, after.selectedRepositories);
@@ -309,7 +286,7 @@ void writeDifferences(
 
 void writeSelection(DefaultsStore& defaults, const std::set<std::string>& names)
 {
-    writeTextList(defaults, Keys::repositories, names);
+    writeTextList(defaults, Keys::repositories, listOf(names));
     writeFlag(defaults, Keys::repositoriesConfigured, true);
 }
 

@@ -3,6 +3,8 @@
 #include "Tarnwick/Model/Settings.h"
 
 #include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -13,7 +15,7 @@ struct StoredSettings {
     Settings settings;
 
     /// What is to be written, in this order, so that nothing is left to translate.
-    std::vector<std::pair<QString, QVariant>> corrections;
+    std::vector<std::pair<std::string_view, std::string>> corrections;
 };
 
 /// Unknown texts and values of a foreign type are passed over. Writes nothing.
@@ -25,7 +27,7 @@ void writeDifferences(
     DefaultsStore& defaults,
     const Settings& before,
     const Settings& after,
-    const std::optional<QString>& chosen);
+    const std::optional<std::string_view>& chosen);
 
 /// Writes the selection, and that there is one.
 void writeSelection(DefaultsStore& defaults, const std::set<std::string>& names);

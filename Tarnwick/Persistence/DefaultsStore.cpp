@@ -1,119 +1,72 @@
 #include "Tarnwick/Persistence/DefaultsStore.h"
 
-#include <QDateTime>
-#include <QMetaType>
-#include <QStringList>
-#include <QTimeZone>
+#include "Tarnwick/Persistence/IniValue.h"
+
+#include <QString>
 
 namespace Tarnwick {
-namespace {
 
-bool isText(const QVariant& value)
+std::optional<bool> readFlag(const DefaultsStore& store, std::string_view key)
 {
-    return value.typeId() == QMetaType::QString;
-}
-
-bool isInteger(const QVariant& value)
-{
-    switch (value.typeId()) {
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-        return true;
-    default:
-        return false;
-    }
-}
-
-std::optional<bool> flagNamed(const QString& text)
-{
-    if (text == u"1" || text.compare(u"true", Qt::CaseInsensitive) == 0) {
+    const QString text = QString::fromStdString(readText(store, key).value_or("")).toLower();
+    if (text == u"1" || text == u"true") {
         return true;
     }
-    if (text == u"0" || text.compare(u"false", Qt::CaseInsensitive) == 0) {
-        return false;
-    }
-    return std::nullopt;
+    return text == u"0" || text == u"false" ? std::optional(false) : std::nullopt;
 }
 
-}  // namespace
-
-std::optional<bool> readFlag(const DefaultsStore& store, const QString& key)
+std::optional<std::int64_t> readInteger(const DefaultsStore& store, std::string_view key)
 {
-    const auto value = store.value(key);
-    if (!value) {
-        return std::nullopt;
-    }
-    if (value->typeId() == QMetaType::Bool) {
-        return value->toBool();
-    }
-    return isText(*value) || isInteger(*value) ? flagNamed(value->toString()) : std::nullopt;
-}
-
-std::optional<std::int64_t> readInteger(const DefaultsStore& store, const QString& key)
-{
-    const auto value = store.value(key);
-    if (!value || !(isText(*value) || isInteger(*value))) {
-        return std::nullopt;
-    }
     bool isNumber = false;
-    const qlonglong number = value->toLongLong(&isNumber);
+    const qlonglong number =
+        QString::fromStdString(readText(store, key).value_or("")).toLongLong(&isNumber);
     return isNumber ? std::optional<std::int64_t>(number) : std::nullopt;
 }
 
-std::optional<std::string> readText(const DefaultsStore& store, const QString& key)
+std::optional<std::string> readText(const DefaultsStore& store, std::string_view key)
+{
+    const auto texts = readTextList(store, key);
+    return texts && texts->size() == 1 ? std::optional(texts->front()) : std::nullopt;
+}
+
+std::optional<std::vector<std::string>> readTextList(
+    const DefaultsStore& store, std::string_view key)
 {
     const auto value = store.value(key);
-    return value && isText(*value) ? std::optional(value->toString().toStdString()) : std::nullopt;
+    return value && !IniValue::decodeDate(*value) ? std::optional(IniValue::decodeList(*value))
+                                                  : std::nullopt;
 }
 
-std::optional<std::vector<std::string>> readTextList(const DefaultsStore& store, const QString& key)
+std::optional<PullRequestKit::Date> readDate(const DefaultsStore& store, std::string_view key)
 {
     const auto value = store.value(key);
-    if (!value) {
-        return std::nullopt;
-    }
-    std::vector<std::string> texts;
-    if (isText(*value)) {
-        texts.push_back(value->toString().toStdString());
-    } else if (value->typeId() == QMetaType::QStringList) {
-        for (const QString& text : value->toStringList()) {
-            texts.push_back(text.toStdString());
-        }
-    } else if (value->isValid()) {
-        return std::nullopt;
-    }
-    return texts;
+    return value ? IniValue::decodeDate(*value) : std::nullopt;
 }
 
-std::optional<PullRequestKit::Date> readDate(const DefaultsStore& store, const QString& key)
+void writeFlag(DefaultsStore& store, std::string_view key, bool flag)
 {
-    const auto value = store.value(key);
-    if (!value || value->typeId() != QMetaType::QDateTime || !value->toDateTime().isValid()) {
-        return std::nullopt;
-    }
-    const std::chrono::milliseconds sinceEpoch{value->toDateTime().toMSecsSinceEpoch()};
-    return PullRequestKit::Date{std::chrono::floor<std::chrono::seconds>(sinceEpoch)};
+    store.set(key, flag ? "true" : "false");
 }
 
-void writeFlag(DefaultsStore& store, const QString& key, bool flag)
+void writeInteger(DefaultsStore& store, std::string_view key, std::int64_t number)
 {
-    store.set(key, flag);
+    store.set(key, std::to_string(number));
 }
 
-void writeInteger(DefaultsStore& store, const QString& key, std::int64_t number)
+void writeText(DefaultsStore& store, std::string_view key, std::string_view text)
 {
-    store.set(key, QVariant::fromValue<qlonglong>(number));
+    store.set(key, IniValue::encodeText(text));
 }
 
-void writeText(DefaultsStore& store, const QString& key, const std::string& text)
+void writeTextList(
+    DefaultsStore& store, std::string_view key, const std::vector<std::string>& texts)
 {
-    store.set(key, QString::fromStdString(text));
+    store.set(key, IniValue::encodeList(texts));
 }
 
-void writeDate(DefaultsStore& store, const QString& key, PullRequestKit::Date date)
+void writeDate(DefaultsStore& store, std::string_view key, PullRequestKit::Date date)
 {
-    store.set(key, QDateTime::fromSecsSinceEpoch(date.time_since_epoch().count()).toUTC());
+    store.set(key, IniValue::encodeDate(date));
 }
 
 }  // namespace Tarnwick

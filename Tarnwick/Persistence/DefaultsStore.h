@@ -2,22 +2,17 @@
 
 #include "PullRequestKit/Date.h"
 
-#include <QString>
-#include <QVariant>
-
 #include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Tarnwick {
 
-/// The user's settings as a table from keys to values. Main thread only.
-///
-/// A value comes back as its own type or as what an INI file makes of it: text in place of flags
-/// and numbers, plain text in place of a list of one, an invalid variant in place of an empty list.
-/// The readers below take all of these forms.
+/// The user's settings as a table from keys to values in the form of `IniValue`, which the readers
+/// and writers below give their types. Main thread only.
 class DefaultsStore {
 public:
     DefaultsStore() = default;
@@ -26,17 +21,17 @@ public:
     virtual ~DefaultsStore() = default;
 
     /// What is stored under the key, or nothing when the key is absent.
-    virtual std::optional<QVariant> value(const QString& key) const = 0;
+    virtual std::optional<std::string> value(std::string_view key) const = 0;
 
-    /// Stores a flag, an integer, text, a list of text or a date. Never fails towards the caller:
-    /// from here on `value` yields what was set, and `problem` tells when it could not be kept.
-    virtual void set(const QString& key, const QVariant& value) = 0;
+    /// Stores an encoded value. Never fails towards the caller: from here on `value` yields what
+    /// was set, and `problem` tells when it could not be kept.
+    virtual void set(std::string_view key, const std::string& value) = 0;
 
     /// Takes the key out, so that it is absent. Fails as `set` does.
-    virtual void remove(const QString& key) = 0;
+    virtual void remove(std::string_view key) = 0;
 
     /// The keys that begin with `prefix`, each once.
-    virtual std::vector<QString> keys(const QString& prefix) const = 0;
+    virtual std::vector<std::string> keys(std::string_view prefix) const = 0;
 
     /// Another number than before whenever something else is stored than this process has read and
     /// written.
@@ -51,38 +46,25 @@ public:
     virtual void refresh() = 0;
 
     /// What is wrong with the store itself, as one English sentence for the user, or nothing.
-    virtual std::optional<QString> problem() const { return std::nullopt; }
+    virtual std::optional<std::string> problem() const { return std::nullopt; }
 };
 
 /// The readers yield nothing when the key is absent or holds another type.
 
-/// A flag; "true", "1", "false" and "0" are read as well, in any case of letters.
-std::optional<bool> readFlag(const DefaultsStore& store, const QString& key);
+/// "true", "1", "false" or "0", in any case of letters.
+std::optional<bool> readFlag(const DefaultsStore& store, std::string_view key);
 
-/// An integer; its decimal text is read as well.
-std::optional<std::int64_t> readInteger(const DefaultsStore& store, const QString& key);
-
-std::optional<std::string> readText(const DefaultsStore& store, const QString& key);
+std::optional<std::int64_t> readInteger(const DefaultsStore& store, std::string_view key);
+std::optional<std::string> readText(const DefaultsStore& store, std::string_view key);
 std::optional<std::vector<std::string>> readTextList(
-    const DefaultsStore& store, const QString& key);
+    const DefaultsStore& store, std::string_view key);
+std::optional<PullRequestKit::Date> readDate(const DefaultsStore& store, std::string_view key);
 
-/// A date, without its fraction of a second. Its text is another type.
-std::optional<PullRequestKit::Date> readDate(const DefaultsStore& store, const QString& key);
-
-void writeFlag(DefaultsStore& store, const QString& key, bool flag);
-void writeInteger(DefaultsStore& store, const QString& key, std::int64_t number);
-void writeText(DefaultsStore& store, const QString& key, const std::string& text);
-void writeDate(DefaultsStore& store, const QString& key, PullRequestKit::Date date);
-
-/// Stores the texts in the order given.
-template<typename Texts>
-void writeTextList(DefaultsStore& store, const QString& key, const Texts& texts)
-{
-    QStringList list;
-    for (const std::string& text : texts) {
-        list.append(QString::fromStdString(text));
-    }
-    store.set(key, list);
-}
+void writeFlag(DefaultsStore& store, std::string_view key, bool flag);
+void writeInteger(DefaultsStore& store, std::string_view key, std::int64_t number);
+void writeText(DefaultsStore& store, std::string_view key, std::string_view text);
+void writeTextList(
+    DefaultsStore& store, std::string_view key, const std::vector<std::string>& texts);
+void writeDate(DefaultsStore& store, std::string_view key, PullRequestKit::Date date);
 
 }  // namespace Tarnwick

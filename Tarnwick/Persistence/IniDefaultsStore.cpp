@@ -17,15 +17,11 @@
 namespace Tarnwick {
 namespace {
 
-QString sentence(const std::filesystem::path& file, const char* verb, const std::error_code& reason)
+std::string sentence(
+    const std::filesystem::path& file, const char* verb, const std::error_code& reason)
 {
-    return QStringLiteral(
-               "The settings file %1 cannot be %2 (%3), so changes to the settings are not "
-               "saved.")
-        .arg(
-            QString::fromStdString(file.string()),
-            QString::fromLatin1(verb),
-            QString::fromStdString(reason.message()));
+    return "The settings file " + file.string() + " cannot be " + verb + " (" + reason.message()
+           + "), so changes to the settings are not saved.";
 }
 
 /// The permissions for the new file: those of the old one. Throws where the old one is protected
@@ -57,33 +53,31 @@ std::filesystem::path IniDefaultsStore::defaultFile()
            / "settings.ini";
 }
 
-std::optional<QVariant> IniDefaultsStore::value(const QString& key) const
+std::optional<std::string> IniDefaultsStore::value(std::string_view key) const
 {
     const std::string name = IniValue::encodeKey(key);
     if (const auto unsaved = _unsaved.find(name); unsaved != _unsaved.end()) {
-        return unsaved->second ? std::optional(IniValue::decode(*unsaved->second)) : std::nullopt;
+        return unsaved->second;
     }
     const auto text = _document.value(name);
-    return text ? std::optional(IniValue::decode(*text)) : std::nullopt;
+    return text ? std::optional<std::string>(*text) : std::nullopt;
 }
 
-void IniDefaultsStore::set(const QString& key, const QVariant& value)
+void IniDefaultsStore::set(std::string_view key, const std::string& value)
 {
-    change([&] { _unsaved.insert_or_assign(IniValue::encodeKey(key), IniValue::encode(value)); });
+    change([&] { _unsaved.insert_or_assign(IniValue::encodeKey(key), value); });
 }
 
-void IniDefaultsStore::remove(const QString& key)
+void IniDefaultsStore::remove(std::string_view key)
 {
     change([&] { _unsaved.insert_or_assign(IniValue::encodeKey(key), std::nullopt); });
 }
 
-std::vector<QString> IniDefaultsStore::keys(const QString& prefix) const
+std::vector<std::string> IniDefaultsStore::keys(std::string_view prefix) const
 {
-    std::set<std::string> names;
     const std::string start = IniValue::encodeKey(prefix);
-    for (std::string& name : _document.keys(start)) {
-        names.insert(std::move(name));
-    }
+    const auto stored = _document.keys(start);
+    std::set<std::string> names(stored.begin(), stored.end());
     for (const auto& [name, value] : _unsaved) {
         if (!value) {
             names.erase(name);
@@ -91,7 +85,7 @@ std::vector<QString> IniDefaultsStore::keys(const QString& prefix) const
             names.insert(name);
         }
     }
-    std::vector<QString> found;
+    std::vector<std::string> found;
     for (const std::string& name : names) {
         if (auto key = IniValue::decodeKey(name)) {
             found.push_back(std::move(*key));

@@ -31,17 +31,17 @@ public:
     /// `dev.tarnwick.Tarnwick/settings.ini` in the user's configuration folder.
     static std::filesystem::path defaultFile();
 
-    std::optional<QVariant> value(const QString& key) const override;
-    void set(const QString& key, const QVariant& value) override;
-    void remove(const QString& key) override;
-    std::vector<QString> keys(const QString& prefix) const override;
+    std::optional<std::string> value(std::string_view key) const override;
+    void set(std::string_view key, const std::string& value) override;
+    void remove(std::string_view key) override;
+    std::vector<std::string> keys(std::string_view prefix) const override;
 
     std::uint64_t revision() const override { return _revision; }
 
     void change(const std::function<void()>& changes) override;
     void refresh() override;
 
-    std::optional<QString> problem() const override { return _problem; }
+    std::optional<std::string> problem() const override { return _problem; }
 
 private:
     bool read();
@@ -55,7 +55,7 @@ private:
     std::size_t _textHash = 0;  ///< Of what was read or written last.
     std::uint64_t _revision = 0;
     bool _isChanging = false;
-    std::optional<QString> _problem;
+    std::optional<std::string> _problem;
 };
 
 }  // namespace Tarnwick

@@ -1,15 +1,12 @@
 #include "Tarnwick/Persistence/IniValue.h"
 
-#include "PullRequestKit/Date.h"
-
 #include <QByteArray>
-#include <QDateTime>
-#include <QMetaType>
-#include <QStringList>
+#include <QString>
 
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <utility>
 
 namespace Tarnwick::IniValue {
 namespace {
@@ -52,42 +49,10 @@ bool isPlainInKeys(char character)
            || character == '.';
 }
 
-std::string encodeText(const QString& value)
+/// As Qt reads it: each byte that is not UTF-8 is U+FFFD.
+std::string asUtf8(const std::string& bytes)
 {
-    std::string text = value.toStdString();
-    if (isPlain(text)) {
-        return text;
-    }
-    std::string encoded = "\"";
-    for (const char character : text) {
-        const auto* const escape =
-            std::ranges::find(escapes, character, &std::pair<char, char>::second);
-        if (escape != escapes.end()) {
-            encoded += {'\\', escape->first};
-        } else if (isControl(character)) {
-            encoded += "\\x";
-            appendHexadecimal(encoded, character);
-        } else {
-            encoded += character;
-        }
-    }
-    return encoded + '"';
-}
-
-std::string encodeList(const QStringList& list)
-{
-    std::string encoded;
-    for (const QString& text : list) {
-        encoded += (encoded.empty() ? "" : ", ") + encodeText(text);
-    }
-    return list.isEmpty() ? std::string(emptyList) : encoded;
-}
-
-std::string encodeDate(const QDateTime& date)
-{
-    const std::chrono::seconds sinceEpoch{date.toSecsSinceEpoch()};
-    return std::string(datePrefix) + PullRequestKit::formatDate(PullRequestKit::Date{sinceEpoch})
-           + ")";
+    return QString::fromStdString(bytes).toStdString();
 }
 
 /// Takes a value apart from its front.
@@ -98,7 +63,7 @@ public:
     {}
 
     /// The next text of a list, with the comma after it.
-    QString element()
+    std::string element()
     {
         skipSpaces();
         std::string text;
@@ -122,7 +87,7 @@ public:
         if (_endedWithComma) {
             take();
         }
-        return QString::fromStdString(text);
+        return asUtf8(text);
     }
 
     bool endedWithComma() const { return _endedWithComma; }
@@ -160,27 +125,13 @@ private:
     bool _endedWithComma = false;
 };
 
-std::optional<QDateTime> decodeDate(std::string_view text)
-{
-    if (!text.starts_with(datePrefix) || !text.ends_with(')')) {
-        return std::nullopt;
-    }
-    text.remove_prefix(datePrefix.size());
-    text.remove_suffix(1);
-    const auto date = PullRequestKit::parseDate(text);
-    return date ? std::optional(
-                      QDateTime::fromSecsSinceEpoch(date->time_since_epoch().count()).toUTC())
-                : std::nullopt;
-}
-
 }  // namespace
 
-std::string encodeKey(const QString& key)
+std::string encodeKey(std::string_view key)
 {
-    const QByteArray text = key.toUtf8();
     std::string encoded;
-    encoded.reserve(static_cast<std::size_t>(text.size()) * 2);
-    for (const char character : text) {
+    encoded.reserve(key.size() * 2);
+    for (const char character : key) {
         if (isPlainInKeys(character)) {
             encoded += character;
         } else {
@@ -191,39 +142,69 @@ std::string encodeKey(const QString& key)
     return encoded;
 }
 
-std::optional<QString> decodeKey(std::string_view text)
+std::optional<std::string> decodeKey(std::string_view text)
 {
     const QByteArray encoded(text.data(), static_cast<qsizetype>(text.size()));
-    QString key = QString::fromUtf8(QByteArray::fromPercentEncoding(encoded));
+    std::string key = asUtf8(QByteArray::fromPercentEncoding(encoded).toStdString());
     return encodeKey(key) == text ? std::optional(std::move(key)) : std::nullopt;
 }
 
-std::string encode(const QVariant& value)
+std::string encodeText(std::string_view text)
 {
-    switch (value.typeId()) {
-    case QMetaType::QStringList:
-        return encodeList(value.toStringList());
-    case QMetaType::QDateTime:
-        return encodeDate(value.toDateTime());
-    default:
-        return encodeText(value.toString());
+    if (isPlain(text)) {
+        return std::string(text);
     }
+    std::string encoded = "\"";
+    for (const char character : text) {
+        const auto* const escape =
+            std::ranges::find(escapes, character, &std::pair<char, char>::second);
+        if (escape != escapes.end()) {
+            encoded += {'\\', escape->first};
+        } else if (isControl(character)) {
+            encoded += "\\x";
+            appendHexadecimal(encoded, character);
+        } else {
+            encoded += character;
+        }
+    }
+    return encoded + '"';
 }
 
-QVariant decode(std::string_view text)
+std::string encodeList(const std::vector<std::string>& texts)
+{
+    std::string encoded;
+    for (const std::string& text : texts) {
+        encoded += (encoded.empty() ? "" : ", ") + encodeText(text);
+    }
+    return texts.empty() ? std::string(emptyList) : encoded;
+}
+
+std::string encodeDate(PullRequestKit::Date date)
+{
+    return std::string(datePrefix) + PullRequestKit::formatDate(date) + ")";
+}
+
+std::vector<std::string> decodeList(std::string_view text)
 {
     if (text == emptyList) {
-        return QStringList();
-    }
-    if (const auto date = decodeDate(text)) {
-        return *date;
+        return {};
     }
     Scanner scanner(text);
-    QStringList list{scanner.element()};
+    std::vector<std::string> texts{scanner.element()};
     while (scanner.endedWithComma()) {
-        list.append(scanner.element());
+        texts.push_back(scanner.element());
     }
-    return list.size() == 1 ? QVariant(list.front()) : QVariant(list);
+    return texts;
+}
+
+std::optional<PullRequestKit::Date> decodeDate(std::string_view text)
+{
+    if (!text.starts_with(datePrefix) || !text.ends_with(')')) {
+        return std::nullopt;
+    }
+    text.remove_prefix(datePrefix.size());
+    text.remove_suffix(1);
+    return PullRequestKit::parseDate(text);
 }
 
 }  // namespace Tarnwick::IniValue

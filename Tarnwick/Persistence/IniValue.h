@@ -1,31 +1,37 @@
 #pragma once
 
-#include <QString>
-#include <QVariant>
+#include "PullRequestKit/Date.h"
 
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
-/// Keys and values as they stand in the settings file, in UTF-8 and on one line each. Pure
+/// Keys and values as they stand in the settings file, in UTF-8 and on one line each. A value is a
+/// list of texts, of which flags, integers and single texts are lists of one, or a date. Pure
 /// functions; safe from any thread.
 namespace Tarnwick::IniValue {
 
 /// Letters, digits and "-", "_", "." as they are, every other byte as "%" and its two digits. No
 /// two keys become one.
-std::string encodeKey(const QString& key);
+std::string encodeKey(std::string_view key);
 
 /// The key that this stands for; nothing where it stands for none.
-std::optional<QString> decodeKey(std::string_view text);
+std::optional<std::string> decodeKey(std::string_view text);
 
-/// Flags and integers as their text, texts as themselves or in quotes, lists with commas, the empty
-/// list as "@Empty()" and dates such as "@Date(2024-05-01T09:30:00Z)".
-/// Requires: one of these types.
-std::string encode(const QVariant& value);
+/// The text as it is or, where it would mean something else, in quotes.
+std::string encodeText(std::string_view text);
 
-/// Text, a list of at least two texts, the empty list or a date. Flags and integers come back as
-/// their text, and a list of one as the text in it. Whatever the bytes are, they mean something;
-/// those that are not UTF-8 become U+FFFD.
-QVariant decode(std::string_view text);
+/// The texts with commas between them; "@Empty()" for none.
+std::string encodeList(const std::vector<std::string>& texts);
+
+/// Such as "@Date(2024-05-01T09:30:00Z)".
+std::string encodeDate(PullRequestKit::Date date);
+
+/// Whatever the bytes are, they mean something; those that are not UTF-8 become U+FFFD.
+std::vector<std::string> decodeList(std::string_view text);
+
+/// Nothing where the text is no date.
+std::optional<PullRequestKit::Date> decodeDate(std::string_view text);
 
 }  // namespace Tarnwick::IniValue

@@ -7,7 +7,7 @@
 namespace Tarnwick {
 
 OverridingDefaults::OverridingDefaults(
-    std::shared_ptr<DefaultsStore> defaults, QString key, QVariant value)
+    std::shared_ptr<DefaultsStore> defaults, std::string key, std::string value)
     : _defaults(std::move(defaults))
     , _key(std::move(key))
     , _value(std::move(value))
@@ -15,29 +15,29 @@ OverridingDefaults::OverridingDefaults(
     assert(_defaults != nullptr);
 }
 
-std::optional<QVariant> OverridingDefaults::value(const QString& key) const
+std::optional<std::string> OverridingDefaults::value(std::string_view key) const
 {
     return key == _key ? std::optional(_value) : _defaults->value(key);
 }
 
-void OverridingDefaults::set(const QString& key, const QVariant& value)
+void OverridingDefaults::set(std::string_view key, const std::string& value)
 {
     if (key != _key) {
         _defaults->set(key, value);
     }
 }
 
-void OverridingDefaults::remove(const QString& key)
+void OverridingDefaults::remove(std::string_view key)
 {
     if (key != _key) {
         _defaults->remove(key);
     }
 }
 
-std::vector<QString> OverridingDefaults::keys(const QString& prefix) const
+std::vector<std::string> OverridingDefaults::keys(std::string_view prefix) const
 {
-    std::vector<QString> keys = _defaults->keys(prefix);
-    if (_key.startsWith(prefix) && std::ranges::find(keys, _key) == keys.end()) {
+    std::vector<std::string> keys = _defaults->keys(prefix);
+    if (_key.starts_with(prefix) && std::ranges::find(keys, _key) == keys.end()) {
         keys.push_back(_key);
     }
     return keys;
@@ -58,7 +58,7 @@ void OverridingDefaults::refresh()
     _defaults->refresh();
 }
 
-std::optional<QString> OverridingDefaults::problem() const
+std::optional<std::string> OverridingDefaults::problem() const
 {
     return _defaults->problem();
 }

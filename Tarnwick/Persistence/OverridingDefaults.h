@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace Tarnwick {
@@ -12,22 +13,22 @@ namespace Tarnwick {
 /// stored. Main thread only.
 class OverridingDefaults final : public DefaultsStore {
 public:
-    /// Requires: defaults.
-    OverridingDefaults(std::shared_ptr<DefaultsStore> defaults, QString key, QVariant value);
+    /// `value` is encoded. Requires: defaults.
+    OverridingDefaults(std::shared_ptr<DefaultsStore> defaults, std::string key, std::string value);
 
-    std::optional<QVariant> value(const QString& key) const override;
-    void set(const QString& key, const QVariant& value) override;
-    void remove(const QString& key) override;
-    std::vector<QString> keys(const QString& prefix) const override;
+    std::optional<std::string> value(std::string_view key) const override;
+    void set(std::string_view key, const std::string& value) override;
+    void remove(std::string_view key) override;
+    std::vector<std::string> keys(std::string_view prefix) const override;
     std::uint64_t revision() const override;
     void change(const std::function<void()>& changes) override;
     void refresh() override;
-    std::optional<QString> problem() const override;
+    std::optional<std::string> problem() const override;
 
 private:
     std::shared_ptr<DefaultsStore> _defaults;
-    QString _key;
-    QVariant _value;
+    std::string _key;
+    std::string _value;
 };
 
 }  // namespace Tarnwick

@@ -13,28 +13,23 @@ using namespace PullRequestKit;
 namespace {
 
 // Stored: do not rename.
-const QString seenPrefix = QStringLiteral("lastSeen.");
-const QString listedPrefix = QStringLiteral("lastListedAt.");
+const std::string seenPrefix = "lastSeen.";
+const std::string listedPrefix = "lastListedAt.";
 
 constexpr std::chrono::days toTheDay{1};
 
-QString nameOfVisit(const PullRequestID& id)
-{
-    return QString::fromStdString(id.storageKey());
-}
-
 }  // namespace
 
-VisitStore::VisitStore(DefaultsStore& defaults, QString prefix, std::function<Date()> now)
+VisitStore::VisitStore(DefaultsStore& defaults, std::string_view prefix, std::function<Date()> now)
     : _defaults(defaults)
-    , _prefix(std::move(prefix))
+    , _prefix(prefix)
     , _now(std::move(now))
 {}
 
 std::optional<Date> VisitStore::lastVisited(const PullRequestID& id) const
 {
-    const std::optional<Visit>& known = visit(id);
-    return known ? std::optional(known->at) : std::nullopt;
+    const Visit* const known = visit(id);
+    return known != nullptr ? std::optional(known->at) : std::nullopt;
 }
 
 void VisitStore::recordVisit(const PullRequestID& id)
@@ -54,7 +49,7 @@ void VisitStore::forgetVisit(const PullRequestID& id)
 
 void VisitStore::write(const PullRequestID& id, const std::optional<Visit>& visit)
 {
-    const QString name = nameOfVisit(id);
+    const std::string name = id.storageKey();
     _defaults.change([&] {
         removeVisit(name);
         if (visit) {
@@ -64,13 +59,13 @@ void VisitStore::write(const PullRequestID& id, const std::optional<Visit>& visi
             writeTextList(_defaults, seenPrefix + name, seenTexts(*visit->seen));
         }
     });
-    _known.insert_or_assign(id, visit);
+    _revision.reset();
 }
 
 bool VisitStore::isVisited(const PullRequest& pullRequest) const
 {
-    const std::optional<Visit>& known = visit(pullRequest.id);
-    if (!known) {
+    const Visit* const known = visit(pullRequest.id);
+    if (known == nullptr) {
         return false;
     }
     // The clock was set back since, so the time of the visit says nothing.
@@ -83,26 +78,36 @@ bool VisitStore::isVisited(const PullRequest& pullRequest) const
 SinceVisit VisitStore::sinceVisit(
     const PullRequest& pullRequest, const PullRequestFacts* facts) const
 {
-    const std::optional<Visit>& known = visit(pullRequest.id);
-    if (!known || !known->seen) {
+    const Visit* const known = visit(pullRequest.id);
+    if (known == nullptr || !known->seen) {
         return {};
     }
     auto changes = changesBetween(*known->seen, seenNow(pullRequest, facts));
     return changes.empty() ? SinceVisit() : SinceVisit{known->at, std::move(changes)};
 }
 
-const std::optional<VisitStore::Visit>& VisitStore::visit(const PullRequestID& id) const
+const VisitStore::Visits& VisitStore::visits() const
 {
     if (const std::uint64_t revision = _defaults.revision(); revision != _revision) {
-        _known.clear();
+        _visits.clear();
+        for (const std::string& key : _defaults.keys(_prefix)) {
+            const std::string name = key.substr(_prefix.size());
+            if (const auto visit = read(name)) {
+                _visits.emplace(name, *visit);
+            }
+        }
         _revision = revision;
     }
-    const auto found = _known.find(id);
-    return found != _known.end() ? found->second
-                                 : _known.emplace(id, read(nameOfVisit(id))).first->second;
+    return _visits;
 }
 
-std::optional<VisitStore::Visit> VisitStore::read(const QString& name) const
+const VisitStore::Visit* VisitStore::visit(const PullRequestID& id) const
+{
+    const auto found = visits().find(id.storageKey());
+    return found == _visits.end() ? nullptr : &found->second;
+}
+
+std::optional<VisitStore::Visit> VisitStore::read(const std::string& name) const
 {
     const auto at = readDate(_defaults, _prefix + name);
     if (!at) {
@@ -112,9 +117,9 @@ std::optional<VisitStore::Visit> VisitStore::read(const QString& name) const
     return Visit{*at, texts ? seenFromTexts(*texts) : std::nullopt};
 }
 
-void VisitStore::removeVisit(const QString& name)
+void VisitStore::removeVisit(const std::string& name)
 {
-    for (const QString& prefix : {_prefix, seenPrefix, listedPrefix}) {
+    for (const std::string& prefix : {_prefix, seenPrefix, listedPrefix}) {
         if (_defaults.value(prefix + name)) {
             _defaults.remove(prefix + name);
         }
@@ -128,34 +133,34 @@ void VisitStore::noteListed(std::span<const PullRequest> pullRequests)
         return;
     }
     _notedAt = now;
-    const std::vector<QString> keys = _defaults.keys(_prefix);
+    const std::vector<std::string> keys = _defaults.keys(_prefix);
     if (keys.empty()) {
         return;
     }
     _defaults.change([&] {
-        std::set<QString> others(keys.begin(), keys.end());
+        std::set<std::string> others(keys.begin(), keys.end());
         for (const PullRequest& pullRequest : pullRequests) {
-            if (visit(pullRequest.id)) {
+            if (visit(pullRequest.id) != nullptr) {
                 noteVisit(pullRequest);
-                others.erase(_prefix + nameOfVisit(pullRequest.id));
+                others.erase(_prefix + pullRequest.id.storageKey());
             }
         }
-        for (const QString& key : others) {
-            forgetInTime(key.mid(_prefix.size()));
+        for (const std::string& key : others) {
+            forgetInTime(key.substr(_prefix.size()));
         }
     });
+    _revision.reset();
 }
 
 void VisitStore::noteVisit(const PullRequest& listed)
 {
     const Date now = _now();
-    const QString name = nameOfVisit(listed.id);
+    const std::string name = listed.id.storageKey();
     Visit known = *visit(listed.id);
     if (known.at > now) {
         const bool wasUpdated = known.seen && listed.updatedAt > known.seen->updatedAt;
         known.at = wasUpdated ? known.seen->updatedAt : now;
         writeDate(_defaults, _prefix + name, known.at);
-        _known.insert_or_assign(listed.id, known);
     }
     const Date listedAt = readDate(_defaults, listedPrefix + name).value_or(known.at);
     if (std::chrono::abs(now - std::max(known.at, listedAt)) >= toTheDay) {
@@ -164,7 +169,7 @@ void VisitStore::noteVisit(const PullRequest& listed)
 }
 
 /// Of what is not listed. A time to come, after which the clock was set back, counts as now.
-void VisitStore::forgetInTime(const QString& name)
+void VisitStore::forgetInTime(const std::string& name)
 {
     const auto at = readDate(_defaults, _prefix + name);
     if (!at) {

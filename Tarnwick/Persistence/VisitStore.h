@@ -6,6 +6,8 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -27,11 +29,14 @@ public:
     static constexpr std::chrono::days memory{90};
 
     /// The prefix of the program's own store. Stored: do not rename.
-    static inline const QString programPrefix = QStringLiteral("lastVisitedAt.");
+    static constexpr std::string_view programPrefix = "lastVisitedAt.";
 
     /// Every key of a time begins with `prefix`; `now` tells the current time.
     /// Requires: `defaults` outlives the store.
-    VisitStore(DefaultsStore& defaults, QString prefix, std::function<PullRequestKit::Date()> now);
+    VisitStore(
+        DefaultsStore& defaults,
+        std::string_view prefix,
+        std::function<PullRequestKit::Date()> now);
 
     /// Nothing when the pull request was never visited, or its key holds something else.
     std::optional<PullRequestKit::Date> lastVisited(const PullRequestKit::PullRequestID& id) const;
@@ -66,20 +71,23 @@ private:
         std::optional<PullRequestKit::SeenPullRequest> seen;
     };
 
+    using Visits = std::unordered_map<std::string, Visit>;
+
+    const Visits& visits() const;
+    const Visit* visit(const PullRequestKit::PullRequestID& id) const;
     void write(const PullRequestKit::PullRequestID& id, const std::optional<Visit>& visit);
-    const std::optional<Visit>& visit(const PullRequestKit::PullRequestID& id) const;
-    std::optional<Visit> read(const QString& name) const;
-    void removeVisit(const QString& name);
+    std::optional<Visit> read(const std::string& name) const;
+    void removeVisit(const std::string& name);
     void noteVisit(const PullRequestKit::PullRequest& listed);
-    void forgetInTime(const QString& name);
+    void forgetInTime(const std::string& name);
 
     DefaultsStore& _defaults;
-    QString _prefix;
+    std::string _prefix;
     std::function<PullRequestKit::Date()> _now;
     std::optional<PullRequestKit::Date> _notedAt;
-    /// As stored at `_revision`, so that each row of each list need not be read anew.
-    mutable std::unordered_map<PullRequestKit::PullRequestID, std::optional<Visit>> _known;
-    mutable std::uint64_t _revision = 0;
+    /// By storage key, read at once: each row of each list asks for one.
+    mutable Visits _visits;
+    mutable std::optional<std::uint64_t> _revision;  ///< At which they were read.
 };
 
 }  // namespace Tarnwick

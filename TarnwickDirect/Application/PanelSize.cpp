@@ -3,12 +3,13 @@
 #include <QStringList>
 
 #include <optional>
+#include <string_view>
 
 namespace TarnwickDirect::PanelSize {
 namespace {
 
 /// Stored: do not rename.
-const QString key = QStringLiteral("panel.size");
+constexpr std::string_view key = "panel.size";
 
 constexpr QSizeF firstSize(440, 620);
 

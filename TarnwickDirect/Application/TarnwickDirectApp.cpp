@@ -30,7 +30,7 @@ using Tarnwick::PullRequestMenuView;
 namespace {
 
 /// Stored: do not rename.
-const QString closingExplainedKey = QStringLiteral("window.closingExplained");
+constexpr std::string_view closingExplainedKey = "window.closingExplained";
 
 /// How long a program that the bus has started waits for the next question.
 constexpr std::chrono::seconds answersFor{30};

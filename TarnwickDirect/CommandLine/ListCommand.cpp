@@ -2,6 +2,7 @@
 
 #include "Tarnwick/Async/RunUntilDone.h"
 #include "Tarnwick/Model/SettingsKeys.h"
+#include "Tarnwick/Persistence/IniValue.h"
 #include "Tarnwick/Persistence/OverridingDefaults.h"
 #include "Tarnwick/StandardCollaborators.h"
 #include "TarnwickDirect/CommandLine/ListJson.h"
@@ -12,6 +13,8 @@
 
 #include <iostream>
 #include <memory>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include <unistd.h>
@@ -25,11 +28,13 @@ namespace {
 
 /// The same settings, of which one has the value with this name for once.
 template<typename Value>
-void setForOnce(std::shared_ptr<Tarnwick::DefaultsStore>& defaults, const QString& key, Value value)
+void setForOnce(
+    std::shared_ptr<Tarnwick::DefaultsStore>& defaults, std::string_view key, Value value)
 {
-    const std::string name(PullRequestKit::nameOf(value));
     defaults = std::make_shared<Tarnwick::OverridingDefaults>(
-        std::move(defaults), key, QString::fromStdString(name));
+        std::move(defaults),
+        std::string(key),
+        Tarnwick::IniValue::encodeText(PullRequestKit::nameOf(value)));
 }
 
 /// The user's settings and cache. What is listed for other reviewers is not kept.

@@ -128,19 +128,14 @@ int changeSelection(const ChangeSelection& command, const Interruption& interrup
                   << " for your account; the selection is unchanged.\n";
         return 1;
     }
-    Tarnwick::SettingsStore(*parts.defaults).changeSelection([&](std::set<std::string>& selected) {
-        if (command.all) {
-            selected = command.select ? known : std::set<std::string>{};
-        } else if (command.select) {
-            selected.insert(command.names.begin(), command.names.end());
-        } else {
-            std::erase_if(selected, [&](const std::string& name) {
-                return std::ranges::find(command.names, name) != command.names.end();
-            });
-        }
-    });
+    Tarnwick::SettingsStore store(*parts.defaults);
+    if (command.all) {
+        store.setSelectedRepositories(command.select ? known : std::set<std::string>());
+    } else {
+        store.selectRepositories(command.names, command.select);
+    }
     if (const auto problem = parts.defaults->problem()) {
-        std::cerr << problem->toStdString() << '\n';
+        std::cerr << *problem << '\n';
         return 1;
     }
     return 0;

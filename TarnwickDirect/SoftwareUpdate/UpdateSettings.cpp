@@ -1,14 +1,15 @@
 #include "TarnwickDirect/SoftwareUpdate/UpdateSettings.h"
 
+#include <string_view>
 #include <utility>
 
 namespace TarnwickDirect {
 namespace {
 
 // Stored: do not rename.
-const QString lastCheckKey = QStringLiteral("updates.lastCheck");
-const QString skippedVersionKey = QStringLiteral("updates.skippedVersion");
-const QString channelsKey = QStringLiteral("updates.channels");
+constexpr std::string_view lastCheckKey = "updates.lastCheck";
+constexpr std::string_view skippedVersionKey = "updates.skippedVersion";
+constexpr std::string_view channelsKey = "updates.channels";
 
 }  // namespace
 

@@ -2,6 +2,10 @@
 
 #include "Tarnwick/Persistence/DefaultsStore.h"
 
+#include <QString>
+
+#include <memory>
+#include <optional>
 #include <set>
 
 namespace TarnwickDirect {

@@ -122,7 +122,7 @@ TEST_F(RepositoryPickerTests, aSelectionIsStored)
 {
     open(someRepositories());
     press("selectAll");
-    EXPECT_EQ(defaults->value(QStringLiteral("filters.repositories"))->toStringList().size(), 6);
+    EXPECT_EQ(Tarnwick::readTextList(*defaults, "filters.repositories")->size(), 6);
 }
 
 TEST_F(RepositoryPickerTests, whileFindingTheButtonsActOnWhatIsShown)

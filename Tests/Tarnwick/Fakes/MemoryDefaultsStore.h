@@ -4,6 +4,8 @@
 
 #include <functional>
 #include <map>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -12,29 +14,25 @@ namespace Fakes {
 /// A store in memory that records which keys were written, in order.
 class MemoryDefaultsStore : public Tarnwick::DefaultsStore {
 public:
-    std::optional<QVariant> value(const QString& key) const override
+    std::optional<std::string> value(std::string_view key) const override
     {
         const auto found = values.find(key);
         return found == values.end() ? std::nullopt : std::optional(found->second);
     }
 
-    void set(const QString& key, const QVariant& value) override
+    void set(std::string_view key, const std::string& value) override
     {
-        values.insert_or_assign(key, value);
-        writtenKeys.push_back(key);
+        values.insert_or_assign(std::string(key), value);
+        writtenKeys.emplace_back(key);
     }
 
-    void remove(const QString& key) override
-    {
-        values.erase(key);
-        removedKeys.push_back(key);
-    }
+    void remove(std::string_view key) override { values.erase(std::string(key)); }
 
-    std::vector<QString> keys(const QString& prefix) const override
+    std::vector<std::string> keys(std::string_view prefix) const override
     {
-        std::vector<QString> found;
+        std::vector<std::string> found;
         for (const auto& [key, value] : values) {
-            if (key.startsWith(prefix)) {
+            if (key.starts_with(prefix)) {
                 found.push_back(key);
             }
         }
@@ -54,14 +52,13 @@ public:
 
     void refresh() override { ++refreshCount; }
 
-    std::optional<QString> problem() const override { return reportedProblem; }
+    std::optional<std::string> problem() const override { return reportedProblem; }
 
-    std::map<QString, QVariant> values;
-    std::vector<QString> writtenKeys;
-    std::vector<QString> removedKeys;
+    std::map<std::string, std::string, std::less<>> values;
+    std::vector<std::string> writtenKeys;
     std::function<void()> beforeChange;  ///< What another process does before the next change.
     int refreshCount = 0;
-    std::optional<QString> reportedProblem;
+    std::optional<std::string> reportedProblem;
 
 private:
     mutable std::uint64_t _revision = 0;

@@ -242,7 +242,7 @@ TEST_F(FilterOperations, saysWhyTheLoginItemCouldNotBeChanged)
 
 TEST_F(FilterOperations, sayWhyAChangeCannotBeKeptUntilOneCan)
 {
-    defaults->reportedProblem = QStringLiteral("The disk is full.");
+    defaults->reportedProblem = "The disk is full.";
     model->setDarkMode(true);
     EXPECT_EQ(model->settingsError(), "The disk is full.");
     model->dismissSettingsError();
@@ -264,7 +264,7 @@ TEST_F(FilterOperations, keepAnErrorThatIsNotOfTheStore)
 
 TEST_F(FilterOperations, sayThatAVisitCannotBeKept)
 {
-    defaults->reportedProblem = QStringLiteral("The disk is full.");
+    defaults->reportedProblem = "The disk is full.";
     model->recordVisit(makePullRequest(1).id);
     EXPECT_EQ(model->settingsError(), "The disk is full.");
 }
@@ -281,7 +281,7 @@ TEST_F(FilterOperations, switchDarkModeAndKeepIt)
     model->setDarkMode(true);
     EXPECT_TRUE(model->settings().darkMode);
     EXPECT_EQ(switched, 1);
-    EXPECT_EQ(defaults->values.at(QStringLiteral("appearance.darkMode")), true);
+    EXPECT_EQ(defaults->values.at("appearance.darkMode"), "true");
     start();
     EXPECT_TRUE(model->settings().darkMode);
 }

@@ -2,12 +2,9 @@
 #include "PullRequestKit/StackBuilder.h"
 #include "Tarnwick/Model/Mutes.h"
 
-#include <QStringList>
-
 namespace {
 
 using namespace PullRequestKit;
-using namespace Qt::StringLiterals;
 using namespace Tarnwick;
 using namespace std::chrono_literals;
 using testing::ElementsAre;
@@ -213,23 +210,15 @@ TEST_F(Muting, storesEachMuteUnderAKeyOfItsOwn)
     model->muteForADay(all[1]);
     model->setAuthorMuted("mira-k", true);
     EXPECT_EQ(
-        defaults->values.at(u"mutes.pullRequest.github|github.com|octo/tools|1"_s),
-        QVariant((QStringList{
-            u"2024-05-02T08:00:00Z"_s,
-            u"2024-05-01T12:00:00Z"_s,
-            u"open"_s,
-            u"ready"_s,
-            u"mergeable"_s,
-            u"none"_s,
-            u"0/0"_s,
-            u"0/0/0"_s})));
+        defaults->values.at("mutes.pullRequest.github|github.com|octo/tools|1"),
+        "2024-05-02T08:00:00Z, 2024-05-01T12:00:00Z, open, ready, mergeable, none, 0/0, 0/0/0");
     EXPECT_EQ(
-        readDate(*defaults, u"mutes.pullRequest.github|github.com|octo/tools|2"_s),
+        readDate(*defaults, "mutes.pullRequest.github|github.com|octo/tools|2"),
         date("2024-05-03T08:00:00Z"));
-    EXPECT_EQ(defaults->values.at(u"mutes.authors"_s), QVariant(QStringList{u"mira-k"_s}));
+    EXPECT_EQ(defaults->values.at("mutes.authors"), "mira-k");
     model->unmute(first());
     model->unmute(all[1]);
-    EXPECT_THAT(defaults->keys(u"mutes.pullRequest."_s), IsEmpty());
+    EXPECT_THAT(defaults->keys("mutes.pullRequest."), IsEmpty());
 }
 
 TEST_F(Muting, endsByItselfAfterADay)
@@ -303,14 +292,11 @@ TEST_F(Muting, followsAnotherProcess)
 
 TEST_F(Muting, passesOverWhatMeansNothing)
 {
-    const QString key = u"mutes.pullRequest.github|github.com|octo/tools|1"_s;
-    for (const QVariant& stored :
-         {QVariant(u"2024-05-03T08:00:00Z"_s),
-          QVariant(true),
-          QVariant(),
-          QVariant(QStringList{u"2024-05-02T08:00:00Z"_s, u"open"_s})}) {
+    const std::string key = "mutes.pullRequest.github|github.com|octo/tools|1";
+    for (const char* const stored :
+         {"2024-05-03T08:00:00Z", "true", "@Empty()", "2024-05-02T08:00:00Z, open"}) {
         defaults->values.insert_or_assign(key, stored);
-        defaults->values.insert_or_assign(u"mutes.authors"_s, QStringList{u""_s, u"nobody"_s});
+        defaults->values.insert_or_assign("mutes.authors", "\"\", nobody");
         model->readSettingsAgain();
         EXPECT_THAT(model->settings().mutes, IsEmpty());
         EXPECT_THAT(model->settings().mutedAuthors, ElementsAre("nobody"));

@@ -413,7 +413,7 @@ TEST_F(Notifications, pointToTheDesktopsSettingsWhenPermissionIsRefused)
     start();
     runToEnd(model->toggleUnblockedNotifications());
     EXPECT_FALSE(model->settings().unblockedNotificationsEnabled);
-    EXPECT_EQ(defaults->values.at(QStringLiteral("notifications.unblocked")), false);
+    EXPECT_EQ(defaults->values.at("notifications.unblocked"), "false");
     EXPECT_TRUE(model->notificationSettingsRequired());
     model->dismissNotificationSettingsRequired();
     EXPECT_FALSE(model->notificationSettingsRequired());

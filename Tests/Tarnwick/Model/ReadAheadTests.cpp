@@ -37,11 +37,10 @@ protected:
 
 TEST_F(ReadAheadTest, yieldsWhatLiesOnDisk)
 {
-    writeText(*openDefaults(), QStringLiteral("editor.projectDirectory"), "/home/octo");
+    writeText(*openDefaults(), "editor.projectDirectory", "/home/octo");
     saveAccount("octo");
     ReadAhead reading = readAhead();
-    EXPECT_EQ(
-        readText(*reading.defaults(), QStringLiteral("editor.projectDirectory")), "/home/octo");
+    EXPECT_EQ(readText(*reading.defaults(), "editor.projectDirectory"), "/home/octo");
     const auto list = reading.takeList();
     ASSERT_TRUE(list);
     EXPECT_EQ(list->snapshot.account, "octo");

@@ -2,15 +2,13 @@
 
 #include "Fakes/MemoryDefaultsStore.h"
 #include "Tarnwick/Model/Settings.h"
-
-#include <QStringList>
+#include "Tarnwick/Persistence/IniValue.h"
 
 #include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
 namespace {
 
-using namespace Qt::StringLiterals;
 using namespace Tarnwick;
 using Fakes::MemoryDefaultsStore;
 using testing::Contains;
@@ -19,24 +17,16 @@ using testing::IsEmpty;
 using testing::Not;
 using testing::UnorderedElementsAre;
 
-QStringList texts(std::initializer_list<const char*> list)
-{
-    QStringList texts;
-    for (const char* const text : list) {
-        texts.append(QString::fromUtf8(text));
-    }
-    return texts;
-}
-
 Settings load(MemoryDefaultsStore& defaults)
 {
     return SettingsStore(defaults).load();
 }
 
 /// What loading makes of one stored list of checks.
-std::set<ChecksFilter> checksFrom(MemoryDefaultsStore& defaults, const QVariant& list, int version)
+std::set<ChecksFilter> checksFrom(
+    MemoryDefaultsStore& defaults, const char* list, const char* version)
 {
-    defaults.values = {{u"filters.checks"_s, list}, {u"filters.schemaVersion"_s, version}};
+    defaults.values = {{"filters.checks", list}, {"filters.schemaVersion", version}};
     return load(defaults).checks;
 }
 
@@ -44,138 +34,131 @@ TEST(SettingsMigration, givesPassedChecksAtVersion1ThoseWithoutChecksToo)
 {
     MemoryDefaultsStore defaults;
     EXPECT_THAT(
-        checksFrom(defaults, texts({"Pass"}), 1),
+        checksFrom(defaults, "Pass", "1"),
         UnorderedElementsAre(ChecksFilter::none, ChecksFilter::pass));
-    EXPECT_EQ(defaults.values.at(u"filters.checks"_s), texts({"None", "Pass"}));
-    EXPECT_EQ(defaults.values.at(u"filters.schemaVersion"_s), 2);
+    EXPECT_EQ(defaults.values.at("filters.checks"), "None, Pass");
+    EXPECT_EQ(defaults.values.at("filters.schemaVersion"), "2");
 }
 
 TEST(SettingsMigration, leavesPassedChecksAtVersion2Alone)
 {
     MemoryDefaultsStore defaults;
-    EXPECT_THAT(checksFrom(defaults, texts({"Pass"}), 2), UnorderedElementsAre(ChecksFilter::pass));
-    EXPECT_EQ(defaults.values.at(u"filters.checks"_s), texts({"Pass"}));
+    EXPECT_THAT(checksFrom(defaults, "Pass", "2"), UnorderedElementsAre(ChecksFilter::pass));
+    EXPECT_EQ(defaults.values.at("filters.checks"), "Pass");
 }
 
 TEST(SettingsMigration, givesFailedChecksAtVersion1PendingOnesToo)
 {
     MemoryDefaultsStore defaults;
     EXPECT_THAT(
-        checksFrom(defaults, texts({"Fail"}), 1),
+        checksFrom(defaults, "Fail", "1"),
         UnorderedElementsAre(ChecksFilter::pending, ChecksFilter::fail));
-    EXPECT_EQ(defaults.values.at(u"filters.checks"_s), texts({"Fail", "Pending"}));
+    EXPECT_EQ(defaults.values.at("filters.checks"), "Fail, Pending");
 }
 
 TEST(SettingsMigration, takesAMissingVersionForTheOldest)
 {
     MemoryDefaultsStore defaults;
-    defaults.values = {{u"filters.checks"_s, texts({"Pass"})}};
+    defaults.values = {{"filters.checks", "Pass"}};
     EXPECT_THAT(
         load(defaults).checks, UnorderedElementsAre(ChecksFilter::none, ChecksFilter::pass));
-    EXPECT_EQ(defaults.values.at(u"filters.schemaVersion"_s), 2);
+    EXPECT_EQ(defaults.values.at("filters.schemaVersion"), "2");
 }
 
 TEST(SettingsMigration, leavesALaterVersionAlone)
 {
     MemoryDefaultsStore defaults;
-    EXPECT_THAT(checksFrom(defaults, texts({"Pass"}), 3), UnorderedElementsAre(ChecksFilter::pass));
-    EXPECT_EQ(defaults.values.at(u"filters.schemaVersion"_s), 3);
+    EXPECT_THAT(checksFrom(defaults, "Pass", "3"), UnorderedElementsAre(ChecksFilter::pass));
+    EXPECT_EQ(defaults.values.at("filters.schemaVersion"), "3");
 }
 
 TEST(SettingsMigration, keepsAnEmptyListOfChecksAtVersion1Empty)
 {
     MemoryDefaultsStore defaults;
-    EXPECT_THAT(checksFrom(defaults, QStringList(), 1), IsEmpty());
-    EXPECT_EQ(defaults.values.at(u"filters.checks"_s), QStringList());
+    EXPECT_THAT(checksFrom(defaults, "@Empty()", "1"), IsEmpty());
+    EXPECT_EQ(defaults.values.at("filters.checks"), "@Empty()");
 }
 
 TEST(SettingsMigration, takesAllChecksWhereNoneIsRecognised)
 {
     MemoryDefaultsStore defaults;
-    EXPECT_EQ(checksFrom(defaults, texts({"Green"}), 2).size(), 4U);
-    EXPECT_EQ(defaults.values.at(u"filters.checks"_s), texts({"Fail", "None", "Pass", "Pending"}));
+    EXPECT_EQ(checksFrom(defaults, "Green", "2").size(), 4U);
+    EXPECT_EQ(defaults.values.at("filters.checks"), "Fail, None, Pass, Pending");
 }
 
 TEST(SettingsMigration, takesOpenWhereNoStatusIsRecognised)
 {
     MemoryDefaultsStore defaults;
-    defaults.values = {{u"filters.status"_s, texts({"Closed", "Merged"})}};
+    defaults.values = {{"filters.status", "Closed, Merged"}};
     EXPECT_THAT(load(defaults).statuses, UnorderedElementsAre(StatusFilter::open));
-    EXPECT_EQ(defaults.values.at(u"filters.status"_s), texts({"Open"}));
+    EXPECT_EQ(defaults.values.at("filters.status"), "Open");
 }
 
 TEST(SettingsMigration, dropsUnknownStatusesAndWritesTheRestInOrder)
 {
     MemoryDefaultsStore defaults;
-    defaults.values = {{u"filters.status"_s, texts({"Open", "Closed", "Draft"})}};
+    defaults.values = {{"filters.status", "Open, Closed, Draft"}};
     EXPECT_THAT(
         load(defaults).statuses, UnorderedElementsAre(StatusFilter::open, StatusFilter::draft));
-    EXPECT_EQ(defaults.values.at(u"filters.status"_s), texts({"Draft", "Open"}));
+    EXPECT_EQ(defaults.values.at("filters.status"), "Draft, Open");
 }
 
 TEST(SettingsMigration, doesNotWriteADefaultStatus)
 {
     MemoryDefaultsStore defaults;
     load(defaults);
-    EXPECT_THAT(defaults.writtenKeys, Not(Contains(u"filters.status")));
+    EXPECT_THAT(defaults.writtenKeys, Not(Contains("filters.status")));
 }
 
 TEST(SettingsMigration, translatesTheOlderReviewQuery)
 {
     MemoryDefaultsStore defaults;
-    defaults.values = {
-        {u"filters.reviewQuery"_s, texts({"review:changes_requested", "is:open", "review:none"})}};
+    defaults.values = {{"filters.reviewQuery", "review:changes_requested, is:open, review:none"}};
     EXPECT_THAT(
         load(defaults).reviewFilters,
         UnorderedElementsAre(ReviewFilter::changesRequested, ReviewFilter::none));
-    EXPECT_EQ(defaults.values.at(u"filters.reviewStates"_s), texts({"Changes Requested", "None"}));
+    EXPECT_EQ(defaults.values.at("filters.reviewStates"), "Changes Requested, None");
 }
 
 TEST(SettingsMigration, addsCommentedToTheThreeOlderReviewFilters)
 {
     MemoryDefaultsStore defaults;
     defaults.values = {
-        {u"filters.reviewQuery"_s,
-         texts({"review:approved", "review:changes_requested", "review:none"})}};
+        {"filters.reviewQuery", "review:approved, review:changes_requested, review:none"}};
     EXPECT_EQ(load(defaults).reviewFilters.size(), 4U);
     EXPECT_EQ(
-        defaults.values.at(u"filters.reviewStates"_s),
-        texts({"Approved", "Changes Requested", "Commented", "None"}));
+        defaults.values.at("filters.reviewStates"), "Approved, Changes Requested, Commented, None");
 }
 
 TEST(SettingsMigration, addsCommentedToTheThreeStoredReviewFilters)
 {
     MemoryDefaultsStore defaults;
-    defaults.values = {
-        {u"filters.reviewStates"_s, texts({"Approved", "Changes Requested", "None"})}};
+    defaults.values = {{"filters.reviewStates", "Approved, Changes Requested, None"}};
     EXPECT_EQ(load(defaults).reviewFilters.size(), 4U);
     EXPECT_EQ(
-        defaults.values.at(u"filters.reviewStates"_s),
-        texts({"Approved", "Changes Requested", "Commented", "None"}));
+        defaults.values.at("filters.reviewStates"), "Approved, Changes Requested, Commented, None");
 }
 
 TEST(SettingsMigration, prefersStoredReviewFiltersToTheOlderQuery)
 {
     MemoryDefaultsStore defaults;
     defaults.values = {
-        {u"filters.reviewStates"_s, QStringList()},
-        {u"filters.reviewQuery"_s, texts({"review:approved"})}};
+        {"filters.reviewStates", "@Empty()"}, {"filters.reviewQuery", "review:approved"}};
     EXPECT_THAT(load(defaults).reviewFilters, IsEmpty());
-    EXPECT_THAT(defaults.writtenKeys, Not(Contains(u"filters.reviewStates")));
+    EXPECT_THAT(defaults.writtenKeys, Not(Contains("filters.reviewStates")));
 }
 
 TEST(SettingsMigration, translatesTheOlderMergeableFlag)
 {
     MemoryDefaultsStore defaults;
-    defaults.values = {
-        {u"filters.mergeable"_s, true}, {u"filters.mergeConflicts"_s, texts({"Conflicting"})}};
+    defaults.values = {{"filters.mergeable", "true"}, {"filters.mergeConflicts", "Conflicting"}};
     EXPECT_THAT(load(defaults).mergeabilities, UnorderedElementsAre(MergeabilityFilter::mergeable));
-    EXPECT_EQ(defaults.values.at(u"filters.mergeability"_s), texts({"Mergeable"}));
-    defaults.values = {{u"filters.mergeable"_s, false}};
+    EXPECT_EQ(defaults.values.at("filters.mergeability"), "Mergeable");
+    defaults.values = {{"filters.mergeable", "false"}};
     EXPECT_THAT(
         load(defaults).mergeabilities,
         UnorderedElementsAre(MergeabilityFilter::conflicting, MergeabilityFilter::unknown));
-    EXPECT_EQ(defaults.values.at(u"filters.mergeability"_s), texts({"Conflicting", "Unknown"}));
+    EXPECT_EQ(defaults.values.at("filters.mergeability"), "Conflicting, Unknown");
 }
 
 TEST(SettingsMigration, translatesTheOlderListOfMergeConflicts)
@@ -201,35 +184,35 @@ TEST(SettingsMigration, leavesTheOlderKeysWhereTheyAre)
 {
     MemoryDefaultsStore defaults;
     defaults.values = {
-        {u"filters.mergeable"_s, true},
-        {u"filters.mergeConflicts"_s, texts({"None"})},
-        {u"filters.reviewQuery"_s, texts({"review:none"})}};
+        {"filters.mergeable", "true"},
+        {"filters.mergeConflicts", "None"},
+        {"filters.reviewQuery", "review:none"}};
     load(defaults);
-    EXPECT_EQ(defaults.values.at(u"filters.mergeable"_s), true);
-    EXPECT_EQ(defaults.values.at(u"filters.mergeConflicts"_s), texts({"None"}));
-    EXPECT_EQ(defaults.values.at(u"filters.reviewQuery"_s), texts({"review:none"}));
+    EXPECT_EQ(defaults.values.at("filters.mergeable"), "true");
+    EXPECT_EQ(defaults.values.at("filters.mergeConflicts"), "None");
+    EXPECT_EQ(defaults.values.at("filters.reviewQuery"), "review:none");
 }
 
 TEST(SettingsMigration, turnsTheOlderReviewerAllIntoAny)
 {
     MemoryDefaultsStore defaults;
-    defaults.values = {{u"filters.reviewers"_s, u"All"_s}};
+    defaults.values = {{"filters.reviewers", "All"}};
     EXPECT_EQ(load(defaults).reviewerFilter, ReviewerFilter::any);
-    EXPECT_EQ(defaults.values.at(u"filters.reviewers"_s), u"Any"_s);
+    EXPECT_EQ(defaults.values.at("filters.reviewers"), "Any");
 }
 
 TEST(SettingsMigration, takesAnyOtherReviewerForMyselfAndLeavesItStored)
 {
     MemoryDefaultsStore defaults;
-    defaults.values = {{u"filters.reviewers"_s, u"any"_s}};
+    defaults.values = {{"filters.reviewers", "any"}};
     EXPECT_EQ(load(defaults).reviewerFilter, ReviewerFilter::myself);
-    EXPECT_EQ(defaults.values.at(u"filters.reviewers"_s), u"any"_s);
+    EXPECT_EQ(defaults.values.at("filters.reviewers"), "any");
 }
 
 /// A value that one of the versions, a user's editor or a foreign program may have left.
-rc::Gen<QVariant> anyStored()
+rc::Gen<std::string> anyStored()
 {
-    const auto piece = rc::gen::element<const char*>(
+    const auto piece = rc::gen::element<std::string>(
         "Open",
         "Draft",
         "Closed",
@@ -249,17 +232,11 @@ rc::Gen<QVariant> anyStored()
         "0",
         "60",
         "");
-    const auto text = rc::gen::map(piece, [](const char* each) { return QString::fromUtf8(each); });
-    const auto list = rc::gen::map(
-        rc::gen::container<std::vector<QString>>(text), [](const std::vector<QString>& each) {
-            return QVariant(QStringList(each.begin(), each.end()));
-        });
+    const auto list =
+        rc::gen::map(rc::gen::container<std::vector<std::string>>(piece), &IniValue::encodeList);
     return rc::gen::oneOf(
         list,
-        rc::gen::map(text, [](const QString& each) { return QVariant(each); }),
-        rc::gen::map(rc::gen::inRange(-1, 4), [](int each) { return QVariant(each); }),
-        rc::gen::element(
-            QVariant(true), QVariant(false), QVariant(), QVariant(QByteArray("\x01"))));
+        rc::gen::element<std::string>("-1", "2", "3", "true", "", "@Date(2024-05-01T12:00:00Z)"));
 }
 
 RC_GTEST_PROP(SettingsMigration, changesNothingTheSecondTime, ())
@@ -278,7 +255,7 @@ RC_GTEST_PROP(SettingsMigration, changesNothingTheSecondTime, ())
           "filters.mergeable",
           "filters.mergeConflicts"}) {
         if (*rc::gen::arbitrary<bool>()) {
-            defaults.values.insert_or_assign(QString::fromUtf8(key), *anyStored());
+            defaults.values.insert_or_assign(key, *anyStored());
         }
     }
     const Settings first = load(defaults);

@@ -2,13 +2,10 @@
 
 #include "Fakes/MemoryDefaultsStore.h"
 
-#include <QStringList>
-
 #include <gmock/gmock.h>
 
 namespace {
 
-using namespace Qt::StringLiterals;
 using namespace Tarnwick;
 using Fakes::MemoryDefaultsStore;
 using testing::ElementsAre;
@@ -60,39 +57,35 @@ TEST(Settings, ofAFreshInstallationAreWrittenDownInTheirPresentForm)
     EXPECT_THAT(
         defaults.writtenKeys,
         ElementsAre(
-            u"filters.checks",
-            u"filters.schemaVersion",
-            u"filters.reviewStates",
-            u"filters.mergeability"));
-    EXPECT_EQ(
-        defaults.values.at(u"filters.checks"_s),
-        (QStringList{u"Fail"_s, u"None"_s, u"Pass"_s, u"Pending"_s}));
-    EXPECT_EQ(defaults.values.at(u"filters.schemaVersion"_s), 2);
-    EXPECT_EQ(defaults.values.at(u"filters.reviewStates"_s), QStringList());
-    EXPECT_EQ(
-        defaults.values.at(u"filters.mergeability"_s),
-        (QStringList{u"Conflicting"_s, u"Mergeable"_s, u"Unknown"_s}));
+            "filters.checks",
+            "filters.schemaVersion",
+            "filters.reviewStates",
+            "filters.mergeability"));
+    EXPECT_EQ(defaults.values.at("filters.checks"), "Fail, None, Pass, Pending");
+    EXPECT_EQ(defaults.values.at("filters.schemaVersion"), "2");
+    EXPECT_EQ(defaults.values.at("filters.reviewStates"), "@Empty()");
+    EXPECT_EQ(defaults.values.at("filters.mergeability"), "Conflicting, Mergeable, Unknown");
 }
 
 TEST(Settings, areReadFromTheirKeys)
 {
     MemoryDefaultsStore defaults;
     defaults.values = {
-        {u"filters.status"_s, QStringList{u"Draft"_s, u"Open"_s}},
-        {u"filters.checks"_s, QStringList{u"Fail"_s}},
-        {u"filters.schemaVersion"_s, 2},
-        {u"filters.reviewStates"_s, QStringList{u"Changes Requested"_s, u"None"_s}},
-        {u"filters.mergeability"_s, QStringList{u"Unknown"_s}},
-        {u"filters.reviewers"_s, u"Any"_s},
-        {u"filters.repositories"_s, QStringList{u"octo/tools"_s, u"octo/web"_s}},
-        {u"filters.repositoriesConfigured"_s, true},
-        {u"list.arrangement"_s, u"By Whose Turn"_s},
-        {u"polling.interval"_s, 3600},
-        {u"notifications.unblocked"_s, true},
-        {u"notifications.newPullRequests"_s, true},
-        {u"notifications.yourTurn"_s, true},
-        {u"list.involvedExplained"_s, true},
-        {u"editor.projectDirectory"_s, u"/home/octo/Projects"_s},
+        {"filters.status", "Draft, Open"},
+        {"filters.checks", "Fail"},
+        {"filters.schemaVersion", "2"},
+        {"filters.reviewStates", "Changes Requested, None"},
+        {"filters.mergeability", "Unknown"},
+        {"filters.reviewers", "Any"},
+        {"filters.repositories", "octo/tools, octo/web"},
+        {"filters.repositoriesConfigured", "true"},
+        {"list.arrangement", "By Whose Turn"},
+        {"polling.interval", "3600"},
+        {"notifications.unblocked", "true"},
+        {"notifications.newPullRequests", "true"},
+        {"notifications.yourTurn", "true"},
+        {"list.involvedExplained", "true"},
+        {"editor.projectDirectory", "/home/octo/Projects"},
     };
     const Settings expected{
         .selectedRepositories = {"octo/tools", "octo/web"},
@@ -117,10 +110,10 @@ TEST(Settings, areReadFromTheirKeys)
 TEST(Settings, keepEachNotificationSettingUnderItsOwnKey)
 {
     MemoryDefaultsStore defaults;
-    defaults.values = {{u"notifications.unblocked"_s, true}};
+    defaults.values = {{"notifications.unblocked", "true"}};
     EXPECT_TRUE(loadFrom(defaults).unblockedNotificationsEnabled);
     EXPECT_FALSE(loadFrom(defaults).newPullRequestNotificationsEnabled);
-    defaults.values = {{u"notifications.newPullRequests"_s, true}};
+    defaults.values = {{"notifications.newPullRequests", "true"}};
     EXPECT_FALSE(loadFrom(defaults).unblockedNotificationsEnabled);
     EXPECT_TRUE(loadFrom(defaults).newPullRequestNotificationsEnabled);
 }
@@ -156,22 +149,21 @@ TEST(Settings, notifyWhenAnyNotificationIsOn)
 TEST(Settings, takeFiveMinutesForAPollingIntervalOf120Seconds)
 {
     MemoryDefaultsStore defaults;
-    for (const QVariant& stored :
-         {QVariant(120), QVariant(0), QVariant(-60), QVariant(u"soon"_s)}) {
-        defaults.values = {{u"polling.interval"_s, stored}};
+    for (const char* const stored : {"120", "0", "-60", "soon"}) {
+        defaults.values = {{"polling.interval", stored}};
         EXPECT_EQ(loadFrom(defaults).pollingInterval, PollingInterval::fiveMinutes);
-        EXPECT_EQ(defaults.values.at(u"polling.interval"_s), stored);
+        EXPECT_EQ(defaults.values.at("polling.interval"), stored);
     }
 }
 
 TEST(Settings, readEveryPollingInterval)
 {
     MemoryDefaultsStore defaults;
-    defaults.values = {{u"polling.interval"_s, 60}};
+    defaults.values = {{"polling.interval", "60"}};
     EXPECT_EQ(loadFrom(defaults).pollingInterval, PollingInterval::oneMinute);
-    defaults.values = {{u"polling.interval"_s, 300}};
+    defaults.values = {{"polling.interval", "300"}};
     EXPECT_EQ(loadFrom(defaults).pollingInterval, PollingInterval::fiveMinutes);
-    defaults.values = {{u"polling.interval"_s, u"1800"_s}};
+    defaults.values = {{"polling.interval", "1800"}};
     EXPECT_EQ(loadFrom(defaults).pollingInterval, PollingInterval::thirtyMinutes);
 }
 
@@ -194,7 +186,7 @@ TEST(Settings, passOverValuesOfForeignTypes)
           "notifications.yourTurn",
           "list.involvedExplained",
           "editor.projectDirectory"}) {
-        defaults.values.insert_or_assign(QString::fromUtf8(key), QByteArray("\x01\x02"));
+        defaults.values.insert_or_assign(key, "@Date(2024-05-01T12:00:00Z)");
     }
     EXPECT_EQ(loadFrom(defaults), Settings());
     EXPECT_FALSE(SettingsStore(defaults).isRepositorySelectionConfigured());
@@ -205,10 +197,8 @@ TEST(Settings, sortTheSelectionAndRememberThatThereIsOne)
     MemoryDefaultsStore defaults;
     SettingsStore store(defaults);
     store.setSelectedRepositories({"octo/web", "Octo/app", "octo/tools"});
-    EXPECT_EQ(
-        defaults.values.at(u"filters.repositories"_s),
-        (QStringList{u"Octo/app"_s, u"octo/tools"_s, u"octo/web"_s}));
-    EXPECT_EQ(defaults.values.at(u"filters.repositoriesConfigured"_s), true);
+    EXPECT_EQ(defaults.values.at("filters.repositories"), "Octo/app, octo/tools, octo/web");
+    EXPECT_EQ(defaults.values.at("filters.repositoriesConfigured"), "true");
     EXPECT_TRUE(store.isRepositorySelectionConfigured());
 }
 
@@ -217,7 +207,7 @@ TEST(Settings, areConfiguredAfterAnEmptySelectionIsWritten)
     MemoryDefaultsStore defaults;
     SettingsStore store(defaults);
     store.setSelectedRepositories({});
-    EXPECT_EQ(defaults.values.at(u"filters.repositories"_s), QStringList());
+    EXPECT_EQ(defaults.values.at("filters.repositories"), "@Empty()");
     EXPECT_TRUE(store.isRepositorySelectionConfigured());
     EXPECT_THAT(store.load().selectedRepositories, IsEmpty());
 }
@@ -240,42 +230,42 @@ TEST(Settings, writeOnlyTheirOwnKey)
         store.change(change);
         return defaults.writtenKeys;
     };
-    EXPECT_THAT(written([](Settings& s) { s.statuses = {}; }), ElementsAre(u"filters.status"));
-    EXPECT_THAT(written([](Settings& s) { s.checks = {}; }), ElementsAre(u"filters.checks"));
+    EXPECT_THAT(written([](Settings& s) { s.statuses = {}; }), ElementsAre("filters.status"));
+    EXPECT_THAT(written([](Settings& s) { s.checks = {}; }), ElementsAre("filters.checks"));
     EXPECT_THAT(
         written([](Settings& s) { s.reviewFilters = {ReviewFilter::none}; }),
-        ElementsAre(u"filters.reviewStates"));
+        ElementsAre("filters.reviewStates"));
     EXPECT_THAT(
-        written([](Settings& s) { s.mergeabilities = {}; }), ElementsAre(u"filters.mergeability"));
+        written([](Settings& s) { s.mergeabilities = {}; }), ElementsAre("filters.mergeability"));
     EXPECT_THAT(
         written([](Settings& s) { s.reviewerFilter = ReviewerFilter::any; }),
-        ElementsAre(u"filters.reviewers"));
+        ElementsAre("filters.reviewers"));
     EXPECT_THAT(
         written([](Settings& s) { s.arrangement = Arrangement::byWhoseTurn; }),
-        ElementsAre(u"list.arrangement"));
+        ElementsAre("list.arrangement"));
     EXPECT_THAT(
         written([](Settings& s) { s.pollingInterval = PollingInterval::oneHour; }),
-        ElementsAre(u"polling.interval"));
+        ElementsAre("polling.interval"));
     EXPECT_THAT(
         written([](Settings& s) { s.projectDirectory = "/src"; }),
-        ElementsAre(u"editor.projectDirectory"));
+        ElementsAre("editor.projectDirectory"));
     EXPECT_THAT(
         written([](Settings& s) { s.unblockedNotificationsEnabled = true; }),
-        ElementsAre(u"notifications.unblocked"));
+        ElementsAre("notifications.unblocked"));
     EXPECT_THAT(
         written([](Settings& s) { s.newPullRequestNotificationsEnabled = true; }),
-        ElementsAre(u"notifications.newPullRequests"));
+        ElementsAre("notifications.newPullRequests"));
     EXPECT_THAT(
         written([](Settings& s) { s.yourTurnNotificationsEnabled = true; }),
-        ElementsAre(u"notifications.yourTurn"));
+        ElementsAre("notifications.yourTurn"));
     EXPECT_THAT(
         written([](Settings& s) { s.isInvolvedExplained = true; }),
-        ElementsAre(u"list.involvedExplained"));
+        ElementsAre("list.involvedExplained"));
     EXPECT_THAT(
-        written([](Settings& s) { s.darkMode = true; }), ElementsAre(u"appearance.darkMode"));
+        written([](Settings& s) { s.darkMode = true; }), ElementsAre("appearance.darkMode"));
     EXPECT_THAT(
         written([](Settings& s) { s.selectedRepositories = {"octo/tools"}; }),
-        ElementsAre(u"filters.repositories", u"filters.repositoriesConfigured"));
+        ElementsAre("filters.repositories", "filters.repositoriesConfigured"));
     EXPECT_THAT(written([](Settings&) {}), IsEmpty());
 }
 
@@ -293,23 +283,18 @@ TEST(Settings, areStoredAsTheirRawValues)
         settings.projectDirectory = "/home/octo/Проекты";
         settings.unblockedNotificationsEnabled = true;
     });
-    EXPECT_EQ(defaults.values.at(u"filters.status"_s), (QStringList{u"Draft"_s, u"Open"_s}));
-    EXPECT_EQ(
-        defaults.values.at(u"filters.checks"_s), (QStringList{u"Fail"_s, u"None"_s, u"Pending"_s}));
-    EXPECT_EQ(
-        defaults.values.at(u"filters.reviewStates"_s),
-        (QStringList{u"Changes Requested"_s, u"None"_s}));
-    EXPECT_EQ(
-        defaults.values.at(u"filters.mergeability"_s),
-        (QStringList{u"Conflicting"_s, u"Mergeable"_s}));
-    EXPECT_EQ(defaults.values.at(u"filters.reviewers"_s), u"Any"_s);
-    EXPECT_EQ(defaults.values.at(u"list.arrangement"_s), u"By Whose Turn"_s);
-    EXPECT_EQ(defaults.values.at(u"polling.interval"_s), 1800);
-    EXPECT_EQ(defaults.values.at(u"editor.projectDirectory"_s), u"/home/octo/Проекты"_s);
-    EXPECT_EQ(defaults.values.at(u"notifications.unblocked"_s), true);
+    EXPECT_EQ(defaults.values.at("filters.status"), "Draft, Open");
+    EXPECT_EQ(defaults.values.at("filters.checks"), "Fail, None, Pending");
+    EXPECT_EQ(defaults.values.at("filters.reviewStates"), "Changes Requested, None");
+    EXPECT_EQ(defaults.values.at("filters.mergeability"), "Conflicting, Mergeable");
+    EXPECT_EQ(defaults.values.at("filters.reviewers"), "Any");
+    EXPECT_EQ(defaults.values.at("list.arrangement"), "By Whose Turn");
+    EXPECT_EQ(defaults.values.at("polling.interval"), "1800");
+    EXPECT_EQ(defaults.values.at("editor.projectDirectory"), "/home/octo/Проекты");
+    EXPECT_EQ(defaults.values.at("notifications.unblocked"), "true");
     SettingsStore(defaults).change(
         [](Settings& settings) { settings.unblockedNotificationsEnabled = false; });
-    EXPECT_EQ(defaults.values.at(u"notifications.unblocked"_s), false);
+    EXPECT_EQ(defaults.values.at("notifications.unblocked"), "false");
 }
 
 TEST(Settings, changeFromWhatAnotherProcessHasStored)
@@ -319,16 +304,13 @@ TEST(Settings, changeFromWhatAnotherProcessHasStored)
     SettingsStore store(defaults);
     store.load();
     defaults.beforeChange = [&] {
-        defaults.values.insert_or_assign(u"filters.repositories"_s, QStringList{u"octo/web"_s});
-        defaults.values.insert_or_assign(u"polling.interval"_s, 60);
+        defaults.values.insert_or_assign("filters.repositories", "octo/web");
+        defaults.values.insert_or_assign("polling.interval", "60");
     };
-    const Settings settings = store.changeSelection(
-        [](std::set<std::string>& selected) { selected.insert("octo/tools"); });
+    const Settings settings = store.selectRepositories({"octo/tools"}, true);
     EXPECT_THAT(settings.selectedRepositories, ElementsAre("octo/tools", "octo/web"));
     EXPECT_EQ(settings.pollingInterval, PollingInterval::oneMinute);
-    EXPECT_EQ(
-        defaults.values.at(u"filters.repositories"_s),
-        (QStringList{u"octo/tools"_s, u"octo/web"_s}));
+    EXPECT_EQ(defaults.values.at("filters.repositories"), "octo/tools, octo/web");
 }
 
 TEST(Settings, areNotResetWhenAnotherProcessHasJustConfiguredTheSelection)
@@ -336,18 +318,17 @@ TEST(Settings, areNotResetWhenAnotherProcessHasJustConfiguredTheSelection)
     MemoryDefaultsStore defaults;
     SettingsStore store(defaults);
     defaults.beforeChange = [&] {
-        defaults.values.insert_or_assign(u"filters.repositories"_s, QStringList{u"octo/web"_s});
-        defaults.values.insert_or_assign(u"filters.repositoriesConfigured"_s, true);
+        defaults.values.insert_or_assign("filters.repositories", "octo/web");
+        defaults.values.insert_or_assign("filters.repositoriesConfigured", "true");
     };
     EXPECT_FALSE(store.resetUnconfiguredSelection());
-    EXPECT_EQ(defaults.values.at(u"filters.repositories"_s), QStringList{u"octo/web"_s});
+    EXPECT_EQ(defaults.values.at("filters.repositories"), "octo/web");
 }
 
 TEST(Settings, areUnderstoodInAnOlderFormWithoutBeingWritten)
 {
     MemoryDefaultsStore defaults;
-    defaults.values = {
-        {u"filters.checks"_s, QStringList{u"Pass"_s}}, {u"filters.schemaVersion"_s, 1}};
+    defaults.values = {{"filters.checks", "Pass"}, {"filters.schemaVersion", "1"}};
     EXPECT_THAT(
         SettingsStore(defaults).current().checks,
         UnorderedElementsAre(ChecksFilter::none, ChecksFilter::pass));
@@ -358,9 +339,9 @@ TEST(Settings, keepAStoredEmptyListEmpty)
 {
     MemoryDefaultsStore defaults;
     makeCurrent(defaults);
-    defaults.values.insert_or_assign(u"filters.status"_s, QStringList());
-    defaults.values.insert_or_assign(u"filters.checks"_s, QVariant());
-    defaults.values.insert_or_assign(u"filters.mergeability"_s, QVariant());
+    defaults.values.insert_or_assign("filters.status", "@Empty()");
+    defaults.values.insert_or_assign("filters.checks", "@Empty()");
+    defaults.values.insert_or_assign("filters.mergeability", "@Empty()");
     const Settings settings = loadFrom(defaults);
     EXPECT_THAT(settings.statuses, IsEmpty());
     EXPECT_THAT(settings.checks, IsEmpty());

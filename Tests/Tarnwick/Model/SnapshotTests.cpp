@@ -51,8 +51,7 @@ TEST_F(Snapshots, theListStaysEmptyUntilTheUserSelectsRepositories)
 
 TEST_F(Snapshots, aFirstRunForgetsASelectionThatNobodyConfigured)
 {
-    defaults->set(
-        QStringLiteral("filters.repositories"), QStringList{QStringLiteral("octo/tools")});
+    defaults->set("filters.repositories", "octo/tools");
     cacheSnapshot(ReviewerScope::myself);
     start();
     EXPECT_THAT(model->settings().selectedRepositories, IsEmpty());

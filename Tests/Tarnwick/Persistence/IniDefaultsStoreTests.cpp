@@ -5,8 +5,6 @@
 #include "Tarnwick/Persistence/Files.h"
 #include "Tarnwick/Persistence/VisitStore.h"
 
-#include <QStringList>
-
 #include <csignal>
 
 #include <gmock/gmock.h>
@@ -17,7 +15,6 @@
 namespace {
 
 using namespace FileTrouble;
-using namespace Qt::StringLiterals;
 using namespace Tarnwick;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -27,13 +24,10 @@ class IniDefaultsStoreTest : public testing::Test {
 protected:
     IniDefaultsStore open() const { return IniDefaultsStore(file); }
 
-    QString problemOf(const char* verb, const char* reason) const
+    std::string problemOf(const char* verb, const char* reason) const
     {
-        return u"The settings file %1 cannot be %2 (%3), so changes to the settings are not saved."_s
-            .arg(
-                QString::fromStdString(file.string()),
-                QString::fromUtf8(verb),
-                QString::fromUtf8(reason));
+        return "The settings file " + file.string() + " cannot be " + verb + " (" + reason
+               + "), so changes to the settings are not saved.";
     }
 
     Folder folder;
@@ -43,7 +37,7 @@ protected:
 TEST_F(IniDefaultsStoreTest, makesNoFileBeforeTheFirstChange)
 {
     auto store = open();
-    EXPECT_EQ(store.value(u"polling.interval"_s), std::nullopt);
+    EXPECT_EQ(store.value("polling.interval"), std::nullopt);
     store.refresh();
     EXPECT_THAT(folder.names(), IsEmpty());
     EXPECT_EQ(store.problem(), std::nullopt);
@@ -52,7 +46,7 @@ TEST_F(IniDefaultsStoreTest, makesNoFileBeforeTheFirstChange)
 TEST_F(IniDefaultsStoreTest, hasAChangeOnDiskAtOnce)
 {
     auto store = open();
-    writeInteger(store, u"polling.interval"_s, 60);
+    writeInteger(store, "polling.interval", 60);
     EXPECT_EQ(contentsOf(file), "[General]\npolling.interval=60\n");
     EXPECT_THAT(folder.names(), ElementsAre("settings.ini"));
 }
@@ -61,15 +55,15 @@ TEST_F(IniDefaultsStoreTest, takesAKeyOut)
 {
     writeFile(file, "[General]\nfirst=1\nsecond=2\nfirst=3\n");
     auto store = open();
-    store.remove(u"first"_s);
+    store.remove("first");
     EXPECT_EQ(contentsOf(file), "[General]\nsecond=2\n");
-    EXPECT_EQ(store.value(u"first"_s), std::nullopt);
+    EXPECT_EQ(store.value("first"), std::nullopt);
     store.change([&] {
-        writeInteger(store, u"third"_s, 3);
-        store.remove(u"third"_s);
-        EXPECT_EQ(store.value(u"third"_s), std::nullopt);
-        store.remove(u"second"_s);
-        writeInteger(store, u"second"_s, 4);
+        writeInteger(store, "third", 3);
+        store.remove("third");
+        EXPECT_EQ(store.value("third"), std::nullopt);
+        store.remove("second");
+        writeInteger(store, "second", 4);
     });
     EXPECT_EQ(contentsOf(file), "[General]\nsecond=4\n");
 }
@@ -78,12 +72,12 @@ TEST_F(IniDefaultsStoreTest, listsKeysAsTheyAreWithinAChange)
 {
     writeFile(file, "lastSeen.a%7C1=1\nlastSeen.b=1\nother=1\nlastSeen.a b=1\n");
     auto store = open();
-    EXPECT_THAT(store.keys(u"lastSeen."_s), ElementsAre(u"lastSeen.a|1"_s, u"lastSeen.b"_s));
+    EXPECT_THAT(store.keys("lastSeen."), ElementsAre("lastSeen.a|1", "lastSeen.b"));
     store.change([&] {
-        store.remove(u"lastSeen.b"_s);
-        writeInteger(store, u"lastSeen.c"_s, 1);
-        writeInteger(store, u"another"_s, 1);
-        EXPECT_THAT(store.keys(u"lastSeen."_s), ElementsAre(u"lastSeen.a|1"_s, u"lastSeen.c"_s));
+        store.remove("lastSeen.b");
+        writeInteger(store, "lastSeen.c", 1);
+        writeInteger(store, "another", 1);
+        EXPECT_THAT(store.keys("lastSeen."), ElementsAre("lastSeen.a|1", "lastSeen.c"));
     });
 }
 
@@ -93,34 +87,34 @@ TEST_F(IniDefaultsStoreTest, hasAnotherRevisionAfterSomebodyElsesChangeAlone)
     auto other = open();
     auto before = store.revision();
     store.refresh();
-    writeInteger(store, u"polling.interval"_s, 60);
-    writeInteger(store, u"polling.interval"_s, 300);
-    store.remove(u"polling.interval"_s);
+    writeInteger(store, "polling.interval", 60);
+    writeInteger(store, "polling.interval", 300);
+    store.remove("polling.interval");
     EXPECT_EQ(store.revision(), before);
-    writeInteger(other, u"polling.interval"_s, 1800);
+    writeInteger(other, "polling.interval", 1800);
     store.refresh();
     EXPECT_NE(store.revision(), before);
     before = store.revision();
-    writeInteger(other, u"polling.interval"_s, 60);
-    writeFlag(store, u"appearance.darkMode"_s, true);
+    writeInteger(other, "polling.interval", 60);
+    writeFlag(store, "appearance.darkMode", true);
     EXPECT_NE(store.revision(), before) << "it was read for the own change";
-    EXPECT_EQ(readInteger(store, u"polling.interval"_s), 60);
+    EXPECT_EQ(readInteger(store, "polling.interval"), 60);
 }
 
 TEST_F(IniDefaultsStoreTest, makesMissingFolders)
 {
     file = folder / "a/b/settings.ini";
     auto store = open();
-    writeFlag(store, u"notifications.unblocked"_s, true);
+    writeFlag(store, "notifications.unblocked", true);
     EXPECT_EQ(contentsOf(file), "[General]\nnotifications.unblocked=true\n");
 }
 
 TEST_F(IniDefaultsStoreTest, makesAFileForItsOwnerAlone)
 {
     auto store = open();
-    writeInteger(store, u"polling.interval"_s, 60);
+    writeInteger(store, "polling.interval", 60);
     EXPECT_EQ(modeOf(file), 0600U);
-    writeInteger(store, u"polling.interval"_s, 300);
+    writeInteger(store, "polling.interval", 300);
     EXPECT_EQ(modeOf(file), 0600U);
 }
 
@@ -129,7 +123,7 @@ TEST_F(IniDefaultsStoreTest, leavesThePermissionsOfAFileAsTheyAre)
     writeFile(file, "[General]\n");
     std::filesystem::permissions(file, std::filesystem::perms{0640});
     auto store = open();
-    writeInteger(store, u"polling.interval"_s, 60);
+    writeInteger(store, "polling.interval", 60);
     EXPECT_EQ(modeOf(file), 0640U);
 }
 
@@ -141,12 +135,12 @@ TEST_F(IniDefaultsStoreTest, readsWhatAnEditorWrote)
         "filters.schemaVersion=2\nnotifications.unblocked=1\nfilters.repositories=\n"
         "editor.projectDirectory=/home/octo/my projects\n");
     const auto store = open();
-    EXPECT_THAT(readTextList(store, u"filters.status"_s), Optional(ElementsAre("Draft")));
-    EXPECT_THAT(readTextList(store, u"filters.checks"_s), Optional(ElementsAre("Fail", "Pass")));
-    EXPECT_THAT(readInteger(store, u"filters.schemaVersion"_s), Optional(2));
-    EXPECT_THAT(readFlag(store, u"notifications.unblocked"_s), Optional(true));
+    EXPECT_THAT(readTextList(store, "filters.status"), Optional(ElementsAre("Draft")));
+    EXPECT_THAT(readTextList(store, "filters.checks"), Optional(ElementsAre("Fail", "Pass")));
+    EXPECT_THAT(readInteger(store, "filters.schemaVersion"), Optional(2));
+    EXPECT_THAT(readFlag(store, "notifications.unblocked"), Optional(true));
     EXPECT_THAT(
-        readText(store, u"editor.projectDirectory"_s),
+        readText(store, "editor.projectDirectory"),
         Optional(std::string("/home/octo/my projects")));
     EXPECT_EQ(store.problem(), std::nullopt);
 }
@@ -158,7 +152,7 @@ TEST_F(IniDefaultsStoreTest, leavesEveryOtherLineAsItIs)
         "; mine\n[General]\nfuture.setting = 7\nno equals "
         "sign\n\n[Window]\npolling.interval=400\n");
     auto store = open();
-    writeInteger(store, u"polling.interval"_s, 60);
+    writeInteger(store, "polling.interval", 60);
     EXPECT_EQ(
         contentsOf(file),
         "; mine\n[General]\nfuture.setting = 7\nno equals sign\npolling.interval=60\n\n"
@@ -168,26 +162,26 @@ TEST_F(IniDefaultsStoreTest, leavesEveryOtherLineAsItIs)
 TEST_F(IniDefaultsStoreTest, bringsEveryTypeBackFromDisk)
 {
     auto store = open();
-    writeFlag(store, u"flag"_s, true);
-    writeFlag(store, u"otherFlag"_s, false);
-    writeInteger(store, u"integer"_s, INT64_MIN);
-    writeText(store, u"text"_s, "a, b; \"c\" = @d\\e\n\t%20 日本 🦀");
-    writeText(store, u"noText"_s, "");
-    writeTextList(store, u"list"_s, std::vector<std::string>{"@a", "b, c", "", "d"});
-    writeTextList(store, u"listOfOne"_s, std::vector<std::string>{"a, b"});
-    writeTextList(store, u"emptyList"_s, std::vector<std::string>{});
-    writeDate(store, u"date"_s, TestSupport::date("2024-05-01T09:30:00Z"));
+    writeFlag(store, "flag", true);
+    writeFlag(store, "otherFlag", false);
+    writeInteger(store, "integer", INT64_MIN);
+    writeText(store, "text", "a, b; \"c\" = @d\\e\n\t%20 日本 🦀");
+    writeText(store, "noText", "");
+    writeTextList(store, "list", std::vector<std::string>{"@a", "b, c", "", "d"});
+    writeTextList(store, "listOfOne", std::vector<std::string>{"a, b"});
+    writeTextList(store, "emptyList", std::vector<std::string>{});
+    writeDate(store, "date", TestSupport::date("2024-05-01T09:30:00Z"));
     const auto other = open();
-    EXPECT_THAT(readFlag(other, u"flag"_s), Optional(true));
-    EXPECT_THAT(readFlag(other, u"otherFlag"_s), Optional(false));
-    EXPECT_THAT(readInteger(other, u"integer"_s), Optional(INT64_MIN));
+    EXPECT_THAT(readFlag(other, "flag"), Optional(true));
+    EXPECT_THAT(readFlag(other, "otherFlag"), Optional(false));
+    EXPECT_THAT(readInteger(other, "integer"), Optional(INT64_MIN));
     EXPECT_THAT(
-        readText(other, u"text"_s), Optional(std::string("a, b; \"c\" = @d\\e\n\t%20 日本 🦀")));
-    EXPECT_THAT(readText(other, u"noText"_s), Optional(std::string()));
-    EXPECT_THAT(readTextList(other, u"list"_s), Optional(ElementsAre("@a", "b, c", "", "d")));
-    EXPECT_THAT(readTextList(other, u"listOfOne"_s), Optional(ElementsAre("a, b")));
-    EXPECT_THAT(readTextList(other, u"emptyList"_s), Optional(IsEmpty()));
-    EXPECT_THAT(readDate(other, u"date"_s), Optional(TestSupport::date("2024-05-01T09:30:00Z")));
+        readText(other, "text"), Optional(std::string("a, b; \"c\" = @d\\e\n\t%20 日本 🦀")));
+    EXPECT_THAT(readText(other, "noText"), Optional(std::string()));
+    EXPECT_THAT(readTextList(other, "list"), Optional(ElementsAre("@a", "b, c", "", "d")));
+    EXPECT_THAT(readTextList(other, "listOfOne"), Optional(ElementsAre("a, b")));
+    EXPECT_THAT(readTextList(other, "emptyList"), Optional(IsEmpty()));
+    EXPECT_THAT(readDate(other, "date"), Optional(TestSupport::date("2024-05-01T09:30:00Z")));
 }
 
 TEST_F(IniDefaultsStoreTest, keepsEveryKeyAtTheTopLevel)
@@ -209,49 +203,50 @@ TEST_F(IniDefaultsStoreTest, keepsEveryKeyAtTheTopLevel)
 
 TEST_F(IniDefaultsStoreTest, keepsSimilarKeysApart)
 {
-    const std::vector<QString> keys{
-        u"a/b"_s, u"a\\b"_s, u"a%2Fb"_s, u"a%5Cb"_s, u"a%252Fb"_s, u"a%b"_s, u"A/b"_s, u"a.b"_s};
+    const std::vector<std::string> keys{
+        "a/b", "a\\b", "a%2Fb", "a%5Cb", "a%252Fb", "a%b", "A/b", "a.b"};
     auto store = open();
-    for (const QString& key : keys) {
-        writeText(store, key, key.toStdString());
+    for (const std::string& key : keys) {
+        writeText(store, key, key);
     }
     const auto other = open();
-    for (const QString& key : keys) {
-        EXPECT_THAT(readText(other, key), Optional(key.toStdString()));
+    for (const std::string& key : keys) {
+        EXPECT_THAT(readText(other, key), Optional(key));
     }
 }
 
 TEST_F(IniDefaultsStoreTest, keepsWhatAnotherProcessWroteMeanwhile)
 {
     auto store = open();
-    writeText(store, u"first"_s, "ours");
+    writeText(store, "first", "ours");
     EXPECT_TRUE(endedWell(startInOtherProcess([&] {
         auto other = open();
-        writeText(other, u"first"_s, "theirs");
-        writeText(other, u"second"_s, "theirs");
+        writeText(other, "first", "theirs");
+        writeText(other, "second", "theirs");
     })));
-    writeText(store, u"third"_s, "ours");
+    writeText(store, "third", "ours");
     EXPECT_EQ(contentsOf(file), "[General]\nfirst=theirs\nsecond=theirs\nthird=ours\n");
 }
 
 TEST_F(IniDefaultsStoreTest, takesNoticeOfAnotherProcessWhenAsked)
 {
     auto store = open();
-    writeText(store, u"first"_s, "ours");
+    writeText(store, "first", "ours");
     EXPECT_TRUE(endedWell(startInOtherProcess([&] {
         auto other = open();
         SettingsStore(other).setSelectedRepositories({"octo/tools"});
     })));
     EXPECT_TRUE(SettingsStore(store).isRepositorySelectionConfigured());
-    EXPECT_THAT(
-        readTextList(store, u"filters.repositories"_s), Optional(ElementsAre("octo/tools")));
+    EXPECT_THAT(readTextList(store, "filters.repositories"), Optional(ElementsAre("octo/tools")));
 }
 
 TEST_F(IniDefaultsStoreTest, losesNoKeyWhenProcessesWriteAtTheSameTime)
 {
     constexpr int processes = 4;
     constexpr int keys = 10;
-    const auto keyOf = [](int process, int key) { return u"key-%1-%2"_s.arg(process).arg(key); };
+    const auto keyOf = [](int process, int key) {
+        return "key-" + std::to_string(process) + "-" + std::to_string(key);
+    };
     std::vector<pid_t> children;
     for (int process = 0; process < processes; ++process) {
         children.push_back(startInOtherProcess([&, process] {
@@ -276,9 +271,9 @@ TEST_F(IniDefaultsStoreTest, writesSeveralChangesAtOnce)
 {
     auto store = open();
     store.change([&] {
-        writeText(store, u"first"_s, "one");
-        EXPECT_THAT(readText(store, u"first"_s), Optional(std::string("one")));
-        writeText(store, u"second"_s, "two");
+        writeText(store, "first", "one");
+        EXPECT_THAT(readText(store, "first"), Optional(std::string("one")));
+        writeText(store, "second", "two");
         EXPECT_FALSE(std::filesystem::exists(file));
     });
     EXPECT_EQ(contentsOf(file), "[General]\nfirst=one\nsecond=two\n");
@@ -287,21 +282,20 @@ TEST_F(IniDefaultsStoreTest, writesSeveralChangesAtOnce)
 TEST_F(IniDefaultsStoreTest, startsAChangeFromWhatAnotherProcessWrote)
 {
     auto store = open();
-    writeText(store, u"first"_s, "ours");
+    writeText(store, "first", "ours");
     EXPECT_TRUE(endedWell(startInOtherProcess([&] {
         auto other = open();
-        writeText(other, u"first"_s, "theirs");
+        writeText(other, "first", "theirs");
     })));
-    store.change(
-        [&] { EXPECT_THAT(readText(store, u"first"_s), Optional(std::string("theirs"))); });
+    store.change([&] { EXPECT_THAT(readText(store, "first"), Optional(std::string("theirs"))); });
 }
 
 TEST_F(IniDefaultsStoreTest, leavesTheFileAloneWhenNothingIsDifferent)
 {
     auto store = open();
-    writeText(store, u"first"_s, "one");
+    writeText(store, "first", "one");
     const auto before = Files::stampOf(file);
-    writeText(store, u"first"_s, "one");
+    writeText(store, "first", "one");
     store.change([] {});
     EXPECT_EQ(Files::stampOf(file), before);
     EXPECT_EQ(store.problem(), std::nullopt);
@@ -317,9 +311,8 @@ TEST_F(IniDefaultsStoreTest, losesNothingOfOneListThatProcessesChangeAtTheSameTi
             auto defaults = open();
             SettingsStore store(defaults);
             for (int name = 0; name < names; ++name) {
-                store.changeSelection([&](std::set<std::string>& selected) {
-                    selected.insert(std::to_string(process) + "/" + std::to_string(name));
-                });
+                store.selectRepositories(
+                    {std::to_string(process) + "/" + std::to_string(name)}, true);
             }
         }));
     }
@@ -343,12 +336,12 @@ TEST_F(IniDefaultsStoreTest, isNotStoppedByAProcessThatHoldsTheLock)
     char byte = 0;
     ASSERT_EQ(read(ready[0], &byte, 1), 1);
     auto store = open();
-    writeText(store, u"first"_s, "ours");
+    writeText(store, "first", "ours");
     EXPECT_EQ(store.problem(), problemOf("written", "Device or resource busy"));
-    EXPECT_THAT(readText(store, u"first"_s), Optional(std::string("ours")));
+    EXPECT_THAT(readText(store, "first"), Optional(std::string("ours")));
     kill(holder, SIGCONT);
     EXPECT_TRUE(endedWell(holder));
-    writeText(store, u"second"_s, "ours");
+    writeText(store, "second", "ours");
     EXPECT_EQ(store.problem(), std::nullopt);
     EXPECT_EQ(contentsOf(file), "[General]\nfirst=ours\nsecond=ours\n");
     close(ready[0]);
@@ -362,9 +355,9 @@ TEST_F(IniDefaultsStoreTest, neverWritesAFileThatCannotBeRead)
     {
         const OrdinaryUser user;
         auto store = open();
-        EXPECT_EQ(readInteger(store, u"polling.interval"_s), std::nullopt);
-        writeText(store, u"filters.reviewers"_s, "Any");
-        EXPECT_THAT(readText(store, u"filters.reviewers"_s), Optional(std::string("Any")));
+        EXPECT_EQ(readInteger(store, "polling.interval"), std::nullopt);
+        writeText(store, "filters.reviewers", "Any");
+        EXPECT_THAT(readText(store, "filters.reviewers"), Optional(std::string("Any")));
         EXPECT_EQ(store.problem(), problemOf("read", "Permission denied"));
     }
     std::filesystem::permissions(file, std::filesystem::perms::owner_read);
@@ -377,8 +370,8 @@ TEST_F(IniDefaultsStoreTest, neverWritesOverAFolder)
     std::filesystem::create_directory(file);
     auto store = open();
     EXPECT_EQ(store.problem(), problemOf("read", "Is a directory"));
-    writeText(store, u"filters.reviewers"_s, "Any");
-    EXPECT_THAT(readText(store, u"filters.reviewers"_s), Optional(std::string("Any")));
+    writeText(store, "filters.reviewers", "Any");
+    EXPECT_THAT(readText(store, "filters.reviewers"), Optional(std::string("Any")));
     EXPECT_TRUE(store.problem().has_value());
     EXPECT_TRUE(std::filesystem::is_directory(file));
     EXPECT_THAT(folder.names(), ElementsAre("settings.ini"));
@@ -391,8 +384,8 @@ TEST_F(IniDefaultsStoreTest, leavesAWriteProtectedFileAlone)
     const OrdinaryUser user;
     auto store = open();
     EXPECT_EQ(store.problem(), std::nullopt);
-    writeInteger(store, u"polling.interval"_s, 300);
-    EXPECT_THAT(readInteger(store, u"polling.interval"_s), Optional(300));
+    writeInteger(store, "polling.interval", 300);
+    EXPECT_THAT(readInteger(store, "polling.interval"), Optional(300));
     EXPECT_EQ(store.problem(), problemOf("written", "Permission denied"));
     EXPECT_EQ(contentsOf(file), "[General]\npolling.interval=60\n");
 }
@@ -400,16 +393,16 @@ TEST_F(IniDefaultsStoreTest, leavesAWriteProtectedFileAlone)
 TEST_F(IniDefaultsStoreTest, keepsTheOldFileOnAFullDiskAndCatchesUpLater)
 {
     auto store = open();
-    writeInteger(store, u"polling.interval"_s, 60);
+    writeInteger(store, "polling.interval", 60);
     {
         const LargestFile nothing(0);
-        writeText(store, u"filters.reviewers"_s, "Any");
+        writeText(store, "filters.reviewers", "Any");
     }
     EXPECT_EQ(store.problem(), problemOf("written", "File too large"));
-    EXPECT_THAT(readText(store, u"filters.reviewers"_s), Optional(std::string("Any")));
+    EXPECT_THAT(readText(store, "filters.reviewers"), Optional(std::string("Any")));
     EXPECT_EQ(contentsOf(file), "[General]\npolling.interval=60\n");
     EXPECT_THAT(folder.names(), ElementsAre("settings.ini"));
-    writeFlag(store, u"notifications.unblocked"_s, true);
+    writeFlag(store, "notifications.unblocked", true);
     EXPECT_EQ(store.problem(), std::nullopt);
     EXPECT_EQ(
         contentsOf(file),
@@ -435,7 +428,7 @@ TEST_F(IniDefaultsStoreTest, removesWhatKilledProcessesLeft)
     std::filesystem::create_directory(folder / "settings.ini.fOlder1");
     std::filesystem::create_symlink("settings.txt.aB3xYz", folder / "settings.ini.aLink1");
     auto store = open();
-    writeText(store, u"first"_s, "one");
+    writeText(store, "first", "one");
     EXPECT_THAT(
         folder.names(),
         ElementsAre(
@@ -454,7 +447,7 @@ TEST_F(IniDefaultsStoreTest, removesWhatItLeavesWhenItIsKilled)
     const pid_t child = startInOtherProcess([&] {
         auto store = open();
         for (int number = 0;; ++number) {
-            writeInteger(store, u"number"_s, number);
+            writeInteger(store, "number", number);
         }
     });
     // Killed where it leaves something, which may take several writes.
@@ -483,7 +476,7 @@ TEST_F(IniDefaultsStoreTest, removesWhatItLeavesWhenItIsKilled)
         folder.path() / name,
         std::filesystem::file_time_type::clock::now() - std::chrono::seconds(61));
     auto store = open();
-    writeText(store, u"first"_s, "one");
+    writeText(store, "first", "one");
     EXPECT_THAT(folder.names(), ElementsAre("settings.ini"));
 }
 
@@ -491,11 +484,11 @@ TEST_F(IniDefaultsStoreTest, isNotCutOffByADiskThatBecomesFull)
 {
     for (const std::size_t length : {3'000U, 9'000U, 100'000U}) {
         auto store = open();
-        writeText(store, u"long"_s, std::string(length, 'a'));
+        writeText(store, "long", std::string(length, 'a'));
         const std::string before = contentsOf(file);
         {
             const LargestFile limit(length - 1'000);
-            writeText(store, u"filters.reviewers"_s, "Any");
+            writeText(store, "filters.reviewers", "Any");
         }
         EXPECT_EQ(contentsOf(file), before) << length;
         EXPECT_TRUE(store.problem().has_value()) << length;
@@ -508,8 +501,8 @@ TEST_F(IniDefaultsStoreTest, losesNothingOfADamagedFile)
     writeFile(
         file, "[General]\npolling.interval=60\nno equals sign here\n\xff\xfe=\x80\nhalf a li");
     auto store = open();
-    EXPECT_THAT(readInteger(store, u"polling.interval"_s), Optional(60));
-    writeText(store, u"filters.reviewers"_s, "Any");
+    EXPECT_THAT(readInteger(store, "polling.interval"), Optional(60));
+    writeText(store, "filters.reviewers", "Any");
     EXPECT_EQ(
         contentsOf(file),
         "[General]\npolling.interval=60\nno equals sign here\n\xff\xfe=\x80\nhalf a li\n"
@@ -534,8 +527,8 @@ TEST_F(IniDefaultsStoreTest, doesNotReadAFileBeyondTheLimit)
     writeFile(file, "[General]\npolling.interval=60\n");
     std::filesystem::resize_file(file, IniDefaultsStore::largestFile + 1);
     auto store = open();
-    EXPECT_EQ(readInteger(store, u"polling.interval"_s), std::nullopt);
-    writeFlag(store, u"notifications.unblocked"_s, true);
+    EXPECT_EQ(readInteger(store, "polling.interval"), std::nullopt);
+    writeFlag(store, "notifications.unblocked", true);
     EXPECT_EQ(store.problem(), problemOf("read", "File too large"));
     EXPECT_EQ(std::filesystem::file_size(file), IniDefaultsStore::largestFile + 1);
 }
@@ -543,14 +536,14 @@ TEST_F(IniDefaultsStoreTest, doesNotReadAFileBeyondTheLimit)
 TEST_F(IniDefaultsStoreTest, countsWhatItHasReadWhenTheFileBecomesUnreadable)
 {
     auto store = open();
-    writeInteger(store, u"polling.interval"_s, 60);
+    writeInteger(store, "polling.interval", 60);
     std::filesystem::remove(file);
     std::filesystem::create_directory(file);
     store.refresh();
-    EXPECT_THAT(readInteger(store, u"polling.interval"_s), Optional(60));
+    EXPECT_THAT(readInteger(store, "polling.interval"), Optional(60));
     EXPECT_EQ(store.problem(), problemOf("read", "Is a directory"));
     std::filesystem::remove(file);
-    writeText(store, u"filters.reviewers"_s, "Any");
+    writeText(store, "filters.reviewers", "Any");
     EXPECT_EQ(store.problem(), std::nullopt);
 }
 
@@ -559,7 +552,7 @@ TEST_F(IniDefaultsStoreTest, replacesWhatASymbolicLinkLeadsTo)
     writeFile(folder / "kept.ini", "[General]\npolling.interval=60\n");
     std::filesystem::create_symlink("kept.ini", file);
     auto store = open();
-    writeInteger(store, u"polling.interval"_s, 300);
+    writeInteger(store, "polling.interval", 300);
     EXPECT_TRUE(std::filesystem::is_symlink(file));
     EXPECT_EQ(contentsOf(folder / "kept.ini"), "[General]\npolling.interval=300\n");
 }

@@ -7,7 +7,6 @@
 
 namespace {
 
-using namespace Qt::StringLiterals;
 using namespace Tarnwick;
 using PullRequestKit::Change;
 using PullRequestKit::ChangeKind;
@@ -21,7 +20,7 @@ using TestSupport::makePullRequest;
 
 class VisitStoreTest : public testing::Test {
 protected:
-    std::vector<QString> storedKeys() const { return defaults.keys({}); }
+    std::vector<std::string> storedKeys() const { return defaults.keys({}); }
 
     Fakes::MemoryDefaultsStore defaults;
     PullRequestKit::Date now = date("2024-05-01T12:00:00Z");
@@ -40,7 +39,7 @@ TEST_F(VisitStoreTest, storesTheTimeUnderThePrefixAndTheStorageKey)
     visits.recordVisit(id);
     EXPECT_THAT(
         defaults.writtenKeys,
-        testing::ElementsAre(u"lastVisitedAt.github|github.com|octo/tools|12"));
+        testing::ElementsAre("lastVisitedAt.github|github.com|octo/tools|12"));
     EXPECT_THAT(visits.lastVisited(id), Optional(date("2024-05-01T12:00:00Z")));
 }
 
@@ -83,8 +82,8 @@ TEST_F(VisitStoreTest, keepsWhatAVisitSaw)
     pullRequest.checks = {4, 4, 0};
     visits.recordVisit(id, seenNow(pullRequest, nullptr));
     EXPECT_EQ(
-        defaults.values.at(u"lastSeen.github|github.com|octo/tools|12"_s).toStringList().join(u' '),
-        u"2024-05-01T12:00:00Z open ready mergeable none 0/0 4/4/0"_s);
+        defaults.values.at("lastSeen.github|github.com|octo/tools|12"),
+        "2024-05-01T12:00:00Z, open, ready, mergeable, none, 0/0, 4/4/0");
     EXPECT_THAT(visits.sinceVisit(pullRequest, nullptr).changes, IsEmpty());
     EXPECT_TRUE(visits.isVisited(pullRequest));
 
@@ -116,12 +115,11 @@ TEST_F(VisitStoreTest, namesNoChangeWhereItDoesNotKnowWhatAVisitSaw)
     auto pullRequest = makePullRequest(12);
     visits.recordVisit(id, seenNow(pullRequest, nullptr));
     pullRequest.checks = {2, 4, 1};
-    defaults.values.insert_or_assign(
-        u"lastSeen.github|github.com|octo/tools|12"_s, QStringList{u"open"_s, u"who knows"_s});
+    defaults.values.insert_or_assign("lastSeen.github|github.com|octo/tools|12", "open, who knows");
     EXPECT_THAT(visits.sinceVisit(pullRequest, nullptr).changes, IsEmpty());
     EXPECT_TRUE(visits.isVisited(pullRequest));
     visits.recordVisit(id);
-    EXPECT_THAT(storedKeys(), ElementsAre(u"lastVisitedAt.github|github.com|octo/tools|12"_s))
+    EXPECT_THAT(storedKeys(), ElementsAre("lastVisitedAt.github|github.com|octo/tools|12"))
         << "a visit takes the memory of the one before along";
 }
 
@@ -155,9 +153,9 @@ TEST_F(VisitStoreTest, forgetsWhatHasNotBeenListedForNinetyDays)
     EXPECT_THAT(
         storedKeys(),
         ElementsAre(
-            u"lastListedAt.github|github.com|octo/tools|1"_s,
-            u"lastSeen.github|github.com|octo/tools|1"_s,
-            u"lastVisitedAt.github|github.com|octo/tools|1"_s));
+            "lastListedAt.github|github.com|octo/tools|1",
+            "lastSeen.github|github.com|octo/tools|1",
+            "lastVisitedAt.github|github.com|octo/tools|1"));
 }
 
 TEST_F(VisitStoreTest, countsAVisitOfAnOlderVersionAsListedNow)
@@ -183,8 +181,7 @@ TEST_F(VisitStoreTest, notesWhatIsListedOnceADay)
     EXPECT_THAT(defaults.writtenKeys, IsEmpty());
     now += std::chrono::hours(1);
     visits.noteListed(listed);
-    EXPECT_THAT(
-        defaults.writtenKeys, ElementsAre(u"lastListedAt.github|github.com|octo/tools|12"_s));
+    EXPECT_THAT(defaults.writtenKeys, ElementsAre("lastListedAt.github|github.com|octo/tools|12"));
 }
 
 TEST_F(VisitStoreTest, isNotMisledByAClockThatWasSetBack)
@@ -219,9 +216,8 @@ TEST_F(VisitStoreTest, takesAVisitToComeForOneOfNowWhereNothingWasUpdatedSince)
 
 TEST_F(VisitStoreTest, takesAValueOfAnotherTypeForNeverVisited)
 {
-    const QString key = u"lastVisitedAt.github|github.com|octo/tools|12"_s;
-    for (const QVariant& stored :
-         {QVariant(u"2024-05-01T12:00:00Z"_s), QVariant(1714564800), QVariant(true), QVariant()}) {
+    const std::string key = "lastVisitedAt.github|github.com|octo/tools|12";
+    for (const char* const stored : {"2024-05-01T12:00:00Z", "1714564800", "true", "@Empty()"}) {
         defaults.values.insert_or_assign(key, stored);
         EXPECT_EQ(visits.lastVisited(id), std::nullopt);
     }

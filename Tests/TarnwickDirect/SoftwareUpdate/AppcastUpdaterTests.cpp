@@ -132,7 +132,7 @@ TEST_F(AppcastUpdaterTest, theUserMayBeRemindedLater)
     EXPECT_EQ(check(), Kind::available);
     updater->dismiss();
     EXPECT_EQ(updater->state(), UpdateState{});
-    EXPECT_FALSE(defaults->values.contains(QStringLiteral("updates.skippedVersion")));
+    EXPECT_FALSE(defaults->values.contains("updates.skippedVersion"));
     EXPECT_EQ(check(), Kind::available);
 }
 
@@ -142,7 +142,7 @@ TEST_F(AppcastUpdaterTest, whoeverAsksHearsOfASkippedVersion)
     EXPECT_EQ(check(), Kind::available);
     updater->skip();
     EXPECT_EQ(updater->state(), UpdateState{});
-    EXPECT_EQ(Tarnwick::readText(*defaults, QStringLiteral("updates.skippedVersion")), "2.0");
+    EXPECT_EQ(Tarnwick::readText(*defaults, "updates.skippedVersion"), "2.0");
     EXPECT_EQ(check(), Kind::available);
 }
 
@@ -151,7 +151,7 @@ TEST_F(AppcastUpdaterTest, takesTheChannelsOfTheSettings)
     serveFeed(item("1.0") + item("3.0", "<sparkle:channel>beta</sparkle:channel>"));
     start();
     EXPECT_EQ(check(), Kind::upToDate);
-    defaults->set(QStringLiteral("updates.channels"), QStringList{QStringLiteral("beta")});
+    defaults->set("updates.channels", "beta");
     EXPECT_EQ(check(), Kind::available);
 }
 

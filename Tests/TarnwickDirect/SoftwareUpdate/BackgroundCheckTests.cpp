@@ -7,7 +7,7 @@ using namespace TarnwickDirect;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const QString lastCheck = QStringLiteral("updates.lastCheck");
+constexpr const char* lastCheck = "updates.lastCheck";
 
 class BackgroundCheckTest : public TestSupport::UpdaterTest {
 protected:
@@ -128,7 +128,7 @@ TEST_F(BackgroundCheckTest, isSilentWhenItFailsAndWaitsForTheNextDay)
 
 TEST_F(BackgroundCheckTest, isSilentAboutASkippedVersion)
 {
-    Tarnwick::writeText(*defaults, QStringLiteral("updates.skippedVersion"), "2.0");
+    Tarnwick::writeText(*defaults, "updates.skippedVersion", "2.0");
     start();
     passADay();
     EXPECT_THAT(kinds, IsEmpty());
@@ -137,7 +137,7 @@ TEST_F(BackgroundCheckTest, isSilentAboutASkippedVersion)
 
 TEST_F(BackgroundCheckTest, showsACriticalUpdateThatWasSkipped)
 {
-    Tarnwick::writeText(*defaults, QStringLiteral("updates.skippedVersion"), "2.0");
+    Tarnwick::writeText(*defaults, "updates.skippedVersion", "2.0");
     serveFeed(item("2.0", "<sparkle:criticalUpdate/>"));
     start();
     passADay();

@@ -344,7 +344,7 @@ TEST_F(UpdateDialogsTest, skipTheVersion)
     ASSERT_EQ(check(), Kind::available);
     press("Skip This Version");
     EXPECT_FALSE(dialogs->dialog().isVisible());
-    EXPECT_EQ(Tarnwick::readText(*defaults, QStringLiteral("updates.skippedVersion")), "2.0");
+    EXPECT_EQ(Tarnwick::readText(*defaults, "updates.skippedVersion"), "2.0");
 }
 
 TEST_F(UpdateDialogsTest, remindLater)
@@ -353,8 +353,7 @@ TEST_F(UpdateDialogsTest, remindLater)
     ASSERT_EQ(check(), Kind::available);
     press("Remind Me Later");
     EXPECT_FALSE(dialogs->dialog().isVisible());
-    EXPECT_TRUE(
-        defaults->values.find(QStringLiteral("updates.skippedVersion")) == defaults->values.end());
+    EXPECT_TRUE(defaults->values.find("updates.skippedVersion") == defaults->values.end());
 }
 
 TEST_F(UpdateDialogsTest, cancelTheCheckAndTheDownload)

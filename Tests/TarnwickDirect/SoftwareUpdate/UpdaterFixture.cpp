@@ -10,8 +10,7 @@ UpdaterTest::UpdaterTest()
 {
     FileTrouble::writeFile(appImage, "version 1.0");
     installation = {.kind = Installation::Kind::appImage, .program = appImage};
-    Tarnwick::writeDate(
-        *defaults, QStringLiteral("updates.lastCheck"), clock->now() - std::chrono::hours(2));
+    Tarnwick::writeDate(*defaults, "updates.lastCheck", clock->now() - std::chrono::hours(2));
     server.serve("/Tarnwick.AppImage", program);
     server.serve("/tarnwick.deb", program);
     serveFeed(item("2.0"));
