@@ -7,6 +7,7 @@
 #include "TarnwickDirect/CommandLine/WatchCommand.h"
 #include "TarnwickDirect/Environment.h"
 #include "TarnwickDirect/Memory.h"
+#include "TarnwickDirect/QtMessages.h"
 #include "TarnwickDirect/Settling.h"
 #include "TarnwickDirect/SoftwareUpdate/ProgramUpdater.h"
 #include "TarnwickDirect/Version.h"
@@ -61,6 +62,7 @@ int main(int argc, char** argv)
 {
     Memory::holdLittle();
     StandardOutput::holdPlaces();
+    leaveOutLocaleMessage();
     try {
         const Command command =
             parseArguments(std::vector<std::string>(argv + std::min(argc, 1), argv + argc));

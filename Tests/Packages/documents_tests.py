@@ -1,8 +1,8 @@
 """That the documents speak of what is there."""
 
+import glob
 import os
 import re
-import subprocess
 import unittest
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.realpath(__file__))))
@@ -17,17 +17,15 @@ def text_of(file):
         return opened.read()
 
 
-def files(*patterns):
-    listed = subprocess.run(
-        ("git", "ls-files", "-co", "--exclude-standard", "--", *patterns),
-        cwd=ROOT, capture_output=True, text=True, check=True,
-    )
-    return [file for file in listed.stdout.splitlines() if os.path.exists(os.path.join(ROOT, file))]
+def files(pattern):
+    """Of the sources, which need not lie in a repository."""
+    found = (os.path.relpath(file, ROOT) for file in glob.glob(f"{ROOT}/**/{pattern}", recursive=True))
+    return sorted(file for file in found if not file.startswith("build/"))
 
 
 def tests_there_are():
     names = set()
-    for file in files("Tests/*.cpp"):
+    for file in files("Tests/**/*.cpp"):
         names.update(".".join(found) for found in CPP_TEST.findall(text_of(file)))
     for file in files("Tests/Session/*_tests.py"):
         script = os.path.basename(file).removesuffix("_tests.py")

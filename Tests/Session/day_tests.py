@@ -13,6 +13,11 @@ ROUNDS = 2
 COUNT = "13 pull requests, Updated just now"
 
 
+def is_of_a_reader(line):
+    """Qt 6.8 says it of each question about something that is gone by then, which only the asker can avoid."""
+    return line.startswith("qt.accessibility.atspi: Could not find accessible on path")
+
+
 class DayTests(SessionTest):
     has_accessibility = True
     window_manager = ("xfwm4", "--compositor=off")
@@ -39,7 +44,7 @@ class DayTests(SessionTest):
             self.restart_the_host()
         self.assertEqual(self.action("quit").returncode, 0)
         self.assertEqual(self.wait_for_end(self.program, 60), 0)
-        self.assertEqual(output_of(self.program), "")
+        self.assertEqual([line for line in output_of(self.program).splitlines() if not is_of_a_reader(line)], [])
 
     def open_by_the_icon(self):
         self.screen.click(*self.tray_icon(TOP).centre)
