@@ -49,7 +49,8 @@ class ToolsTest(SessionTest):
         for name in ("CMakePresets.json", "tools/configure", "tools/run"):
             os.makedirs(os.path.dirname(self.path(name)), exist_ok=True)
             shutil.copy(os.path.join(ROOT, name), self.path(name))
-        os.symlink(os.path.join(ROOT, "tools", "screenshot"), self.path("tools/screenshot"))
+        for name in ("tools/screenshot", "SampleGitHub"):
+            os.symlink(os.path.join(ROOT, name), self.path(name))
         self.write("tools/setup", "#!/bin/sh\n")
         os.chmod(self.path("tools/setup"), 0o755)
         for command in (self.path("tools/configure"),), ("ninja", "-C", self.path("build/release"), "tarnwick"):
