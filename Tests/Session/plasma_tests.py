@@ -1,6 +1,7 @@
 """The tray and the search of Plasma, by its own programs. Where they are not installed, which is usual
 away from Plasma, there is nothing to see."""
 
+import glob
 import os
 import shutil
 import unittest
@@ -31,6 +32,8 @@ class TrayTests(PlasmaTest):
         call = ("gdbus", "call", "--session", "--timeout=100", "--dest=org.kde.kded5", "--object-path=/kded")
         self.session.processes.run(*call, "--method=org.kde.kded5.loadModule", "statusnotifierwatcher", limit=100)
         wait_until(lambda: self.session.owns_name("org.kde.StatusNotifierWatcher"), "the tray's watcher")
+        self.session.processes.start(*glob.glob("/usr/lib/*/libexec/kactivitymanagerd")[:1])
+        wait_until(lambda: self.session.owns_name("org.kde.ActivityManager"), "Plasma's activities")
         self.session.processes.start("plasmashell", "--no-respawn")
         self.start_tarnwick("--background")
         icon = self.tray_icon(BOTTOM)

@@ -1,10 +1,11 @@
 """The icon in trays of both kinds, and the panel that it opens."""
 
+import json
 import os
 import re
 
 from desktop import SessionTest, wait_until
-from desktop.case import is_drop
+from desktop.case import ROOT, is_drop
 from desktop.processes import output_of
 from desktop.screen import Rectangle
 from desktop.session import SCREEN
@@ -16,6 +17,8 @@ BOTTOM = Rectangle(SCREEN[0] - 160, SCREEN[1] - 32, 160, 32)
 
 # Where the menu of an icon at the top opens.
 BELOW = Rectangle(SCREEN[0] - 240, 32, 240, 140)
+
+INDICATOR_HOST = os.path.join(ROOT, "Tests", "Session", "desktop", "indicator_host.py")
 
 
 class XfceTests(SessionTest):
@@ -212,6 +215,61 @@ class MenuTests(SessionTest):
             lambda: "/harbourlight/ferry-api/pull/412" in str(self.programs.arguments("xdg-open")),
             "the browser",
         )
+
+
+class IndicatorTests(SessionTest):
+    """A host that has the menu alone, as on GNOME."""
+
+    def setUp(self):
+        super().setUp()
+        self.programs.record("xdg-open")
+        self.host = self.session.processes.start_piped(INDICATOR_HOST)
+        wait_until(lambda: self.session.owns_name("org.kde.StatusNotifierWatcher"), "the host")
+
+    def ask(self, words):
+        self.host.stdin.write(f"{words}\n")
+        self.host.stdin.flush()
+
+    def told(self, key, fits=lambda value: True):
+        """What the host tells under this key, once it fits."""
+        while True:
+            value = json.loads(self.host.stdout.readline()).get(key)
+            if value is not None and fits(value):
+                return value
+
+    def testTheMenuSaysWhatTheTooltipSaysAndOpensWhatWaits(self):
+        self.start_tarnwick("--background")
+        self.told("item")
+        self.told("menu", lambda labels: any("#412" in label for label in labels))
+        self.ask("menu")
+        labels = self.told("menu")
+        self.assertRegex(labels[0], r"^!\d+ waits? on you · \d")
+        self.assertEqual(labels[-4:], ["", "Open Tarnwick", "Reload", "Quit"])
+        self.ask("click #412")
+        self.assertTrue(self.told("clicked"))
+        wait_until(
+            lambda: "/harbourlight/ferry-api/pull/412" in str(self.programs.arguments("xdg-open")),
+            "the browser",
+        )
+        self.ask("click Open Tarnwick")
+        self.panel()
+
+    def testTheFirstLineFollowsTrouble(self):
+        self.start_tarnwick("--background")
+        self.told("menu", lambda labels: "wait" in labels[0])
+        self.github.serve(scenario="signed-out")
+        self.action("reload")
+        self.assertEqual(self.told("menu", lambda labels: "wait" not in labels[0])[-3:], ["Open Tarnwick", "Reload", "Quit"])
+
+    def testALockedScreenBringsNoWindowAndTheIconComesBack(self):
+        self.start_tarnwick("--background")
+        item = self.told("item")
+        for _ in range(2):
+            self.ask("lock")
+            stays(lambda: not self.screen.windows("^Tarnwick$"), "the screen without a window", 2)
+            self.ask("unlock")
+            self.assertEqual(self.told("item"), item)
+        self.assertEqual(self.screen.windows("^Tarnwick$"), [])
 
 
 class EmbeddingTests(SessionTest):

@@ -37,15 +37,17 @@ def variants(properties):
 
 
 def main():
-    properties = json.loads(sys.stdin.readline())
+    # Unbuffered: what a buffer holds wakes nobody up.
+    source = open(sys.stdin.fileno(), "rb", buffering=0)  # pylint: disable=consider-using-with
+    properties = json.loads(source.readline())
     loop = GLib.MainLoop()
     bus = Gio.bus_get_sync(Gio.BusType.SESSION)
 
     def called(*arguments):
         arguments[-1].return_value(GLib.Variant("(a{sv})", (variants(properties),)))
 
-    def change(channel, _condition):
-        line = channel.readline()
+    def change(_source, _condition):
+        line = source.readline()
         if not line:
             loop.quit()
             return False
@@ -57,7 +59,7 @@ def main():
 
     bus.register_object(PATH, Gio.DBusNodeInfo.new_for_xml(INTERFACE).interfaces[0], called, None, None)
     Gio.bus_own_name_on_connection(bus, NAME, Gio.BusNameOwnerFlags.NONE, None, None)
-    GLib.io_add_watch(sys.stdin, GLib.IO_IN | GLib.IO_HUP, change)
+    GLib.io_add_watch(source, GLib.IO_IN | GLib.IO_HUP, change)
     loop.run()
 
 
