@@ -66,9 +66,8 @@ public:
     QScrollBar& scrollBar() { return *_view.verticalScrollBar(); }
 
 private:
-    Appearance _appearance{1.0};
     PullRequestListModel _model{[] { return Date{std::chrono::seconds{1'714'600'000}}; }};
-    PullRequestListView _view{_model, _appearance};
+    PullRequestListView _view{_model};
     QImage _screen{440, 544, QImage::Format_ARGB32_Premultiplied};
 };
 

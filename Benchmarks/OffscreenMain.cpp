@@ -1,4 +1,5 @@
 #include "Tarnwick/Interface/Look/AppFonts.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 
 #include <QApplication>
 
@@ -9,6 +10,7 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     Tarnwick::AppFonts::registerBundledFonts();
+    Tarnwick::setApplicationStyle(1.0);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return 0;

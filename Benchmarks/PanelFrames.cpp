@@ -1,6 +1,5 @@
 #include "Benchmarks/Longest.h"
 #include "Benchmarks/PanelInput.h"
-#include "Tarnwick/Interface/Look/Appearance.h"
 #include "Tarnwick/Interface/Picker/RepositoryPicker.h"
 #include "Tarnwick/PullRequestMenuView.h"
 
@@ -34,7 +33,7 @@ public:
         : _provider(std::make_shared<TurningProvider>(
               listBeforeAndAfter(), makeRepositories(repositoryCount)))
         , _model(_provider)
-        , _shown(_model.model(), _appearance)
+        , _shown(_model.model())
     {
         _shown.setAttribute(Qt::WA_DontShowOnScreen);
         _shown.resize(panelSize);
@@ -63,7 +62,6 @@ public:
 private:
     std::shared_ptr<TurningProvider> _provider;
     ModelOnProvider _model;
-    Appearance _appearance{1.0};
     Shown _shown;
     QImage _screen{panelSize, QImage::Format_ARGB32_Premultiplied};
     QImage _seen;

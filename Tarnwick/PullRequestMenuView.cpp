@@ -1,12 +1,11 @@
 #include "Tarnwick/PullRequestMenuView.h"
 
 #include "PullRequestKit/PullRequestPages.h"
-#include "Tarnwick/Interface/Controls/IconButton.h"
+#include "Tarnwick/Interface/Controls/PushButton.h"
 #include "Tarnwick/Interface/List/FindBar.h"
 #include "Tarnwick/Interface/List/ListedRows.h"
 #include "Tarnwick/Interface/List/PullRequestListModel.h"
 #include "Tarnwick/Interface/List/PullRequestListView.h"
-#include "Tarnwick/Interface/Panel/BrandButton.h"
 #include "Tarnwick/Interface/Panel/ContentArea.h"
 #include "Tarnwick/Interface/Panel/EditorFlow.h"
 #include "Tarnwick/Interface/Panel/OptionsMenu.h"
@@ -31,21 +30,19 @@ constexpr std::chrono::seconds browserComesWithin{10};
 
 }  // namespace
 
-PullRequestMenuView::PullRequestMenuView(
-    PullRequestMenuModel& model, Appearance& appearance, QWidget* parent)
+PullRequestMenuView::PullRequestMenuView(PullRequestMenuModel& model, QWidget* parent)
     : QWidget(parent)
     , _model(model)
-    , _appearance(appearance)
     , _page(new QWidget(this))
-    , _header(new PanelHeader(appearance, _page))
+    , _header(new PanelHeader(_page))
     , _rows(new PullRequestListModel([&model] { return model.now(); }, this))
-    , _list(new PullRequestListView(*_rows, appearance, _page))
-    , _content(new ContentArea(model, _list, appearance, _page))
-    , _strips(new StripStack(model, appearance, _page))
-    , _footer(new PanelFooter([&model] { return model.now(); }, appearance, _page))
-    , _menu(new OptionsMenu(model, appearance, this))
+    , _list(new PullRequestListView(*_rows, _page))
+    , _content(new ContentArea(model, _list, _page))
+    , _strips(new StripStack(model, _page))
+    , _footer(new PanelFooter([&model] { return model.now(); }, _page))
+    , _menu(new OptionsMenu(model, this))
     , _editorFlow(new EditorFlow(model, this))
-    , _alerts(new PanelAlerts(model, *_editorFlow, appearance, this))
+    , _alerts(new PanelAlerts(model, *_editorFlow, this))
 {
     layOut();
     connectHeader();
@@ -159,7 +156,7 @@ void PullRequestMenuView::connectList()
 /// Not before it is wanted: the list is to be in sight soon.
 void PullRequestMenuView::makeFindBar()
 {
-    _findBar = new FindBar(_appearance, _page);
+    _findBar = new FindBar(_page);
     _column->insertWidget(_column->indexOf(_header) + 1, _findBar);
     connect(_findBar, &FindBar::findTextChanged, this, [this](const QString& text) {
         _rows->setFindText(text);
@@ -259,9 +256,8 @@ void PullRequestMenuView::showCount()
 void PullRequestMenuView::showMenu()
 {
     constexpr int gap = 4;
-    IconButton& button = _header->options();
-    const QRect visible = button.visibleRect();
-    const QPoint corner = button.mapToGlobal(visible.bottomRight() + QPoint(1, 1 + gap));
+    PushButton& button = _header->options();
+    const QPoint corner = button.mapToGlobal(QPoint(button.width(), button.height() + gap));
     button.setOpen(true);
     _menu->popup(corner - QPoint(_menu->sizeHint().width(), 0));
 }
@@ -271,7 +267,7 @@ void PullRequestMenuView::showRepositories()
     if (_picker != nullptr) {
         return;
     }
-    _picker = new RepositoryPicker(_model, _appearance, this);
+    _picker = new RepositoryPicker(_model, this);
     connect(_picker, &RepositoryPicker::done, this, &PullRequestMenuView::hideRepositories);
     layout()->addWidget(_picker);
     _page->hide();
@@ -320,7 +316,7 @@ void PullRequestMenuView::toggleFind()
 
 void PullRequestMenuView::followList()
 {
-    _header->setFindShown(_content->showsList());
+    _header->find().setVisible(_content->showsList());
     if (!_content->showsList()) {
         closeFind();
     }

@@ -12,7 +12,6 @@ class QVBoxLayout;
 
 namespace Tarnwick {
 
-class Appearance;
 class ContentArea;
 class EditorFlow;
 class FindBar;
@@ -33,9 +32,8 @@ class PullRequestMenuView final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Requires: `model` and `appearance` live longer than the view.
-    PullRequestMenuView(
-        PullRequestMenuModel& model, Appearance& appearance, QWidget* parent = nullptr);
+    /// Requires: `model` lives longer than the view.
+    PullRequestMenuView(PullRequestMenuModel& model, QWidget* parent = nullptr);
 
     /// Without an action the options menu has no "Check for Updates…".
     void setUpdateCheck(bool canCheckForUpdates, std::function<void()> checkForUpdates);
@@ -97,7 +95,6 @@ private:
     void updateUse();
 
     PullRequestMenuModel& _model;
-    Appearance& _appearance;
     QWidget* _page;  ///< Everything that is out of use while a card is up.
     PanelHeader* _header;
     QVBoxLayout* _column = nullptr;  ///< Of the page.

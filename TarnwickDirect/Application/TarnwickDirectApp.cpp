@@ -1,8 +1,8 @@
 #include "TarnwickDirect/Application/TarnwickDirectApp.h"
 
 #include "Tarnwick/Interface/Controls/Menu.h"
-#include "Tarnwick/Interface/Controls/MenuStyle.h"
-#include "Tarnwick/Interface/Look/ApplicationLook.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+#include "Tarnwick/Interface/Look/MenuItems.h"
 #include "Tarnwick/Interface/Panel/AccessibleParts.h"
 #include "TarnwickDirect/Application/ExitGuard.h"
 #include "TarnwickDirect/Application/PanelSize.h"
@@ -44,11 +44,10 @@ PullRequestMenuModel::Collaborators initialized(PullRequestMenuModel::Collaborat
 
 /// The same goes for the style, and for what assistive programs see: Qt 6.8 asks for that while a
 /// widget is being made, and keeps it.
-Tarnwick::Appearance& styled(Tarnwick::Appearance& appearance)
+Tarnwick::Appearance& styled()
 {
     Tarnwick::installAccessibleParts();
-    Tarnwick::setApplicationStyle(appearance);
-    return appearance;
+    return Tarnwick::setApplicationStyle();
 }
 
 /// Windows of Wayland are placed by the compositor.
@@ -70,11 +69,12 @@ TarnwickDirectApp::TarnwickDirectApp(
     , _model(initialized(std::move(collaborators)))
     , _trouble(_model)
     , _status(_model, _trouble)
-    , _wishes(styled(_appearance), bus)
+    , _appearance(styled())
+    , _wishes(_appearance, bus)
     , _updateManager([this, &makeUpdater](UpdaterDelegate& delegate) {
         return makeUpdater ? makeUpdater(updaterHost(), delegate) : nullptr;
     })
-    , _view(menuContent().makeView(_model, _appearance))
+    , _view(menuContent().makeView(_model))
     , _window(
           _view, [view = _view] { return view->keepsOpen(); }, _appearance)
     , _trayHost(bus)
@@ -118,9 +118,6 @@ void TarnwickDirectApp::connectAppearance()
     const auto follow = [this] { _appearance.setDark(_model.settings().darkMode); };
     connect(&_model, &PullRequestMenuModel::darkModeChanged, this, follow);
     follow();
-    const auto apply = [this] { Tarnwick::applyToApplication(_appearance); };
-    connect(&_appearance, &Tarnwick::Appearance::changed, this, apply);
-    apply();
 }
 
 void TarnwickDirectApp::connectPanel()
@@ -309,7 +306,6 @@ UpdaterHost TarnwickDirectApp::updaterHost()
     UpdaterHost host;
     host.defaults = _defaults;
     host.clock = _clock;
-    host.appearance = &_appearance;
     host.bringToFront = [this](QWidget& window) {
         bringToFront(window, std::exchange(_checkRequest, {}));
     };
@@ -470,7 +466,7 @@ void TarnwickDirectApp::castShadow(QObject* shown)
     const bool isMenu = qobject_cast<Tarnwick::Menu*>(shown) != nullptr;
     if ((isMenu || shown == &_window)
         && shown->findChild<WindowShadow*>(QString(), Qt::FindDirectChildrenOnly) == nullptr) {
-        const double radius = isMenu ? Tarnwick::MenuStyle::radius : RoundedCorners::radius;
+        const double radius = isMenu ? Tarnwick::MenuItems::cornerRadius : RoundedCorners::radius;
         new WindowShadow(static_cast<QWidget&>(*shown), radius, _appearance);
     }
 }

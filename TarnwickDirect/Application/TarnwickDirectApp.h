@@ -92,7 +92,7 @@ private:
     Tarnwick::PullRequestMenuModel _model;
     Trouble _trouble;
     StatusFeed _status;
-    Tarnwick::Appearance _appearance;
+    Tarnwick::Appearance& _appearance;
     Tarnwick::DesktopWishes _wishes;
     PlatformData _checkRequest;  ///< What the last check that was asked for came with.
     UpdateManager _updateManager;

@@ -3,9 +3,9 @@
 namespace TarnwickDirect {
 
 Tarnwick::PullRequestMenuView* TarnwickMenuContent::makeView(
-    Tarnwick::PullRequestMenuModel& model, Tarnwick::Appearance& appearance) const
+    Tarnwick::PullRequestMenuModel& model) const
 {
-    auto* const view = new Tarnwick::PullRequestMenuView(model, appearance);
+    auto* const view = new Tarnwick::PullRequestMenuView(model);
     update(*view);
     return view;
 }

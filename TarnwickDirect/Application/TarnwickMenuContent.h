@@ -12,9 +12,8 @@ struct TarnwickMenuContent {
     bool canCheckForUpdates = false;
     std::function<void()> checkForUpdates;  ///< Empty where the program has no updater.
 
-    /// Requires: `model` and `appearance` live longer than the view.
-    Tarnwick::PullRequestMenuView* makeView(
-        Tarnwick::PullRequestMenuModel& model, Tarnwick::Appearance& appearance) const;
+    /// Requires: `model` lives longer than the view.
+    Tarnwick::PullRequestMenuView* makeView(Tarnwick::PullRequestMenuModel& model) const;
 
     /// Has a view that was made before follow.
     void update(Tarnwick::PullRequestMenuView& view) const;

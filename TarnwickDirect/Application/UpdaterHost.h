@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Tarnwick/Async/Clock.h"
-#include "Tarnwick/Interface/Look/Appearance.h"
 #include "Tarnwick/Persistence/DefaultsStore.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdaterController.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdaterDelegate.h"
@@ -18,7 +17,6 @@ namespace TarnwickDirect {
 struct UpdaterHost {
     std::shared_ptr<Tarnwick::DefaultsStore> defaults;
     std::shared_ptr<Tarnwick::Clock> clock;
-    const Tarnwick::Appearance* appearance = nullptr;
 
     /// Shows a window in front of the others, with the focus, because the user asked for it.
     std::function<void(QWidget&)> bringToFront;

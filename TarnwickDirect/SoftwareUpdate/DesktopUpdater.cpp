@@ -29,7 +29,7 @@ DesktopUpdater::DesktopUpdater(
     OpenPackage openPackage)
     : _updater(std::move(updater))
     , _host(std::move(host))
-    , _dialogs(*_updater, ownVersion, *_host.appearance, _host.bringToFront)
+    , _dialogs(*_updater, ownVersion, _host.bringToFront)
 {
     connect(
         _updater.get(),

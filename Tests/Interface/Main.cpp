@@ -1,8 +1,22 @@
 #include "Tarnwick/Interface/Look/AppFonts.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+#include "Tarnwick/Interface/Panel/AccessibleParts.h"
 
 #include <QApplication>
 
 #include <gmock/gmock.h>
+
+namespace {
+
+/// Every test begins with the same appearance.
+class FreshStyle final : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo& /*test*/) override
+    {
+        Tarnwick::setApplicationStyle(1.0);
+    }
+};
+
+}  // namespace
 
 int main(int argc, char** argv)
 {
@@ -10,5 +24,7 @@ int main(int argc, char** argv)
     testing::InitGoogleMock(&argc, argv);
     const QApplication application(argc, argv);
     Tarnwick::AppFonts::registerBundledFonts();
+    Tarnwick::installAccessibleParts();
+    testing::UnitTest::GetInstance()->listeners().Append(new FreshStyle);
     return RUN_ALL_TESTS();
 }

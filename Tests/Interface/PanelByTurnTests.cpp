@@ -1,5 +1,5 @@
 #include "Fakes/ModelFixture.h"
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 #include "Tarnwick/PullRequestMenuView.h"
 
 #include <QListView>
@@ -15,7 +15,10 @@ using PullRequestKit::PullRequest;
 
 class PanelByTurnTests : public TestSupport::ModelTest {
 protected:
-    PanelByTurnTests() { appearance.setWishes({.reducedMotion = true, .higherContrast = false}); }
+    PanelByTurnTests()
+    {
+        setApplicationStyle(1.0).setWishes({.reducedMotion = true, .higherContrast = false});
+    }
 
     void showByTurn(const std::vector<PullRequest>& pullRequests)
     {
@@ -24,7 +27,7 @@ protected:
         start();
         model->setArrangement(Arrangement::byWhoseTurn);
         refresh();
-        view = std::make_unique<PullRequestMenuView>(*model, appearance);
+        view = std::make_unique<PullRequestMenuView>(*model);
         view->resize(440, 620);
         view->show();
         (void)QTest::qWaitForWindowActive(view.get());
@@ -57,7 +60,6 @@ protected:
 
     void press(Qt::Key key) const { QTest::keyClick(view->focusWidget(), key); }
 
-    Appearance appearance{1.0};
     std::unique_ptr<PullRequestMenuView> view;
 };
 

@@ -2,7 +2,6 @@
 
 #include "Fakes/ModelFixture.h"
 #include "Tarnwick/Interface/List/FindBar.h"
-#include "Tarnwick/Interface/Look/Appearance.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -24,7 +23,7 @@ class PullRequestMenuViewTests : public TestSupport::ModelTest {
 protected:
     void showView()
     {
-        view = std::make_unique<PullRequestMenuView>(*model, appearance);
+        view = std::make_unique<PullRequestMenuView>(*model);
         view->resize(440, 620);
         view->show();
         (void)QTest::qWaitForWindowActive(view.get());
@@ -82,7 +81,6 @@ protected:
 
     int rows() const { return list().model()->rowCount(); }
 
-    Appearance appearance{1.0};
     std::unique_ptr<PullRequestMenuView> view;
 };
 
@@ -90,10 +88,10 @@ TEST_F(PullRequestMenuViewTests, startsWithTheLogin)
 {
     start();
     showView();
-    EXPECT_TRUE(shows("status"));
+    EXPECT_TRUE(shows("notice"));
     EXPECT_EQ(
-        part<QLabel>("statusTitle")->text(), QStringLiteral("Checking GitHub CLI authentication…"));
-    EXPECT_TRUE(shows("statusSpinner"));
+        part<QLabel>("noticeTitle")->text(), QStringLiteral("Checking GitHub CLI authentication…"));
+    EXPECT_TRUE(shows("noticeSpinner"));
     EXPECT_FALSE(shows("tryAgain"));
     EXPECT_EQ(footer(), QString()) << "no list is known";
 }
@@ -122,12 +120,11 @@ TEST_F(PullRequestMenuViewTests, signedOutOffersTheCommand)
     start();
     refresh();
     showView();
-    EXPECT_EQ(part<QLabel>("authenticationTitle")->text(), QStringLiteral("Sign in to GitHub"));
+    EXPECT_EQ(part<QLabel>("noticeTitle")->text(), QStringLiteral("Sign in to GitHub"));
     EXPECT_EQ(
-        part<QLabel>("authenticationMessage")->text(),
-        QStringLiteral("GitHub CLI is not logged in."));
+        part<QLabel>("noticeMessage")->text(), QStringLiteral("GitHub CLI is not logged in."));
     EXPECT_EQ(
-        part<QLabel>("authenticationHint")->text(),
+        part<QLabel>("noticeHint")->text(),
         QStringLiteral("Run `gh auth login` in Terminal, then try again."));
     auto* const copy = part<QAbstractButton>("copyLogin");
     EXPECT_EQ(copy->text(), QStringLiteral("Copy gh auth login"));
@@ -135,9 +132,9 @@ TEST_F(PullRequestMenuViewTests, signedOutOffersTheCommand)
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("gh auth login"));
 
     provider->setStatus(PullRequestKit::Authenticated{"octo"});
-    part<QAbstractButton>("authenticationTryAgain")->click();
+    part<QAbstractButton>("tryAgain")->click();
     ASSERT_TRUE(settle());
-    EXPECT_FALSE(shows("authentication"));
+    EXPECT_FALSE(shows("noticeHint"));
 }
 
 TEST_F(PullRequestMenuViewTests, aFailureCanBeTriedAgain)
@@ -148,7 +145,7 @@ TEST_F(PullRequestMenuViewTests, aFailureCanBeTriedAgain)
     refresh();
     showView();
     EXPECT_EQ(
-        part<QLabel>("statusTitle")->text(), QStringLiteral("error connecting to api.github.com"));
+        part<QLabel>("noticeTitle")->text(), QStringLiteral("error connecting to api.github.com"));
     provider->setError({});
     provider->setPullRequests({TestSupport::makePullRequest(1)});
     part<QAbstractButton>("tryAgain")->click();
@@ -201,7 +198,7 @@ TEST_F(PullRequestMenuViewTests, theListHasTheFocusWhenItsRowsComeLater)
     selectTools();
     start();
     showView();
-    EXPECT_TRUE(part<QWidget>("status")->hasFocus());
+    EXPECT_TRUE(part<QWidget>("notice")->hasFocus());
     refresh();
     TestSupport::processEvents();
     EXPECT_TRUE(list().hasFocus());
@@ -433,13 +430,13 @@ TEST_F(PullRequestMenuViewTests, withoutASelectionAButtonLeadsToTheRepositories)
     refresh();
     showView();
     EXPECT_EQ(
-        part<QLabel>("statusTitle")->text(),
+        part<QLabel>("noticeTitle")->text(),
         QStringLiteral("No pull requests involving you were found."));
     part<QAbstractButton>("chooseRepositories")->click();
     EXPECT_TRUE(shows("repositoryPicker"));
-    EXPECT_FALSE(shows("status"));
+    EXPECT_FALSE(shows("notice"));
     part<QAbstractButton>("done")->click();
-    EXPECT_TRUE(shows("status"));
+    EXPECT_TRUE(shows("notice"));
 }
 
 TEST_F(PullRequestMenuViewTests, thePanelOpensWhereItWasLeft)
@@ -521,8 +518,8 @@ TEST_F(PullRequestMenuViewTests, anEmptyListSaysWhatHidesAndShowsIt)
 {
     showList(stackWithDraft());
     model->toggleStatus(StatusFilter::open);
-    EXPECT_TRUE(shows("status"));
-    EXPECT_EQ(part<QLabel>("statusDetail")->text(), QStringLiteral("3 are hidden by filters."));
+    EXPECT_TRUE(shows("notice"));
+    EXPECT_EQ(part<QLabel>("noticeMessage")->text(), QStringLiteral("3 are hidden by filters."));
     EXPECT_THAT(footer().toStdString(), testing::StartsWith("0 pull requests,"));
     ASSERT_TRUE(shows("showHidden"));
     EXPECT_TRUE(shows("tryAgain"));
@@ -533,7 +530,7 @@ TEST_F(PullRequestMenuViewTests, anEmptyListSaysWhatHidesAndShowsIt)
     EXPECT_THAT(footer().toStdString(), testing::StartsWith("0 pull requests,"));
     EXPECT_EQ(part<QAbstractButton>("hiddenChip")->text(), QStringLiteral("Hide 3"));
     press(Qt::Key_H);
-    EXPECT_TRUE(shows("status"));
+    EXPECT_TRUE(shows("notice"));
 }
 
 TEST_F(PullRequestMenuViewTests, theFocusGoesToTheListWhenTheChipGoes)
@@ -599,7 +596,7 @@ TEST_F(PullRequestMenuViewTests, withoutAListThereIsNothingToFindIn)
     EXPECT_TRUE(shows("find"));
     press(Qt::Key_Slash);
     model->toggleStatus(StatusFilter::open);
-    EXPECT_TRUE(shows("status"));
+    EXPECT_TRUE(shows("notice"));
     EXPECT_FALSE(shows("find"));
     EXPECT_FALSE(view->findChild<FindBar*>()->isOpen());
     QTest::keyClick(view->focusWidget(), Qt::Key_F, Qt::ControlModifier);
@@ -756,7 +753,7 @@ TEST_F(PullRequestMenuViewTests, aMutedRowGoesAtOnceAndTheNextOneIsSelected)
     choose("For a Day");
     press(Qt::Key_Home);
     choose("For a Day");
-    EXPECT_EQ(part<QLabel>("statusDetail")->text(), QStringLiteral("3 are muted."));
+    EXPECT_EQ(part<QLabel>("noticeMessage")->text(), QStringLiteral("3 are muted."));
 }
 
 TEST_F(PullRequestMenuViewTests, filesAndChecksAreOpenedInPlaceOfThePanelAndCountAsAVisit)

@@ -5,18 +5,30 @@
 #include <QColor>
 #include <QWidget>
 
+#include <utility>
+
 namespace Tarnwick {
 
-Fade::Fade(QWidget& widget, const Appearance& appearance, int milliseconds)
+Fade::Fade(QWidget& widget, int milliseconds)
+    : Fade(widget, milliseconds, [&widget] { widget.update(); })
+{}
+
+Fade::Fade(QWidget& widget, int milliseconds, std::function<void()> follow)
     : _widget(widget)
-    , _appearance(appearance)
+    , _follow(std::move(follow))
 {
     _animation.setDuration(milliseconds);
     _animation.setEasingCurve(QEasingCurve::OutCubic);
-    QObject::connect(&_animation, &QVariantAnimation::valueChanged, &_animation, [this] {
-        _value = _animation.currentValue().toDouble();
-        _widget.update();
-    });
+    const auto takeValue = [this] { set(_animation.currentValue().toDouble()); };
+    QObject::connect(&_animation, &QVariantAnimation::valueChanged, &_animation, takeValue);
+    // A way of no length has no steps.
+    QObject::connect(&_animation, &QVariantAnimation::finished, &_animation, takeValue);
+}
+
+void Fade::set(double value)
+{
+    _value = value;
+    _follow();
 }
 
 void Fade::setOn(bool isOn)
@@ -27,9 +39,8 @@ void Fade::setOn(bool isOn)
     _isOn = isOn;
     const double end = isOn ? 1 : 0;
     _animation.stop();
-    if (_appearance.reducedMotion() || !_widget.isVisible()) {
-        _value = end;
-        _widget.update();
+    if (appearance().reducedMotion() || !_widget.isVisible()) {
+        set(end);
         return;
     }
     _animation.setStartValue(_value);

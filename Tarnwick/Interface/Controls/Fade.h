@@ -2,11 +2,11 @@
 
 #include <QVariantAnimation>
 
+#include <functional>
+
 class QWidget;
 
 namespace Tarnwick {
-
-class Appearance;
 
 /// A number between 0 and 1 that goes to either end in a moment, repainting its widget on the way;
 /// at once where the desktop wants no motion or the widget is out of sight. Main thread only.
@@ -17,7 +17,10 @@ public:
     /// How long what slides or rises takes.
     static constexpr int slideMilliseconds = 120;
 
-    Fade(QWidget& widget, const Appearance& appearance, int milliseconds = fillMilliseconds);
+    explicit Fade(QWidget& widget, int milliseconds = fillMilliseconds);
+
+    /// The same for a number that `follow` is told of instead.
+    Fade(QWidget& widget, int milliseconds, std::function<void()> follow);
 
     void setOn(bool isOn);
 
@@ -26,14 +29,16 @@ public:
     bool isOn() const { return _isOn; }
 
 private:
+    void set(double value);
+
     QWidget& _widget;
-    const Appearance& _appearance;
+    std::function<void()> _follow;
     QVariantAnimation _animation;
     double _value = 0;
     bool _isOn = false;
 };
 
-/// The colour between two, `share` of the way from the first.
+/// The color between two, `share` of the way from the first.
 QColor mixed(const QColor& from, const QColor& to, double share);
 
 }  // namespace Tarnwick

@@ -11,9 +11,8 @@ constexpr int frameMilliseconds = 33;
 
 }  // namespace
 
-Indicator::Indicator(const Appearance& appearance, QWidget* parent)
+Indicator::Indicator(QWidget* parent)
     : QWidget(parent)
-    , _appearance(appearance)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
@@ -32,7 +31,7 @@ void Indicator::timerEvent(QTimerEvent* event)
 
 void Indicator::showEvent(QShowEvent* /*event*/)
 {
-    if (!_appearance.reducedMotion()) {
+    if (!appearance().reducedMotion()) {
         _since.start();
         _timer.start(frameMilliseconds, this);
     }

@@ -6,20 +6,15 @@
 
 namespace Tarnwick {
 
-class Appearance;
-
 /// The base of what moves to say that something is under way. It moves only while it can be seen,
 /// and stands still where the desktop wants no motion. Main thread only.
 class Indicator : public QWidget {
 public:
-    /// Requires: `appearance` lives longer.
-    Indicator(const Appearance& appearance, QWidget* parent);
+    Indicator(QWidget* parent);
 
     bool isRunning() const { return _timer.isActive(); }
 
 protected:
-    const Appearance& appearance() const { return _appearance; }
-
     /// How far the motion is in its present round of so many milliseconds: from 0 to below 1.
     double phase(int milliseconds) const;
 
@@ -28,7 +23,6 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    const Appearance& _appearance;
     QBasicTimer _timer;
     QElapsedTimer _since;
 };

@@ -1,6 +1,6 @@
 #include "Tarnwick/Interface/Controls/Menu.h"
 
-#include "Tarnwick/Interface/Controls/MenuStyle.h"
+#include "Tarnwick/Interface/Look/MenuItems.h"
 #include "Tarnwick/Interface/Look/Painting.h"
 
 #include <QApplication>
@@ -10,15 +10,10 @@
 
 namespace Tarnwick {
 
-Menu::Menu(const QString& title, const Appearance& appearance, QWidget* parent)
+Menu::Menu(const QString& title, QWidget* parent)
     : QMenu(title, parent)
-    , _appearance(appearance)
 {
-    auto* const style = new MenuStyle(appearance);
-    style->setParent(this);
-    setStyle(style);
     setWindowFlags(windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
-    setAttribute(Qt::WA_TranslucentBackground);
     // A screen reader's press leaves the menu open, which suits choices and nothing else.
     connect(this, &QMenu::triggered, this, [this](const QAction* action) {
         if (!action->isCheckable()) {
@@ -29,7 +24,7 @@ Menu::Menu(const QString& title, const Appearance& appearance, QWidget* parent)
 
 Menu* Menu::addSubmenu(const QString& title)
 {
-    auto* const submenu = new Menu(title, _appearance, this);
+    auto* const submenu = new Menu(title, this);
     addMenu(submenu);
     return submenu;
 }
@@ -86,11 +81,11 @@ void Menu::showEvent(QShowEvent* event)
 {
     _mouseAtOpening = QCursor::pos();
     // Item widths are cached until the font changes, and the menu's own font is never drawn with.
-    setFont(_appearance.line(TextStyle::body, TextWeight::regular).font);
-    if (_appearance.blendsWindows()) {
+    setFont(appearance().line(TextStyle::body, TextWeight::regular).font);
+    if (appearance().blendsWindows()) {
         clearMask();
     } else {
-        setMask(Painting::roundedShape(size(), MenuStyle::radius));
+        setMask(Painting::roundedShape(size(), MenuItems::cornerRadius));
     }
     QMenu::showEvent(event);
 }

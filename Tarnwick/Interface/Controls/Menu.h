@@ -4,15 +4,13 @@
 
 namespace Tarnwick {
 
-class Appearance;
-
 /// A menu of the program. Choosing an item that can be checked leaves it open, so that several can
 /// be changed at one go.
 class Menu : public QMenu {
     Q_OBJECT
 
 public:
-    Menu(const QString& title, const Appearance& appearance, QWidget* parent);
+    Menu(const QString& title, QWidget* parent);
 
     /// Adds a submenu that looks and behaves as this one.
     Menu* addSubmenu(const QString& title);
@@ -25,8 +23,6 @@ protected:
 
 private:
     bool chooseCheckable(QAction* action);
-
-    const Appearance& _appearance;
     QPoint _mouseAtOpening;
 };
 

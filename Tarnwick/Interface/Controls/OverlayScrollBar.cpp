@@ -21,11 +21,10 @@ constexpr int shortest = 32;
 
 }  // namespace
 
-OverlayScrollBar::OverlayScrollBar(QAbstractScrollArea& area, const Appearance& appearance)
+OverlayScrollBar::OverlayScrollBar(QAbstractScrollArea& area)
     : QWidget(&area)
     , _area(area)
-    , _appearance(appearance)
-    , _growth(*this, appearance)
+    , _growth(*this)
 {
     setObjectName(QStringLiteral("scrollBar"));
     setCursor(Qt::ArrowCursor);
@@ -34,7 +33,6 @@ OverlayScrollBar::OverlayScrollBar(QAbstractScrollArea& area, const Appearance& 
     const QScrollBar* const values = area.verticalScrollBar();
     connect(values, &QScrollBar::rangeChanged, this, &OverlayScrollBar::follow);
     connect(values, &QScrollBar::valueChanged, this, [this] { update(); });
-    connect(&appearance, &Appearance::changed, this, [this] { update(); });
     follow();
 }
 
@@ -88,7 +86,7 @@ bool OverlayScrollBar::eventFilter(QObject* watched, QEvent* event)
 void OverlayScrollBar::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const Palette& palette = _appearance.palette();
+    const Palette& palette = appearance().palette();
     const double growth = _grip ? 1 : _growth.value();
     QRectF shown(handle());
     shown.setLeft(shown.right() - restingWidth - growth * (grownWidth - restingWidth));

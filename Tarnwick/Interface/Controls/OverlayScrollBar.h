@@ -15,8 +15,8 @@ class OverlayScrollBar final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Becomes a child of the area. Requires: `appearance` lives longer.
-    OverlayScrollBar(QAbstractScrollArea& area, const Appearance& appearance);
+    /// Becomes a child of the area.
+    OverlayScrollBar(QAbstractScrollArea& area);
 
     /// Logical pixels at both ends of the area that the handle keeps clear of.
     void setInsets(int top, int bottom);
@@ -40,7 +40,6 @@ private:
     int trackLength() const;
 
     QAbstractScrollArea& _area;
-    const Appearance& _appearance;
     Fade _growth;
     int _topInset = 2;
     int _bottomInset = 2;

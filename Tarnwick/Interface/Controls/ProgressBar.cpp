@@ -14,10 +14,11 @@ constexpr double radius = 2;
 
 }  // namespace
 
-ProgressBar::ProgressBar(const Appearance& appearance, QWidget* parent)
-    : Indicator(appearance, parent)
+ProgressBar::ProgressBar(QWidget* parent)
+    : Indicator(parent)
 {
     setAccessibleName(tr("Progress"));
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
 QSize ProgressBar::sizeHint() const
@@ -31,10 +32,10 @@ void ProgressBar::paintEvent(QPaintEvent* /*event*/)
     const QRectF track(rect());
     const Palette& palette = appearance().palette();
     Painting::fillRounded(painter, track, radius, palette.strongLine);
-    QColor colour = palette.textLink;
+    QColor color = palette.textLink;
     if (!isRunning()) {
-        colour.setAlphaF(0.4F);
-        Painting::fillRounded(painter, track, radius, colour);
+        color.setAlphaF(0.4F);
+        Painting::fillRounded(painter, track, radius, color);
         return;
     }
     const double length = track.width() / 3;
@@ -42,7 +43,7 @@ void ProgressBar::paintEvent(QPaintEvent* /*event*/)
     QPainterPath clip;
     clip.addRoundedRect(track, radius, radius);
     painter.setClipPath(clip);
-    Painting::fillRounded(painter, QRectF(start, 0, length, track.height()), radius, colour);
+    Painting::fillRounded(painter, QRectF(start, 0, length, track.height()), radius, color);
 }
 
 }  // namespace Tarnwick

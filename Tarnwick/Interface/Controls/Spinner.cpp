@@ -13,14 +13,11 @@ constexpr int sixteenthsOfDegree = 16;
 
 }  // namespace
 
-Spinner::Spinner(int size, const Appearance& appearance, QWidget* parent)
-    : Indicator(appearance, parent)
+Spinner::Spinner(int size, QWidget* parent)
+    : Indicator(parent)
     , _size(size)
 {
-    connect(&appearance, &Appearance::changed, this, [this] {
-        updateGeometry();
-        update();
-    });
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 QSize Spinner::sizeHint() const

@@ -8,7 +8,7 @@ namespace Tarnwick {
 class Spinner final : public Indicator {
 public:
     /// `size` is the ring's diameter at text scale 1.
-    Spinner(int size, const Appearance& appearance, QWidget* parent);
+    Spinner(int size, QWidget* parent);
 
     QSize sizeHint() const override;
 

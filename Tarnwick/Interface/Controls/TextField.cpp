@@ -15,109 +15,80 @@ constexpr int symbolSize = 16;
 /// What a line edit keeps free at both ends of its text on its own.
 constexpr int editMargin = 2;
 
-QFont textFont(const Appearance& appearance)
+QFont textFont()
 {
-    return appearance.line(TextStyle::body, TextWeight::regular).font;
+    return appearance().line(TextStyle::body, TextWeight::regular).font;
 }
 
 /// A line edit measures its font at once, and the desktop's own, which nothing else here is written
 /// in, takes milliseconds to load.
-QLineEdit* editIn(QWidget* field, const Appearance& appearance)
+QWidget* withTextFont(QWidget* parent)
 {
-    field->setFont(textFont(appearance));
-    return new QLineEdit(field);
+    parent->setFont(textFont());
+    return parent;
 }
 
 }  // namespace
 
-TextField::TextField(const QString& symbol, const Appearance& appearance, QWidget* parent)
-    : QWidget(parent)
-    , _appearance(appearance)
+TextField::TextField(const QString& symbol, int designHeight, QWidget* parent)
+    : QLineEdit(withTextFont(parent))
     , _symbol(symbol)
-    , _edit(editIn(this, appearance))
+    , _designHeight(designHeight)
 {
-    _edit->setFrame(false);
-    _edit->installEventFilter(this);
-    setFocusProxy(_edit);
-    setCursor(Qt::IBeamCursor);
-    adopt();
-    connect(&appearance, &Appearance::changed, this, &TextField::adopt);
+    setFrame(false);
+    QPalette clear;
+    clear.setColor(QPalette::Base, Qt::transparent);
+    setPalette(clear);
+    followStyle();
 }
 
 void TextField::setTrailingRoom(int room)
 {
     _trailingRoom = room;
-    layOut();
-}
-
-void TextField::setDesignHeight(int height)
-{
-    _designHeight = height;
-    updateGeometry();
+    followStyle();
 }
 
 QSize TextField::sizeHint() const
 {
-    return {200, _appearance.scaled(_designHeight)};
+    return {200, appearance().scaled(_designHeight)};
 }
 
-bool TextField::eventFilter(QObject* watched, QEvent* event)
+void TextField::followStyle()
 {
-    if (watched == _edit
-        && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)) {
-        update();
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
-void TextField::adopt()
-{
-    const Palette& colours = _appearance.palette();
-    QPalette palette = _edit->palette();
-    palette.setColor(QPalette::Base, Qt::transparent);
-    palette.setColor(QPalette::Text, colours.textPrimary);
-    palette.setColor(QPalette::PlaceholderText, colours.textTertiary);
-    palette.setColor(QPalette::Highlight, colours.accent);
-    palette.setColor(QPalette::HighlightedText, colours.onAccent);
-    palette.setColor(QPalette::Disabled, QPalette::Text, colours.textTertiary);
-    _edit->setPalette(palette);
-    _edit->setFont(textFont(_appearance));
-    updateGeometry();
-    layOut();
-    update();
-}
-
-void TextField::layOut()
-{
+    setFont(textFont());
+    setFixedHeight(sizeHint().height());
     const int start =
-        padding + (_symbol.isEmpty() ? 0 : _appearance.scaled(symbolSize) + padding) - editMargin;
-    _edit->setGeometry(start, 1, width() - start - padding - _trailingRoom, height() - 2);
+        padding + (_symbol.isEmpty() ? 0 : appearance().scaled(symbolSize) + padding) - editMargin;
+    setTextMargins(start, 1, padding + _trailingRoom, 1);
 }
 
-void TextField::paintEvent(QPaintEvent* /*event*/)
+void TextField::changeEvent(QEvent* event)
 {
-    QPainter painter(this);
-    const Palette& palette = _appearance.palette();
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::StyleChange) {
+        followStyle();
+    }
+}
+
+void TextField::paintEvent(QPaintEvent* event)
+{
+    const Palette& palette = appearance().palette();
     const QRectF frame(rect());
-    const bool focused = _edit->hasFocus();
+    QPainter painter(this);
     Painting::fillRounded(painter, frame, radius, palette.field);
     Painting::strokeInside(
-        painter, frame, radius, focused ? 2 : 1, focused ? palette.accent : palette.controlLine);
+        painter,
+        frame,
+        radius,
+        hasFocus() ? 2 : 1,
+        hasFocus() ? palette.accent : palette.controlLine);
     if (!_symbol.isEmpty()) {
-        const int size = _appearance.scaled(symbolSize);
+        const int size = appearance().scaled(symbolSize);
         SystemSymbol{_symbol}.draw(
             painter, QRectF(padding, (height() - size) / 2.0, size, size), palette.textTertiary);
     }
-}
-
-void TextField::resizeEvent(QResizeEvent* /*event*/)
-{
-    layOut();
-}
-
-void TextField::mousePressEvent(QMouseEvent* /*event*/)
-{
-    _edit->setFocus(Qt::MouseFocusReason);
+    painter.end();
+    QLineEdit::paintEvent(event);
 }
 
 }  // namespace Tarnwick

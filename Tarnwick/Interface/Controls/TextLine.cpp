@@ -8,18 +8,12 @@
 
 namespace Tarnwick {
 
-TextLine::TextLine(
-    const QString& text, Setting setting, const Appearance& appearance, QWidget* parent)
+TextLine::TextLine(const QString& text, Setting setting, QWidget* parent)
     : QLabel(parent)
     , _setting(setting)
-    , _appearance(appearance)
 {
     setTextFormat(Qt::PlainText);
     setText(text);
-    connect(&appearance, &Appearance::changed, this, [this] {
-        updateGeometry();
-        update();
-    });
 }
 
 QSize TextLine::sizeHint() const
@@ -37,7 +31,7 @@ void TextLine::paintEvent(QPaintEvent* /*event*/)
     const QString shown =
         QFontMetricsF(style.font).elidedText(text(), Qt::ElideRight, width() + 0.5);
     Painting::text(
-        painter, line, shown, style, _appearance.palette().*_setting.colour, _setting.alignment);
+        painter, line, shown, style, appearance().palette().*_setting.color, _setting.alignment);
 }
 
 }  // namespace Tarnwick

@@ -15,13 +15,13 @@ public:
     struct Setting {
         TextStyle style = TextStyle::body;
         TextWeight weight = TextWeight::regular;
-        QColor Palette::* colour = &Palette::textPrimary;
+        QColor Palette::* color = &Palette::textPrimary;
         Qt::AlignmentFlag alignment = Qt::AlignLeft;
     };
 
-    TextLine(const QString& text, Setting setting, const Appearance& appearance, QWidget* parent);
+    TextLine(const QString& text, Setting setting, QWidget* parent);
 
-    LineStyle lineStyle() const { return _appearance.line(_setting.style, _setting.weight); }
+    LineStyle lineStyle() const { return appearance().line(_setting.style, _setting.weight); }
 
     QSize sizeHint() const override;
 
@@ -32,7 +32,6 @@ protected:
 
 private:
     Setting _setting;
-    const Appearance& _appearance;
 };
 
 }  // namespace Tarnwick

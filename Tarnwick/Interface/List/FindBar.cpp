@@ -1,13 +1,15 @@
 #include "Tarnwick/Interface/List/FindBar.h"
 
-#include "Tarnwick/Interface/Controls/Fade.h"
-#include "Tarnwick/Interface/Controls/IconButton.h"
+#include "Tarnwick/Interface/Controls/PushButton.h"
 #include "Tarnwick/Interface/Controls/TextField.h"
 #include "Tarnwick/Interface/Controls/TextLine.h"
 #include "Tarnwick/Interface/Look/Painting.h"
 
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
+
+#include <cmath>
 
 namespace Tarnwick {
 namespace {
@@ -16,148 +18,107 @@ constexpr int barHeight = 40;
 constexpr int fieldHeight = 28;
 constexpr int sideMargin = 16;
 constexpr int gap = 8;
-constexpr IconButton::Extent closeExtent{.icon = 12, .box = 20, .radius = 6};
 
 }  // namespace
 
-FindBar::FindBar(const Appearance& appearance, QWidget* parent)
+FindBar::FindBar(QWidget* parent)
     : QWidget(parent)
-    , _appearance(appearance)
-    , _field(new TextField(QStringLiteral("tarnwick-find"), appearance, this))
+    , _content(new QWidget(this))
+    , _field(new TextField(QStringLiteral("tarnwick-find"), fieldHeight, _content))
     , _matches(new TextLine(
           QString(),
           {.style = TextStyle::footnote,
-           .colour = &Palette::textTertiary,
+           .color = &Palette::textTertiary,
            .alignment = Qt::AlignRight},
-          appearance,
-          this))
-    , _closeButton(new IconButton(
-          QStringLiteral("tarnwick-close"),
+          _content))
+    , _closeButton(new PushButton(
           QStringLiteral("Stop Finding"),
-          closeExtent,
-          appearance,
-          this))
+          PushButton::Kind::quiet,
+          _content,
+          PushButton::Size::small))
+    , _slide(*this, Fade::slideMilliseconds, [this] { place(); })
 {
     const QString purpose = QStringLiteral("Find pull requests");
     setObjectName(QStringLiteral("findBar"));
-    QLineEdit& edit = _field->edit();
-    edit.setObjectName(QStringLiteral("findField"));
-    edit.setAccessibleName(purpose);
-    edit.setPlaceholderText(purpose);
-    edit.installEventFilter(this);
+    _field->setObjectName(QStringLiteral("findField"));
+    _field->setAccessibleName(purpose);
+    _field->setPlaceholderText(purpose);
+    _field->installEventFilter(this);
     _matches->setObjectName(QStringLiteral("findMatches"));
     _matches->setAttribute(Qt::WA_TransparentForMouseEvents);
     _closeButton->setObjectName(QStringLiteral("findClose"));
-    _closeButton->setToolTip(_closeButton->accessibleName());
-    _slide.setDuration(Fade::slideMilliseconds);
-    _slide.setEasingCurve(QEasingCurve::OutCubic);
-    setFixedHeight(0);
-    hide();
+    _closeButton->setSymbol(QStringLiteral("tarnwick-close"));
+    _closeButton->setToolTip(_closeButton->text());
+    auto* const bar = new QGridLayout(_content);
+    bar->setContentsMargins(sideMargin, 0, sideMargin, 0);
+    bar->addWidget(_field, 0, 0);
+    auto* const inField = new QHBoxLayout;
+    inField->setContentsMargins(0, 0, gap, 0);
+    inField->setSpacing(gap);
+    inField->addStretch();
+    inField->addWidget(_matches);
+    inField->addWidget(_closeButton);
+    bar->addLayout(inField, 0, 0);
+    place();
 
-    connect(&edit, &QLineEdit::textChanged, this, &FindBar::findTextChanged);
+    connect(_field, &QLineEdit::textChanged, this, &FindBar::findTextChanged);
     connect(_closeButton, &QAbstractButton::clicked, this, &FindBar::close);
-    connect(&_slide, &QVariantAnimation::valueChanged, this, [this](const QVariant& height) {
-        setFixedHeight(height.toInt());
-    });
-    connect(&_slide, &QVariantAnimation::finished, this, [this] { setVisible(_isOpen); });
-    connect(&appearance, &Appearance::changed, this, &FindBar::adoptAppearance);
 }
 
 QString FindBar::text() const
 {
-    return _field->edit().text();
+    return _field->text();
 }
 
 void FindBar::setText(const QString& text)
 {
-    _field->edit().setText(text);
-}
-
-QString FindBar::matchesText() const
-{
-    return _matches->text();
-}
-
-void FindBar::adoptAppearance()
-{
-    if (_isOpen) {
-        _slide.stop();
-        setFixedHeight(openHeight());
-    }
-    layOut();
-    update();
+    _field->setText(text);
 }
 
 int FindBar::openHeight() const
 {
-    return _appearance.scaled(barHeight);
+    return appearance().scaled(barHeight);
 }
 
 void FindBar::open()
 {
-    if (!_isOpen) {
-        _isOpen = true;
-        show();
-        slideTo(openHeight());
-    }
-    _field->edit().setFocus(Qt::ShortcutFocusReason);
-    _field->edit().selectAll();
+    show();
+    _slide.setOn(true);
+    _field->setFocus(Qt::ShortcutFocusReason);
+    _field->selectAll();
 }
 
 void FindBar::close()
 {
-    if (!_isOpen) {
+    if (!isOpen()) {
         return;
     }
-    _isOpen = false;
-    _field->edit().clear();
+    _field->clear();
+    _slide.setOn(false);
     Q_EMIT closed();
-    slideTo(0);
 }
 
-void FindBar::slideTo(int height)
+/// While the bar slides, what is in it comes and goes with its lower edge.
+void FindBar::place()
 {
-    _slide.stop();
-    const bool isInSight = parentWidget() != nullptr && parentWidget()->isVisible();
-    if (_appearance.reducedMotion() || !isInSight) {
-        setFixedHeight(height);
-        setVisible(_isOpen);
-        return;
-    }
-    _slide.setStartValue(this->height());
-    _slide.setEndValue(height);
-    _slide.start();
+    setFixedHeight(static_cast<int>(std::lround(_slide.value() * openHeight())));
+    setVisible(isOpen() || _slide.value() > 0);
+    _content->setGeometry(0, height() - openHeight(), width(), openHeight());
+    const int matchesWidth = _matches->sizeHint().width();
+    _field->setTrailingRoom(
+        _closeButton->sizeHint().width() + gap + (matchesWidth > 0 ? matchesWidth + gap : 0));
 }
 
 void FindBar::setMatches(int shown, int total)
 {
     _matches->setText(
         text().trimmed().isEmpty() ? QString() : QStringLiteral("%1 of %2").arg(shown).arg(total));
-    layOut();
+    place();
 }
 
 QSize FindBar::sizeHint() const
 {
     return {200, openHeight()};
-}
-
-void FindBar::layOut()
-{
-    const int height = _appearance.scaled(fieldHeight);
-    // While the bar slides, what is in it comes and goes with its lower edge.
-    const int top = this->height() - openHeight() + (openHeight() - height) / 2;
-    const QRect field(sideMargin, top, width() - 2 * sideMargin, height);
-    _field->setGeometry(field);
-    const int box = _closeButton->visibleSize().width();
-    const QRect closeBox(
-        field.left() + field.width() - gap - box, top + (height - box) / 2, box, box);
-    _closeButton->place(closeBox);
-    const QSize matches = _matches->text().isEmpty() ? QSize(0, 0) : _matches->sizeHint();
-    _matches->setGeometry(QRect(
-        QPoint(closeBox.left() - gap - matches.width(), top + (height - matches.height()) / 2),
-        matches));
-    const int matchesRoom = matches.isEmpty() ? 0 : matches.width() + gap;
-    _field->setTrailingRoom(box + gap + matchesRoom);
 }
 
 bool FindBar::takesKey(const QKeyEvent& event)
@@ -185,7 +146,7 @@ bool FindBar::takesKey(const QKeyEvent& event)
 
 std::vector<QWidget*> FindBar::stops() const
 {
-    return {&_field->edit(), _closeButton};
+    return {_field, _closeButton};
 }
 
 bool FindBar::eventFilter(QObject* watched, QEvent* event)
@@ -199,7 +160,7 @@ bool FindBar::eventFilter(QObject* watched, QEvent* event)
 void FindBar::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const Palette& palette = _appearance.palette();
+    const Palette& palette = appearance().palette();
     painter.fillRect(rect(), palette.surfaceChrome);
     const double pixel = 1 / painter.deviceTransform().m22();
     Painting::hairline(painter, 0, height() - pixel, width(), palette.hairline);
@@ -207,7 +168,15 @@ void FindBar::paintEvent(QPaintEvent* /*event*/)
 
 void FindBar::resizeEvent(QResizeEvent* /*event*/)
 {
-    layOut();
+    place();
+}
+
+void FindBar::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::StyleChange) {
+        place();
+    }
 }
 
 }  // namespace Tarnwick

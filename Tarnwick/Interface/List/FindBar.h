@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QVariantAnimation>
+#include "Tarnwick/Interface/Controls/Fade.h"
+
 #include <QWidget>
 
 #include <vector>
@@ -9,8 +10,7 @@ class QKeyEvent;
 
 namespace Tarnwick {
 
-class Appearance;
-class IconButton;
+class PushButton;
 class TextField;
 class TextLine;
 
@@ -20,10 +20,10 @@ class FindBar final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Requires: `appearance` lives longer than the bar. It is closed at first.
-    explicit FindBar(const Appearance& appearance, QWidget* parent = nullptr);
+    /// It is closed at first.
+    explicit FindBar(QWidget* parent = nullptr);
 
-    bool isOpen() const { return _isOpen; }
+    bool isOpen() const { return _slide.isOn(); }
 
     /// The widgets that Tab stops at, in order.
     std::vector<QWidget*> stops() const;
@@ -39,9 +39,6 @@ public:
 
     /// Says how many of all rows match, while there is something to find.
     void setMatches(int shown, int total);
-
-    /// What stands at the end of the field: "7 of 12", or nothing.
-    QString matchesText() const;
 
     QSize sizeHint() const override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -59,20 +56,17 @@ Q_SIGNALS:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
-    void adoptAppearance();
-    void layOut();
-    void slideTo(int height);
+    void place();
     int openHeight() const;
     bool takesKey(const QKeyEvent& event);
-
-    const Appearance& _appearance;
+    QWidget* _content;
     TextField* _field;
     TextLine* _matches;
-    IconButton* _closeButton;
-    QVariantAnimation _slide;
-    bool _isOpen = false;
+    PushButton* _closeButton;
+    Fade _slide;  ///< How much of the height is open.
 };
 
 }  // namespace Tarnwick

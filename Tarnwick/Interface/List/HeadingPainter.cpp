@@ -13,18 +13,14 @@ constexpr int titleToCount = 6;
 
 }  // namespace
 
-int headingHeight(const Appearance& appearance)
+int headingHeight()
 {
-    return appearance.scaled(heightAtScale1);
+    return appearance().scaled(heightAtScale1);
 }
 
-void paintHeading(
-    QPainter& painter,
-    const QRect& place,
-    const GroupHeading& heading,
-    const Appearance& appearance)
+void paintHeading(QPainter& painter, const QRect& place, const GroupHeading& heading)
 {
-    const Palette& palette = appearance.palette();
+    const Palette& palette = appearance().palette();
     painter.fillRect(Painting::aligned(painter, QRectF(place)), palette.surfaceChrome);
     const double pixel = 1 / painter.deviceTransform().m22();
     const double bottom = place.top() + place.height() - pixel;
@@ -32,7 +28,7 @@ void paintHeading(
     if (place.top() > 0) {
         Painting::hairline(painter, place.left(), place.top(), place.width(), palette.hairline);
     }
-    const LineStyle title = appearance.line(TextStyle::caption, TextWeight::bold);
+    const LineStyle title = appearance().line(TextStyle::caption, TextWeight::bold);
     const QString text = HeadingWording::title(heading.whose);
     const double top = place.top() + (place.height() - title.height) / 2.0;
     const QRectF line(place.left() + margin, top, place.width() - 2 * margin, title.height);
@@ -41,7 +37,7 @@ void paintHeading(
         painter,
         QPointF(line.left() + Painting::width(text, title) + titleToCount, top),
         HeadingWording::count(heading),
-        appearance.line(TextStyle::caption, TextWeight::medium),
+        appearance().line(TextStyle::caption, TextWeight::medium),
         palette.textTertiary);
 }
 

@@ -21,29 +21,27 @@ constexpr int wheelStep = 20;
 /// How far below the place that it is given Qt shows a help text, at least.
 constexpr int helpBelowPointer = 16;
 
-void paintNoMatches(QPainter& painter, const QRectF& area, const Appearance& appearance)
+void paintNoMatches(QPainter& painter, const QRectF& area)
 {
-    const LineStyle style = appearance.line(TextStyle::body, TextWeight::regular);
+    const LineStyle style = appearance().line(TextStyle::body, TextWeight::regular);
     const double top = area.top() + (area.height() - style.height) / 2;
     Painting::text(
         painter,
         QRectF(area.left(), top, area.width(), style.height),
         QStringLiteral("No matches"),
         style,
-        appearance.palette().textSecondary,
+        appearance().palette().textSecondary,
         Qt::AlignHCenter);
 }
 
 }  // namespace
 
-PullRequestListView::PullRequestListView(
-    PullRequestListModel& model, const Appearance& appearance, QWidget* parent)
+PullRequestListView::PullRequestListView(PullRequestListModel& model, QWidget* parent)
     : QListView(parent)
     , _model(model)
-    , _appearance(appearance)
-    , _delegate(new RowDelegate(model, appearance, this))
-    , _scrollBar(*this, appearance)
-    , _hover(*viewport(), appearance)
+    , _delegate(new RowDelegate(model, this))
+    , _scrollBar(*this)
+    , _hover(*viewport())
 {
     setObjectName(QStringLiteral("pullRequestList"));
     setAccessibleName(QStringLiteral("Pull requests"));
@@ -59,7 +57,6 @@ PullRequestListView::PullRequestListView(
     setMouseTracking(true);
     viewport()->setMouseTracking(true);
     setModel(&model);
-    connect(&appearance, &Appearance::changed, this, &PullRequestListView::adoptAppearance);
     connect(
         &model, &PullRequestListModel::listAboutToChange, this, &PullRequestListView::startTaking);
     connect(&model, &PullRequestListModel::listChanged, this, &PullRequestListView::takeInList);
@@ -70,14 +67,22 @@ PullRequestListView::PullRequestListView(
         [this](const QModelIndex&, int from, int, const QModelIndex&, int before) {
             noteMove(before > from ? before - 1 : before);
         });
-    adoptAppearance();
+    applyAppearance();
 }
 
-void PullRequestListView::adoptAppearance()
+void PullRequestListView::applyAppearance()
 {
-    verticalScrollBar()->setSingleStep(_appearance.scaled(wheelStep));
+    verticalScrollBar()->setSingleStep(appearance().scaled(wheelStep));
     scheduleDelayedItemsLayout();
     viewport()->update();
+}
+
+void PullRequestListView::changeEvent(QEvent* event)
+{
+    QListView::changeEvent(event);
+    if (event->type() == QEvent::StyleChange) {
+        applyAppearance();
+    }
 }
 
 void PullRequestListView::startTaking()
@@ -212,9 +217,9 @@ void PullRequestListView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(viewport());
     const QRect& area = event->rect();
-    painter.fillRect(area, _appearance.palette().surfaceList);
+    painter.fillRect(area, appearance().palette().surfaceList);
     if (_model.rowCount() == 0 && _model.isFinding()) {
-        paintNoMatches(painter, viewport()->rect(), _appearance);
+        paintNoMatches(painter, viewport()->rect());
     }
     const QModelIndex first = indexAt(QPoint(1, area.top()));
     for (int row = first.row(); first.isValid() && row < _model.rowCount(); ++row) {
@@ -223,7 +228,7 @@ void PullRequestListView::paintEvent(QPaintEvent* event)
             break;
         }
         if (_model.isHeading(row)) {
-            paintHeading(painter, place, _model.heading(row), _appearance);
+            paintHeading(painter, place, _model.heading(row));
             continue;
         }
         painter.save();

@@ -22,9 +22,8 @@ class PullRequestListView final : public QListView {
     Q_OBJECT
 
 public:
-    /// Requires: `model` and `appearance` live longer than the view.
-    PullRequestListView(
-        PullRequestListModel& model, const Appearance& appearance, QWidget* parent = nullptr);
+    /// Requires: `model` lives longer than the view.
+    PullRequestListView(PullRequestListModel& model, QWidget* parent = nullptr);
 
     const RowDelegate& rows() const { return *_delegate; }
 
@@ -64,6 +63,7 @@ Q_SIGNALS:
 
 protected:
     bool viewportEvent(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -79,7 +79,7 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    void adoptAppearance();
+    void applyAppearance();
     void takeInList();
     void noteMove(int row);
     void startTaking();
@@ -102,7 +102,6 @@ private:
     bool isFilled(int row) const;
 
     PullRequestListModel& _model;
-    const Appearance& _appearance;
     RowDelegate* _delegate;
     OverlayScrollBar _scrollBar;
     RowHover _hover;

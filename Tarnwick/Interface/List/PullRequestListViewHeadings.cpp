@@ -68,7 +68,7 @@ void PullRequestListView::paintStuckHeading(QPainter& painter) const
     if (const std::optional<StuckHeading> heading = stuck()) {
         const int row = _model.headingRows()[static_cast<std::size_t>(heading->index)];
         const QRect place(0, heading->top, viewport()->width(), coveredHeight());
-        paintHeading(painter, place, _model.heading(row), _appearance);
+        paintHeading(painter, place, _model.heading(row));
     }
 }
 

@@ -156,7 +156,7 @@ void PullRequestListView::showMenu(int row, const QPoint& globalPosition)
     const auto choose = [this, pullRequest](RowAction action) {
         Q_EMIT actionRequested(action, pullRequest);
     };
-    _menu = makeRowMenu(_model.content(row).listed(), _account, choose, _appearance, this);
+    _menu = makeRowMenu(_model.content(row).listed(), _account, choose, this);
     _menu->popup(globalPosition);
 }
 

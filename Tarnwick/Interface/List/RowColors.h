@@ -7,7 +7,7 @@
 
 namespace Tarnwick {
 
-/// The colours that tell a pull request's state. Green, red, purple and draft grey are the same in
+/// The colors that tell a pull request's state. Green, red, purple and draft grey are the same in
 /// both appearances. Safe from any thread.
 namespace RowColors {
 
@@ -23,8 +23,8 @@ QColor reviewColor(PullRequestKit::ReviewState state, const Palette& palette);
 /// A failure shows before everything else has ended.
 QColor checkColor(const PullRequestKit::ProgressCount& checks, const Palette& palette);
 
-/// Whether small figures of this colour are hard to read on a dark surface, so that whoever asks
-/// for more contrast gets them in white on a plate of the colour.
+/// Whether small figures of this color are hard to read on a dark surface, so that whoever asks
+/// for more contrast gets them in white on a plate of the color.
 bool wantsPlate(const QColor& color);
 
 }  // namespace RowColors

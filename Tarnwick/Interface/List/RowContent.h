@@ -49,7 +49,7 @@ public:
 
     bool isVisited() const { return _listed.isVisited; }
 
-    /// Whether the row is hidden and shown all the same: without colour, and saying why.
+    /// Whether the row is hidden and shown all the same: without color, and saying why.
     bool isDimmed() const { return isHidden(_listed.sight); }
 
     /// Whether it carries the mark of what has changed since the user last opened it.

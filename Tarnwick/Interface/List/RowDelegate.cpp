@@ -24,26 +24,24 @@ constexpr std::array<std::pair<RowPart, QRect RowGeometry::*>, 9> partPlaces{{
 
 }  // namespace
 
-RowDelegate::RowDelegate(
-    const PullRequestListModel& model, const Appearance& appearance, QObject* parent)
+RowDelegate::RowDelegate(const PullRequestListModel& model, QObject* parent)
     : QAbstractItemDelegate(parent)
     , _model(model)
-    , _appearance(appearance)
-    , _textScale(appearance.textScale())
+    , _textScale(appearance().textScale())
     , _counts(model.countWidths())
-    , _metrics(rowMetrics(appearance, 0, _counts))
+    , _metrics(rowMetrics(0, _counts))
     , _titles(_metrics.title)
 {}
 
 void RowDelegate::setWidth(int width)
 {
-    const bool isOtherText = _textScale != _appearance.textScale();
+    const bool isOtherText = _textScale != appearance().textScale();
     if (_metrics.width == width && !isOtherText && _counts == _model.countWidths()) {
         return;
     }
-    _textScale = _appearance.textScale();
+    _textScale = appearance().textScale();
     _counts = _model.countWidths();
-    _metrics = rowMetrics(_appearance, width, _counts);
+    _metrics = rowMetrics(width, _counts);
     if (isOtherText) {
         _titles = TitleCache(_metrics.title);
         _dimmedTitles.reset();
@@ -156,7 +154,7 @@ QString RowDelegate::helpText(int row, RowPart part) const
 
 void RowDelegate::paint(QPainter& painter, int row, const RowSituation& situation) const
 {
-    RowPainter(painter, _appearance, _metrics, _model.now(), _model.findWords())
+    RowPainter(painter, _metrics, _model.now(), _model.findWords())
         .paint(_model.content(row), geometry(row), *title(row), situation);
 }
 
@@ -164,7 +162,7 @@ void RowDelegate::paint(
     QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     if (_model.isHeading(index.row())) {
-        paintHeading(*painter, option.rect, _model.heading(index.row()), _appearance);
+        paintHeading(*painter, option.rect, _model.heading(index.row()));
         return;
     }
     painter->save();

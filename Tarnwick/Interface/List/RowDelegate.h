@@ -31,7 +31,7 @@ class RowDelegate final : public QAbstractItemDelegate {
     Q_OBJECT
 
 public:
-    RowDelegate(const PullRequestListModel& model, const Appearance& appearance, QObject* parent);
+    RowDelegate(const PullRequestListModel& model, QObject* parent);
 
     /// To be called before rows of another width, text size or widest count are asked for.
     void setWidth(int width);
@@ -63,7 +63,6 @@ private:
     QString detailsHelpText(int row) const;
 
     const PullRequestListModel& _model;
-    const Appearance& _appearance;
     double _textScale;
     CountWidths _counts;
     RowMetrics _metrics;

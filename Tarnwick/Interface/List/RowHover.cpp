@@ -7,9 +7,8 @@
 
 namespace Tarnwick {
 
-RowHover::RowHover(QWidget& widget, const Appearance& appearance)
+RowHover::RowHover(QWidget& widget)
     : _widget(widget)
-    , _appearance(appearance)
 {
     _animation.setDuration(Fade::fillMilliseconds);
     _animation.setStartValue(0.0);
@@ -30,7 +29,7 @@ void RowHover::setRow(const QModelIndex& index)
     _before = _current;
     _beforeFill = left;
     _current = index;
-    if (_appearance.reducedMotion() || !_widget.isVisible()) {
+    if (appearance().reducedMotion() || !_widget.isVisible()) {
         _progress = 1;
     } else {
         _progress = 0;

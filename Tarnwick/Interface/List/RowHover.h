@@ -7,14 +7,12 @@ class QWidget;
 
 namespace Tarnwick {
 
-class Appearance;
-
 /// Which row is under the pointer, and how far its fill has come and the fill of the row before has
 /// gone. Without motion both are immediate. Main thread only.
 class RowHover {
 public:
     /// Repaints `widget` while a fill changes.
-    RowHover(QWidget& widget, const Appearance& appearance);
+    RowHover(QWidget& widget);
 
     /// An invalid index for none.
     void setRow(const QModelIndex& index);
@@ -26,7 +24,6 @@ public:
 
 private:
     QWidget& _widget;
-    const Appearance& _appearance;
     QPersistentModelIndex _current;
     QPersistentModelIndex _before;
     double _beforeFill = 0;  ///< Of the row before, when the pointer left it.

@@ -52,14 +52,10 @@ void addMutes(Menu& menu, const ListedRow& row, const std::string& account, cons
 }  // namespace
 
 Menu* makeRowMenu(
-    const ListedRow& row,
-    const std::string& account,
-    const Choose& choose,
-    const Appearance& appearance,
-    QWidget* parent)
+    const ListedRow& row, const std::string& account, const Choose& choose, QWidget* parent)
 {
     const PullRequestKit::PullRequest& pullRequest = row.row->pullRequest;
-    auto* const menu = new Menu(QString(), appearance, parent);
+    auto* const menu = new Menu(QString(), parent);
     menu->setObjectName(QStringLiteral("rowMenu"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
     addChoice(*menu, QStringLiteral("Open in Browser"), RowAction::open, choose);

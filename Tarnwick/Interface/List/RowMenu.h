@@ -30,7 +30,6 @@ Menu* makeRowMenu(
     const ListedRow& row,
     const std::string& account,
     const std::function<void(RowAction)>& choose,
-    const Appearance& appearance,
     QWidget* parent);
 
 }  // namespace Tarnwick

@@ -29,23 +29,23 @@ void setBadges(RowMetrics& metrics, int gap, CountWidths counts)
 
 }  // namespace
 
-RowMetrics rowMetrics(const Appearance& appearance, int width, CountWidths counts)
+RowMetrics rowMetrics(int width, CountWidths counts)
 {
     RowMetrics metrics;
-    metrics.title = appearance.line(TextStyle::body, TextWeight::medium);
-    metrics.dimmedTitle = appearance.line(TextStyle::body, TextWeight::regular);
-    metrics.caption = appearance.line(TextStyle::caption, TextWeight::regular);
-    metrics.count = appearance.line(TextStyle::caption, TextWeight::medium);
+    metrics.title = appearance().line(TextStyle::body, TextWeight::medium);
+    metrics.dimmedTitle = appearance().line(TextStyle::body, TextWeight::regular);
+    metrics.caption = appearance().line(TextStyle::caption, TextWeight::regular);
+    metrics.count = appearance().line(TextStyle::caption, TextWeight::medium);
     metrics.width = width;
-    metrics.heading = headingHeight(appearance);
-    metrics.icon = appearance.scaled(16);
+    metrics.heading = headingHeight();
+    metrics.icon = appearance().scaled(16);
     // Odd at text scale 1, so it follows the text by a rule of its own: 11, 14, 16.
-    metrics.arrow = static_cast<int>(std::ceil(11 * appearance.textScale() - 0.5));
+    metrics.arrow = static_cast<int>(std::ceil(11 * appearance().textScale() - 0.5));
     // Even as the icon, whose middle it shares: 6, 8, 10.
-    metrics.dot = 2 * static_cast<int>(std::round(3 * appearance.textScale()));
-    metrics.dotHelpWidth = appearance.scaled(24);
-    metrics.editorButton = QSize(appearance.scaled(28), appearance.scaled(20));
-    metrics.editorIcon = appearance.scaled(14);
+    metrics.dot = 2 * static_cast<int>(std::round(3 * appearance().textScale()));
+    metrics.dotHelpWidth = appearance().scaled(24);
+    metrics.editorButton = QSize(appearance().scaled(28), appearance().scaled(20));
+    metrics.editorIcon = appearance().scaled(14);
     setBadges(metrics, wideBadgeGap, counts);
     if (titleWidth(metrics, deepest) < narrowTitle) {
         setBadges(metrics, narrowBadgeGap, counts);

@@ -36,6 +36,6 @@ struct RowMetrics {
 
 /// For rows of this width. Where little room is left for titles, badges give up some of their gaps.
 /// Main thread only.
-RowMetrics rowMetrics(const Appearance& appearance, int width, CountWidths counts);
+RowMetrics rowMetrics(int width, CountWidths counts);
 
 }  // namespace Tarnwick

@@ -29,14 +29,12 @@ void drawIcon(QPainter& painter, const char* name, const QRect& place, const QCo
 
 RowPainter::RowPainter(
     QPainter& painter,
-    const Appearance& appearance,
     const RowMetrics& metrics,
     PullRequestKit::Date now,
     const QStringList& findWords)
     : _painter(painter)
-    , _appearance(appearance)
     , _metrics(metrics)
-    , _palette(appearance.palette())
+    , _palette(appearance().palette())
     , _now(now)
     , _findWords(findWords)
 {}
@@ -147,7 +145,7 @@ void RowPainter::paintBadges(const RowContent& content, const RowGeometry& geome
 void RowPainter::paintCount(const QRect& place, const QString& label, const QColor& color)
 {
     const bool hasPlate =
-        _appearance.isDark() && _appearance.higherContrast() && RowColors::wantsPlate(color);
+        appearance().isDark() && appearance().higherContrast() && RowColors::wantsPlate(color);
     if (hasPlate) {
         const double width = CountFigures::widthInEm(label) * _metrics.count.pixelSize;
         const QRectF plate(

@@ -25,7 +25,6 @@ class RowPainter {
 public:
     RowPainter(
         QPainter& painter,
-        const Appearance& appearance,
         const RowMetrics& metrics,
         PullRequestKit::Date now,
         const QStringList& findWords);
@@ -51,7 +50,6 @@ private:
     void paintEditorButton(const RowGeometry& geometry, const RowSituation& situation);
 
     QPainter& _painter;
-    const Appearance& _appearance;
     const RowMetrics& _metrics;
     const Palette& _palette;
     PullRequestKit::Date _now;

@@ -28,17 +28,13 @@ double desktopTextScale()
 
 }  // namespace
 
-Appearance::Appearance(QObject* parent)
-    : QObject(parent)
-    , _textScale(desktopTextScale())
+Appearance::Appearance(std::optional<double> textScale)
+    : _textScale(textScale.value_or(desktopTextScale()))
 {
-    QCoreApplication::instance()->installEventFilter(this);
+    if (!textScale) {
+        QCoreApplication::instance()->installEventFilter(this);
+    }
 }
-
-Appearance::Appearance(double textScale, QObject* parent)
-    : QObject(parent)
-    , _textScale(textScale)
-{}
 
 void Appearance::setDark(bool dark)
 {
@@ -52,6 +48,14 @@ void Appearance::setWishes(Wishes wishes)
 {
     if (_wishes != wishes) {
         _wishes = wishes;
+        Q_EMIT changed();
+    }
+}
+
+void Appearance::setTextScale(double textScale)
+{
+    if (_textScale != textScale) {
+        _textScale = textScale;
         Q_EMIT changed();
     }
 }
@@ -76,11 +80,7 @@ LineStyle Appearance::line(TextStyle style, TextWeight weight) const
 bool Appearance::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::ApplicationFontChange && watched == QCoreApplication::instance()) {
-        const double scale = desktopTextScale();
-        if (_textScale != scale) {
-            _textScale = scale;
-            Q_EMIT changed();
-        }
+        setTextScale(desktopTextScale());
     }
     return QObject::eventFilter(watched, event);
 }

@@ -6,6 +6,8 @@
 #include <QFont>
 #include <QObject>
 
+#include <optional>
+
 namespace Tarnwick {
 
 /// How a line of text is set: its font, the height of the line and the place of the baseline below
@@ -18,8 +20,7 @@ struct LineStyle {
 };
 
 /// How everything on screen looks: light or dark, how large the desktop wants its text, whether it
-/// wants motion and how much contrast. Views take colours, fonts and sizes from here when they lay
-/// out and paint, and do so again on `changed`. Main thread only.
+/// wants motion and how much contrast. It belongs to the application's style. Main thread only.
 class Appearance final : public QObject {
     Q_OBJECT
 
@@ -32,11 +33,9 @@ public:
         bool operator==(const Wishes&) const = default;
     };
 
-    /// Text is as large as the desktop's font makes it.
-    explicit Appearance(QObject* parent = nullptr);
-
-    /// The same with a text scale that does not follow the desktop. 1 is a font of 10 points.
-    explicit Appearance(double textScale, QObject* parent = nullptr);
+    /// Text is as large as the desktop's font makes it, or has a scale that does not follow the
+    /// desktop. 1 is a font of 10 points.
+    explicit Appearance(std::optional<double> textScale);
 
     bool isDark() const { return _isDark; }
 
@@ -58,6 +57,8 @@ public:
     /// The desktop's font size divided by 10 points.
     double textScale() const { return _textScale; }
 
+    void setTextScale(double textScale);
+
     /// A length of the design at text scale 1, in logical pixels, made to fit the text and even.
     int scaled(int length) const;
 
@@ -74,5 +75,10 @@ private:
     Wishes _wishes;
     double _textScale = 1;
 };
+
+/// That of the application's style. Widgets take colors, fonts and sizes from it when they lay out
+/// and paint, and get `QEvent::StyleChange` when it has changed. Requires: `setApplicationStyle`
+/// was called. Main thread only.
+const Appearance& appearance();
 
 }  // namespace Tarnwick

@@ -13,7 +13,7 @@ namespace Tarnwick {
 /// A drawing of the resource bundle and how it is to appear.
 struct Drawing {
     QString path;
-    std::optional<QColor> tint;         ///< Nothing leaves the drawing in its own colours.
+    std::optional<QColor> tint;         ///< Nothing leaves the drawing in its own colors.
     std::optional<double> strokeWidth;  ///< Of the outlines, in units of the drawing's grid.
 };
 

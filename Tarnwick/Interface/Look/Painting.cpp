@@ -28,18 +28,18 @@ QRectF aligned(const QPainter& painter, const QRectF& rectangle)
     return {topLeft, bottomRight};
 }
 
-void fillRounded(QPainter& painter, const QRectF& rectangle, double radius, const QColor& colour)
+void fillRounded(QPainter& painter, const QRectF& rectangle, double radius, const QColor& color)
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, radius > 0);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(colour);
+    painter.setBrush(color);
     painter.drawRoundedRect(aligned(painter, rectangle), radius, radius);
     painter.restore();
 }
 
 void strokeInside(
-    QPainter& painter, const QRectF& rectangle, double radius, double width, const QColor& colour)
+    QPainter& painter, const QRectF& rectangle, double radius, double width, const QColor& color)
 {
     const double scale = painter.deviceTransform().m11();
     const double thickness = std::max(1.0, std::round(width * scale)) / scale;
@@ -51,15 +51,15 @@ void strokeInside(
     path.addRoundedRect(inner, innerRadius, innerRadius);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(path, colour);
+    painter.fillPath(path, color);
     painter.restore();
 }
 
-void hairline(QPainter& painter, double x, double y, double width, const QColor& colour)
+void hairline(QPainter& painter, double x, double y, double width, const QColor& color)
 {
     const double pixel = 1 / painter.deviceTransform().m22();
     const QRectF line = aligned(painter, QRectF(x, y, width, 0));
-    painter.fillRect(QRectF(line.left(), line.top(), line.width(), pixel), colour);
+    painter.fillRect(QRectF(line.left(), line.top(), line.width(), pixel), color);
 }
 
 void text(
@@ -67,7 +67,7 @@ void text(
     const QRectF& line,
     const QString& text,
     const LineStyle& style,
-    const QColor& colour,
+    const QColor& color,
     Qt::AlignmentFlag alignment)
 {
     double x = line.left();
@@ -78,7 +78,7 @@ void text(
     }
     const QPointF origin = aligned(painter, QRectF(x, line.top() + style.baseline, 0, 0)).topLeft();
     painter.setFont(style.font);
-    painter.setPen(colour);
+    painter.setPen(color);
     painter.drawText(origin, text);
 }
 

@@ -12,14 +12,14 @@ namespace Painting {
 /// The rectangle with its edges moved to the nearest device pixels, still in logical pixels.
 QRectF aligned(const QPainter& painter, const QRectF& rectangle);
 
-void fillRounded(QPainter& painter, const QRectF& rectangle, double radius, const QColor& colour);
+void fillRounded(QPainter& painter, const QRectF& rectangle, double radius, const QColor& color);
 
 /// A line of this width along the inside of the rectangle's edge, `radius` being the outer one.
 void strokeInside(
-    QPainter& painter, const QRectF& rectangle, double radius, double width, const QColor& colour);
+    QPainter& painter, const QRectF& rectangle, double radius, double width, const QColor& color);
 
 /// One device pixel high, its upper edge at `y`.
-void hairline(QPainter& painter, double x, double y, double width, const QColor& colour);
+void hairline(QPainter& painter, double x, double y, double width, const QColor& color);
 
 /// One line of text with its top at the rectangle's. It is not elided.
 void text(
@@ -27,7 +27,7 @@ void text(
     const QRectF& line,
     const QString& text,
     const LineStyle& style,
-    const QColor& colour,
+    const QColor& color,
     Qt::AlignmentFlag alignment = Qt::AlignLeft);
 
 double width(const QString& text, const LineStyle& style);

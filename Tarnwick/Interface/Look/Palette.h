@@ -4,7 +4,7 @@
 
 namespace Tarnwick {
 
-/// The colours of one appearance by what they are for. Views take all their colours from here but
+/// The colors of one appearance by what they are for. Views take all their colors from here but
 /// for the fixed ones that carry a pull request's state.
 struct Palette {
     QColor surfaceList;

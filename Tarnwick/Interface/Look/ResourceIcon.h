@@ -12,7 +12,7 @@ namespace Tarnwick {
 /// "questionmark.square.dashed" stands in its place.
 struct ResourceIcon {
     QString name;            ///< The file's base name.
-    bool isTemplate = true;  ///< Whether the icon takes the foreground colour.
+    bool isTemplate = true;  ///< Whether the icon takes the foreground color.
 
     /// Fills the rectangle, in logical pixels; `foreground` counts for templates.
     void draw(QPainter& painter, const QRectF& rectangle, const QColor& foreground) const;

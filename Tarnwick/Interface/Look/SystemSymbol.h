@@ -11,7 +11,7 @@ class QPainter;
 namespace Tarnwick {
 
 /// An outlined sign of the program's own family by its name, such as "tray" or
-/// "exclamationmark.triangle". It always takes the foreground colour.
+/// "exclamationmark.triangle". It always takes the foreground color.
 struct SystemSymbol {
     QString name;
     /// Of the outlines on a grid of 24. Nothing chooses it by the size: thin when large, strong

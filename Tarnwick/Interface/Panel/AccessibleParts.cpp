@@ -1,6 +1,7 @@
 #include "Tarnwick/Interface/Panel/AccessibleParts.h"
 
 #include "Tarnwick/Interface/Controls/ProgressBar.h"
+#include "Tarnwick/Interface/Controls/PushButton.h"
 #include "Tarnwick/Interface/List/AccessibleList.h"
 #include "Tarnwick/Interface/List/PullRequestListView.h"
 #include "Tarnwick/Interface/Panel/CardOverlay.h"
@@ -41,6 +42,39 @@ public:
     }
 };
 
+/// It tells whether what it opens is open.
+class AccessibleToggle final : public QAccessibleWidget {
+public:
+    explicit AccessibleToggle(PushButton* button)
+        : QAccessibleWidget(button, QAccessible::Button)
+        , _button(*button)
+    {}
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.pressed = _button.isDown() || (_button.isToggle() && _button.isOpen());
+        return state;
+    }
+
+    QStringList actionNames() const override
+    {
+        return QStringList(pressAction()) + QAccessibleWidget::actionNames();
+    }
+
+    void doAction(const QString& name) override
+    {
+        if (name == pressAction()) {
+            _button.click();
+        } else {
+            QAccessibleWidget::doAction(name);
+        }
+    }
+
+private:
+    PushButton& _button;
+};
+
 QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object)
 {
     if (auto* const card = qobject_cast<CardOverlay*>(object)) {
@@ -50,6 +84,9 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
         const bool isError = strip->tone() == Strip::Tone::error;
         return new QAccessibleWidget(
             strip, isError ? QAccessible::AlertMessage : QAccessible::Notification);
+    }
+    if (auto* const button = qobject_cast<PushButton*>(object)) {
+        return new AccessibleToggle(button);
     }
     if (auto* const list = qobject_cast<PullRequestListView*>(object)) {
         return makeAccessibleList(list);

@@ -1,6 +1,5 @@
 #include "Tarnwick/Interface/Panel/Alert.h"
 
-#include "Tarnwick/Interface/Controls/PushButton.h"
 #include "Tarnwick/Interface/Panel/MessageText.h"
 
 #include <QKeyEvent>
@@ -15,43 +14,45 @@ constexpr int betweenButtons = 8;
 
 }  // namespace
 
-Alert::Alert(
-    const QString& title, const Buttons& buttons, const Appearance& appearance, QWidget* parent)
-    : CardOverlay(cardWidth, appearance, parent)
-    , _title(new MessageText(
-          {.style = TextStyle::headline,
-           .weight = TextWeight::bold,
-           .alignment = Qt::AlignLeft,
-           .mostLines = 2,
-           .colour = &Palette::textPrimary},
-          appearance,
-          this))
-    , _message(new MessageText({}, appearance, this))
+Alert::Alert(const QString& title, const Buttons& buttons, QWidget* parent)
+    : CardOverlay(cardWidth, parent)
+    , _title(new MessageText(MessageText::cardTitle(), this))
+    , _message(new MessageText({}, this))
+    , _row(new QHBoxLayout)
 {
     setAccessibleName(title);
     _title->setText(title);
     _title->setObjectName(QStringLiteral("alertTitle"));
     _message->setObjectName(QStringLiteral("alertMessage"));
-    if (!buttons.copyHelp.isEmpty()) {
-        _copy = new PushButton(buttons.copyHelp, PushButton::Kind::plain, appearance, this);
-        _copy->setSymbol(QStringLiteral("doc.on.doc"));
-        _copy->setToolTip(buttons.copyHelp);
-        _copy->setObjectName(QStringLiteral("alertCopy"));
-        connect(_copy, &QAbstractButton::clicked, this, &Alert::copyTriggered);
+    content().addWidget(_title);
+    content().addSpacing(titleGap);
+    content().addWidget(_message);
+    content().addSpacing(buttonGap);
+    content().addLayout(_row);
+    _row->setSpacing(betweenButtons);
+    _row->addStretch();
+    PushButton* const copy = addButton(buttons.copyHelp, "alertCopy", &Alert::copyTriggered);
+    if (copy != nullptr) {
+        copy->setSymbol(QStringLiteral("doc.on.doc"));
+        copy->setToolTip(buttons.copyHelp);
     }
-    if (!buttons.cancel.isEmpty()) {
-        _cancel = new PushButton(buttons.cancel, PushButton::Kind::plain, appearance, this);
-        _cancel->setObjectName(QStringLiteral("alertCancel"));
-        connect(_cancel, &QAbstractButton::clicked, this, &Alert::cancelled);
+    _other = addButton(buttons.other, "alertOther", &Alert::otherTriggered);
+    addButton(buttons.cancel, "alertCancel", &Alert::cancelled);
+    _primary = addButton(
+        buttons.primary, "alertPrimary", &Alert::primaryTriggered, PushButton::Kind::primary);
+}
+
+PushButton* Alert::addButton(
+    const QString& text, const char* name, void (Alert::*triggered)(), PushButton::Kind kind)
+{
+    if (text.isEmpty()) {
+        return nullptr;
     }
-    if (!buttons.other.isEmpty()) {
-        _other = new PushButton(buttons.other, PushButton::Kind::plain, appearance, this);
-        _other->setObjectName(QStringLiteral("alertOther"));
-        connect(_other, &QAbstractButton::clicked, this, &Alert::otherTriggered);
-    }
-    _primary = new PushButton(buttons.primary, PushButton::Kind::primary, appearance, this);
-    _primary->setObjectName(QStringLiteral("alertPrimary"));
-    connect(_primary, &QAbstractButton::clicked, this, &Alert::primaryTriggered);
+    auto* const button = new PushButton(text, kind, this);
+    button->setObjectName(QLatin1String(name));
+    connect(button, &QAbstractButton::clicked, this, triggered);
+    _row->addWidget(button);
+    return button;
 }
 
 QString Alert::title() const
@@ -80,23 +81,10 @@ void Alert::setOffersOther(bool offersOther)
     }
 }
 
-int Alert::layOutContent(const QPoint& origin, int width)
+void Alert::fit(int width)
 {
     _title->fit(width, false);
-    _title->move(origin);
-    int y = _title->height() + titleGap;
     _message->fit(width, false);
-    _message->move(origin + QPoint(0, y));
-    y += _message->height() + buttonGap;
-    int end = origin.x() + width;
-    for (PushButton* const button : {_primary, _cancel, _other, _copy}) {
-        if (button != nullptr && !button->isHidden()) {
-            const QSize size = button->visibleSize();
-            button->place(QRect(QPoint(end - size.width(), origin.y() + y), size));
-            end -= size.width() + betweenButtons;
-        }
-    }
-    return y + _primary->visibleSize().height();
 }
 
 void Alert::keyPressEvent(QKeyEvent* event)

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "Tarnwick/Interface/Controls/PushButton.h"
 #include "Tarnwick/Interface/Panel/CardOverlay.h"
 
 namespace Tarnwick {
 
 class MessageText;
-class PushButton;
 
 /// A message that has to be answered. Return presses the primary button, Esc the one that changes
 /// nothing.
@@ -20,11 +20,7 @@ public:
         QString other = {};  ///< Another way out; empty where there is none.
     };
 
-    Alert(
-        const QString& title,
-        const Buttons& buttons,
-        const Appearance& appearance,
-        QWidget* parent);
+    Alert(const QString& title, const Buttons& buttons, QWidget* parent);
 
     QString title() const;
     QString message() const;
@@ -41,15 +37,21 @@ Q_SIGNALS:
     void otherTriggered();
 
 protected:
-    int layOutContent(const QPoint& origin, int width) override;
+    void fit(int width) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
+    /// Null without a text.
+    PushButton* addButton(
+        const QString& text,
+        const char* name,
+        void (Alert::*triggered)(),
+        PushButton::Kind kind = PushButton::Kind::plain);
+
     MessageText* _title;
     MessageText* _message;
-    PushButton* _copy = nullptr;
-    PushButton* _cancel = nullptr;
+    QHBoxLayout* _row;
     PushButton* _other = nullptr;
     PushButton* _primary;
 };

@@ -1,25 +1,20 @@
 #pragma once
 
-#include "Tarnwick/Interface/Controls/ControlButton.h"
+#include "Tarnwick/Interface/Controls/PushButton.h"
 
 namespace Tarnwick {
 
 /// The program's mark and name, which lead to its web site.
-class BrandButton final : public ControlButton {
+class BrandButton final : public PushButton {
     Q_OBJECT
 
 public:
-    BrandButton(const Appearance& appearance, QWidget* parent);
+    explicit BrandButton(QWidget* parent);
 
-    QSize visibleSize() const override;
+    QSize sizeHint() const override;
 
 protected:
-    void paintVisible(QPainter& painter, const QRectF& visible) override;
-
-    double radius() const override { return 8; }
-
-private:
-    LineStyle style() const;
+    void paintFace(QPainter& painter) override;
 };
 
 }  // namespace Tarnwick

@@ -5,6 +5,7 @@
 #include "Tarnwick/Interface/Panel/RiseEffect.h"
 
 #include <QEvent>
+#include <QGridLayout>
 #include <QPainter>
 #include <QWheelEvent>
 
@@ -19,51 +20,67 @@ constexpr int leastMargin = 16;
 
 }  // namespace
 
-CardOverlay::CardOverlay(int cardWidth, const Appearance& appearance, QWidget* parent)
+CardOverlay::CardOverlay(int cardWidth, QWidget* parent)
     : QWidget(parent)
     , _cardWidth(cardWidth)
-    , _appearance(appearance)
-    , _rise(new RiseEffect(appearance, this))
+    , _rise(new RiseEffect(this))
+    , _width(new QSpacerItem(0, 0))
+    , _content(new QVBoxLayout)
 {
+    _content->setContentsMargins(padding, padding, padding, padding);
+    _content->setSpacing(0);
+    _content->addItem(_width);
+    auto* const middle = new QGridLayout(this);
+    middle->setContentsMargins(0, 0, 0, 0);
+    middle->addLayout(_content, 1, 1);
+    for (const int side : {0, 2}) {
+        middle->setRowStretch(side, 1);
+        middle->setColumnStretch(side, 1);
+    }
     setFocusPolicy(Qt::StrongFocus);
     setGraphicsEffect(_rise);
     parent->installEventFilter(this);
-    connect(&appearance, &Appearance::changed, this, [this] {
-        layOut();
-        update();
-    });
     hide();
 }
 
 QRect CardOverlay::card() const
 {
-    return _card;
+    return _content->geometry();
 }
 
 void CardOverlay::layOut()
 {
-    const int cardWidth = std::min(_appearance.scaled(_cardWidth), width() - 2 * leastMargin);
+    const int cardWidth = std::min(appearance().scaled(_cardWidth), width() - 2 * leastMargin);
     const int inner = cardWidth - 2 * padding;
-    const int height = layOutContent({0, 0}, inner) + 2 * padding;
-    _card = QRect((width() - cardWidth) / 2, (this->height() - height) / 2, cardWidth, height);
-    layOutContent(_card.topLeft() + QPoint(padding, padding), inner);
+    _width->changeSize(inner, 0);
+    fit(inner);
+    layout()->invalidate();
+    layout()->activate();
     update();
 }
 
 void CardOverlay::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const Palette& palette = _appearance.palette();
+    const Palette& palette = appearance().palette();
     if (!_rise->isEnabled() && !_isPicturing) {
         painter.fillRect(rect(), palette.scrim);
     }
-    Painting::fillRounded(painter, QRectF(_card), radius, palette.surfaceMenu);
-    Painting::strokeInside(painter, QRectF(_card), radius, 1, palette.strongLine);
+    Painting::fillRounded(painter, QRectF(card()), radius, palette.surfaceMenu);
+    Painting::strokeInside(painter, QRectF(card()), radius, 1, palette.strongLine);
 }
 
 void CardOverlay::resizeEvent(QResizeEvent* /*event*/)
 {
     layOut();
+}
+
+void CardOverlay::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::StyleChange) {
+        layOut();
+    }
 }
 
 void CardOverlay::showEvent(QShowEvent* /*event*/)
@@ -77,7 +94,7 @@ void CardOverlay::showEvent(QShowEvent* /*event*/)
 void CardOverlay::hideEvent(QHideEvent* /*event*/)
 {
     _rise->stop();
-    if (parentWidget()->isVisible() && !_appearance.reducedMotion()) {
+    if (parentWidget()->isVisible() && !appearance().reducedMotion()) {
         leavePicture();
     }
 }
@@ -91,7 +108,7 @@ void CardOverlay::leavePicture()
     _isPicturing = true;
     render(&card, {}, {}, DrawChildren);
     _isPicturing = false;
-    auto* const picture = new LeavingPicture(card, _appearance.palette().scrim, parentWidget());
+    auto* const picture = new LeavingPicture(card, appearance().palette().scrim, parentWidget());
     picture->show();
 }
 

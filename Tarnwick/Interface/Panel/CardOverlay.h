@@ -1,10 +1,10 @@
 #pragma once
 
+#include <QVBoxLayout>
 #include <QWidget>
 
 namespace Tarnwick {
 
-class Appearance;
 class RiseEffect;
 
 /// A card over the whole panel, which is dimmed: nothing else can be used until it is gone. The
@@ -15,21 +15,21 @@ class CardOverlay : public QWidget {
 
 public:
     /// `cardWidth` at text scale 1.
-    CardOverlay(int cardWidth, const Appearance& appearance, QWidget* parent);
+    CardOverlay(int cardWidth, QWidget* parent);
 
     /// The card, in the overlay's coordinates.
     QRect card() const;
 
 protected:
-    /// Lays out the card's content, its upper left corner at `origin`, and returns the height of
-    /// the content. Called with the card's inner width.
-    virtual int layOutContent(const QPoint& origin, int width) = 0;
+    /// What stands in the card, from the top.
+    QVBoxLayout& content() { return *_content; }
 
-    const Appearance& appearance() const { return _appearance; }
-
+    /// Gives the card's texts this width, which is the card's inner one.
+    virtual void fit(int width) = 0;
     void layOut();
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -41,9 +41,9 @@ private:
     void leavePicture();
 
     int _cardWidth;
-    const Appearance& _appearance;
-    RiseEffect* _rise;  ///< Enabled while the overlay appears.
-    QRect _card;
+    RiseEffect* _rise;    ///< Enabled while the overlay appears.
+    QSpacerItem* _width;  ///< Of the content.
+    QVBoxLayout* _content;
     bool _isPicturing = false;  ///< Without the scrim, for the picture that it leaves.
 };
 

@@ -1,15 +1,12 @@
 #pragma once
 
-#include "Tarnwick/Interface/Panel/PanelContent.h"
 #include "Tarnwick/PullRequestMenuModel.h"
 
 #include <QStackedWidget>
 
 namespace Tarnwick {
 
-class Appearance;
-class AuthenticationPanel;
-class StatusPanel;
+class Notice;
 
 /// What stands between header and footer, chosen by the model's state. Main thread only.
 class ContentArea final : public QStackedWidget {
@@ -17,8 +14,7 @@ class ContentArea final : public QStackedWidget {
 
 public:
     /// `list` shows the rows; the area takes it over.
-    ContentArea(
-        PullRequestMenuModel& model, QWidget* list, const Appearance& appearance, QWidget* parent);
+    ContentArea(PullRequestMenuModel& model, QWidget* list, QWidget* parent);
 
     /// Lists what is hidden, too, in place of saying that there is nothing.
     void setShowsHidden(bool showsHidden);
@@ -35,8 +31,7 @@ private:
 
     PullRequestMenuModel& _model;
     QWidget* _list;
-    StatusPanel* _status;
-    AuthenticationPanel* _authentication;
+    Notice* _notice;
     bool _showsHidden = false;
 };
 

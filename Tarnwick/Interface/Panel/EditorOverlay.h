@@ -5,29 +5,26 @@
 namespace Tarnwick {
 
 class MessageText;
-class ProgressBar;
+class TextLine;
 
 /// Stands over the panel while a worktree is made ready and opened.
 class EditorOverlay final : public CardOverlay {
     Q_OBJECT
 
 public:
-    EditorOverlay(const Appearance& appearance, QWidget* parent);
+    EditorOverlay(QWidget* parent);
 
     QString progress() const;
     void setProgress(const QString& progress);
 
 protected:
-    int layOutContent(const QPoint& origin, int width) override;
-    void paintEvent(QPaintEvent* event) override;
+    void fit(int width) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
     MessageText* _title;
-    QString _progress;
-    QRect _progressLine;
-    ProgressBar* _bar;
+    TextLine* _progress;
 };
 
 }  // namespace Tarnwick

@@ -5,6 +5,8 @@
 #include <QFontDatabase>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace Tarnwick {
 namespace {
 
@@ -13,17 +15,17 @@ constexpr double codeSize = 0.92;
 constexpr int chipPadding = 4;
 constexpr double chipRadius = 4;
 
-LineStyle plainStyle(const Appearance& appearance)
+LineStyle plainStyle()
 {
-    LineStyle style = appearance.line(TextStyle::body, TextWeight::regular);
-    style.height = appearance.scaled(lineHeight);
+    LineStyle style = appearance().line(TextStyle::body, TextWeight::regular);
+    style.height = appearance().scaled(lineHeight);
     style.baseline = baselineOf(style.pixelSize, style.height);
     return style;
 }
 
-LineStyle codeStyle(const Appearance& appearance)
+LineStyle codeStyle()
 {
-    LineStyle style = plainStyle(appearance);
+    LineStyle style = plainStyle();
     const double points = style.font.pointSizeF() * codeSize;
     style.font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     style.font.setPointSizeF(points);
@@ -32,88 +34,65 @@ LineStyle codeStyle(const Appearance& appearance)
 
 }  // namespace
 
-HintText::HintText(const QString& sentence, const Appearance& appearance, QWidget* parent)
-    : QLabel(sentence, parent)
-    , _appearance(appearance)
+HintText::HintText(QWidget* parent)
+    : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
 }
 
-QList<HintText::Piece> HintText::pieces() const
+std::vector<HintText::Piece> HintText::pieces(double width) const
 {
-    const LineStyle plain = plainStyle(_appearance);
-    const LineStyle code = codeStyle(_appearance);
+    const LineStyle plain = plainStyle();
+    const LineStyle code = codeStyle();
     const double space = Painting::width(QStringLiteral(" "), plain);
-    QList<Piece> pieces;
+    std::vector<Piece> pieces;
+    QPointF end;
     bool isCode = false;
     for (const QString& part : text().split(QLatin1Char('`'))) {
-        const QStringList words = isCode ? QStringList{part} : part.split(QLatin1Char(' '));
-        for (const QString& word : words) {
-            if (!word.isEmpty()) {
-                const double width = isCode ? Painting::width(word, code) + 2 * chipPadding
-                                            : Painting::width(word, plain);
-                pieces.append({word, isCode, width, space});
+        for (const QString& word : isCode ? QStringList{part} : part.split(QLatin1Char(' '))) {
+            if (word.isEmpty()) {
+                continue;
             }
+            const double wordWidth = isCode ? Painting::width(word, code) + 2 * chipPadding
+                                            : Painting::width(word, plain);
+            const bool isFirst = end.x() == 0;
+            const bool fits = end.x() + space + wordWidth <= width;
+            const QPointF start = isFirst ? end
+                                  : fits  ? end + QPointF(space, 0)
+                                          : QPointF(0, end.y() + plain.height);
+            pieces.push_back({word, isCode, QRectF(start, QSizeF(wordWidth, plain.height))});
+            end = start + QPointF(wordWidth, 0);
         }
         isCode = !isCode;
     }
     return pieces;
 }
 
-QList<HintText::Line> HintText::lines(double width) const
-{
-    QList<Line> lines{{}};
-    double used = 0;
-    for (Piece piece : pieces()) {
-        if (!lines.last().isEmpty() && used + piece.spaceBefore + piece.width > width) {
-            lines.append(Line());
-            used = 0;
-        }
-        if (lines.last().isEmpty()) {
-            piece.spaceBefore = 0;
-        }
-        used += piece.spaceBefore + piece.width;
-        lines.last().append(piece);
-    }
-    return lines;
-}
-
 void HintText::fit(int width)
 {
-    const auto count = static_cast<int>(lines(width).size());
-    resize(width, count * plainStyle(_appearance).height);
+    setFixedSize(width, static_cast<int>(pieces(width).back().place.bottom()));
 }
 
 void HintText::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const Palette& palette = _appearance.palette();
-    const LineStyle plain = plainStyle(_appearance);
-    const LineStyle code = codeStyle(_appearance);
-    double top = 0;
-    for (const Line& line : lines(width())) {
-        double used = 0;
-        for (const Piece& piece : line) {
-            used += piece.spaceBefore + piece.width;
+    const Palette& palette = appearance().palette();
+    const std::vector<Piece> all = pieces(width());
+    for (const Piece& piece : all) {
+        const auto last =
+            std::ranges::find(all.rbegin(), all.rend(), piece.place.top(), [](const Piece& other) {
+                return other.place.top();
+            });
+        const QRectF box = piece.place.translated((width() - last->place.right()) / 2, 0);
+        if (piece.isCode) {
+            Painting::fillRounded(painter, box.adjusted(0, 1, 0, -1), chipRadius, palette.chip);
         }
-        double x = (width() - used) / 2;
-        for (const Piece& piece : line) {
-            x += piece.spaceBefore;
-            QRectF box(x, top, piece.width, plain.height);
-            if (piece.isCode) {
-                Painting::fillRounded(painter, box.adjusted(0, 1, 0, -1), chipRadius, palette.chip);
-                Painting::text(
-                    painter,
-                    box.adjusted(chipPadding, 0, 0, 0),
-                    piece.text,
-                    code,
-                    palette.textSecondary);
-            } else {
-                Painting::text(painter, box, piece.text, plain, palette.textSecondary);
-            }
-            x += piece.width;
-        }
-        top += plain.height;
+        Painting::text(
+            painter,
+            box.adjusted(piece.isCode ? chipPadding : 0, 0, 0, 0),
+            piece.text,
+            piece.isCode ? codeStyle() : plainStyle(),
+            palette.textSecondary);
     }
 }
 

@@ -2,17 +2,17 @@
 
 #include <QLabel>
 
+#include <vector>
+
 namespace Tarnwick {
 
-class Appearance;
-
-/// A centred sentence in which what stands between backquotes is set as code on a chip that is
+/// A centered sentence in which what stands between backquotes is set as code on a chip that is
 /// never broken.
 class HintText final : public QLabel {
     Q_OBJECT
 
 public:
-    HintText(const QString& sentence, const Appearance& appearance, QWidget* parent);
+    explicit HintText(QWidget* parent);
 
     /// Gives the sentence this width and the height that it takes.
     void fit(int width);
@@ -24,16 +24,11 @@ private:
     struct Piece {
         QString text;
         bool isCode = false;
-        double width = 0;
-        double spaceBefore = 0;
+        QRectF place;
     };
 
-    using Line = QList<Piece>;
-
-    QList<Line> lines(double width) const;
-    QList<Piece> pieces() const;
-
-    const Appearance& _appearance;
+    /// Each line begins at 0.
+    std::vector<Piece> pieces(double width) const;
 };
 
 }  // namespace Tarnwick

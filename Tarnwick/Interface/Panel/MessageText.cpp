@@ -17,10 +17,19 @@ constexpr int handleGap = 6;
 
 }  // namespace
 
-MessageText::MessageText(Setting setting, const Appearance& appearance, QWidget* parent)
+MessageText::Setting MessageText::cardTitle()
+{
+    return {
+        .style = TextStyle::headline,
+        .weight = TextWeight::bold,
+        .alignment = Qt::AlignLeft,
+        .mostLines = 2,
+        .color = &Palette::textPrimary};
+}
+
+MessageText::MessageText(const Setting& setting, QWidget* parent)
     : QLabel(parent)
     , _setting(setting)
-    , _appearance(appearance)
 {
     setTextFormat(Qt::PlainText);
 }
@@ -36,7 +45,7 @@ void MessageText::fit(int width, bool isBalanced, int mostHeight)
     const int most = std::clamp(mostHeight / style().height, 1, _setting.mostLines);
     _scrolls = lines > most;
     const double used = isBalanced && !_scrolls ? balancedWidth(text(), style(), width) : width;
-    resize(static_cast<int>(std::ceil(used)), std::min(lines, most) * style().height);
+    setFixedSize(static_cast<int>(std::ceil(used)), std::min(lines, most) * style().height);
     _offset = 0;
     setFocusPolicy(_scrolls ? Qt::TabFocus : Qt::NoFocus);
 }
@@ -45,11 +54,6 @@ void MessageText::fit(int width, bool isBalanced, int mostHeight)
 int MessageText::textWidth() const
 {
     return _scrolls ? width() - handleWidth - handleGap : width();
-}
-
-bool MessageText::isScrollable() const
-{
-    return laidOut().height() > height();
 }
 
 void MessageText::scrollBy(int pixels)
@@ -62,7 +66,7 @@ void MessageText::scrollBy(int pixels)
 void MessageText::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const Palette& palette = _appearance.palette();
+    const Palette& palette = appearance().palette();
     const WrappedText lines = laidOut();
     // Lists, such as those that gh prints, are read by where their lines begin.
     const bool isList = text().contains(QLatin1Char('\n'));
@@ -70,7 +74,7 @@ void MessageText::paintEvent(QPaintEvent* /*event*/)
         painter,
         QPointF(0, -_offset),
         textWidth(),
-        palette.*_setting.colour,
+        palette.*_setting.color,
         isList ? Qt::AlignLeft : _setting.alignment);
     if (lines.height() > height()) {
         const double length =

@@ -19,16 +19,17 @@ public:
         TextWeight weight = TextWeight::regular;
         Qt::AlignmentFlag alignment = Qt::AlignLeft;
         int mostLines = 8;
-        QColor Palette::* colour = &Palette::textSecondary;
+        QColor Palette::* color = &Palette::textSecondary;
     };
 
-    MessageText(Setting setting, const Appearance& appearance, QWidget* parent);
+    /// The title of a card or a dialog.
+    static Setting cardTitle();
+
+    MessageText(const Setting& setting, QWidget* parent);
 
     /// Gives the text this width, or the least in which it takes no more lines, and its height.
     /// Beyond `mostHeight` it scrolls, too; one line is always seen.
     void fit(int width, bool isBalanced, int mostHeight = QWIDGETSIZE_MAX);
-
-    bool isScrollable() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -36,14 +37,13 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    LineStyle style() const { return _appearance.line(_setting.style, _setting.weight); }
+    LineStyle style() const { return appearance().line(_setting.style, _setting.weight); }
 
     int textWidth() const;
     WrappedText laidOut() const;
     void scrollBy(int pixels);
 
     Setting _setting;
-    const Appearance& _appearance;
     bool _scrolls = false;
     int _offset = 0;
 };

@@ -15,8 +15,8 @@ QString titleOf(std::string_view text)
 
 }  // namespace
 
-OptionsMenu::OptionsMenu(PullRequestMenuModel& model, const Appearance& appearance, QWidget* parent)
-    : Menu(QStringLiteral("List options"), appearance, parent)
+OptionsMenu::OptionsMenu(PullRequestMenuModel& model, QWidget* parent)
+    : Menu(QStringLiteral("List options"), parent)
     , _model(model)
 {
     setObjectName(QStringLiteral("optionsMenu"));
@@ -50,7 +50,7 @@ OptionsMenu::OptionsMenu(PullRequestMenuModel& model, const Appearance& appearan
     quit->setShortcut(Qt::CTRL | Qt::Key_Q);
 
     constexpr int leastWidth = 216;
-    setMinimumWidth(appearance.scaled(leastWidth));
+    setMinimumWidth(appearance().scaled(leastWidth));
     connect(&model, &PullRequestMenuModel::settingsChanged, this, &OptionsMenu::updateCheckMarks);
     connect(
         &model,

@@ -14,7 +14,7 @@ class OptionsMenu final : public Menu {
     Q_OBJECT
 
 public:
-    OptionsMenu(PullRequestMenuModel& model, const Appearance& appearance, QWidget* parent);
+    OptionsMenu(PullRequestMenuModel& model, QWidget* parent);
 
     /// Without an action there is no "Check for Updates…".
     void setUpdateCheck(bool canCheckForUpdates, std::function<void()> checkForUpdates);

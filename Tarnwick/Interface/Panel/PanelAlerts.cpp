@@ -10,14 +10,9 @@
 
 namespace Tarnwick {
 
-PanelAlerts::PanelAlerts(
-    PullRequestMenuModel& model,
-    EditorFlow& editorFlow,
-    const Appearance& appearance,
-    QWidget* panel)
+PanelAlerts::PanelAlerts(PullRequestMenuModel& model, EditorFlow& editorFlow, QWidget* panel)
     : QObject(panel)
     , _model(model)
-    , _appearance(appearance)
     , _panel(panel)
     , _editorFlow(editorFlow)
     , _editorError(new Alert(
@@ -26,9 +21,8 @@ PanelAlerts::PanelAlerts(
            .cancel = {},
            .copyHelp = QStringLiteral("Copy error title and message"),
            .other = QStringLiteral("Set Project Directory…")},
-          appearance,
           panel))
-    , _editorOverlay(new EditorOverlay(appearance, panel))
+    , _editorOverlay(new EditorOverlay(panel))
 {
     connect(
         &model,
@@ -50,7 +44,6 @@ void PanelAlerts::makeNotificationsAlert()
         {.primary = hasSettings ? QStringLiteral("Open System Settings") : QStringLiteral("OK"),
          .cancel = hasSettings ? QStringLiteral("Cancel") : QString(),
          .copyHelp = {}},
-        _appearance,
         _panel);
     _notificationsDisabled->setObjectName(QStringLiteral("notificationsDisabled"));
     _notificationsDisabled->setMessage(
@@ -95,7 +88,6 @@ void PanelAlerts::makeClosingAlert()
          .cancel = {},
          .copyHelp = {},
          .other = QStringLiteral("Quit")},
-        _appearance,
         _panel);
     _closing->setObjectName(QStringLiteral("closing"));
     _closing->setMessage(QStringLiteral(

@@ -9,7 +9,6 @@ class QWidget;
 namespace Tarnwick {
 
 class Alert;
-class Appearance;
 class EditorFlow;
 class EditorOverlay;
 
@@ -19,11 +18,7 @@ class PanelAlerts final : public QObject {
     Q_OBJECT
 
 public:
-    PanelAlerts(
-        PullRequestMenuModel& model,
-        EditorFlow& editorFlow,
-        const Appearance& appearance,
-        QWidget* panel);
+    PanelAlerts(PullRequestMenuModel& model, EditorFlow& editorFlow, QWidget* panel);
 
     /// Says that the program keeps running when its window is closed, and asks whether it shall.
     void explainClosing();
@@ -50,7 +45,6 @@ private:
     void update();
 
     PullRequestMenuModel& _model;
-    const Appearance& _appearance;
     QWidget* _panel;
     EditorFlow& _editorFlow;
     Alert* _notificationsDisabled = nullptr;  ///< By what the desktop has when it is shown.

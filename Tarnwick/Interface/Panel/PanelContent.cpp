@@ -5,78 +5,81 @@
 namespace Tarnwick {
 namespace {
 
-StatusContent status(const char* symbol, const QString& title, bool hasSpinner)
+NoticeContent nothingListed(bool choosesNothing, const HiddenCounts& hidden)
 {
-    return {
-        .symbol = QLatin1String(symbol),
-        .image = {},
-        .title = title,
-        .hasSpinner = hasSpinner,
-        .offersRepositories = false};
-}
-
-StatusContent loading()
-{
-    return {
-        .symbol = {},
-        .image = QStringLiteral("tarnwick-zap-black-cutout"),
-        .title = QStringLiteral("Loading pull requests…"),
-        .hasSpinner = true,
-        .offersRepositories = false};
-}
-
-PanelContent loaded(bool hasRows, bool choosesNothing, const HiddenCounts& hidden)
-{
-    if (hasRows) {
-        return ListContent{};
+    NoticeContent content{
+        .symbol = QStringLiteral("tray"),
+        .title = QStringLiteral("No pull requests involving you were found."),
+        .message = choosesNothing ? QStringLiteral("No repository is selected.")
+                                  : QString::fromStdString(hiddenSentence(hidden)),
+        .actions = {NoticeAction::tryAgain}};
+    if (!content.message.isEmpty()) {
+        content.actions.insert(
+            content.actions.begin(),
+            choosesNothing ? NoticeAction::chooseRepositories : NoticeAction::showHidden);
     }
-    StatusContent content =
-        status("tray", QStringLiteral("No pull requests involving you were found."), false);
-    content.detail = choosesNothing ? QStringLiteral("No repository is selected.")
-                                    : QString::fromStdString(hiddenSentence(hidden));
-    content.offersRepositories = choosesNothing;
     return content;
 }
 
+NoticeContent signIn(const char* symbol, const QString& title, const QString& message)
+{
+    return {
+        .symbol = QLatin1String(symbol),
+        .title = title,
+        .message = message,
+        .hint = QStringLiteral("Run `%1` in Terminal, then try again.").arg(loginCommand),
+        .actions = {NoticeAction::copyLogin, NoticeAction::tryAgain}};
+}
+
 /// Signing in is no way out where GitHub itself does not answer.
-PanelContent cannotAsk(const MenuState& state)
+NoticeContent cannotAsk(const MenuState& state)
 {
     const QString message = QString::fromStdString(state.message);
     switch (refreshFailure(state)) {
     case RefreshFailure::signedOut:
-        return AuthenticationContent{
-            QStringLiteral("person.crop.circle.badge.exclamationmark"),
+        return signIn(
+            "person.crop.circle.badge.exclamationmark",
             QStringLiteral("Sign in to GitHub"),
-            message};
+            message);
     case RefreshFailure::ghUnavailable:
-        return AuthenticationContent{
-            QStringLiteral("terminal"), QStringLiteral("GitHub CLI unavailable"), message};
+        return signIn("terminal", QStringLiteral("GitHub CLI unavailable"), message);
     case RefreshFailure::requestFailed:
         break;
     }
-    return status("exclamationmark.triangle", message, false);
+    return {
+        .symbol = QStringLiteral("exclamationmark.triangle"),
+        .title = message,
+        .actions = {NoticeAction::tryAgain}};
 }
 
 }  // namespace
 
-PanelContent panelContent(
+std::optional<NoticeContent> panelContent(
     const MenuState& state, bool hasRows, bool choosesNothing, const HiddenCounts& hidden)
 {
     switch (state.kind) {
     case MenuState::Kind::idle:
     case MenuState::Kind::checkingAuthentication:
-        return status(
-            "person.badge.key", QStringLiteral("Checking GitHub CLI authentication…"), true);
+        return NoticeContent{
+            .symbol = QStringLiteral("person.badge.key"),
+            .title = QStringLiteral("Checking GitHub CLI authentication…"),
+            .hasSpinner = true};
     case MenuState::Kind::loading:
-        return hasRows ? PanelContent{ListContent{}} : PanelContent{loading()};
+        if (hasRows) {
+            return std::nullopt;
+        }
+        return NoticeContent{
+            .image = QStringLiteral("tarnwick-zap-black-cutout"),
+            .title = QStringLiteral("Loading pull requests…"),
+            .hasSpinner = true};
     case MenuState::Kind::loaded:
-        return loaded(hasRows, choosesNothing, hidden);
+        return hasRows ? std::nullopt : std::optional(nothingListed(choosesNothing, hidden));
     case MenuState::Kind::failed:
     case MenuState::Kind::signedOut:
     case MenuState::Kind::unavailable:
         return cannotAsk(state);
     }
-    return ListContent{};
+    return std::nullopt;
 }
 
 }  // namespace Tarnwick

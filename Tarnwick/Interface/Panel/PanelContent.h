@@ -5,41 +5,39 @@
 
 #include <QString>
 
-#include <variant>
+#include <optional>
+#include <vector>
 
 namespace Tarnwick {
 
-/// The list of rows.
-struct ListContent {
-    bool operator==(const ListContent&) const = default;
+/// What a notice offers to do.
+enum class NoticeAction {
+    tryAgain,
+    chooseRepositories,
+    showHidden,
+    copyLogin,
 };
 
-/// One thing to say in the middle of the panel.
-struct StatusContent {
-    QString symbol;  ///< A system symbol; empty when there is an image.
-    QString image;   ///< A resource icon; empty when there is a symbol.
-    QString title;
-    QString detail = {};      ///< Why there is nothing to list, where it is known.
-    bool hasSpinner = false;  ///< Without one there is a "Try Again" button.
-    bool offersRepositories = false;
+/// One thing to say in the place of a list. Empty texts are left out.
+struct NoticeContent {
+    QString symbol = {};  ///< A system symbol.
+    QString image = {};   ///< A resource icon, in the place of a symbol.
+    QString title = {};
+    QString message = {};
+    QString hint = {};  ///< What stands between backquotes is code.
+    bool hasSpinner = false;
+    std::vector<NoticeAction> actions = {};  ///< The first one gets the focus.
 
-    bool operator==(const StatusContent&) const = default;
+    bool operator==(const NoticeContent&) const = default;
 };
 
-/// What to do about `gh` before anything can be listed.
-struct AuthenticationContent {
-    QString symbol;
-    QString title;
-    QString message;
+/// The command that signs in.
+inline const QString loginCommand = QStringLiteral("gh auth login");
 
-    bool operator==(const AuthenticationContent&) const = default;
-};
-
-using PanelContent = std::variant<ListContent, StatusContent, AuthenticationContent>;
-
-/// What stands between header and footer. `hasRows` says that there is something to list, dimmed
-/// rows included, `choosesNothing` that no repository is selected.
-PanelContent panelContent(
+/// What stands between header and footer in the place of the list; nothing while that is shown.
+/// `hasRows` says that there is something to list, dimmed rows included, `choosesNothing` that no
+/// repository is selected.
+std::optional<NoticeContent> panelContent(
     const MenuState& state, bool hasRows, bool choosesNothing, const HiddenCounts& hidden = {});
 
 }  // namespace Tarnwick

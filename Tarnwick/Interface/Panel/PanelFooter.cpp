@@ -1,7 +1,8 @@
 #include "Tarnwick/Interface/Panel/PanelFooter.h"
 
+#include "Tarnwick/Interface/Controls/HelpText.h"
+#include "Tarnwick/Interface/Controls/PushButton.h"
 #include "Tarnwick/Interface/Look/Painting.h"
-#include "Tarnwick/Interface/Panel/HiddenChip.h"
 #include "Tarnwick/Interface/Panel/PanelWording.h"
 
 #include <QPainter>
@@ -18,28 +19,24 @@ constexpr int sideMargin = 16;
 constexpr int leastGap = 12;
 constexpr int countToChip = 8;
 
-LineStyle lineOf(const Appearance& appearance)
+LineStyle lineOf()
 {
-    return appearance.line(TextStyle::footnote, TextWeight::regular);
+    return appearance().line(TextStyle::footnote, TextWeight::regular);
 }
 
 }  // namespace
 
-PanelFooter::PanelFooter(
-    std::function<PullRequestKit::Date()> now, const Appearance& appearance, QWidget* parent)
+PanelFooter::PanelFooter(std::function<PullRequestKit::Date()> now, QWidget* parent)
     : QWidget(parent)
     , _now(std::move(now))
-    , _appearance(appearance)
-    , _chip(new HiddenChip(appearance, this))
+    , _chip(new PushButton({}, PushButton::Kind::chip, this))
 {
     setObjectName(QStringLiteral("footer"));
+    _chip->setObjectName(QStringLiteral("hiddenChip"));
+    _chip->setFocusPolicy(Qt::TabFocus);
+    _chip->hide();
     refreshText();
     connect(_chip, &QAbstractButton::clicked, this, &PanelFooter::hiddenToggled);
-    connect(&appearance, &Appearance::changed, this, [this] {
-        updateGeometry();
-        layOut();
-        update();
-    });
 }
 
 void PanelFooter::setCount(std::optional<std::size_t> pullRequests)
@@ -51,7 +48,12 @@ void PanelFooter::setCount(std::optional<std::size_t> pullRequests)
 
 void PanelFooter::setHidden(const HiddenCounts& hidden, bool areShown)
 {
-    _chip->setHidden(hidden, areShown);
+    const QString help = PanelWording::hiddenHelp(hidden);
+    _chip->setText(PanelWording::hiddenChip(hidden, areShown));
+    _chip->setAccessibleName(PanelWording::hiddenChipName(hidden, areShown));
+    _chip->setAccessibleDescription(help);
+    _chip->setToolTip(helpMarkup(help));
+    _chip->setVisible(hidden.total() > 0);
     layOut();
     update();
 }
@@ -91,29 +93,29 @@ void PanelFooter::refreshText()
 
 QSize PanelFooter::sizeHint() const
 {
-    return {360, _appearance.scaled(panelHeight)};
+    return {360, appearance().scaled(panelHeight)};
 }
 
 double PanelFooter::leftEnd() const
 {
-    const double countEnd = sideMargin + Painting::width(countText(), lineOf(_appearance));
+    const double countEnd = sideMargin + Painting::width(countText(), lineOf());
     return _chip->isHidden() ? countEnd
-                             : std::ceil(countEnd) + countToChip + _chip->visibleSize().width();
+                             : std::ceil(countEnd) + countToChip + _chip->sizeHint().width();
 }
 
 bool PanelFooter::showsUpdated() const
 {
-    const double width = Painting::width(updatedText(), lineOf(_appearance));
+    const double width = Painting::width(updatedText(), lineOf());
     return width > 0 && leftEnd() + leastGap + width <= this->width() - sideMargin;
 }
 
 void PanelFooter::layOut()
 {
-    const QSize size = _chip->visibleSize();
+    const QSize size = _chip->sizeHint();
     const int left =
-        static_cast<int>(std::ceil(sideMargin + Painting::width(countText(), lineOf(_appearance))))
+        static_cast<int>(std::ceil(sideMargin + Painting::width(countText(), lineOf())))
         + countToChip;
-    _chip->place(QRect(QPoint(left, (height() - size.height()) / 2), size));
+    _chip->setGeometry(QRect(QPoint(left, (height() - size.height()) / 2), size));
 }
 
 void PanelFooter::resizeEvent(QResizeEvent* /*event*/)
@@ -124,11 +126,11 @@ void PanelFooter::resizeEvent(QResizeEvent* /*event*/)
 void PanelFooter::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const Palette& palette = _appearance.palette();
+    const Palette& palette = appearance().palette();
     painter.fillRect(rect(), palette.surfaceChrome);
     Painting::hairline(painter, 0, 0, width(), palette.hairline);
 
-    const LineStyle style = lineOf(_appearance);
+    const LineStyle style = lineOf();
     const QRectF line(
         sideMargin, (height() - style.height) / 2.0, width() - 2 * sideMargin, style.height);
     Painting::text(painter, line, countText(), style, palette.textSecondary);

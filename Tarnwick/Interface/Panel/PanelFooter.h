@@ -11,18 +11,16 @@
 
 namespace Tarnwick {
 
-class Appearance;
-class HiddenChip;
+class PushButton;
 
-/// The panel's foot: how many pull requests are in sight and how many are hidden, and how old the
-/// list is. It looks at the
-/// clock only while it can be seen, and only when the text is about to change.
+/// The panel's foot: how many pull requests are in sight, a button that says how many are hidden
+/// and shows or hides them again, and how old the list is. A click leaves the keyboard where it is.
+/// The clock is looked at only while the footer can be seen and its text is about to change.
 class PanelFooter final : public QWidget {
     Q_OBJECT
 
 public:
-    PanelFooter(
-        std::function<PullRequestKit::Date()> now, const Appearance& appearance, QWidget* parent);
+    PanelFooter(std::function<PullRequestKit::Date()> now, QWidget* parent);
 
     /// Nothing while no list is known, which is not the same as an empty one.
     void setCount(std::optional<std::size_t> pullRequests);
@@ -59,8 +57,7 @@ private:
     double leftEnd() const;
 
     std::function<PullRequestKit::Date()> _now;
-    const Appearance& _appearance;
-    HiddenChip* _chip;
+    PushButton* _chip;
     std::optional<std::size_t> _count;
     std::optional<PullRequestKit::Date> _refreshed;
     QBasicTimer _timer;

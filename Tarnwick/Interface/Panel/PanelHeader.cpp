@@ -1,10 +1,10 @@
 #include "Tarnwick/Interface/Panel/PanelHeader.h"
 
-#include "Tarnwick/Interface/Controls/IconButton.h"
 #include "Tarnwick/Interface/Controls/Spinner.h"
 #include "Tarnwick/Interface/Look/Painting.h"
 #include "Tarnwick/Interface/Panel/BrandButton.h"
 
+#include <QHBoxLayout>
 #include <QPainter>
 
 namespace Tarnwick {
@@ -14,50 +14,43 @@ constexpr int panelHeight = 44;
 constexpr int brandStart = 12;
 /// The options button's symbol, not its box, ends at the side margin.
 constexpr int optionsEnd = 10;
-constexpr int gap = 8;
 constexpr int buttonGap = 4;
+constexpr int spinnerGap = 8;
 
 }  // namespace
 
-PanelHeader::PanelHeader(const Appearance& appearance, QWidget* parent)
+PanelHeader::PanelHeader(QWidget* parent)
     : QWidget(parent)
-    , _appearance(appearance)
-    , _brand(new BrandButton(appearance, this))
-    , _spinner(new Spinner(16, appearance, this))
-    , _find(new IconButton(
-          QStringLiteral("tarnwick-find"),
-          QStringLiteral("Find"),
-          {.icon = 20, .box = 32, .radius = 8},
-          appearance,
-          this))
-    , _options(new IconButton(
-          QStringLiteral("tarnwick-options"),
-          QStringLiteral("List options"),
-          {.icon = 20, .box = 32, .radius = 8},
-          appearance,
-          this))
+    , _brand(new BrandButton(this))
+    , _spinner(new Spinner(16, this))
+    , _find(new PushButton(QStringLiteral("Find"), PushButton::Kind::quiet, this))
+    , _options(new PushButton(QStringLiteral("List options"), PushButton::Kind::quiet, this))
 {
     setObjectName(QStringLiteral("header"));
     _brand->setObjectName(QStringLiteral("brand"));
     _find->setObjectName(QStringLiteral("find"));
+    _find->setSymbol(QStringLiteral("tarnwick-find"));
     _find->setToolTip(QStringLiteral("Find (/)"));
     _find->setToggle(true);
     _find->hide();
     _options->setObjectName(QStringLiteral("options"));
-    for (QWidget* const button :
-         {static_cast<QWidget*>(_brand),
-          static_cast<QWidget*>(_find),
-          static_cast<QWidget*>(_options)}) {
-        button->setFocusPolicy(Qt::TabFocus);
-    }
+    _options->setSymbol(QStringLiteral("tarnwick-options"));
     _spinner->setObjectName(QStringLiteral("refreshing"));
     _spinner->setAccessibleName(QStringLiteral("Refreshing"));
     _spinner->hide();
-    connect(&appearance, &Appearance::changed, this, [this] {
-        updateGeometry();
-        layOut();
-        update();
-    });
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(brandStart, 0, optionsEnd, 0);
+    row->setSpacing(buttonGap);
+    row->addWidget(_brand);
+    row->addStretch();
+    row->addWidget(_spinner);
+    row->addSpacing(spinnerGap - buttonGap);
+    for (PushButton* const button : {_find, _options}) {
+        row->addWidget(button);
+    }
+    for (PushButton* const button : {_brand, _find, _options}) {
+        button->setFocusPolicy(Qt::TabFocus);
+    }
 }
 
 void PanelHeader::setRefreshing(bool isRefreshing)
@@ -65,44 +58,17 @@ void PanelHeader::setRefreshing(bool isRefreshing)
     _spinner->setVisible(isRefreshing);
 }
 
-void PanelHeader::setFindShown(bool isShown)
-{
-    _find->setVisible(isShown);
-    layOut();
-}
-
 QSize PanelHeader::sizeHint() const
 {
-    return {360, _appearance.scaled(panelHeight)};
-}
-
-void PanelHeader::layOut()
-{
-    const auto centred = [this](int x, const QSize& size) {
-        return QRect(QPoint(x, (height() - size.height()) / 2), size);
-    };
-    _brand->place(centred(brandStart, _brand->visibleSize()));
-    const QSize box = _options->visibleSize();
-    const int optionsStart = width() - optionsEnd - box.width();
-    _options->place(centred(optionsStart, box));
-    const int findStart = optionsStart - buttonGap - box.width();
-    _find->place(centred(findStart, box));
-    const int buttonsStart = _find->isHidden() ? optionsStart : findStart;
-    const QSize ring = _spinner->sizeHint();
-    _spinner->setGeometry(centred(buttonsStart - gap - ring.width(), ring));
+    return {360, appearance().scaled(panelHeight)};
 }
 
 void PanelHeader::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), _appearance.palette().surfaceChrome);
+    painter.fillRect(rect(), appearance().palette().surfaceChrome);
     const double pixel = 1 / painter.deviceTransform().m22();
-    Painting::hairline(painter, 0, height() - pixel, width(), _appearance.palette().hairline);
-}
-
-void PanelHeader::resizeEvent(QResizeEvent* /*event*/)
-{
-    layOut();
+    Painting::hairline(painter, 0, height() - pixel, width(), appearance().palette().hairline);
 }
 
 }  // namespace Tarnwick

@@ -4,9 +4,7 @@
 
 namespace Tarnwick {
 
-class Appearance;
-class BrandButton;
-class IconButton;
+class PushButton;
 class Spinner;
 
 /// The panel's top: the program's name, a sign that a refresh runs, and the buttons for finding,
@@ -15,15 +13,13 @@ class PanelHeader final : public QWidget {
     Q_OBJECT
 
 public:
-    PanelHeader(const Appearance& appearance, QWidget* parent);
+    explicit PanelHeader(QWidget* parent);
 
-    BrandButton& brand() { return *_brand; }
+    PushButton& brand() { return *_brand; }
 
-    IconButton& find() { return *_find; }
+    PushButton& find() { return *_find; }
 
-    IconButton& options() { return *_options; }
-
-    void setFindShown(bool isShown);
+    PushButton& options() { return *_options; }
 
     void setRefreshing(bool isRefreshing);
 
@@ -31,16 +27,12 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void layOut();
-
-    const Appearance& _appearance;
-    BrandButton* _brand;
+    PushButton* _brand;
     Spinner* _spinner;
-    IconButton* _find;
-    IconButton* _options;
+    PushButton* _find;
+    PushButton* _options;
 };
 
 }  // namespace Tarnwick

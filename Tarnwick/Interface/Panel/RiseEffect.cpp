@@ -6,9 +6,8 @@
 #include <QPainter>
 
 namespace Tarnwick {
-RiseEffect::RiseEffect(const Appearance& appearance, QObject* parent)
+RiseEffect::RiseEffect(QObject* parent)
     : QGraphicsEffect(parent)
-    , _appearance(appearance)
 {
     setEnabled(false);
     _animation.setDuration(Fade::slideMilliseconds);
@@ -21,7 +20,7 @@ RiseEffect::RiseEffect(const Appearance& appearance, QObject* parent)
 
 void RiseEffect::start()
 {
-    if (!_appearance.reducedMotion()) {
+    if (!appearance().reducedMotion()) {
         setEnabled(true);
         _animation.start();
     }
@@ -37,7 +36,7 @@ void RiseEffect::draw(QPainter* painter)
 {
     const double value = _animation.currentValue().toDouble();
     painter->setOpacity(value);
-    painter->fillRect(sourceBoundingRect(), _appearance.palette().scrim);
+    painter->fillRect(sourceBoundingRect(), appearance().palette().scrim);
     QPoint offset;
     const QPixmap card = sourcePixmap(Qt::LogicalCoordinates, &offset);
     painter->drawPixmap(QPointF(offset) + QPointF(0, distance * (1 - value)), card);

@@ -5,8 +5,6 @@
 
 namespace Tarnwick {
 
-class Appearance;
-
 /// How a card over the panel appears: it fades in while it rises by a few pixels, with everything
 /// in it, and the scrim below it fades in with it. Enabled only meanwhile, so that it costs nothing
 /// afterwards; never where the desktop wants no motion. Main thread only.
@@ -17,8 +15,7 @@ public:
     /// How far the card moves, in logical pixels.
     static constexpr double distance = 4;
 
-    /// Requires: `appearance` lives longer.
-    RiseEffect(const Appearance& appearance, QObject* parent);
+    RiseEffect(QObject* parent);
 
     void start();
     void stop();
@@ -27,7 +24,6 @@ protected:
     void draw(QPainter* painter) override;
 
 private:
-    const Appearance& _appearance;
     QVariantAnimation _animation;
 };
 

@@ -1,9 +1,7 @@
 #include "Tarnwick/Interface/Panel/Strip.h"
 
-#include "Tarnwick/Interface/Controls/Fade.h"
 #include "Tarnwick/Interface/Controls/HelpText.h"
-#include "Tarnwick/Interface/Controls/IconButton.h"
-#include "Tarnwick/Interface/Controls/TextButton.h"
+#include "Tarnwick/Interface/Controls/PushButton.h"
 #include "Tarnwick/Interface/Look/Painting.h"
 #include "Tarnwick/Interface/Look/SystemSymbol.h"
 #include "Tarnwick/Interface/Panel/PanelWording.h"
@@ -26,45 +24,30 @@ constexpr int iconGap = 7;
 constexpr int gap = 12;
 constexpr int mostLines = 3;
 
-LineStyle textStyle(const Appearance& appearance)
+LineStyle textStyle()
 {
-    return appearance.line(TextStyle::footnote, TextWeight::regular);
+    return appearance().line(TextStyle::footnote, TextWeight::regular);
 }
 
 }  // namespace
 
-Strip::Strip(Tone tone, const QString& name, const Appearance& appearance, QWidget* parent)
+Strip::Strip(Tone tone, const QString& name, QWidget* parent)
     : QWidget(parent)
     , _tone(tone)
-    , _appearance(appearance)
-    , _dismiss(new IconButton(
-          QStringLiteral("tarnwick-close"),
-          QStringLiteral("Dismiss"),
-          {.icon = 12, .box = 20, .radius = 6},
-          appearance,
-          this))
+    , _slide(*this, Fade::slideMilliseconds, [this] { followSlide(); })
+    , _dismiss(new PushButton(
+          QStringLiteral("Dismiss"), PushButton::Kind::quiet, this, PushButton::Size::small))
 {
     setObjectName(name);
     _dismiss->setObjectName(name + QStringLiteral("Dismiss"));
-    _dismiss->setToolTip(QStringLiteral("Dismiss"));
+    _dismiss->setSymbol(QStringLiteral("tarnwick-close"));
+    _dismiss->setToolTip(_dismiss->text());
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     connect(_dismiss, &QAbstractButton::clicked, this, [this] {
         releaseFocus();
         Q_EMIT dismissed();
-    });
-    _slide.setDuration(Fade::slideMilliseconds);
-    _slide.setEasingCurve(QEasingCurve::OutCubic);
-    connect(&_slide, &QVariantAnimation::valueChanged, this, [this](const QVariant& share) {
-        _share = share.toDouble();
-        updateGeometry();
-    });
-    connect(&_slide, &QVariantAnimation::finished, this, [this] { setVisible(!_text.isEmpty()); });
-    connect(&appearance, &Appearance::changed, this, [this] {
-        updateGeometry();
-        layOut();
-        update();
     });
     hide();
 }
@@ -77,31 +60,21 @@ void Strip::setText(const QString& text)
     _text = text;
     if (text.isEmpty()) {
         releaseFocus();
-        slideTo(0);
-        return;
+    } else {
+        _paragraph = PanelWording::paragraph(text);
+        setAccessibleName(_paragraph);
+        show();
+        layOut();
+        update();
     }
-    _paragraph = PanelWording::paragraph(text);
-    setAccessibleName(_paragraph);
-    show();
-    slideTo(1);
+    _slide.setOn(!text.isEmpty());
     updateGeometry();
-    layOut();
-    update();
 }
 
-void Strip::slideTo(double share)
+void Strip::followSlide()
 {
-    _slide.stop();
-    const bool isInSight = parentWidget() != nullptr && parentWidget()->isVisible();
-    if (_appearance.reducedMotion() || !isInSight) {
-        _share = share;
-        setVisible(share > 0);
-        updateGeometry();
-        return;
-    }
-    _slide.setStartValue(_share);
-    _slide.setEndValue(share);
-    _slide.start();
+    setVisible(_slide.isOn() || _slide.value() > 0);
+    updateGeometry();
 }
 
 /// A hidden button would pass the focus on to whatever is next, such as the brand.
@@ -115,7 +88,7 @@ void Strip::releaseFocus()
 void Strip::setAction(const QString& title)
 {
     delete _action;
-    _action = new TextButton(title, _appearance, this);
+    _action = new PushButton(title, PushButton::Kind::link, this);
     _action->setObjectName(objectName() + QStringLiteral("Action"));
     connect(_action, &QAbstractButton::clicked, this, [this] {
         releaseFocus();
@@ -127,21 +100,21 @@ void Strip::setAction(const QString& title)
 
 int Strip::textStart() const
 {
-    return _tone == Tone::error ? sideMargin + _appearance.scaled(iconSize) + iconGap : sideMargin;
+    return _tone == Tone::error ? sideMargin + appearance().scaled(iconSize) + iconGap : sideMargin;
 }
 
 int Strip::textWidth(int width) const
 {
-    int end = width - sideMargin - _dismiss->visibleSize().width() - gap;
+    int end = width - sideMargin - _dismiss->sizeHint().width() - gap;
     if (_action != nullptr) {
-        end -= _action->visibleSize().width() + gap;
+        end -= _action->sizeHint().width() + gap;
     }
     return end - textStart();
 }
 
 WrappedText Strip::laidOut(int width) const
 {
-    return WrappedText(_paragraph, textStyle(_appearance), textWidth(width), mostLines);
+    return WrappedText(_paragraph, textStyle(), textWidth(width), mostLines);
 }
 
 QSize Strip::sizeHint() const
@@ -151,13 +124,13 @@ QSize Strip::sizeHint() const
 
 int Strip::heightForWidth(int width) const
 {
-    return static_cast<int>(std::lround(_share * fullHeight(width)));
+    return static_cast<int>(std::lround(_slide.value() * fullHeight(width)));
 }
 
 int Strip::fullHeight(int width) const
 {
     const WrappedText text = laidOut(width);
-    return 2 * padding + std::max(text.height(), textStyle(_appearance).height);
+    return 2 * padding + std::max(text.height(), textStyle().height);
 }
 
 void Strip::layOut()
@@ -167,16 +140,16 @@ void Strip::layOut()
     }
     const bool isWhole = _paragraph == _text && !laidOut(width()).isElided();
     setToolTip(isWhole ? QString() : _text);
-    const int middle = padding + textStyle(_appearance).height / 2;
-    const QSize cross = _dismiss->visibleSize();
+    const int middle = padding + textStyle().height / 2;
+    const QSize cross = _dismiss->sizeHint();
     // The cross itself, which is smaller than its box, ends at the side margin.
-    const int overhang = (cross.width() - _appearance.scaled(12)) / 2;
+    const int overhang = (cross.width() - appearance().scaled(12)) / 2;
     int end = width() - sideMargin + overhang;
-    _dismiss->place(QRect(QPoint(end - cross.width(), middle - cross.height() / 2), cross));
+    _dismiss->setGeometry(QRect(QPoint(end - cross.width(), middle - cross.height() / 2), cross));
     if (_action != nullptr) {
         end -= cross.width() + gap - overhang;
-        const QSize size = _action->visibleSize();
-        _action->place(QRect(QPoint(end - size.width(), middle - size.height() / 2), size));
+        const QSize size = _action->sizeHint();
+        _action->setGeometry(QRect(QPoint(end - size.width(), middle - size.height() / 2), size));
     }
 }
 
@@ -194,12 +167,12 @@ bool Strip::event(QEvent* event)
 void Strip::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const Palette& palette = _appearance.palette();
+    const Palette& palette = appearance().palette();
     const bool isError = _tone == Tone::error;
     painter.fillRect(rect(), isError ? palette.strip : palette.surfaceChrome);
     Painting::hairline(painter, 0, 0, width(), isError ? palette.stripLine : palette.hairline);
     if (isError) {
-        const int size = _appearance.scaled(iconSize);
+        const int size = appearance().scaled(iconSize);
         SystemSymbol{QStringLiteral("exclamationmark.triangle")}.draw(
             painter, QRectF(sideMargin, padding, size, size), palette.amber);
     }

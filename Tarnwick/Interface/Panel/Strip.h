@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QVariantAnimation>
+#include "Tarnwick/Interface/Controls/Fade.h"
+
 #include <QWidget>
 
 namespace Tarnwick {
 
-class Appearance;
-class IconButton;
-class TextButton;
+class PushButton;
 class WrappedText;
 
 /// A line above the footer that says what went wrong or is left out, and can be put away. It slides
@@ -22,7 +21,7 @@ public:
         quiet,
     };
 
-    Strip(Tone tone, const QString& name, const Appearance& appearance, QWidget* parent);
+    Strip(Tone tone, const QString& name, QWidget* parent);
 
     /// An empty text shuts the strip, which keeps painting the last one meanwhile.
     void setText(const QString& text);
@@ -53,7 +52,7 @@ protected:
 
 private:
     void layOut();
-    void slideTo(double share);
+    void followSlide();
     void releaseFocus();
     int fullHeight(int width) const;
     int textStart() const;
@@ -61,13 +60,11 @@ private:
     WrappedText laidOut(int width) const;
 
     Tone _tone;
-    const Appearance& _appearance;
     QString _text;
     QString _paragraph;  ///< As it is painted.
-    QVariantAnimation _slide;
-    double _share = 0;  ///< How much of the height is open.
-    TextButton* _action = nullptr;
-    IconButton* _dismiss;
+    Fade _slide;         ///< How much of the height is open.
+    PushButton* _action = nullptr;
+    PushButton* _dismiss;
 };
 
 }  // namespace Tarnwick

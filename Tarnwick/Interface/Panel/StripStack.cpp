@@ -15,15 +15,14 @@ QString textOf(const std::optional<std::string>& text)
 
 }  // namespace
 
-StripStack::StripStack(PullRequestMenuModel& model, const Appearance& appearance, QWidget* parent)
+StripStack::StripStack(PullRequestMenuModel& model, QWidget* parent)
     : QWidget(parent)
     , _model(model)
-    , _refreshError(new Strip(Strip::Tone::error, QStringLiteral("refreshError"), appearance, this))
-    , _settingsError(
-          new Strip(Strip::Tone::error, QStringLiteral("settingsError"), appearance, this))
-    , _restingQuota(new Strip(Strip::Tone::quiet, QStringLiteral("restingQuota"), appearance, this))
-    , _shortfall(new Strip(Strip::Tone::quiet, QStringLiteral("shortfall"), appearance, this))
-    , _involvedHint(new Strip(Strip::Tone::quiet, QStringLiteral("involvedHint"), appearance, this))
+    , _refreshError(new Strip(Strip::Tone::error, QStringLiteral("refreshError"), this))
+    , _settingsError(new Strip(Strip::Tone::error, QStringLiteral("settingsError"), this))
+    , _restingQuota(new Strip(Strip::Tone::quiet, QStringLiteral("restingQuota"), this))
+    , _shortfall(new Strip(Strip::Tone::quiet, QStringLiteral("shortfall"), this))
+    , _involvedHint(new Strip(Strip::Tone::quiet, QStringLiteral("involvedHint"), this))
 {
     setObjectName(QStringLiteral("strips"));
     auto* const layout = new QVBoxLayout(this);

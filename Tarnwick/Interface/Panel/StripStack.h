@@ -6,7 +6,6 @@
 
 namespace Tarnwick {
 
-class Appearance;
 class Strip;
 
 /// The strips above the footer: what went wrong with the refresh and with a setting, that polling
@@ -16,7 +15,7 @@ class StripStack final : public QWidget {
     Q_OBJECT
 
 public:
-    StripStack(PullRequestMenuModel& model, const Appearance& appearance, QWidget* parent);
+    StripStack(PullRequestMenuModel& model, QWidget* parent);
 
 Q_SIGNALS:
     /// The focus was in a strip whose button was used, or that goes.

@@ -62,25 +62,16 @@ WrappedText::WrappedText(const QString& text, const LineStyle& style, double wid
     }
 }
 
-double WrappedText::naturalWidth() const
-{
-    double widest = 0;
-    for (const QString& line : _lines) {
-        widest = std::max(widest, Painting::width(line, _style));
-    }
-    return widest;
-}
-
 void WrappedText::draw(
     QPainter& painter,
     const QPointF& topLeft,
     double width,
-    const QColor& colour,
+    const QColor& color,
     Qt::AlignmentFlag alignment) const
 {
     QRectF line(topLeft, QSizeF(width, _style.height));
     for (const QString& text : _lines) {
-        Painting::text(painter, line, text, _style, colour, alignment);
+        Painting::text(painter, line, text, _style, color, alignment);
         line.translate(0, _style.height);
     }
 }

@@ -26,15 +26,12 @@ public:
 
     bool isElided() const { return _isElided; }
 
-    /// The width of the widest line.
-    double naturalWidth() const;
-
     /// `width` is the one that lines are aligned in.
     void draw(
         QPainter& painter,
         const QPointF& topLeft,
         double width,
-        const QColor& colour,
+        const QColor& color,
         Qt::AlignmentFlag alignment = Qt::AlignLeft) const;
 
 private:

@@ -18,13 +18,11 @@ constexpr int scrollBarMargin = 2;
 
 }  // namespace
 
-PickerListView::PickerListView(
-    PickerListModel& model, const Appearance& appearance, QWidget* parent)
+PickerListView::PickerListView(PickerListModel& model, QWidget* parent)
     : QListView(parent)
     , _model(model)
-    , _appearance(appearance)
-    , _rows(appearance)
-    , _scrollBar(new OverlayScrollBar(*this, appearance))
+    , _rows()
+    , _scrollBar(new OverlayScrollBar(*this))
 {
     setAccessibleName(QStringLiteral("Repositories"));
     setFrameShape(QFrame::NoFrame);
@@ -36,7 +34,6 @@ PickerListView::PickerListView(
     setModel(&model);
     connect(&model, &QAbstractItemModel::rowsRemoved, this, &PickerListView::rowsChanged);
     connect(&model, &QAbstractItemModel::rowsMoved, this, &PickerListView::rowsChanged);
-    connect(&appearance, &Appearance::changed, this, &PickerListView::adopt);
     adopt();
 }
 
@@ -47,6 +44,14 @@ void PickerListView::adopt()
         _rows.metrics().ownerHeight + scrollBarMargin, scrollBarEnd + scrollBarMargin);
     rowsChanged();
     viewport()->update();
+}
+
+void PickerListView::changeEvent(QEvent* event)
+{
+    QListView::changeEvent(event);
+    if (event->type() == QEvent::StyleChange) {
+        adopt();
+    }
 }
 
 void PickerListView::enter()
@@ -228,7 +233,7 @@ void PickerListView::paintEvent(QPaintEvent* /*event*/)
 {
     executeDelayedItemsLayout();
     QPainter painter(viewport());
-    const Palette& palette = _appearance.palette();
+    const Palette& palette = appearance().palette();
     painter.fillRect(viewport()->rect(), palette.surfaceList);
     const int end = std::min(verticalOffset() + viewport()->height(), positions().contentHeight());
     const std::optional<int> stuck = stuckOwner();

@@ -22,7 +22,7 @@ class PickerListView final : public QListView {
 
 public:
     /// Requires: both live longer than the view.
-    PickerListView(PickerListModel& model, const Appearance& appearance, QWidget* parent);
+    PickerListView(PickerListModel& model, QWidget* parent);
 
     /// Takes the focus; without a current row the first repository becomes it.
     void enter();
@@ -53,6 +53,7 @@ protected:
         const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
     void rowsInserted(const QModelIndex& parent, int first, int last) override;
     void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     bool viewportEvent(QEvent* event) override;
@@ -87,7 +88,6 @@ private:
     void drawRow(QPainter& painter, int row) const;
 
     PickerListModel& _model;
-    const Appearance& _appearance;
     PickerRowPainter _rows;
     OverlayScrollBar* _scrollBar;
     mutable std::optional<PickerRowPositions> _positions;  ///< Worked out when asked for.

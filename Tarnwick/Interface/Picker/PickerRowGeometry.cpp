@@ -20,14 +20,14 @@ QRect centred(int x, int width, int height, int within)
 
 }  // namespace
 
-PickerRowMetrics::PickerRowMetrics(const Appearance& appearance)
-    : name(appearance.line(TextStyle::headline, TextWeight::bold))
-    , detail(appearance.line(TextStyle::caption, TextWeight::regular))
-    , button(appearance.line(TextStyle::footnote, TextWeight::medium))
-    , checkBox(appearance.scaled(16))
-    , eye(appearance.scaled(14))
+PickerRowMetrics::PickerRowMetrics()
+    : name(appearance().line(TextStyle::headline, TextWeight::bold))
+    , detail(appearance().line(TextStyle::caption, TextWeight::regular))
+    , button(appearance().line(TextStyle::footnote, TextWeight::medium))
+    , checkBox(appearance().scaled(16))
+    , eye(appearance().scaled(14))
     , repositoryHeight(rowMargin + name.height + detail.height + rowMargin)
-    , ownerHeight(appearance.scaled(32))
+    , ownerHeight(appearance().scaled(32))
 {}
 
 PickerRowGeometry PickerRowGeometry::ofRepository(

@@ -27,27 +27,21 @@ void drawElided(
     const QRect& line,
     const QString& text,
     const LineStyle& style,
-    const QColor& colour)
+    const QColor& color)
 {
     const QString shown = QFontMetricsF(style.font).elidedText(text, Qt::ElideRight, line.width());
-    Painting::text(painter, QRectF(line), shown, style, colour);
+    Painting::text(painter, QRectF(line), shown, style, color);
 }
 
 }  // namespace
 
-PickerRowPainter::PickerRowPainter(const Appearance& appearance)
-    : _appearance(appearance)
-    , _metrics(appearance)
+PickerRowPainter::PickerRowPainter()
+    : _metrics()
 {}
 
 void PickerRowPainter::adopt()
 {
-    _metrics = PickerRowMetrics(_appearance);
-}
-
-int PickerRowPainter::heightOf(const PickerRow& row) const
-{
-    return row.isOwner() ? _metrics.ownerHeight : _metrics.repositoryHeight;
+    _metrics = PickerRowMetrics();
 }
 
 PickerRowGeometry PickerRowPainter::geometryOf(const PickerRow& row, int width) const
@@ -84,7 +78,7 @@ void PickerRowPainter::draw(
 
 void PickerRowPainter::drawFill(QPainter& painter, const QRect& fill, State state) const
 {
-    const Palette& palette = _appearance.palette();
+    const Palette& palette = appearance().palette();
     if (state.isCurrent || state.isHovered) {
         Painting::fillRounded(
             painter,
@@ -103,7 +97,7 @@ void PickerRowPainter::drawOwner(
     const PickerRowGeometry& geometry,
     State state) const
 {
-    const Palette& palette = _appearance.palette();
+    const Palette& palette = appearance().palette();
     painter.fillRect(Painting::aligned(painter, QRectF(geometry.row)), palette.surfaceChrome);
     const double pixel = 1 / painter.deviceTransform().m22();
     const int width = geometry.row.width();
@@ -124,7 +118,7 @@ void PickerRowPainter::drawOwner(
 void PickerRowPainter::drawRepository(
     QPainter& painter, const PickerRepository& repository, const PickerRowGeometry& geometry) const
 {
-    const Palette& palette = _appearance.palette();
+    const Palette& palette = appearance().palette();
     drawCheckBox(painter, geometry.checkBox, repository.isSelected);
     drawElided(painter, geometry.name, repository.name, _metrics.name, palette.textPrimary);
     if (repository.isPrivate) {
@@ -136,7 +130,7 @@ void PickerRowPainter::drawRepository(
 
 void PickerRowPainter::drawCheckBox(QPainter& painter, const QRect& box, bool isChecked) const
 {
-    const Palette& palette = _appearance.palette();
+    const Palette& palette = appearance().palette();
     const QRectF frame(box);
     if (!isChecked) {
         Painting::fillRounded(painter, frame, checkBoxRadius, palette.field);

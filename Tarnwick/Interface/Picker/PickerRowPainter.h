@@ -18,14 +18,13 @@ public:
         bool hasRing = false;  ///< The current row of a list that is used by keyboard.
     };
 
-    explicit PickerRowPainter(const Appearance& appearance);
+    explicit PickerRowPainter();
 
     /// To be called when the appearance has changed.
     void adopt();
 
     const PickerRowMetrics& metrics() const { return _metrics; }
 
-    int heightOf(const PickerRow& row) const;
     PickerRowGeometry geometryOf(const PickerRow& row, int width) const;
 
     /// The whole name where the row has no room for it, else nothing.
@@ -47,8 +46,6 @@ private:
         const PickerRowGeometry& geometry) const;
     void drawCheckBox(QPainter& painter, const QRect& box, bool isChecked) const;
     void drawFill(QPainter& painter, const QRect& fill, State state) const;
-
-    const Appearance& _appearance;
     PickerRowMetrics _metrics;
 };
 

@@ -12,8 +12,8 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFontMetricsF>
+#include <QVBoxLayout>
 
-#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
@@ -35,38 +35,42 @@ QString startFolder(const QString& directory)
 
 }  // namespace
 
-ProjectDirectorySection::ProjectDirectorySection(
-    PullRequestMenuModel& model, const Appearance& appearance, QWidget* parent)
+ProjectDirectorySection::ProjectDirectorySection(PullRequestMenuModel& model, QWidget* parent)
     : QWidget(parent)
     , _model(model)
-    , _appearance(appearance)
     , _title(new TextLine(
           QStringLiteral("Project Directory"),
           {.style = TextStyle::body, .weight = TextWeight::medium},
-          appearance,
           this))
-    , _field(new TextField(QString(), appearance, this))
-    , _choose(new PushButton(QStringLiteral("Choose…"), PushButton::Kind::plain, appearance, this))
+    , _field(new TextField(QString(), fieldHeight, this))
+    , _choose(new PushButton(QStringLiteral("Choose…"), PushButton::Kind::plain, this))
     , _note(new TextLine(
           QString(),
           {.style = TextStyle::footnote,
            .weight = TextWeight::regular,
-           .colour = &Palette::textTertiary},
-          appearance,
+           .color = &Palette::textTertiary},
           this))
 {
     _title->setObjectName(QStringLiteral("projectDirectoryTitle"));
     _note->setObjectName(QStringLiteral("projectDirectoryNote"));
     _choose->setObjectName(QStringLiteral("chooseProjectDirectory"));
     _choose->setAccessibleName(QStringLiteral("Choose project directory"));
-    _field->setDesignHeight(fieldHeight);
-    QLineEdit& edit = _field->edit();
-    edit.setObjectName(QStringLiteral("projectDirectory"));
-    edit.setAccessibleName(_title->text());
-    edit.setPlaceholderText(QStringLiteral("/path/to/projects"));
-    _title->setBuddy(&edit);
+    _field->setObjectName(QStringLiteral("projectDirectory"));
+    _field->setAccessibleName(_title->text());
+    _field->setPlaceholderText(QStringLiteral("/path/to/projects"));
+    _title->setBuddy(_field);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(lineGap);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(buttonGap);
+    row->addWidget(_field);
+    row->addWidget(_choose);
+    column->addWidget(_title);
+    column->addLayout(row);
+    column->addWidget(_note);
 
-    connect(&edit, &QLineEdit::textEdited, &model, [&model](const QString& text) {
+    connect(_field, &QLineEdit::textEdited, &model, [&model](const QString& text) {
         model.setProjectDirectory(text.toStdString());
     });
     connect(_choose, &QAbstractButton::clicked, this, &ProjectDirectorySection::choose);
@@ -75,16 +79,12 @@ ProjectDirectorySection::ProjectDirectorySection(
         &PullRequestMenuModel::settingsChanged,
         this,
         &ProjectDirectorySection::showSetting);
-    connect(&appearance, &Appearance::changed, this, [this] {
-        updateGeometry();
-        layOut();
-    });
     showSetting();
 }
 
-QWidget& ProjectDirectorySection::field() const
+QLineEdit& ProjectDirectorySection::field() const
 {
-    return _field->edit();
+    return *_field;
 }
 
 QString ProjectDirectorySection::setting() const
@@ -94,9 +94,8 @@ QString ProjectDirectorySection::setting() const
 
 void ProjectDirectorySection::showSetting()
 {
-    QLineEdit& edit = _field->edit();
-    if (edit.text() != setting()) {
-        edit.setText(setting());
+    if (_field->text() != setting()) {
+        _field->setText(setting());
     }
     if (isVisible()) {
         lookForFolder();
@@ -155,29 +154,9 @@ void ProjectDirectorySection::choose()
     _dialog->open();
 }
 
-QSize ProjectDirectorySection::sizeHint() const
-{
-    const int height = _title->sizeHint().height() + lineGap + _appearance.scaled(fieldHeight)
-                       + lineGap + _note->sizeHint().height();
-    return {360, height};
-}
-
-void ProjectDirectorySection::layOut()
-{
-    const int lineHeight = _title->sizeHint().height();
-    _title->setGeometry(0, 0, width(), lineHeight);
-    const QSize button = _choose->visibleSize();
-    const int fieldTop = lineHeight + lineGap;
-    const int height = _appearance.scaled(fieldHeight);
-    _field->setGeometry(0, fieldTop, std::max(0, width() - buttonGap - button.width()), height);
-    _choose->place(QRect(width() - button.width(), fieldTop, button.width(), height));
-    _note->setGeometry(0, fieldTop + height + lineGap, width(), _note->sizeHint().height());
-    showNote();
-}
-
 void ProjectDirectorySection::resizeEvent(QResizeEvent* /*event*/)
 {
-    layOut();
+    showNote();
 }
 
 /// The folder may have come or gone since it was last looked for.

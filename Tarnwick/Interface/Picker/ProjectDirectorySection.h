@@ -5,11 +5,11 @@
 #include <QWidget>
 
 class QFileDialog;
+class QLineEdit;
 class QShowEvent;
 
 namespace Tarnwick {
 
-class Appearance;
 class PullRequestMenuModel;
 class PushButton;
 class TextField;
@@ -23,22 +23,18 @@ class ProjectDirectorySection final : public QWidget {
 
 public:
     /// Requires: both live longer than the widget.
-    ProjectDirectorySection(
-        PullRequestMenuModel& model, const Appearance& appearance, QWidget* parent);
+    ProjectDirectorySection(PullRequestMenuModel& model, QWidget* parent);
 
     /// Whether the folder dialog is open.
     bool isChoosing() const { return !_dialog.isNull(); }
 
-    QWidget& field() const;
-
-    QSize sizeHint() const override;
+    QLineEdit& field() const;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
-    void layOut();
     void showSetting();
     void showNote();
     QCoro::Task<> lookForFolder();
@@ -46,7 +42,6 @@ private:
     QString setting() const;
 
     PullRequestMenuModel& _model;
-    const Appearance& _appearance;
     TextLine* _title;
     TextField* _field;
     PushButton* _choose;

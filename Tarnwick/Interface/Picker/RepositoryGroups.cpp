@@ -49,11 +49,4 @@ std::vector<RepositoryGroup> repositoryGroups(const std::vector<RepositorySummar
     return groups;
 }
 
-bool isAllSelected(const RepositoryGroup& group, const std::set<std::string>& selected)
-{
-    return std::ranges::all_of(group.repositories, [&](const RepositorySummary& repository) {
-        return selected.contains(repository.fullName);
-    });
-}
-
 }  // namespace Tarnwick

@@ -2,7 +2,6 @@
 
 #include "PullRequestKit/RepositorySummary.h"
 
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,8 +29,5 @@ std::string_view nameOf(std::string_view fullName);
 /// order. Safe from any thread.
 std::vector<RepositoryGroup> repositoryGroups(
     const std::vector<PullRequestKit::RepositorySummary>& repositories);
-
-/// Whether every repository of the group is among the selected names.
-bool isAllSelected(const RepositoryGroup& group, const std::set<std::string>& selected);
 
 }  // namespace Tarnwick

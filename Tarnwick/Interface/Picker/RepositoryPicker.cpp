@@ -4,48 +4,67 @@
 #include "Tarnwick/Interface/Controls/TextField.h"
 #include "Tarnwick/Interface/Controls/TextLine.h"
 #include "Tarnwick/Interface/Look/Painting.h"
-#include "Tarnwick/Interface/Picker/PickerLayout.h"
+#include "Tarnwick/Interface/Panel/Notice.h"
 #include "Tarnwick/Interface/Picker/PickerListView.h"
-#include "Tarnwick/Interface/Picker/PickerPlaceholder.h"
 #include "Tarnwick/Interface/Picker/PickerWording.h"
 #include "Tarnwick/Interface/Picker/ProjectDirectorySection.h"
 
 #include <QKeyEvent>
-#include <QLineEdit>
+#include <QVBoxLayout>
+
+#include <initializer_list>
 
 namespace Tarnwick {
 namespace {
 
-PushButton* smallButton(
-    const QString& text, PushButton::Kind kind, const Appearance& appearance, QWidget* parent)
+constexpr int sideMargin = 16;
+constexpr int headHeight = 44;
+constexpr int findHeight = 28;
+constexpr int findGap = 10;
+constexpr int sectionGap = 12;
+constexpr int dividerHeight = 1;
+constexpr int summaryHeight = 42;
+constexpr int buttonGap = 8;
+
+PushButton* smallButton(const QString& text, PushButton::Kind kind, QWidget* parent)
 {
-    return new PushButton(text, kind, appearance, parent, PushButton::Size::small);
+    return new PushButton(text, kind, parent, PushButton::Size::small);
+}
+
+QHBoxLayout* rowOf(QSpacerItem* strut, std::initializer_list<QWidget*> widgets)
+{
+    auto* const row = new QHBoxLayout;
+    row->setContentsMargins(sideMargin, 0, sideMargin, 0);
+    row->setSpacing(buttonGap);
+    row->addItem(strut);
+    for (QWidget* const widget : widgets) {
+        row->addWidget(widget, widget == *widgets.begin() ? 1 : 0);
+    }
+    return row;
 }
 
 }  // namespace
 
-RepositoryPicker::RepositoryPicker(
-    PullRequestMenuModel& model, const Appearance& appearance, QWidget* parent)
+RepositoryPicker::RepositoryPicker(PullRequestMenuModel& model, QWidget* parent)
     : QWidget(parent)
     , _model(model)
-    , _appearance(appearance)
     , _title(new TextLine(
           QStringLiteral("Repositories"),
           {.style = TextStyle::title2, .weight = TextWeight::bold},
-          appearance,
           this))
-    , _done(smallButton(QStringLiteral("Done"), PushButton::Kind::primary, appearance, this))
-    , _find(new TextField(QStringLiteral("tarnwick-find"), appearance, this))
-    , _directory(new ProjectDirectorySection(model, appearance, this))
-    , _count(new TextLine(QString(), {.colour = &Palette::textSecondary}, appearance, this))
-    , _selectAll(
-          smallButton(QStringLiteral("Select All"), PushButton::Kind::plain, appearance, this))
-    , _selectNone(
-          smallButton(QStringLiteral("Select None"), PushButton::Kind::plain, appearance, this))
-    , _list(new PickerListView(_rows, appearance, this))
-    , _placeholder(new PickerPlaceholder(appearance, this))
+    , _done(smallButton(QStringLiteral("Done"), PushButton::Kind::primary, this))
+    , _find(new TextField(QStringLiteral("tarnwick-find"), findHeight, this))
+    , _directory(new ProjectDirectorySection(model, this))
+    , _count(new TextLine(QString(), {.color = &Palette::textSecondary}, this))
+    , _selectAll(smallButton(QStringLiteral("Select All"), PushButton::Kind::plain, this))
+    , _selectNone(smallButton(QStringLiteral("Select None"), PushButton::Kind::plain, this))
+    , _list(new PickerListView(_rows, this))
+    , _notice(new Notice(this))
+    , _head(new QSpacerItem(0, 0))
+    , _summary(new QSpacerItem(0, 0))
 {
     nameParts();
+    layOutParts();
     connectParts();
     showSelection();
     showRepositories();
@@ -65,13 +84,41 @@ void RepositoryPicker::nameParts()
     setAccessibleName(_title->text());
     _title->setObjectName(QStringLiteral("repositoryPickerTitle"));
     _done->setObjectName(QStringLiteral("done"));
-    _find->edit().setObjectName(QStringLiteral("findRepository"));
-    _find->edit().setPlaceholderText(QStringLiteral("Find a repository"));
-    _find->edit().setAccessibleName(QStringLiteral("Find a repository"));
+    _find->setObjectName(QStringLiteral("findRepository"));
+    _find->setPlaceholderText(QStringLiteral("Find a repository"));
+    _find->setAccessibleName(QStringLiteral("Find a repository"));
     _count->setObjectName(QStringLiteral("selectedCount"));
     _selectAll->setObjectName(QStringLiteral("selectAll"));
     _selectNone->setObjectName(QStringLiteral("selectNone"));
     _list->setObjectName(QStringLiteral("repositories"));
+}
+
+void RepositoryPicker::layOutParts()
+{
+    // They get what the rest leaves.
+    _list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    auto* const sections = new QVBoxLayout;
+    sections->setContentsMargins(sideMargin, findGap, sideMargin, sectionGap);
+    sections->setSpacing(sectionGap);
+    sections->addWidget(_find);
+    sections->addWidget(_directory);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addLayout(rowOf(_head, {_title, _done}));
+    column->addLayout(sections);
+    column->addSpacing(dividerHeight);
+    column->addLayout(rowOf(_summary, {_count, _selectAll, _selectNone}));
+    column->addWidget(_list, 1);
+    column->addWidget(_notice, 1);
+    fitRows();
+}
+
+void RepositoryPicker::fitRows()
+{
+    _head->changeSize(0, appearance().scaled(headHeight));
+    _summary->changeSize(0, appearance().scaled(summaryHeight));
+    layout()->invalidate();
 }
 
 void RepositoryPicker::connectParts()
@@ -79,14 +126,14 @@ void RepositoryPicker::connectParts()
     connect(_done, &QAbstractButton::clicked, this, &RepositoryPicker::finish);
     connect(_selectAll, &QAbstractButton::clicked, this, [this] { selectShown(true); });
     connect(_selectNone, &QAbstractButton::clicked, this, [this] { selectShown(false); });
-    connect(&_find->edit(), &QLineEdit::textChanged, this, &RepositoryPicker::find);
+    connect(_find, &QLineEdit::textChanged, this, &RepositoryPicker::find);
     connect(_list, &PickerListView::leftUpwards, this, [this] {
-        _find->edit().setFocus(Qt::BacktabFocusReason);
+        _find->setFocus(Qt::BacktabFocusReason);
     });
     connect(_list, &PickerListView::typed, this, [this](const QString& text) {
-        _find->edit().setFocus(Qt::ShortcutFocusReason);
-        _find->edit().end(false);
-        _find->edit().insert(text);
+        _find->setFocus(Qt::ShortcutFocusReason);
+        _find->end(false);
+        _find->insert(text);
     });
     connect(
         &_rows,
@@ -107,17 +154,12 @@ void RepositoryPicker::connectParts()
         &_model, &PullRequestMenuModel::lastRefreshedChanged, this, &RepositoryPicker::showRows);
     connect(
         &_model, &PullRequestMenuModel::settingsChanged, this, &RepositoryPicker::showSelection);
-    connect(&_appearance, &Appearance::changed, this, [this] {
-        layOut();
-        update();
-    });
 }
 
 void RepositoryPicker::editProjectDirectory()
 {
-    auto& edit = dynamic_cast<QLineEdit&>(_directory->field());
-    edit.setFocus(Qt::OtherFocusReason);
-    edit.selectAll();
+    _directory->field().setFocus(Qt::OtherFocusReason);
+    _directory->field().selectAll();
 }
 
 bool RepositoryPicker::keepsOpen() const
@@ -144,13 +186,14 @@ void RepositoryPicker::showRows()
 {
     const bool hasRows = _rows.rowCount() > 0;
     _list->setVisible(hasRows);
-    _placeholder->setVisible(!hasRows);
-    if (_rows.isEmpty() && !_model.lastRefreshed()) {
-        _placeholder->showNotLoaded();
-    } else if (_rows.isEmpty()) {
-        _placeholder->showNoRepositories();
+    _notice->setVisible(!hasRows);
+    if (_rows.isEmpty()) {
+        _notice->show(
+            {.symbol = QStringLiteral("shippingbox"),
+             .title = _model.lastRefreshed() ? QStringLiteral("No repositories")
+                                             : QStringLiteral("Repositories are not loaded yet")});
     } else {
-        _placeholder->showNoMatches();
+        _notice->show({.message = QStringLiteral("No matches")});
     }
     // "Select All" without rows would take the selection away, and "Select None" takes back no
     // more than what was found.
@@ -184,8 +227,8 @@ void RepositoryPicker::finish()
 /// One step out: what is to be found, then the picker.
 void RepositoryPicker::goBack()
 {
-    if (!_find->edit().text().isEmpty()) {
-        _find->edit().clear();
+    if (!_find->text().isEmpty()) {
+        _find->clear();
         return;
     }
     Q_EMIT done();
@@ -193,7 +236,7 @@ void RepositoryPicker::goBack()
 
 void RepositoryPicker::focusInEvent(QFocusEvent* event)
 {
-    _find->edit().setFocus(event->reason());
+    _find->setFocus(event->reason());
 }
 
 void RepositoryPicker::keyPressEvent(QKeyEvent* event)
@@ -202,58 +245,39 @@ void RepositoryPicker::keyPressEvent(QKeyEvent* event)
     const bool isDown = event->key() == Qt::Key_Down || isReturn;
     if (event->key() == Qt::Key_Escape) {
         goBack();
-    } else if (isDown && _find->edit().hasFocus() && _list->isVisible()) {
+    } else if (isDown && _find->hasFocus() && _list->isVisible()) {
         _list->enter();
     } else if (!isReturn) {
         QWidget::keyPressEvent(event);
     }
 }
 
-// Layout and painting
-
-void RepositoryPicker::layOut()
-{
-    const PickerLayout layout(
-        size(),
-        {.done = _done->visibleSize(),
-         .selectAll = _selectAll->visibleSize(),
-         .selectNone = _selectNone->visibleSize(),
-         .titleHeight = _title->sizeHint().height(),
-         .countHeight = _count->sizeHint().height(),
-         .directoryHeight = _directory->sizeHint().height()},
-        _appearance);
-    _title->setGeometry(layout.title);
-    _done->place(layout.done);
-    _find->setGeometry(layout.find);
-    _directory->setGeometry(layout.directory);
-    _divider = layout.divider;
-    _count->setGeometry(layout.count);
-    _selectAll->place(layout.selectAll);
-    _selectNone->place(layout.selectNone);
-    _list->setGeometry(layout.list);
-    _placeholder->setGeometry(layout.list);
-    _head = layout.head;
-}
-
 void RepositoryPicker::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const Palette& palette = _appearance.palette();
+    const Palette& palette = appearance().palette();
     painter.fillRect(rect(), palette.surfaceList);
-    painter.fillRect(Painting::aligned(painter, QRectF(_head)), palette.surfaceChrome);
+    const QRectF head(0, 0, width(), _head->geometry().height());
+    painter.fillRect(Painting::aligned(painter, head), palette.surfaceChrome);
     const double pixel = 1 / painter.deviceTransform().m22();
-    Painting::hairline(painter, 0, _head.height() - pixel, width(), palette.hairline);
-    Painting::hairline(painter, 0, _divider, width(), palette.hairline);
+    Painting::hairline(painter, 0, head.height() - pixel, width(), palette.hairline);
+    const QRect summary = _summary->geometry();
+    for (const int divider : {summary.top() - dividerHeight, summary.bottom() + 1}) {
+        Painting::hairline(painter, 0, divider, width(), palette.hairline);
+    }
 }
 
-void RepositoryPicker::resizeEvent(QResizeEvent* /*event*/)
+void RepositoryPicker::changeEvent(QEvent* event)
 {
-    layOut();
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::StyleChange) {
+        fitRows();
+    }
 }
 
 void RepositoryPicker::showEvent(QShowEvent* /*event*/)
 {
-    _find->edit().setFocus(Qt::OtherFocusReason);
+    _find->setFocus(Qt::OtherFocusReason);
 }
 
 }  // namespace Tarnwick

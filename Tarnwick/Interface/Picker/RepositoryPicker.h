@@ -5,11 +5,12 @@
 
 #include <QWidget>
 
+class QSpacerItem;
+
 namespace Tarnwick {
 
-class Appearance;
+class Notice;
 class PickerListView;
-class PickerPlaceholder;
 class ProjectDirectorySection;
 class PushButton;
 class TextField;
@@ -23,9 +24,8 @@ class RepositoryPicker final : public QWidget {
     Q_DISABLE_COPY_MOVE(RepositoryPicker)
 
 public:
-    /// Requires: `model` and `appearance` live longer than the picker.
-    RepositoryPicker(
-        PullRequestMenuModel& model, const Appearance& appearance, QWidget* parent = nullptr);
+    /// Requires: `model` lives longer than the picker.
+    RepositoryPicker(PullRequestMenuModel& model, QWidget* parent = nullptr);
     ~RepositoryPicker() override;
 
     /// Puts the caret into the field of the project directory.
@@ -40,7 +40,7 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -48,7 +48,8 @@ protected:
 private:
     void connectParts();
     void nameParts();
-    void layOut();
+    void layOutParts();
+    void fitRows();
     void showRepositories();
     void showSelection();
     void showRows();
@@ -58,7 +59,6 @@ private:
     void goBack();
 
     PullRequestMenuModel& _model;
-    const Appearance& _appearance;
     PickerListModel _rows;
     TextLine* _title;
     PushButton* _done;
@@ -68,9 +68,9 @@ private:
     PushButton* _selectAll;
     PushButton* _selectNone;
     PickerListView* _list;
-    PickerPlaceholder* _placeholder;
-    QRect _head;
-    int _divider = 0;
+    Notice* _notice;
+    QSpacerItem* _head;     ///< As high as the head.
+    QSpacerItem* _summary;  ///< As high as the line above the list.
 };
 
 }  // namespace Tarnwick

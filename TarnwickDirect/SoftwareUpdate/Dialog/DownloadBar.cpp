@@ -16,9 +16,8 @@ constexpr double radius = 2;
 
 }  // namespace
 
-DownloadBar::DownloadBar(const Tarnwick::Appearance& appearance, QWidget* parent)
+DownloadBar::DownloadBar(QWidget* parent)
     : QWidget(parent)
-    , _appearance(appearance)
 {
     setAccessibleName(QStringLiteral("Progress"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -41,7 +40,7 @@ QSize DownloadBar::sizeHint() const
 void DownloadBar::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const Tarnwick::Palette& palette = _appearance.palette();
+    const Tarnwick::Palette& palette = Tarnwick::appearance().palette();
     QRectF bar(rect());
     Tarnwick::Painting::fillRounded(painter, bar, radius, palette.strongLine);
     bar.setWidth(bar.width() * _share);

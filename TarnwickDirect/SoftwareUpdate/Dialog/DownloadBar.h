@@ -2,17 +2,12 @@
 
 #include <QWidget>
 
-namespace Tarnwick {
-class Appearance;
-}  // namespace Tarnwick
-
 namespace TarnwickDirect {
 
 /// A thin bar that fills up.
 class DownloadBar final : public QWidget {
 public:
-    /// Requires: `appearance` lives longer.
-    DownloadBar(const Tarnwick::Appearance& appearance, QWidget* parent);
+    DownloadBar(QWidget* parent);
 
     double share() const { return _share; }
 
@@ -25,7 +20,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    const Tarnwick::Appearance& _appearance;
     double _share = 0;
 };
 

@@ -33,13 +33,9 @@ constexpr int notesPadding = 10;
 constexpr double notesRadius = 8;
 constexpr int betweenButtons = 8;
 
-MessageText* addText(
-    const MessageText::Setting& setting,
-    const char* name,
-    const Appearance& appearance,
-    QWidget* parent)
+MessageText* addText(const MessageText::Setting& setting, const char* name, QWidget* parent)
 {
-    auto* const text = new MessageText(setting, appearance, parent);
+    auto* const text = new MessageText(setting, parent);
     text->setObjectName(QString::fromLatin1(name));
     return text;
 }
@@ -59,38 +55,28 @@ int placeText(MessageText& label, const QString& text, const QRect& place, int s
 }
 
 /// Qt 6.8 asks for what assistive programs see of a widget while it is being made, and keeps it.
-const Appearance& madeAccessible(const Appearance& appearance)
+Qt::WindowFlags madeAccessible()
 {
     installAccessibleDialog();
-    return appearance;
+    return windowKind;
 }
 
 }  // namespace
 
-UpdateDialog::UpdateDialog(const Appearance& appearance, std::function<void(QWidget&)> bringToFront)
-    : QWidget(nullptr, windowKind)
-    , _appearance(madeAccessible(appearance))
+UpdateDialog::UpdateDialog(std::function<void(QWidget&)> bringToFront)
+    : QWidget(nullptr, madeAccessible())
     , _bringToFront(std::move(bringToFront))
-    , _title(addText(
-          {.style = TextStyle::headline,
-           .weight = TextWeight::bold,
-           .alignment = Qt::AlignLeft,
-           .mostLines = 2,
-           .colour = &Palette::textPrimary},
-          "updateTitle",
-          appearance,
-          this))
-    , _message(addText({}, "updateMessage", appearance, this))
-    , _notes(addText({.mostLines = 12}, "updateNotes", appearance, this))
-    , _progress(new DownloadBar(appearance, this))
-    , _busy(new ProgressBar(appearance, this))
+    , _title(addText(MessageText::cardTitle(), "updateTitle", this))
+    , _message(addText({}, "updateMessage", this))
+    , _notes(addText({.mostLines = 12}, "updateNotes", this))
+    , _progress(new DownloadBar(this))
+    , _busy(new ProgressBar(this))
 {
     setObjectName(QStringLiteral("updateDialog"));
     setWindowTitle(QStringLiteral("Software Update"));
     _progress->setObjectName(QStringLiteral("updateProgress"));
     _busy->setObjectName(QStringLiteral("updateBusy"));
     _notes->setAccessibleDescription(QStringLiteral("Release notes"));
-    connect(&appearance, &Appearance::changed, this, &UpdateDialog::layOut);
 }
 
 void UpdateDialog::setPage(const std::optional<UpdatePage>& page)
@@ -143,10 +129,7 @@ void UpdateDialog::makeButtons()
         const bool isLast = _buttons.size() + 1 == _page.actions.size();
         const bool isPrimary = isLast && action != UpdateAction::cancel;
         auto* const button = new PushButton(
-            textOf(action),
-            isPrimary ? PushButton::Kind::primary : PushButton::Kind::plain,
-            _appearance,
-            this);
+            textOf(action), isPrimary ? PushButton::Kind::primary : PushButton::Kind::plain, this);
         button->setObjectName(QStringLiteral("updateButton"));
         connect(
             button, &QAbstractButton::clicked, this, [this, action] { Q_EMIT triggered(action); });
@@ -160,9 +143,9 @@ int UpdateDialog::innerWidth() const
 {
     int buttons = -betweenButtons;
     for (const PushButton* const button : _buttons) {
-        buttons += button->visibleSize().width() + betweenButtons;
+        buttons += button->sizeHint().width() + betweenButtons;
     }
-    return std::max(_appearance.scaled(dialogWidth) - 2 * padding, buttons);
+    return std::max(appearance().scaled(dialogWidth) - 2 * padding, buttons);
 }
 
 void UpdateDialog::layOut()
@@ -216,20 +199,28 @@ int UpdateDialog::placeButtons(int y)
     int end = padding + innerWidth();
     for (std::size_t index = _buttons.size(); index-- > 0;) {
         PushButton& button = *_buttons[index];
-        const QSize size = button.visibleSize();
+        const QSize size = button.sizeHint();
         const bool standsApart = _page.actions[index] == UpdateAction::skip;
         const int x = standsApart ? padding : end - size.width();
-        button.place(QRect(QPoint(x, y + gap), size));
+        button.setGeometry(QRect(QPoint(x, y + gap), size));
         end -= size.width() + betweenButtons;
         height = gap + size.height();
     }
     return height;
 }
 
+void UpdateDialog::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::StyleChange) {
+        layOut();
+    }
+}
+
 void UpdateDialog::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const Palette& palette = _appearance.palette();
+    const Palette& palette = appearance().palette();
     painter.fillRect(rect(), palette.surfaceMenu);
     if (!_notesFrame.isEmpty()) {
         const QRectF frame(_notesFrame);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Tarnwick/Interface/Look/Appearance.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdatePage.h"
 
 #include <QWidget>
@@ -24,9 +23,8 @@ class UpdateDialog final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Requires: `appearance` lives longer, and `bringToFront` can be called.
-    UpdateDialog(
-        const Tarnwick::Appearance& appearance, std::function<void(QWidget&)> bringToFront);
+    /// Requires: `bringToFront` can be called.
+    UpdateDialog(std::function<void(QWidget&)> bringToFront);
 
     /// Shows the page, or nothing. A dialog that was not in sight comes to the front with a page
     /// that the user asked for. The focus is never taken from another window with a page that
@@ -37,6 +35,7 @@ Q_SIGNALS:
     void triggered(TarnwickDirect::UpdateAction action);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -50,8 +49,6 @@ private:
     int placeButtons(int y);
     int innerWidth() const;
     void close();
-
-    const Tarnwick::Appearance& _appearance;
     std::function<void(QWidget&)> _bringToFront;
     UpdatePage _page;
     bool _hasPage = false;

@@ -5,13 +5,9 @@
 namespace TarnwickDirect {
 
 UpdateDialogs::UpdateDialogs(
-    AppcastUpdater& updater,
-    QString ownVersion,
-    const Tarnwick::Appearance& appearance,
-    std::function<void(QWidget&)> bringToFront)
+    AppcastUpdater& updater, QString ownVersion, std::function<void(QWidget&)> bringToFront)
     : _updater(updater)
     , _ownVersion(std::move(ownVersion))
-    , _appearance(appearance)
     , _bringToFront(std::move(bringToFront))
 {
     connect(&updater, &AppcastUpdater::stateChanged, this, &UpdateDialogs::show);
@@ -20,7 +16,7 @@ UpdateDialogs::UpdateDialogs(
 UpdateDialog& UpdateDialogs::dialog()
 {
     if (!_dialog) {
-        _dialog = std::make_unique<UpdateDialog>(_appearance, _bringToFront);
+        _dialog = std::make_unique<UpdateDialog>(_bringToFront);
         connect(_dialog.get(), &UpdateDialog::triggered, this, &UpdateDialogs::act);
     }
     return *_dialog;

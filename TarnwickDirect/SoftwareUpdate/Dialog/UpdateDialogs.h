@@ -12,10 +12,7 @@ class UpdateDialogs final : public QObject {
 public:
     /// Requires: both live longer, and `bringToFront` can be called.
     UpdateDialogs(
-        AppcastUpdater& updater,
-        QString ownVersion,
-        const Tarnwick::Appearance& appearance,
-        std::function<void(QWidget&)> bringToFront);
+        AppcastUpdater& updater, QString ownVersion, std::function<void(QWidget&)> bringToFront);
 
     /// Made when it is first needed.
     UpdateDialog& dialog();
@@ -36,7 +33,6 @@ private:
 
     AppcastUpdater& _updater;
     QString _ownVersion;
-    const Tarnwick::Appearance& _appearance;
     std::function<void(QWidget&)> _bringToFront;
     std::unique_ptr<UpdateDialog> _dialog;
 };

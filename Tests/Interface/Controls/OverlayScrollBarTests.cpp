@@ -1,7 +1,5 @@
 #include "Tarnwick/Interface/Controls/OverlayScrollBar.h"
 
-#include "Tarnwick/Interface/Look/Appearance.h"
-
 #include <QApplication>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -40,9 +38,8 @@ protected:
         QApplication::sendEvent(&bar, &event);
     }
 
-    Appearance appearance{1.0};
     QAbstractScrollArea area;
-    OverlayScrollBar bar{area, appearance};
+    OverlayScrollBar bar{area};
 };
 
 TEST_F(OverlayScrollBarTests, theHandleLiesInTheGutter)

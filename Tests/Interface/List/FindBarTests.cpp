@@ -1,8 +1,9 @@
 #include "Tarnwick/Interface/List/FindBar.h"
 
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
@@ -26,9 +27,9 @@ protected:
 
     QLineEdit& field() { return *bar.findChild<QLineEdit*>(u"findField"_s); }
 
-    Appearance appearance{1.0};
+    Appearance& appearance = setApplicationStyle(1.0);
     QWidget window;
-    FindBar bar{appearance, &window};
+    FindBar bar{&window};
 };
 
 TEST_F(FindBarTests, isClosedAtFirst)
@@ -44,7 +45,7 @@ TEST_F(FindBarTests, opensWithTheCaretInTheField)
     EXPECT_TRUE(bar.isVisible());
     EXPECT_EQ(bar.height(), 40);
     EXPECT_EQ(window.focusWidget(), &field());
-    EXPECT_EQ(field().parentWidget()->geometry(), QRect(16, 6, 388, 28));
+    EXPECT_EQ(field().geometry(), QRect(16, 6, 388, 28));
 }
 
 TEST_F(FindBarTests, saysEachTextThatIsTyped)
@@ -60,10 +61,10 @@ TEST_F(FindBarTests, saysHowManyMatchWhileThereIsSomethingToFind)
 {
     bar.open();
     bar.setMatches(12, 12);
-    EXPECT_EQ(bar.matchesText(), QString());
+    EXPECT_EQ(bar.findChild<QLabel*>(u"findMatches"_s)->text(), QString());
     QTest::keyClicks(&field(), u"north"_s);
     bar.setMatches(7, 12);
-    EXPECT_EQ(bar.matchesText(), u"7 of 12"_s);
+    EXPECT_EQ(bar.findChild<QLabel*>(u"findMatches"_s)->text(), u"7 of 12"_s);
 }
 
 TEST_F(FindBarTests, downAndTabGoToTheList)

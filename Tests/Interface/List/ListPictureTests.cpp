@@ -3,6 +3,7 @@
 #include "Support/Pictures.h"
 #include "Tarnwick/Interface/List/FindBar.h"
 #include "Tarnwick/Interface/List/PullRequestListView.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 
 #include <QAction>
 #include <QApplication>
@@ -49,7 +50,7 @@ std::vector<ListedRow> latinRows()
 /// The list with the pointer on its fifth row, if there are as many.
 QImage listPicture(const Sheet& sheet)
 {
-    Appearance appearance(sheet.textScale);
+    Appearance& appearance = setApplicationStyle(sheet.textScale);
     appearance.setDark(sheet.isDark);
     appearance.setWishes({.reducedMotion = true, .higherContrast = sheet.higherContrast});
     PullRequestListModel model(TestSupport::sampleNow);
@@ -70,7 +71,7 @@ QImage listPicture(const Sheet& sheet)
     }
     model.setRows(std::move(rows));
     model.setFindText(sheet.findText);
-    PullRequestListView view(model, appearance);
+    PullRequestListView view(model);
     view.setAttribute(Qt::WA_DontShowOnScreen);
     view.resize(sheet.width, sheet.height);
     view.show();
@@ -165,10 +166,9 @@ QImage menuPicture(const ListedRow& row, bool isDark)
 {
     constexpr int gap = 4;
     constexpr double scaleFactor = 1.5;
-    Appearance appearance(1.0);
+    Appearance& appearance = setApplicationStyle(1.0);
     appearance.setDark(isDark);
-    const std::unique_ptr<Menu> menu(
-        makeRowMenu(row, "robin-k", [](RowAction) {}, appearance, nullptr));
+    const std::unique_ptr<Menu> menu(makeRowMenu(row, "robin-k", [](RowAction) {}, nullptr));
     std::vector<QMenu*> menus{menu.get()};
     for (const QAction* const action : menu->actions()) {
         if (action->menu() != nullptr) {
@@ -209,11 +209,11 @@ TEST(ListPictures, theRowsMenus)
 
 TEST(ListPictures, theFindBar)
 {
-    Appearance appearance(1.0);
+    Appearance& appearance = setApplicationStyle(1.0);
     appearance.setWishes({.reducedMotion = true, .higherContrast = false});
     QWidget panel;
     panel.resize(420, 80);
-    FindBar bar(appearance, &panel);
+    FindBar bar(&panel);
     bar.resize(420, 0);
     bar.open();
     bar.findChild<QLineEdit*>(QStringLiteral("findField"))->setText(QStringLiteral("north"));

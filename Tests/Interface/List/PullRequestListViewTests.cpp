@@ -3,6 +3,7 @@
 #include "List/SampleRows.h"
 #include "List/TurnRows.h"
 #include "Support/PullRequests.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -94,9 +95,9 @@ protected:
     int current() const { return view.currentIndex().row(); }
 
     std::map<RowAction, std::vector<std::int64_t>> numbers;  ///< For what each was asked.
-    Appearance appearance{1.0};
+    Appearance& appearance = setApplicationStyle(1.0);
     PullRequestListModel model{TestSupport::sampleNow};
-    PullRequestListView view{model, appearance};
+    PullRequestListView view{model};
 };
 
 const QPoint onEditorButton(390, 35);

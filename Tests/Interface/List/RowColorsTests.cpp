@@ -35,7 +35,7 @@ QRgb reviewColor(ReviewState state, const Palette& palette)
     return RowColors::reviewColor(state, palette).rgba();
 }
 
-TEST(RowColors, statesHaveTheirColours)
+TEST(RowColors, statesHaveTheirColors)
 {
     EXPECT_EQ(stateColor(PullRequestState::open), greenOnScreen.rgba());
     EXPECT_EQ(stateColor(PullRequestState::closed), redOnScreen.rgba());
@@ -49,7 +49,7 @@ TEST(RowColors, aClosedDraftIsDraftGrey)
     EXPECT_EQ(stateColor(PullRequestState::merged, true), greyOnScreen.rgba());
 }
 
-TEST(RowColors, fixedColoursAreExact)
+TEST(RowColors, fixedColorsAreExact)
 {
     EXPECT_NEAR(RowColors::green.redF(), 0.102, 1e-5);
     EXPECT_NEAR(RowColors::green.greenF(), 0.498, 1e-5);
@@ -65,7 +65,7 @@ TEST(RowColors, fixedColoursAreExact)
     EXPECT_NEAR(RowColors::draftGrey.blueF(), 0.463, 1e-5);
 }
 
-TEST(RowColors, reviewsTakeTheColourOfTheirState)
+TEST(RowColors, reviewsTakeTheColorOfTheirState)
 {
     for (const Palette* palette : {&Palette::light(), &Palette::dark()}) {
         const QRgb secondary = palette->textSecondary.rgba();

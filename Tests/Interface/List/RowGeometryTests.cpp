@@ -1,6 +1,7 @@
 #include "Tarnwick/Interface/List/RowGeometry.h"
 
 #include "Tarnwick/Interface/List/CountFigures.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 
 #include <gtest/gtest.h>
 
@@ -18,8 +19,8 @@ CountWidths counts(const QString& reviews, const QString& checks)
 
 RowMetrics metrics(double scale = 1, int width = designWidth)
 {
-    const Appearance appearance(scale);
-    return rowMetrics(appearance, width, counts(u"2/2/3"_s, u"14/14"_s));
+    setApplicationStyle(scale);
+    return rowMetrics(width, counts(u"2/2/3"_s, u"14/14"_s));
 }
 
 int height(double scale, int lines, bool hasWarning)
@@ -138,8 +139,7 @@ TEST(RowGeometry, iconsFollowTheTextAndTheMarginDoesNot)
 
 TEST(RowGeometry, badgesAreNeverNarrowerThanTheShortestCount)
 {
-    const Appearance appearance(1);
-    const RowMetrics narrow = rowMetrics(appearance, designWidth, {});
+    const RowMetrics narrow = rowMetrics(designWidth, {});
     EXPECT_EQ(narrow.reviewWidth, 40);
     EXPECT_EQ(narrow.checkWidth, 40);
 }

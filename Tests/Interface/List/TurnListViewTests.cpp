@@ -2,7 +2,7 @@
 #include "List/TurnRows.h"
 #include "Support/PullRequests.h"
 #include "Tarnwick/Interface/List/PullRequestListView.h"
-#include "Tarnwick/Interface/Panel/AccessibleParts.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -35,9 +35,6 @@ std::vector<ListedRow> thirtyRows()
 
 class TurnListViewTests : public testing::Test {
 protected:
-    /// Before the first view, whose interface is kept from its construction on.
-    static void SetUpTestSuite() { installAccessibleParts(); }
-
     TurnListViewTests()
     {
         appearance.setWishes({.reducedMotion = true, .higherContrast = false});
@@ -82,9 +79,9 @@ protected:
     }
 
     std::vector<std::int64_t> openedNumbers;
-    Appearance appearance{1.0};
+    Appearance& appearance = setApplicationStyle(1.0);
     PullRequestListModel model{TestSupport::sampleNow};
-    PullRequestListView view{model, appearance};
+    PullRequestListView view{model};
 };
 
 TEST_F(TurnListViewTests, headingsAreTwentyEightHighAndGrowWithTheText)
@@ -92,8 +89,8 @@ TEST_F(TurnListViewTests, headingsAreTwentyEightHighAndGrowWithTheText)
     show(turnRows());
     EXPECT_EQ(view.visualRect(model.index(0)), QRect(0, 0, 420, 28));
     for (const auto& [scale, height] : {std::pair(1.25, 36), std::pair(1.5, 42)}) {
-        const Appearance larger(scale);
-        PullRequestListView other(model, larger);
+        appearance.setTextScale(scale);
+        PullRequestListView other(model);
         other.resize(600, 520);
         other.doItemsLayout();
         EXPECT_EQ(other.visualRect(model.index(0)).height(), height);

@@ -1,10 +1,11 @@
 #include "Tarnwick/Interface/Look/ApplicationStyle.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QImage>
 #include <QPainter>
 #include <QStyleOption>
-
-#include <memory>
+#include <QWidget>
 
 #include <gmock/gmock.h>
 
@@ -22,31 +23,45 @@ QImage card(const ApplicationStyle& style)
     return image;
 }
 
-TEST(ApplicationStyleTests, helpTextsAreOnARoundCardInTheMenusColours)
+TEST(ApplicationStyleTests, helpTextsAreOnARoundCardInTheMenusColors)
 {
-    Appearance appearance(1);
-    const ApplicationStyle style(appearance);
+    ApplicationStyle style(1);
     EXPECT_EQ(card(style).pixelColor(20, 10), QColor(0xFFFFFF));
     EXPECT_EQ(card(style).pixelColor(20, 0), QColor(0xD3DBD8));
     EXPECT_EQ(card(style).pixelColor(0, 0).alpha(), 0);
-    appearance.setDark(true);
+    style.appearance().setDark(true);
     EXPECT_EQ(card(style).pixelColor(20, 10), QColor(0x181F1D));
     EXPECT_EQ(card(style).pixelColor(20, 0), QColor(0x323C38));
 }
 
 TEST(ApplicationStyleTests, theCardHasSquareCornersWhereWindowsAreOpaque)
 {
-    Appearance appearance(1);
-    appearance.setBlendsWindows(false);
-    EXPECT_EQ(card(ApplicationStyle(appearance)).pixelColor(0, 0), QColor(0xD3DBD8));
+    ApplicationStyle style(1);
+    style.appearance().setBlendsWindows(false);
+    EXPECT_EQ(card(style).pixelColor(0, 0), QColor(0xD3DBD8));
 }
 
-TEST(ApplicationStyleTests, itOutlivesTheAppearance)
+TEST(ApplicationStyleTests, everyWidgetHearsOfAnotherAppearance)
 {
-    auto appearance = std::make_unique<Appearance>(1);
-    const ApplicationStyle style(*appearance);
-    appearance.reset();
-    EXPECT_EQ(card(style).pixelColor(20, 10).alpha(), 255);
+    class Listener final : public QWidget {
+    public:
+        int changes = 0;
+
+    protected:
+        void changeEvent(QEvent* event) override
+        {
+            changes += event->type() == QEvent::StyleChange ? 1 : 0;
+        }
+    } listener;
+
+    Appearance& appearance = setApplicationStyle(1);
+    const int before = listener.changes;
+    appearance.setDark(true);
+    appearance.setWishes({.reducedMotion = true, .higherContrast = true});
+    appearance.setTextScale(1.5);
+    appearance.setTextScale(1.5);
+    EXPECT_EQ(listener.changes, before + 3);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Base), QColor(0x0F1312));
 }
 
 }  // namespace

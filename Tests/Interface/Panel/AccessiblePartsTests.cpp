@@ -1,6 +1,5 @@
 #include "Tarnwick/Interface/Panel/AccessibleParts.h"
 
-#include "Tarnwick/Interface/Look/Appearance.h"
 #include "Tarnwick/Interface/Panel/Alert.h"
 #include "Tarnwick/Interface/Panel/EditorOverlay.h"
 #include "Tarnwick/Interface/Panel/Strip.h"
@@ -21,7 +20,6 @@ class AccessiblePartsTests : public testing::Test {
 protected:
     AccessiblePartsTests() { installAccessibleParts(); }
 
-    Appearance appearance{1.0};
     QWidget panel;
 };
 
@@ -30,7 +28,6 @@ TEST_F(AccessiblePartsTests, cardsAreModalDialogsWithTheirTitleAndMessage)
     Alert alert(
         QStringLiteral("Unable to Open Editor"),
         {.primary = QStringLiteral("OK"), .cancel = {}, .copyHelp = {}},
-        appearance,
         &panel);
     alert.setMessage(QStringLiteral("Nothing is there."));
     QAccessibleInterface* const card = interfaceOf(alert);
@@ -42,7 +39,7 @@ TEST_F(AccessiblePartsTests, cardsAreModalDialogsWithTheirTitleAndMessage)
 
 TEST_F(AccessiblePartsTests, theOverlaysBarIsABusyProgressBar)
 {
-    EditorOverlay overlay(appearance, &panel);
+    EditorOverlay overlay(&panel);
     QAccessibleInterface* const card = interfaceOf(overlay);
     EXPECT_EQ(card->role(), QAccessible::Dialog);
     int bars = 0;
@@ -58,12 +55,12 @@ TEST_F(AccessiblePartsTests, theOverlaysBarIsABusyProgressBar)
 
 TEST_F(AccessiblePartsTests, stripsAreReadAsWhatTheySay)
 {
-    Strip error(Strip::Tone::error, QStringLiteral("error"), appearance, &panel);
+    Strip error(Strip::Tone::error, QStringLiteral("error"), &panel);
     error.setText(QStringLiteral("github.com\n  X token refused"));
     EXPECT_EQ(interfaceOf(error)->role(), QAccessible::AlertMessage);
     EXPECT_EQ(
         interfaceOf(error)->text(QAccessible::Name), QStringLiteral("github.com: token refused"));
-    Strip quiet(Strip::Tone::quiet, QStringLiteral("quiet"), appearance, &panel);
+    Strip quiet(Strip::Tone::quiet, QStringLiteral("quiet"), &panel);
     EXPECT_EQ(interfaceOf(quiet)->role(), QAccessible::Notification);
 }
 

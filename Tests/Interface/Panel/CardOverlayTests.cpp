@@ -1,6 +1,6 @@
 #include "Tarnwick/Interface/Panel/CardOverlay.h"
 
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 #include "Tarnwick/Interface/Panel/Alert.h"
 
 #include <QGraphicsEffect>
@@ -18,7 +18,6 @@ protected:
         : alert(
               QStringLiteral("Unable to Open Editor"),
               {.primary = QStringLiteral("OK"), .cancel = {}, .copyHelp = {}},
-              appearance,
               &panel)
     {
         panel.resize(420, 400);
@@ -30,7 +29,6 @@ protected:
         return panel.findChild<QWidget*>(QStringLiteral("leavingCard"));
     }
 
-    Appearance appearance{1.0};
     QWidget panel;
     Alert alert;
 };
@@ -67,7 +65,7 @@ TEST_F(CardOverlayTests, thePictureOfACardIsTheCard)
 
 TEST_F(CardOverlayTests, withoutMotionACardGoesAtOnce)
 {
-    appearance.setWishes({.reducedMotion = true, .higherContrast = false});
+    setApplicationStyle(1.0).setWishes({.reducedMotion = true, .higherContrast = false});
     alert.show();
     alert.hide();
     EXPECT_EQ(leavingCard(), nullptr);

@@ -1,7 +1,6 @@
 #include "Tarnwick/Interface/Panel/OptionsMenu.h"
 
 #include "Fakes/ModelFixture.h"
-#include "Tarnwick/Interface/Look/Appearance.h"
 
 #include <QAccessible>
 #include <QSignalSpy>
@@ -19,7 +18,7 @@ protected:
     OptionsMenuTests()
     {
         start();
-        menu = std::make_unique<OptionsMenu>(*model, appearance, nullptr);
+        menu = std::make_unique<OptionsMenu>(*model, nullptr);
     }
 
     /// Titles in order, with "-" for a divider, "[Title]" for a label and "Title >" for a submenu.
@@ -70,7 +69,6 @@ protected:
         TestSupport::processEvents();
     }
 
-    Appearance appearance{1.0};
     std::unique_ptr<OptionsMenu> menu;
 };
 

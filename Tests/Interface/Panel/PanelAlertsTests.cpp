@@ -1,7 +1,6 @@
 #include "Tarnwick/Interface/Panel/PanelAlerts.h"
 
 #include "Fakes/ModelFixture.h"
-#include "Tarnwick/Interface/Look/Appearance.h"
 #include "Tarnwick/Interface/Panel/Alert.h"
 #include "Tarnwick/Interface/Panel/EditorFlow.h"
 #include "Tarnwick/Interface/Panel/EditorOverlay.h"
@@ -34,7 +33,7 @@ protected:
         flow.reset();
         start();
         flow = std::make_unique<EditorFlow>(*model);
-        alerts = new PanelAlerts(*model, *flow, appearance, &panel);
+        alerts = new PanelAlerts(*model, *flow, &panel);
         panel.resize(420, 500);
         panel.show();
         (void)QTest::qWaitForWindowActive(&panel);
@@ -62,7 +61,6 @@ protected:
         ASSERT_TRUE(model->notificationSettingsRequired());
     }
 
-    Appearance appearance{1.0};
     std::unique_ptr<EditorFlow> flow;
     QWidget panel;
     PanelAlerts* alerts;

@@ -1,122 +1,100 @@
 #include "Tarnwick/Interface/Panel/PanelContent.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace Tarnwick {
 namespace {
 
 using Kind = MenuState::Kind;
+using testing::ElementsAre;
 
-StatusContent statusOf(const MenuState& state, bool hasRows = false, bool choosesNothing = false)
+NoticeContent noticeOf(const MenuState& state, bool choosesNothing = false)
 {
-    return std::get<StatusContent>(panelContent(state, hasRows, choosesNothing));
-}
-
-bool isList(const MenuState& state)
-{
-    return std::holds_alternative<ListContent>(panelContent(state, true, false));
+    return panelContent(state, false, choosesNothing).value();
 }
 
 TEST(PanelContentTests, checksTheLoginFirst)
 {
-    const StatusContent expected{
+    const NoticeContent expected{
         .symbol = QStringLiteral("person.badge.key"),
-        .image = {},
         .title = QStringLiteral("Checking GitHub CLI authentication…"),
-        .hasSpinner = true,
-        .offersRepositories = false};
-    EXPECT_EQ(statusOf({Kind::idle, {}}), expected);
-    EXPECT_EQ(statusOf({Kind::checkingAuthentication, {}}), expected);
+        .hasSpinner = true};
+    EXPECT_EQ(noticeOf({Kind::idle, {}}), expected);
+    EXPECT_EQ(noticeOf({Kind::checkingAuthentication, {}}), expected);
 }
 
 TEST(PanelContentTests, loadsWithThePicture)
 {
-    const StatusContent expected{
-        .symbol = {},
+    const NoticeContent expected{
         .image = QStringLiteral("tarnwick-zap-black-cutout"),
         .title = QStringLiteral("Loading pull requests…"),
-        .hasSpinner = true,
-        .offersRepositories = false};
-    EXPECT_EQ(statusOf({Kind::loading, {}}), expected);
+        .hasSpinner = true};
+    EXPECT_EQ(noticeOf({Kind::loading, {}}), expected);
 }
 
 TEST(PanelContentTests, loadingWithRowsKeepsShowingThem)
 {
-    EXPECT_TRUE(isList({Kind::loading, {}}));
-    EXPECT_TRUE(isList({Kind::loaded, {}}));
+    EXPECT_FALSE(panelContent({Kind::loading, {}}, true, false));
+    EXPECT_FALSE(panelContent({Kind::loaded, {}}, true, false));
 }
 
 TEST(PanelContentTests, anEmptyListOffersAnotherTry)
 {
-    const StatusContent content = statusOf({Kind::loaded, {}});
-    EXPECT_EQ(content.symbol, QStringLiteral("tray"));
-    EXPECT_EQ(content.title, QStringLiteral("No pull requests involving you were found."));
-    EXPECT_FALSE(content.hasSpinner);
-    EXPECT_FALSE(content.offersRepositories);
+    const NoticeContent expected{
+        .symbol = QStringLiteral("tray"),
+        .title = QStringLiteral("No pull requests involving you were found."),
+        .actions = {NoticeAction::tryAgain}};
+    EXPECT_EQ(noticeOf({Kind::loaded, {}}), expected);
 }
 
 TEST(PanelContentTests, anEmptySelectionOffersTheRepositories)
 {
-    const StatusContent content = statusOf({Kind::loaded, {}}, false, true);
+    const NoticeContent content = noticeOf({Kind::loaded, {}}, true);
     EXPECT_EQ(content.title, QStringLiteral("No pull requests involving you were found."));
-    EXPECT_EQ(content.detail, QStringLiteral("No repository is selected."));
-    EXPECT_TRUE(content.offersRepositories);
+    EXPECT_EQ(content.message, QStringLiteral("No repository is selected."));
+    EXPECT_THAT(
+        content.actions, ElementsAre(NoticeAction::chooseRepositories, NoticeAction::tryAgain));
 }
 
 TEST(PanelContentTests, anEmptyListSaysWhatIsHidden)
 {
-    const auto content =
-        std::get<StatusContent>(panelContent({Kind::loaded, {}}, false, false, {.filters = 9}));
-    EXPECT_EQ(content.title, QStringLiteral("No pull requests involving you were found."));
-    EXPECT_EQ(content.detail, QStringLiteral("9 are hidden by filters."));
-    EXPECT_EQ(statusOf({Kind::loaded, {}}).detail, QString());
+    const auto content = panelContent({Kind::loaded, {}}, false, false, {.filters = 9});
+    EXPECT_EQ(content->title, QStringLiteral("No pull requests involving you were found."));
+    EXPECT_EQ(content->message, QStringLiteral("9 are hidden by filters."));
+    EXPECT_THAT(content->actions, ElementsAre(NoticeAction::showHidden, NoticeAction::tryAgain));
 }
 
-TEST(PanelContentTests, aFailureIsItsMessage)
+TEST(PanelContentTests, aFailureIsItsMessageAndNobodyIsAskedToSignIn)
 {
-    const StatusContent content = statusOf({Kind::failed, "error connecting to api.github.com"});
-    EXPECT_EQ(content.symbol, QStringLiteral("exclamationmark.triangle"));
-    EXPECT_EQ(content.title, QStringLiteral("error connecting to api.github.com"));
-    EXPECT_FALSE(content.hasSpinner);
-}
-
-TEST(PanelContentTests, nobodyIsAskedToSignInWhereGitHubDoesNotAnswer)
-{
-    for (const char* const message :
-         {"GitHub cannot be reached.", "GitHub's limit for your account is used up until 14:20."}) {
-        const StatusContent content = statusOf({Kind::unavailable, message, true});
-        EXPECT_EQ(content.symbol, QStringLiteral("exclamationmark.triangle"));
-        EXPECT_EQ(content.title, QString::fromLatin1(message));
-        EXPECT_FALSE(content.hasSpinner);
-        EXPECT_FALSE(content.offersRepositories);
+    for (const MenuState& state :
+         {MenuState{Kind::failed, "error connecting to api.github.com"},
+          MenuState{Kind::unavailable, "GitHub cannot be reached.", true},
+          MenuState{
+              Kind::unavailable,
+              "GitHub's limit for your account is used up until 14:20.",
+              true}}) {
+        const NoticeContent expected{
+            .symbol = QStringLiteral("exclamationmark.triangle"),
+            .title = QString::fromStdString(state.message),
+            .actions = {NoticeAction::tryAgain}};
+        EXPECT_EQ(noticeOf(state), expected);
     }
 }
 
 TEST(PanelContentTests, signedOutAndUnavailableSayWhatToDo)
 {
-    EXPECT_EQ(
-        std::get<AuthenticationContent>(
-            panelContent({Kind::signedOut, "GitHub CLI is not logged in."}, false, false)),
-        (AuthenticationContent{
-            QStringLiteral("person.crop.circle.badge.exclamationmark"),
-            QStringLiteral("Sign in to GitHub"),
-            QStringLiteral("GitHub CLI is not logged in.")}));
-    EXPECT_EQ(
-        std::get<AuthenticationContent>(
-            panelContent({Kind::unavailable, "gh was not found."}, false, false)),
-        (AuthenticationContent{
-            QStringLiteral("terminal"),
-            QStringLiteral("GitHub CLI unavailable"),
-            QStringLiteral("gh was not found.")}));
-}
-
-TEST(PanelContentTests, aServiceOutOfReachIsSaidWithoutAnInvitationToSignIn)
-{
-    const auto content = std::get<StatusContent>(
-        panelContent({Kind::unavailable, "GitHub cannot be reached.", true}, false, false));
-    EXPECT_EQ(content.symbol, QStringLiteral("exclamationmark.triangle"));
-    EXPECT_EQ(content.title, QStringLiteral("GitHub cannot be reached."));
-    EXPECT_FALSE(content.hasSpinner);
+    const NoticeContent signedOut{
+        .symbol = QStringLiteral("person.crop.circle.badge.exclamationmark"),
+        .title = QStringLiteral("Sign in to GitHub"),
+        .message = QStringLiteral("GitHub CLI is not logged in."),
+        .hint = QStringLiteral("Run `gh auth login` in Terminal, then try again."),
+        .actions = {NoticeAction::copyLogin, NoticeAction::tryAgain}};
+    EXPECT_EQ(noticeOf({Kind::signedOut, "GitHub CLI is not logged in."}), signedOut);
+    const NoticeContent unavailable = noticeOf({Kind::unavailable, "gh was not found."});
+    EXPECT_EQ(unavailable.symbol, QStringLiteral("terminal"));
+    EXPECT_EQ(unavailable.title, QStringLiteral("GitHub CLI unavailable"));
+    EXPECT_EQ(unavailable.message, QStringLiteral("gh was not found."));
+    EXPECT_EQ(unavailable.actions, signedOut.actions);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "Tarnwick/Interface/Panel/PanelFooter.h"
 
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -15,9 +15,8 @@ using namespace std::chrono_literals;
 
 TEST(PanelFooterTests, saysHowManyAndHowOld)
 {
-    const Appearance appearance(1.0);
     const PullRequestKit::Date then(1'710'244'800s);
-    PanelFooter footer([then] { return then + 2min; }, appearance, nullptr);
+    PanelFooter footer([then] { return then + 2min; }, nullptr);
     EXPECT_EQ(footer.countText(), QString()) << "no list is known";
     EXPECT_EQ(footer.updatedText(), QString());
     EXPECT_EQ(footer.accessibleName(), QString());
@@ -33,9 +32,8 @@ TEST(PanelFooterTests, saysHowManyAndHowOld)
 
 TEST(PanelFooterTests, ticksOnlyWhileItCanBeSeenAndHasSomethingToTell)
 {
-    const Appearance appearance(1.0);
     const PullRequestKit::Date then(1'710'244'800s);
-    PanelFooter footer([then] { return then + 2min; }, appearance, nullptr);
+    PanelFooter footer([then] { return then + 2min; }, nullptr);
     footer.show();
     EXPECT_FALSE(footer.isTicking());
     footer.setRefreshed(then);
@@ -50,8 +48,7 @@ TEST(PanelFooterTests, ticksOnlyWhileItCanBeSeenAndHasSomethingToTell)
 
 TEST(PanelFooterTests, hasAChipWhileSomethingIsHidden)
 {
-    const Appearance appearance(1.0);
-    PanelFooter footer([] { return PullRequestKit::Date(); }, appearance, nullptr);
+    PanelFooter footer([] { return PullRequestKit::Date(); }, nullptr);
     const auto* const chip = footer.findChild<QAbstractButton*>(QStringLiteral("hiddenChip"));
     ASSERT_NE(chip, nullptr);
     EXPECT_TRUE(chip->isHidden());
@@ -70,9 +67,9 @@ TEST(PanelFooterTests, hasAChipWhileSomethingIsHidden)
 TEST(PanelFooterTests, theLongestTextsFitAtTheLeastWidth)
 {
     for (const double scale : {1.0, 1.25, 1.5}) {
-        const Appearance appearance(scale);
+        const Appearance& appearance = setApplicationStyle(scale);
         const PullRequestKit::Date then(1'710'244'800s);
-        PanelFooter footer([then] { return then + 59min; }, appearance, nullptr);
+        PanelFooter footer([then] { return then + 59min; }, nullptr);
         footer.setCount(1000);
         footer.setHidden({.filters = 128}, true);
         footer.setRefreshed(then);

@@ -1,11 +1,11 @@
 #include "Support/Pictures.h"
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Controls/PushButton.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 #include "Tarnwick/Interface/Panel/Alert.h"
-#include "Tarnwick/Interface/Panel/AuthenticationPanel.h"
 #include "Tarnwick/Interface/Panel/EditorOverlay.h"
+#include "Tarnwick/Interface/Panel/Notice.h"
 #include "Tarnwick/Interface/Panel/PanelFooter.h"
 #include "Tarnwick/Interface/Panel/PanelHeader.h"
-#include "Tarnwick/Interface/Panel/StatusPanel.h"
 #include "Tarnwick/Interface/Panel/Strip.h"
 
 #include <QPainter>
@@ -35,9 +35,17 @@ QImage stacked(const std::vector<QImage>& pictures)
     return sheet;
 }
 
+/// On the panel's ground.
+void show(Notice& notice, const NoticeContent& content)
+{
+    notice.setBackgroundRole(QPalette::Base);
+    notice.setAutoFillBackground(true);
+    notice.show(content);
+}
+
 QImage partsOfThePanel(bool isDark, double scaleFactor)
 {
-    Appearance appearance(1.0);
+    Appearance& appearance = setApplicationStyle(1.0);
     appearance.setDark(isDark);
     std::vector<QImage> pictures;
     const auto add = [&](QWidget& widget, int height) {
@@ -45,30 +53,30 @@ QImage partsOfThePanel(bool isDark, double scaleFactor)
         pictures.push_back(pictureOf(widget, scaleFactor));
     };
 
-    PanelHeader header(appearance, nullptr);
-    header.setFindShown(true);
+    PanelHeader header(nullptr);
+    header.find().show();
     add(header, header.sizeHint().height());
 
-    StatusPanel status(appearance, nullptr);
-    status.show(std::get<StatusContent>(panelContent({MenuState::Kind::loaded, {}}, false, true)));
-    add(status, 280);
+    const MenuState::Kind unavailable = MenuState::Kind::unavailable;
+    const char* const missing =
+        "GitHub CLI (gh) was not found. Install it, then run gh auth login.";
+    for (const auto& content :
+         {panelContent({MenuState::Kind::loaded, {}}, false, true),
+          panelContent({unavailable, missing}, false, false)}) {
+        Notice notice(nullptr);
+        show(notice, *content);
+        add(notice, 280);
+    }
 
-    AuthenticationPanel authentication(appearance, nullptr);
-    authentication.show(std::get<AuthenticationContent>(panelContent(
-        {MenuState::Kind::unavailable,
-         "GitHub CLI (gh) was not found. Install it, then run gh auth login."},
-        false,
-        false)));
-    add(authentication, 280);
-
-    Strip strip(Strip::Tone::error, QStringLiteral("refreshError"), appearance, nullptr);
+    QWidget panel;
+    Strip strip(Strip::Tone::error, QStringLiteral("refreshError"), &panel);
     strip.setAction(QStringLiteral("Try Again"));
     strip.setText(QStringLiteral("Showing cached data: error connecting to api.github.com"));
     strip.hide();
     add(strip, strip.heightForWidth(420));
 
     const PullRequestKit::Date then(1'710'244'800s);
-    PanelFooter footer([then] { return then + 14min; }, appearance, nullptr);
+    PanelFooter footer([then] { return then + 14min; }, nullptr);
     footer.setCount(7);
     footer.setRefreshed(then);
     add(footer, footer.sizeHint().height());
@@ -80,13 +88,14 @@ template<typename Card>
 QImage cardOver(Card& card, QWidget& panel, int height)
 {
     panel.setAttribute(Qt::WA_DontShowOnScreen);
+    panel.setPalette(QColor(0xEFEFEF));
     panel.resize(420, height);
     card.show();
     panel.show();
     return pictureOf(panel);
 }
 
-QImage alert(const Appearance& appearance)
+QImage alert()
 {
     QWidget panel;
     Alert alert(
@@ -94,7 +103,6 @@ QImage alert(const Appearance& appearance)
         {.primary = QStringLiteral("OK"),
          .cancel = {},
          .copyHelp = QStringLiteral("Copy error title and message")},
-        appearance,
         &panel);
     alert.setMessage(QStringLiteral("The repository directory does not exist at "
                                     "/home/mira/projects/tidewatch. Open Menu > Repositories and "
@@ -102,20 +110,20 @@ QImage alert(const Appearance& appearance)
     return cardOver(alert, panel, 240);
 }
 
-QImage editorOverlay(const Appearance& appearance)
+QImage editorOverlay()
 {
     QWidget panel;
-    EditorOverlay overlay(appearance, &panel);
+    EditorOverlay overlay(&panel);
     overlay.setProgress(QStringLiteral("Preparing repository…"));
     return cardOver(overlay, panel, 200);
 }
 
 QImage cards(bool isDark)
 {
-    Appearance appearance(1.0);
+    Appearance& appearance = setApplicationStyle(1.0);
     appearance.setDark(isDark);
     appearance.setWishes({.reducedMotion = true, .higherContrast = false});
-    return stacked({alert(appearance), editorOverlay(appearance)});
+    return stacked({alert(), editorOverlay()});
 }
 
 TEST(PanelPictureTests, theParts)
@@ -125,20 +133,19 @@ TEST(PanelPictureTests, theParts)
 }
 
 /// The empty list while everything is hidden, and the footer in its ways to stand.
-QImage hiddenParts(const Appearance& appearance, double scaleFactor)
+QImage hiddenParts(double scaleFactor)
 {
     std::vector<QImage> pictures;
     const auto add = [&](QWidget& widget, int height) {
-        widget.resize(appearance.scaled(360), height);
+        widget.resize(appearance().scaled(360), height);
         pictures.push_back(pictureOf(widget, scaleFactor));
     };
-    StatusPanel status(appearance, nullptr);
-    status.show(std::get<StatusContent>(
-        panelContent({MenuState::Kind::loaded, {}}, false, false, {.filters = 9})));
-    add(status, appearance.scaled(280));
+    Notice notice(nullptr);
+    show(notice, *panelContent({MenuState::Kind::loaded, {}}, false, false, {.filters = 9}));
+    add(notice, appearance().scaled(280));
     for (const bool areShown : {false, true}) {
         const PullRequestKit::Date then(1'710'244'800s);
-        PanelFooter footer([then] { return then + 59min; }, appearance, nullptr);
+        PanelFooter footer([then] { return then + 59min; }, nullptr);
         footer.setCount(1000);
         footer.setHidden({.filters = 128}, areShown);
         footer.setRefreshed(then);
@@ -149,12 +156,11 @@ QImage hiddenParts(const Appearance& appearance, double scaleFactor)
 
 TEST(PanelPictureTests, theHidden)
 {
-    Appearance light(1.0);
-    expectPicture(hiddenParts(light, 1), "panel-hidden-light");
-    Appearance dark(1.5);
+    expectPicture(hiddenParts(1), "panel-hidden-light");
+    Appearance& dark = setApplicationStyle(1.5);
     dark.setDark(true);
     dark.setWishes({.reducedMotion = true, .higherContrast = true});
-    expectPicture(hiddenParts(dark, 1), "panel-hidden-dark-contrast");
+    expectPicture(hiddenParts(1), "panel-hidden-dark-contrast");
 }
 
 TEST(PanelPictureTests, theCards)

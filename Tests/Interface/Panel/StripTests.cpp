@@ -1,7 +1,7 @@
 #include "Tarnwick/Interface/Panel/Strip.h"
 
 #include "Fakes/ModelFixture.h"
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 #include "Tarnwick/Interface/Panel/StripStack.h"
 
 #include <QAbstractButton>
@@ -14,7 +14,7 @@ protected:
     StripTests()
     {
         start();
-        strips = std::make_unique<StripStack>(*model, appearance, nullptr);
+        strips = std::make_unique<StripStack>(*model, nullptr);
     }
 
     Strip& strip(const char* name) const { return *strips->findChild<Strip*>(QLatin1String(name)); }
@@ -24,7 +24,6 @@ protected:
         strips->findChild<QAbstractButton*>(QLatin1String(name))->click();
     }
 
-    Appearance appearance{1.0};
     std::unique_ptr<StripStack> strips;
 };
 
@@ -77,7 +76,7 @@ TEST_F(StripTests, theWayToWhatInvolvesTheUserIsNotShownAgainAfterItWasPutAway)
     model->setArrangement(Arrangement::byReviewState);
     model->setArrangement(Arrangement::byWhoseTurn);
     EXPECT_TRUE(strip("involvedHint").isHidden());
-    strips = std::make_unique<StripStack>(*model, appearance, nullptr);
+    strips = std::make_unique<StripStack>(*model, nullptr);
     EXPECT_TRUE(strip("involvedHint").isHidden());
 }
 
@@ -129,7 +128,8 @@ TEST_F(StripTests, aSettingsErrorCanBePutAway)
 
 TEST_F(StripTests, aTextTakesThreeLinesAtMostAndIsWholeInItsHelpText)
 {
-    Strip tall(Strip::Tone::error, QStringLiteral("tall"), appearance, nullptr);
+    QWidget panel;
+    Strip tall(Strip::Tone::error, QStringLiteral("tall"), &panel);
     QString text;
     for (int word = 0; word < 80; ++word) {
         text += QStringLiteral("word ");
@@ -178,7 +178,8 @@ TEST_F(StripTests, onceItIsPutAwayItStaysAwayUntilTheNextFailure)
 
 TEST_F(StripTests, aTextOfSeveralLinesIsSetAsOneAndWholeInItsHelpText)
 {
-    Strip one(Strip::Tone::error, QStringLiteral("one"), appearance, nullptr);
+    QWidget panel;
+    Strip one(Strip::Tone::error, QStringLiteral("one"), &panel);
     const QString text = QStringLiteral("github.com\n  X token refused");
     one.setText(text);
     one.resize(420, one.heightForWidth(420));
@@ -190,7 +191,7 @@ TEST_F(StripTests, aTextOfSeveralLinesIsSetAsOneAndWholeInItsHelpText)
 TEST_F(StripTests, slidesOpenAndShut)
 {
     QWidget panel;
-    Strip sliding(Strip::Tone::error, QStringLiteral("sliding"), appearance, &panel);
+    Strip sliding(Strip::Tone::error, QStringLiteral("sliding"), &panel);
     sliding.resize(420, 0);
     panel.show();
     sliding.setText(QStringLiteral("short"));
@@ -205,8 +206,8 @@ TEST_F(StripTests, slidesOpenAndShut)
 TEST_F(StripTests, doesNotSlideWhereTheDesktopWantsNoMotion)
 {
     QWidget panel;
-    appearance.setWishes({.reducedMotion = true, .higherContrast = false});
-    Strip still(Strip::Tone::error, QStringLiteral("still"), appearance, &panel);
+    setApplicationStyle(1.0).setWishes({.reducedMotion = true, .higherContrast = false});
+    Strip still(Strip::Tone::error, QStringLiteral("still"), &panel);
     panel.show();
     still.setText(QStringLiteral("short"));
     EXPECT_EQ(still.heightForWidth(420), 32);

@@ -1,5 +1,7 @@
 #include "Tarnwick/Interface/Panel/WrappedText.h"
 
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+
 #include <QFontMetricsF>
 
 #include <gtest/gtest.h>
@@ -19,8 +21,7 @@ protected:
             .lines();
     }
 
-    Appearance appearance{1.0};
-    LineStyle style = appearance.line(TextStyle::footnote, TextWeight::regular);
+    LineStyle style = appearance().line(TextStyle::footnote, TextWeight::regular);
 };
 
 TEST_F(WrappedTextTests, breaksBetweenWords)

@@ -37,7 +37,7 @@ void PickerTest::open(
     cache().save(snapshot);
     SettingsStore(*defaults).setSelectedRepositories(selected);
     start();
-    picker = std::make_unique<RepositoryPicker>(*model, appearance);
+    picker = std::make_unique<RepositoryPicker>(*model);
     QObject::connect(picker.get(), &RepositoryPicker::done, picker.get(), [this] { ++doneCount; });
     picker->resize(420, 600);
     picker->show();

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Fakes/ModelFixture.h"
-#include "Tarnwick/Interface/Look/Appearance.h"
 #include "Tarnwick/Interface/Picker/PickerListModel.h"
 #include "Tarnwick/Interface/Picker/PickerListView.h"
 #include "Tarnwick/Interface/Picker/RepositoryPicker.h"
@@ -52,7 +51,6 @@ protected:
 
     const std::set<std::string>& selected() const { return model->settings().selectedRepositories; }
 
-    Appearance appearance{1.0};
     std::unique_ptr<RepositoryPicker> picker;
     int doneCount = 0;
 };

@@ -1,5 +1,6 @@
 #include "Picker/PickerFixture.h"
 #include "Support/Pictures.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 
 #include <QLabel>
 
@@ -10,10 +11,11 @@ namespace {
 
 class PickerPictureTests : public PickerTest {
 protected:
-    PickerPictureTests() { appearance.setWishes({.reducedMotion = true, .higherContrast = false}); }
+    Appearance& appearance = setApplicationStyle(1.0);
 
     void openEveryday()
     {
+        appearance.setWishes({.reducedMotion = true, .higherContrast = false});
         std::vector<PullRequestKit::RepositorySummary> repositories = someRepositories();
         for (int number = 1; number < 20; ++number) {
             repositories.push_back(

@@ -1,5 +1,7 @@
 #include "Tarnwick/Interface/Picker/PickerRowGeometry.h"
 
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+
 #include <gtest/gtest.h>
 
 namespace Tarnwick {
@@ -7,8 +9,8 @@ namespace {
 
 PickerRowGeometry repositoryAt(double scale, int width, int nameWidth, bool hasEye)
 {
-    const Appearance appearance(scale);
-    return PickerRowGeometry::ofRepository(width, nameWidth, hasEye, PickerRowMetrics(appearance));
+    setApplicationStyle(scale);
+    return PickerRowGeometry::ofRepository(width, nameWidth, hasEye, PickerRowMetrics());
 }
 
 TEST(PickerRowGeometryTests, aRepositoryIs48High)
@@ -38,8 +40,7 @@ TEST(PickerRowGeometryTests, aRepositoryThatIsNotPrivateHasNoEye)
 
 TEST(PickerRowGeometryTests, anOwnersLabelIs32High)
 {
-    const Appearance appearance(1.0);
-    const PickerRowGeometry row = PickerRowGeometry::ofOwner(420, 61, PickerRowMetrics(appearance));
+    const PickerRowGeometry row = PickerRowGeometry::ofOwner(420, 61, PickerRowMetrics());
     EXPECT_EQ(row.row, QRect(0, 0, 420, 32));
     EXPECT_EQ(row.name, QRect(16, 7, 420 - 16 - 61 - 12 - 16, 18));
     EXPECT_EQ(row.button, QRect(420 - 16 - 61, 8, 61, 16));
@@ -49,14 +50,14 @@ TEST(PickerRowGeometryTests, anOwnersLabelIs32High)
 
 TEST(PickerRowGeometryTests, growsWithTheText)
 {
-    const Appearance at125(1.25);
-    const Appearance at150(1.5);
-    EXPECT_EQ(PickerRowMetrics(at125).repositoryHeight, 7 + 24 + 20 + 7);
-    EXPECT_EQ(PickerRowMetrics(at150).repositoryHeight, 7 + 28 + 24 + 7);
-    EXPECT_EQ(PickerRowMetrics(at125).ownerHeight, 40);
-    EXPECT_EQ(PickerRowMetrics(at150).ownerHeight, 48);
-    EXPECT_EQ(PickerRowMetrics(at125).checkBox, 20);
-    EXPECT_EQ(PickerRowMetrics(at150).checkBox, 24);
+    setApplicationStyle(1.25);
+    EXPECT_EQ(PickerRowMetrics().repositoryHeight, 7 + 24 + 20 + 7);
+    EXPECT_EQ(PickerRowMetrics().ownerHeight, 40);
+    EXPECT_EQ(PickerRowMetrics().checkBox, 20);
+    setApplicationStyle(1.5);
+    EXPECT_EQ(PickerRowMetrics().repositoryHeight, 7 + 28 + 24 + 7);
+    EXPECT_EQ(PickerRowMetrics().ownerHeight, 48);
+    EXPECT_EQ(PickerRowMetrics().checkBox, 24);
     EXPECT_EQ(repositoryAt(1.5, 630, 60, false).name.left(), 16 + 24 + 12);
 }
 

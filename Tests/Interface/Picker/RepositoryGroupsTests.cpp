@@ -80,13 +80,5 @@ TEST(RepositoryGroupsTests, noRepositoriesMakeNoGroups)
     EXPECT_TRUE(repositoryGroups({}).empty());
 }
 
-TEST(RepositoryGroupsTests, aGroupIsAllSelectedWhenEachOfItsRepositoriesIs)
-{
-    const auto groups = repositoryGroups(named({"octo/a", "octo/b"}));
-    EXPECT_TRUE(isAllSelected(groups.at(0), {"octo/a", "octo/b", "other/c"}));
-    EXPECT_FALSE(isAllSelected(groups.at(0), {"octo/a"}));
-    EXPECT_FALSE(isAllSelected(groups.at(0), {}));
-}
-
 }  // namespace
 }  // namespace Tarnwick

@@ -1,4 +1,5 @@
 #include "Picker/PickerFixture.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 
 #include <QAbstractButton>
 #include <QFileDialog>
@@ -69,12 +70,11 @@ TEST_F(RepositoryPickerTests, theDesignsMeasuresHold)
     EXPECT_EQ(placeOf("projectDirectoryTitle"), QRect(16, 94, 388, 18));
     EXPECT_EQ(placeOf("projectDirectoryNote"), QRect(16, 156, 388, 16));
     EXPECT_EQ(placeOf("repositories"), QRect(0, 227, 420, 373));
-    // Buttons have room for their focus rings around them.
-    EXPECT_EQ(placeOf("done").adjusted(4, 4, -4, -4).right() + 1, 404);
-    EXPECT_EQ(placeOf("done").adjusted(4, 4, -4, -4).height(), 26);
-    EXPECT_EQ(placeOf("selectNone").adjusted(4, 4, -4, -4).top(), 193);
-    EXPECT_EQ(placeOf("chooseProjectDirectory").adjusted(4, 4, -4, -4).top(), 118);
-    EXPECT_EQ(placeOf("chooseProjectDirectory").adjusted(4, 4, -4, -4).height(), 32);
+    EXPECT_EQ(placeOf("done").right() + 1, 404);
+    EXPECT_EQ(placeOf("done").height(), 26);
+    EXPECT_EQ(placeOf("selectNone").top(), 193);
+    EXPECT_EQ(placeOf("chooseProjectDirectory").top(), 118);
+    EXPECT_EQ(placeOf("chooseProjectDirectory").height(), 32);
 }
 
 TEST_F(RepositoryPickerTests, theFocusStartsInTheFindField)
@@ -141,34 +141,34 @@ TEST_F(RepositoryPickerTests, withoutHitsItSaysNoMatches)
 {
     open(someRepositories(), {"northmere/quay"});
     QTest::keyClicks(findField(), QStringLiteral("nowhere"));
-    EXPECT_TRUE(isShown("noMatches"));
-    EXPECT_EQ(textOf("noMatches"), QStringLiteral("No matches"));
-    EXPECT_FALSE(isShown("noRepositories"));
+    EXPECT_TRUE(isShown("noticeMessage"));
+    EXPECT_EQ(textOf("noticeMessage"), QStringLiteral("No matches"));
+    EXPECT_FALSE(isShown("noticeTitle"));
     EXPECT_FALSE(isShown("repositories"));
     press("selectAll");
     press("selectNone");
     EXPECT_THAT(selected(), ElementsAre("northmere/quay"));
     findField()->clear();
     EXPECT_TRUE(isShown("repositories"));
-    EXPECT_FALSE(isShown("noMatches"));
+    EXPECT_FALSE(isShown("noticeMessage"));
 }
 
 TEST_F(RepositoryPickerTests, beforeTheFirstAnswerItDoesNotSayThatThereAreNone)
 {
     start();
-    picker = std::make_unique<RepositoryPicker>(*model, appearance);
+    picker = std::make_unique<RepositoryPicker>(*model);
     picker->resize(420, 600);
     picker->show();
-    EXPECT_EQ(textOf("noRepositories"), QStringLiteral("Repositories are not loaded yet"));
+    EXPECT_EQ(textOf("noticeTitle"), QStringLiteral("Repositories are not loaded yet"));
     refresh();
-    EXPECT_EQ(textOf("noRepositories"), QStringLiteral("No repositories"));
+    EXPECT_EQ(textOf("noticeTitle"), QStringLiteral("No repositories"));
 }
 
 TEST_F(RepositoryPickerTests, withoutRepositoriesItSaysSo)
 {
     open({}, {"gone/away"});
-    EXPECT_TRUE(isShown("noRepositories"));
-    EXPECT_EQ(textOf("noRepositories"), QStringLiteral("No repositories"));
+    EXPECT_TRUE(isShown("noticeTitle"));
+    EXPECT_EQ(textOf("noticeTitle"), QStringLiteral("No repositories"));
     EXPECT_FALSE(isShown("repositories"));
     // All of nothing would take the selection of an earlier day away.
     press("selectAll");
@@ -184,7 +184,7 @@ TEST_F(RepositoryPickerTests, repositoriesAppearWhenTheyAreKnown)
     refresh();
     EXPECT_THAT(rows(), ElementsAre("fenland:", "capstan"));
     EXPECT_TRUE(isShown("repositories"));
-    EXPECT_FALSE(isShown("noRepositories"));
+    EXPECT_FALSE(isShown("noticeTitle"));
 }
 
 TEST_F(RepositoryPickerTests, downAndReturnGoFromTheFieldToTheFirstRepository)
@@ -358,13 +358,11 @@ TEST_F(RepositoryPickerTests, aDismissedFolderDialogChangesNothing)
 TEST_F(RepositoryPickerTests, theTextSizeMovesEverything)
 {
     open(someRepositories());
-    Appearance large(1.5);
-    RepositoryPicker larger(*model, large);
-    larger.resize(630, 900);
-    larger.show();
-    const auto* const listed = larger.findChild<PickerListView*>();
+    setApplicationStyle(1.5);
+    picker->resize(630, 900);
+    TestSupport::processEvents();
     // 66 of head, 10, 42 of field, 12, the section, 12, 1 and 64 of summary.
-    EXPECT_EQ(listed->y(), 66 + 10 + 42 + 12 + (28 + 6 + 48 + 6 + 24) + 12 + 1 + 64);
+    EXPECT_EQ(list()->y(), 66 + 10 + 42 + 12 + (28 + 6 + 48 + 6 + 24) + 12 + 1 + 64);
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 namespace Tarnwick {
 namespace {
 
-/// Of 255, per colour: what rounding in another version of Qt or FreeType may make of a pixel.
+/// Of 255, per color: what rounding in another version of Qt or FreeType may make of a pixel.
 constexpr int pixelTolerance = 48;
 /// The share of pixels that may differ by more.
 constexpr double shareTolerance = 0.002;

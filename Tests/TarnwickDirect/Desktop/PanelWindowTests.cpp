@@ -1,5 +1,7 @@
 #include "TarnwickDirect/Application/PanelWindow.h"
 
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+
 #include <QAccessible>
 #include <QApplication>
 #include <QImage>
@@ -58,7 +60,7 @@ protected:
     }
 
     bool keepsOpen = false;
-    Tarnwick::Appearance appearance{1.0};
+    Tarnwick::Appearance& appearance = Tarnwick::setApplicationStyle(1.0);
     PanelWindow window{new Paper, [this] { return keepsOpen; }, appearance};
 };
 

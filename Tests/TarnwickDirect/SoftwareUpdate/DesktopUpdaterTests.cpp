@@ -1,6 +1,7 @@
 #include "TarnwickDirect/SoftwareUpdate/DesktopUpdater.h"
 
 #include "SoftwareUpdate/UpdaterFixture.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 
 #include <QAbstractButton>
 #include <QTest>
@@ -22,7 +23,6 @@ protected:
         UpdaterHost host;
         host.defaults = defaults;
         host.clock = clock;
-        host.appearance = &appearance;
         host.bringToFront = [this](QWidget& window) {
             ++arrivals;
             window.show();
@@ -58,7 +58,7 @@ protected:
 
     ~DesktopUpdaterTest() override { desktop.reset(); }
 
-    Tarnwick::Appearance appearance{1};
+    Tarnwick::Appearance& appearance = Tarnwick::setApplicationStyle(1);
     int arrivals = 0;
     int returns = 0;
     std::vector<std::filesystem::path> restarted;

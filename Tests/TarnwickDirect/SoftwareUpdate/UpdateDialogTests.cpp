@@ -2,6 +2,7 @@
 
 #include "SoftwareUpdate/UpdaterFixture.h"
 #include "Tarnwick/Interface/Controls/PushButton.h"
+#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 #include "Tarnwick/Interface/Panel/MessageText.h"
 #include "TarnwickDirect/SoftwareUpdate/Dialog/DownloadBar.h"
 #include "TarnwickDirect/SoftwareUpdate/Dialog/UpdateDialogs.h"
@@ -48,13 +49,6 @@ QAbstractButton* buttonNamed(const QWidget& dialog, const char* text)
     throw std::logic_error(text);
 }
 
-/// What is seen of a widget, which for a button is less than the widget.
-QRect seenOf(const QWidget& widget)
-{
-    const auto* const button = qobject_cast<const Tarnwick::ControlButton*>(&widget);
-    return button ? button->visibleRect().translated(button->pos()) : widget.geometry();
-}
-
 UpdatePage availablePage()
 {
     UpdatePage page;
@@ -90,13 +84,13 @@ protected:
         return static_cast<DownloadBar*>(child<QWidget>(dialog, "updateProgress"))->share();
     }
 
-    Tarnwick::Appearance appearance{1};
+    Tarnwick::Appearance& appearance = Tarnwick::setApplicationStyle(1);
     int arrivals = 0;  ///< How often the dialog was brought to the front.
-    UpdateDialog dialog{appearance, [this](QWidget& window) {
-                            ++arrivals;
-                            window.show();
-                            window.activateWindow();
-                        }};
+    UpdateDialog dialog{[this](QWidget& window) {
+        ++arrivals;
+        window.show();
+        window.activateWindow();
+    }};
     std::vector<UpdateAction> actions;
 };
 
@@ -150,7 +144,7 @@ TEST_F(UpdateDialogTest, nothingOverlaps)
     std::vector<QRect> parts;
     for (const auto* const part : dialog.findChildren<QWidget*>()) {
         if (part->isVisible()) {
-            const QRect seen = seenOf(*part);
+            const QRect seen = part->geometry();
             EXPECT_TRUE(dialog.rect().contains(seen)) << part->y();
             for (const QRect& other : parts) {
                 EXPECT_FALSE(seen.intersects(other));
@@ -159,32 +153,32 @@ TEST_F(UpdateDialogTest, nothingOverlaps)
         }
     }
     EXPECT_EQ(parts.size(), 6U);
-    EXPECT_TRUE(child<Tarnwick::MessageText>(dialog, "updateNotes")->isScrollable());
+    EXPECT_EQ(child<QWidget>(dialog, "updateNotes")->focusPolicy(), Qt::TabFocus);
     EXPECT_LT(dialog.height(), 500);
 }
 
 TEST_F(UpdateDialogTest, holdsEverythingInLargeText)
 {
-    const Tarnwick::Appearance large{2};
-    UpdateDialog largeDialog(large, [](QWidget& window) { window.show(); });
+    Tarnwick::setApplicationStyle(2);
+    UpdateDialog largeDialog([](QWidget& window) { window.show(); });
     largeDialog.setPage(availablePage());
     const auto buttons = buttonsOf(largeDialog);
     ASSERT_EQ(buttons.size(), 3U);
-    EXPECT_GE(seenOf(*buttons[0]).left(), 20);
-    EXPECT_LT(seenOf(*buttons[0]).right(), seenOf(*buttons[1]).left());
-    EXPECT_LT(seenOf(*buttons[1]).right(), seenOf(*buttons[2]).left());
-    EXPECT_LE(seenOf(*buttons[2]).right(), largeDialog.width() - 20);
-    EXPECT_LE(seenOf(*buttons[2]).bottom(), largeDialog.height() - 20);
+    EXPECT_GE(buttons[0]->geometry().left(), 20);
+    EXPECT_LT(buttons[0]->geometry().right(), (*buttons[1]).geometry().left());
+    EXPECT_LT(buttons[1]->geometry().right(), (*buttons[2]).geometry().left());
+    EXPECT_LE(buttons[2]->geometry().right(), largeDialog.width() - 20);
+    EXPECT_LE(buttons[2]->geometry().bottom(), largeDialog.height() - 20);
 }
 
 TEST_F(UpdateDialogTest, staysOnTheScreenWithLargeTextAndLongNotes)
 {
-    const Tarnwick::Appearance large{3};
-    UpdateDialog largeDialog(large, [](QWidget& window) { window.show(); });
+    Tarnwick::setApplicationStyle(3);
+    UpdateDialog largeDialog([](QWidget& window) { window.show(); });
     UpdatePage page = availablePage();
     page.notes = QStringLiteral("Calmer.\n").repeated(100);
     largeDialog.setPage(page);
-    EXPECT_TRUE(child<Tarnwick::MessageText>(largeDialog, "updateNotes")->isScrollable());
+    EXPECT_EQ(child<QWidget>(largeDialog, "updateNotes")->focusPolicy(), Qt::TabFocus);
     EXPECT_LE(largeDialog.height(), largeDialog.screen()->availableGeometry().height());
 }
 
@@ -309,7 +303,7 @@ protected:
     {
         start();
         dialogs = std::make_unique<UpdateDialogs>(
-            *updater, QStringLiteral("1.0"), appearance, [](QWidget& window) { window.show(); });
+            *updater, QStringLiteral("1.0"), [](QWidget& window) { window.show(); });
         QObject::connect(dialogs.get(), &UpdateDialogs::restartRequested, [this] { ++restarts; });
     }
 
@@ -317,7 +311,7 @@ protected:
 
     ~UpdateDialogsTest() override { dialogs.reset(); }
 
-    Tarnwick::Appearance appearance{1};
+    Tarnwick::Appearance& appearance = Tarnwick::setApplicationStyle(1);
     int restarts = 0;
     std::unique_ptr<UpdateDialogs> dialogs;
 };

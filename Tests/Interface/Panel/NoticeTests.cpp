@@ -1,7 +1,4 @@
-#include "Tarnwick/Interface/Panel/AuthenticationPanel.h"
-
-#include "Tarnwick/Interface/Look/Appearance.h"
-#include "Tarnwick/Interface/Panel/MessageText.h"
+#include "Tarnwick/Interface/Panel/Notice.h"
 
 #include <QAbstractButton>
 
@@ -18,14 +15,12 @@ const QString refusal = QStringLiteral(
     "  - To re-authenticate, run: gh auth login -h github.com\n"
     "  - To forget about this host, run: gh auth logout -h github.com");
 
-class AuthenticationPanelTests : public testing::Test {
+class NoticeTests : public testing::Test {
 protected:
     void show(const QString& message, const QSize& size)
     {
-        panel.show(AuthenticationContent{
-            QStringLiteral("person.crop.circle.badge.exclamationmark"),
-            QStringLiteral("Sign in to GitHub"),
-            message});
+        panel.show(
+            *panelContent({MenuState::Kind::signedOut, message.toStdString()}, false, false));
         panel.resize(size);
         panel.QWidget::show();
     }
@@ -37,40 +32,37 @@ protected:
 
     void expectEverythingInSight() const
     {
-        const char* const order[] = {
-            "authenticationTitle", "authenticationMessage", "authenticationHint", "copyLogin"};
+        const char* const order[] = {"noticeTitle", "noticeMessage", "noticeHint", "copyLogin"};
         int bottom = 0;
         for (const char* const name : order) {
             EXPECT_GE(part(name).y(), bottom) << name;
-            bottom = part(name).geometry().bottom() - 8;
+            bottom = part(name).geometry().bottom();
         }
-        for (const char* const name : {"copyLogin", "authenticationTryAgain"}) {
+        for (const char* const name : {"copyLogin", "tryAgain"}) {
             EXPECT_LE(part(name).geometry().bottom(), panel.height()) << name;
         }
     }
 
-    Appearance appearance{1.0};
-    AuthenticationPanel panel{appearance, nullptr};
+    Notice panel{nullptr};
 };
 
-TEST_F(AuthenticationPanelTests, aLongMessageScrollsInALowWindowAndTheButtonsStay)
+TEST_F(NoticeTests, aLongMessageScrollsInALowWindowAndTheButtonsStay)
 {
     for (const int height : {500, 244, 212, 180}) {
         SCOPED_TRACE(height);
         show(refusal, QSize(360, height));
         expectEverythingInSight();
-        const auto& message = dynamic_cast<const MessageText&>(part("authenticationMessage"));
+        const QWidget& message = part("noticeMessage");
         EXPECT_GE(message.height(), 18);
-        EXPECT_EQ(message.isScrollable(), height < 500);
         EXPECT_EQ(message.focusPolicy(), height < 500 ? Qt::TabFocus : Qt::NoFocus);
     }
 }
 
-TEST_F(AuthenticationPanelTests, aShortMessageFitsTheLowestWindow)
+TEST_F(NoticeTests, aShortMessageFitsTheLowestWindow)
 {
     show(QStringLiteral("GitHub CLI is not logged in."), QSize(360, 244));
     expectEverythingInSight();
-    EXPECT_FALSE(dynamic_cast<const MessageText&>(part("authenticationMessage")).isScrollable());
+    EXPECT_EQ(part("noticeMessage").focusPolicy(), Qt::NoFocus);
 }
 
 }  // namespace

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QSize>
+
+class QPainter;
+class QStyleOptionMenuItem;
+
+namespace Tarnwick {
+
+/// The items of menus, as the application's style draws them. Main thread only.
+namespace MenuItems {
+
+/// Of a menu's corners.
+constexpr double cornerRadius = 10;
+
+/// Between a menu's edge and its items.
+constexpr int panelPadding = 5;
+
+void draw(QPainter& painter, const QStyleOptionMenuItem& item);
+
+QSize size(const QStyleOptionMenuItem& item);
+
+}  // namespace MenuItems
+
+}  // namespace Tarnwick

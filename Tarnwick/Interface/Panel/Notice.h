@@ -1,0 +1,54 @@
+#pragma once
+
+#include "Tarnwick/Interface/Panel/PanelContent.h"
+
+#include <QWidget>
+
+#include <map>
+
+class QBoxLayout;
+class QSpacerItem;
+
+namespace Tarnwick {
+
+class HintText;
+class MessageText;
+class PushButton;
+class Spinner;
+
+/// One thing to say in the middle of its place: an icon, a title, a message, and a spinner or what
+/// can be done. What stands below the message always fits: in a low window the message scrolls, or
+/// the title where there is none, and where hardly a line would be left of a message, the icon
+/// goes.
+class Notice final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit Notice(QWidget* parent);
+
+    void show(const NoticeContent& content);
+
+Q_SIGNALS:
+    void triggered(Tarnwick::NoticeAction action);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void addButton(NoticeAction action, const char* text, const char* name);
+    void fit();
+    void setHasIcon(bool hasIcon);
+
+    NoticeContent _content;
+    QSpacerItem* _icon;
+    MessageText* _title;
+    MessageText* _message;
+    HintText* _hint;
+    Spinner* _spinner;
+    QBoxLayout* _row;
+    std::map<NoticeAction, PushButton*> _buttons;
+};
+
+}  // namespace Tarnwick
