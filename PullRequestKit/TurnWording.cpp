@@ -13,7 +13,7 @@ std::string ordinal(std::int64_t number)
     return std::to_string(number) + ending;
 }
 
-std::string beforeNames(std::string words, const Turn& turn)
+std::string beforeNames(const std::string& words, const Turn& turn)
 {
     return turn.names.empty() ? words : words + ": ";
 }

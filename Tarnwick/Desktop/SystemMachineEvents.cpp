@@ -45,7 +45,7 @@ SystemMachineEvents::SystemMachineEvents()
     QTimer::singleShot(startDelay, this, [this] { listenToSystem(); });
 }
 
-SystemMachineEvents::SystemMachineEvents(QDBusConnection bus)
+SystemMachineEvents::SystemMachineEvents(const QDBusConnection& bus)
 {
     listen(bus);
 }
@@ -99,6 +99,9 @@ void SystemMachineEvents::networkStateChanged(quint32 state, const QDBusMessage&
 QCoro::Task<> SystemMachineEvents::sayIfSentBy(
     QString service, QDBusMessage signal, void (MachineEvents::*happened)())
 {
+    if (!_bus) {
+        co_return;
+    }
     const QPointer<SystemMachineEvents> self(this);
     const QFuture<QDBusMessage> asking = callBus(*_bus, askForOwner(service), answerLimit);
     const QDBusMessage owner = co_await asking;

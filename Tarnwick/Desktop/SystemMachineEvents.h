@@ -20,7 +20,7 @@ public:
     SystemMachineEvents();
 
     /// Listens on this bus, for tests.
-    explicit SystemMachineEvents(QDBusConnection bus);
+    explicit SystemMachineEvents(const QDBusConnection& bus);
 
 private Q_SLOTS:
     void prepareForSleep(bool isFallingAsleep, const QDBusMessage& signal);

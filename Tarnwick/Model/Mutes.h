@@ -34,6 +34,7 @@ using Mutes = std::map<std::string, Mute>;
 
 /// Orders logins without letter case, as GitHub compares them.
 struct LoginOrder {
+    // NOLINTNEXTLINE(readability-identifier-naming): the standard library looks for this name.
     using is_transparent = void;
 
     bool operator()(std::string_view left, std::string_view right) const;

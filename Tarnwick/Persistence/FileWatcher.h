@@ -30,6 +30,7 @@ public:
 
     /// With another rest where nothing writes the file in pieces.
     explicit FileWatcher(std::filesystem::path file, std::chrono::milliseconds restBefore = rest);
+    ~FileWatcher() override = default;
 
 Q_SIGNALS:
     void changed();

@@ -20,6 +20,7 @@ class LastLine final : public QObject {
 public:
     /// Requires: the descriptor stays open.
     explicit LastLine(int descriptor, QObject* parent = nullptr);
+    ~LastLine() override = default;
 
     /// Writes the text and the end of the line, as soon as the reader takes it.
     void write(std::string text);

@@ -24,6 +24,7 @@ class ListWatch final : public QObject {
 public:
     /// Requires: `output` lives longer.
     ListWatch(WatchFormat format, LastLine& output);
+    ~ListWatch() override = default;
 
 private:
     void readFiles();

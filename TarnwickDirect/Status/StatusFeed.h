@@ -20,6 +20,7 @@ public:
         const Tarnwick::PullRequestMenuModel& model,
         const Trouble& trouble,
         QObject* parent = nullptr);
+    ~StatusFeed() override = default;
 
     const Status& status() const { return _status; }
 

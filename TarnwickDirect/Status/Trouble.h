@@ -16,6 +16,7 @@ class Trouble final : public QObject {
 
 public:
     explicit Trouble(const Tarnwick::PullRequestMenuModel& model, QObject* parent = nullptr);
+    ~Trouble() override = default;
 
     bool isThere() const { return _isThere; }
 
