@@ -1,5 +1,4 @@
 #include "Fuzzers/Require.h"
-#include "TarnwickDirect/SoftwareUpdate/AppcastReader.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateChoice.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateError.h"
 #include "TarnwickDirect/SoftwareUpdate/VersionComparison.h"
@@ -26,7 +25,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const UpdateNeeds needs{
         .ownVersion = QStringLiteral("1.0"),
         .systemVersion = QStringLiteral("6.1.0"),
-        .format = std::nullopt,
         .channels = {},
         .skippedVersion = {}};
     try {

@@ -1,6 +1,5 @@
 #include "Tarnwick/DesktopCollaborators.h"
 
-#include "Tarnwick/Desktop/AppImage.h"
 #include "Tarnwick/Desktop/AutostartLoginItem.h"
 #include "Tarnwick/Desktop/SystemMachineEvents.h"
 #include "Tarnwick/Desktop/SystemPullRequestNotifier.h"
@@ -29,8 +28,7 @@ PullRequestMenuModel::Collaborators desktopCollaborators(
     collaborators.notifier = std::make_shared<SystemPullRequestNotifier>(centre);
     collaborators.loginItem = std::make_shared<AutostartLoginItem>(
         AutostartEntry::file(environment),
-        startableFile(
-            environment, QFile::encodeName(QCoreApplication::applicationFilePath()).toStdString()));
+        QFile::encodeName(QCoreApplication::applicationFilePath()).toStdString());
     collaborators.blocked = BlockedPullRequestsFile::beside(collaborators.cache);
     collaborators.turns = KnownTurnsFile::beside(collaborators.cache);
     collaborators.settingsWatcher = std::make_shared<FileWatcher>(IniDefaultsStore::defaultFile());

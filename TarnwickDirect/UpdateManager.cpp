@@ -51,7 +51,7 @@ void UpdateManager::stop()
     }
 }
 
-void UpdateManager::updaterDidFindValidUpdate(const UpdateOffer& /*offer*/)
+void UpdateManager::updaterDidFindValidUpdate(const QString& /*version*/)
 {
     Q_EMIT updateAvailabilityHeard(UpdateAvailability::available, QPrivateSignal());
 }

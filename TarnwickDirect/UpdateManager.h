@@ -1,7 +1,6 @@
 #pragma once
 
 #include "TarnwickDirect/SoftwareUpdate/UpdaterController.h"
-#include "TarnwickDirect/SoftwareUpdate/UpdaterDelegate.h"
 #include "TarnwickDirect/UpdateAvailability.h"
 
 #include <QObject>
@@ -42,7 +41,7 @@ public:
     /// For the end of the process: a download leaves nothing behind. No other call may follow.
     void stop();
 
-    void updaterDidFindValidUpdate(const UpdateOffer& offer) override;
+    void updaterDidFindValidUpdate(const QString& version) override;
     void updaterDidNotFindUpdate(const QString& error) override;
 
 Q_SIGNALS:

@@ -9,7 +9,7 @@
 #include "TarnwickDirect/Memory.h"
 #include "TarnwickDirect/QtMessages.h"
 #include "TarnwickDirect/Settling.h"
-#include "TarnwickDirect/SoftwareUpdate/ProgramUpdater.h"
+#include "TarnwickDirect/SoftwareUpdate/ModuleUpdater.h"
 #include "TarnwickDirect/Version.h"
 
 #include <QCoreApplication>
@@ -54,6 +54,16 @@ int runInTerminal(const Command& command, int argc, char** argv)
         interruption.endProcess();
     }
     return status;
+}
+
+/// Empty where the program was built without a feed, and so without the module.
+MakeUpdater programUpdater()
+{
+#ifdef TARNWICK_UPDATE_MODULE
+    return updaterFromModule(QStringLiteral(TARNWICK_UPDATE_MODULE));
+#else
+    return {};
+#endif
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ set(drawings "${CMAKE_SOURCE_DIR}/Tarnwick/Resources")
 install(TARGETS tarnwick RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 if(TARNWICK_UPDATE_FEED)
     # Not in lib/tarnwick itself, where CPack takes it for a library that the linker is to know.
-    install(TARGETS TarnwickNetworkModule LIBRARY DESTINATION lib/tarnwick/modules)
+    install(TARGETS TarnwickUpdates LIBRARY DESTINATION lib/tarnwick/modules)
 endif()
 install(FILES "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${TARNWICK_BUNDLE}" DESTINATION "${data}/tarnwick")
 

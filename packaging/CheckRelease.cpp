@@ -1,8 +1,8 @@
-#include "TarnwickDirect/SoftwareUpdate/AppcastReader.h"
 #include "TarnwickDirect/SoftwareUpdate/DownloadVerification.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateChoice.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateError.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -36,7 +36,6 @@ std::variant<UpdateOffer, NoUpdate> foundBy(const QString& ownVersion, const App
         feed,
         {.ownVersion = ownVersion,
          .systemVersion = QStringLiteral("6.1"),
-         .format = PackageFormat::debianPackage,
          .channels = {},
          .skippedVersion = {}});
 }
@@ -65,7 +64,13 @@ void verify(const Release& release, const UpdateOffer& offer)
     if (!folder.isValid() || !QFile::copy(release.package, copy)) {
         throw UpdateError(QStringLiteral("%1 cannot be copied.").arg(release.package));
     }
-    verifyDownload(copy.toStdString(), offer, release.key);
+    verifyDownload(
+        copy.toStdString(),
+        offer,
+        {.key = release.key, .package = QStringLiteral("tarnwick")},
+        [](const QString& program, const QStringList& arguments) {
+            return outputOf(program, arguments, {});
+        });
 }
 
 void check(const Release& release)
@@ -86,6 +91,7 @@ void check(const Release& release)
 /// with 0 when all is right, 1 when something is wrong, 2 when the command line makes no sense.
 int main(int argc, char** argv)
 {
+    const QCoreApplication application(argc, argv);
     const std::span arguments(argv, std::size_t(argc));
     const auto key =
         argc == 5 ? Ed25519::publicKeyFrom(QString::fromUtf8(arguments[3])) : std::nullopt;

@@ -8,7 +8,6 @@
 #include "TarnwickDirect/Application/ExitGuard.h"
 #include "TarnwickDirect/Application/HeadStart.h"
 #include "TarnwickDirect/Application/SingleInstance.h"
-#include "TarnwickDirect/Application/Succession.h"
 #include "TarnwickDirect/Application/TarnwickDirectApp.h"
 #include "TarnwickDirect/CommandLine/Interruption.h"
 #include "TarnwickDirect/Environment.h"
@@ -21,7 +20,6 @@
 #include <QIcon>
 #include <QSessionManager>
 
-#include <optional>
 #include <stdexcept>
 
 namespace TarnwickDirect {
@@ -58,12 +56,7 @@ struct Wish {
     PlatformData platformData;
 };
 
-struct Ending {
-    int status = 0;
-    std::optional<Tarnwick::Launch> successor;  ///< What is to run in the place of this program.
-};
-
-Ending runFirst(
+int runFirst(
     const Wish& wish,
     const MakeUpdater& makeUpdater,
     const QDBusConnection& bus,
@@ -84,27 +77,21 @@ Ending runFirst(
         qApp,
         &QCoreApplication::quit,
         Qt::QueuedConnection);
-    Ending ending;
-    QObject::connect(
-        &app,
-        &TarnwickDirectApp::successionRequested,
-        qApp,
-        [&ending](const Tarnwick::Launch& successor) {
-            ending.successor = successor;
-            QCoreApplication::quit();
-        },
-        Qt::QueuedConnection);
     QObject::connect(&interruption, &Interruption::interrupted, qApp, &QCoreApplication::quit);
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, &app, stayOutOfSavedSessions);
     QObject::connect(qApp, &QGuiApplication::saveStateRequest, &app, stayOutOfSavedSessions);
     app.start(wish.manner, wish.platformData);
-    ending.status = QApplication::exec();
-    return ending;
+    return QApplication::exec();
 }
 
-/// Everything of this program that could be in the successor's way is gone afterwards.
-Ending run(const ShowPanel& command, const MakeUpdater& makeUpdater, int argc, char** argv)
+}  // namespace
+
+int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int argc, char** argv)
 {
+    if (!hasDisplay()) {
+        throw std::runtime_error("There is no display to show the panel on; \"tarnwick list\" "
+                                 "prints the pull requests.");
+    }
     HeadStart headStart;
     const Wish wish{.manner = command.manner, .platformData = PlatformData::fromEnvironment()};
     const QApplication application(argc, argv);
@@ -117,32 +104,14 @@ Ending run(const ShowPanel& command, const MakeUpdater& makeUpdater, int argc, c
     }
     if (startOrForward(bus, wish.manner, wish.platformData) == Start::forwarded) {
         X11::endStartup(wish.platformData.startupId.toUtf8());
-        return {};
+        return 0;
     }
-    Ending ending = runFirst(wish, makeUpdater, bus, service, interruption, headStart);
+    const int status = runFirst(wish, makeUpdater, bus, service, interruption, headStart);
     settle();
     if (interruption.signal()) {
         interruption.endProcess();
     }
-    if (ending.successor && bus.isConnected()) {
-        bus.unregisterService(QString::fromLatin1(BusNames::service));
-    }
-    return ending;
-}
-
-}  // namespace
-
-int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int argc, char** argv)
-{
-    if (!hasDisplay()) {
-        throw std::runtime_error("There is no display to show the panel on; \"tarnwick list\" "
-                                 "prints the pull requests.");
-    }
-    const Ending ending = run(command, makeUpdater, argc, argv);
-    if (ending.successor) {
-        succeed(*ending.successor, environment());
-    }
-    return ending.status;
+    return status;
 }
 
 }  // namespace TarnwickDirect

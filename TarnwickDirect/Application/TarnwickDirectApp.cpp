@@ -294,7 +294,7 @@ void TarnwickDirectApp::connectUpdates(ApplicationService& service)
         this,
         &TarnwickDirectApp::checkForUpdates,
         Qt::QueuedConnection);
-    // By then the network is loaded, and a download may follow.
+    // By then the module is loaded, and a download may follow.
     connect(&_updateManager, &UpdateManager::updateAvailabilityChanged, &ExitGuard::renew);
     connect(&_updateManager, &UpdateManager::canCheckForUpdatesChanged, this, [this] {
         menuContent().update(*_view);
@@ -314,7 +314,6 @@ UpdaterHost TarnwickDirectApp::updaterHost()
             bringToFront(_window, {});
         }
     };
-    host.restart = [this](const std::filesystem::path& program) { restart(program); };
     return host;
 }
 
@@ -338,17 +337,6 @@ void TarnwickDirectApp::checkForUpdates(const PlatformData& platformData)
     } else {
         _updateManager.bringToFront();
     }
-}
-
-/// Comes up as the user sees this one, unless nothing would be left to click.
-void TarnwickDirectApp::restart(const std::filesystem::path& program)
-{
-    Tarnwick::Launch successor;
-    successor.executable = program;
-    if (!_window.isInSight() && (_trayHost.isPresent() || outlivesItsWindow())) {
-        successor.arguments = {"--background"};
-    }
-    Q_EMIT successionRequested(successor);
 }
 
 void TarnwickDirectApp::start(ShowPanel::Manner manner, const PlatformData& platformData)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Tarnwick/Desktop/Launch.h"
 #include "Tarnwick/Interface/Look/Appearance.h"
 #include "Tarnwick/Interface/Look/DesktopWishes.h"
 #include "Tarnwick/PullRequestMenuModel.h"
@@ -8,7 +7,6 @@
 #include "TarnwickDirect/Application/ApplicationService.h"
 #include "TarnwickDirect/Application/PanelWindow.h"
 #include "TarnwickDirect/Application/TarnwickMenuContent.h"
-#include "TarnwickDirect/Application/UpdaterHost.h"
 #include "TarnwickDirect/CommandLine/Arguments.h"
 #include "TarnwickDirect/Search/GnomeSearch.h"
 #include "TarnwickDirect/Search/KRunnerSearch.h"
@@ -55,9 +53,6 @@ public:
 Q_SIGNALS:
     void quitRequested();
 
-    /// The program is to end, and this one to be started in its place.
-    void successionRequested(const Tarnwick::Launch& successor);
-
 private:
     void connectAppearance();
     void connectPanel();
@@ -75,7 +70,6 @@ private:
     UpdaterHost updaterHost();
     TarnwickMenuContent menuContent();
     void checkForUpdates(const PlatformData& platformData);
-    void restart(const std::filesystem::path& program);
     void trayChanged();
     void makeTrayItem();
     void trayClicked();

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "PullRequestKit/Date.h"
-
+#include <QByteArray>
 #include <QString>
 #include <QUrl>
 
@@ -14,24 +13,21 @@ namespace TarnwickDirect {
 /// A file that an item offers, as the feed describes it: nothing of it is checked yet.
 struct AppcastEnclosure {
     QUrl url;
-    std::optional<std::uint64_t> length;  ///< In bytes; nothing where the feed tells no number.
-    QString type;                         ///< The media type, in small letters.
+    std::optional<std::uint64_t> length;  ///< In bytes; absent where the feed gives no number.
+    QString type;                         ///< The media type, in lower case.
     QString signature;                    ///< Base64 of an Ed25519 signature of the file's bytes.
-    QString operatingSystem;              ///< In small letters; empty where any will do.
+    QString operatingSystem;              ///< In lower case; empty for any.
 
     bool operator==(const AppcastEnclosure&) const = default;
 };
 
-/// A version of the program, as the feed describes it. What the feed does not tell is empty.
+/// A version of the program, as the feed describes it. What the feed does not give is empty.
 struct AppcastItem {
-    QString title;
     QString version;       ///< What versions are compared by.
     QString shortVersion;  ///< What the user reads.
     QString minimumSystemVersion;
     QString channel;       ///< Empty for what every user is offered.
     QString releaseNotes;  ///< HTML or plain text.
-    QUrl releaseNotesLink;
-    std::optional<PullRequestKit::Date> publicationDate;
     bool isCritical = false;
     QString criticalBelow;  ///< The first version for which it is not critical; empty for none.
     std::vector<AppcastEnclosure> enclosures;
@@ -39,11 +35,19 @@ struct AppcastItem {
     bool operator==(const AppcastItem&) const = default;
 };
 
-struct Appcast {
-    QString title;
-    std::vector<AppcastItem> items;  ///< In the feed's order.
+/// The items of a feed, in its order.
+using Appcast = std::vector<AppcastItem>;
 
-    bool operator==(const Appcast&) const = default;
-};
+/// The size in bytes above which a feed is refused.
+inline constexpr qsizetype appcastSizeLimit = qsizetype{4} << 20;
+
+/// Reads an RSS feed of updates. Unknown elements are passed over, and of repeated ones the first
+/// counts. Throws `UpdateError` when the feed is empty, too large, cut off, not XML, not RSS, or
+/// contains a document type declaration, which could define entities. Safe from any thread.
+Appcast readAppcast(const QByteArray& feed);
+
+/// Whether a character cannot be seen. It could turn or break the sentences and names that it is
+/// part of.
+bool isUnseen(QChar character);
 
 }  // namespace TarnwickDirect

@@ -1,12 +1,9 @@
 #include "TarnwickDirect/SoftwareUpdate/AppcastUpdater.h"
 
-#include "PullRequestKit/Errors.h"
 #include "Tarnwick/Async/Worker.h"
-#include "TarnwickDirect/SoftwareUpdate/AppImageReplacement.h"
-#include "TarnwickDirect/SoftwareUpdate/UpdateError.h"
-#include "TarnwickDirect/SoftwareUpdate/UpdaterDelegate.h"
-#include "TarnwickDirect/SoftwareUpdate/UpdateWording.h"
 #include "TarnwickDirect/SoftwareUpdate/VersionComparison.h"
+
+#include <QNetworkAccessManager>
 
 #include <cassert>
 #include <utility>
@@ -15,6 +12,10 @@ namespace TarnwickDirect {
 namespace {
 
 using Kind = UpdateState::Kind;
+
+constexpr std::chrono::seconds feedTimeLimit{60};
+
+const QString errorTitle = QStringLiteral("Update Error");
 
 /// Lets go of an object that may be the one that is calling.
 template<typename Object>
@@ -26,70 +27,34 @@ void discard(std::unique_ptr<Object>& object)
     }
 }
 
-/// The message of what went wrong, or an empty text.
-QString replacementProblem(
-    const std::filesystem::path& oldFile, const std::filesystem::path& newFile)
+/// What a feed gives: an update, none, or the message of what is wrong with the feed.
+using Finding = std::variant<UpdateOffer, NoUpdate, QString>;
+
+Finding findingOf(const QByteArray& feed, const UpdateNeeds& needs)
 {
     try {
-        replaceAppImage(oldFile, newFile);
-        return {};
+        return std::visit(
+            [](auto&& choice) -> Finding { return std::forward<decltype(choice)>(choice); },
+            chooseUpdate(readAppcast(feed), needs));
     } catch (const std::exception& error) {
         return QString::fromUtf8(error.what());
     }
 }
 
-/// What is found while the search is being stopped means nothing.
-Installation installationFound(
-    const std::function<Installation(std::stop_token)>& find, const std::stop_token& stopToken)
-{
-    try {
-        return find(stopToken);
-    } catch (const PullRequestKit::CancellationError&) {
-        return {};
-    }
-}
-
-UpdateState withMessage(Kind kind, const QString& message)
-{
-    UpdateState state;
-    state.kind = kind;
-    state.message = message;
-    return state;
-}
-
 }  // namespace
 
-AppcastUpdater::AppcastUpdater(Collaborators collaborators, UpdaterDelegate& delegate)
-    : _collaborators(std::move(collaborators))
+AppcastUpdater::AppcastUpdater(ModuleHost host, Settings settings, UpdaterDelegate& delegate)
+    : _host(std::move(host))
+    , _settings(std::move(settings))
     , _delegate(delegate)
-    , _settings(_collaborators.defaults)
-    , _schedule(_settings, _collaborators.clock, [this] { checkInBackground(); })
-{
-    // What a program that was killed has left.
-    std::error_code ignored;
-    std::filesystem::remove_all(_collaborators.downloadFolder, ignored);
-}
+{}
 
 AppcastUpdater::~AppcastUpdater() = default;
 
 bool AppcastUpdater::canCheckForUpdates() const
 {
-    switch (_state.kind) {
-    case Kind::checking:
-    case Kind::downloading:
-    case Kind::verifying:
-    case Kind::installing:
-        return false;
-    case Kind::idle:
-    case Kind::upToDate:
-    case Kind::noUpdate:
-    case Kind::available:
-    case Kind::installed:
-    case Kind::handedOver:
-    case Kind::failed:
-        return true;
-    }
-    return false;
+    return _state.kind != Kind::checking && _state.kind != Kind::downloading
+           && _state.kind != Kind::verifying;
 }
 
 void AppcastUpdater::checkForUpdates()
@@ -108,11 +73,10 @@ void AppcastUpdater::checkInBackground()
 
 void AppcastUpdater::begin(Occasion occasion)
 {
-    endCheck();
+    stopCheck();
     _occasion = occasion;
     if (occasion == Occasion::user) {
-        _schedule.noteCheck();
-        setState(withMessage(Kind::checking, {}));
+        setState({.kind = Kind::checking});
     }
     _check.start(
         [this, occasion](std::stop_token stopToken) { return check(occasion, stopToken); });
@@ -120,9 +84,7 @@ void AppcastUpdater::begin(Occasion occasion)
 
 QCoro::Task<> AppcastUpdater::check(Occasion occasion, std::stop_token stopToken)
 {
-    const auto find = [find = _collaborators.findInstallation, stopToken] {
-        return installationFound(find, stopToken);
-    };
+    const auto find = [find = _settings.findInstallation, stopToken] { return find(stopToken); };
     auto finding = Tarnwick::onWorker(find);
     const Installation installation = co_await finding;
     if (stopToken.stop_requested()) {
@@ -130,10 +92,10 @@ QCoro::Task<> AppcastUpdater::check(Occasion occasion, std::stop_token stopToken
     }
     _installation = installation;
     noteInstalledPackage();
-    if (occasion == Occasion::background && !_installation.format()) {
-        endCheck();
+    if (occasion == Occasion::background && !_installation.takesPackages()) {
+        stopCheck();
     } else {
-        lookAtFeed(occasion);
+        fetchFeed();
     }
 }
 
@@ -141,80 +103,57 @@ QCoro::Task<> AppcastUpdater::check(Occasion occasion, std::stop_token stopToken
 /// to or by hand. Later checks compare with what would run after the next start.
 void AppcastUpdater::noteInstalledPackage()
 {
-    const QString installed = QString::fromStdString(_installation.packageVersion);
-    if (!installed.isEmpty() && compareVersions(installed, _collaborators.ownVersion) > 0) {
-        _collaborators.ownVersion = installed;
-        _installed.emplace();
-        _installed->version = installed;
-        _installed->displayedVersion = installed;
+    if (compareVersions(_installation.packageVersion, _host.version) > 0) {
+        _installedVersion = _installation.packageVersion;
     }
 }
 
-void AppcastUpdater::lookAtFeed(Occasion occasion)
+void AppcastUpdater::fetchFeed()
 {
-    if (const QString problem = networkProblem(); !problem.isEmpty()) {
-        foundNone(withMessage(Kind::failed, problem));
-        return;
-    }
-    const UpdateNeeds needed = needs(occasion);
-    _feedCheck = std::make_unique<FeedCheck>(
-        *_network,
-        FeedCheck::Settings{
-            .feed = _collaborators.source.feed,
-            .needs = needed,
-            .authorities = _collaborators.source.authorities});
-    connect(_feedCheck.get(), &FeedCheck::found, this, &AppcastUpdater::found);
-    connect(
-        _feedCheck.get(), &FeedCheck::foundNothing, this, [this, needed](const NoUpdate& reason) {
-            const auto kind = UpdateWording::isUpToDate(reason) ? Kind::upToDate : Kind::noUpdate;
-            foundNone(orInstalled(withMessage(kind, UpdateWording::noUpdate(reason, needed))));
-        });
-    connect(_feedCheck.get(), &FeedCheck::failed, this, [this](const QString& message) {
-        foundNone(withMessage(Kind::failed, message));
+    const FetchRequest request{
+        .url = _settings.source.feed,
+        .subject = QStringLiteral("The update feed"),
+        .byteLimit = std::uint64_t(appcastSizeLimit),
+        .silenceLimit = feedTimeLimit,
+        .timeLimit = feedTimeLimit,
+        .authorities = _settings.source.authorities};
+    _fetch = std::make_unique<HttpsFetch>(network(), request);
+    connect(_fetch.get(), &HttpsFetch::received, this, [this](const QByteArray& bytes) {
+        _feed += bytes;
+    });
+    connect(_fetch.get(), &HttpsFetch::failed, this, [this](const QString& message) {
+        endCheck(errorTitle, message);
+    });
+    connect(_fetch.get(), &HttpsFetch::finished, this, [this] {
+        _check.start([this](std::stop_token stopToken) { return choose(stopToken); });
     });
 }
 
-/// What was installed is the newest version, but this process is an older one until the restart.
-UpdateState AppcastUpdater::orInstalled(UpdateState none) const
+QCoro::Task<> AppcastUpdater::choose(std::stop_token stopToken)
 {
-    if (_installed) {
-        none.kind = Kind::installed;
-        none.offer = *_installed;
+    const auto work = [feed = _feed, needed = needs()] { return findingOf(feed, needed); };
+    auto choosing = Tarnwick::onWorker(work);
+    const Finding finding = co_await choosing;
+    if (stopToken.stop_requested()) {
+        co_return;
     }
-    return none;
-}
-
-/// Makes the network unless it is there; the message of why it cannot be made, or an empty text.
-QString AppcastUpdater::networkProblem()
-{
-    try {
-        if (!_network) {
-            _network = _collaborators.makeNetwork();
-        }
-        return {};
-    } catch (const UpdateError& error) {
-        return QString::fromUtf8(error.what());
-    }
-}
-
-/// With it end its threads and its connections.
-void AppcastUpdater::endNetwork()
-{
-    if (!_feedCheck && !_download) {
-        _network.reset();
+    if (const auto* const offer = std::get_if<UpdateOffer>(&finding)) {
+        found(*offer);
+    } else if (const auto* const reason = std::get_if<NoUpdate>(&finding)) {
+        foundNone(*reason);
+    } else {
+        endCheck(errorTitle, std::get<QString>(finding));
     }
 }
 
 /// Whoever asks for a check hears of a skipped version as well.
-UpdateNeeds AppcastUpdater::needs(Occasion occasion) const
+UpdateNeeds AppcastUpdater::needs() const
 {
     return {
-        .ownVersion = _collaborators.ownVersion,
-        .systemVersion = _collaborators.systemVersion,
-        .format = _installation.format(),
-        .channels = _settings.channels(),
-        .skippedVersion =
-            occasion == Occasion::background ? _settings.skippedVersion() : QString{}};
+        .ownVersion = _installedVersion.isEmpty() ? _host.version : _installedVersion,
+        .systemVersion = _settings.systemVersion,
+        .channels = _host.channels(),
+        .skippedVersion = _occasion == Occasion::background ? _host.skippedVersion() : QString{}};
 }
 
 void AppcastUpdater::found(const UpdateOffer& offer)
@@ -223,33 +162,65 @@ void AppcastUpdater::found(const UpdateOffer& offer)
     state.kind = Kind::available;
     state.offer = offer;
     state.wasAskedFor = _occasion == Occasion::user;
-    endCheck();
-    _delegate.updaterDidFindValidUpdate(offer);
+    stopCheck();
+    _delegate.updaterDidFindValidUpdate(offer.version);
     setState(state);
 }
 
-void AppcastUpdater::foundNone(const UpdateState& state)
+void AppcastUpdater::foundNone(const NoUpdate& reason)
 {
-    const bool wasAskedFor = _occasion == Occasion::user;
-    endCheck();
-    _delegate.updaterDidNotFindUpdate(state.message);
-    if (wasAskedFor) {
-        setState(state);
+    if (!_installedVersion.isEmpty()) {
+        endCheck(
+            QStringLiteral("Update Installed"),
+            QStringLiteral("Tarnwick %1 runs once Tarnwick is started again.")
+                .arg(_installedVersion));
+    } else {
+        endCheck(
+            reason.isUpToDate ? QStringLiteral("You're up to date!")
+                              : QStringLiteral("No Update Available"),
+            reason.message);
     }
 }
 
-void AppcastUpdater::endCheck()
+void AppcastUpdater::endCheck(const QString& title, const QString& message)
+{
+    const bool wasAskedFor = _occasion == Occasion::user;
+    stopCheck();
+    _delegate.updaterDidNotFindUpdate(message);
+    if (wasAskedFor) {
+        setState({.kind = Kind::told, .title = title, .message = message});
+    }
+}
+
+void AppcastUpdater::stopCheck()
 {
     _occasion.reset();
     _check.cancel();
-    discard(_feedCheck);
+    discard(_fetch);
+    _feed.clear();
     endNetwork();
+}
+
+QNetworkAccessManager& AppcastUpdater::network()
+{
+    if (!_network) {
+        _network = std::make_unique<QNetworkAccessManager>();
+    }
+    return *_network;
+}
+
+/// With it end its threads and its connections. One of its replies may be the one that is calling.
+void AppcastUpdater::endNetwork()
+{
+    if (_network && !_fetch && !_download) {
+        _network.release()->deleteLater();
+    }
 }
 
 void AppcastUpdater::cancel()
 {
     if (_state.kind == Kind::checking) {
-        endCheck();
+        stopCheck();
         _delegate.updaterDidNotFindUpdate(QStringLiteral("The check was cancelled."));
         setState({});
     } else if (_state.kind == Kind::downloading || _state.kind == Kind::verifying) {
@@ -261,7 +232,6 @@ void AppcastUpdater::cancel()
 
 void AppcastUpdater::stop()
 {
-    _replacement.cancel();
     if (_download) {
         _download->discardFile();
     }
@@ -277,25 +247,22 @@ void AppcastUpdater::dismiss()
 void AppcastUpdater::skip()
 {
     assert(_state.kind == Kind::available && !_state.offer.isCritical);
-    _settings.setSkippedVersion(_state.offer.version);
+    _host.skip(_state.offer.version);
     setState({});
 }
 
 void AppcastUpdater::install()
 {
-    assert(_state.kind == Kind::available && _installation.format());
-    endCheck();
-    if (const QString problem = networkProblem(); !problem.isEmpty()) {
-        failInstallation(problem);
-        return;
-    }
+    assert(_state.kind == Kind::available && _installation.takesPackages());
+    stopCheck();
     _download = std::make_unique<UpdateDownload>(
-        *_network,
+        network(),
         _state.offer,
         UpdateDownload::Settings{
-            .folder = _collaborators.downloadFolder,
-            .key = _collaborators.source.key,
-            .authorities = _collaborators.source.authorities});
+            .folder = _host.downloadFolder,
+            .trust =
+                {.key = _settings.source.key, .package = _installation.package.section(u':', 0, 0)},
+            .authorities = _settings.source.authorities});
     connect(_download.get(), &UpdateDownload::progressed, this, [this](quint64 receivedBytes) {
         UpdateState state = _state;
         state.receivedBytes = receivedBytes;
@@ -304,18 +271,12 @@ void AppcastUpdater::install()
     connect(
         _download.get(), &UpdateDownload::verifying, this, [this] { setKind(Kind::verifying); });
     connect(_download.get(), &UpdateDownload::finished, this, &AppcastUpdater::downloaded);
-    connect(_download.get(), &UpdateDownload::failed, this, &AppcastUpdater::failInstallation);
+    connect(_download.get(), &UpdateDownload::failed, this, &AppcastUpdater::failDownload);
     setKind(Kind::downloading);
 }
 
 void AppcastUpdater::downloaded(const std::filesystem::path& file)
 {
-    if (_installation.kind == Installation::Kind::appImage) {
-        setKind(Kind::installing);
-        _replacement.start(
-            [this, &file](std::stop_token stopToken) { return replace(file, stopToken); });
-        return;
-    }
     _download->keepFile();
     discard(_download);
     endNetwork();
@@ -326,33 +287,11 @@ void AppcastUpdater::downloaded(const std::filesystem::path& file)
     Q_EMIT packageReady(file);
 }
 
-QCoro::Task<> AppcastUpdater::replace(std::filesystem::path file, std::stop_token stopToken)
-{
-    const auto work = [file, oldFile = _installation.program] {
-        return replacementProblem(oldFile, file);
-    };
-    auto replacing = Tarnwick::onWorker(work);
-    const QString problem = co_await replacing;
-    if (stopToken.stop_requested()) {
-        co_return;
-    }
-    if (!problem.isEmpty()) {
-        failInstallation(problem);
-        co_return;
-    }
-    discard(_download);
-    endNetwork();
-    // What later checks compare with is what would run after the next start.
-    _collaborators.ownVersion = _state.offer.version;
-    _installed = _state.offer;
-    setKind(Kind::installed);
-}
-
-void AppcastUpdater::failInstallation(const QString& message)
+void AppcastUpdater::failDownload(const QString& message)
 {
     discard(_download);
     endNetwork();
-    setState(withMessage(Kind::failed, message));
+    setState({.kind = Kind::told, .title = errorTitle, .message = message});
 }
 
 void AppcastUpdater::setState(UpdateState state)

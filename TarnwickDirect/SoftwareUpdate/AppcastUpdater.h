@@ -1,41 +1,31 @@
 #pragma once
 
 #include "Tarnwick/Async/CancellableTask.h"
-#include "TarnwickDirect/SoftwareUpdate/DailySchedule.h"
-#include "TarnwickDirect/SoftwareUpdate/FeedCheck.h"
 #include "TarnwickDirect/SoftwareUpdate/Installation.h"
+#include "TarnwickDirect/SoftwareUpdate/UpdateChoice.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateDownload.h"
+#include "TarnwickDirect/SoftwareUpdate/UpdateModule.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateSource.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateState.h"
 
 namespace TarnwickDirect {
 
-class UpdaterDelegate;
-
-/// Keeps the program up to date from a feed. It looks at the feed when the user asks and, where
-/// this copy of the program can be replaced by what the feed offers, once a day by itself: what
-/// comes of that is silence or an update. What the user sees and does is here, and how it looks
-/// elsewhere. Main thread only. The end of the object ends what runs and leaves nothing behind.
-/// Nothing of the network is made before the first look at the feed.
+/// Finds, downloads and verifies updates from a feed. What the user sees and does is here, and how
+/// it looks elsewhere. Main thread only. Destroying the object ends what runs and leaves nothing
+/// behind.
 class AppcastUpdater final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(AppcastUpdater)
 
 public:
-    struct Collaborators {
+    struct Settings {
         UpdateSource source;
-        QString ownVersion;
-        QString systemVersion;                 ///< The kernel's, such as "6.1.0".
-        std::filesystem::path downloadFolder;  ///< Of this program alone: it is emptied.
+        QString systemVersion;  ///< The kernel's, such as "6.1.0".
         std::function<Installation(std::stop_token)> findInstallation;  ///< Called on a worker.
-        std::shared_ptr<Tarnwick::DefaultsStore> defaults;
-        std::shared_ptr<Tarnwick::Clock> clock;
-        MakeHttpsNetwork makeNetwork;  ///< Called when something is to be fetched.
     };
 
-    /// The first check by itself comes a minute later at the earliest. Requires: every collaborator
-    /// is there, and the delegate lives longer.
-    AppcastUpdater(Collaborators collaborators, UpdaterDelegate& delegate);
+    /// Requires: the delegate lives longer.
+    AppcastUpdater(ModuleHost host, Settings settings, UpdaterDelegate& delegate);
     ~AppcastUpdater() override;
 
     /// Whether the user can ask for a check now.
@@ -43,6 +33,10 @@ public:
 
     /// A check that the user asked for. Does nothing while none is possible.
     void checkForUpdates();
+
+    /// A check that nobody asked for, where a downloaded package could be installed and the user
+    /// sees nothing that it could disturb.
+    void checkInBackground();
 
     const UpdateState& state() const { return _state; }
 
@@ -59,12 +53,12 @@ public:
     /// Requires: an update is available that is not critical.
     void skip();
 
-    /// Downloads, verifies and installs. Requires: an update is available, and this installation
-    /// can take it.
+    /// Downloads and verifies. Requires: an update is available, and this installation takes
+    /// packages.
     void install();
 
-    /// For the end of the process: removes what has been begun, and touches nothing else, of which
-    /// parts may be gone already. No other call may follow.
+    /// For the end of the process: removes an unfinished download and touches nothing else, of
+    /// which parts may be gone already. No other call may follow.
     void stop();
 
 Q_SIGNALS:
@@ -80,37 +74,35 @@ private:
         user
     };
 
-    void checkInBackground();
     void begin(Occasion occasion);
     QCoro::Task<> check(Occasion occasion, std::stop_token stopToken);
     void noteInstalledPackage();
-    void lookAtFeed(Occasion occasion);
-    QString networkProblem();
-    void endNetwork();
-    UpdateNeeds needs(Occasion occasion) const;
+    void fetchFeed();
+    QCoro::Task<> choose(std::stop_token stopToken);
+    UpdateNeeds needs() const;
     void found(const UpdateOffer& offer);
-    void foundNone(const UpdateState& state);
-    UpdateState orInstalled(UpdateState none) const;
-    void endCheck();
+    void foundNone(const NoUpdate& reason);
+    void endCheck(const QString& title, const QString& message);
+    void stopCheck();
+    QNetworkAccessManager& network();
+    void endNetwork();
     void downloaded(const std::filesystem::path& file);
-    QCoro::Task<> replace(std::filesystem::path file, std::stop_token stopToken);
-    void failInstallation(const QString& message);
+    void failDownload(const QString& message);
     void setState(UpdateState state);
     void setKind(UpdateState::Kind kind);
 
-    Collaborators _collaborators;
+    ModuleHost _host;
+    Settings _settings;
     UpdaterDelegate& _delegate;
-    UpdateSettings _settings;
-    DailySchedule _schedule;
-    std::unique_ptr<HttpsNetwork> _network;  ///< While something is fetched.
+    std::unique_ptr<QNetworkAccessManager> _network;  ///< While something is fetched.
     Installation _installation;
     UpdateState _state;
-    std::optional<UpdateOffer> _installed;  ///< Waits for the program's restart.
-    std::optional<Occasion> _occasion;      ///< Of the check that runs.
-    std::unique_ptr<FeedCheck> _feedCheck;
+    QString _installedVersion;          ///< What runs after a restart, where that is newer.
+    std::optional<Occasion> _occasion;  ///< Of the check that runs.
+    std::unique_ptr<HttpsFetch> _fetch;
+    QByteArray _feed;
     std::unique_ptr<UpdateDownload> _download;
     Tarnwick::CancellableTask _check;
-    Tarnwick::CancellableTask _replacement;
 };
 
 }  // namespace TarnwickDirect

@@ -12,11 +12,16 @@ using namespace std::chrono_literals;
 constexpr auto settlingTime = 1min;
 constexpr auto interval = 24h;
 
+/// Stored: do not rename.
+constexpr std::string_view lastCheckKey = "updates.lastCheck";
+
 }  // namespace
 
 DailySchedule::DailySchedule(
-    UpdateSettings settings, std::shared_ptr<Tarnwick::Clock> clock, std::function<void()> onDue)
-    : _settings(std::move(settings))
+    std::shared_ptr<Tarnwick::DefaultsStore> defaults,
+    std::shared_ptr<Tarnwick::Clock> clock,
+    std::function<void()> onDue)
+    : _defaults(std::move(defaults))
     , _clock(std::move(clock))
     , _onDue(std::move(onDue))
 {
@@ -25,7 +30,7 @@ DailySchedule::DailySchedule(
 
 void DailySchedule::noteCheck()
 {
-    _settings.setLastCheck(_clock->now());
+    Tarnwick::writeDate(*_defaults, lastCheckKey, _clock->now());
 }
 
 QCoro::Task<> DailySchedule::run(std::stop_token stopToken)
@@ -44,11 +49,11 @@ QCoro::Task<> DailySchedule::run(std::stop_token stopToken)
     }
 }
 
-/// A time that is still to come is no time at which anything was looked at.
+/// A time in the future is not one at which anything was checked.
 std::chrono::milliseconds DailySchedule::untilDue() const
 {
     const auto now = _clock->now();
-    const auto last = _settings.lastCheck();
+    const auto last = Tarnwick::readDate(*_defaults, lastCheckKey);
     return last && *last <= now ? *last + interval - now : 0ms;
 }
 

@@ -1,62 +1,111 @@
 #include "TarnwickDirect/SoftwareUpdate/DesktopUpdater.h"
 
-#include "TarnwickDirect/Environment.h"
-#include "TarnwickDirect/SoftwareUpdate/PackageInstaller.h"
-#include "TarnwickDirect/SoftwareUpdate/StandardUpdater.h"
-#include "TarnwickDirect/Version.h"
+#include "TarnwickDirect/SoftwareUpdate/VersionComparison.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QNetworkProxyFactory>
+#include <QProcess>
+#include <QSysInfo>
 
 #include <utility>
 
 namespace TarnwickDirect {
 namespace {
 
-DesktopUpdater::OpenPackage packageOpener(const GitHub::Environment& environment)
+/// Has the program that opens files of any kind open the package, if there is one.
+void openPackage(const std::filesystem::path& package)
 {
-    return [environment](const std::filesystem::path& package) {
-        if (const auto installer =
-                packageInstaller(environment, GitHub::isExecutableFile, package)) {
-            launchDetached(*installer, environment);
-        }
-    };
+    QProcess opener;
+    opener.setProgram(QStringLiteral("xdg-open"));
+    opener.setArguments({QFile::decodeName(package.c_str())});
+    opener.setStandardInputFile(QProcess::nullDevice());
+    opener.setStandardOutputFile(QProcess::nullDevice());
+    opener.setStandardErrorFile(QProcess::nullDevice());
+    opener.startDetached();
 }
 
 }  // namespace
 
 DesktopUpdater::DesktopUpdater(
-    std::unique_ptr<AppcastUpdater> updater,
-    const QString& ownVersion,
-    UpdaterHost host,
+    const ModuleHost& host,
+    AppcastUpdater::Settings settings,
+    UpdaterDelegate& delegate,
     OpenPackage openPackage)
-    : _updater(std::move(updater))
-    , _host(std::move(host))
-    , _dialogs(*_updater, ownVersion, _host.bringToFront)
+    : _host(host)
+    , _updater(host, std::move(settings), delegate)
 {
     connect(
-        _updater.get(),
+        &_updater,
         &AppcastUpdater::canCheckForUpdatesChanged,
         this,
         &UpdaterController::canCheckForUpdatesChanged);
-    connect(_updater.get(), &AppcastUpdater::packageReady, this, std::move(openPackage));
-    connect(&_dialogs, &UpdateDialogs::closed, this, _host.takeFocusBack);
-    connect(&_dialogs, &UpdateDialogs::restartRequested, this, &DesktopUpdater::restart);
+    connect(&_updater, &AppcastUpdater::packageReady, this, std::move(openPackage));
+    connect(&_updater, &AppcastUpdater::stateChanged, this, [this] { show(); });
 }
 
-void DesktopUpdater::restart()
+UpdateDialog& DesktopUpdater::dialog()
 {
-    _host.restart(_updater->installation().program);
+    if (!_dialog) {
+        _dialog = std::make_unique<UpdateDialog>(_host.bringToFront);
+        connect(_dialog.get(), &UpdateDialog::triggered, this, [this](UpdateAction action) {
+            act(action);
+        });
+    }
+    return *_dialog;
 }
 
-MakeUpdater desktopUpdaterFrom(const UpdateSource& source)
+void DesktopUpdater::bringToFront()
 {
-    return [source](const UpdaterHost& host, UpdaterDelegate& delegate) {
-        const auto variables = environment();
-        const auto ownVersion = QString::fromUtf8(version().data(), qsizetype(version().size()));
-        return std::make_unique<DesktopUpdater>(
-            standardUpdater(source, ownVersion, variables, host.defaults, host.clock, delegate),
-            ownVersion,
-            host,
-            packageOpener(variables));
-    };
+    if (_updater.state().kind != UpdateState::Kind::idle) {
+        _host.bringToFront(dialog());
+    }
+}
+
+void DesktopUpdater::show()
+{
+    const auto page = updatePage(_updater.state(), _updater.installation(), _host.version);
+    const bool hadFocus = dialog().isActiveWindow();
+    dialog().setPage(page);
+    if (!page && hadFocus) {
+        _host.takeFocusBack();
+    }
+}
+
+void DesktopUpdater::act(UpdateAction action)
+{
+    switch (action) {
+    case UpdateAction::cancel:
+        _updater.cancel();
+        break;
+    case UpdateAction::skip:
+        _updater.skip();
+        break;
+    case UpdateAction::install:
+        _updater.install();
+        break;
+    case UpdateAction::okay:
+    case UpdateAction::remindLater:
+        _updater.dismiss();
+        break;
+    }
+}
+
+DesktopUpdater* makeDesktopUpdater(
+    const UpdateSource& source, const ModuleHost& host, UpdaterDelegate& delegate)
+{
+    QNetworkProxyFactory::setUseSystemConfiguration(true);
+    AppcastUpdater::Settings settings{
+        .source = source,
+        .systemVersion = systemVersionIn(QSysInfo::kernelVersion()),
+        .findInstallation =
+            [executable = QCoreApplication::applicationFilePath()](std::stop_token stopToken) {
+                return findInstallation(
+                    executable, [&](const QString& program, const QStringList& arguments) {
+                        return outputOf(program, arguments, stopToken);
+                    });
+            }};
+    return new DesktopUpdater(host, std::move(settings), delegate, openPackage);
 }
 
 }  // namespace TarnwickDirect

@@ -1,47 +1,49 @@
 #pragma once
 
-#include "Tarnwick/Desktop/Launch.h"
-#include "TarnwickDirect/Application/UpdaterHost.h"
-#include "TarnwickDirect/SoftwareUpdate/Dialog/UpdateDialogs.h"
+#include "TarnwickDirect/SoftwareUpdate/AppcastUpdater.h"
+#include "TarnwickDirect/SoftwareUpdate/UpdateDialog.h"
 
 namespace TarnwickDirect {
 
-/// An updater with its dialogs in the running program: the new version is started in the place of
-/// this one, and a package is opened in the system's installer. Main thread only.
+/// An updater with its dialog, which opens packages in the system's installer. Main thread only.
 class DesktopUpdater final : public UpdaterController {
-    Q_OBJECT
-
 public:
     using OpenPackage = std::function<void(const std::filesystem::path&)>;
 
-    /// Requires: all are there.
+    /// Requires: the delegate lives longer.
     DesktopUpdater(
-        std::unique_ptr<AppcastUpdater> updater,
-        const QString& ownVersion,
-        UpdaterHost host,
+        const ModuleHost& host,
+        AppcastUpdater::Settings settings,
+        UpdaterDelegate& delegate,
         OpenPackage openPackage);
 
-    AppcastUpdater& updater() { return *_updater; }
+    bool canCheckForUpdates() const override { return _updater.canCheckForUpdates(); }
 
-    UpdateDialogs& dialogs() { return _dialogs; }
+    void checkForUpdates() override { _updater.checkForUpdates(); }
 
-    bool canCheckForUpdates() const override { return _updater->canCheckForUpdates(); }
+    void checkInBackground() override { _updater.checkInBackground(); }
 
-    void checkForUpdates() override { _updater->checkForUpdates(); }
+    void bringToFront() override;
 
-    void bringToFront() override { _dialogs.bringToFront(); }
+    void stop() override { _updater.stop(); }
 
-    void stop() override { _updater->stop(); }
+    AppcastUpdater& updater() { return _updater; }
+
+    /// Made when it is first needed.
+    UpdateDialog& dialog();
 
 private:
-    void restart();
+    void show();
+    void act(UpdateAction action);
 
-    std::unique_ptr<AppcastUpdater> _updater;
-    UpdaterHost _host;
-    UpdateDialogs _dialogs;
+    ModuleHost _host;
+    AppcastUpdater _updater;
+    std::unique_ptr<UpdateDialog> _dialog;
 };
 
-/// Makes updaters of this program as it runs on this system, whose updates come from the source.
-MakeUpdater desktopUpdaterFrom(const UpdateSource& source);
+/// An updater of this program as it runs on this system. The caller owns it. Requires: the delegate
+/// lives longer.
+DesktopUpdater* makeDesktopUpdater(
+    const UpdateSource& source, const ModuleHost& host, UpdaterDelegate& delegate);
 
 }  // namespace TarnwickDirect

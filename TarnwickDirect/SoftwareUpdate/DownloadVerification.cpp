@@ -1,14 +1,15 @@
 #include "TarnwickDirect/SoftwareUpdate/DownloadVerification.h"
 
 #include "TarnwickDirect/SoftwareUpdate/UpdateError.h"
+#include "TarnwickDirect/SoftwareUpdate/VersionComparison.h"
 
 #include <QFile>
 
 namespace TarnwickDirect {
 namespace {
 
-/// What is wrong with the file, as the end of a sentence, or nothing.
-QString problemOf(QFile& file, const UpdateOffer& offer, const Ed25519::PublicKey& key)
+/// What is wrong with the bytes, as the end of a sentence, or nothing.
+QString byteProblem(QFile& file, const UpdateOffer& offer, const Ed25519::PublicKey& key)
 {
     if (!file.open(QIODevice::ReadOnly)) {
         return QStringLiteral("it could not be read");
@@ -26,13 +27,41 @@ QString problemOf(QFile& file, const UpdateOffer& offer, const Ed25519::PublicKe
     return {};
 }
 
+/// The same for what the package says of itself. A signature is of the file alone, so without this
+/// an old release could be offered under a new number.
+QString packageProblem(
+    const QFile& file, const UpdateOffer& offer, const QString& package, const RunCommand& run)
+{
+    const QStringList described = run(QStringLiteral("/usr/bin/dpkg-deb"),
+                                      {QStringLiteral("--show"),
+                                       QStringLiteral("--showformat=${Package} ${Version}"),
+                                       file.fileName()})
+                                      .split(u' ');
+    if (described.size() != 2) {
+        return QStringLiteral("dpkg-deb cannot read it");
+    }
+    if (described[0] != package) {
+        return QStringLiteral("it is the package %1 and not %2").arg(described[0], package);
+    }
+    if (compareVersions(upstreamVersion(described[1]), offer.version) != 0) {
+        return QStringLiteral("it is version %1 and not %2").arg(described[1], offer.version);
+    }
+    return {};
+}
+
 }  // namespace
 
 void verifyDownload(
-    const std::filesystem::path& file, const UpdateOffer& offer, const Ed25519::PublicKey& key)
+    const std::filesystem::path& file,
+    const UpdateOffer& offer,
+    const Trust& trust,
+    const RunCommand& run)
 {
     QFile opened(file);
-    const QString problem = problemOf(opened, offer, key);
+    QString problem = byteProblem(opened, offer, trust.key);
+    if (problem.isEmpty()) {
+        problem = packageProblem(opened, offer, trust.package, run);
+    }
     if (!problem.isEmpty()) {
         opened.remove();
         throw UpdateError(QStringLiteral("The download \"%1\" was deleted because %2.")

@@ -2,40 +2,26 @@
 
 #include "TarnwickDirect/SoftwareUpdate/VersionComparison.h"
 
+#include <algorithm>
+
 namespace TarnwickDirect {
 namespace {
 
-/// An item with the one of its files that suits.
-struct Candidate {
-    const AppcastItem* item = nullptr;
-    const AppcastEnclosure* enclosure = nullptr;
-
-    explicit operator bool() const { return item != nullptr; }
-};
-
-const AppcastEnclosure* suitableEnclosure(const AppcastItem& item, const UpdateNeeds& needs)
+/// Whether the file is a Debian package for Linux, by its media type or else by its name.
+bool isSuitable(const AppcastEnclosure& enclosure)
 {
-    for (const AppcastEnclosure& enclosure : item.enclosures) {
-        const bool suitsSystem =
-            enclosure.operatingSystem.isEmpty() || enclosure.operatingSystem == u"linux";
-        if (suitsSystem && (!needs.format || packageFormatOf(enclosure) == *needs.format)) {
-            return &enclosure;
-        }
-    }
-    return nullptr;
+    const bool suitsSystem =
+        enclosure.operatingSystem.isEmpty() || enclosure.operatingSystem == u"linux";
+    return suitsSystem
+           && (enclosure.type == u"application/vnd.debian.binary-package"
+               || enclosure.url.path().endsWith(QStringLiteral(".deb"), Qt::CaseInsensitive));
 }
 
-std::vector<Candidate> candidatesOf(const Appcast& feed, const UpdateNeeds& needs)
+bool isCandidate(const AppcastItem& item, const UpdateNeeds& needs)
 {
-    std::vector<Candidate> candidates;
-    for (const AppcastItem& item : feed.items) {
-        const bool isInChannel = item.channel.isEmpty() || needs.channels.contains(item.channel);
-        const AppcastEnclosure* const enclosure = suitableEnclosure(item, needs);
-        if (!item.version.isEmpty() && isInChannel && enclosure) {
-            candidates.push_back({&item, enclosure});
-        }
-    }
-    return candidates;
+    return !item.version.isEmpty()
+           && (item.channel.isEmpty() || needs.channels.contains(item.channel))
+           && std::ranges::any_of(item.enclosures, isSuitable);
 }
 
 bool isNewer(const AppcastItem& item, const QString& version)
@@ -55,52 +41,60 @@ bool isCriticalFor(const AppcastItem& item, const QString& version)
            && (item.criticalBelow.isEmpty() || compareVersions(version, item.criticalBelow) < 0);
 }
 
-NoUpdate noUpdate(const Candidate& newest, const UpdateNeeds& needs)
+NoUpdate noUpdate(const AppcastItem* newest, const UpdateNeeds& needs)
 {
-    if (!newest) {
-        return {};
+    if (newest == nullptr) {
+        return {QStringLiteral("The update feed offers no version for this system.")};
     }
-    const AppcastItem& item = *newest.item;
-    NoUpdate result;
-    result.version = item.shortVersion.isEmpty() ? item.version : item.shortVersion;
-    const auto order = compareVersions(item.version, needs.ownVersion);
+    const QString& version =
+        newest->shortVersion.isEmpty() ? newest->version : newest->shortVersion;
+    const auto order = compareVersions(newest->version, needs.ownVersion);
     if (order > 0) {
-        result.reason = NoUpdate::Reason::systemTooOld;
-        result.systemVersion = item.minimumSystemVersion;
-    } else {
-        result.reason = order == 0 ? NoUpdate::Reason::upToDate : NoUpdate::Reason::onlyOlder;
+        return {QStringLiteral("Tarnwick %1 needs Linux %2 or newer, and this system has Linux %3.")
+                    .arg(version, newest->minimumSystemVersion, needs.systemVersion)};
     }
-    return result;
+    if (order < 0) {
+        return {
+            QStringLiteral("Tarnwick %1 is newer than the newest version in the update feed, %2.")
+                .arg(needs.ownVersion, version),
+            true};
+    }
+    return {
+        QStringLiteral("Tarnwick %1 is the newest version available.").arg(needs.ownVersion), true};
 }
 
 }  // namespace
 
 std::variant<UpdateOffer, NoUpdate> chooseUpdate(const Appcast& feed, const UpdateNeeds& needs)
 {
-    Candidate newest;
-    Candidate chosen;
+    const AppcastItem* newest = nullptr;
+    const AppcastItem* chosen = nullptr;
     bool isCritical = false;
-    for (const Candidate& candidate : candidatesOf(feed, needs)) {
-        const AppcastItem& item = *candidate.item;
-        if (!newest || isNewer(item, newest.item->version)) {
-            newest = candidate;
+    for (const AppcastItem& item : feed) {
+        if (!isCandidate(item, needs)) {
+            continue;
+        }
+        if (newest == nullptr || isNewer(item, newest->version)) {
+            newest = &item;
         }
         if (!isNewer(item, needs.ownVersion) || !runsOn(item, needs.systemVersion)) {
             continue;
         }
         isCritical = isCritical || isCriticalFor(item, needs.ownVersion);
-        if (!chosen || isNewer(item, chosen.item->version)) {
-            chosen = candidate;
+        if (chosen == nullptr || isNewer(item, chosen->version)) {
+            chosen = &item;
         }
     }
-    if (!chosen) {
+    if (chosen == nullptr) {
         return noUpdate(newest, needs);
     }
-    UpdateOffer offer = makeOffer(*chosen.item, *chosen.enclosure, isCritical);
+    const auto file = std::ranges::find_if(chosen->enclosures, isSuitable);
+    UpdateOffer offer = makeOffer(*chosen, *file, isCritical);
     const bool isSkipped = !needs.skippedVersion.isEmpty()
                            && compareVersions(offer.version, needs.skippedVersion) == 0;
     if (isSkipped && !isCritical) {
-        return NoUpdate{NoUpdate::Reason::skipped, offer.displayedVersion, {}};
+        return NoUpdate{QStringLiteral("Tarnwick %1 is available, and you have skipped it.")
+                            .arg(offer.displayedVersion)};
     }
     return offer;
 }

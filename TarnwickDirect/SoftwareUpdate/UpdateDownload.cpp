@@ -1,8 +1,6 @@
 #include "TarnwickDirect/SoftwareUpdate/UpdateDownload.h"
 
 #include "Tarnwick/Async/Worker.h"
-#include "TarnwickDirect/SoftwareUpdate/DownloadVerification.h"
-#include "TarnwickDirect/SoftwareUpdate/UpdateError.h"
 
 #include <QDir>
 
@@ -11,10 +9,16 @@ namespace {
 
 /// The message of what is wrong with the file, or an empty text.
 QString verificationProblem(
-    const std::filesystem::path& file, const UpdateOffer& offer, const Ed25519::PublicKey& key)
+    const std::filesystem::path& file,
+    const UpdateOffer& offer,
+    const Trust& trust,
+    const std::stop_token& stopToken)
 {
     try {
-        verifyDownload(file, offer, key);
+        const auto run = [&](const QString& program, const QStringList& arguments) {
+            return outputOf(program, arguments, stopToken);
+        };
+        verifyDownload(file, offer, trust, run);
         return {};
     } catch (const std::exception& error) {
         return QString::fromUtf8(error.what());
@@ -23,21 +27,30 @@ QString verificationProblem(
 
 }  // namespace
 
-UpdateDownload::UpdateDownload(HttpsNetwork& network, UpdateOffer offer, Settings settings)
+UpdateDownload::UpdateDownload(QNetworkAccessManager& network, UpdateOffer offer, Settings settings)
     : _network(network)
     , _offer(std::move(offer))
     , _settings(std::move(settings))
 {
-    _beginning.setSingleShot(true);
-    connect(&_beginning, &QTimer::timeout, this, &UpdateDownload::start);
-    _beginning.start(0);
+    QMetaObject::invokeMethod(this, &UpdateDownload::start, Qt::QueuedConnection);
 }
 
 void UpdateDownload::start()
 {
-    if (prepareFile()) {
-        fetch();
+    if (!prepareFile()) {
+        return;
     }
+    const FetchRequest request{
+        .url = _offer.url,
+        .subject = QStringLiteral("\"%1\"").arg(_offer.fileName),
+        .byteLimit = _offer.length,
+        .silenceLimit = _settings.silenceLimit,
+        .timeLimit = std::nullopt,
+        .authorities = _settings.authorities};
+    _fetch = std::make_unique<HttpsFetch>(_network, request);
+    connect(_fetch.get(), &HttpsFetch::received, this, &UpdateDownload::write);
+    connect(_fetch.get(), &HttpsFetch::finished, this, &UpdateDownload::complete);
+    connect(_fetch.get(), &HttpsFetch::failed, this, &UpdateDownload::fail);
 }
 
 bool UpdateDownload::prepareFile()
@@ -58,28 +71,14 @@ bool UpdateDownload::prepareFile()
     return true;
 }
 
-void UpdateDownload::fetch()
-{
-    const FetchRequest request{
-        .url = _offer.url,
-        .subject = QStringLiteral("\"%1\"").arg(_offer.fileName),
-        .byteLimit = _offer.length,
-        .silenceLimit = _settings.silenceLimit,
-        .timeLimit = std::nullopt,
-        .authorities = _settings.authorities};
-    _fetch = std::make_unique<HttpsFetch>(_network, request);
-    connect(_fetch.get(), &HttpsFetch::received, this, &UpdateDownload::write);
-    connect(_fetch.get(), &HttpsFetch::finished, this, &UpdateDownload::complete);
-    connect(_fetch.get(), &HttpsFetch::failed, this, &UpdateDownload::fail);
-}
-
 void UpdateDownload::write(const QByteArray& bytes)
 {
-    qint64 written = 0;
-    while (written < bytes.size()) {
+    // A full disk takes a part of the bytes and reports that as success.
+    for (qint64 written = 0; written < bytes.size();) {
         const qint64 count = _file.write(bytes.constData() + written, bytes.size() - written);
         if (count <= 0) {
-            failWriting();
+            fail(QStringLiteral("\"%1\" could not be saved: %2.")
+                     .arg(_offer.fileName, _file.errorString()));
             return;
         }
         written += count;
@@ -88,27 +87,17 @@ void UpdateDownload::write(const QByteArray& bytes)
     Q_EMIT progressed(_received);
 }
 
-void UpdateDownload::failWriting()
-{
-    fail(
-        QStringLiteral("\"%1\" could not be saved: %2.").arg(_offer.fileName, _file.errorString()));
-}
-
 void UpdateDownload::complete()
 {
     _file.close();
-    if (_file.error() != QFileDevice::NoError) {
-        failWriting();
-        return;
-    }
     _verification.start([this](std::stop_token stopToken) { return verify(stopToken); });
 }
 
 QCoro::Task<> UpdateDownload::verify(std::stop_token stopToken)
 {
     const std::filesystem::path file = QFile::encodeName(_file.fileName()).toStdString();
-    const auto work = [file, offer = _offer, key = _settings.key] {
-        return verificationProblem(file, offer, key);
+    const auto work = [file, offer = _offer, trust = _settings.trust, stopToken] {
+        return verificationProblem(file, offer, trust, stopToken);
     };
     Q_EMIT verifying();
     if (stopToken.stop_requested()) {

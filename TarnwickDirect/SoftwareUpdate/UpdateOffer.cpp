@@ -1,14 +1,23 @@
 #include "TarnwickDirect/SoftwareUpdate/UpdateOffer.h"
 
-#include "TarnwickDirect/SoftwareUpdate/DownloadName.h"
 #include "TarnwickDirect/SoftwareUpdate/UpdateError.h"
+
+#include <algorithm>
 
 namespace TarnwickDirect {
 namespace {
 
+constexpr qsizetype nameLengthLimit = 200;
+
+bool isForbidden(QChar character)
+{
+    return isUnseen(character) || character.isSurrogate() || character == u'/' || character == u'\\'
+           || character == QChar::ReplacementCharacter;
+}
+
 std::uint64_t checkedLength(const AppcastEnclosure& enclosure, const QString& version)
 {
-    if (!enclosure.length || *enclosure.length == 0) {
+    if (enclosure.length.value_or(0) == 0) {
         throw UpdateError(
             QStringLiteral("The update feed does not give the size of version %1.").arg(version));
     }
@@ -48,12 +57,30 @@ UpdateOffer makeOffer(const AppcastItem& item, const AppcastEnclosure& enclosure
         .version = item.version,
         .displayedVersion = displayed,
         .releaseNotes = item.releaseNotes,
-        .releaseNotesLink = item.releaseNotesLink,
         .isCritical = isCritical,
         .url = enclosure.url,
         .fileName = downloadName(enclosure.url),
         .length = checkedLength(enclosure, displayed),
         .signature = checkedSignature(enclosure, displayed)};
+}
+
+QString downloadName(const QUrl& url)
+{
+    const QString path = url.path(QUrl::FullyEncoded);
+    const QByteArray encoded = path.sliced(path.lastIndexOf(u'/') + 1).toLatin1();
+    const QByteArray bytes = QByteArray::fromPercentEncoding(encoded);
+    const QString name = QString::fromUtf8(bytes);
+    if (name.isEmpty()) {
+        throw UpdateError(QStringLiteral("The update's address names no file."));
+    }
+    if (name.startsWith(u'.') || std::ranges::any_of(name, isForbidden)) {
+        throw UpdateError(QStringLiteral("The update's file name \"%1\" is not a plain name.")
+                              .arg(QString::fromLatin1(encoded)));
+    }
+    if (bytes.size() > nameLengthLimit) {
+        throw UpdateError(QStringLiteral("The update's file name is too long."));
+    }
+    return name;
 }
 
 }  // namespace TarnwickDirect

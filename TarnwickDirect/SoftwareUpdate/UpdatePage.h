@@ -11,9 +11,7 @@ enum class UpdateAction {
     cancel,
     skip,
     remindLater,
-    install,
-    later,
-    restart
+    install
 };
 
 /// The text of the action's button.
@@ -22,17 +20,17 @@ QString textOf(UpdateAction action);
 /// What the dialog shows.
 struct UpdatePage {
     QString title;
-    QString message;
-    QString notes;                      ///< Release notes as text.
-    std::optional<double> progress;     ///< From 0 to 1.
-    bool wasAskedFor = true;            ///< Else it does not take the focus.
-    bool isBusy = false;                ///< Something runs, and nobody knows for how long.
-    std::vector<UpdateAction> actions;  ///< The last one is the most likely.
+    QString message = {};
+    QString notes = {};                      ///< Release notes as text.
+    std::optional<double> progress = {};     ///< From 0 to 1.
+    bool wasAskedFor = true;                 ///< Else it does not take the focus.
+    bool isBusy = false;                     ///< Something runs, and nobody knows for how long.
+    std::vector<UpdateAction> actions = {};  ///< The last one is the most likely.
 
     bool operator==(const UpdatePage&) const = default;
 
-    /// What closing the dialog means; nothing where it cannot be closed.
-    std::optional<UpdateAction> closing() const;
+    /// What closing the dialog means: the action that decides nothing.
+    UpdateAction closing() const;
 };
 
 /// The page for a state, or nothing where there is nothing to show. Main thread only.

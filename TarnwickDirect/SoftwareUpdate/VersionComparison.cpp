@@ -1,5 +1,7 @@
 #include "TarnwickDirect/SoftwareUpdate/VersionComparison.h"
 
+#include <QVersionNumber>
+
 #include <algorithm>
 
 namespace TarnwickDirect {
@@ -78,6 +80,17 @@ std::weak_ordering compareVersions(QStringView left, QStringView right)
         }
     }
     return std::weak_ordering::equivalent;
+}
+
+QString systemVersionIn(const QString& kernelVersion)
+{
+    return QVersionNumber::fromString(kernelVersion).toString();
+}
+
+QString upstreamVersion(const QString& packageVersion)
+{
+    const QString version = packageVersion.sliced(packageVersion.indexOf(u':') + 1);
+    return version.first(version.contains(u'-') ? version.lastIndexOf(u'-') : version.size());
 }
 
 }  // namespace TarnwickDirect

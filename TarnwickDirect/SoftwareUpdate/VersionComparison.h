@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QStringView>
+#include <QString>
 
 #include <compare>
 
@@ -14,5 +14,13 @@ namespace TarnwickDirect {
 /// older than "2.0". A "v" before the first number and what follows a "+" do not count. Safe from
 /// any thread.
 std::weak_ordering compareVersions(QStringView left, QStringView right);
+
+/// The numbers at the beginning of a kernel's version: "6.1.0" of "6.1.0-18-amd64". What a
+/// distribution appends would make it older than that version. Safe from any thread.
+QString systemVersionIn(const QString& kernelVersion);
+
+/// The program's version in that of a Debian package: "0.2.0" of "1:0.2.0-1", without the epoch and
+/// the packager's revision. Safe from any thread.
+QString upstreamVersion(const QString& packageVersion);
 
 }  // namespace TarnwickDirect

@@ -25,7 +25,7 @@ class CheckReleaseTests(unittest.TestCase):
         self.folder = tempfile.mkdtemp()
         self.addCleanup(shutil.rmtree, self.folder)
         self.key = self.new_key("key.pem")
-        self.package = self.write("tarnwick_1.1.0-1_amd64.deb", "The package's bytes.\n")
+        self.package = self.build("tarnwick", "1.1.0-1")
         self.feed = self.path("appcast.xml")
         self.write_feed("1.1.0")
 
@@ -36,6 +36,20 @@ class CheckReleaseTests(unittest.TestCase):
         with open(self.path(name), "w", encoding="utf-8") as file:
             file.write(text)
         return self.path(name)
+
+    def build(self, name, version):
+        """A package, as the file that the feed describes."""
+        control = self.path("root/DEBIAN/control")
+        os.makedirs(os.path.dirname(control), exist_ok=True)
+        with open(control, "w", encoding="utf-8") as file:
+            file.write(
+                f"Package: {name}\nVersion: {version}\nArchitecture: amd64\n"
+                "Maintainer: Tests <tests@localhost>\nDescription: A package of the tests\n"
+            )
+        package = self.path("tarnwick_1.1.0-1_amd64.deb")
+        command = ("dpkg-deb", "--build", self.path("root"), package)
+        subprocess.run(command, capture_output=True, check=True)
+        return package
 
     def new_key(self, name):
         path = self.path(name)
@@ -74,13 +88,23 @@ class CheckReleaseTests(unittest.TestCase):
         self.assertEqual(self.check().returncode, 0)
 
     def testRefusesOtherBytesOfTheSameLengthAndKeepsThem(self):
-        self.write("tarnwick_1.1.0-1_amd64.deb", "The package's Bytes.\n")
-        self.assertIn("tarnwick_1.1.0-1_amd64.deb", self.refusal())
+        with open(self.package, "r+b") as file:
+            file.seek(-1, os.SEEK_END)
+            file.write(b"?")
+        self.assertIn("its signature is not valid", self.refusal())
         self.assertTrue(os.path.exists(self.package))
 
     def testRefusesAnotherLength(self):
-        self.write("tarnwick_1.1.0-1_amd64.deb", "The package's bytes and more.\n")
-        self.assertIn("tarnwick_1.1.0-1_amd64.deb", self.refusal())
+        self.write("tarnwick_1.1.0-1_amd64.deb", "Other bytes.\n")
+        self.assertIn("it has 13 bytes instead of", self.refusal())
+
+    def testRefusesAPackageOfAnotherVersionOrName(self):
+        self.build("tarnwick", "1.0.0-1")
+        self.write_feed("1.1.0")
+        self.assertIn("it is version 1.0.0-1 and not 1.1.0", self.refusal())
+        self.build("tarnwick-tools", "1.1.0-1")
+        self.write_feed("1.1.0")
+        self.assertIn("it is the package tarnwick-tools and not tarnwick", self.refusal())
 
     def testRefusesAnotherKey(self):
         self.assertIn("tarnwick_1.1.0-1_amd64.deb", self.refusal(key=self.new_key("other.pem")))

@@ -1,26 +1,25 @@
-"""Updates as their user meets them: from the menu to the new version at work."""
+"""Updates as their user meets them: from the menu to the installer, by the word of the real dpkg and
+apt."""
 
 import os
+import subprocess
 
 from desktop import SessionTest, wait_until
-from desktop.case import PROGRAMS
-from desktop.update_server import UpdateServer
+from desktop.case import PROGRAMS, VERSION
+from desktop.update_server import PACKAGE, STANZA, UpdateServer
 from desktop.waiting import stays
 
-# Where the program with an updater of the tests lies.
-WITH_UPDATES = os.path.join(os.path.dirname(PROGRAMS), "with-updates")
+# The program with an updater of the tests.
+PROGRAM = os.path.join(os.path.dirname(PROGRAMS), "with-updates", "tarnwick")
 
 DIALOG = "^Software Update"
 
-# What a file that is an AppImage does: it tells the program where it lies, and starts it.
-APPIMAGE = """#!/bin/sh
-echo "{version} $*" >> "{record}"
-APPIMAGE="{file}" APPDIR="{programs}" exec "{programs}/tarnwick" "$@"
-"""
+OFFER = f"Tarnwick 99.0 is available, and you have {VERSION}. "
 
 
 class UpdateTest(SessionTest):
-    """The program as an AppImage, with a server of updates."""
+    """A program that dpkg owns, in databases of dpkg and apt that are the test's own, with a server of
+    updates."""
 
     has_accessibility = True
 
@@ -33,34 +32,66 @@ class UpdateTest(SessionTest):
             TARNWICK_UPDATE_KEY=self.server.public_key,
             TARNWICK_UPDATE_AUTHORITY=self.server.authority,
         )
-        self.appimage = os.path.join(self.session.folder, "Tarnwick.AppImage")
-        self.record = os.path.join(self.session.folder, "starts")
-        with open(self.appimage, "wb") as file:
-            file.write(self.version("old"))
-        os.chmod(self.appimage, 0o750)
-        self.new = self.version("new")
+        self.new = self.server.package("99.0-1")
         self.server.offer("99.0", self.new, notes="&lt;p&gt;Calmer &amp;amp; faster.&lt;/p&gt;")
-        self.program_file = self.appimage
+        self.programs.record("xdg-open")
+        self.make_databases()
         self.reader = None
 
-    def version(self, name):
-        """An AppImage that leaves its name when it is started."""
-        return APPIMAGE.format(
-            version=name,
-            record=self.record,
-            file=self.appimage,
-            programs=WITH_UPDATES,
-        ).encode()
+    def folder(self, *names):
+        path = os.path.join(self.session.folder, "system", *names)
+        os.makedirs(path, exist_ok=True)
+        return path
 
-    def starts(self):
-        """The versions that were started, each with its arguments."""
-        with open(self.record, encoding="utf-8") as file:
-            return file.read().splitlines()
+    def write(self, path, text):
+        with open(path, "w", encoding="utf-8") as file:
+            file.write(text)
+        return path
+
+    def make_databases(self):
+        dpkg, info = self.folder("dpkg"), self.folder("dpkg", "info")
+        installed = STANZA.format(version=VERSION) + "Status: install ok installed\n"
+        status = self.write(os.path.join(dpkg, "status"), installed)
+        self.write(os.path.join(info, "format"), "1\n")
+        self.write(os.path.join(info, "tarnwick.list"), PROGRAM + "\n")
+        configuration = self.write(
+            os.path.join(self.folder("apt"), "apt.conf"),
+            f"""Dir "{self.folder("apt")}";
+Dir::State "{self.folder("apt", "state")}";
+Dir::State::status "{status}";
+Dir::Cache "{self.folder("apt", "cache")}";
+Dir::Etc::sourcelist "{self.sources}";
+Dir::Etc::sourceparts "/dev/null";
+Acquire::Languages "none";
+APT::Sandbox::User "";
+""",
+        )
+        self.session.environment.update(DPKG_ADMINDIR=dpkg, APT_CONFIG=configuration)
+
+    @property
+    def sources(self):
+        return os.path.join(self.folder("apt"), "sources.list")
+
+    def put_into_a_repository(self):
+        repository = self.folder("repository")
+        self.write(
+            os.path.join(repository, "Packages"),
+            STANZA.format(version=VERSION)
+            + f"Filename: ./tarnwick.deb\nSize: 1\nSHA256: {'0' * 64}\n",
+        )
+        self.write(self.sources, f"deb [trusted=yes] file:{repository} ./\n")
+        subprocess.run(
+            ("apt-get", "update"),
+            env=self.session.environment,
+            stdin=subprocess.DEVNULL,
+            capture_output=True,
+            check=True,
+        )
 
     def start(self, *arguments):
         self.start_github()
         self.select("harbourlight/tide-tables")
-        program = self.session.processes.start(self.program_file, *arguments)
+        program = self.session.processes.start(PROGRAM, *arguments)
         self.reader = self.accessibility()
         self.wait_for_name()
         return program
@@ -71,18 +102,27 @@ class UpdateTest(SessionTest):
         self.reader.press("push button", "List options")
         self.reader.press("menu item", "Check for Updates…")
 
-    def installed(self):
-        with open(self.appimage, "rb") as file:
-            return file.read()
+    def install(self):
+        self.check()
+        self.reader.press("push button", "Install Update")
+
+    def opened(self):
+        """The files that were handed to the system's installer."""
+        return [arguments[0] for arguments in self.programs.arguments("xdg-open")]
 
     def left_behind(self):
-        """The downloads in the user's cache folder, and what lies beside the AppImage."""
+        """The downloads in the user's cache folder."""
         folder = os.path.join(
             self.session.environment["XDG_CACHE_HOME"], "dev.tarnwick.Tarnwick", "updates"
         )
-        downloads = os.listdir(folder) if os.path.exists(folder) else []
-        beside = os.listdir(self.session.folder)
-        return downloads + [name for name in beside if name.startswith("Tarnwick.AppImage.")]
+        return os.listdir(folder) if os.path.exists(folder) else []
+
+    def assert_refused(self, reason):
+        """The download is deleted for this reason, and handed to nobody."""
+        self.wait_for_text("Update Error")
+        self.wait_for_text(f'The download "{PACKAGE}" was deleted because {reason}.')
+        self.assertEqual(self.left_behind(), [])
+        stays(lambda: not self.opened(), "nothing opened", 0.3)
 
     def dialog(self):
         """The dialog's window once it is in sight."""
@@ -101,16 +141,14 @@ class UpdateTest(SessionTest):
 
 
 class InstallingTests(UpdateTest):
-    def testFromTheMenuToTheNewVersionByTheKeyboardAlone(self):
-        program = self.start()
+    def testFromTheMenuToTheInstallerByTheKeyboardAlone(self):
+        self.start()
         self.focused_panel()
         self.screen.key("comma")
         self.reader.find("menu item", "Check for Updates…")
         self.screen.key("Up", "Up", "Up", "Return")
         self.wait_for_text("A new version of Tarnwick is available!")
-        self.wait_for_text(
-            "Tarnwick 99.0 is available, and you have 0.1.0. Would you like to install it now?"
-        )
+        self.wait_for_text(OFFER + "Would you like to install it now?")
         self.assertEqual(self.reader.find("label", "Calmer & faster.").description, "Release notes")
         self.reader.find("dialog", "A new version of Tarnwick is available!")
         self.assertEqual(
@@ -119,70 +157,50 @@ class InstallingTests(UpdateTest):
         )
         self.wait_for_dialog_focus()
         self.screen.key("Return")
-        self.wait_for_text("Update Installed")
-        self.assertEqual(self.installed(), self.new)
-        self.assertEqual(os.stat(self.appimage).st_mode & 0o777, 0o750)
-        self.assertEqual(self.left_behind(), [])
+        self.wait_for_text("Continue in the Installer")
+        opened = wait_until(self.opened, "the installer")
+        self.assertEqual([os.path.basename(path) for path in opened], [PACKAGE])
+        with open(opened[0], "rb") as file:
+            self.assertEqual(file.read(), self.new)
+        self.wait_for_text(
+            f'The system\'s installer was asked to open "{PACKAGE}". If it does not, run '
+            f"\"sudo apt install '{opened[0]}'\"."
+        )
         self.wait_for_dialog_focus()
         self.screen.key("Return")
-        wait_until(lambda: self.starts() == ["old ", "new "], "the start of the new version")
-        self.wait_for_name()
-        self.focused_panel()
-        self.assertIsNone(program.poll())
-
-    def testTheNewVersionComesUpHiddenWhenTheOldOneIs(self):
-        self.start("--background")
-        self.action("check-for-updates")
-        self.reader.press("push button", "Install Update")
-        self.reader.press("push button", "Restart Now")
-        wait_until(
-            lambda: self.starts() == ["old --background", "new --background"],
-            "the start of the new version",
-        )
-        self.wait_for_name()
-        self.assertEqual(self.screen.windows(), [])
-
-    def testLaterLeavesTheOldVersionAtWork(self):
-        self.start()
-        self.check()
-        self.reader.press("push button", "Install Update")
-        self.reader.press("push button", "Later")
         self.dialog_gone()
         self.focused_panel()
-        self.assertEqual(self.installed(), self.new)
-        self.assertEqual(self.starts(), ["old "])
+        self.assertTrue(os.path.exists(opened[0]))
 
     def testASignatureOfOtherBytesInstallsNothing(self):
         self.server.offer("99.0", self.new, signed=self.new + b"\n")
         self.start()
-        self.check()
-        self.reader.press("push button", "Install Update")
-        self.wait_for_text("Update Error")
-        self.wait_for_text(
-            'The download "Tarnwick.AppImage" was deleted because its signature is not valid.'
-        )
-        self.assertEqual(self.installed(), self.version("old"))
-        self.assertEqual(self.left_behind(), [])
+        self.install()
+        self.assert_refused("its signature is not valid")
         self.reader.press("push button", "OK")
         self.dialog_gone()
         self.focused_panel()
 
-    def testACancelledDownloadLeavesNothing(self):
-        self.server.never_finish("/Tarnwick.AppImage")
+    def testAnOldReleaseUnderANewNumberInstallsNothing(self):
+        self.server.offer("99.0", self.server.package("0.0.9-1"))
         self.start()
-        self.check()
-        self.reader.press("push button", "Install Update")
+        self.install()
+        self.assert_refused("it is version 0.0.9-1 and not 99.0")
+
+    def testACancelledDownloadLeavesNothing(self):
+        self.server.never_finish()
+        self.start()
+        self.install()
         self.wait_for_text("Downloading Update…")
         wait_until(self.left_behind, "the download")
         self.wait_for_dialog_focus()
         self.screen.key("Escape")
         self.dialog_gone()
         self.assertEqual(self.left_behind(), [])
-        self.assertEqual(self.installed(), self.version("old"))
         self.focused_panel()
 
     def testTheProgramsEndDuringADownloadLeavesNothing(self):
-        self.server.never_finish("/Tarnwick.AppImage")
+        self.server.never_finish()
         for end in (lambda _: self.action("quit"), lambda program: program.terminate()):
             program = self.start("--background")
             self.action("check-for-updates")
@@ -191,10 +209,9 @@ class InstallingTests(UpdateTest):
             end(program)
             self.wait_for_end(program)
             self.assertEqual(self.left_behind(), [])
-            self.assertEqual(self.installed(), self.version("old"))
 
     def testTheDisplaysEndDuringADownloadLeavesNothing(self):
-        self.server.never_finish("/Tarnwick.AppImage")
+        self.server.never_finish()
         program = self.start("--background")
         self.action("check-for-updates")
         self.reader.press("push button", "Install Update")
@@ -208,11 +225,11 @@ class InstallingTests(UpdateTest):
 
 class CheckingTests(UpdateTest):
     def testTheNewestVersionIsUpToDate(self):
-        self.server.offer("0.1.0", self.new)
+        self.server.offer(VERSION, self.new)
         self.start()
         self.check()
         self.wait_for_text("You're up to date!")
-        self.wait_for_text("Tarnwick 0.1.0 is the newest version available.")
+        self.wait_for_text(f"Tarnwick {VERSION} is the newest version available.")
         self.wait_for_dialog_focus()
         self.screen.key("Escape")
         self.dialog_gone()
@@ -262,7 +279,7 @@ class CheckingTests(UpdateTest):
         self.assertEqual(self.screen.windows(), [])
 
     def testASecondWishShowsTheDialogThatIsThere(self):
-        self.server.never_finish("/Tarnwick.AppImage")
+        self.server.never_finish()
         self.start("--background")
         self.action("check-for-updates")
         self.reader.press("push button", "Install Update")
@@ -298,6 +315,22 @@ class CheckingTests(UpdateTest):
         self.assertIn('There is no action "check-for-updates".', refused.stderr)
 
 
+    def testOfAPackageOfARepositoryTheDialogNamesTheCommandAndOffersNoDownload(self):
+        self.put_into_a_repository()
+        self.start()
+        self.check()
+        self.wait_for_text(
+            OFFER + 'Your package manager updates it: run "sudo apt update && sudo apt install '
+            '--only-upgrade tarnwick".'
+        )
+        self.assertEqual(self.reader.names("push button")[-1:], ["OK"])
+        self.assertNotIn("Install Update", self.reader.names("push button"))
+        self.wait_for_dialog_focus()
+        self.screen.key("Escape")
+        self.dialog_gone()
+        self.assertEqual(self.server.requests, ["/appcast.xml"])
+
+
 class PanelTests(UpdateTest):
     window_manager = ("xfwm4", "--compositor=off")
 
@@ -306,10 +339,9 @@ class PanelTests(UpdateTest):
         self.session.start_xfce_panel()
 
     def testThePanelStaysBelowTheDialogUntilTheFocusLeavesBoth(self):
-        self.server.never_finish("/Tarnwick.AppImage")
+        self.server.never_finish()
         self.start()
-        self.check()
-        self.reader.press("push button", "Install Update")
+        self.install()
         self.wait_for_text("Downloading Update…")
         self.wait_for_dialog_focus()
         stays(self.screen.windows, "the panel", 0.4)

@@ -1,9 +1,9 @@
 #include "TarnwickDirect/SoftwareUpdate/DesktopUpdater.h"
-#include "TarnwickDirect/SoftwareUpdate/ProgramUpdater.h"
 
 #include <QFile>
 
-namespace TarnwickDirect {
+using namespace TarnwickDirect;
+
 namespace {
 
 /// The certificate of the test's server; a text that is none where the test names no file, so that
@@ -16,16 +16,20 @@ QByteArray authorityOfTest()
 
 }  // namespace
 
-MakeUpdater programUpdater()
+extern "C" Q_DECL_EXPORT const char* tarnwickUpdaterVersion()
+{
+    return TARNWICK_VERSION;
+}
+
+extern "C" Q_DECL_EXPORT UpdaterController* tarnwickUpdater(
+    const ModuleHost& host, UpdaterDelegate& delegate)
 {
     auto source = updateSource(
         qgetenv("TARNWICK_UPDATE_FEED").toStdString(),
         qgetenv("TARNWICK_UPDATE_KEY").toStdString());
     if (!source) {
-        return {};
+        return nullptr;
     }
     source->authorities = authorityOfTest();
-    return desktopUpdaterFrom(*source);
+    return makeDesktopUpdater(*source, host, delegate);
 }
-
-}  // namespace TarnwickDirect

@@ -1,6 +1,7 @@
 """What test scripts build on."""
 
 import os
+import re
 import sys
 import tempfile
 import unittest
@@ -13,6 +14,8 @@ from .session import Session
 from .waiting import wait_until
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__)))))
+with open(os.path.join(ROOT, "CMakeLists.txt"), encoding="utf-8") as cmake_file:
+    VERSION = re.search(r"^project\(Tarnwick VERSION ([\d.]+)", cmake_file.read(), re.MULTILINE)[1]
 PROGRAMS = os.environ.get("TARNWICK_PROGRAMS", os.path.join(ROOT, "build", "dev", "bin"))
 
 NAME = "dev.tarnwick.Tarnwick"

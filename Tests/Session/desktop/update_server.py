@@ -11,13 +11,18 @@ FEED = """<?xml version="1.0" encoding="utf-8"?>
 <rss version="2.0" xmlns:sparkle="urn:feed"><channel><item>
 <sparkle:version>{version}</sparkle:version>
 <description>{notes}</description>
-<enclosure url="{url}" length="{length}" type="{kind}"
- sparkle:edSignature="{signature}"/>
+<enclosure url="{url}" length="{length}" sparkle:edSignature="{signature}"/>
 </item></channel></rss>
 """
 
-APPIMAGE = "application/vnd.appimage"
-DEBIAN_PACKAGE = "application/vnd.debian.binary-package"
+PACKAGE = "tarnwick_99.0_amd64.deb"
+
+STANZA = """Package: tarnwick
+Version: {version}
+Architecture: amd64
+Maintainer: Tests <tests@localhost>
+Description: A package of the tests
+"""
 
 
 def _openssl(*arguments):
@@ -104,23 +109,34 @@ class UpdateServer:
         signature = _openssl("pkeyutl", "-sign", "-rawin", "-inkey", self._key, "-in", file)
         return base64.b64encode(signature).decode()
 
+    def package(self, version):
+        """The bytes of a Debian package of this version."""
+        control = self._path(f"{version}/DEBIAN/control")
+        os.makedirs(os.path.dirname(control), exist_ok=True)
+        with open(control, "w", encoding="utf-8") as file:
+            file.write(STANZA.format(version=version))
+        built = self._path(f"{version}.deb")
+        command = ("dpkg-deb", "--build", self._path(version), built)
+        subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, check=True)
+        with open(built, "rb") as file:
+            return file.read()
+
     def serve(self, name, content):
         self._content[name] = content
 
-    def never_finish(self, name):
-        """Keeps the last byte of the file back."""
-        self._unfinished.add(name)
+    def never_finish(self):
+        """Keeps the last byte of the package back."""
+        self._unfinished.add(f"/{PACKAGE}")
 
-    def offer(self, version, program, notes="", signed=None, name="Tarnwick.AppImage"):
-        """Puts the file there and a feed that offers it, signed as if it were `signed`."""
-        self.serve(f"/{name}", program)
+    def offer(self, version, package, notes="", signed=None):
+        """Puts the package there and a feed that offers it, signed as if it were `signed`."""
+        self.serve(f"/{PACKAGE}", package)
         feed = FEED.format(
             version=version,
             notes=notes,
-            url=self.address(f"/{name}"),
-            kind=DEBIAN_PACKAGE if name.endswith(".deb") else APPIMAGE,
-            length=len(program),
-            signature=self.signature(program if signed is None else signed),
+            url=self.address(f"/{PACKAGE}"),
+            length=len(package),
+            signature=self.signature(package if signed is None else signed),
         )
         self.serve("/appcast.xml", feed.encode())
 

@@ -1,53 +1,20 @@
-#include "TarnwickDirect/SoftwareUpdate/DesktopUpdater.h"
-
 #include "SoftwareUpdate/UpdaterFixture.h"
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 
-#include <QAbstractButton>
+#include <QLabel>
+#include <QPushButton>
 #include <QTest>
-
-#include <gmock/gmock.h>
 
 namespace {
 
 using namespace TarnwickDirect;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Kind = UpdateState::Kind;
 
 class DesktopUpdaterTest : public TestSupport::UpdaterTest {
 protected:
-    DesktopUpdater& open()
-    {
-        start();
-        UpdaterHost host;
-        host.defaults = defaults;
-        host.clock = clock;
-        host.bringToFront = [this](QWidget& window) {
-            ++arrivals;
-            window.show();
-            window.activateWindow();
-        };
-        host.takeFocusBack = [this] { ++returns; };
-        host.restart = [this](const std::filesystem::path& file) { restarted.push_back(file); };
-        const auto openPackage = [this](const std::filesystem::path& file) {
-            EXPECT_TRUE(exists(file));
-            opened.push_back(file.filename());
-        };
-        running = updater.get();
-        desktop = std::make_unique<DesktopUpdater>(
-            std::move(updater), QStringLiteral("1.0"), host, openPackage);
-        return *desktop;
-    }
-
-    bool comesTo(Kind kind)
-    {
-        return TestSupport::eventually([&] { return running->state().kind == kind; });
-    }
-
     void press(const char* text)
     {
-        for (auto* const button : desktop->dialogs().dialog().findChildren<QAbstractButton*>()) {
+        for (auto* const button : desktop->dialog().findChildren<QPushButton*>()) {
             if (button->isVisible() && button->text() == QString::fromUtf8(text)) {
                 button->click();
                 return;
@@ -55,100 +22,104 @@ protected:
         }
         FAIL() << text;
     }
-
-    ~DesktopUpdaterTest() override { desktop.reset(); }
-
-    Tarnwick::Appearance& appearance = Tarnwick::setApplicationStyle(1);
-    int arrivals = 0;
-    int returns = 0;
-    std::vector<std::filesystem::path> restarted;
-    std::vector<std::filesystem::path> opened;
-    std::unique_ptr<DesktopUpdater> desktop;
-    AppcastUpdater* running = nullptr;
 };
 
-TEST_F(DesktopUpdaterTest, tellsWhenACheckIsPossible)
+TEST_F(DesktopUpdaterTest, leadsFromTheCheckToTheInstaller)
 {
-    DesktopUpdater& made = open();
-    std::vector<bool> values;
-    QObject::connect(&made, &UpdaterController::canCheckForUpdatesChanged, [&](bool canCheck) {
-        EXPECT_EQ(made.canCheckForUpdates(), canCheck);
-        values.push_back(canCheck);
-    });
-    EXPECT_TRUE(made.canCheckForUpdates());
-    made.checkForUpdates();
-    ASSERT_TRUE(comesTo(Kind::available));
-    EXPECT_THAT(values, ElementsAre(false, true));
-}
-
-TEST_F(DesktopUpdaterTest, startsTheNewVersionOfAnAppImage)
-{
-    open().checkForUpdates();
-    ASSERT_TRUE(comesTo(Kind::available));
+    start();
+    EXPECT_FALSE(desktop->dialog().isVisible());
+    desktop->checkForUpdates();
+    EXPECT_TRUE(desktop->dialog().isVisible());
+    ASSERT_TRUE(reaches(Kind::available));
     press("Install Update");
-    ASSERT_TRUE(comesTo(Kind::installed));
-    EXPECT_THAT(restarted, IsEmpty());
-    press("Restart Now");
-    EXPECT_THAT(restarted, ElementsAre(appImage));
-}
-
-TEST_F(DesktopUpdaterTest, opensAVerifiedPackage)
-{
-    installation = {.kind = Installation::Kind::debianPackage, .package = "tarnwick"};
-    open().checkForUpdates();
-    ASSERT_TRUE(comesTo(Kind::available));
-    press("Install Update");
-    ASSERT_TRUE(comesTo(Kind::handedOver));
-    EXPECT_THAT(opened, ElementsAre("tarnwick.deb"));
-    EXPECT_TRUE(exists(running->state().package));
+    ASSERT_TRUE(reaches(Kind::handedOver));
+    ASSERT_EQ(packages.size(), 1U);
+    EXPECT_TRUE(exists(packages[0]));
     press("OK");
-    EXPECT_THAT(restarted, IsEmpty());
+    EXPECT_FALSE(desktop->dialog().isVisible());
 }
 
 TEST_F(DesktopUpdaterTest, opensNoPackageThatFailsVerification)
 {
-    installation = {.kind = Installation::Kind::debianPackage, .package = "tarnwick"};
-    server.serve("/tarnwick.deb", QByteArray(program).replace("2.0", "6.6"));
-    open().checkForUpdates();
-    ASSERT_TRUE(comesTo(Kind::available));
+    server.serve("/tarnwick.deb", QByteArray(package).replace("2.0", "6.6"));
+    start();
+    ASSERT_EQ(check(), Kind::available);
     press("Install Update");
-    ASSERT_TRUE(comesTo(Kind::failed));
-    EXPECT_THAT(opened, IsEmpty());
+    ASSERT_TRUE(reaches(Kind::told));
+    EXPECT_THAT(packages, IsEmpty());
+    EXPECT_TRUE(isNothingLeft());
+    EXPECT_EQ(
+        desktop->dialog().findChild<QLabel*>(QStringLiteral("updateMessage"))->text(),
+        QStringLiteral("The download \"tarnwick.deb\" was deleted because its signature is not "
+                       "valid."));
+}
+
+TEST_F(DesktopUpdaterTest, skipsTheVersion)
+{
+    start();
+    ASSERT_EQ(check(), Kind::available);
+    press("Skip This Version");
+    EXPECT_FALSE(desktop->dialog().isVisible());
+    EXPECT_EQ(skippedVersion, QStringLiteral("2.0"));
+}
+
+TEST_F(DesktopUpdaterTest, remindsLaterAndGivesTheFocusBackThatTheDialogHad)
+{
+    start();
+    ASSERT_EQ(check(), Kind::available);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&desktop->dialog()));
+    EXPECT_EQ(returns, 0);
+    press("Remind Me Later");
+    EXPECT_FALSE(desktop->dialog().isVisible());
+    EXPECT_EQ(returns, 1);
+    EXPECT_TRUE(skippedVersion.isEmpty());
+}
+
+TEST_F(DesktopUpdaterTest, cancelsTheCheckAndTheDownload)
+{
+    stallDownload();
+    start();
+    desktop->checkForUpdates();
+    press("Cancel");
+    EXPECT_FALSE(desktop->dialog().isVisible());
+    ASSERT_EQ(check(), Kind::available);
+    press("Install Update");
+    ASSERT_TRUE(TestSupport::eventually([this] { return state().receivedBytes > 0; }));
+    press("Cancel");
+    EXPECT_FALSE(desktop->dialog().isVisible());
     EXPECT_TRUE(isNothingLeft());
 }
 
-TEST_F(DesktopUpdaterTest, givesTheFocusBackThatTheDialogHad)
+TEST_F(DesktopUpdaterTest, tellsOfErrorsAndGoesOn)
 {
-    open().checkForUpdates();
-    ASSERT_TRUE(comesTo(Kind::available));
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&desktop->dialogs().dialog()));
-    EXPECT_EQ(returns, 0);
-    press("Remind Me Later");
-    EXPECT_EQ(returns, 1);
+    serveFeed("<item>");
+    start();
+    ASSERT_EQ(check(), Kind::told);
+    press("OK");
+    EXPECT_FALSE(desktop->dialog().isVisible());
+    EXPECT_TRUE(desktop->canCheckForUpdates());
 }
 
 TEST_F(DesktopUpdaterTest, bringsToTheFrontWhatThereIs)
 {
-    DesktopUpdater& made = open();
-    made.bringToFront();
+    start();
+    desktop->bringToFront();
     EXPECT_EQ(arrivals, 0);
-    made.checkForUpdates();
-    ASSERT_TRUE(comesTo(Kind::available));
+    ASSERT_EQ(check(), Kind::available);
     EXPECT_EQ(arrivals, 1);
-    made.bringToFront();
+    desktop->bringToFront();
     EXPECT_EQ(arrivals, 2);
 }
 
 TEST_F(DesktopUpdaterTest, leavesNothingOfADownloadWhenTheProcessEnds)
 {
     stallDownload();
-    DesktopUpdater& made = open();
-    made.checkForUpdates();
-    ASSERT_TRUE(comesTo(Kind::available));
+    start();
+    ASSERT_EQ(check(), Kind::available);
     press("Install Update");
-    ASSERT_TRUE(TestSupport::eventually([this] { return running->state().receivedBytes > 0; }));
+    ASSERT_TRUE(TestSupport::eventually([this] { return state().receivedBytes > 0; }));
     EXPECT_FALSE(isNothingLeft());
-    made.stop();
+    desktop->stop();
     EXPECT_TRUE(isNothingLeft());
 }
 

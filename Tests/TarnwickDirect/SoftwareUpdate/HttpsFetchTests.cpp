@@ -2,8 +2,8 @@
 
 #include "Fakes/EventLoop.h"
 #include "SoftwareUpdate/TlsServer.h"
-#include "TarnwickDirect/SoftwareUpdate/Network/SystemNetwork.h"
 
+#include <QNetworkAccessManager>
 #include <QTimer>
 
 #include <gmock/gmock.h>
@@ -34,7 +34,7 @@ protected:
             });
     }
 
-    /// How the fetch ends: "finished" or the message, and both where there are two endings.
+    /// How the fetch ends: "finished" or the reason, and both where there are two endings.
     std::string run(const QUrl& url)
     {
         ending.clear();
@@ -44,11 +44,22 @@ protected:
             return "no end";
         }
         TestSupport::processEvents();
-        return ending;
+        const std::string beginning = "The update feed could not be fetched: ";
+        return ending.starts_with(beginning) ? ending.substr(beginning.size()) : ending;
+    }
+
+    std::string runFeed() { return run(server.url("/feed")); }
+
+    /// Has the server begin an answer of ten bytes with four, and no more.
+    void stall()
+    {
+        server.answer("/feed", [](QSslSocket& connection) {
+            connection.write("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nhalf");
+        });
     }
 
     TestSupport::TlsServer server;
-    SystemNetwork network;
+    QNetworkAccessManager network;
     FetchRequest request{
         .url = {},
         .subject = QStringLiteral("The update feed"),
@@ -65,23 +76,15 @@ protected:
 TEST_F(HttpsFetchTest, bringsTheBytes)
 {
     server.serve("/feed", QByteArray(700'000, 'x'));
-    EXPECT_EQ(run(server.url("/feed")), "finished");
+    EXPECT_EQ(runFeed(), "finished");
     EXPECT_EQ(bytes, QByteArray(700'000, 'x'));
 }
 
 TEST_F(HttpsFetchTest, bringsNothingWhereThereIsNothing)
 {
     server.serve("/feed", "");
-    EXPECT_EQ(run(server.url("/feed")), "finished");
+    EXPECT_EQ(runFeed(), "finished");
     EXPECT_TRUE(bytes.isEmpty());
-}
-
-TEST_F(HttpsFetchTest, followsARedirectToHttps)
-{
-    server.serve("/new", "moved");
-    server.redirect("/feed", server.url("/new"));
-    EXPECT_EQ(run(server.url("/feed")), "finished");
-    EXPECT_EQ(bytes, "moved");
 }
 
 TEST_F(HttpsFetchTest, followsFiveRedirectsAndNoMore)
@@ -94,9 +97,7 @@ TEST_F(HttpsFetchTest, followsFiveRedirectsAndNoMore)
     server.serve("/0", "at last");
     EXPECT_EQ(run(server.url("/5")), "finished");
     EXPECT_EQ(bytes, "at last");
-    EXPECT_EQ(
-        run(server.url("/6")),
-        "The update feed could not be fetched: the server redirected too often.");
+    EXPECT_EQ(run(server.url("/6")), "the server redirected too often.");
 }
 
 TEST_F(HttpsFetchTest, refusesARedirectToPlainHttp)
@@ -105,32 +106,15 @@ TEST_F(HttpsFetchTest, refusesARedirectToPlainHttp)
     ASSERT_TRUE(plain.listen(QHostAddress::LocalHost));
     server.redirect(
         "/feed", QUrl(QStringLiteral("http://127.0.0.1:%1/feed").arg(plain.serverPort())));
-    EXPECT_EQ(
-        run(server.url("/feed")),
-        "The update feed could not be fetched: the server redirected to an address that is not "
-        "HTTPS.");
+    EXPECT_EQ(runFeed(), "the server redirected to an address that is not HTTPS.");
     EXPECT_FALSE(plain.hasPendingConnections());
 }
 
 TEST_F(HttpsFetchTest, refusesARedirectToAFile)
 {
     server.redirect("/feed", QUrl(QStringLiteral("file:///etc/passwd")));
-    EXPECT_EQ(
-        run(server.url("/feed")),
-        "The update feed could not be fetched: the server redirected to an address that is not "
-        "HTTPS.");
+    EXPECT_EQ(runFeed(), "the server redirected to an address that is not HTTPS.");
     EXPECT_TRUE(bytes.isEmpty());
-}
-
-TEST_F(HttpsFetchTest, refusesEndlessRedirects)
-{
-    server.redirect("/feed", server.url("/feed"));
-    EXPECT_EQ(
-        run(server.url("/feed")),
-        "The update feed could not be fetched: the server redirected too often.");
-    // Qt may ask once more where it takes a connection for closed.
-    EXPECT_GE(server.requests().size(), 6U);
-    EXPECT_LE(server.requests().size(), 12U);
 }
 
 TEST_F(HttpsFetchTest, refusesPlainAddressesWithoutAsking)
@@ -139,7 +123,7 @@ TEST_F(HttpsFetchTest, refusesPlainAddressesWithoutAsking)
     ASSERT_TRUE(plain.listen(QHostAddress::LocalHost));
     EXPECT_EQ(
         run(QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(plain.serverPort()))),
-        "The update feed could not be fetched: its address is not an HTTPS address.");
+        "its address is not an HTTPS address.");
     EXPECT_FALSE(plain.hasPendingConnections());
 }
 
@@ -147,9 +131,7 @@ TEST_F(HttpsFetchTest, refusesACertificateThatNobodyVouchesFor)
 {
     server.serve("/feed", "secret");
     request.authorities.clear();
-    EXPECT_EQ(
-        run(server.url("/feed")),
-        "The update feed could not be fetched: the server could not prove its identity.");
+    EXPECT_EQ(runFeed(), "the server could not prove its identity.");
     EXPECT_TRUE(server.requests().empty());
 }
 
@@ -158,27 +140,19 @@ TEST_F(HttpsFetchTest, refusesACertificateForAnotherName)
     server.serve("/feed", "secret");
     QUrl url = server.url("/feed");
     url.setHost(QStringLiteral("localhost"));
-    EXPECT_EQ(
-        run(url), "The update feed could not be fetched: the server could not prove its identity.");
+    EXPECT_EQ(run(url), "the server could not prove its identity.");
     EXPECT_TRUE(server.requests().empty());
 }
 
-TEST_F(HttpsFetchTest, endsAtTheSizeLimit)
+TEST_F(HttpsFetchTest, takesTheSizeLimitAndNoMore)
 {
-    server.serve("/feed", QByteArray(1001, 'x'));
     request.byteLimit = 1000;
-    EXPECT_EQ(
-        run(server.url("/feed")),
-        "The update feed could not be fetched: it is larger than 1.0 kB.");
-    EXPECT_LE(bytes.size(), 1000);
-}
-
-TEST_F(HttpsFetchTest, takesExactlyTheSizeLimit)
-{
     server.serve("/feed", QByteArray(1000, 'x'));
-    request.byteLimit = 1000;
-    EXPECT_EQ(run(server.url("/feed")), "finished");
+    EXPECT_EQ(runFeed(), "finished");
     EXPECT_EQ(bytes.size(), 1000);
+    server.serve("/feed", QByteArray(1001, 'x'));
+    EXPECT_EQ(runFeed(), "it is larger than 1.0 kB.");
+    EXPECT_LE(bytes.size(), 1000);
 }
 
 TEST_F(HttpsFetchTest, endsAtTheSizeLimitOfAnAnswerWithoutEnd)
@@ -190,21 +164,15 @@ TEST_F(HttpsFetchTest, endsAtTheSizeLimitOfAnAnswerWithoutEnd)
         });
         connection.write(QByteArray(10'000, 'x'));
     });
-    EXPECT_EQ(
-        run(server.url("/feed")),
-        "The update feed could not be fetched: it is larger than 1.0 MB.");
+    EXPECT_EQ(runFeed(), "it is larger than 1.0 MB.");
     EXPECT_TRUE(TestSupport::eventually([this] { return server.openConnections() == 0; }));
 }
 
 TEST_F(HttpsFetchTest, endsWhenTheServerFallsSilent)
 {
-    server.answer("/feed", [](QSslSocket& connection) {
-        connection.write("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nhalf");
-    });
+    stall();
     request.silenceLimit = 100ms;
-    EXPECT_EQ(
-        run(server.url("/feed")),
-        "The update feed could not be fetched: the server took too long.");
+    EXPECT_EQ(runFeed(), "the server took too long.");
 }
 
 TEST_F(HttpsFetchTest, endsWhenTheServerTrickles)
@@ -219,9 +187,7 @@ TEST_F(HttpsFetchTest, endsWhenTheServerTrickles)
     for (auto limit = 200ms; bytes.isEmpty() && limit < 10s; limit *= 2) {
         request.timeLimit = limit;
         ending.clear();
-        EXPECT_EQ(
-            run(server.url("/feed")),
-            "The update feed could not be fetched: the server took too long.");
+        EXPECT_EQ(runFeed(), "the server took too long.");
     }
     EXPECT_TRUE(bytes.startsWith("."));
 }
@@ -232,16 +198,12 @@ TEST_F(HttpsFetchTest, noticesThatTheAnswerIsCutOff)
         connection.write("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nhalf");
         connection.disconnectFromHost();
     });
-    EXPECT_EQ(
-        run(server.url("/feed")),
-        "The update feed could not be fetched: the connection ended too early.");
+    EXPECT_EQ(runFeed(), "the connection ended too early.");
 }
 
 TEST_F(HttpsFetchTest, tellsTheStatusOfOtherAnswers)
 {
-    EXPECT_EQ(
-        run(server.url("/feed")),
-        "The update feed could not be fetched: the server answered with status 404.");
+    EXPECT_EQ(runFeed(), "the server answered with status 404.");
     EXPECT_TRUE(bytes.isEmpty());
 }
 
@@ -250,9 +212,7 @@ TEST_F(HttpsFetchTest, takesNoPartForTheWhole)
     server.answer("/feed", [](QSslSocket& connection) {
         connection.write("HTTP/1.1 206 Partial Content\r\nContent-Length: 4\r\n\r\nhalf");
     });
-    EXPECT_EQ(
-        run(server.url("/feed")),
-        "The update feed could not be fetched: the server answered with status 206.");
+    EXPECT_EQ(runFeed(), "the server answered with status 206.");
     EXPECT_TRUE(bytes.isEmpty());
 }
 
@@ -264,7 +224,7 @@ TEST_F(HttpsFetchTest, tellsThatNobodyListens)
     plain.close();
     EXPECT_EQ(
         run(QUrl(QStringLiteral("https://127.0.0.1:%1/").arg(port))),
-        "The update feed could not be fetched: the server refused the connection.");
+        "the server refused the connection.");
 }
 
 TEST_F(HttpsFetchTest, takesThePackedBytesAsTheyAre)
@@ -276,7 +236,7 @@ TEST_F(HttpsFetchTest, takesThePackedBytesAsTheyAre)
             "HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: "
             + QByteArray::number(packed.size()) + "\r\n\r\n" + packed);
     });
-    EXPECT_EQ(run(server.url("/feed")), "finished");
+    EXPECT_EQ(runFeed(), "finished");
     EXPECT_EQ(bytes, packed);
     EXPECT_THAT(
         server.requests().at(0).toLower().toStdString(),
@@ -288,9 +248,9 @@ TEST_F(HttpsFetchTest, saysLittleOfTheUser)
     server.answer("/feed", [](QSslSocket& connection) {
         connection.write("HTTP/1.1 200 OK\r\nSet-Cookie: who=me\r\nContent-Length: 0\r\n\r\n");
     });
-    EXPECT_EQ(run(server.url("/feed")), "finished");
+    EXPECT_EQ(runFeed(), "finished");
     ending.clear();
-    EXPECT_EQ(run(server.url("/feed")), "finished");
+    EXPECT_EQ(runFeed(), "finished");
     ASSERT_EQ(server.requests().size(), 2U);
     const std::string second = server.requests()[1].toLower().toStdString();
     EXPECT_THAT(second, AllOf(HasSubstr("user-agent: tarnwick\r\n"), Not(HasSubstr("cookie"))));
@@ -298,9 +258,7 @@ TEST_F(HttpsFetchTest, saysLittleOfTheUser)
 
 TEST_F(HttpsFetchTest, endsWithoutASignalWhenItIsDestroyed)
 {
-    server.answer("/feed", [](QSslSocket& connection) {
-        connection.write("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nhalf");
-    });
+    stall();
     begin(server.url("/feed"));
     ASSERT_TRUE(TestSupport::eventually([this] { return bytes == "half"; }));
     fetch.reset();
@@ -310,16 +268,15 @@ TEST_F(HttpsFetchTest, endsWithoutASignalWhenItIsDestroyed)
 
 TEST_F(HttpsFetchTest, mayBeDestroyedByEachOfItsSignals)
 {
+    const auto isDestroyedBy = [this](auto signal) {
+        begin(server.url("/feed"));
+        QObject::connect(fetch.get(), signal, &context, [this] { fetch.reset(); });
+        return TestSupport::eventually([this] { return !fetch; });
+    };
+    EXPECT_TRUE(isDestroyedBy(&HttpsFetch::failed));
     server.serve("/feed", "all");
-    begin(server.url("/feed"));
-    QObject::connect(fetch.get(), &HttpsFetch::received, &context, [this] { fetch.reset(); });
-    EXPECT_TRUE(TestSupport::eventually([this] { return !fetch; }));
-    begin(server.url("/feed"));
-    QObject::connect(fetch.get(), &HttpsFetch::finished, &context, [this] { fetch.reset(); });
-    EXPECT_TRUE(TestSupport::eventually([this] { return !fetch; }));
-    begin(server.url("/missing"));
-    QObject::connect(fetch.get(), &HttpsFetch::failed, &context, [this] { fetch.reset(); });
-    EXPECT_TRUE(TestSupport::eventually([this] { return !fetch; }));
+    EXPECT_TRUE(isDestroyedBy(&HttpsFetch::received));
+    EXPECT_TRUE(isDestroyedBy(&HttpsFetch::finished));
 }
 
 TEST_F(HttpsFetchTest, mayBeDestroyedAtOnce)
@@ -328,6 +285,14 @@ TEST_F(HttpsFetchTest, mayBeDestroyedAtOnce)
     fetch.reset();
     TestSupport::processEvents();
     EXPECT_EQ(ending, "");
+}
+
+TEST(SizeText, isExactOrShort)
+{
+    EXPECT_EQ(sizeText(4 << 20), QStringLiteral("4 MiB"));
+    EXPECT_EQ(sizeText(1 << 30), QStringLiteral("1 GiB"));
+    EXPECT_EQ(sizeText(34'200'000), QStringLiteral("34.2 MB"));
+    EXPECT_EQ(sizeText(0), QStringLiteral("0 bytes"));
 }
 
 }  // namespace

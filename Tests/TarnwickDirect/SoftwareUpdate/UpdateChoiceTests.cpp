@@ -8,32 +8,30 @@
 namespace {
 
 using namespace TarnwickDirect;
-using Reason = NoUpdate::Reason;
 
 class UpdateChoiceTest : public testing::Test {
 protected:
     /// Adds an item to the feed, which the test may change until it adds another.
     AppcastItem& add(const char16_t* version)
     {
-        return feed.items.emplace_back(TestSupport::itemOf(QString::fromUtf16(version)));
+        return feed.emplace_back(TestSupport::itemOf(QString::fromUtf16(version)));
     }
 
     UpdateOffer offer() const { return std::get<UpdateOffer>(chooseUpdate(feed, needs)); }
 
     std::string offered() const { return offer().version.toStdString(); }
 
-    NoUpdate none() const { return std::get<NoUpdate>(chooseUpdate(feed, needs)); }
-
-    static NoUpdate noUpdate(Reason reason, const char16_t* version)
+    /// Why nothing is offered, after "up to date: " where it is because of that.
+    std::string none() const
     {
-        return {.reason = reason, .version = QString::fromUtf16(version), .systemVersion = {}};
+        const auto none = std::get<NoUpdate>(chooseUpdate(feed, needs));
+        return (none.isUpToDate ? "up to date: " : "") + none.message.toStdString();
     }
 
     Appcast feed;
     UpdateNeeds needs{
         .ownVersion = QStringLiteral("1.0"),
         .systemVersion = QStringLiteral("6.1.0"),
-        .format = PackageFormat::appImage,
         .channels = {},
         .skippedVersion = {}};
 };
@@ -48,36 +46,26 @@ TEST_F(UpdateChoiceTest, takesTheNewestWhereverItStands)
 
 TEST_F(UpdateChoiceTest, takesTheFirstOfEqualOnes)
 {
-    add(u"1.2").title = QStringLiteral("first");
-    feed.items.back().shortVersion = QStringLiteral("one");
+    add(u"1.2").shortVersion = QStringLiteral("one");
     add(u"1.2.0").shortVersion = QStringLiteral("two");
     EXPECT_EQ(offer().displayedVersion, QStringLiteral("one"));
 }
 
-TEST_F(UpdateChoiceTest, takesTheFileOfTheRightFormat)
-{
-    add(u"1.1");
-    EXPECT_EQ(offer().fileName, QStringLiteral("Tarnwick-1.1.AppImage"));
-    needs.format = PackageFormat::debianPackage;
-    EXPECT_EQ(offer().fileName, QStringLiteral("Tarnwick-1.1.deb"));
-    needs.format = std::nullopt;
-    EXPECT_EQ(offer().fileName, QStringLiteral("Tarnwick-1.1.AppImage"));
-}
-
-TEST_F(UpdateChoiceTest, knowsFormatsByTheirMediaTypes)
+TEST_F(UpdateChoiceTest, takesTheFileThatIsADebianPackage)
 {
     AppcastItem& item = add(u"1.1");
+    item.enclosures.insert(item.enclosures.begin(), item.enclosures[0]);
+    item.enclosures[0].url = QUrl(QStringLiteral("https://example.com/tarnwick.tar.gz"));
+    EXPECT_EQ(offer().fileName, QStringLiteral("tarnwick_1.1.deb"));
     item.enclosures[0].url = QUrl(QStringLiteral("https://example.com/latest"));
     item.enclosures[0].type = QStringLiteral("application/vnd.debian.binary-package");
-    item.enclosures[1].url = QUrl(QStringLiteral("https://example.com/newest"));
-    item.enclosures[1].type = QStringLiteral("application/vnd.appimage");
-    EXPECT_EQ(offer().fileName, QStringLiteral("newest"));
+    EXPECT_EQ(offer().fileName, QStringLiteral("latest"));
 }
 
-TEST_F(UpdateChoiceTest, leavesOutWhatHasNoFileOfTheRightFormat)
+TEST_F(UpdateChoiceTest, leavesOutWhatHasNoDebianPackage)
 {
     add(u"1.1");
-    add(u"1.2").enclosures.erase(feed.items.back().enclosures.begin());
+    add(u"1.2").enclosures[0].url = QUrl(QStringLiteral("https://example.com/tarnwick.tar.gz"));
     EXPECT_EQ(offered(), "1.1");
 }
 
@@ -116,31 +104,32 @@ TEST_F(UpdateChoiceTest, leavesOutWhatNeedsANewerSystem)
 TEST_F(UpdateChoiceTest, tellsWhenOnlyTheSystemIsTooOld)
 {
     add(u"1.2").minimumSystemVersion = QStringLiteral("6.10");
-    EXPECT_EQ(
-        none(), (NoUpdate{Reason::systemTooOld, QStringLiteral("1.2"), QStringLiteral("6.10")}));
+    EXPECT_EQ(none(), "Tarnwick 1.2 needs Linux 6.10 or newer, and this system has Linux 6.1.0.");
 }
 
 TEST_F(UpdateChoiceTest, aFeedWithNothingForThisSystemIsEmpty)
 {
-    EXPECT_EQ(none(), NoUpdate{});
+    EXPECT_EQ(none(), "The update feed offers no version for this system.");
     add(u"1.2").enclosures.clear();
     add(u"");
-    EXPECT_EQ(none(), NoUpdate{});
+    EXPECT_EQ(none(), "The update feed offers no version for this system.");
 }
 
 TEST_F(UpdateChoiceTest, theSameVersionIsUpToDate)
 {
     add(u"0.9");
     add(u"1.0.0");
-    EXPECT_EQ(none(), noUpdate(Reason::upToDate, u"1.0.0"));
+    EXPECT_EQ(none(), "up to date: Tarnwick 1.0 is the newest version available.");
 }
 
 TEST_F(UpdateChoiceTest, aDowngradeIsNeverOffered)
 {
+    const std::string isNewer =
+        "up to date: Tarnwick 1.0 is newer than the newest version in the update feed, ";
     add(u"0.9").isCritical = true;
-    EXPECT_EQ(none(), noUpdate(Reason::onlyOlder, u"0.9"));
+    EXPECT_EQ(none(), isNewer + "0.9.");
     add(u"1.0 beta").isCritical = true;
-    EXPECT_EQ(none(), noUpdate(Reason::onlyOlder, u"1.0 beta"));
+    EXPECT_EQ(none(), isNewer + "1.0 beta.");
 }
 
 TEST_F(UpdateChoiceTest, aSkippedVersionIsNotOffered)
@@ -148,7 +137,7 @@ TEST_F(UpdateChoiceTest, aSkippedVersionIsNotOffered)
     needs.skippedVersion = QStringLiteral("1.2");
     add(u"1.1");
     add(u"1.2");
-    EXPECT_EQ(none(), noUpdate(Reason::skipped, u"1.2"));
+    EXPECT_EQ(none(), "Tarnwick 1.2 is available, and you have skipped it.");
     add(u"1.3");
     EXPECT_EQ(offered(), "1.3");
 }

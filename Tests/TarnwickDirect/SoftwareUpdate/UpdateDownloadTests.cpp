@@ -2,10 +2,11 @@
 
 #include "Fakes/EventLoop.h"
 #include "Persistence/FileTrouble.h"
+#include "SoftwareUpdate/Packages.h"
 #include "SoftwareUpdate/Signing.h"
 #include "SoftwareUpdate/TlsServer.h"
-#include "TarnwickDirect/SoftwareUpdate/Network/SystemNetwork.h"
 
+#include <QNetworkAccessManager>
 #include <QThreadPool>
 
 #include <semaphore>
@@ -24,9 +25,10 @@ class UpdateDownloadTest : public testing::Test {
 protected:
     UpdateDownloadTest()
     {
-        server.serve("/files/Tarnwick.AppImage", file);
-        offer.url = server.url("/files/Tarnwick.AppImage");
-        offer.fileName = QStringLiteral("Tarnwick.AppImage");
+        server.serve("/tarnwick.deb", file);
+        offer.version = QStringLiteral("2.0");
+        offer.url = server.url("/tarnwick.deb");
+        offer.fileName = QStringLiteral("tarnwick.deb");
         offer.length = std::uint64_t(file.size());
         offer.signature = key.sign(file);
     }
@@ -38,7 +40,7 @@ protected:
             offer,
             UpdateDownload::Settings{
                 .folder = folder / "updates",
-                .key = key.publicKey(),
+                .trust = {.key = key.publicKey(), .package = QStringLiteral("tarnwick")},
                 .authorities = TestSupport::TlsServer::authorities(),
                 .silenceLimit = silenceLimit});
         QObject::connect(
@@ -74,16 +76,24 @@ protected:
         return ending;
     }
 
+    /// Has the server keep the last ten bytes back.
+    void stall()
+    {
+        server.answer("/tarnwick.deb", [this](QSslSocket& connection) {
+            connection.write(TestSupport::okay(file).chopped(10));
+        });
+    }
+
     bool isNothingLeft() const
     {
         return !exists(folder / "updates") || is_empty(folder / "updates");
     }
 
-    const QByteArray file = QByteArray(600'000, 'a') + "the program";
+    const QByteArray file = TestSupport::debianPackage("2.0-1");
     TestSupport::TlsServer server;
     TestSupport::SigningKey key;
     FileTrouble::Folder folder;
-    SystemNetwork network;
+    QNetworkAccessManager network;
     UpdateOffer offer;
     std::chrono::milliseconds silenceLimit = 20s;
     QObject context;
@@ -97,22 +107,17 @@ protected:
 TEST_F(UpdateDownloadTest, yieldsTheVerifiedFile)
 {
     EXPECT_EQ(run(), "finished");
-    EXPECT_EQ(downloaded.filename(), "Tarnwick.AppImage");
+    EXPECT_EQ(downloaded.filename(), "tarnwick.deb");
     EXPECT_EQ(FileTrouble::contentsOf(downloaded), file.toStdString());
     EXPECT_TRUE(isVerifying);
     EXPECT_TRUE(std::ranges::is_sorted(progress));
 }
 
-TEST_F(UpdateDownloadTest, keepsTheFileFromOtherUsers)
+TEST_F(UpdateDownloadTest, keepsTheFileFromOtherUsersAndLeavesNothingAtItsEnd)
 {
     EXPECT_EQ(run(), "finished");
     EXPECT_EQ(FileTrouble::modeOf(downloaded.parent_path()), 0700U);
     EXPECT_EQ(downloaded.parent_path().parent_path(), folder / "updates");
-}
-
-TEST_F(UpdateDownloadTest, leavesNothingAtItsEnd)
-{
-    EXPECT_EQ(run(), "finished");
     download.reset();
     EXPECT_TRUE(isNothingLeft());
 }
@@ -120,87 +125,51 @@ TEST_F(UpdateDownloadTest, leavesNothingAtItsEnd)
 TEST_F(UpdateDownloadTest, takesTheNameOfTheOfferAndNotOfTheRedirect)
 {
     server.serve("/elsewhere/evil.sh", file);
-    server.redirect("/files/Tarnwick.AppImage", server.url("/elsewhere/evil.sh"));
+    server.redirect("/tarnwick.deb", server.url("/elsewhere/evil.sh"));
     EXPECT_EQ(run(), "finished");
-    EXPECT_EQ(downloaded.filename(), "Tarnwick.AppImage");
+    EXPECT_EQ(downloaded.filename(), "tarnwick.deb");
 }
 
-TEST_F(UpdateDownloadTest, deletesOtherBytes)
-{
-    QByteArray other = file;
-    other[300'000] = 'b';
-    server.serve("/files/Tarnwick.AppImage", other);
-    EXPECT_EQ(
-        run(),
-        "The download \"Tarnwick.AppImage\" was deleted because its signature is not valid.");
-    EXPECT_TRUE(isNothingLeft());
-}
-
-TEST_F(UpdateDownloadTest, deletesWhatAnotherKeySigned)
+TEST_F(UpdateDownloadTest, deletesWhatFailsVerification)
 {
     offer.signature = TestSupport::SigningKey(2).sign(file);
     EXPECT_EQ(
-        run(),
-        "The download \"Tarnwick.AppImage\" was deleted because its signature is not valid.");
+        run(), "The download \"tarnwick.deb\" was deleted because its signature is not valid.");
     EXPECT_TRUE(isNothingLeft());
 }
 
 TEST_F(UpdateDownloadTest, stopsWhereTheServerSendsMoreThanTheFeedTells)
 {
     offer.length = 1000;
-    EXPECT_EQ(run(), "\"Tarnwick.AppImage\" could not be fetched: it is larger than 1.0 kB.");
+    EXPECT_EQ(run(), "\"tarnwick.deb\" could not be fetched: it is larger than 1.0 kB.");
     EXPECT_FALSE(isVerifying);
     EXPECT_TRUE(isNothingLeft());
 }
 
 TEST_F(UpdateDownloadTest, deletesWhatIsShorterThanTheFeedTells)
 {
-    offer.length = std::uint64_t(file.size()) + 1;
+    server.serve("/tarnwick.deb", "short");
+    offer.length = 6;
     begin();
     QObject::disconnect(download.get(), &UpdateDownload::verifying, &context, nullptr);
     ASSERT_TRUE(TestSupport::eventually([this] { return !ending.empty(); }));
     EXPECT_EQ(
-        ending,
-        "The download \"Tarnwick.AppImage\" was deleted because it has 600011 bytes instead of "
-        "600012.");
-    EXPECT_TRUE(isNothingLeft());
-}
-
-TEST_F(UpdateDownloadTest, refusesARedirectToPlainHttp)
-{
-    server.redirect(
-        "/files/Tarnwick.AppImage", QUrl(QStringLiteral("http://127.0.0.1/Tarnwick.AppImage")));
-    EXPECT_EQ(
-        run(),
-        "\"Tarnwick.AppImage\" could not be fetched: the server redirected to an address that is "
-        "not HTTPS.");
-    EXPECT_TRUE(isNothingLeft());
-}
-
-TEST_F(UpdateDownloadTest, leavesNothingWhenItIsCutOff)
-{
-    server.answer("/files/Tarnwick.AppImage", [this](QSslSocket& connection) {
-        connection.write(TestSupport::okay(file).chopped(10));
-        connection.disconnectFromHost();
-    });
-    EXPECT_EQ(run(), "\"Tarnwick.AppImage\" could not be fetched: the connection ended too early.");
+        ending, "The download \"tarnwick.deb\" was deleted because it has 5 bytes instead of 6.");
     EXPECT_TRUE(isNothingLeft());
 }
 
 TEST_F(UpdateDownloadTest, leavesNothingWhenTheServerFallsSilent)
 {
-    server.answer("/files/Tarnwick.AppImage", [this](QSslSocket& connection) {
-        connection.write(TestSupport::okay(file).chopped(10));
-    });
+    stall();
     silenceLimit = 200ms;
-    EXPECT_EQ(run(), "\"Tarnwick.AppImage\" could not be fetched: the server took too long.");
+    EXPECT_EQ(run(), "\"tarnwick.deb\" could not be fetched: the server took too long.");
     EXPECT_TRUE(isNothingLeft());
 }
 
 TEST_F(UpdateDownloadTest, leavesNothingOnAFullDisk)
 {
-    const FileTrouble::LargestFile limit(300'000);
-    EXPECT_EQ(run(), "\"Tarnwick.AppImage\" could not be saved: File too large.");
+    const FileTrouble::LargestFile limit(200'000);
+    EXPECT_EQ(run(), "\"tarnwick.deb\" could not be saved: File too large.");
     EXPECT_TRUE(isNothingLeft());
 }
 
@@ -214,9 +183,7 @@ TEST_F(UpdateDownloadTest, tellsThatTheFolderCannotBeMade)
 
 TEST_F(UpdateDownloadTest, leavesNothingWhenItIsCancelledOnTheWay)
 {
-    server.answer("/files/Tarnwick.AppImage", [this](QSslSocket& connection) {
-        connection.write(TestSupport::okay(file).chopped(10));
-    });
+    stall();
     begin();
     ASSERT_TRUE(TestSupport::eventually([this] { return !progress.empty(); }));
     EXPECT_FALSE(isNothingLeft());
@@ -247,21 +214,16 @@ TEST_F(UpdateDownloadTest, leavesNothingWhenItIsCancelledDuringVerification)
 
 TEST_F(UpdateDownloadTest, mayBeDestroyedByEachOfItsSignals)
 {
-    const auto destroy = [this] { download.reset(); };
-    const auto isGone = [this] { return !download; };
-    begin();
-    QObject::connect(download.get(), &UpdateDownload::progressed, &context, destroy);
-    EXPECT_TRUE(TestSupport::eventually(isGone));
-    begin();
-    QObject::connect(download.get(), &UpdateDownload::verifying, &context, destroy);
-    EXPECT_TRUE(TestSupport::eventually(isGone));
-    begin();
-    QObject::connect(download.get(), &UpdateDownload::finished, &context, destroy);
-    EXPECT_TRUE(TestSupport::eventually(isGone));
+    const auto isDestroyedBy = [this](auto signal) {
+        begin();
+        QObject::connect(download.get(), signal, &context, [this] { download.reset(); });
+        return TestSupport::eventually([this] { return !download; });
+    };
+    EXPECT_TRUE(isDestroyedBy(&UpdateDownload::progressed));
+    EXPECT_TRUE(isDestroyedBy(&UpdateDownload::verifying));
+    EXPECT_TRUE(isDestroyedBy(&UpdateDownload::finished));
     offer.length = 1000;
-    begin();
-    QObject::connect(download.get(), &UpdateDownload::failed, &context, destroy);
-    EXPECT_TRUE(TestSupport::eventually(isGone));
+    EXPECT_TRUE(isDestroyedBy(&UpdateDownload::failed));
     EXPECT_TRUE(isNothingLeft());
 }
 

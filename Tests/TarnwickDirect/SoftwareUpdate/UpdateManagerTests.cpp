@@ -1,7 +1,6 @@
 #include "TarnwickDirect/UpdateManager.h"
 
 #include "Fakes/EventLoop.h"
-#include "TarnwickDirect/SoftwareUpdate/UpdateOffer.h"
 
 #include <QThread>
 
@@ -20,7 +19,15 @@ class FakeController final : public UpdaterController {
 public:
     bool canCheckForUpdates() const override { return canCheck; }
 
-    void checkForUpdates() override { ++checks; }
+    void checkForUpdates() override
+    {
+        ++checks;
+        if (onCheck) {
+            onCheck();
+        }
+    }
+
+    void checkInBackground() override {}
 
     void bringToFront() override { ++presentations; }
 
@@ -33,6 +40,7 @@ public:
     }
 
     bool canCheck = false;
+    std::function<void()> onCheck;
     int checks = 0;
     int presentations = 0;
     int stops = 0;
@@ -132,80 +140,39 @@ TEST_F(UpdateManagerTest, anActionOfTheUserChecks)
 
 TEST_F(UpdateManagerTest, isCheckingBeforeTheUpdaterIsAsked)
 {
-    class Probe final : public UpdaterController {
-    public:
-        bool canCheckForUpdates() const override { return true; }
-
-        void checkForUpdates() override { seen = manager->updateAvailability(); }
-
-        void bringToFront() override {}
-
-        void stop() override {}
-
-        UpdateManager* manager = nullptr;
-        UpdateAvailability seen = unknown;
-    };
-
-    Probe* probe = nullptr;
-    UpdateManager probed([&](UpdaterDelegate&) {
-        auto made = std::make_unique<Probe>();
-        probe = made.get();
-        return made;
-    });
-    probe->manager = &probed;
-    probed.checkForUpdates();
-    EXPECT_EQ(probe->seen, checking);
+    start();
+    UpdateAvailability seen = unknown;
+    controller->onCheck = [&] { seen = manager->updateAvailability(); };
+    manager->checkForUpdates();
+    EXPECT_EQ(seen, checking);
 }
 
-TEST_F(UpdateManagerTest, aCheckOfTheUserFindsAnUpdate)
+TEST_F(UpdateManagerTest, aCheckOfTheUserFindsAnUpdateOrNone)
 {
     start();
     manager->checkForUpdates();
-    delegate->updaterDidFindValidUpdate({});
-    TestSupport::processEvents();
-    EXPECT_THAT(availabilities, ElementsAre(checking, available));
-}
-
-TEST_F(UpdateManagerTest, aCheckOfTheUserFindsNone)
-{
-    start();
-    manager->checkForUpdates();
-    delegate->updaterDidNotFindUpdate(QStringLiteral("There is none."));
-    TestSupport::processEvents();
-    EXPECT_THAT(availabilities, ElementsAre(checking, unavailable));
-}
-
-TEST_F(UpdateManagerTest, aBackgroundCheckFindsAnUpdate)
-{
-    start();
-    delegate->updaterDidFindValidUpdate({});
-    TestSupport::processEvents();
-    EXPECT_THAT(availabilities, ElementsAre(available));
-}
-
-TEST_F(UpdateManagerTest, aBackgroundCheckFindsNone)
-{
-    start();
-    delegate->updaterDidNotFindUpdate(QStringLiteral("There is none."));
-    TestSupport::processEvents();
-    EXPECT_THAT(availabilities, ElementsAre(unavailable));
-}
-
-TEST_F(UpdateManagerTest, aFurtherCheckBeginsAnew)
-{
-    start();
-    delegate->updaterDidFindValidUpdate({});
+    delegate->updaterDidFindValidUpdate(QStringLiteral("2.0"));
     TestSupport::processEvents();
     manager->checkForUpdates();
     delegate->updaterDidNotFindUpdate(QStringLiteral("There is none."));
     TestSupport::processEvents();
-    EXPECT_THAT(availabilities, ElementsAre(available, checking, unavailable));
+    EXPECT_THAT(availabilities, ElementsAre(checking, available, checking, unavailable));
+}
+
+TEST_F(UpdateManagerTest, aBackgroundCheckFindsAnUpdateOrNone)
+{
+    start();
+    delegate->updaterDidFindValidUpdate(QStringLiteral("2.0"));
+    TestSupport::processEvents();
+    delegate->updaterDidNotFindUpdate(QStringLiteral("There is none."));
+    TestSupport::processEvents();
+    EXPECT_THAT(availabilities, ElementsAre(available, unavailable));
 }
 
 TEST_F(UpdateManagerTest, whatOtherThreadsTellChangesOnTheMainThread)
 {
     start();
-    std::thread([this] { delegate->updaterDidFindValidUpdate({}); }).join();
+    std::thread([this] { delegate->updaterDidFindValidUpdate(QStringLiteral("2.0")); }).join();
     EXPECT_EQ(manager->updateAvailability(), unknown);
     TestSupport::processEvents();
     EXPECT_THAT(availabilities, ElementsAre(available));
@@ -243,7 +210,7 @@ TEST_F(UpdateManagerTest, passesOnWhatConcernsTheDialogAndTheEnd)
 TEST_F(UpdateManagerTest, whatComesTooLateIsDropped)
 {
     start(true);
-    delegate->updaterDidFindValidUpdate({});
+    delegate->updaterDidFindValidUpdate(QStringLiteral("2.0"));
     manager.reset();
     TestSupport::processEvents();
     EXPECT_THAT(availabilities, IsEmpty());

@@ -29,8 +29,8 @@ TEST_F(UpdateOfferTest, holdsWhatTheDownloadIsCheckedAgainst)
     EXPECT_EQ(offer.displayedVersion, QStringLiteral("2.0 \"Tarn\""));
     EXPECT_EQ(offer.releaseNotes, QStringLiteral("Calmer."));
     EXPECT_TRUE(offer.isCritical);
-    EXPECT_EQ(offer.url, QUrl(QStringLiteral("https://example.com/Tarnwick-2.0.AppImage")));
-    EXPECT_EQ(offer.fileName, QStringLiteral("Tarnwick-2.0.AppImage"));
+    EXPECT_EQ(offer.url, QUrl(QStringLiteral("https://example.com/tarnwick_2.0.deb")));
+    EXPECT_EQ(offer.fileName, QStringLiteral("tarnwick_2.0.deb"));
     EXPECT_EQ(offer.length, 1000U);
     EXPECT_EQ(offer.signature[0], 's');
 }
@@ -43,11 +43,11 @@ TEST_F(UpdateOfferTest, showsTheVersionWhereThereIsNoOtherText)
 TEST_F(UpdateOfferTest, refusesAddressesThatAreNotHttps)
 {
     for (const char* const url :
-         {"http://example.com/a.AppImage",
-          "file:///tmp/a.AppImage",
-          "ftp://example.com/a.AppImage",
-          "a.AppImage",
-          "https:///a.AppImage",
+         {"http://example.com/a.deb",
+          "file:///tmp/a.deb",
+          "ftp://example.com/a.deb",
+          "a.deb",
+          "https:///a.deb",
           ""}) {
         enclosure.url = QUrl::fromEncoded(url);
         EXPECT_EQ(error(), "The address of version 2.0 is not an HTTPS address.") << url;
@@ -56,8 +56,8 @@ TEST_F(UpdateOfferTest, refusesAddressesThatAreNotHttps)
 
 TEST_F(UpdateOfferTest, refusesAPathInTheFileName)
 {
-    enclosure.url = QUrl::fromEncoded("https://example.com/..%2Fa.AppImage");
-    EXPECT_EQ(error(), "The update's file name \"..%2Fa.AppImage\" is not a plain name.");
+    enclosure.url = QUrl::fromEncoded("https://example.com/..%2Fa.deb");
+    EXPECT_EQ(error(), "The update's file name \"..%2Fa.deb\" is not a plain name.");
 }
 
 TEST_F(UpdateOfferTest, refusesAnUnknownLength)
@@ -92,6 +92,59 @@ TEST_F(UpdateOfferTest, refusesWhatCannotBeASignature)
         EXPECT_EQ(
             error(), "The update feed's signature for version 2.0 is not an Ed25519 signature.");
     }
+}
+
+/// The name of the file at an address, or the error.
+std::string nameAt(const std::string& url)
+{
+    std::string name;
+    const std::string error = TestSupport::updateErrorOf([&] {
+        name = downloadName(QUrl::fromEncoded(QByteArray::fromStdString(url))).toStdString();
+    });
+    return error == "none" ? name : error;
+}
+
+TEST(DownloadName, isTheLastPartOfTheAddress)
+{
+    EXPECT_EQ(nameAt("https://example.com/v1/tarnwick.deb?a=/b/c#/d"), "tarnwick.deb");
+    EXPECT_EQ(nameAt("https://example.com/Tarnwick%201.4.deb"), "Tarnwick 1.4.deb");
+    EXPECT_EQ(nameAt("https://example.com/Caf%C3%A9"), "Caf\xc3\xa9");
+}
+
+TEST(DownloadName, aFolderIsRefused)
+{
+    for (const char* const url : {"/", "", "/releases/"}) {
+        EXPECT_EQ(
+            nameAt(std::string("https://example.com") + url),
+            "The update's address names no file.");
+    }
+}
+
+TEST(DownloadName, pathsHiddenNamesAndUnseenCharactersAreRefused)
+{
+    for (const std::string name :
+         {"..%2F..%2F.bashrc",
+          "%2Fetc%2Fpasswd",
+          "a%5Cb",
+          "..",
+          ".bashrc",
+          "a%00b",
+          "a%0Ab",
+          "a%E2%80%AEb",
+          "a%FFb"}) {
+        EXPECT_EQ(
+            nameAt("https://example.com/" + name),
+            "The update's file name \"" + name + "\" is not a plain name.");
+    }
+    EXPECT_EQ(
+        nameAt("https://example.com/%2E%2E"), "The update's file name \"..\" is not a plain name.");
+}
+
+TEST(DownloadName, aLongNameIsRefused)
+{
+    const std::string address = "https://example.com/";
+    EXPECT_EQ(nameAt(address + std::string(200, 'a')), std::string(200, 'a'));
+    EXPECT_EQ(nameAt(address + std::string(201, 'a')), "The update's file name is too long.");
 }
 
 }  // namespace

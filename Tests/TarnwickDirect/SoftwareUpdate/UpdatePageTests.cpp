@@ -6,7 +6,6 @@ namespace {
 
 using namespace TarnwickDirect;
 using testing::ElementsAre;
-using testing::IsEmpty;
 using Kind = UpdateState::Kind;
 
 class UpdatePageTest : public testing::Test {
@@ -14,10 +13,10 @@ protected:
     UpdatePageTest()
     {
         state.offer.displayedVersion = QStringLiteral("2.0");
-        state.offer.fileName = QStringLiteral("Tarnwick.AppImage");
+        state.offer.fileName = QStringLiteral("tarnwick.deb");
         state.offer.length = 50'000'000;
-        installation.kind = Installation::Kind::appImage;
-        installation.package = "tarnwick";
+        installation.kind = Installation::Kind::debianPackage;
+        installation.package = QStringLiteral("tarnwick");
     }
 
     UpdatePage page(Kind kind)
@@ -55,15 +54,13 @@ TEST_F(UpdatePageTest, aCheck)
     EXPECT_THAT(buttons(Kind::checking), ElementsAre("Cancel"));
 }
 
-TEST_F(UpdatePageTest, noUpdate)
+TEST_F(UpdatePageTest, whatIsTold)
 {
+    state.title = QStringLiteral("You're up to date!");
     state.message = QStringLiteral("Tarnwick 1.0 is the newest version available.");
-    EXPECT_EQ(title(Kind::upToDate), "You're up to date!");
-    EXPECT_EQ(message(Kind::upToDate), "Tarnwick 1.0 is the newest version available.");
-    EXPECT_THAT(buttons(Kind::upToDate), ElementsAre("OK"));
-    EXPECT_EQ(title(Kind::noUpdate), "No Update Available");
-    EXPECT_EQ(message(Kind::noUpdate), "Tarnwick 1.0 is the newest version available.");
-    EXPECT_THAT(buttons(Kind::noUpdate), ElementsAre("OK"));
+    EXPECT_EQ(title(Kind::told), "You're up to date!");
+    EXPECT_EQ(message(Kind::told), "Tarnwick 1.0 is the newest version available.");
+    EXPECT_THAT(buttons(Kind::told), ElementsAre("OK"));
 }
 
 TEST_F(UpdatePageTest, anUpdate)
@@ -125,26 +122,15 @@ TEST_F(UpdatePageTest, aDownload)
     EXPECT_THAT(buttons(Kind::downloading), ElementsAre("Cancel"));
 }
 
-TEST_F(UpdatePageTest, verificationAndInstallation)
+TEST_F(UpdatePageTest, verification)
 {
     EXPECT_EQ(title(Kind::verifying), "Verifying Update…");
     EXPECT_TRUE(page(Kind::verifying).isBusy);
     EXPECT_THAT(buttons(Kind::verifying), ElementsAre("Cancel"));
-    EXPECT_EQ(title(Kind::installing), "Installing Update…");
-    EXPECT_TRUE(page(Kind::installing).isBusy);
-    EXPECT_THAT(buttons(Kind::installing), IsEmpty());
-}
-
-TEST_F(UpdatePageTest, whatIsInstalledOffersToStartAgain)
-{
-    EXPECT_EQ(title(Kind::installed), "Update Installed");
-    EXPECT_EQ(message(Kind::installed), "Tarnwick 2.0 runs once Tarnwick is started again.");
-    EXPECT_THAT(buttons(Kind::installed), ElementsAre("Later", "Restart Now"));
 }
 
 TEST_F(UpdatePageTest, aPackageIsHandedOver)
 {
-    state.offer.fileName = QStringLiteral("tarnwick.deb");
     state.package = "/home/a/.cache/x/tarnwick.deb";
     EXPECT_EQ(title(Kind::handedOver), "Continue in the Installer");
     EXPECT_EQ(
@@ -154,22 +140,14 @@ TEST_F(UpdatePageTest, aPackageIsHandedOver)
     EXPECT_THAT(buttons(Kind::handedOver), ElementsAre("OK"));
 }
 
-TEST_F(UpdatePageTest, anError)
-{
-    state.message = QStringLiteral("The update feed is empty.");
-    EXPECT_EQ(title(Kind::failed), "Update Error");
-    EXPECT_EQ(message(Kind::failed), "The update feed is empty.");
-    EXPECT_THAT(buttons(Kind::failed), ElementsAre("OK"));
-}
-
 TEST_F(UpdatePageTest, closingDecidesNothing)
 {
     EXPECT_EQ(page(Kind::checking).closing(), UpdateAction::cancel);
-    EXPECT_EQ(page(Kind::upToDate).closing(), UpdateAction::okay);
+    EXPECT_EQ(page(Kind::told).closing(), UpdateAction::okay);
     EXPECT_EQ(page(Kind::available).closing(), UpdateAction::remindLater);
     EXPECT_EQ(page(Kind::downloading).closing(), UpdateAction::cancel);
-    EXPECT_EQ(page(Kind::installing).closing(), std::nullopt);
-    EXPECT_EQ(page(Kind::installed).closing(), UpdateAction::later);
+    state.offer.isCritical = true;
+    EXPECT_EQ(page(Kind::available).closing(), UpdateAction::remindLater);
 }
 
 }  // namespace

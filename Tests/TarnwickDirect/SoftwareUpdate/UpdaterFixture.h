@@ -1,14 +1,11 @@
 #pragma once
 
 #include "Fakes/EventLoop.h"
-#include "Fakes/FakeClock.h"
-#include "Fakes/MemoryDefaultsStore.h"
 #include "Persistence/FileTrouble.h"
+#include "SoftwareUpdate/Packages.h"
 #include "SoftwareUpdate/Signing.h"
 #include "SoftwareUpdate/TlsServer.h"
-#include "TarnwickDirect/SoftwareUpdate/AppcastUpdater.h"
-#include "TarnwickDirect/SoftwareUpdate/Network/SystemNetwork.h"
-#include "TarnwickDirect/SoftwareUpdate/UpdaterDelegate.h"
+#include "TarnwickDirect/SoftwareUpdate/DesktopUpdater.h"
 
 #include <atomic>
 
@@ -19,9 +16,9 @@ namespace TestSupport {
 /// Records what it hears: "found 2.0", or the sentence.
 class RecordingDelegate final : public TarnwickDirect::UpdaterDelegate {
 public:
-    void updaterDidFindValidUpdate(const TarnwickDirect::UpdateOffer& offer) override
+    void updaterDidFindValidUpdate(const QString& version) override
     {
-        heard.push_back("found " + offer.version.toStdString());
+        heard.push_back("found " + version.toStdString());
     }
 
     void updaterDidNotFindUpdate(const QString& error) override
@@ -32,8 +29,7 @@ public:
     std::vector<std::string> heard;
 };
 
-/// An updater of version 1.0 that runs as an AppImage and was looked after two hours ago, with a
-/// server whose feed offers version 2.0.
+/// An updater of version 1.0 that came in a package, with a server whose feed offers version 2.0.
 class UpdaterTest : public testing::Test {
 public:
     UpdaterTest(const UpdaterTest&) = delete;
@@ -48,6 +44,10 @@ protected:
     /// Starts the program; a second call starts it anew.
     void start();
 
+    TarnwickDirect::AppcastUpdater& updater() { return desktop->updater(); }
+
+    const TarnwickDirect::UpdateState& state() { return updater().state(); }
+
     /// Waits until the state is of this kind.
     bool reaches(Kind kind);
 
@@ -57,37 +57,40 @@ protected:
     /// Has the user check and install, and waits until that has ended.
     Kind install();
 
-    /// The feed's only item, with a signature for the program's bytes.
+    /// The feed's only item, with a signature of the package.
     QByteArray item(const QByteArray& version, const QByteArray& more = {}) const;
 
     void serveFeed(const QByteArray& items);
 
-    /// Serves the program, but never its last byte.
+    /// Serves the package, but never its last byte.
     void stallDownload();
 
-    std::string message() const { return updater->state().message.toStdString(); }
+    /// What the dialog tells: its title and its message.
+    std::string told()
+    {
+        return state().title.toStdString() + ": " + state().message.toStdString();
+    }
 
     bool isNothingLeft() const;
 
-    const QByteArray program = QByteArray(300'000, 'p') + "version 2.0";
+    const QByteArray package = debianPackage("2.0-1");
     TlsServer server;
     SigningKey key;
     FileTrouble::Folder folder;
-    std::filesystem::path appImage = folder / "Tarnwick.AppImage";
-    std::shared_ptr<Fakes::MemoryDefaultsStore> defaults =
-        std::make_shared<Fakes::MemoryDefaultsStore>();
-    std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
     RecordingDelegate delegate;
-    TarnwickDirect::Installation installation;
+    TarnwickDirect::Installation installation{
+        .kind = TarnwickDirect::Installation::Kind::debianPackage,
+        .package = QStringLiteral("tarnwick:amd64"),
+        .packageVersion = QStringLiteral("1.0")};
     std::atomic<int> installationQueries = 0;
-    int networks = 0;  ///< How often the network was made.
-    TarnwickDirect::MakeHttpsNetwork makeNetwork = [] {
-        return std::make_unique<TarnwickDirect::SystemNetwork>();
-    };
+    std::set<QString> channels;
+    QString skippedVersion;
+    int arrivals = 0;         ///< How often a window was brought to the front.
+    int returns = 0;          ///< How often the focus was given back.
     std::vector<Kind> kinds;  ///< Each kind of state, in order, once for as long as it lasted.
     std::vector<bool> canCheckValues;
-    std::vector<std::filesystem::path> packages;
-    std::unique_ptr<TarnwickDirect::AppcastUpdater> updater;
+    std::vector<std::filesystem::path> packages;  ///< Those that were opened.
+    std::unique_ptr<TarnwickDirect::DesktopUpdater> desktop;
 };
 
 }  // namespace TestSupport

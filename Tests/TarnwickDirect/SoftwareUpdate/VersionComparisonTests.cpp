@@ -99,4 +99,26 @@ TEST(VersionComparison, isAnOrder)
     }));
 }
 
+TEST(VersionComparison, ofAKernelTheNumbersAtTheBeginningCount)
+{
+    const auto versionIn = [](const char16_t* kernelVersion) {
+        return TarnwickDirect::systemVersionIn(QString::fromUtf16(kernelVersion)).toStdString();
+    };
+    EXPECT_EQ(versionIn(u"6.1.0-18-amd64"), "6.1.0");
+    EXPECT_EQ(versionIn(u"6.8.9.arch1-2"), "6.8.9");
+    EXPECT_EQ(versionIn(u"6.9"), "6.9");
+    EXPECT_EQ(versionIn(u"unknown"), "");
+}
+
+TEST(VersionComparison, ofAPackageNeitherEpochNorRevisionCounts)
+{
+    const auto versionIn = [](const char16_t* packageVersion) {
+        return TarnwickDirect::upstreamVersion(QString::fromUtf16(packageVersion)).toStdString();
+    };
+    EXPECT_EQ(versionIn(u"0.2.0~dev-1"), "0.2.0~dev");
+    EXPECT_EQ(versionIn(u"1:0.2.0-beta-1"), "0.2.0-beta");
+    EXPECT_EQ(versionIn(u"0.2.0"), "0.2.0");
+    EXPECT_EQ(versionIn(u""), "");
+}
+
 }  // namespace

@@ -1,0 +1,19 @@
+#include "TarnwickDirect/SoftwareUpdate/UpdateModule.h"
+
+#include "TarnwickDirect/SoftwareUpdate/DesktopUpdater.h"
+
+using namespace TarnwickDirect;
+
+extern "C" Q_DECL_EXPORT const char* tarnwickUpdaterVersion()
+{
+    return TARNWICK_VERSION;
+}
+
+/// Where updates come from and who signs them is part of the build: nothing that a running program
+/// is told.
+extern "C" Q_DECL_EXPORT UpdaterController* tarnwickUpdater(
+    const ModuleHost& host, UpdaterDelegate& delegate)
+{
+    const auto source = updateSource(TARNWICK_UPDATE_FEED, TARNWICK_UPDATE_KEY);
+    return source ? makeDesktopUpdater(*source, host, delegate) : nullptr;
+}
