@@ -55,6 +55,19 @@ class Place:
     def _settings_file(self):
         return os.path.join(self.session.environment["XDG_CONFIG_HOME"], NAME, "settings.ini")
 
+    def lose_github(self):
+        """From here on `gh` finds nobody who answers."""
+        self.github.end()
+
+    def keep_details(self, is_kept):
+        """Whether programs that start from here on find what was last known beside the rows."""
+        data = os.path.join(self.session.environment["XDG_DATA_HOME"], NAME, "pull-request-details.json")
+        away = f"{data}.away"
+        if is_kept and os.path.exists(away):
+            os.rename(away, data)
+        elif not is_kept and not os.path.exists(away):
+            os.rename(data, away)
+
     @property
     def display(self):
         return self.session.environment["DISPLAY"]
