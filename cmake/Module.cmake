@@ -1,5 +1,5 @@
 # A module sees its own headers and those of the modules it names, and no others: every module has
-# an include directory of its own in the build tree that holds one link, to the module's folder.
+# an include directory of its own in the build tree, in which a link leads to each of its headers.
 
 # Lists the files of a FOLDER that match a PATTERN, and configures again when a file comes or goes. The
 # folder's own time tells; with CONFIGURE_DEPENDS every build would list it anew, and "ninja -n" could
@@ -10,24 +10,42 @@ function(tarnwick_glob variable folder pattern)
     set(${variable} "${found}" PARENT_SCOPE)
 endfunction()
 
-# A second library of the same folder gives the FOLDER's name.
+# The HEADERS are those without a source of the same name. A second library of the same folder gives
+# the FOLDER's name.
 function(tarnwick_module name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER" "SOURCES;HEADERS;PUBLIC;PRIVATE;PRECOMPILE")
     if(NOT arg_FOLDER)
         set(arg_FOLDER "${name}")
     endif()
-    set(root "${CMAKE_BINARY_DIR}/include/${arg_FOLDER}")
-    file(MAKE_DIRECTORY "${root}")
-    file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${root}/${arg_FOLDER}" SYMBOLIC)
+    set(headers ${arg_HEADERS})
+    foreach(source IN LISTS arg_SOURCES)
+        string(REGEX REPLACE "\\.cpp$" ".h" header "${source}")
+        if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${header}")
+            list(APPEND headers "${header}")
+        endif()
+    endforeach()
+    list(REMOVE_DUPLICATES headers)
+    set(root "${CMAKE_BINARY_DIR}/include/${name}")
+    tarnwick_link_headers("${root}/${arg_FOLDER}" ${headers})
 
-    add_library(${name} STATIC ${arg_SOURCES} ${arg_HEADERS})
+    add_library(${name} STATIC ${arg_SOURCES} ${headers})
     target_include_directories(${name} PUBLIC "${root}")
     target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE TarnwickSettings ${arg_PRIVATE})
     tarnwick_precompile(${name} ${arg_PRECOMPILE})
 
-    if(TARNWICK_HEADER_CHECK)
-        tarnwick_check_headers(${name} ${arg_FOLDER} ${arg_HEADERS})
+    if(TARNWICK_HEADER_CHECK AND headers)
+        tarnwick_check_headers(${name} ${arg_FOLDER} ${headers})
     endif()
+endfunction()
+
+# Makes the FOLDER anew, with a link to each of these headers and nothing else.
+function(tarnwick_link_headers folder)
+    file(REMOVE_RECURSE "${folder}")
+    foreach(header IN LISTS ARGN)
+        cmake_path(GET header PARENT_PATH room)
+        file(MAKE_DIRECTORY "${folder}/${room}")
+        file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}/${header}" "${folder}/${header}" SYMBOLIC)
+    endforeach()
 endfunction()
 
 function(tarnwick_precompile target)
