@@ -10,13 +10,32 @@ function(tarnwick_glob variable folder pattern)
     set(${variable} "${found}" PARENT_SCOPE)
 endfunction()
 
+# Of each of the ROOMS, which are folders, all files make part of a library or program; of others only
+# those that are listed. EXCEPT names files of rooms that do not.
+function(tarnwick_rooms variable pattern)
+    cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "ROOMS;EXCEPT")
+    set(files ${${variable}})
+    foreach(room IN LISTS arg_ROOMS)
+        tarnwick_glob(found "${CMAKE_CURRENT_SOURCE_DIR}/${room}" "${pattern}")
+        foreach(file IN LISTS found)
+            cmake_path(NORMAL_PATH file)
+            cmake_path(RELATIVE_PATH file BASE_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}")
+            list(APPEND files "${file}")
+        endforeach()
+    endforeach()
+    list(REMOVE_ITEM files ${arg_EXCEPT})
+    set(${variable} ${files} PARENT_SCOPE)
+endfunction()
+
 # The HEADERS are those without a source of the same name. A second library of the same folder gives
 # the FOLDER's name.
 function(tarnwick_module name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER" "SOURCES;HEADERS;PUBLIC;PRIVATE;PRECOMPILE")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER" "ROOMS;EXCEPT;SOURCES;HEADERS;PUBLIC;PRIVATE;PRECOMPILE")
     if(NOT arg_FOLDER)
         set(arg_FOLDER "${name}")
     endif()
+    tarnwick_rooms(arg_SOURCES "*.cpp" ROOMS ${arg_ROOMS} EXCEPT ${arg_EXCEPT})
+    tarnwick_rooms(arg_HEADERS "*.h" ROOMS ${arg_ROOMS} EXCEPT ${arg_EXCEPT})
     set(headers ${arg_HEADERS})
     foreach(source IN LISTS arg_SOURCES)
         string(REGEX REPLACE "\\.cpp$" ".h" header "${source}")
@@ -72,7 +91,8 @@ endfunction()
 # A test program whose tests CTest lists one by one under the program's name as their label.
 # PROPERTIES are further properties of each test.
 function(tarnwick_tests name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES;PRECOMPILE;PROPERTIES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "ROOMS;EXCEPT;SOURCES;LIBRARIES;PRECOMPILE;PROPERTIES")
+    tarnwick_rooms(arg_SOURCES "*.cpp" ROOMS ${arg_ROOMS} EXCEPT ${arg_EXCEPT})
     add_executable(${name} ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE TestSupport ${arg_LIBRARIES} TarnwickSettings)
     tarnwick_precompile(${name} ${arg_PRECOMPILE})
