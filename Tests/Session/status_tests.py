@@ -163,6 +163,25 @@ class WatchTests(StatusTest):
         self.write_cache_time(LONG_AGO)
         wait_until(lambda: json.loads(last_line())["class"] == "stale", "the old list")
 
+    def testItReadsTheCacheOfAnotherVersionAndNoneThatIsBroken(self):
+        self.start_github()
+        self.select()
+        self.run_tarnwick("list")
+        with open(self.cache_file, encoding="utf-8") as file:
+            snapshot = json.load(file)
+        for name in ("reviewerScope", "repositoryScope", "reviewFilters", "states"):
+            del snapshot[name]
+        with open(self.cache_file, "w", encoding="utf-8") as file:
+            json.dump({**snapshot, "later": {"also": 1}}, file)
+        _, last_line = self.watch("line")
+        wait_until(lambda: last_line().startswith("5 wait on you"), "the list of another version")
+        with open(self.cache_file, "w", encoding="utf-8") as file:
+            file.write('{"pullRequests":[')
+        wait_until(lambda: last_line() == "Not updated yet", "the broken list")
+        cached = self.run_tarnwick("list", "--cached")
+        self.assertEqual((cached.returncode, cached.stdout), (0, ""))
+        self.assertEqual(cached.stderr, 'Nothing is known yet. "tarnwick list" asks GitHub.\n')
+
     def testItIsStaleAfterTwiceTheIntervalWhenTheProgramIsKilled(self):
         self.start_github()
         self.select(polling_interval="60")
