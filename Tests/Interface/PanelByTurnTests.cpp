@@ -1,10 +1,5 @@
-#include "Fakes/ModelFixture.h"
+#include "PanelFixture.h"
 #include "Tarnwick/Interface/Look/ApplicationStyle.h"
-#include "Tarnwick/PullRequestMenuView.h"
-
-#include <QListView>
-#include <QScrollBar>
-#include <QTest>
 
 namespace Tarnwick {
 namespace {
@@ -13,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 using PullRequestKit::PullRequest;
 
-class PanelByTurnTests : public TestSupport::ModelTest {
+class PanelByTurnTests : public PanelTest {
 protected:
     PanelByTurnTests()
     {
@@ -22,16 +17,8 @@ protected:
 
     void showByTurn(const std::vector<PullRequest>& pullRequests)
     {
-        provider->setPullRequests(pullRequests);
-        selectTools();
-        start();
+        showList(pullRequests);
         model->setArrangement(Arrangement::byWhoseTurn);
-        refresh();
-        view = std::make_unique<PullRequestMenuView>(*model);
-        view->resize(440, 620);
-        view->show();
-        (void)QTest::qWaitForWindowActive(view.get());
-        view->panelShown();
         TestSupport::processEvents();
     }
 
@@ -44,23 +31,15 @@ protected:
         return pullRequest;
     }
 
-    QListView& list() const { return *view->findChild<QListView*>(); }
-
     /// Headings and titles.
     QStringList shown() const
     {
         QStringList texts;
-        for (int row = 0; row < list().model()->rowCount(); ++row) {
+        for (int row = 0; row < rows(); ++row) {
             texts.append(list().model()->index(row, 0).data(Qt::DisplayRole).toString());
         }
         return texts;
     }
-
-    QString footer() const { return view->findChild<QWidget*>(u"footer"_s)->accessibleName(); }
-
-    void press(Qt::Key key) const { QTest::keyClick(view->focusWidget(), key); }
-
-    std::unique_ptr<PullRequestMenuView> view;
 };
 
 TEST_F(PanelByTurnTests, rowsStandUnderHeadingsThatNobodyCounts)

@@ -139,7 +139,7 @@ public:
 
     QAccessibleInterface* childAt(int x, int y) const override
     {
-        return rowOf(_view->indexInSight(_view->viewport()->mapFromGlobal(QPoint(x, y))));
+        return rowOf(_view->indexAt(_view->viewport()->mapFromGlobal(QPoint(x, y))));
     }
 
     QAccessibleInterface* focusChild() const override

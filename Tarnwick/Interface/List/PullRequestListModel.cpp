@@ -200,7 +200,7 @@ void PullRequestListModel::show(const std::vector<ShownRow>& wanted)
     std::ranges::transform(_shown, std::back_inserter(targets), [&](const ShownRow& row) {
         return places.of(row.key());
     });
-    takeSteps(_shown, rowChanges(targets, static_cast<int>(wanted.size())), wanted);
+    takeIn(_shown, std::move(targets), wanted);
     _headingRows.clear();
     for (std::size_t row = 0; row < wanted.size(); ++row) {
         if (wanted[row].content == nullptr) {

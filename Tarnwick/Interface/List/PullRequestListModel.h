@@ -47,8 +47,7 @@ public:
     /// How many of those are not dimmed.
     int countInSight() const;
 
-    /// Where headings stand, in ascending order.
-    const std::vector<int>& headingRows() const { return _headingRows; }
+    const std::vector<int>& headingRows() const override { return _headingRows; }
 
     bool isHeading(int row) const { return shown(row).content == nullptr; }
 
@@ -82,11 +81,6 @@ public:
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
-
-Q_SIGNALS:
-    /// Around all the changes that one new list or one text to find brings.
-    void listAboutToChange();
-    void listChanged();
 
 private:
     using Contents = std::vector<std::shared_ptr<RowContent>>;

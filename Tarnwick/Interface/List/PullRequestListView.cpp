@@ -1,25 +1,18 @@
 #include "Tarnwick/Interface/List/PullRequestListView.h"
 
-#include "Tarnwick/Interface/Controls/HelpText.h"
 #include "Tarnwick/Interface/List/HeadingPainter.h"
 #include "Tarnwick/Interface/Look/Painting.h"
 
-#include <QHelpEvent>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QPainter>
-#include <QScrollBar>
-#include <QToolTip>
 
-#include <algorithm>
 #include <utility>
 
 namespace Tarnwick {
 namespace {
 
 constexpr int ageMilliseconds = 60'000;
-constexpr int wheelStep = 20;
-
-/// How far below the place that it is given Qt shows a help text, at least.
-constexpr int helpBelowPointer = 16;
 
 void paintNoMatches(QPainter& painter, const QRectF& area)
 {
@@ -37,53 +30,16 @@ void paintNoMatches(QPainter& painter, const QRectF& area)
 }  // namespace
 
 PullRequestListView::PullRequestListView(PullRequestListModel& model, QWidget* parent)
-    : QListView(parent)
+    : HeadedListView(parent)
     , _model(model)
-    , _delegate(new RowDelegate(model, this))
-    , _scrollBar(*this)
-    , _hover(*viewport())
+    , _rows(model)
 {
     setObjectName(QStringLiteral("pullRequestList"));
     setAccessibleName(QStringLiteral("Pull requests"));
-    setFrameShape(QFrame::NoFrame);
-    setItemDelegate(_delegate);
-    setVerticalScrollMode(ScrollPerPixel);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setSelectionMode(SingleSelection);
-    setEditTriggers(NoEditTriggers);
-    setTabKeyNavigation(false);
-    setAutoScroll(false);
-    setMouseTracking(true);
-    viewport()->setMouseTracking(true);
-    setModel(&model);
-    connect(
-        &model, &PullRequestListModel::listAboutToChange, this, &PullRequestListView::startTaking);
-    connect(&model, &PullRequestListModel::listChanged, this, &PullRequestListView::takeInList);
-    connect(
-        &model,
-        &QAbstractItemModel::rowsMoved,
-        this,
-        [this](const QModelIndex&, int from, int, const QModelIndex&, int before) {
-            noteMove(before > from ? before - 1 : before);
-        });
-    applyAppearance();
+    begin(model);
 }
 
-void PullRequestListView::applyAppearance()
-{
-    verticalScrollBar()->setSingleStep(appearance().scaled(wheelStep));
-    scheduleDelayedItemsLayout();
-    viewport()->update();
-}
-
-void PullRequestListView::changeEvent(QEvent* event)
-{
-    QListView::changeEvent(event);
-    if (event->type() == QEvent::StyleChange) {
-        applyAppearance();
-    }
-}
+// A new list
 
 void PullRequestListView::startTaking()
 {
@@ -92,31 +48,14 @@ void PullRequestListView::startTaking()
     if (selected >= 0) {
         _selected = _model.content(selected).row().id();
     }
-    _anchor.reset();
-    if (isVisible()) {
-        _anchor.emplace(*this, _holdsTop ? ScrollAnchor::Top::isHeld : ScrollAnchor::Top::isKept);
-    }
-    _holdsTop = false;
-}
-
-void PullRequestListView::noteMove(int row)
-{
-    if (_anchor && !_model.isHeading(row)) {
-        _anchor->addMoved(_model.content(row).row().id());
-    }
+    HeadedListView::startTaking();
 }
 
 void PullRequestListView::takeInList()
 {
-    scheduleDelayedItemsLayout();
-    if (_anchor && isVisible()) {
-        doItemsLayout();
-        _anchor->restore(*this);
-    }
-    _anchor.reset();
+    HeadedListView::takeInList();
     leaveHeading();
     followFinding();
-    viewport()->update();
 }
 
 /// When the selected row goes, Qt takes the next one, which may be a heading. That has a row below
@@ -156,23 +95,17 @@ void PullRequestListView::followFinding()
     }
 }
 
-void PullRequestListView::openHit()
-{
-    if (_model.isFinding() && filledRow() >= 0) {
-        act(ListCommand::open, filledRow());
-    }
-}
-
 void PullRequestListView::doItemsLayout()
 {
-    _delegate->setWidth(viewport()->width());
-    QListView::doItemsLayout();
+    _rows.setWidth(viewport()->width());
+    HeadedListView::doItemsLayout();
 }
 
-int PullRequestListView::selectedRow() const
+// Rows
+
+int PullRequestListView::rowHeight(int row) const
 {
-    const QModelIndex current = currentIndex();
-    return current.isValid() && selectionModel()->isSelected(current) ? current.row() : -1;
+    return _model.isHeading(row) ? headingHeight() : _rows.height(row);
 }
 
 int PullRequestListView::filledRow() const
@@ -181,133 +114,176 @@ int PullRequestListView::filledRow() const
     return selected < 0 && _model.isFinding() ? _model.firstPullRequest() : selected;
 }
 
-RowPart PullRequestListView::partAt(int row, const QPoint& position) const
+int PullRequestListView::rowToBegin() const
 {
-    return _delegate->partAt(row, position - visualRect(_model.index(row)).topLeft());
-}
-
-void PullRequestListView::select(int row)
-{
-    selectionModel()->setCurrentIndex(
-        _model.index(row), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Current);
-    viewport()->update();
+    return _model.isFinding() ? _model.firstPullRequest() : firstRowInSight();
 }
 
 bool PullRequestListView::isFilled(int row) const
 {
-    return row == filledRow() || _hover.fill(_model.index(row)) > 0;
+    return row == filledRow() || hover().fill(_model.index(row)) > 0;
 }
 
 RowSituation PullRequestListView::situation(int row) const
 {
-    const bool isSelected = row == filledRow();
-    const bool isHovered = _hover.row().isValid() && _hover.row().row() == row;
-    const bool hasFocusRing = isSelected && _usesKeyboard && hasFocus();
     const bool beginsStack = row > 0 && _model.depth(row) <= 0 && !_model.isHeading(row - 1);
     return {
-        .hover = _hover.fill(_model.index(row)),
-        .isSelected = isSelected,
-        .hasFocusRing = hasFocusRing,
-        .showsEditorButton = isHovered || hasFocusRing,
-        .isOnEditorButton = isHovered && _isOnEditorButton,
+        .hover = hover().fill(_model.index(row)),
+        .isSelected = row == filledRow(),
+        .hasFocusRing = hasRing(row),
+        .showsEditorButton = isHovered(row) || hasRing(row),
+        .isOnEditorButton = isButtonHovered(row),
         .hasLineAbove = beginsStack && !isFilled(row) && !isFilled(row - 1)};
+}
+
+void PullRequestListView::paintRow(QPainter& painter, int row, const QRect& place) const
+{
+    if (_model.isHeading(row)) {
+        paintHeading(painter, place, _model.heading(row));
+        return;
+    }
+    painter.save();
+    painter.translate(place.topLeft());
+    _rows.paint(painter, row, situation(row));
+    painter.restore();
 }
 
 void PullRequestListView::paintEvent(QPaintEvent* event)
 {
-    QPainter painter(viewport());
-    const QRect& area = event->rect();
-    painter.fillRect(area, appearance().palette().surfaceList);
+    HeadedListView::paintEvent(event);
     if (_model.rowCount() == 0 && _model.isFinding()) {
+        QPainter painter(viewport());
         paintNoMatches(painter, viewport()->rect());
     }
-    const QModelIndex first = indexAt(QPoint(1, area.top()));
-    for (int row = first.row(); first.isValid() && row < _model.rowCount(); ++row) {
-        const QRect place = visualRect(_model.index(row));
-        if (place.top() > area.bottom()) {
-            break;
-        }
-        if (_model.isHeading(row)) {
-            paintHeading(painter, place, _model.heading(row));
-            continue;
-        }
-        painter.save();
-        painter.translate(place.topLeft());
-        _delegate->paint(painter, row, situation(row));
-        painter.restore();
-    }
-    paintStuckHeading(painter);
 }
 
-bool PullRequestListView::viewportEvent(QEvent* event)
+QString PullRequestListView::helpText(int row, const QPoint& position) const
 {
-    if (event->type() == QEvent::ToolTip) {
-        const auto* const help = static_cast<QHelpEvent*>(event);
-        showHelp(help->pos(), help->globalPos());
-        return true;
-    }
-    if (event->type() == QEvent::Leave) {
-        _hover.setRow({});
-    }
-    return QListView::viewportEvent(event);
+    return _rows.helpText(row, _rows.partAt(row, position));
 }
 
-QString PullRequestListView::helpTextAt(const QPoint& position) const
+QRect PullRequestListView::helpPlace(int row, const QPoint& position) const
 {
-    const int row = rowAt(position);
-    return row < 0 ? QString() : _delegate->helpText(row, partAt(row, position));
+    return _rows.place(row, _rows.partAt(row, position));
 }
 
-void PullRequestListView::showHelp(const QPoint& position, const QPoint& globalPosition)
+// What is done
+
+void PullRequestListView::keyPressEvent(QKeyEvent* event)
 {
-    const int row = rowAt(position);
-    if (row < 0) {
-        QToolTip::hideText();
+    const std::optional<ListCommand> command = listCommand(*event);
+    event->setAccepted(command.has_value());
+    if (!command) {
         return;
     }
-    const QRect place = visualRect(_model.index(row));
-    const QRect part = _delegate->place(row, partAt(row, position)).translated(place.topLeft());
-    // Below the row, or it would hide the line of details that the user is about to read.
-    const int below = viewport()->mapToGlobal(place.bottomLeft()).y() + 1 - helpBelowPointer;
-    const QPoint start(globalPosition.x(), std::max(globalPosition.y(), below));
-    QToolTip::showText(start, helpMarkup(helpTextAt(position)), viewport(), part);
-}
-
-void PullRequestListView::resizeEvent(QResizeEvent* event)
-{
-    const bool isOtherWidth = viewport()->width() != _delegate->metrics().width;
-    const ScrollAnchor anchor(*this);
-    QListView::resizeEvent(event);
-    if (isOtherWidth) {
-        doItemsLayout();
-        anchor.restore(*this);
+    switch (*command) {
+    case ListCommand::find:
+        Q_EMIT findRequested();
+        break;
+    case ListCommand::open:
+    case ListCommand::openAndStay:
+    case ListCommand::openInEditor:
+    case ListCommand::showMenu:
+        if (selectedRow() >= 0) {
+            act(*command, selectedRow());
+        } else {
+            event->setAccepted(*command != ListCommand::showMenu);
+        }
+        break;
+    case ListCommand::nextGroup:
+    case ListCommand::previousGroup:
+        event->setAccepted(!headingRows().empty());
+        if (headingRows().empty()) {
+            break;
+        }
+        [[fallthrough]];
+    case ListCommand::up:
+    case ListCommand::down:
+    case ListCommand::first:
+    case ListCommand::last:
+    case ListCommand::pageUp:
+    case ListCommand::pageDown:
+        move(*command);
+        break;
     }
 }
 
-void PullRequestListView::scrollContentsBy(int dx, int dy)
+void PullRequestListView::openHit()
 {
-    QListView::scrollContentsBy(dx, dy);
-    if (coveredHeight() > 0) {
-        // The heading at the top does not go with the rows.
-        viewport()->update();
-    }
-    if (viewport()->underMouse()) {
-        followPointer(viewport()->mapFromGlobal(QCursor::pos()));
+    if (_model.isFinding() && filledRow() >= 0) {
+        act(ListCommand::open, filledRow());
     }
 }
+
+void PullRequestListView::act(ListCommand command, int row)
+{
+    const PullRequestKit::PullRequest pullRequest = _model.content(row).pullRequest();
+    if (command == ListCommand::open) {
+        Q_EMIT actionRequested(RowAction::open, pullRequest);
+    } else if (command == ListCommand::openAndStay) {
+        Q_EMIT actionRequested(RowAction::openAndStay, pullRequest);
+    } else if (command == ListCommand::openInEditor) {
+        Q_EMIT actionRequested(RowAction::openInEditor, pullRequest);
+    } else {
+        const QPoint belowDetails = _rows.geometry(row).details.bottomLeft() + QPoint(0, 1);
+        showMenu(
+            row, viewport()->mapToGlobal(visualRect(_model.index(row)).topLeft() + belowDetails));
+    }
+}
+
+bool PullRequestListView::takes(Qt::MouseButton button) const
+{
+    return button == Qt::LeftButton || button == Qt::MiddleButton;
+}
+
+bool PullRequestListView::isOnButton(int row, const QPoint& position) const
+{
+    return _rows.partAt(row, position) == RowPart::editorButton;
+}
+
+void PullRequestListView::clicked(int row, bool onButton, const QMouseEvent& event)
+{
+    if (event.button() == Qt::MiddleButton || event.modifiers() == Qt::ControlModifier) {
+        act(ListCommand::openAndStay, row);
+    } else {
+        act(onButton ? ListCommand::openInEditor : ListCommand::open, row);
+    }
+}
+
+void PullRequestListView::contextMenuEvent(QContextMenuEvent* event)
+{
+    const int row = rowAt(event->pos());
+    // The menu key is the panel's.
+    if (event->reason() == QContextMenuEvent::Keyboard || row < 0) {
+        event->ignore();
+        return;
+    }
+    select(row);
+    showMenu(row, event->globalPos());
+}
+
+void PullRequestListView::showMenu(int row, const QPoint& globalPosition)
+{
+    const PullRequestKit::PullRequest pullRequest = _model.content(row).pullRequest();
+    const auto choose = [this, pullRequest](RowAction action) {
+        Q_EMIT actionRequested(action, pullRequest);
+    };
+    _menu = makeRowMenu(_model.content(row).listed(), _account, choose, this);
+    _menu->popup(globalPosition);
+}
+
+// The ages
 
 void PullRequestListView::showEvent(QShowEvent* event)
 {
     _ageTimer.start(ageMilliseconds, Qt::VeryCoarseTimer, this);
-    QListView::showEvent(event);
+    HeadedListView::showEvent(event);
 }
 
 void PullRequestListView::hideEvent(QHideEvent* event)
 {
     _ageTimer.stop();
-    _usesKeyboard = false;
-    _hover.setRow({});
-    QListView::hideEvent(event);
+    HeadedListView::hideEvent(event);
 }
 
 void PullRequestListView::timerEvent(QTimerEvent* event)
@@ -316,7 +292,7 @@ void PullRequestListView::timerEvent(QTimerEvent* event)
         viewport()->update();
         return;
     }
-    QListView::timerEvent(event);
+    HeadedListView::timerEvent(event);
 }
 
 }  // namespace Tarnwick

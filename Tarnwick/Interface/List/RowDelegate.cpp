@@ -1,6 +1,5 @@
 #include "Tarnwick/Interface/List/RowDelegate.h"
 
-#include "Tarnwick/Interface/List/HeadingPainter.h"
 #include "Tarnwick/Interface/List/RowTexts.h"
 
 #include <array>
@@ -24,9 +23,8 @@ constexpr std::array<std::pair<RowPart, QRect RowGeometry::*>, 9> partPlaces{{
 
 }  // namespace
 
-RowDelegate::RowDelegate(const PullRequestListModel& model, QObject* parent)
-    : QAbstractItemDelegate(parent)
-    , _model(model)
+RowDelegate::RowDelegate(const PullRequestListModel& model)
+    : _model(model)
     , _textScale(appearance().textScale())
     , _counts(model.countWidths())
     , _metrics(rowMetrics(0, _counts))
@@ -156,25 +154,6 @@ void RowDelegate::paint(QPainter& painter, int row, const RowSituation& situatio
 {
     RowPainter(painter, _metrics, _model.now(), _model.findWords())
         .paint(_model.content(row), geometry(row), *title(row), situation);
-}
-
-void RowDelegate::paint(
-    QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
-{
-    if (_model.isHeading(index.row())) {
-        paintHeading(*painter, option.rect, _model.heading(index.row()));
-        return;
-    }
-    painter->save();
-    painter->translate(option.rect.topLeft());
-    paint(*painter, index.row(), {});
-    painter->restore();
-}
-
-QSize RowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const
-{
-    const bool isHeading = _model.isHeading(index.row());
-    return {_metrics.width, isHeading ? _metrics.heading : rowHeight(_metrics, shape(index.row()))};
 }
 
 }  // namespace Tarnwick

@@ -4,8 +4,6 @@
 #include "Tarnwick/Interface/List/RowPainter.h"
 #include "Tarnwick/Interface/List/TitleCache.h"
 
-#include <QAbstractItemDelegate>
-
 #include <memory>
 #include <optional>
 
@@ -27,16 +25,17 @@ enum class RowPart {
 
 /// Gives the list its rows: their sizes, their pictures, and what is at a point of them, all from
 /// one geometry. Layouts are kept as long as width, text size and counts stay. Main thread only.
-class RowDelegate final : public QAbstractItemDelegate {
-    Q_OBJECT
-
+class RowDelegate {
 public:
-    RowDelegate(const PullRequestListModel& model, QObject* parent);
+    explicit RowDelegate(const PullRequestListModel& model);
 
     /// To be called before rows of another width, text size or widest count are asked for.
     void setWidth(int width);
 
     const RowMetrics& metrics() const { return _metrics; }
+
+    /// Requires for this and what follows: the row is no heading.
+    int height(int row) const { return rowHeight(_metrics, shape(row)); }
 
     RowGeometry geometry(int row) const;
 
@@ -50,10 +49,6 @@ public:
     QString helpText(int row, RowPart part) const;
 
     void paint(QPainter& painter, int row, const RowSituation& situation) const;
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index)
-        const override;
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 private:
     TitleCache& titles(const RowContent& content) const;

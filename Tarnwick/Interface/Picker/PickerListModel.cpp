@@ -157,11 +157,17 @@ std::vector<PickerRow> PickerListModel::wantedRows() const
 
 void PickerListModel::show(const std::vector<PickerRow>& wanted)
 {
-    const RowChanges changes =
-        rowChanges(placesIn(wanted, _shown), static_cast<int>(wanted.size()));
-    takeSteps(_shown, changes, wanted);
+    Q_EMIT listAboutToChange();
+    takeIn(_shown, placesIn(wanted, _shown), wanted);
+    _ownerRows.clear();
+    for (std::size_t place = 0; place < _shown.size(); ++place) {
+        if (_shown[place].isOwner()) {
+            _ownerRows.push_back(static_cast<int>(place));
+        }
+    }
     countSelected();
     announceChanges();
+    Q_EMIT listChanged();
 }
 
 void PickerListModel::countSelected()

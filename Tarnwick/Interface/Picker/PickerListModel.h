@@ -41,6 +41,8 @@ public:
 
     const PickerRow& row(int number) const { return _shown[static_cast<std::size_t>(number)]; }
 
+    const std::vector<int>& headingRows() const override { return _ownerRows; }
+
     /// The full names of the repositories that are listed; of this owner alone, if one is given.
     std::vector<std::string> shownNames(const PickerOwner* owner = nullptr) const;
 
@@ -65,6 +67,7 @@ private:
     std::unordered_map<std::string, PickerOwner> _owners;
     std::vector<PickerRow> _all;
     std::vector<PickerRow> _shown;
+    std::vector<int> _ownerRows;
     std::set<std::string> _selected;
     QStringList _words;
 };

@@ -2,10 +2,8 @@
 
 #include "Tarnwick/Interface/Look/Painting.h"
 
-#include <QMouseEvent>
+#include <QKeyEvent>
 #include <QScrollBar>
-
-#include <algorithm>
 
 namespace Tarnwick {
 namespace {
@@ -16,42 +14,32 @@ constexpr int bottomRoom = 8;
 constexpr int scrollBarEnd = 10;
 constexpr int scrollBarMargin = 2;
 
+/// What a key types into a field, or nothing.
+QString typedText(const QKeyEvent& event)
+{
+    const Qt::KeyboardModifiers others =
+        event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    const bool isTyped = others == Qt::NoModifier && !event.text().isEmpty()
+                         && event.text().front().isPrint() && !event.text().front().isSpace();
+    return isTyped ? event.text() : QString();
+}
+
 }  // namespace
 
 PickerListView::PickerListView(PickerListModel& model, QWidget* parent)
-    : QListView(parent)
+    : HeadedListView(parent)
     , _model(model)
-    , _rows()
-    , _scrollBar(new OverlayScrollBar(*this))
 {
     setAccessibleName(QStringLiteral("Repositories"));
-    setFrameShape(QFrame::NoFrame);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollMode(ScrollPerPixel);
-    setSelectionMode(SingleSelection);
-    setEditTriggers(NoEditTriggers);
-    setMouseTracking(true);
-    setModel(&model);
-    connect(&model, &QAbstractItemModel::rowsRemoved, this, &PickerListView::rowsChanged);
-    connect(&model, &QAbstractItemModel::rowsMoved, this, &PickerListView::rowsChanged);
-    adopt();
+    begin(model);
 }
 
-void PickerListView::adopt()
+void PickerListView::applyAppearance()
 {
-    _rows.adopt();
-    _scrollBar->setInsets(
-        _rows.metrics().ownerHeight + scrollBarMargin, scrollBarEnd + scrollBarMargin);
-    rowsChanged();
-    viewport()->update();
-}
-
-void PickerListView::changeEvent(QEvent* event)
-{
-    QListView::changeEvent(event);
-    if (event->type() == QEvent::StyleChange) {
-        adopt();
-    }
+    _rows.applyAppearance();
+    scrollBar().setInsets(headingHeight() + scrollBarMargin, scrollBarEnd + scrollBarMargin);
+    HeadedListView::applyAppearance();
+    verticalScrollBar()->setSingleStep(_rows.metrics().repositoryHeight / 2);
 }
 
 void PickerListView::enter()
@@ -59,195 +47,102 @@ void PickerListView::enter()
     setFocus(Qt::TabFocusReason);
 }
 
-// Positions
-
-const PickerRowPositions& PickerListView::positions() const
-{
-    if (!_positions) {
-        std::vector<bool> isOwner;
-        isOwner.reserve(static_cast<std::size_t>(_model.rowCount()));
-        for (int row = 0; row < _model.rowCount(); ++row) {
-            isOwner.push_back(_model.row(row).isOwner());
-        }
-        const PickerRowMetrics& metrics = _rows.metrics();
-        _positions.emplace(isOwner, metrics.ownerHeight, metrics.repositoryHeight);
-    }
-    return *_positions;
-}
-
-void PickerListView::rowsChanged()
-{
-    _positions.reset();
-    scheduleDelayedItemsLayout();
-}
-
-void PickerListView::rowsInserted(const QModelIndex& parent, int first, int last)
-{
-    rowsChanged();
-    QAbstractItemView::rowsInserted(parent, first, last);
-}
-
-void PickerListView::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last)
-{
-    QAbstractItemView::rowsAboutToBeRemoved(parent, first, last);
-}
-
-void PickerListView::dataChanged(
-    const QModelIndex& first, const QModelIndex& last, const QList<int>& roles)
-{
-    QAbstractItemView::dataChanged(first, last, roles);
-    // A label that stays at the top is not where its row is.
-    viewport()->update();
-}
-
-void PickerListView::doItemsLayout()
-{
-    _positions.reset();
-    QAbstractItemView::doItemsLayout();
-}
-
 void PickerListView::updateGeometries()
 {
+    HeadedListView::updateGeometries();
     QScrollBar* const bar = verticalScrollBar();
-    const int page = viewport()->height();
-    _isRestoring = true;
-    bar->setPageStep(page);
-    bar->setSingleStep(_rows.metrics().repositoryHeight / 2);
-    bar->setRange(0, std::max(0, positions().contentHeight() + bottomRoom - page));
-    if (_anchor.isValid()) {
-        bar->setValue(positions().top(_anchor.row()) + _anchorOffset);
-    }
-    _isRestoring = false;
-    rememberAnchor();
-    QAbstractItemView::updateGeometries();
+    const int missing = bar->maximum() > 0 ? bottomRoom : 0;
+    bar->setMaximum(bar->maximum() + missing);
 }
 
-/// A list that stands at its beginning stays there and shows what comes before its first row.
-void PickerListView::rememberAnchor()
+int PickerListView::rowHeight(int row) const
 {
-    _anchor = QPersistentModelIndex();
-    if (verticalOffset() > 0 && positions().rowCount() > 0) {
-        const int row = positions().rowAt(verticalOffset() + _rows.metrics().ownerHeight);
-        _anchor = _model.index(row);
-        _anchorOffset = verticalOffset() - positions().top(row);
-    }
+    return _model.row(row).isOwner() ? headingHeight() : _rows.metrics().repositoryHeight;
 }
 
-void PickerListView::scrollContentsBy(int /*dx*/, int /*dy*/)
+void PickerListView::paintRow(QPainter& painter, int row, const QRect& place) const
 {
-    if (!_isRestoring) {
-        rememberAnchor();
-    }
-    viewport()->update();
-    if (viewport()->underMouse()) {
-        setHovered(spotAt(viewport()->mapFromGlobal(QCursor::pos())));
-    }
-}
-
-void PickerListView::resizeEvent(QResizeEvent* event)
-{
-    QAbstractItemView::resizeEvent(event);
-}
-
-int PickerListView::verticalOffset() const
-{
-    return verticalScrollBar()->value();
-}
-
-QRect PickerListView::visualRect(const QModelIndex& index) const
-{
-    if (!index.isValid()) {
-        return {};
-    }
-    const int row = index.row();
-    const int top = stuckOwner() == row ? positions().stuckTop(verticalOffset())
-                                        : positions().top(row) - verticalOffset();
-    return {0, top, viewport()->width(), positions().height(row)};
-}
-
-QModelIndex PickerListView::indexAt(const QPoint& position) const
-{
-    if (const std::optional<int> owner = stuckOwner()) {
-        const QModelIndex stuck = _model.index(*owner);
-        if (visualRect(stuck).contains(position)) {
-            return stuck;
-        }
-    }
-    const int y = position.y() + verticalOffset();
-    if (y < 0 || y >= positions().contentHeight()) {
-        return {};
-    }
-    return _model.index(positions().rowAt(y));
-}
-
-void PickerListView::scrollTo(const QModelIndex& index, ScrollHint hint)
-{
-    if (!index.isValid()) {
-        return;
-    }
-    const int row = index.row();
-    const int top = positions().top(row);
-    const int bottom = top + positions().height(row);
-    // A repository has to clear the label that stays above it.
-    const int covered = _model.row(row).isOwner() ? 0 : _rows.metrics().ownerHeight;
-    const int page = viewport()->height();
-    QScrollBar* const bar = verticalScrollBar();
-    if (hint == PositionAtTop || top - covered < bar->value()) {
-        bar->setValue(top - covered);
-    } else if (hint == PositionAtBottom || bottom > bar->value() + page) {
-        const bool isLast = row + 1 == positions().rowCount();
-        bar->setValue(bottom + (isLast ? bottomRoom : 0) - page);
-    }
-}
-
-void PickerListView::setSelection(const QRect& area, QItemSelectionModel::SelectionFlags command)
-{
-    selectionModel()->select(indexAt(area.topLeft()), command);
-}
-
-QRegion PickerListView::visualRegionForSelection(const QItemSelection& selection) const
-{
-    QRegion region;
-    for (const QModelIndex& index : selection.indexes()) {
-        region += visualRect(index);
-    }
-    return region;
-}
-
-// Painting
-
-void PickerListView::drawRow(QPainter& painter, int row) const
-{
-    const QModelIndex index = _model.index(row);
-    const bool isCurrent = index == currentIndex();
     const PickerRowPainter::State state{
-        .isHovered = _hovered.row == index,
-        .isButtonHovered = _hovered.row == index && _hovered.isButton,
-        .isCurrent = isCurrent,
-        .hasRing = isCurrent && hasFocus() && _usesKeyboard};
-    const QRect place = visualRect(index);
+        .isHovered = isHovered(row),
+        .isButtonHovered = isButtonHovered(row),
+        .isCurrent = row == currentIndex().row(),
+        .hasRing = hasRing(row)};
     _rows.draw(painter, _model.row(row), place.topLeft(), place.width(), state);
 }
 
-void PickerListView::paintEvent(QPaintEvent* /*event*/)
+void PickerListView::paintEvent(QPaintEvent* event)
 {
-    executeDelayedItemsLayout();
+    HeadedListView::paintEvent(event);
     QPainter painter(viewport());
-    const Palette& palette = appearance().palette();
-    painter.fillRect(viewport()->rect(), palette.surfaceList);
-    const int end = std::min(verticalOffset() + viewport()->height(), positions().contentHeight());
-    const std::optional<int> stuck = stuckOwner();
-    for (int row = stuck ? positions().rowAt(verticalOffset()) : 0;
-         row < positions().rowCount() && positions().top(row) < end;
-         ++row) {
-        if (row != stuck) {
-            drawRow(painter, row);
+    Painting::hairline(painter, 0, 0, viewport()->width(), appearance().palette().hairline);
+}
+
+bool PickerListView::isOnButton(int row, const QPoint& position) const
+{
+    return _rows.geometryOf(_model.row(row), viewport()->width()).buttonHit.contains(position);
+}
+
+QString PickerListView::helpText(int row, const QPoint& /*position*/) const
+{
+    return _rows.helpText(_model.row(row), viewport()->width());
+}
+
+QRect PickerListView::helpPlace(int row, const QPoint& /*position*/) const
+{
+    return {0, 0, viewport()->width(), rowHeight(row)};
+}
+
+void PickerListView::press(int row)
+{
+    const PickerRow& pressed = _model.row(row);
+    const bool isChecked =
+        pressed.isOwner() ? pressed.owner->isAllSelected() : pressed.repository->isSelected;
+    _model.setData(_model.index(row), isChecked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+}
+
+/// Of a label only its button can be pressed, of a repository everything.
+void PickerListView::clicked(int row, bool onButton, const QMouseEvent& /*event*/)
+{
+    if (onButton || !_model.row(row).isOwner()) {
+        press(row);
+    }
+}
+
+/// Two quick clicks are two.
+void PickerListView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    mousePressEvent(event);
+}
+
+void PickerListView::keyboardSearch(const QString& /*search*/) {}
+
+void PickerListView::keyPressEvent(QKeyEvent* event)
+{
+    const int row = currentIndex().row();
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (event->key() == Qt::Key_Space || isReturn) {
+        const bool isFor = row >= 0 && (!isReturn || _model.row(row).isOwner());
+        if (isFor && !event->isAutoRepeat()) {
+            press(row);
         }
+        return;
     }
-    if (stuck) {
-        drawRow(painter, *stuck);
+    if (const QString text = typedText(*event); !text.isEmpty()) {
+        Q_EMIT typed(text);
+        return;
     }
-    Painting::hairline(painter, 0, 0, viewport()->width(), palette.hairline);
+    const std::optional<ListCommand> command = listCommand(*event);
+    const bool moves = command && *command <= ListCommand::pageDown;
+    event->setAccepted(moves);
+    if (!moves) {
+        return;
+    }
+    const bool isUpwards = *command == ListCommand::up || *command == ListCommand::pageUp;
+    if (isUpwards && row == 0) {
+        Q_EMIT leftUpwards();
+    } else {
+        move(*command);
+    }
 }
 
 }  // namespace Tarnwick

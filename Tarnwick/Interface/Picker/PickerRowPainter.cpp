@@ -39,7 +39,7 @@ PickerRowPainter::PickerRowPainter()
     : _metrics()
 {}
 
-void PickerRowPainter::adopt()
+void PickerRowPainter::applyAppearance()
 {
     _metrics = PickerRowMetrics();
 }

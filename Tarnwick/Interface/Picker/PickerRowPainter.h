@@ -21,7 +21,7 @@ public:
     explicit PickerRowPainter();
 
     /// To be called when the appearance has changed.
-    void adopt();
+    void applyAppearance();
 
     const PickerRowMetrics& metrics() const { return _metrics; }
 

@@ -1,5 +1,3 @@
-#include "Tarnwick/Interface/List/GroupHeading.h"
-
 #include "Tarnwick/Interface/List/HeadingWording.h"
 
 #include <gtest/gtest.h>
@@ -9,28 +7,6 @@ namespace {
 using namespace Qt::StringLiterals;
 using namespace Tarnwick;
 using PullRequestKit::Whose;
-
-constexpr int height = 28;
-
-TEST(GroupHeadings, theOneAboveTheRowsInSightStaysAtTheTop)
-{
-    EXPECT_EQ(stuckHeading({0, 300}, height), (StuckHeading{0, 0}));
-    EXPECT_EQ(stuckHeading({-120, 28}, height), (StuckHeading{0, 0}));
-    EXPECT_EQ(stuckHeading({-400, -120}, height), (StuckHeading{1, 0}));
-}
-
-TEST(GroupHeadings, theNextOnePushesItOut)
-{
-    EXPECT_EQ(stuckHeading({-120, 27}, height), (StuckHeading{0, -1}));
-    EXPECT_EQ(stuckHeading({-120, 1}, height), (StuckHeading{0, -27}));
-    EXPECT_EQ(stuckHeading({-120, 0}, height), (StuckHeading{1, 0}));
-}
-
-TEST(GroupHeadings, withoutOneAboveNoneStays)
-{
-    EXPECT_EQ(stuckHeading({}, height), std::nullopt);
-    EXPECT_EQ(stuckHeading({5}, height), std::nullopt);
-}
 
 TEST(GroupHeadings, areReadAsSentences)
 {

@@ -1,5 +1,4 @@
 #include "List/SampleRows.h"
-#include "List/TurnRows.h"
 #include "Support/Pictures.h"
 #include "Tarnwick/Interface/List/FindBar.h"
 #include "Tarnwick/Interface/List/PullRequestListView.h"

@@ -1,7 +1,6 @@
 #include "Tarnwick/Interface/List/PullRequestListView.h"
 
 #include "List/SampleRows.h"
-#include "List/TurnRows.h"
 #include "Support/PullRequests.h"
 #include "Tarnwick/Interface/Look/ApplicationStyle.h"
 

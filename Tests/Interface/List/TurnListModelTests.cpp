@@ -1,5 +1,4 @@
 #include "List/SampleRows.h"
-#include "List/TurnRows.h"
 #include "Tarnwick/Interface/List/PullRequestListModel.h"
 
 #include <QAbstractItemModelTester>
@@ -92,14 +91,15 @@ TEST_F(TurnListModelTests, withoutTurnsThereAreNoHeadings)
     EXPECT_EQ(model.firstPullRequest(), 0);
 }
 
-TEST_F(TurnListModelTests, aRowThatGoesToAnotherHeadingIsTheOnlyOneThatMoves)
+TEST_F(TurnListModelTests, aRowGoesToAnotherHeadingWithWhatIsKnownOfIt)
 {
     model.setRows(
         {turnRow(1, Whose::you),
          turnRow(2, Whose::you),
          turnRow(3, Whose::others),
          turnRow(4, Whose::others)});
-    const QSignalSpy moves(&model, &QAbstractItemModel::rowsMoved);
+    const QPersistentModelIndex first = model.index(1);
+    const QPersistentModelIndex second = model.index(2);
     const QSignalSpy insertions(&model, &QAbstractItemModel::rowsInserted);
     const QSignalSpy removals(&model, &QAbstractItemModel::rowsRemoved);
     model.setRows(
@@ -111,7 +111,8 @@ TEST_F(TurnListModelTests, aRowThatGoesToAnotherHeadingIsTheOnlyOneThatMoves)
         shown(),
         ElementsAre(
             u"Waiting on You 1/1"_s, u"2"_s, u"Waiting on Others 3/3"_s, u"3"_s, u"1"_s, u"4"_s));
-    EXPECT_EQ(moves.size(), 1);
+    EXPECT_EQ(first.row(), 4);
+    EXPECT_EQ(second.row(), 1);
     EXPECT_THAT(insertions, IsEmpty());
     EXPECT_THAT(removals, IsEmpty());
 }

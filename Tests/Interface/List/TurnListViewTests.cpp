@@ -1,5 +1,4 @@
 #include "List/SampleRows.h"
-#include "List/TurnRows.h"
 #include "Support/PullRequests.h"
 #include "Tarnwick/Interface/List/PullRequestListView.h"
 #include "Tarnwick/Interface/Look/ApplicationStyle.h"

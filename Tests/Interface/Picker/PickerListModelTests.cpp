@@ -1,6 +1,7 @@
 #include "Tarnwick/Interface/Picker/PickerListModel.h"
 
 #include "Picker/PickerFixture.h"
+#include "Support/Follower.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
@@ -23,59 +24,6 @@ std::vector<RepositorySummary> named(const std::vector<std::string>& names)
     }
     return repositories;
 }
-
-std::vector<std::string> textsOf(const QAbstractItemModel& model)
-{
-    std::vector<std::string> texts;
-    for (int row = 0; row < model.rowCount(); ++row) {
-        texts.push_back(model.index(row, 0).data().toString().toStdString());
-    }
-    return texts;
-}
-
-/// Follows a model by its signals alone: what it holds is what a view would show.
-class Follower : public QObject {
-public:
-    explicit Follower(const PickerListModel& model)
-        : texts(textsOf(model))
-    {
-        connect(&model, &QAbstractItemModel::modelReset, this, [this] { ++resets; });
-        connect(
-            &model,
-            &QAbstractItemModel::rowsRemoved,
-            this,
-            [this](const QModelIndex& /*parent*/, int first, int last) {
-                texts.erase(texts.begin() + first, texts.begin() + last + 1);
-            });
-        connect(
-            &model,
-            &QAbstractItemModel::rowsInserted,
-            this,
-            [this, &model](const QModelIndex& /*parent*/, int first, int last) {
-                for (int row = first; row <= last; ++row) {
-                    texts.insert(
-                        texts.begin() + row, model.index(row).data().toString().toStdString());
-                }
-            });
-        connect(
-            &model,
-            &QAbstractItemModel::rowsMoved,
-            this,
-            [this](
-                const QModelIndex& /*parent*/,
-                int first,
-                int /*last*/,
-                const QModelIndex& /*destination*/,
-                int before) {
-                const std::string text = texts[static_cast<std::size_t>(first)];
-                texts.erase(texts.begin() + first);
-                texts.insert(texts.begin() + (before > first ? before - 1 : before), text);
-            });
-    }
-
-    std::vector<std::string> texts;
-    int resets = 0;
-};
 
 class PickerListModelTests : public testing::Test {
 protected:
