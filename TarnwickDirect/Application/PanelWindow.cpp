@@ -46,7 +46,7 @@ PanelWindow::PanelWindow(
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(content);
     _corners = new RoundedCorners(this);
-    _border = new Tarnwick::WindowBorderView(this);
+    _border = new Tarnwick::WindowBorderConfigurator(this);
     _grips = EdgeGrip::makeAll(this);
     connect(&appearance, &Tarnwick::Appearance::changed, this, &PanelWindow::appearanceChanged);
     connect(
@@ -62,7 +62,6 @@ PanelWindow::PanelWindow(
 
 void PanelWindow::appearanceChanged()
 {
-    _border->setDark(_appearance.isDark());
     setMinimumSize(
         _appearance.scaled(smallestSize.width()), _appearance.scaled(smallestSize.height()));
     update();

@@ -120,7 +120,7 @@ private:
     std::function<bool()> _keepsFromClosing;
     Tarnwick::Appearance& _appearance;
     RoundedCorners* _corners = nullptr;
-    Tarnwick::WindowBorderView* _border = nullptr;
+    Tarnwick::WindowBorderConfigurator* _border = nullptr;
     QList<EdgeGrip*> _grips;
     Form _form = Form::window;
     Form _wantedForm = Form::window;

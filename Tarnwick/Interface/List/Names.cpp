@@ -5,7 +5,6 @@ namespace {
 
 constexpr QChar firstStrongIsolate(0x2068);
 constexpr QChar popDirectionalIsolate(0x2069);
-constexpr qsizetype longestName = 60;
 
 bool isDirectionCharacter(QChar character)
 {
@@ -22,7 +21,7 @@ bool breaksLine(QChar character)
 
 }  // namespace
 
-QString shown(const std::string& name)
+QString shown(const std::string& name, qsizetype mostLetters)
 {
     QString text;
     for (const QChar character : QString::fromStdString(name)) {
@@ -31,9 +30,9 @@ QString shown(const std::string& name)
         }
     }
     text = text.simplified();
-    if (text.size() > longestName) {
-        const bool splitsPair = text[longestName - 2].isHighSurrogate();
-        text.truncate(longestName - (splitsPair ? 2 : 1));
+    if (text.size() > mostLetters) {
+        const bool splitsPair = text[mostLetters - 2].isHighSurrogate();
+        text.truncate(mostLetters - (splitsPair ? 2 : 1));
         text += QChar(0x2026);
     }
     return text;
@@ -48,6 +47,11 @@ QStringList shown(const std::vector<std::string>& names)
         }
     }
     return texts;
+}
+
+QString inMenu(const std::string& name)
+{
+    return shown(name, 24).replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 
 QString isolated(const QString& text)

@@ -152,7 +152,7 @@ QString RowDelegate::helpText(int row, RowPart part) const
 
 void RowDelegate::paint(QPainter& painter, int row, const RowSituation& situation) const
 {
-    RowPainter(painter, _metrics, _model.now(), _model.findWords())
+    PullRequestRowView(painter, _metrics, _model.now(), _model.findWords())
         .paint(_model.content(row), geometry(row), *title(row), situation);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Tarnwick/Interface/List/PullRequestListModel.h"
-#include "Tarnwick/Interface/List/RowPainter.h"
+#include "Tarnwick/Interface/List/PullRequestRowView.h"
 #include "Tarnwick/Interface/List/TitleCache.h"
 
 #include <memory>

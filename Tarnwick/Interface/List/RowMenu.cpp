@@ -1,6 +1,6 @@
 #include "Tarnwick/Interface/List/RowMenu.h"
 
-#include "Tarnwick/Interface/Controls/MenuName.h"
+#include "Tarnwick/Interface/List/Names.h"
 #include "Tarnwick/Interface/List/RowWording.h"
 
 #include <QAction>
@@ -36,16 +36,19 @@ void addMutes(Menu& menu, const ListedRow& row, const std::string& account, cons
     }
     if (row.sight == Sight::authorMuted) {
         addChoice(
-            menu, QStringLiteral("Unmute ") + menuName(author), RowAction::unmuteAuthor, choose);
+            menu,
+            QStringLiteral("Unmute ") + Names::inMenu(author),
+            RowAction::unmuteAuthor,
+            choose);
         return;
     }
     Menu& mute = *menu.addSubmenu(QStringLiteral("Mute"));
     addChoice(mute, QStringLiteral("Until It Changes"), RowAction::muteUntilChange, choose);
     addChoice(mute, QStringLiteral("For a Day"), RowAction::muteForADay, choose);
-    if (!menuName(author).isEmpty() && !Logins{account}.contains(author)) {
+    if (!Names::inMenu(author).isEmpty() && !Logins{account}.contains(author)) {
         mute.addSeparator();
         addChoice(
-            mute, QStringLiteral("All by ") + menuName(author), RowAction::muteAuthor, choose);
+            mute, QStringLiteral("All by ") + Names::inMenu(author), RowAction::muteAuthor, choose);
     }
 }
 

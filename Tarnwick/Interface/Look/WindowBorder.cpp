@@ -104,4 +104,20 @@ bool WindowBorderView::eventFilter(QObject* watched, QEvent* event)
     return QWidget::eventFilter(watched, event);
 }
 
+WindowBorderConfigurator::WindowBorderConfigurator(QWidget* window)
+    : QWidget(window)
+    , _view(new WindowBorderView(this))
+{
+    setFixedSize(0, 0);
+    _view->setDark(appearance().isDark());
+}
+
+void WindowBorderConfigurator::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::StyleChange) {
+        _view->setDark(appearance().isDark());
+    }
+}
+
 }  // namespace Tarnwick

@@ -39,4 +39,18 @@ private:
     bool _isShown = true;
 };
 
+/// Gives a window its border, in the colors of the appearance. It takes no room either.
+class WindowBorderConfigurator final : public QWidget {
+public:
+    explicit WindowBorderConfigurator(QWidget* window);
+
+    void setShown(bool isShown) { _view->setShown(isShown); }
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    WindowBorderView* _view;
+};
+
 }  // namespace Tarnwick

@@ -1,6 +1,6 @@
 #include "Tarnwick/Interface/Panel/OptionsMenu.h"
 
-#include "Tarnwick/Interface/Controls/MenuName.h"
+#include "Tarnwick/Interface/List/Names.h"
 #include "Tarnwick/Interface/Look/Appearance.h"
 
 #include <string_view>
@@ -182,7 +182,7 @@ void OptionsMenu::listMutedAuthors()
 {
     _mutedAuthors->clear();
     for (const std::string& author : _model.settings().mutedAuthors) {
-        QAction* const action = _mutedAuthors->addAction(menuName(author));
+        QAction* const action = _mutedAuthors->addAction(Names::inMenu(author));
         action->setCheckable(true);
         action->setChecked(true);
         connect(action, &QAction::triggered, this, [this, author](bool isChecked) {

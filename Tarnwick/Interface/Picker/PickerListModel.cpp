@@ -34,22 +34,22 @@ std::vector<int> placesIn(const std::vector<PickerRow>& after, const std::vector
     return targets;
 }
 
-Qt::CheckState checkStateOf(const PickerOwner& owner)
+Qt::CheckState checkStateOf(const RepositoryOwnerLabel& owner)
 {
-    if (owner.isAllSelected()) {
+    if (owner.allSelected()) {
         return Qt::Checked;
     }
     return owner.selectedCount > 0 ? Qt::PartiallyChecked : Qt::Unchecked;
 }
 
-QVariant ownerData(const PickerOwner& owner, int role)
+QVariant ownerData(const RepositoryOwnerLabel& owner, int role)
 {
     switch (role) {
     case Qt::DisplayRole:
-        return owner.name;
+        return owner.owner;
     case Qt::AccessibleTextRole:
         return QStringLiteral("%1, %2").arg(
-            owner.name, PickerWording::ownerButton(owner.isAllSelected()));
+            owner.owner, PickerWording::ownerButton(owner.allSelected()));
     case Qt::CheckStateRole:
         return static_cast<int>(checkStateOf(owner));
     default:
@@ -57,13 +57,13 @@ QVariant ownerData(const PickerOwner& owner, int role)
     }
 }
 
-QVariant repositoryData(const PickerRepository& repository, int role)
+QVariant repositoryData(const RepositoryLabel& repository, int role)
 {
     switch (role) {
     case Qt::DisplayRole:
         return repository.name;
     case Qt::AccessibleTextRole:
-        return PickerWording::sentence(repository.summary);
+        return PickerWording::sentence(repository.repository);
     case Qt::CheckStateRole:
         return static_cast<int>(repository.isSelected ? Qt::Checked : Qt::Unchecked);
     default:
@@ -91,17 +91,17 @@ void PickerListModel::setRepositories(const std::vector<RepositorySummary>& repo
     all.reserve(repositories.size());
     for (const RepositoryGroup& group : repositoryGroups(repositories)) {
         owners.insert(group.owner);
-        PickerOwner& owner = _owners[group.owner];
-        owner.name = QString::fromStdString(group.owner);
+        RepositoryOwnerLabel& owner = _owners[group.owner];
+        owner.owner = QString::fromStdString(group.owner);
         all.push_back({.owner = &owner, .repository = nullptr});
         for (const RepositorySummary& summary : group.repositories) {
             if (!names.insert(summary.fullName).second) {
                 continue;
             }
             const auto [entry, isNew] = _repositories.try_emplace(summary.fullName, summary);
-            PickerRepository& repository = entry->second;
-            if (!isNew && repository.summary != summary) {
-                repository = PickerRepository(summary);
+            RepositoryLabel& repository = entry->second;
+            if (!isNew && repository.repository != summary) {
+                repository = RepositoryLabel(summary);
                 repository.isChanged = true;
             }
             repository.isSelected = _selected.contains(summary.fullName);
@@ -172,7 +172,7 @@ void PickerListModel::show(const std::vector<PickerRow>& wanted)
 
 void PickerListModel::countSelected()
 {
-    PickerOwner counted;
+    RepositoryOwnerLabel counted;
     for (std::size_t place = 0; place < _shown.size(); ++place) {
         const PickerRow& row = _shown[place];
         if (!row.isOwner()) {
@@ -181,7 +181,7 @@ void PickerListModel::countSelected()
         }
         const bool isLast = place + 1 == _shown.size() || _shown[place + 1].isOwner();
         if (isLast) {
-            PickerOwner& owner = *row.owner;
+            RepositoryOwnerLabel& owner = *row.owner;
             owner.isChanged = owner.isChanged || owner.shownCount != counted.shownCount
                               || owner.selectedCount != counted.selectedCount;
             owner.shownCount = counted.shownCount;
@@ -205,12 +205,12 @@ void PickerListModel::announceChanges()
     announceData(changed);
 }
 
-std::vector<std::string> PickerListModel::shownNames(const PickerOwner* owner) const
+std::vector<std::string> PickerListModel::shownNames(const RepositoryOwnerLabel* owner) const
 {
     std::vector<std::string> names;
     for (const PickerRow& row : _shown) {
         if (!row.isOwner() && (owner == nullptr || row.owner == owner)) {
-            names.push_back(row.repository->summary.fullName);
+            names.push_back(row.repository->repository.fullName);
         }
     }
     return names;
@@ -228,7 +228,7 @@ bool PickerListModel::setData(const QModelIndex& index, const QVariant& value, i
         names = shownNames(wanted.owner);
         Q_EMIT selectionRequested(names, selected);
     } else {
-        names = {wanted.repository->summary.fullName};
+        names = {wanted.repository->repository.fullName};
         if (wanted.repository->isSelected != selected) {
             Q_EMIT toggleRequested(names.front());
         }

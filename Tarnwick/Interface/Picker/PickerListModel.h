@@ -44,7 +44,7 @@ public:
     const std::vector<int>& headingRows() const override { return _ownerRows; }
 
     /// The full names of the repositories that are listed; of this owner alone, if one is given.
-    std::vector<std::string> shownNames(const PickerOwner* owner = nullptr) const;
+    std::vector<std::string> shownNames(const RepositoryOwnerLabel* owner = nullptr) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -63,8 +63,8 @@ private:
     void announceChanges();
 
     // Nodes of these maps stay where they are while others come and go, and rows point to them.
-    std::unordered_map<std::string, PickerRepository> _repositories;
-    std::unordered_map<std::string, PickerOwner> _owners;
+    std::unordered_map<std::string, RepositoryLabel> _repositories;
+    std::unordered_map<std::string, RepositoryOwnerLabel> _owners;
     std::vector<PickerRow> _all;
     std::vector<PickerRow> _shown;
     std::vector<int> _ownerRows;

@@ -96,7 +96,7 @@ void PickerListView::press(int row)
 {
     const PickerRow& pressed = _model.row(row);
     const bool isChecked =
-        pressed.isOwner() ? pressed.owner->isAllSelected() : pressed.repository->isSelected;
+        pressed.isOwner() ? pressed.owner->allSelected() : pressed.repository->isSelected;
     _model.setData(_model.index(row), isChecked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
 }
 

@@ -14,12 +14,12 @@ QString text(std::string_view name)
 
 }  // namespace
 
-PickerRepository::PickerRepository(const PullRequestKit::RepositorySummary& repository)
-    : summary(repository)
-    , name(text(nameOf(repository.fullName)))
-    , details(PickerWording::details(repository))
-    , searchText(folded(text(repository.fullName)))
-    , isPrivate(PickerWording::isPrivate(repository))
+RepositoryLabel::RepositoryLabel(const PullRequestKit::RepositorySummary& summary)
+    : repository(summary)
+    , name(text(nameOf(summary.fullName)))
+    , details(PickerWording::details(summary))
+    , searchText(folded(text(summary.fullName)))
+    , isPrivate(PickerWording::isPrivate(summary))
 {}
 
 }  // namespace Tarnwick

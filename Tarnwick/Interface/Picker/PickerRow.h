@@ -7,8 +7,8 @@
 namespace Tarnwick {
 
 /// A repository as the picker lists it.
-struct PickerRepository {
-    PullRequestKit::RepositorySummary summary;
+struct RepositoryLabel {
+    PullRequestKit::RepositorySummary repository;
     QString name;        ///< Without its owner.
     QString details;     ///< The second line.
     QString searchText;  ///< The full name without regard to letter case.
@@ -16,24 +16,24 @@ struct PickerRepository {
     bool isSelected = false;
     bool isChanged = false;  ///< Since the row was last announced.
 
-    explicit PickerRepository(const PullRequestKit::RepositorySummary& repository);
+    explicit RepositoryLabel(const PullRequestKit::RepositorySummary& summary);
 };
 
 /// An owner's label above its repositories.
-struct PickerOwner {
-    QString name;
+struct RepositoryOwnerLabel {
+    QString owner;
     int shownCount = 0;     ///< Of its repositories, those that are listed.
     int selectedCount = 0;  ///< Of these, the selected ones.
     bool isChanged = false;
 
     /// Whether its button takes the selection back.
-    bool isAllSelected() const { return shownCount > 0 && selectedCount == shownCount; }
+    bool allSelected() const { return shownCount > 0 && selectedCount == shownCount; }
 };
 
 /// A row of the picker: an owner's label, or a repository below it. Main thread only.
 struct PickerRow {
-    PickerOwner* owner = nullptr;
-    PickerRepository* repository = nullptr;  ///< Null in the owner's own row.
+    RepositoryOwnerLabel* owner = nullptr;
+    RepositoryLabel* repository = nullptr;  ///< Null in the owner's own row.
 
     bool isOwner() const { return repository == nullptr; }
 

@@ -47,17 +47,17 @@ void PickerRowPainter::applyAppearance()
 PickerRowGeometry PickerRowPainter::geometryOf(const PickerRow& row, int width) const
 {
     if (row.isOwner()) {
-        const QString button = PickerWording::ownerButton(row.owner->isAllSelected());
+        const QString button = PickerWording::ownerButton(row.owner->allSelected());
         return PickerRowGeometry::ofOwner(width, widthOf(button, _metrics.button), _metrics);
     }
-    const PickerRepository& repository = *row.repository;
+    const RepositoryLabel& repository = *row.repository;
     return PickerRowGeometry::ofRepository(
         width, widthOf(repository.name, _metrics.name), repository.isPrivate, _metrics);
 }
 
 QString PickerRowPainter::helpText(const PickerRow& row, int width) const
 {
-    const QString& name = row.isOwner() ? row.owner->name : row.repository->name;
+    const QString& name = row.isOwner() ? row.owner->owner : row.repository->name;
     return widthOf(name, _metrics.name) > geometryOf(row, width).name.width() ? name : QString();
 }
 
@@ -93,7 +93,7 @@ void PickerRowPainter::drawFill(QPainter& painter, const QRect& fill, State stat
 
 void PickerRowPainter::drawOwner(
     QPainter& painter,
-    const PickerOwner& owner,
+    const RepositoryOwnerLabel& owner,
     const PickerRowGeometry& geometry,
     State state) const
 {
@@ -105,18 +105,18 @@ void PickerRowPainter::drawOwner(
     Painting::hairline(painter, 0, geometry.row.height() - pixel, width, palette.hairline);
     state.isHovered = false;
     drawFill(painter, geometry.fill, state);
-    drawElided(painter, geometry.name, owner.name, _metrics.name, palette.textPrimary);
+    drawElided(painter, geometry.name, owner.owner, _metrics.name, palette.textPrimary);
     Painting::text(
         painter,
         QRectF(geometry.button),
-        PickerWording::ownerButton(owner.isAllSelected()),
+        PickerWording::ownerButton(owner.allSelected()),
         _metrics.button,
         state.isButtonHovered ? palette.textPrimary : palette.textLink,
         Qt::AlignRight);
 }
 
 void PickerRowPainter::drawRepository(
-    QPainter& painter, const PickerRepository& repository, const PickerRowGeometry& geometry) const
+    QPainter& painter, const RepositoryLabel& repository, const PickerRowGeometry& geometry) const
 {
     const Palette& palette = appearance().palette();
     drawCheckBox(painter, geometry.checkBox, repository.isSelected);

@@ -37,12 +37,12 @@ public:
 private:
     void drawOwner(
         QPainter& painter,
-        const PickerOwner& owner,
+        const RepositoryOwnerLabel& owner,
         const PickerRowGeometry& geometry,
         State state) const;
     void drawRepository(
         QPainter& painter,
-        const PickerRepository& repository,
+        const RepositoryLabel& repository,
         const PickerRowGeometry& geometry) const;
     void drawCheckBox(QPainter& painter, const QRect& box, bool isChecked) const;
     void drawFill(QPainter& painter, const QRect& fill, State state) const;

@@ -1,7 +1,5 @@
-#include "List/SampleRows.h"
+#include "List/ListViewFixture.h"
 #include "Support/PullRequests.h"
-#include "Tarnwick/Interface/List/PullRequestListView.h"
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -32,37 +30,8 @@ std::vector<ListedRow> thirtyRows()
     return rows;
 }
 
-class TurnListViewTests : public testing::Test {
+class TurnListViewTests : public ListViewTest {
 protected:
-    TurnListViewTests()
-    {
-        appearance.setWishes({.reducedMotion = true, .higherContrast = false});
-        QObject::connect(
-            &view,
-            &PullRequestListView::actionRequested,
-            &view,
-            [this](RowAction action, const PullRequest& asked) {
-                if (action == RowAction::open) {
-                    openedNumbers.push_back(asked.id.number);
-                }
-            });
-        view.resize(420, 520);
-    }
-
-    void show(std::vector<ListedRow> rows)
-    {
-        model.setRows(std::move(rows));
-        view.show();
-        view.activateWindow();
-        view.setFocus(Qt::OtherFocusReason);
-        QApplication::processEvents();
-    }
-
-    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::keyClick(&view, static_cast<Qt::Key>(key), modifiers);
-    }
-
     QScrollBar& scrollBar() { return *view.verticalScrollBar(); }
 
     /// The number of the selected pull request; 0 for none.
@@ -77,10 +46,7 @@ protected:
         return view.visualRect(model.indexOf({"github", "github.com", "octo/tools", number})).top();
     }
 
-    std::vector<std::int64_t> openedNumbers;
-    Appearance& appearance = setApplicationStyle(1.0);
-    PullRequestListModel model{TestSupport::sampleNow};
-    PullRequestListView view{model};
+    std::vector<std::int64_t>& openedNumbers = numbers[RowAction::open];
 };
 
 TEST_F(TurnListViewTests, headingsAreTwentyEightHighAndGrowWithTheText)

@@ -170,11 +170,11 @@ TEST_F(PickerListModelTests, whileFindingAnOwnerCountsWhatIsShown)
 {
     model.setRepositories(named({"a/one", "a/two"}));
     model.setSelection({"a/two"});
-    EXPECT_FALSE(model.row(0).owner->isAllSelected());
+    EXPECT_FALSE(model.row(0).owner->allSelected());
     model.setFindText(QStringLiteral("two"));
-    EXPECT_TRUE(model.row(0).owner->isAllSelected());
+    EXPECT_TRUE(model.row(0).owner->allSelected());
     model.setFindText({});
-    EXPECT_FALSE(model.row(0).owner->isAllSelected());
+    EXPECT_FALSE(model.row(0).owner->allSelected());
 }
 
 TEST_F(PickerListModelTests, aTickedBoxIsARequest)

@@ -21,9 +21,9 @@ struct RowSituation {
 
 /// Paints one row where its geometry says, with plates behind what is to be found. It is made for
 /// one frame of rows. Main thread only.
-class RowPainter {
+class PullRequestRowView {
 public:
-    RowPainter(
+    PullRequestRowView(
         QPainter& painter,
         const RowMetrics& metrics,
         PullRequestKit::Date now,

@@ -1,4 +1,4 @@
-#include "Tarnwick/Interface/List/RowPainter.h"
+#include "Tarnwick/Interface/List/PullRequestRowView.h"
 
 #include "Tarnwick/Interface/Controls/Fade.h"
 #include "Tarnwick/Interface/List/CountFigures.h"
@@ -27,7 +27,7 @@ void drawIcon(QPainter& painter, const char* name, const QRect& place, const QCo
 
 }  // namespace
 
-RowPainter::RowPainter(
+PullRequestRowView::PullRequestRowView(
     QPainter& painter,
     const RowMetrics& metrics,
     PullRequestKit::Date now,
@@ -39,7 +39,7 @@ RowPainter::RowPainter(
     , _findWords(findWords)
 {}
 
-void RowPainter::paint(
+void PullRequestRowView::paint(
     const RowContent& content,
     const RowGeometry& geometry,
     const TitleLayout& title,
@@ -75,12 +75,12 @@ void RowPainter::paint(
     }
 }
 
-QColor RowPainter::unlessDimmed(const RowContent& content, const QColor& color) const
+QColor PullRequestRowView::unlessDimmed(const RowContent& content, const QColor& color) const
 {
     return content.isDimmed() ? _palette.textTertiary : color;
 }
 
-void RowPainter::paintFill(const RowGeometry& geometry, const RowSituation& situation)
+void PullRequestRowView::paintFill(const RowGeometry& geometry, const RowSituation& situation)
 {
     if (situation.hasLineAbove) {
         Painting::hairline(
@@ -104,7 +104,7 @@ void RowPainter::paintFill(const RowGeometry& geometry, const RowSituation& situ
     }
 }
 
-void RowPainter::paintStart(const RowContent& content, const RowGeometry& geometry)
+void PullRequestRowView::paintStart(const RowContent& content, const RowGeometry& geometry)
 {
     if (content.pullRequest().isBlocked() && !content.isDimmed()) {
         Painting::fillRounded(_painter, geometry.blockedBar, barRadius, RowColors::red);
@@ -119,14 +119,14 @@ void RowPainter::paintStart(const RowContent& content, const RowGeometry& geomet
         unlessDimmed(content, RowColors::stateColor(content.pullRequest())));
 }
 
-void RowPainter::paintDot(const RowContent& content, const RowGeometry& geometry)
+void PullRequestRowView::paintDot(const RowContent& content, const RowGeometry& geometry)
 {
     if (content.hasChanged()) {
         Painting::fillRounded(_painter, geometry.dot, geometry.dot.width() / 2.0, _palette.accent);
     }
 }
 
-void RowPainter::paintBadges(const RowContent& content, const RowGeometry& geometry)
+void PullRequestRowView::paintBadges(const RowContent& content, const RowGeometry& geometry)
 {
     const PullRequestKit::PullRequest& shown = content.pullRequest();
     if (shown.hasMergeConflict()) {
@@ -142,7 +142,7 @@ void RowPainter::paintBadges(const RowContent& content, const RowGeometry& geome
     paintCount(geometry.checkCount, content.checkLabel(), check);
 }
 
-void RowPainter::paintCount(const QRect& place, const QString& label, const QColor& color)
+void PullRequestRowView::paintCount(const QRect& place, const QString& label, const QColor& color)
 {
     const bool hasPlate =
         appearance().isDark() && appearance().higherContrast() && RowColors::wantsPlate(color);
@@ -159,13 +159,13 @@ void RowPainter::paintCount(const QRect& place, const QString& label, const QCol
         _painter, place.topLeft(), label, _metrics.count, hasPlate ? QColor(Qt::white) : color);
 }
 
-const QStringList& RowPainter::wordsIn(const RowContent& content) const
+const QStringList& PullRequestRowView::wordsIn(const RowContent& content) const
 {
     static const QStringList none;
     return content.isDimmed() ? none : _findWords;
 }
 
-void RowPainter::paintDetails(const RowContent& content, const QRect& place)
+void PullRequestRowView::paintDetails(const RowContent& content, const QRect& place)
 {
     const DetailsLayout layout =
         RowTexts::detailsLayout(content, _now, _metrics, place.width(), wordsIn(content));
@@ -186,7 +186,8 @@ void RowPainter::paintDetails(const RowContent& content, const QRect& place)
     }
 }
 
-void RowPainter::paintEditorButton(const RowGeometry& geometry, const RowSituation& situation)
+void PullRequestRowView::paintEditorButton(
+    const RowGeometry& geometry, const RowSituation& situation)
 {
     const bool isOn = situation.isOnEditorButton;
     Painting::fillRounded(
