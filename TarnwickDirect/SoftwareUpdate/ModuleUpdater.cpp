@@ -144,8 +144,7 @@ void ModuleUpdater::tell(const QString& problem)
     _delegate.updaterDidNotFindUpdate(problem);
     _problem = std::make_unique<QMessageBox>();
     _problem->setWindowTitle(QStringLiteral("Software Update"));
-    _problem->setText(QStringLiteral("Update Error"));
-    _problem->setInformativeText(problem);
+    _problem->setText(problem);
     connect(_problem.get(), &QDialog::finished, this, _host.takeFocusBack);
     _host.bringToFront(*_problem);
 }

@@ -44,7 +44,6 @@ void UpdateDownload::start()
         .url = _offer.url,
         .subject = QStringLiteral("\"%1\"").arg(_offer.fileName),
         .byteLimit = _offer.length,
-        .silenceLimit = _settings.silenceLimit,
         .timeLimit = std::nullopt,
         .authorities = _settings.authorities};
     _fetch = std::make_unique<HttpsFetch>(_network, request);

@@ -19,8 +19,7 @@ public:
     struct Settings {
         std::filesystem::path folder;  ///< Where the download's own is made.
         Trust trust;
-        QByteArray authorities;                          ///< As in `FetchRequest`.
-        std::chrono::milliseconds silenceLimit{30'000};  ///< Without a byte from the server.
+        QByteArray authorities;  ///< As in `FetchRequest`.
     };
 
     /// Signals come once the event loop runs. Requires: `network` lives longer.

@@ -15,7 +15,6 @@
 
 namespace {
 
-using namespace std::chrono_literals;
 using namespace TarnwickDirect;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -41,8 +40,7 @@ protected:
             UpdateDownload::Settings{
                 .folder = folder / "updates",
                 .trust = {.key = key.publicKey(), .package = QStringLiteral("tarnwick")},
-                .authorities = TestSupport::TlsServer::authorities(),
-                .silenceLimit = silenceLimit});
+                .authorities = TestSupport::TlsServer::authorities()});
         QObject::connect(
             download.get(), &UpdateDownload::progressed, &context, [this](quint64 bytes) {
                 progress.push_back(bytes);
@@ -76,14 +74,6 @@ protected:
         return ending;
     }
 
-    /// Has the server keep the last ten bytes back.
-    void stall()
-    {
-        server.answer("/tarnwick.deb", [this](QSslSocket& connection) {
-            connection.write(TestSupport::okay(file).chopped(10));
-        });
-    }
-
     bool isNothingLeft() const
     {
         return !exists(folder / "updates") || is_empty(folder / "updates");
@@ -95,7 +85,6 @@ protected:
     FileTrouble::Folder folder;
     QNetworkAccessManager network;
     UpdateOffer offer;
-    std::chrono::milliseconds silenceLimit = 20s;
     QObject context;
     std::vector<quint64> progress;
     bool isVerifying = false;
@@ -158,14 +147,6 @@ TEST_F(UpdateDownloadTest, deletesWhatIsShorterThanTheFeedTells)
     EXPECT_TRUE(isNothingLeft());
 }
 
-TEST_F(UpdateDownloadTest, leavesNothingWhenTheServerFallsSilent)
-{
-    stall();
-    silenceLimit = 200ms;
-    EXPECT_EQ(run(), "\"tarnwick.deb\" could not be fetched: the server took too long.");
-    EXPECT_TRUE(isNothingLeft());
-}
-
 TEST_F(UpdateDownloadTest, leavesNothingOnAFullDisk)
 {
     const FileTrouble::LargestFile limit(200'000);
@@ -183,7 +164,9 @@ TEST_F(UpdateDownloadTest, tellsThatTheFolderCannotBeMade)
 
 TEST_F(UpdateDownloadTest, leavesNothingWhenItIsCancelledOnTheWay)
 {
-    stall();
+    server.answer("/tarnwick.deb", [this](QSslSocket& connection) {
+        connection.write(TestSupport::okay(file).chopped(10));
+    });
     begin();
     ASSERT_TRUE(TestSupport::eventually([this] { return !progress.empty(); }));
     EXPECT_FALSE(isNothingLeft());

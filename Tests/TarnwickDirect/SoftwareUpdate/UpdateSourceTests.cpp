@@ -19,15 +19,11 @@ TEST(UpdateSource, isAnHttpsAddressAndAKey)
     EXPECT_EQ(source->key, TestSupport::SigningKey(1).publicKey());
 }
 
-TEST(UpdateSource, isNothingWithoutOneOfThem)
+TEST(UpdateSource, isNothingWithoutOneOfThemOrWithAWrongOne)
 {
     EXPECT_THAT(updateSource("", ""), Eq(std::nullopt));
     EXPECT_THAT(updateSource("https://example.com/feed.xml", ""), Eq(std::nullopt));
     EXPECT_THAT(updateSource("", key), Eq(std::nullopt));
-}
-
-TEST(UpdateSource, isNothingWithAWrongOne)
-{
     EXPECT_THAT(updateSource("http://example.com/feed.xml", key), Eq(std::nullopt));
     EXPECT_THAT(updateSource("https:///feed.xml", key), Eq(std::nullopt));
     EXPECT_THAT(updateSource("feed.xml", key), Eq(std::nullopt));
