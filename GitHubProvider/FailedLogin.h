@@ -1,8 +1,8 @@
 #pragma once
 
 #include "GitHubProvider/Clocks.h"
-#include "GitHubProvider/CommandRunning.h"
 #include "GitHubProvider/Gh.h"
+#include "GitHubProvider/Process/CommandRunning.h"
 #include "PullRequestKit/Json/Fields.h"
 
 #include <chrono>

@@ -17,6 +17,16 @@ PullRequestKit::ProviderError notFound()
 
 }  // namespace
 
+std::optional<std::filesystem::path> findGH(
+    const Environment& environment, const IsExecutable& isExecutable)
+{
+    return findProgram(
+        environment,
+        "gh",
+        isExecutable,
+        {"/opt/homebrew/bin/gh", "/usr/local/bin/gh", "/usr/bin/gh"});
+}
+
 Gh::Gh(FindGh find, std::shared_ptr<const CommandRunning> runner)
     : _find(std::move(find))
     , _runner(std::move(runner))

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "GitHubProvider/CommandRunning.h"
+#include "GitHubProvider/Process/CommandRunning.h"
+#include "GitHubProvider/Process/Environment.h"
 
 #include <filesystem>
 #include <functional>
@@ -12,6 +13,10 @@
 #include <vector>
 
 namespace GitHub {
+
+/// `gh`, first in three fixed places, then in the folders of PATH. Safe from any thread.
+std::optional<std::filesystem::path> findGH(
+    const Environment& environment, const IsExecutable& isExecutable = isExecutableFile);
 
 /// Looks for the executable `gh`; nothing while it is not installed. Called from several threads,
 /// one at a time.

@@ -2,9 +2,9 @@
 
 #include "GitHubProvider/BaseRuleCache.h"
 #include "GitHubProvider/Clocks.h"
-#include "GitHubProvider/CommandRunning.h"
 #include "GitHubProvider/Facts.h"
 #include "GitHubProvider/Gh.h"
+#include "GitHubProvider/Process/CommandRunning.h"
 #include "GitHubProvider/SearchMemory.h"
 #include "GitHubProvider/SystemLog.h"
 #include "PullRequestKit/PullRequestProvider.h"

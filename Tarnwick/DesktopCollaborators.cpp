@@ -16,9 +16,9 @@ PullRequestMenuModel::Collaborators desktopCollaborators(
     const std::map<std::string, std::string>& environment,
     const QDBusConnection& bus,
     PanelDismissal dismissPanel,
-    std::shared_ptr<ReadAhead> readAhead)
+    std::shared_ptr<Preload> preload)
 {
-    auto collaborators = standardCollaborators(environment, std::move(readAhead));
+    auto collaborators = standardCollaborators(environment, std::move(preload));
     collaborators.navigation = std::make_shared<ExternalNavigation>(
         ExternalNavigation::desktop(environment, std::move(dismissPanel)));
     const auto centre = std::make_shared<NotificationCentre>(bus, collaborators.clock);

@@ -17,6 +17,6 @@ PullRequestMenuModel::Collaborators desktopCollaborators(
     const std::map<std::string, std::string>& environment,
     const QDBusConnection& bus,
     PanelDismissal dismissPanel,
-    std::shared_ptr<ReadAhead> readAhead);
+    std::shared_ptr<Preload> preload);
 
 }  // namespace Tarnwick

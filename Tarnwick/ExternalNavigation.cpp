@@ -11,7 +11,6 @@
 #include <QMetaObject>
 #include <QThread>
 
-#include <algorithm>
 #include <cassert>
 #include <utility>
 
@@ -27,13 +26,6 @@ namespace {
 {
     const QCoreApplication* const application = QCoreApplication::instance();
     return application != nullptr && application->thread() == QThread::currentThread();
-}
-
-std::optional<std::filesystem::path> linkOpener(const Surroundings& surroundings)
-{
-    const auto candidates = GitHub::searchPathCandidates(surroundings.environment, "xdg-open");
-    const auto found = std::ranges::find_if(candidates, surroundings.isExecutable);
-    return found == candidates.end() ? std::nullopt : std::optional(*found);
 }
 
 void openSettings(const Surroundings& surroundings)
@@ -106,7 +98,9 @@ void ExternalNavigation::open(
     if (fate == PanelFate::goes) {
         _surroundings->dismissPanel(PanelSearch::anyVisible);
     }
-    if (const auto opener = linkOpener(*_surroundings)) {
+    const auto opener =
+        GitHub::findProgram(_surroundings->environment, "xdg-open", _surroundings->isExecutable);
+    if (opener) {
         _surroundings->launch({*opener, {url.text}, activationToken});
     } else {
         _surroundings->openThroughPortal(url, activationToken);

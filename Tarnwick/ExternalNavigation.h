@@ -1,6 +1,6 @@
 #pragma once
 
-#include "GitHubProvider/CommandRunning.h"
+#include "GitHubProvider/Process/CommandRunning.h"
 #include "PullRequestKit/Url.h"
 #include "Tarnwick/Desktop/EditorWorktree.h"
 #include "Tarnwick/Desktop/Launch.h"
@@ -22,7 +22,7 @@ public:
         std::shared_ptr<const GitHub::CommandRunning> gitRunner;
         std::shared_ptr<const GitHub::CommandRunning> editorRunner;
         GitHub::Environment environment;
-        std::function<bool(const std::filesystem::path&)> isExecutable;
+        GitHub::IsExecutable isExecutable;
         PanelDismissal dismissPanel;
         std::function<void(const Launch&)> launch;
         /// Opens a link where there is no `xdg-open`.

@@ -2,6 +2,7 @@
 
 #include "Tarnwick/Desktop/NotificationPresentationDelegate.h"
 #include "Tarnwick/Model/OpenInEditor.h"
+#include "Tarnwick/Model/WantedFacts.h"
 
 #include <QCoro/QCoroFuture>
 #include <QPointer>
@@ -32,7 +33,7 @@ SharedPullRequests noPullRequests()
 PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
     : _parts(std::move(collaborators))
     , _settingsStore(*_parts.defaults)
-    , _settings(_parts.readAhead ? _parts.readAhead->settings() : _settingsStore.load())
+    , _settings(_parts.preload ? _parts.preload->settings() : _settingsStore.load())
     , _operations(_settings, _settingsStore)
     , _visits(
           *_parts.defaults,
@@ -40,6 +41,7 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
           [clock = _parts.clock] { return clock->now(); })
     , _snapshotWriter(_parts.cache)
     , _notifications(_parts.notifier, _settings, _operations)
+    , _news({_notifications, _snapshotWriter, _settings, _parts.blocked, _parts.turns})
     , _rows(std::make_shared<const std::vector<PullRequestRow>>())
     , _turns(std::make_shared<const std::vector<Turn>>())
     , _allPullRequests(noPullRequests())
@@ -49,16 +51,27 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
            .clock = _parts.clock,
            .rows = [this]() -> const std::vector<PullRequestRow>& { return *_rows; }})
     , _pollingRest(_parts.clock)
+    , _refreshCycle(
+          _parts.provider,
+          _parts.clock,
+          {.begin = [this] { refreshBegins(); },
+           .start = [this](const std::optional<std::string>& account) { return signedIn(account); },
+           .accept =
+               [this](RefreshResult result, const RefreshStart& start) {
+                   return accept(std::move(result), start);
+               },
+           .fail = [this](const MenuState& failure) { cannotRefresh(failure); },
+           .refused = [this] { _pollingRest.refused(); }})
     , _polling(
           _parts.clock,
           _parts.machine,
           {.refresh = [this] { return refresh(); },
-           .lastEnd = [this] { return _refreshEnd; },
+           .lastEnd = [this] { return _refreshCycle.lastEnd(); },
            .rest = [this] { return _pollingRest.remaining(); }})
 {
     followSettings();
     followNotifications();
-    followTurns();
+    followFacts();
     readLaunchAtLogin();
     showLastList();
     showSettingsProblem();
@@ -76,7 +89,7 @@ PullRequestMenuModel::~PullRequestMenuModel()
 void PullRequestMenuModel::stop()
 {
     _lifetime.request_stop();
-    _refreshTask.cancel();
+    _refreshCycle.stop();
     _facts.cancel();
     saveFacts();
     _muteTask.cancel();
@@ -87,32 +100,23 @@ void PullRequestMenuModel::stop()
 void PullRequestMenuModel::followSettings()
 {
     using Operations = SettingsOperations;
-    connect(&_operations, &Operations::changed, this, &PullRequestMenuModel::settingsChanged);
-    connect(this, &PullRequestMenuModel::settingsChanged, this, [this] { showSettingsProblem(); });
-    connect(
-        &_operations, &Operations::darkModeChanged, this, &PullRequestMenuModel::darkModeChanged);
+    using Model = PullRequestMenuModel;
     const auto arrangeAnew = [this] {
         rebuildRows();
         askForUsedFacts();
     };
+    connect(&_operations, &Operations::changed, this, &Model::settingsChanged);
+    connect(this, &Model::settingsChanged, this, &Model::showSettingsProblem);
+    connect(&_operations, &Operations::darkModeChanged, this, &Model::darkModeChanged);
     connect(&_operations, &Operations::filtersChanged, this, arrangeAnew);
-    connect(
-        &_operations, &Operations::filtersChanged, this, &PullRequestMenuModel::scheduleMuteEnd);
+    connect(&_operations, &Operations::filtersChanged, this, &Model::scheduleMuteEnd);
     connect(&_operations, &Operations::arrangementChanged, this, arrangeAnew);
-    connect(&_operations, &Operations::selectionChanged, this, [this] {
-        rebuildRows();
-        scheduleRefresh(selectionRest);
-    });
-    connect(&_operations, &Operations::reviewersChanged, this, [this] {
-        // The rows stay, and go on to be filtered, until the answer is there: an empty list would
-        // say that there are none.
-        scheduleRefresh(0ms);
-    });
-    connect(
-        &_operations,
-        &Operations::pollingIntervalChanged,
-        this,
-        &PullRequestMenuModel::schedulePolling);
+    connect(&_operations, &Operations::selectionChanged, this, &Model::rebuildRows);
+    connect(&_operations, &Operations::selectionChanged, this, &Model::scheduleRepositoryRefresh);
+    // The rows stay, and go on to be filtered, until the answer for the other reviewers is there:
+    // an empty list would say that there are none.
+    connect(&_operations, &Operations::reviewersChanged, this, [this] { scheduleRefresh(0ms); });
+    connect(&_operations, &Operations::pollingIntervalChanged, this, &Model::schedulePolling);
     if (_parts.settingsWatcher) {
         connect(_parts.settingsWatcher.get(), &FileWatcher::changed, this, [this] {
             readSettingsAgain();
@@ -122,30 +126,36 @@ void PullRequestMenuModel::followSettings()
     }
 }
 
+void PullRequestMenuModel::followFacts()
+{
+    using Model = PullRequestMenuModel;
+    connect(&_facts, &FactsQuestions::factsChanged, this, [this] {
+        _areFactsUnsaved = true;
+        if (_settings.arrangement == Arrangement::byWhoseTurn) {
+            rebuildRows();
+        }
+        Q_EMIT factsChanged();
+    });
+    connect(&_facts, &FactsQuestions::quotaTold, this, [this](const Quota& quota) {
+        _areFactsUnsaved = true;
+        _pollingRest.setQuota(quota);
+    });
+    connect(&_facts, &FactsQuestions::settled, this, &Model::factsSettled);
+    connect(&_pollingRest, &PollingRest::quotaChanged, this, &Model::quotaChanged);
+    connect(&_pollingRest, &PollingRest::restingQuotaChanged, this, &Model::restingQuotaChanged);
+    connect(&_refreshCycle, &RefreshCycle::isRefreshingChanged, this, &Model::isRefreshingChanged);
+}
+
 void PullRequestMenuModel::followNotifications()
 {
+    using Model = PullRequestMenuModel;
+    using Notifications = PullRequestNotifications;
     connect(
         &_notifications,
-        &PullRequestNotifications::unblockedSettled,
+        &Notifications::settingsChangeRequiredChanged,
         this,
-        [this](const PullRequestID& id) {
-            _blocked.settle(id);
-            if (!_isAccepting) {
-                rememberBlocked();
-            }
-        });
-    connect(
-        &_notifications,
-        &PullRequestNotifications::settingsChangeRequiredChanged,
-        this,
-        &PullRequestMenuModel::notificationSettingsRequiredChanged);
-    connect(
-        &_notifications,
-        &PullRequestNotifications::errorChanged,
-        this,
-        [this](const std::optional<std::string>& error) {
-            assign(_settingsError, error, &PullRequestMenuModel::settingsErrorChanged);
-        });
+        &Model::notificationSettingsRequiredChanged);
+    connect(&_notifications, &Notifications::errorChanged, this, &Model::setSettingsError);
     if (_parts.notificationDelegate) {
         _parts.notificationDelegate->setOpened([self = QPointer(this)](const Url& page) {
             if (self) {
@@ -159,7 +169,7 @@ void PullRequestMenuModel::followNotifications()
 
 void PullRequestMenuModel::showLastList()
 {
-    auto list = _parts.readAhead ? _parts.readAhead->takeList() : lastList(_parts.cache, _settings);
+    auto list = _parts.preload ? _parts.preload->takeList() : lastList(_parts.cache, _settings);
     if (!list) {
         return;
     }
@@ -245,6 +255,172 @@ void PullRequestMenuModel::setRows(ArrangedRows list, HiddenCounts hidden, Share
     }
 }
 
+// Refreshes
+
+void PullRequestMenuModel::menuOpened()
+{
+    readLaunchAtLogin();
+    const ReviewerFilter reviewers = _settings.reviewerFilter;
+    readSettingsAgain();
+    if (_settings.reviewerFilter == reviewers) {  // Else a refresh for the others has just begun.
+        _refreshCycle.start();
+    }
+}
+
+void PullRequestMenuModel::schedulePolling()
+{
+    _polling.start(secondsOf(_settings.pollingInterval));
+}
+
+void PullRequestMenuModel::scheduleRefresh(std::chrono::milliseconds delay)
+{
+    // The list will be another one.
+    _facts.cancel();
+    _refreshCycle.schedule(delay);
+}
+
+void PullRequestMenuModel::scheduleRepositoryRefresh()
+{
+    scheduleRefresh(selectionRest);
+}
+
+void PullRequestMenuModel::setState(MenuState state)
+{
+    assign(_state, std::move(state), &PullRequestMenuModel::stateChanged);
+}
+
+void PullRequestMenuModel::refreshBegins()
+{
+    dismissRefreshError();
+    if (!_hasSnapshot) {
+        setState({MenuState::Kind::checkingAuthentication, {}});
+    }
+}
+
+RefreshStart PullRequestMenuModel::signedIn(const std::optional<std::string>& account)
+{
+    assign(_account, account, &PullRequestMenuModel::accountChanged);
+    if (!_hasSnapshot) {
+        setState({MenuState::Kind::loading, {}});
+    }
+    return {account, std::make_shared<const Settings>(_settings), _facts.facts()};
+}
+
+/// The refresh ends without an answer: what is in sight stays, with a text that says so; with
+/// nothing in sight the state says it.
+void PullRequestMenuModel::cannotRefresh(const MenuState& failure)
+{
+    assign(_lastFailure, failure, &PullRequestMenuModel::lastFailureChanged);
+    if (_hasSnapshot) {
+        setState({MenuState::Kind::loaded, {}});
+        assign(
+            _refreshError,
+            "Showing cached data: " + failure.message,
+            &PullRequestMenuModel::refreshErrorChanged);
+        return;
+    }
+    setRows({}, {});
+    setState(failure);
+}
+
+bool PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& start)
+{
+    // The change that made the answer stale has scheduled the refresh that fetches the right one.
+    if (start.settings->reviewerFilter != _settings.reviewerFilter
+        || start.settings->selectedRepositories != _settings.selectedRepositories) {
+        return false;
+    }
+    if (_repositories != result.snapshot.repositories) {
+        _repositories = result.snapshot.repositories;
+        Q_EMIT repositoriesChanged();
+    }
+    _operations.resetUnconfiguredSelection();
+    if (_settings != *start.settings || start.facts != _facts.facts()) {
+        // The user has chosen something else since, or an earlier question was answered.
+        result = refreshResult(
+            std::move(result),
+            {start.account, std::make_shared<const Settings>(_settings), _facts.facts()});
+    }
+    _news.recall(*_allPullRequests, _lastRefreshed);
+    _allPullRequests = result.pullRequests;
+    _visits.noteListed(*_allPullRequests);
+    setRows(std::move(result.list), result.hidden, std::move(result.details));
+    _operations.endMutes([this, now = _parts.clock->now()](Mutes mutes) {
+        return withoutEnded(std::move(mutes), *_allPullRequests, now);
+    });
+    assign(_shortfall, result.shortfall, &PullRequestMenuModel::shortfallChanged);
+    const Date now = _parts.clock->now();
+    assign(_lastRefreshed, now, &PullRequestMenuModel::lastRefreshedChanged);
+    _hasSnapshot = true;
+    assign(_lastFailure, std::nullopt, &PullRequestMenuModel::lastFailureChanged);
+    setState({MenuState::Kind::loaded, {}});
+
+    result.baseline.refreshedAt = now;
+    _news.tell(*_rows, *_allPullRequests, std::move(result.baseline));
+    result.snapshot.refreshedAt = now;
+    if (_parts.keepsList) {
+        _snapshotWriter.save(std::move(result.snapshot), _details);
+    }
+    refreshFacts();
+    return true;
+}
+
+// Facts
+
+bool PullRequestMenuModel::usesFacts() const
+{
+    return needsFacts(_settings, _news.tellsOfTurns());
+}
+
+void PullRequestMenuModel::askForUsedFacts()
+{
+    if (usesFacts()) {
+        _facts.ask();
+    }
+}
+
+QCoro::Task<> PullRequestMenuModel::askForFacts()
+{
+    _facts.ask();
+    const QFuture<void> answered = _facts.answered();
+    co_await answered;
+}
+
+/// The refresh has come to its end but for the facts, which nothing waits for.
+void PullRequestMenuModel::refreshFacts()
+{
+    if (_facts.setListed(_allPullRequests)) {
+        _areFactsUnsaved = true;
+    }
+    _areTurnsDue = true;
+    if (usesFacts()) {
+        _facts.ask();
+    } else {
+        factsSettled(false);
+    }
+}
+
+void PullRequestMenuModel::factsSettled(bool hitSecondaryLimit)
+{
+    saveFacts();
+    if (hitSecondaryLimit) {
+        _pollingRest.refused();
+    } else if (_areTurnsDue) {
+        _pollingRest.granted();
+    }
+    if (std::exchange(_areTurnsDue, false)) {
+        _news.tellTurns(*_rows, turnSources(), _account, _parts.clock->now());
+    }
+}
+
+void PullRequestMenuModel::saveFacts()
+{
+    if (std::exchange(_areFactsUnsaved, false) && _parts.keepsList) {
+        _snapshotWriter.save(
+            PullRequestFactsFile::beside(_parts.cache), {_facts.facts(), _pollingRest.quota()});
+    }
+}
+
 // Mutes
 
 void PullRequestMenuModel::muteUntilChange(const PullRequest& pullRequest)
@@ -257,11 +433,6 @@ void PullRequestMenuModel::muteUntilChange(const PullRequest& pullRequest)
 void PullRequestMenuModel::muteForADay(const PullRequest& pullRequest)
 {
     _operations.mute(pullRequest.id.storageKey(), MutedUntilTime{_parts.clock->now() + muteDay});
-}
-
-void PullRequestMenuModel::unmute(const PullRequest& pullRequest)
-{
-    _operations.unmute(pullRequest.id.storageKey());
 }
 
 std::optional<Date> PullRequestMenuModel::mutedUntil(const PullRequest& pullRequest) const
@@ -365,8 +536,13 @@ void PullRequestMenuModel::showSettingsProblem()
     auto text = _parts.defaults->problem();
     const auto previous = std::exchange(_settingsProblem, text);
     if (text || _settingsError == previous) {
-        assign(_settingsError, std::move(text), &PullRequestMenuModel::settingsErrorChanged);
+        setSettingsError(std::move(text));
     }
+}
+
+void PullRequestMenuModel::setSettingsError(std::optional<std::string> error)
+{
+    assign(_settingsError, std::move(error), &PullRequestMenuModel::settingsErrorChanged);
 }
 
 void PullRequestMenuModel::readLaunchAtLogin()
@@ -386,27 +562,9 @@ void PullRequestMenuModel::toggleLaunchAtLogin()
             _parts.loginItem->registerItem();
         }
     } catch (const std::exception& error) {
-        assign(
-            _settingsError,
-            std::string("Open at Login could not be changed: ") + error.what(),
-            &PullRequestMenuModel::settingsErrorChanged);
+        setSettingsError(std::string("Open at Login could not be changed: ") + error.what());
     }
     readLaunchAtLogin();
-}
-
-QCoro::Task<> PullRequestMenuModel::toggleUnblockedNotifications()
-{
-    return _notifications.toggleUnblocked();
-}
-
-QCoro::Task<> PullRequestMenuModel::toggleNewPullRequestNotifications()
-{
-    return _notifications.toggleNewPullRequests();
-}
-
-void PullRequestMenuModel::dismissNotificationSettingsRequired()
-{
-    _notifications.dismissSettingsChange();
 }
 
 void PullRequestMenuModel::dismissRefreshError()
@@ -416,7 +574,7 @@ void PullRequestMenuModel::dismissRefreshError()
 
 void PullRequestMenuModel::dismissSettingsError()
 {
-    assign(_settingsError, std::nullopt, &PullRequestMenuModel::settingsErrorChanged);
+    setSettingsError(std::nullopt);
 }
 
 // Leaving the list

@@ -9,22 +9,17 @@
 #include "Tarnwick/Desktop/PullRequestNotifying.h"
 #include "Tarnwick/ExternalNavigation.h"
 #include "Tarnwick/Model/Arrangement.h"
-#include "Tarnwick/Model/BlockedPullRequests.h"
 #include "Tarnwick/Model/FactsQuestions.h"
 #include "Tarnwick/Model/MenuState.h"
 #include "Tarnwick/Model/Polling.h"
 #include "Tarnwick/Model/PollingRest.h"
-#include "Tarnwick/Model/PullRequestNotifications.h"
-#include "Tarnwick/Model/ReadAhead.h"
-#include "Tarnwick/Model/RefreshResult.h"
+#include "Tarnwick/Model/Preload.h"
+#include "Tarnwick/Model/RefreshCycle.h"
+#include "Tarnwick/Model/RefreshNews.h"
 #include "Tarnwick/Model/RowFilter.h"
 #include "Tarnwick/Model/SettingsOperations.h"
-#include "Tarnwick/Model/TurnMoves.h"
-#include "Tarnwick/Persistence/BlockedPullRequestsFile.h"
 #include "Tarnwick/Persistence/DefaultsStore.h"
 #include "Tarnwick/Persistence/FileWatcher.h"
-#include "Tarnwick/Persistence/KnownTurnsFile.h"
-#include "Tarnwick/Persistence/SnapshotWriter.h"
 #include "Tarnwick/Persistence/VisitStore.h"
 
 #include <QObject>
@@ -32,7 +27,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 namespace Tarnwick {
@@ -62,7 +56,7 @@ public:
         std::shared_ptr<Clock> clock;
         std::shared_ptr<const ExternalNavigation> navigation;
         /// Where `defaults` and `cache` are being read already; without it, the model reads them.
-        std::shared_ptr<ReadAhead> readAhead = nullptr;
+        std::shared_ptr<Preload> preload = nullptr;
         /// Tells when `defaults` are to be read again; without it, that happens when the list is
         /// opened and with each change.
         std::shared_ptr<FileWatcher> settingsWatcher = nullptr;
@@ -89,13 +83,13 @@ public:
 
     const std::vector<PullRequestKit::PullRequestRow>& rows() const { return *_rows; }
 
-    /// The same, for whoever needs them after the next change. Not null.
+    /// Shared ownership, for callers that outlive the next change. Not null.
     const SharedRows& sharedRows() const { return _rows; }
 
     /// Whose turn it is with each of the rows. Empty while they are arranged by review state.
     const std::vector<PullRequestKit::Turn>& turns() const { return *_turns; }
 
-    /// The same, for whoever needs them after the next change. Not null.
+    /// Shared ownership, for callers that outlive the next change. Not null.
     const SharedTurns& sharedTurns() const { return _turns; }
 
     /// The headings and the rows below each. Empty while they are arranged by review state.
@@ -144,7 +138,7 @@ public:
 
     std::optional<PullRequestKit::Date> lastRefreshed() const { return _lastRefreshed; }
 
-    bool isRefreshing() const { return _isRefreshing; }
+    bool isRefreshing() const { return _refreshCycle.isRefreshing(); }
 
     bool launchAtLoginEnabled() const { return _launchAtLoginEnabled; }
 
@@ -184,7 +178,11 @@ public:
     /// Until it is another one than is listed.
     void muteUntilChange(const PullRequestKit::PullRequest& pullRequest);
     void muteForADay(const PullRequestKit::PullRequest& pullRequest);
-    void unmute(const PullRequestKit::PullRequest& pullRequest);
+
+    void unmute(const PullRequestKit::PullRequest& pullRequest)
+    {
+        _operations.unmute(pullRequest.id.storageKey());
+    }
 
     /// Mutes everything by this author, or nothing more; logins have no letter case.
     void setAuthorMuted(const std::string& login, bool isMuted)
@@ -209,7 +207,7 @@ public:
     void menuOpened();
 
     /// One refresh; returns at once while another one runs. Resumes when it has ended.
-    QCoro::Task<> refresh();
+    QCoro::Task<> refresh() { return _refreshCycle.refresh(); }
 
     /// Asks for the facts of the rows that want some, whatever the settings are; resumes when
     /// nothing is being asked for. Nothing happens before a refresh has brought a list.
@@ -273,10 +271,18 @@ public:
     void setDarkMode(bool isDark) { _operations.set(&Settings::darkMode, isDark); }
 
     void toggleLaunchAtLogin();
-    QCoro::Task<> toggleUnblockedNotifications();
-    QCoro::Task<> toggleNewPullRequestNotifications();
-    QCoro::Task<> toggleYourTurnNotifications();
-    void dismissNotificationSettingsRequired();
+
+    QCoro::Task<> toggleUnblockedNotifications() { return _notifications.toggleUnblocked(); }
+
+    QCoro::Task<> toggleNewPullRequestNotifications()
+    {
+        return _notifications.toggleNewPullRequests();
+    }
+
+    QCoro::Task<> toggleYourTurnNotifications() { return _notifications.toggleYourTurn(); }
+
+    void dismissNotificationSettingsRequired() { _notifications.dismissSettingsChange(); }
+
     void dismissRefreshError();
     void dismissSettingsError();
 
@@ -315,32 +321,27 @@ private:
         std::type_identity_t<Value> value,
         void (PullRequestMenuModel::*changed)());
 
+    void setState(MenuState state);
+    void setSettingsError(std::optional<std::string> error);
     void showLastList();
     void rebuildRows();
     void setRows(ArrangedRows list, HiddenCounts hidden);
     void setRows(ArrangedRows list, HiddenCounts hidden, PullRequestKit::SharedDetails details);
 
-    QCoro::Task<> refreshUntilStopped(std::stop_token stopToken);
-    void begin(const std::stop_token& stopToken);
-    QCoro::Task<> askProvider(std::stop_token stopToken);
-    void cannotAsk(MenuState failure);
-    void accept(RefreshResult result, const RefreshStart& start);
-    void recallBlocked();
-    void rememberBlocked();
-
-    void followTurns();
-    bool usesFacts() const;
-    void askForUsedFacts();
-    void refreshFacts(std::unordered_set<PullRequestKit::PullRequestID> toldAsNew);
-    void factsSettled(bool hitSecondaryLimit);
-    void saveFacts();
-    void recallTurns();
-    void decideTurns();
-    void rememberTurns();
-
+    void refreshBegins();
+    RefreshStart signedIn(const std::optional<std::string>& account);
+    bool accept(RefreshResult result, const RefreshStart& start);
+    void cannotRefresh(const MenuState& failure);
     void schedulePolling();
     void scheduleRefresh(std::chrono::milliseconds delay);
-    QCoro::Task<> refreshWhenIdle(std::chrono::milliseconds delay, std::stop_token stopToken);
+    void scheduleRepositoryRefresh();
+
+    void followFacts();
+    bool usesFacts() const;
+    void askForUsedFacts();
+    void refreshFacts();
+    void factsSettled(bool hitSecondaryLimit);
+    void saveFacts();
 
     void followSettings();
     QCoro::Task<> flushSettingsSoon(std::stop_token stopToken);
@@ -350,7 +351,6 @@ private:
     void endMutes();
     void scheduleMuteEnd();
     QCoro::Task<> endMutesAt(PullRequestKit::Date time, std::stop_token stopToken);
-    std::vector<PullRequestKit::PullRequest> unblockedToTell(PullRequestKit::Date now);
     void showSettingsProblem();
     void readLaunchAtLogin();
 
@@ -361,6 +361,7 @@ private:
     VisitStore _visits;
     SnapshotWriter _snapshotWriter;
     PullRequestNotifications _notifications;
+    RefreshNews _news;
 
     MenuState _state;
     SharedRows _rows;
@@ -370,7 +371,6 @@ private:
     std::vector<PullRequestKit::RepositorySummary> _repositories;
     std::optional<std::string> _account;
     std::optional<PullRequestKit::Date> _lastRefreshed;
-    bool _isRefreshing = false;
     bool _launchAtLoginEnabled = false;
     std::optional<std::string> _settingsError;
     std::optional<std::string> _settingsProblem;  ///< Why the settings are not kept.
@@ -384,26 +384,13 @@ private:
     bool _areFactsUnsaved = false;
     PollingRest _pollingRest;
     bool _hasSnapshot = false;
-    BlockedPullRequests _blocked;
-    bool _hasRecalledBlocked = false;
-    bool _hasBlockedOnDisk = false;
-    bool _isAccepting = false;  ///< What is settled meanwhile is remembered at the end.
-    std::optional<NewPullRequestBaseline> _newPullRequestBaseline;
-    KnownTurns _knownTurns;
-    bool _hasRecalledTurns = false;
-    bool _hasDecidedTurns = false;
-    bool _areTurnsDue = false;      ///< A refresh has ended but for its facts.
-    bool _isDecidingTurns = false;  ///< What is settled meanwhile is remembered at the end.
-    std::unordered_set<PullRequestKit::PullRequestID> _toldAsNew;  ///< By that refresh.
-
-    std::stop_token _runningRefresh;  ///< The one that `_isRefreshing` speaks of.
-    std::stop_source _lifetime;       ///< Stopped when the model goes.
-    CancellableTask _refreshTask;
+    bool _areTurnsDue = false;   ///< A refresh has ended but for its facts.
+    std::stop_source _lifetime;  ///< Stopped when the model goes.
     CancellableTask _flushTask;
     CancellableTask _muteTask;
     std::optional<PullRequestKit::Date> _nextMuteEnd;  ///< What `_muteTask` waits for.
     bool _isFlushDue = false;
-    RefreshEnd _refreshEnd = RefreshEnd::none;
+    RefreshCycle _refreshCycle;
     Polling _polling;
 };
 

@@ -1,6 +1,6 @@
 #include "Tarnwick/StandardCollaborators.h"
 
-#include "GitHubProvider/GhDiscovery.h"
+#include "GitHubProvider/Gh.h"
 #include "GitHubProvider/GitHubProvider.h"
 #include "GitHubProvider/SystemLog.h"
 #include "Tarnwick/Async/SystemClock.h"
@@ -15,7 +15,7 @@
 
 namespace Tarnwick {
 PullRequestMenuModel::Collaborators standardCollaborators(
-    const std::map<std::string, std::string>& environment, std::shared_ptr<ReadAhead> readAhead)
+    const std::map<std::string, std::string>& environment, std::shared_ptr<Preload> preload)
 {
     return {
         .provider = std::make_shared<GitHub::GitHubProvider>(
@@ -27,14 +27,14 @@ PullRequestMenuModel::Collaborators standardCollaborators(
             std::chrono::steady_clock::now,
             std::make_shared<SearchMemoryFile>(
                 SearchMemoryFile::beside(PullRequestDiskCache::defaultFile()))),
-        .defaults = readAhead ? readAhead->defaults() : openStandardDefaults(),
+        .defaults = preload ? preload->defaults() : openStandardDefaults(),
         .cache = PullRequestDiskCache{},
         .notifier = std::make_shared<SilentNotifier>(),
         .loginItem = std::make_shared<AbsentLoginItem>(),
         .clock = std::make_shared<SystemClock>(),
         .navigation = std::make_shared<ExternalNavigation>(
             ExternalNavigation::desktop(environment, [](PanelSearch /*search*/) {})),
-        .readAhead = std::move(readAhead)};
+        .preload = std::move(preload)};
 }
 
 std::shared_ptr<DefaultsStore> openStandardDefaults()

@@ -1,6 +1,6 @@
 #include "Tarnwick/Async/SystemClock.h"
 
-#include "GitHubProvider/FileDescriptor.h"
+#include "GitHubProvider/Process/FileDescriptor.h"
 
 #include <QPromise>
 #include <QSocketNotifier>

@@ -81,14 +81,10 @@ std::optional<std::string> valueOf(std::string_view entry, std::string_view key)
 
 std::filesystem::path file(const GitHub::Environment& environment)
 {
-    const auto valueIn = [&environment](const std::string& name) {
-        const auto found = environment.find(name);
-        return found == environment.end() ? std::string() : found->second;
-    };
     // A folder that is not absolute counts as none.
-    std::filesystem::path folder = valueIn("XDG_CONFIG_HOME");
+    std::filesystem::path folder = GitHub::valueIn(environment, "XDG_CONFIG_HOME");
     if (!folder.is_absolute()) {
-        folder = std::filesystem::path(valueIn("HOME")) / ".config";
+        folder = std::filesystem::path(GitHub::valueIn(environment, "HOME")) / ".config";
     }
     return folder / "autostart" / "dev.tarnwick.Tarnwick.desktop";
 }

@@ -1,35 +1,22 @@
 #include "Tarnwick/Desktop/CodeDiscovery.h"
 
-#include <algorithm>
-#include <iterator>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace Tarnwick {
 
-std::vector<std::filesystem::path> codeCandidates(const GitHub::Environment& environment)
+std::optional<std::filesystem::path> codeExecutable(
+    const GitHub::Environment& environment, const GitHub::IsExecutable& isExecutable)
 {
     const std::string application =
         "/Applications/Visual Studio Code.app/Contents/Resources/app/bin/code";
-    std::vector<std::filesystem::path> candidates{
+    std::vector<std::filesystem::path> places{
         "/usr/local/bin/code", "/opt/homebrew/bin/code", application};
-    if (const auto home = environment.find("HOME"); home != environment.end()) {
-        candidates.emplace_back(home->second + application);
+    if (environment.contains("HOME")) {
+        places.emplace_back(GitHub::valueIn(environment, "HOME") + application);
     }
-    std::ranges::move(
-        GitHub::searchPathCandidates(environment, "code"), std::back_inserter(candidates));
-    return candidates;
-}
-
-std::optional<std::filesystem::path> codeExecutable(
-    const GitHub::Environment& environment,
-    const std::function<bool(const std::filesystem::path&)>& isExecutable)
-{
-    for (std::filesystem::path& candidate : codeCandidates(environment)) {
-        if (isExecutable(candidate)) {
-            return std::move(candidate);
-        }
-    }
-    return std::nullopt;
+    return GitHub::findProgram(environment, "code", isExecutable, std::move(places));
 }
 
 }  // namespace Tarnwick

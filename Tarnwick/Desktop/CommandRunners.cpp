@@ -1,6 +1,6 @@
 #include "Tarnwick/Desktop/CommandRunners.h"
 
-#include "GitHubProvider/ProcessCommandRunner.h"
+#include "GitHubProvider/Process/ProcessCommandRunner.h"
 
 namespace Tarnwick {
 

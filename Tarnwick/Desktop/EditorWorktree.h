@@ -1,6 +1,6 @@
 #pragma once
 
-#include "GitHubProvider/CommandRunning.h"
+#include "GitHubProvider/Process/CommandRunning.h"
 #include "Tarnwick/Desktop/WorktreeListing.h"
 
 #include <QCoro/QCoroTask>

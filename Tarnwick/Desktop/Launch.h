@@ -1,6 +1,6 @@
 #pragma once
 
-#include "GitHubProvider/GhDiscovery.h"
+#include "GitHubProvider/Process/Environment.h"
 
 #include <filesystem>
 #include <string>

@@ -7,7 +7,7 @@
 namespace Tarnwick {
 namespace {
 
-using IsExecutable = std::function<bool(const std::filesystem::path&)>;
+using GitHub::IsExecutable;
 
 struct Pane {
     std::string_view desktop;
@@ -29,9 +29,8 @@ constexpr std::array panes{
 std::optional<Launch> installed(
     const Pane& pane, const GitHub::Environment& environment, const IsExecutable& isExecutable)
 {
-    const auto candidates = GitHub::searchPathCandidates(environment, pane.program);
-    const auto found = std::ranges::find_if(candidates, isExecutable);
-    if (found == candidates.end()) {
+    const auto found = GitHub::findProgram(environment, pane.program, isExecutable);
+    if (!found) {
         return std::nullopt;
     }
     Launch launch;
@@ -64,8 +63,8 @@ std::optional<Launch> notificationSettingsPane(
     const GitHub::Environment& environment, const IsExecutable& isExecutable)
 {
     // A list, most particular name first, such as "ubuntu:GNOME".
-    const auto variable = environment.find("XDG_CURRENT_DESKTOP");
-    std::string_view rest = variable == environment.end() ? std::string_view() : variable->second;
+    const std::string desktops = GitHub::valueIn(environment, "XDG_CURRENT_DESKTOP");
+    std::string_view rest = desktops;
     while (!rest.empty()) {
         const std::size_t end = std::min(rest.find(':'), rest.size());
         if (auto launch = paneOf(rest.substr(0, end), environment, isExecutable)) {

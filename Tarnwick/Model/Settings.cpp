@@ -64,7 +64,7 @@ Settings SettingsStore::changeSelection(const std::function<void(std::set<std::s
     Settings changed;
     _defaults.change([&] {
         changed = this->change([&](Settings& settings) { change(settings.selectedRepositories); });
-        writeSelection(_defaults, changed.selectedRepositories);
+        persistRepositories(_defaults, changed.selectedRepositories);
     });
     return changed;
 }
@@ -102,7 +102,7 @@ bool SettingsStore::resetUnconfiguredSelection()
     _defaults.change([&] {
         isReset = !readFlag(_defaults, SettingsKeys::repositoriesConfigured).value_or(false);
         if (isReset) {
-            writeSelection(_defaults, {});
+            persistRepositories(_defaults, {});
         }
     });
     return isReset;

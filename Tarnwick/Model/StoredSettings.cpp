@@ -280,11 +280,11 @@ void writeDifferences(
     });
     writeMutes(defaults, before.mutes, after.mutes);
     if (before.selectedRepositories != after.selectedRepositories) {
-        writeSelection(defaults, after.selectedRepositories);
+        persistRepositories(defaults, after.selectedRepositories);
     }
 }
 
-void writeSelection(DefaultsStore& defaults, const std::set<std::string>& names)
+void persistRepositories(DefaultsStore& defaults, const std::set<std::string>& names)
 {
     writeTextList(defaults, Keys::repositories, listOf(names));
     writeFlag(defaults, Keys::repositoriesConfigured, true);

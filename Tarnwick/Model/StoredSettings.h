@@ -30,6 +30,6 @@ void writeDifferences(
     const std::optional<std::string_view>& chosen);
 
 /// Writes the selection, and that there is one.
-void writeSelection(DefaultsStore& defaults, const std::set<std::string>& names);
+void persistRepositories(DefaultsStore& defaults, const std::set<std::string>& names);
 
 }  // namespace Tarnwick

@@ -1,10 +1,8 @@
 #include "Tarnwick/Persistence/BlockedPullRequestsFile.h"
 
-#include "PullRequestKit/Json/Reading.h"
-#include "PullRequestKit/Json/Writing.h"
-#include "Tarnwick/Persistence/Files.h"
+#include "Tarnwick/Persistence/JsonFile.h"
 
-#include <system_error>
+#include <utility>
 
 namespace Tarnwick {
 namespace {
@@ -52,28 +50,14 @@ void BlockedPullRequestsFile::save(const BlockedPullRequests& blocked) const
 {
     const Document document{
         .version = currentVersion, .updatedAt = blocked.updatedAt, .blocked = blocked.entries};
-    try {
-        Files::replace(path, PullRequestKit::Json::encode(document), Files::ownerOnly);
-    } catch (const std::system_error& error) {
-        throw CacheWriteError(
-            "The blocked pull requests could not be kept in " + path.string() + ": "
-            + error.code().message() + ".");
-    }
+    JsonFile::save(document, path, "The blocked pull requests");
 }
 
 BlockedPullRequests BlockedPullRequestsFile::load() const noexcept
 {
-    try {
-        if (const auto text = Files::read(path, largestFile)) {
-            auto document = PullRequestKit::Json::decode<Document>(*text);
-            if (document.version == currentVersion) {
-                return {document.updatedAt, std::move(document.blocked)};
-            }
-        }
-    } catch (const std::exception&) {
-        return {};
-    }
-    return {};
+    auto document = JsonFile::loadVersion<Document>(currentVersion, path, largestFile);
+    return document ? BlockedPullRequests{document->updatedAt, std::move(document->blocked)}
+                    : BlockedPullRequests();
 }
 
 }  // namespace Tarnwick

@@ -16,6 +16,8 @@
 namespace Tarnwick::Files {
 namespace {
 
+using GitHub::FileDescriptor;
+
 [[noreturn]] void throwError(int reason)
 {
     throw std::system_error(reason, std::generic_category());
@@ -35,23 +37,6 @@ auto checked(const Call& call)
     }
     return result;
 }
-
-class Descriptor {
-public:
-    explicit Descriptor(int number)
-        : _number(number)
-    {}
-
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    ~Descriptor() { close(_number); }
-
-    int number() const { return _number; }
-
-private:
-    int _number;
-};
 
 constexpr std::string_view upperCase = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 constexpr std::string_view lowerCase = "abcdefghijklmnopqrstuvwxyz";
@@ -145,13 +130,13 @@ private:
 
     std::filesystem::path _target;
     std::string _name;
-    Descriptor _file;
+    FileDescriptor _file;
     bool _isInPlace = false;
 };
 
-int openFolder(const std::filesystem::path& folder)
+FileDescriptor openFolder(const std::filesystem::path& folder)
 {
-    return checked([&] { return open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
+    return FileDescriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
 }
 
 bool isSame(const timespec& one, const timespec& other)
@@ -159,7 +144,7 @@ bool isSame(const timespec& one, const timespec& other)
     return one.tv_sec == other.tv_sec && one.tv_nsec == other.tv_nsec;
 }
 
-struct stat statusOf(const Descriptor& file)
+struct stat statusOf(const FileDescriptor& file)
 {
     struct stat status{};
     checked([&] { return fstat(file.number(), &status); });
@@ -178,10 +163,8 @@ std::filesystem::path withFolder(const std::filesystem::path& path)
 /// synchronised: the new file is in place.
 void synchronizeFolder(const std::filesystem::path& folder)
 {
-    const int number = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (number >= 0) {
-        const Descriptor descriptor(number);
-        fsync(number);
+    if (const FileDescriptor descriptor = openFolder(folder); descriptor.isOpen()) {
+        fsync(descriptor.number());
     }
 }
 
@@ -213,14 +196,13 @@ void removeLeftovers(const std::filesystem::path& target)
 
 std::optional<std::string> read(const std::filesystem::path& path, std::size_t limit)
 {
-    const int number = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (number < 0) {
+    const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.isOpen()) {
         if (errno == ENOENT) {
             return std::nullopt;
         }
         throwError(errno);
     }
-    const Descriptor file(number);
     const struct stat status = statusOf(file);
     if (!S_ISREG(status.st_mode)) {
         throwError(S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
@@ -231,8 +213,9 @@ std::optional<std::string> read(const std::filesystem::path& path, std::size_t l
     std::string contents(static_cast<std::size_t>(status.st_size), '\0');
     std::size_t length = 0;
     while (length < contents.size()) {
-        const auto count = checked(
-            [&] { return ::read(number, contents.data() + length, contents.size() - length); });
+        const auto count = checked([&] {
+            return ::read(file.number(), contents.data() + length, contents.size() - length);
+        });
         if (count == 0) {
             break;
         }
@@ -270,20 +253,18 @@ bool Stamp::operator==(const Stamp& other) const
 FolderLock::FolderLock(const std::filesystem::path& file)
     : _folder(openFolder(withFolder(file).parent_path()))
 {
+    if (!_folder.isOpen()) {
+        throwError(errno);
+    }
     constexpr std::chrono::milliseconds pause{1};
     const auto deadline = std::chrono::steady_clock::now() + limit;
-    while (flock(_folder, LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || errno == EINTR)) {
+    while (flock(_folder.number(), LOCK_EX | LOCK_NB) != 0
+           && (errno == EWOULDBLOCK || errno == EINTR)) {
         if (std::chrono::steady_clock::now() >= deadline) {
-            close(_folder);
             throwError(EBUSY);
         }
         std::this_thread::sleep_for(pause);
     }
-}
-
-FolderLock::~FolderLock()
-{
-    close(_folder);
 }
 
 }  // namespace Tarnwick::Files

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "GitHubProvider/Process/FileDescriptor.h"
+
 #include <chrono>
 #include <cstddef>
 #include <filesystem>
@@ -50,12 +52,9 @@ public:
     static constexpr std::chrono::seconds limit{5};
 
     explicit FolderLock(const std::filesystem::path& file);
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
-    ~FolderLock();
 
 private:
-    int _folder;
+    GitHub::FileDescriptor _folder;
 };
 
 }  // namespace Tarnwick::Files

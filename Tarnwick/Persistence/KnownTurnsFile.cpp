@@ -1,12 +1,9 @@
 #include "Tarnwick/Persistence/KnownTurnsFile.h"
 
-#include "PullRequestKit/Json/Reading.h"
-#include "PullRequestKit/Json/Writing.h"
 #include "PullRequestKit/TurnWording.h"
-#include "Tarnwick/Persistence/Files.h"
+#include "Tarnwick/Persistence/JsonFile.h"
 
 #include <cstdint>
-#include <system_error>
 #include <utility>
 
 namespace Tarnwick {
@@ -63,31 +60,15 @@ void KnownTurnsFile::save(const KnownTurns& turns) const
         .updatedAt = turns.updatedAt,
         .scope = turns.scope,
         .pullRequests = turns.entries};
-    try {
-        Files::replace(path, PullRequestKit::Json::encode(document), Files::ownerOnly);
-    } catch (const std::system_error& error) {
-        throw CacheWriteError(
-            "Whose turn it was could not be kept in " + path.string() + ": "
-            + error.code().message() + ".");
-    }
+    JsonFile::save(document, path, "Whose turn it was");
 }
 
 KnownTurns KnownTurnsFile::load() const noexcept
 {
-    try {
-        if (const auto text = Files::read(path, largestFile)) {
-            auto document = PullRequestKit::Json::decode<TurnsDocument>(*text);
-            if (document.version == currentVersion) {
-                return {
-                    std::move(document.scope),
-                    document.updatedAt,
-                    std::move(document.pullRequests)};
-            }
-        }
-    } catch (const std::exception&) {
-        return {};
-    }
-    return {};
+    auto document = JsonFile::loadVersion<TurnsDocument>(currentVersion, path, largestFile);
+    return document
+               ? KnownTurns{std::move(document->scope), document->updatedAt, std::move(document->pullRequests)}
+               : KnownTurns();
 }
 
 }  // namespace Tarnwick

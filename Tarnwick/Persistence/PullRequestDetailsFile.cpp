@@ -1,12 +1,10 @@
 #include "Tarnwick/Persistence/PullRequestDetailsFile.h"
 
-#include "PullRequestKit/Json/Reading.h"
-#include "PullRequestKit/Json/Writing.h"
-#include "Tarnwick/Persistence/Files.h"
+#include "Tarnwick/Persistence/JsonFile.h"
 
 #include <iterator>
+#include <stdexcept>
 #include <string_view>
-#include <system_error>
 #include <unordered_map>
 #include <utility>
 
@@ -122,31 +120,18 @@ PullRequestDetailsFile PullRequestDetailsFile::beside(const PullRequestDiskCache
 void PullRequestDetailsFile::save(
     const CachedPullRequestSnapshot& snapshot, const DetailsByID& details) const
 {
-    const std::string text = PullRequestKit::Json::encode(keptForm(snapshot, details));
-    try {
-        Files::replace(fileURL, text, Files::ownerOnly);
-    } catch (const std::system_error& error) {
-        throw CacheWriteError(
-            "The details of the pull requests could not be kept in " + fileURL.string() + ": "
-            + error.code().message() + ".");
-    }
+    JsonFile::save(keptForm(snapshot, details), fileURL, "The details of the pull requests");
 }
 
 DetailsByID PullRequestDetailsFile::load(const CachedPullRequestSnapshot& snapshot) const noexcept
 {
     try {
-        const auto text = Files::read(fileURL, largestFile);
-        if (!text) {
-            return {};
-        }
-        auto kept = PullRequestKit::Json::decode<KeptPullRequests>(*text);
+        auto kept = JsonFile::loadVersion<KeptPullRequests>(
+            KeptPullRequests::currentVersion, fileURL, largestFile);
         // Of two processes that refresh at the same time, each may have written one of the files.
-        if (kept.version != KeptPullRequests::currentVersion
-            || kept.refreshedAt != snapshot.refreshedAt) {
-            return {};
-        }
-        return detailsOf(std::move(kept));
-    } catch (const std::exception&) {
+        return kept && kept->refreshedAt == snapshot.refreshedAt ? detailsOf(*std::move(kept))
+                                                                 : DetailsByID();
+    } catch (const std::out_of_range&) {
         return {};
     }
 }

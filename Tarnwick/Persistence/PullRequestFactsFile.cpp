@@ -1,12 +1,9 @@
 #include "Tarnwick/Persistence/PullRequestFactsFile.h"
 
-#include "PullRequestKit/Json/Reading.h"
-#include "PullRequestKit/Json/Writing.h"
-#include "Tarnwick/Persistence/Files.h"
+#include "Tarnwick/Persistence/JsonFile.h"
 
 #include <cstdint>
 #include <memory>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -131,35 +128,21 @@ void PullRequestFactsFile::save(const KeptFacts& kept) const
             document.pullRequests.push_back({id, facts});
         }
     }
-    try {
-        Files::replace(path, Json::encode(document), Files::ownerOnly);
-    } catch (const std::system_error& error) {
-        throw CacheWriteError(
-            "The facts of the pull requests could not be kept in " + path.string() + ": "
-            + error.code().message() + ".");
-    }
+    JsonFile::save(document, path, "The facts of the pull requests");
 }
 
 KeptFacts PullRequestFactsFile::load() const noexcept
 {
-    try {
-        const auto text = Files::read(path, largestFile);
-        if (!text) {
-            return {};
-        }
-        auto document = Json::decode<Document>(*text);
-        if (document.version != currentVersion) {
-            return {};
-        }
-        FactsByID facts;
-        facts.reserve(document.pullRequests.size());
-        for (Entry& entry : document.pullRequests) {
-            facts.insert_or_assign(std::move(entry.id), std::move(entry.facts));
-        }
-        return {std::make_shared<const FactsByID>(std::move(facts)), document.quota};
-    } catch (const std::exception&) {
+    auto document = JsonFile::loadVersion<Document>(currentVersion, path, largestFile);
+    if (!document) {
         return {};
     }
+    FactsByID facts;
+    facts.reserve(document->pullRequests.size());
+    for (Entry& entry : document->pullRequests) {
+        facts.insert_or_assign(std::move(entry.id), std::move(entry.facts));
+    }
+    return {std::make_shared<const FactsByID>(std::move(facts)), document->quota};
 }
 
 }  // namespace Tarnwick

@@ -1,10 +1,7 @@
 #include "Tarnwick/Persistence/SearchMemoryFile.h"
 
-#include "PullRequestKit/Json/Reading.h"
-#include "PullRequestKit/Json/Writing.h"
-#include "Tarnwick/Persistence/Files.h"
+#include "Tarnwick/Persistence/JsonFile.h"
 
-#include <exception>
 #include <utility>
 
 namespace Tarnwick {
@@ -22,22 +19,16 @@ std::filesystem::path SearchMemoryFile::beside(const std::filesystem::path& cach
 
 SearchKnowledge SearchMemoryFile::load() const
 {
-    try {
-        if (const auto text = Files::read(_file, largestFile)) {
-            return PullRequestKit::Json::decode<SearchKnowledge>(*text);
-        }
-    } catch (const std::exception&) {
-        return SearchMemory::load();
-    }
-    return SearchMemory::load();
+    const auto knowledge = JsonFile::load<SearchKnowledge>(_file, largestFile);
+    return knowledge ? *knowledge : SearchMemory::load();
 }
 
 void SearchMemoryFile::save(const SearchKnowledge& knowledge)
 {
     SearchMemory::save(knowledge);
     try {
-        Files::replace(_file, PullRequestKit::Json::encode(knowledge), Files::ownerOnly);
-    } catch (const std::exception&) {
+        JsonFile::save(knowledge, _file, "What is known of the search");
+    } catch (const CacheWriteError&) {
         return;
     }
 }

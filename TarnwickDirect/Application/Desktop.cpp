@@ -3,10 +3,10 @@
 #include "Tarnwick/DesktopCollaborators.h"
 #include "Tarnwick/Interface/Look/AppResources.h"
 #include "Tarnwick/Interface/Panel/PanelDismissal.h"
+#include "Tarnwick/StandardCollaborators.h"
 #include "TarnwickDirect/Application/ApplicationService.h"
 #include "TarnwickDirect/Application/Display.h"
 #include "TarnwickDirect/Application/ExitGuard.h"
-#include "TarnwickDirect/Application/HeadStart.h"
 #include "TarnwickDirect/Application/SingleInstance.h"
 #include "TarnwickDirect/Application/TarnwickDirectApp.h"
 #include "TarnwickDirect/CommandLine/Interruption.h"
@@ -20,7 +20,11 @@
 #include <QIcon>
 #include <QSessionManager>
 
+#include <memory>
 #include <stdexcept>
+#include <utility>
+
+#include <fontconfig/fontconfig.h>
 
 namespace TarnwickDirect {
 namespace {
@@ -62,12 +66,12 @@ int runFirst(
     const QDBusConnection& bus,
     ApplicationService& service,
     const Interruption& interruption,
-    HeadStart& headStart)
+    std::shared_ptr<Tarnwick::Preload> preload)
 {
     describeApplication();
-    auto collaborators = Tarnwick::desktopCollaborators(
-        environment(), bus, Tarnwick::dismissPanel, headStart.readAhead());
-    headStart.waitForFonts();
+    auto collaborators =
+        Tarnwick::desktopCollaborators(environment(), bus, Tarnwick::dismissPanel, preload);
+    preload->waitForFonts();
     TarnwickDirectApp app(std::move(collaborators), bus, service, makeUpdater);
     setIconOnceShown(app.window());
     const ExitGuard exitGuard([&app] { app.stop(); });
@@ -92,7 +96,9 @@ int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int a
         throw std::runtime_error("There is no display to show the panel on; \"tarnwick list\" "
                                  "prints the pull requests.");
     }
-    HeadStart headStart;
+    // Qt looks for fonts on the main thread, too, and then finds that done.
+    auto preload = std::make_shared<Tarnwick::Preload>(
+        &Tarnwick::openStandardDefaults, Tarnwick::PullRequestDiskCache{}, [] { FcInit(); });
     const Wish wish{.manner = command.manner, .platformData = PlatformData::fromEnvironment()};
     const QApplication application(argc, argv);
     const Interruption interruption;
@@ -106,7 +112,7 @@ int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int a
         X11::endStartup(wish.platformData.startupId.toUtf8());
         return 0;
     }
-    const int status = runFirst(wish, makeUpdater, bus, service, interruption, headStart);
+    const int status = runFirst(wish, makeUpdater, bus, service, interruption, std::move(preload));
     settle();
     if (interruption.signal()) {
         interruption.endProcess();

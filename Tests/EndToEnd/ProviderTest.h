@@ -1,8 +1,8 @@
 #pragma once
 
-#include "GitHubProvider/GhDiscovery.h"
+#include "GitHubProvider/Gh.h"
 #include "GitHubProvider/GitHubProvider.h"
-#include "GitHubProvider/ProcessCommandRunner.h"
+#include "GitHubProvider/Process/ProcessCommandRunner.h"
 #include "Support/SampleGitHubFixture.h"
 
 #include <chrono>

@@ -3,8 +3,8 @@
 #include "ProviderTest.h"
 #include "PullRequestKit/Errors.h"
 
-#include <ostream>
 #include <system_error>
+#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -166,80 +166,64 @@ struct OlderCase {
     const char* standardOutput;
     const char* standardError;
     AuthenticationStatus expected;
-
-    friend void PrintTo(const OlderCase& instance, std::ostream* out) { *out << instance.name; }
 };
 
-class OlderGh
-    : public Authentication
-    , public testing::WithParamInterface<OlderCase> {};
-
-TEST_P(OlderGh, answersWithoutTheFlag)
+TEST_F(Authentication, anOlderGhAnswersWithoutTheFlag)
 {
-    runner->ends(1, "", unknownFlag);
-    runner->ends(GetParam().status, GetParam().standardOutput, GetParam().standardError);
-    EXPECT_EQ(status(), GetParam().expected);
+    const std::vector<OlderCase> cases{
+        {"asNameOnStandardOutput",
+         0,
+         "git.example\n  ✓ Logged in to git.example as octo (GH_TOKEN)\n",
+         "",
+         authenticated("octo")},
+        {"accountNameOnStandardError",
+         0,
+         "",
+         "git.example\n  ✓ Logged in to git.example account octo (keyring)\n",
+         authenticated("octo")},
+        {"accountNameOnStandardOutput",
+         0,
+         "git.example\n  ✓ Logged in to git.example account octo (keyring)\n",
+         "",
+         authenticated("octo")},
+        {"noName", 0, "used as before\n", "", authenticated(std::nullopt)},
+        {"badLoginWithExitZero",
+         0,
+         "git.example\n  X Failed to log in to git.example account octo (keyring)\n"
+         "  - The token is invalid.\n",
+         "",
+         notAuthenticated("git.example\n  X Failed to log in to git.example account octo "
+                          "(keyring)\n  - The token is invalid.")},
+        {"badLoginWithExitZeroOnStandardError",
+         0,
+         "",
+         "X Failed to log in to git.example using token (GH_TOKEN)\n",
+         notAuthenticated("X Failed to log in to git.example using token (GH_TOKEN)")},
+        {"badLoginOfAnotherThanTheActiveAccount",
+         0,
+         "✓ Logged in to git.example account octo (keyring)\n"
+         "X Failed to log in to git.example account cat (keyring)\n",
+         "",
+         authenticated("octo")},
+        {"signedOut",
+         1,
+         "",
+         "You are not logged into any GitHub hosts. Run gh auth login to authenticate.\n",
+         notAuthenticated("You are not logged into any GitHub hosts. Run gh auth login to "
+                          "authenticate.")},
+        {"signedOutOnStandardOutput",
+         1,
+         "X git.example: authentication failed\n",
+         "",
+         notAuthenticated("X git.example: authentication failed")},
+        {"silence", 1, "", "", notAuthenticated("GitHub CLI is not logged in.")}};
+    for (const OlderCase& each : cases) {
+        SCOPED_TRACE(each.name);
+        runner->ends(1, "", unknownFlag);
+        runner->ends(each.status, each.standardOutput, each.standardError);
+        EXPECT_EQ(status(), each.expected);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Answers,
-    OlderGh,
-    testing::Values(
-        OlderCase{
-            "asNameOnStandardOutput",
-            0,
-            "git.example\n  ✓ Logged in to git.example as octo (GH_TOKEN)\n",
-            "",
-            authenticated("octo")},
-        OlderCase{
-            "accountNameOnStandardError",
-            0,
-            "",
-            "git.example\n  ✓ Logged in to git.example account octo (keyring)\n",
-            authenticated("octo")},
-        OlderCase{
-            "accountNameOnStandardOutput",
-            0,
-            "git.example\n  ✓ Logged in to git.example account octo (keyring)\n",
-            "",
-            authenticated("octo")},
-        OlderCase{"noName", 0, "used as before\n", "", authenticated(std::nullopt)},
-        OlderCase{
-            "badLoginWithExitZero",
-            0,
-            "git.example\n  X Failed to log in to git.example account octo (keyring)\n"
-            "  - The token is invalid.\n",
-            "",
-            notAuthenticated("git.example\n  X Failed to log in to git.example account octo "
-                             "(keyring)\n  - The token is invalid.")},
-        OlderCase{
-            "badLoginWithExitZeroOnStandardError",
-            0,
-            "",
-            "X Failed to log in to git.example using token (GH_TOKEN)\n",
-            notAuthenticated("X Failed to log in to git.example using token (GH_TOKEN)")},
-        OlderCase{
-            "badLoginOfAnotherThanTheActiveAccount",
-            0,
-            "✓ Logged in to git.example account octo (keyring)\n"
-            "X Failed to log in to git.example account cat (keyring)\n",
-            "",
-            authenticated("octo")},
-        OlderCase{
-            "signedOut",
-            1,
-            "",
-            "You are not logged into any GitHub hosts. Run gh auth login to authenticate.\n",
-            notAuthenticated("You are not logged into any GitHub hosts. Run gh auth login to "
-                             "authenticate.")},
-        OlderCase{
-            "signedOutOnStandardOutput",
-            1,
-            "X git.example: authentication failed\n",
-            "",
-            notAuthenticated("X git.example: authentication failed")},
-        OlderCase{"silence", 1, "", "", notAuthenticated("GitHub CLI is not logged in.")}),
-    [](const auto& instance) { return instance.param.name; });
 
 TEST_F(Authentication, aFailureOfTheSecondRunIsUnavailableToo)
 {

@@ -2,7 +2,7 @@
 
 #include "PullRequestKit/Json/Reading.h"
 
-#include <ostream>
+#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -113,77 +113,63 @@ struct NewerCase {
     const char* second;
     bool isFirstNewer;
     bool isSecondNewer;
-
-    friend void PrintTo(const NewerCase& instance, std::ostream* out) { *out << instance.name; }
 };
 
-class NewerCheckContext : public testing::TestWithParam<NewerCase> {};
-
-TEST_P(NewerCheckContext, isDecidedByTheFirstRuleThatTells)
+TEST(NewerCheckContext, isDecidedByTheFirstRuleThatTells)
 {
-    using PullRequestKit::Json::decode;
-    const auto first = decode<CheckContext>(GetParam().first);
-    const auto second = decode<CheckContext>(GetParam().second);
-    EXPECT_EQ(first.isNewer(second), GetParam().isFirstNewer);
-    EXPECT_EQ(second.isNewer(first), GetParam().isSecondNewer);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rules,
-    NewerCheckContext,
-    testing::Values(
-        NewerCase{
-            "largerDatabaseIdWinsOverLaterTime",
-            R"({"databaseId": 2, "startedAt": "2024-05-01T10:00:00Z"})",
-            R"({"databaseId": 1, "startedAt": "2024-05-01T11:00:00Z"})",
-            true,
-            false},
-        NewerCase{
-            "largerRunIdWinsOverLargerAttempt",
-            R"({"databaseId": 1, "checkSuite": {"workflowRun": {"databaseId": 9, "runAttempt": 1}}})",
-            R"({"databaseId": 1, "checkSuite": {"workflowRun": {"databaseId": 8, "runAttempt": 5}}})",
-            true,
-            false},
-        NewerCase{
-            "largerAttemptOfTheSameRunWinsOverLaterTime",
-            R"({"startedAt": "2024-05-01T10:00:00Z",
+    const std::vector<NewerCase> cases{
+        {"largerDatabaseIdWinsOverLaterTime",
+         R"({"databaseId": 2, "startedAt": "2024-05-01T10:00:00Z"})",
+         R"({"databaseId": 1, "startedAt": "2024-05-01T11:00:00Z"})",
+         true,
+         false},
+        {"largerRunIdWinsOverLargerAttempt",
+         R"({"databaseId": 1, "checkSuite": {"workflowRun": {"databaseId": 9, "runAttempt": 1}}})",
+         R"({"databaseId": 1, "checkSuite": {"workflowRun": {"databaseId": 8, "runAttempt": 5}}})",
+         true,
+         false},
+        {"largerAttemptOfTheSameRunWinsOverLaterTime",
+         R"({"startedAt": "2024-05-01T10:00:00Z",
                 "checkSuite": {"workflowRun": {"databaseId": 9, "runAttempt": 2}}})",
-            R"({"startedAt": "2024-05-01T11:00:00Z",
+         R"({"startedAt": "2024-05-01T11:00:00Z",
                 "checkSuite": {"workflowRun": {"databaseId": 9, "runAttempt": 1}}})",
-            true,
-            false},
-        NewerCase{
-            "attemptsOfRunsWithoutIdDoNotTell",
-            R"({"startedAt": "2024-05-01T10:00:00Z", "checkSuite": {"workflowRun": {"runAttempt": 2}}})",
-            R"({"startedAt": "2024-05-01T11:00:00Z", "checkSuite": {"workflowRun": {"runAttempt": 1}}})",
-            false,
-            true},
-        NewerCase{
-            "oneDatabaseIdAloneDoesNotTell",
-            R"({"databaseId": 5, "createdAt": "2024-05-01T10:00:00Z"})",
-            R"({"createdAt": "2024-05-01T11:00:00Z"})",
-            false,
-            true},
-        NewerCase{
-            "startedComesBeforeCompletedAndCreated",
-            R"({"startedAt": "2024-05-01T10:00:00Z", "completedAt": "2024-05-01T13:00:00Z",
+         true,
+         false},
+        {"attemptsOfRunsWithoutIdDoNotTell",
+         R"({"startedAt": "2024-05-01T10:00:00Z", "checkSuite": {"workflowRun": {"runAttempt": 2}}})",
+         R"({"startedAt": "2024-05-01T11:00:00Z", "checkSuite": {"workflowRun": {"runAttempt": 1}}})",
+         false,
+         true},
+        {"oneDatabaseIdAloneDoesNotTell",
+         R"({"databaseId": 5, "createdAt": "2024-05-01T10:00:00Z"})",
+         R"({"createdAt": "2024-05-01T11:00:00Z"})",
+         false,
+         true},
+        {"startedComesBeforeCompletedAndCreated",
+         R"({"startedAt": "2024-05-01T10:00:00Z", "completedAt": "2024-05-01T13:00:00Z",
                 "createdAt": "2024-05-01T14:00:00Z"})",
-            R"({"completedAt": "2024-05-01T11:00:00Z", "createdAt": "2024-05-01T09:00:00Z"})",
-            false,
-            true},
-        NewerCase{
-            "oneTimeAloneDoesNotTell",
-            R"({"startedAt": "2024-05-01T10:00:00Z"})",
-            R"({})",
-            false,
-            false},
-        NewerCase{
-            "aFullTieIsNotNewer",
-            R"({"databaseId": 1, "startedAt": "2024-05-01T10:00:00Z"})",
-            R"({"databaseId": 1, "startedAt": "2024-05-01T10:00:00Z"})",
-            false,
-            false}),
-    [](const auto& instance) { return instance.param.name; });
+         R"({"completedAt": "2024-05-01T11:00:00Z", "createdAt": "2024-05-01T09:00:00Z"})",
+         false,
+         true},
+        {"oneTimeAloneDoesNotTell",
+         R"({"startedAt": "2024-05-01T10:00:00Z"})",
+         R"({})",
+         false,
+         false},
+        {"aFullTieIsNotNewer",
+         R"({"databaseId": 1, "startedAt": "2024-05-01T10:00:00Z"})",
+         R"({"databaseId": 1, "startedAt": "2024-05-01T10:00:00Z"})",
+         false,
+         false}};
+    for (const NewerCase& each : cases) {
+        SCOPED_TRACE(each.name);
+        using PullRequestKit::Json::decode;
+        const auto first = decode<CheckContext>(each.first);
+        const auto second = decode<CheckContext>(each.second);
+        EXPECT_EQ(first.isNewer(second), each.isFirstNewer);
+        EXPECT_EQ(second.isNewer(first), each.isSecondNewer);
+    }
+}
 
 TEST(EffectiveContexts, looseEntriesComeFirstAndAllStay)
 {

@@ -5,8 +5,8 @@
 
 #include <cstdlib>
 #include <ctime>
-#include <ostream>
 #include <system_error>
+#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -129,67 +129,50 @@ struct AnswerCase {
     const char* name;
     const char* errors;
     std::optional<std::string> expected;
-
-    friend void PrintTo(const AnswerCase& instance, std::ostream* out) { *out << instance.name; }
 };
 
-class RefusedQuestion : public testing::TestWithParam<AnswerCase> {};
-
-TEST_P(RefusedQuestion, isJudgedByWhatGhPrints)
-{
-    EXPECT_EQ(obstacle(1, "", GetParam().errors), GetParam().expected);
-}
-
 // As gh 2.23 and 2.46 print them.
-INSTANTIATE_TEST_SUITE_P(
-    Answers,
-    RefusedQuestion,
-    testing::Values(
-        AnswerCase{"badToken", "gh: Bad credentials (HTTP 401)\n", std::nullopt},
-        AnswerCase{
-            "noToken",
-            "To get started with GitHub CLI, please run:  gh auth login\n",
-            std::nullopt},
-        AnswerCase{"limit", "gh: API rate limit exceeded for user ID 583231. (HTTP 403)\n", usedUp},
-        AnswerCase{
-            "secondaryLimit", "gh: You have exceeded a secondary rate limit. (HTTP 403)\n", usedUp},
-        AnswerCase{"tooMany", "gh: Too Many Requests (HTTP 429)\n", usedUp},
-        AnswerCase{
-            "suspended", "gh: Sorry. Your account was suspended. (HTTP 403)\n", std::nullopt},
-        AnswerCase{"serverError", "gh: Server Error (HTTP 500)\n", std::nullopt},
-        AnswerCase{"badGateway", "gh: Bad Gateway (HTTP 502)\n", unreachable},
-        AnswerCase{"unavailable", "gh: Service Unavailable (HTTP 503)\n", unreachable},
-        AnswerCase{"gatewayTimeOut", "gh: Gateway Timeout (HTTP 504)\n", unreachable},
-        AnswerCase{
-            "unknownHost",
-            "error connecting to api.github.com\n"
-            "check your internet connection or https://githubstatus.com\n",
-            unreachable},
-        AnswerCase{
-            "connectionRefused",
-            "Get \"https://api.github.com/rate_limit\": proxyconnect tcp: dial tcp 127.0.0.1:9: "
-            "connect: connection refused\n",
-            unreachable},
-        AnswerCase{
-            "noTls",
-            "Get \"https://api.github.com/rate_limit\": tls: first record does not look like a TLS "
-            "handshake\n",
-            unreachable},
-        AnswerCase{
-            "foreignCertificate",
-            "Get \"https://api.github.com/rate_limit\": tls: failed to verify certificate: x509: "
-            "certificate is not valid for any names, but wanted to match api.github.com\n",
-            unreachable},
-        AnswerCase{
-            "connectionEnds", "Get \"https://api.github.com/rate_limit\": EOF\n", unreachable},
-        AnswerCase{"connectionEndsInTheAnswer", "unexpected EOF\n", unreachable},
-        AnswerCase{
-            "proxyWantsAPassword",
-            "Get \"https://api.github.com/rate_limit\": Proxy Authentication Required\n",
-            unreachable},
-        AnswerCase{"something", "something else\n", std::nullopt},
-        AnswerCase{"silence", "", std::nullopt}),
-    [](const auto& instance) { return instance.param.name; });
+TEST(RefusedQuestion, isJudgedByWhatGhPrints)
+{
+    const std::vector<AnswerCase> cases{
+        {"badToken", "gh: Bad credentials (HTTP 401)\n", std::nullopt},
+        {"noToken", "To get started with GitHub CLI, please run:  gh auth login\n", std::nullopt},
+        {"limit", "gh: API rate limit exceeded for user ID 583231. (HTTP 403)\n", usedUp},
+        {"secondaryLimit", "gh: You have exceeded a secondary rate limit. (HTTP 403)\n", usedUp},
+        {"tooMany", "gh: Too Many Requests (HTTP 429)\n", usedUp},
+        {"suspended", "gh: Sorry. Your account was suspended. (HTTP 403)\n", std::nullopt},
+        {"serverError", "gh: Server Error (HTTP 500)\n", std::nullopt},
+        {"badGateway", "gh: Bad Gateway (HTTP 502)\n", unreachable},
+        {"unavailable", "gh: Service Unavailable (HTTP 503)\n", unreachable},
+        {"gatewayTimeOut", "gh: Gateway Timeout (HTTP 504)\n", unreachable},
+        {"unknownHost",
+         "error connecting to api.github.com\n"
+         "check your internet connection or https://githubstatus.com\n",
+         unreachable},
+        {"connectionRefused",
+         "Get \"https://api.github.com/rate_limit\": proxyconnect tcp: dial tcp 127.0.0.1:9: "
+         "connect: connection refused\n",
+         unreachable},
+        {"noTls",
+         "Get \"https://api.github.com/rate_limit\": tls: first record does not look like a TLS "
+         "handshake\n",
+         unreachable},
+        {"foreignCertificate",
+         "Get \"https://api.github.com/rate_limit\": tls: failed to verify certificate: x509: "
+         "certificate is not valid for any names, but wanted to match api.github.com\n",
+         unreachable},
+        {"connectionEnds", "Get \"https://api.github.com/rate_limit\": EOF\n", unreachable},
+        {"connectionEndsInTheAnswer", "unexpected EOF\n", unreachable},
+        {"proxyWantsAPassword",
+         "Get \"https://api.github.com/rate_limit\": Proxy Authentication Required\n",
+         unreachable},
+        {"something", "something else\n", std::nullopt},
+        {"silence", "", std::nullopt}};
+    for (const AnswerCase& each : cases) {
+        SCOPED_TRACE(each.name);
+        EXPECT_EQ(obstacle(1, "", each.errors), each.expected);
+    }
+}
 
 TEST(FailedLogin, ofNobodyIsNotLookedInto)
 {

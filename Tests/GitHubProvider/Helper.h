@@ -1,6 +1,6 @@
 #pragma once
 
-#include "GitHubProvider/ProcessCommandRunner.h"
+#include "GitHubProvider/Process/ProcessCommandRunner.h"
 
 #include <chrono>
 #include <future>

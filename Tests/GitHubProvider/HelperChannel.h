@@ -1,6 +1,6 @@
 #pragma once
 
-#include "GitHubProvider/FileDescriptor.h"
+#include "GitHubProvider/Process/FileDescriptor.h"
 
 #include <filesystem>
 #include <string>

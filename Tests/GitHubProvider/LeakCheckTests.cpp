@@ -1,6 +1,6 @@
 #include "Support/LeakCheck.h"
 
-#include "GitHubProvider/FileDescriptor.h"
+#include "GitHubProvider/Process/FileDescriptor.h"
 
 #include <gtest/gtest-spi.h>
 

@@ -1,4 +1,4 @@
-#include "GitHubProvider/PipeReader.h"
+#include "GitHubProvider/Process/PipeReader.h"
 
 #include "PullRequestKit/Errors.h"
 

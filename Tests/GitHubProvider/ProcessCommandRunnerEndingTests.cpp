@@ -1,4 +1,4 @@
-#include "GitHubProvider/ProcessCommandRunner.h"
+#include "GitHubProvider/Process/ProcessCommandRunner.h"
 #include "Helper.h"
 #include "HelperChannel.h"
 #include "PullRequestKit/Errors.h"

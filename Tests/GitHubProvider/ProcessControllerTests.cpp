@@ -1,4 +1,4 @@
-#include "GitHubProvider/ProcessController.h"
+#include "GitHubProvider/Process/ProcessController.h"
 
 #include <atomic>
 #include <latch>

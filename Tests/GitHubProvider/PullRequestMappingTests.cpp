@@ -2,7 +2,7 @@
 
 #include "PullRequestKit/Json/Reading.h"
 
-#include <ostream>
+#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -158,58 +158,48 @@ struct ReviewCase {
     bool isRequested;
     ReviewState state;
     ReviewActivity activity;
-
-    friend void PrintTo(const ReviewCase& instance, std::ostream* out) { *out << instance.name; }
 };
 
-class MappedReviewState : public testing::TestWithParam<ReviewCase> {};
-
-TEST_P(MappedReviewState, isDecidedInOrder)
+TEST(MappedReviewState, isDecidedInOrder)
 {
-    Node node = completeNode();
-    node.latestReviews.emplace();
-    for (const std::string& state : GetParam().states) {
-        node.latestReviews->nodes.push_back({state, Actor{"ann", std::nullopt}});
+    const std::vector<ReviewCase> cases{
+        {"nothing", {}, false, ReviewState::none, {}},
+        {"requestedOnly", {}, true, ReviewState::pending, {}},
+        {"changesRequestedWins",
+         {"APPROVED", "COMMENTED", "CHANGES_REQUESTED"},
+         true,
+         ReviewState::changesRequested,
+         {true, true, true, true}},
+        {"everyOneApproved",
+         {"APPROVED", "APPROVED"},
+         false,
+         ReviewState::approved,
+         {true, false, false, true}},
+        {"approvedAndCommented",
+         {"APPROVED", "COMMENTED"},
+         false,
+         ReviewState::commented,
+         {true, false, true, true}},
+        {"approvedAndDismissed",
+         {"APPROVED", "DISMISSED"},
+         false,
+         ReviewState::pending,
+         {true, false, false, true}},
+        {"lowerCaseIsNoKnownState", {"approved"}, false, ReviewState::pending, {}}};
+    for (const ReviewCase& each : cases) {
+        SCOPED_TRACE(each.name);
+        Node node = completeNode();
+        node.latestReviews.emplace();
+        for (const std::string& state : each.states) {
+            node.latestReviews->nodes.push_back({state, Actor{"ann", std::nullopt}});
+        }
+        if (each.isRequested) {
+            node.reviewRequests = {{ReviewRequest{Actor{"bob", std::nullopt}}}};
+        }
+        EXPECT_EQ(map(node).reviewState, each.state);
+        EXPECT_EQ(map(node).reviewActivity, each.activity);
     }
-    if (GetParam().isRequested) {
-        node.reviewRequests = {{ReviewRequest{Actor{"bob", std::nullopt}}}};
-    }
-    EXPECT_EQ(map(node).reviewState, GetParam().state);
-    EXPECT_EQ(map(node).reviewActivity, GetParam().activity);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Reviews,
-    MappedReviewState,
-    testing::Values(
-        ReviewCase{"nothing", {}, false, ReviewState::none, {}},
-        ReviewCase{"requestedOnly", {}, true, ReviewState::pending, {}},
-        ReviewCase{
-            "changesRequestedWins",
-            {"APPROVED", "COMMENTED", "CHANGES_REQUESTED"},
-            true,
-            ReviewState::changesRequested,
-            {true, true, true, true}},
-        ReviewCase{
-            "everyOneApproved",
-            {"APPROVED", "APPROVED"},
-            false,
-            ReviewState::approved,
-            {true, false, false, true}},
-        ReviewCase{
-            "approvedAndCommented",
-            {"APPROVED", "COMMENTED"},
-            false,
-            ReviewState::commented,
-            {true, false, true, true}},
-        ReviewCase{
-            "approvedAndDismissed",
-            {"APPROVED", "DISMISSED"},
-            false,
-            ReviewState::pending,
-            {true, false, false, true}},
-        ReviewCase{"lowerCaseIsNoKnownState", {"approved"}, false, ReviewState::pending, {}}),
-    [](const auto& instance) { return instance.param.name; });
 
 TEST(PullRequestMapping, anAbsentAuthorIsAGhost)
 {

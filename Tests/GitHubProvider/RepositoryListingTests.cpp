@@ -4,7 +4,7 @@
 #include "ProviderTest.h"
 #include "PullRequestKit/Errors.h"
 
-#include <ostream>
+#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -151,41 +151,32 @@ struct BadLine {
     const char* name;
     const char* text;
     const char* path;
-
-    friend void PrintTo(const BadLine& instance, std::ostream* out) { *out << instance.name; }
 };
 
-class UnreadableRepositoryLine
-    : public RepositoryListing
-    , public testing::WithParamInterface<BadLine> {};
-
-TEST_P(UnreadableRepositoryLine, failsTheWholeList)
+TEST_F(RepositoryListing, failsTheWholeList)
 {
-    runner->prints(line("octo/tools") + GetParam().text + "\n" + line("octo/other"));
-    try {
-        repositories();
-        FAIL() << "expected a DecodingError";
-    } catch (const DecodingError& error) {
-        EXPECT_EQ(error.path(), GetParam().path);
+    const std::vector<BadLine> cases{
+        {"notJson", "hello", ""},
+        {"cutOff", R"({"repository": "octo/to)", ""},
+        {"carriageReturn", "\r", ""},
+        {"notUtf8", "{\"repository\": \"\xFF\", \"archived\": false}", ""},
+        {"null", "null", ""},
+        {"noName", R"({"archived": false})", "repository"},
+        {"noArchivedFlag", R"({"repository": "octo/tools"})", "archived"},
+        {"archivedAsText", R"({"repository": "a/b", "archived": "no"})", "archived"},
+        {"languageAsNumber",
+         R"({"repository": "a/b", "archived": false, "language": 1})",
+         "language"}};
+    for (const BadLine& each : cases) {
+        SCOPED_TRACE(each.name);
+        runner->prints(line("octo/tools") + each.text + "\n" + line("octo/other"));
+        try {
+            repositories();
+            FAIL() << "expected a DecodingError";
+        } catch (const DecodingError& error) {
+            EXPECT_EQ(error.path(), each.path);
+        }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Lines,
-    UnreadableRepositoryLine,
-    testing::Values(
-        BadLine{"notJson", "hello", ""},
-        BadLine{"cutOff", R"({"repository": "octo/to)", ""},
-        BadLine{"carriageReturn", "\r", ""},
-        BadLine{"notUtf8", "{\"repository\": \"\xFF\", \"archived\": false}", ""},
-        BadLine{"null", "null", ""},
-        BadLine{"noName", R"({"archived": false})", "repository"},
-        BadLine{"noArchivedFlag", R"({"repository": "octo/tools"})", "archived"},
-        BadLine{"archivedAsText", R"({"repository": "a/b", "archived": "no"})", "archived"},
-        BadLine{
-            "languageAsNumber",
-            R"({"repository": "a/b", "archived": false, "language": 1})",
-            "language"}),
-    [](const auto& instance) { return instance.param.name; });
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include "Support/DecodingErrors.h"
 #include "Support/PullRequests.h"
 
+#include <vector>
+
 #include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
@@ -208,37 +210,33 @@ TEST(PullRequestCoding, ignoresUnknownKeysAndTheOrderOfKeys)
     EXPECT_EQ(Json::decode<PullRequest>("{" + reversed + "}"), completePullRequest());
 }
 
-class RequiredKey : public testing::TestWithParam<const char*> {};
-
-TEST_P(RequiredKey, mayNeitherBeMissingNorNull)
+TEST(RequiredKey, mayNeitherBeMissingNorNull)
 {
-    const std::string key = GetParam();
-    const std::string missing = boost::json::serialize(without({key}));
-    const auto missingError = decodingErrorOf([&] { Json::decode<PullRequest>(missing); });
-    EXPECT_EQ(missingError.path, key);
-    EXPECT_EQ(missingError.text, "The data could not be read: " + key + " is missing.");
+    for (const char* const each :
+         {"id",
+          "title",
+          "url",
+          "author",
+          "updatedAt",
+          "state",
+          "isDraft",
+          "head",
+          "base",
+          "reviewState",
+          "reviews",
+          "checks"}) {
+        SCOPED_TRACE(each);
+        const std::string key = each;
+        const std::string missing = boost::json::serialize(without({key}));
+        const auto missingError = decodingErrorOf([&] { Json::decode<PullRequest>(missing); });
+        EXPECT_EQ(missingError.path, key);
+        EXPECT_EQ(missingError.text, "The data could not be read: " + key + " is missing.");
 
-    const auto nullError =
-        decodingErrorOf([&] { Json::decode<PullRequest>(withMember(key, "null")); });
-    EXPECT_EQ(nullError.path, key);
+        const auto nullError =
+            decodingErrorOf([&] { Json::decode<PullRequest>(withMember(key, "null")); });
+        EXPECT_EQ(nullError.path, key);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    PullRequest,
-    RequiredKey,
-    testing::Values(
-        "id",
-        "title",
-        "url",
-        "author",
-        "updatedAt",
-        "state",
-        "isDraft",
-        "head",
-        "base",
-        "reviewState",
-        "reviews",
-        "checks"));
 
 TEST(PullRequestCoding, requiresTheNestedKeys)
 {
@@ -269,59 +267,48 @@ struct WrongValue {
     const char* problem;
 };
 
-class RefusedValue : public testing::TestWithParam<WrongValue> {};
-
-TEST_P(RefusedValue, isNamedWithItsPath)
-{
-    const auto& [key, value, path, problem] = GetParam();
-    const auto error =
-        decodingErrorOf([&, text = withMember(key, value)] { Json::decode<PullRequest>(text); });
-    EXPECT_EQ(error.path, path);
-    EXPECT_EQ(error.text, std::string("The data could not be read: ") + path + " " + problem + ".");
-}
-
 constexpr const char* notKnown = "is none of the known values";
 
-INSTANTIATE_TEST_SUITE_P(
-    PullRequest,
-    RefusedValue,
-    testing::Values(
-        WrongValue{"id", "7", "id", "is not an object"},
-        WrongValue{"id", "[]", "id", "is not an object"},
-        WrongValue{
-            "id",
-            R"({"provider":"g","host":"h","repository":"r","number":"42"})",
-            "id.number",
-            "is not a whole number"},
-        WrongValue{"title", "7", "title", "is not text"},
-        WrongValue{"url", R"("octo/tools")", "url", "is not a web address"},
-        WrongValue{"createdAt", R"("yesterday")", "createdAt", "is not an ISO 8601 date"},
-        WrongValue{"updatedAt", "1714555800", "updatedAt", "is not text"},
-        WrongValue{
-            "updatedAt", R"("2024-05-01T09:30:00.5Z")", "updatedAt", "is not an ISO 8601 date"},
-        WrongValue{"state", R"("OPEN")", "state", notKnown},
-        WrongValue{"state", R"("")", "state", notKnown},
-        WrongValue{"isDraft", "0", "isDraft", "is not true or false"},
-        WrongValue{"isDraft", R"("false")", "isDraft", "is not true or false"},
-        WrongValue{"mergeability", R"("MERGEABLE")", "mergeability", notKnown},
-        WrongValue{"mergeability", "true", "mergeability", "is not text"},
-        WrongValue{"reviewState", R"("rejected")", "reviewState", notKnown},
-        WrongValue{"reviewActivity", "[]", "reviewActivity", "is not an object"},
-        WrongValue{
-            "reviews",
-            R"({"completed":1.5,"total":3})",
-            "reviews.completed",
-            "is not a whole number"},
-        WrongValue{
-            "checks",
-            R"({"completed":1,"total":9223372036854775808})",
-            "checks.total",
-            "is not a whole number"},
-        WrongValue{
-            "requiredApprovingReviewCount",
-            R"("2")",
-            "requiredApprovingReviewCount",
-            "is not a whole number"}));
+TEST(RefusedValue, isNamedWithItsPath)
+{
+    const std::vector<WrongValue> cases{
+        {"id", "7", "id", "is not an object"},
+        {"id", "[]", "id", "is not an object"},
+        {"id",
+         R"({"provider":"g","host":"h","repository":"r","number":"42"})",
+         "id.number",
+         "is not a whole number"},
+        {"title", "7", "title", "is not text"},
+        {"url", R"("octo/tools")", "url", "is not a web address"},
+        {"createdAt", R"("yesterday")", "createdAt", "is not an ISO 8601 date"},
+        {"updatedAt", "1714555800", "updatedAt", "is not text"},
+        {"updatedAt", R"("2024-05-01T09:30:00.5Z")", "updatedAt", "is not an ISO 8601 date"},
+        {"state", R"("OPEN")", "state", notKnown},
+        {"state", R"("")", "state", notKnown},
+        {"isDraft", "0", "isDraft", "is not true or false"},
+        {"isDraft", R"("false")", "isDraft", "is not true or false"},
+        {"mergeability", R"("MERGEABLE")", "mergeability", notKnown},
+        {"mergeability", "true", "mergeability", "is not text"},
+        {"reviewState", R"("rejected")", "reviewState", notKnown},
+        {"reviewActivity", "[]", "reviewActivity", "is not an object"},
+        {"reviews", R"({"completed":1.5,"total":3})", "reviews.completed", "is not a whole number"},
+        {"checks",
+         R"({"completed":1,"total":9223372036854775808})",
+         "checks.total",
+         "is not a whole number"},
+        {"requiredApprovingReviewCount",
+         R"("2")",
+         "requiredApprovingReviewCount",
+         "is not a whole number"}};
+    for (const WrongValue& each : cases) {
+        const auto& [key, value, path, problem] = each;
+        const auto error = decodingErrorOf(
+            [&, text = withMember(key, value)] { Json::decode<PullRequest>(text); });
+        EXPECT_EQ(error.path, path);
+        EXPECT_EQ(
+            error.text, std::string("The data could not be read: ") + path + " " + problem + ".");
+    }
+}
 
 TEST(PullRequestCoding, refusesALegacyConflictFlagOfAnotherType)
 {

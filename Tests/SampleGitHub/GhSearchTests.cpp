@@ -75,34 +75,6 @@ TEST_F(GhSearch, openOnesOfAllRepositoriesComeLastUpdatedFirst)
             12));
 }
 
-TEST_F(GhSearch, repositoryTermsMeanAnyOfThem)
-{
-    serve("everyday");
-
-    EXPECT_THAT(
-        numbers("is:pr is:open archived:false repo:robin-k/dotfiles "
-                "repo:harbourlight/tide-tables sort:updated-desc"),
-        ElementsAre(77, 80, 79, 81, 14, 74, 12));
-}
-
-TEST_F(GhSearch, reviewRequestsReachTheUserDirectlyAndThroughATeam)
-{
-    serve("everyday");
-
-    EXPECT_THAT(
-        numbers("is:pr review-requested:@me is:open archived:false "
-                "repo:harbourlight/ferry-api sort:updated-desc"),
-        ElementsAre(418, 415, 412, 409, 401));
-}
-
-TEST_F(GhSearch, archivedRepositoriesAreLeftOutOnRequestOnly)
-{
-    serve("everyday");
-
-    EXPECT_THAT(numbers("is:pr is:open archived:false repo:robin-k/pocket-atlas"), ElementsAre());
-    EXPECT_THAT(numbers("is:pr is:open repo:robin-k/pocket-atlas"), ElementsAre(3));
-}
-
 TEST_F(GhSearch, aHitHasTheFieldsOfTheDocument)
 {
     serve("everyday");

@@ -1,6 +1,6 @@
 #include "Desktop/GitClone.h"
 
-#include "GitHubProvider/ProcessCommandRunner.h"
+#include "GitHubProvider/Process/ProcessCommandRunner.h"
 #include "GitHubProvider/Text.h"
 
 #include <stdexcept>

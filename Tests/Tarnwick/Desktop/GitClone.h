@@ -1,6 +1,6 @@
 #pragma once
 
-#include "GitHubProvider/CommandRunning.h"
+#include "GitHubProvider/Process/CommandRunning.h"
 
 #include <QTemporaryDir>
 

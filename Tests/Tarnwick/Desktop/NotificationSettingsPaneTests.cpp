@@ -1,6 +1,7 @@
 #include "Tarnwick/Desktop/NotificationSettingsPane.h"
 
 #include <set>
+#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -14,17 +15,6 @@ struct PaneCase {
     std::optional<Launch> expected;
 };
 
-class NotificationSettingsPane : public testing::TestWithParam<PaneCase> {};
-
-TEST_P(NotificationSettingsPane, isTheDesktopsOwn)
-{
-    const auto& [desktop, installed, expected] = GetParam();
-    const auto pane = notificationSettingsPane(
-        {{"PATH", "/usr/local/bin:/usr/bin"}, {"XDG_CURRENT_DESKTOP", desktop}},
-        [&](const std::filesystem::path& path) { return installed.contains(path.string()); });
-    EXPECT_EQ(pane, expected);
-}
-
 const std::set<std::string> everything{
     "/usr/bin/gnome-control-center",
     "/usr/bin/systemsettings",
@@ -35,25 +25,30 @@ const Launch gnome{"/usr/bin/gnome-control-center", {"notifications"}, {}};
 const Launch plasma{"/usr/bin/systemsettings", {"kcm_notifications"}, {}};
 const Launch xfce{"/usr/bin/xfce4-notifyd-config", {}, {}};
 
-INSTANTIATE_TEST_SUITE_P(
-    Desktops,
-    NotificationSettingsPane,
-    testing::Values(
-        PaneCase{"GNOME", everything, gnome},
-        PaneCase{"ubuntu:GNOME", everything, gnome},
-        PaneCase{"KDE", everything, plasma},
-        PaneCase{
-            "KDE",
-            {"/usr/bin/kcmshell6", "/usr/bin/kcmshell5"},
-            Launch{"/usr/bin/kcmshell6", {"kcm_notifications"}, {}}},
-        PaneCase{
-            "KDE",
-            {"/usr/local/bin/kcmshell5"},
-            Launch{"/usr/local/bin/kcmshell5", {"kcm_notifications"}, {}}},
-        PaneCase{"XFCE", everything, xfce},
-        PaneCase{"XFCE", {"/usr/bin/gnome-control-center"}, std::nullopt},
-        PaneCase{"sway", everything, std::nullopt},
-        PaneCase{"GNOMEX", everything, std::nullopt},
-        PaneCase{"", everything, std::nullopt}));
+TEST(NotificationSettingsPane, isTheDesktopsOwn)
+{
+    const std::vector<PaneCase> cases{
+        {"GNOME", everything, gnome},
+        {"ubuntu:GNOME", everything, gnome},
+        {"KDE", everything, plasma},
+        {"KDE",
+         {"/usr/bin/kcmshell6", "/usr/bin/kcmshell5"},
+         Launch{"/usr/bin/kcmshell6", {"kcm_notifications"}, {}}},
+        {"KDE",
+         {"/usr/local/bin/kcmshell5"},
+         Launch{"/usr/local/bin/kcmshell5", {"kcm_notifications"}, {}}},
+        {"XFCE", everything, xfce},
+        {"XFCE", {"/usr/bin/gnome-control-center"}, std::nullopt},
+        {"sway", everything, std::nullopt},
+        {"GNOMEX", everything, std::nullopt},
+        {"", everything, std::nullopt}};
+    for (const PaneCase& each : cases) {
+        const auto& [desktop, installed, expected] = each;
+        const auto pane = notificationSettingsPane(
+            {{"PATH", "/usr/local/bin:/usr/bin"}, {"XDG_CURRENT_DESKTOP", desktop}},
+            [&](const std::filesystem::path& path) { return installed.contains(path.string()); });
+        EXPECT_EQ(pane, expected) << desktop;
+    }
+}
 
 }  // namespace

@@ -34,7 +34,7 @@ PullRequestMenuModel::Collaborators ModelTest::collaborators() const
         .loginItem = loginItem,
         .clock = clock,
         .navigation = std::make_shared<ExternalNavigation>(desktop.navigation()),
-        .readAhead = nullptr,
+        .preload = nullptr,
         .blocked = blockedFile,
         .turns = turnsFile,
         .machine = machine};

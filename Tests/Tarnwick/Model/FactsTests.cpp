@@ -262,13 +262,13 @@ TEST_F(Facts, areThereAtTheNextStart)
     EXPECT_EQ(provider->factsRequests().size(), 1U);
 }
 
-TEST_F(Facts, areReadAheadToo)
+TEST_F(Facts, arePreloadedToo)
 {
     startByTurn();
     refreshFully();
     model.reset();
     auto parts = collaborators();
-    parts.readAhead = std::make_shared<ReadAhead>([this] { return defaults; }, cache());
+    parts.preload = std::make_shared<Preload>([this] { return defaults; }, cache());
     const PullRequestMenuModel other(std::move(parts));
     EXPECT_EQ(other.facts()->size(), 2U);
     EXPECT_EQ(other.turns().size(), 2U);

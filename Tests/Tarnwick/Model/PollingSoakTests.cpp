@@ -1,6 +1,6 @@
 #include "Fakes/ModelFixture.h"
 #include "GitHubProvider/GitHubProvider.h"
-#include "GitHubProvider/ProcessCommandRunner.h"
+#include "GitHubProvider/Process/ProcessCommandRunner.h"
 #include "PullRequestKit/Errors.h"
 #include "Support/LeakCheck.h"
 

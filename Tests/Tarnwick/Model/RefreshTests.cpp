@@ -74,17 +74,6 @@ TEST_F(Refresh, asksForTheSelectedRepositoriesAndTheReviewersScope)
         ElementsAre(FakeProvider::Request{ReviewerScope::myself, {"octo/tools"}}));
 }
 
-TEST_F(Refresh, returnsWithoutEffectWhileAnotherOneRuns)
-{
-    start();
-    openAndHold();
-    refresh();
-    EXPECT_EQ(provider->statusCalls(), 1);
-    EXPECT_TRUE(model->isRefreshing());
-    releaseAndSettle();
-    EXPECT_EQ(provider->requests().size(), 1U);
-}
-
 TEST_F(Refresh, showsThatNobodyIsSignedIn)
 {
     provider->setStatus(NotAuthenticated{"Sign in, please."});
@@ -254,20 +243,6 @@ TEST_F(Refresh, showsWhatAFilterLeavesThatWasChosenMeanwhile)
     provider->release();
     ASSERT_TRUE(settle());
     EXPECT_THAT(shownNumbers(), ElementsAre(4));
-}
-
-TEST_F(Refresh, startsAnewWhenTheListIsOpenedDuringARefreshOfTheList)
-{
-    start();
-    openAndHold();
-    model->menuOpened();
-    ASSERT_TRUE(eventually([&] { return provider->cancelled() == 1; }));
-    EXPECT_TRUE(eventually([&] { return !model->isRefreshing(); }));
-    clock->advance(50ms);
-    ASSERT_TRUE(eventually([&] { return provider->waiting() == 1; }));
-    releaseAndSettle();
-    EXPECT_EQ(provider->requests().size(), 2U);
-    EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2));
 }
 
 TEST_F(Refresh, leavesAllDataAsItWasWhenItIsCancelled)

@@ -63,11 +63,11 @@ TEST_F(Snapshots, showsTheResultThatIsBeingReadAlready)
 {
     selectTools();
     cacheSnapshot(ReviewerScope::myself);
-    const auto reader = std::make_shared<Tarnwick::ReadAhead>([this] { return defaults; }, cache());
+    const auto reader = std::make_shared<Tarnwick::Preload>([this] { return defaults; }, cache());
     Tarnwick::PullRequestMenuModel::Collaborators parts = collaborators();
     parts.cache =
         Tarnwick::PullRequestDiskCache{folder.filePath(QStringLiteral("none")).toStdString()};
-    parts.readAhead = reader;
+    parts.preload = reader;
     const Tarnwick::PullRequestMenuModel other(std::move(parts));
     EXPECT_EQ(other.rows().size(), 2U);
     EXPECT_EQ(other.account(), "cached");

@@ -2,14 +2,13 @@
 
 #include "Persistence/FileTrouble.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace {
 
 using namespace FileTrouble;
 using namespace PullRequestKit;
 using namespace Tarnwick;
-using testing::ElementsAre;
 using TestSupport::date;
 using TestSupport::makePullRequest;
 
@@ -24,19 +23,10 @@ protected:
          {makePullRequest(8).id, date("2024-05-01T11:00:00Z"), std::nullopt, std::nullopt}}};
 };
 
-TEST_F(KnownTurnsFileTest, liesBesideTheCache)
-{
-    EXPECT_EQ(
-        KnownTurnsFile::beside(PullRequestDiskCache{"/data/pull-requests.json"}).path,
-        "/data/turns.json");
-}
-
 TEST_F(KnownTurnsFileTest, bringsBackWhatWasSaved)
 {
     file.save(some);
     EXPECT_EQ(file.load(), some);
-    EXPECT_EQ(modeOf(file.path), 0600U);
-    EXPECT_THAT(folder.names(), ElementsAre("turns.json"));
 }
 
 TEST_F(KnownTurnsFileTest, hasTheDocumentedForm)
@@ -49,25 +39,6 @@ TEST_F(KnownTurnsFileTest, hasTheDocumentedForm)
         R"("pullRequests":[{"id":{"provider":"github","host":"github.com",)"
         R"("repository":"octo/tools","number":7},"listedAt":"2024-05-01T12:00:00Z",)"
         R"("whose":"you","toldHead":"c2"}]})");
-}
-
-TEST_F(KnownTurnsFileTest, isEmptyWhenItIsNotThereOrOfNoUse)
-{
-    EXPECT_EQ(file.load(), KnownTurns());
-    file.save(some);
-    const std::string good = contentsOf(file.path);
-    std::string later = good;
-    later.replace(later.find("1,"), 1, "2");
-    for (const std::string& text :
-         {std::string(), good.substr(0, good.size() / 2), std::string("[]"), later}) {
-        writeFile(file.path, text);
-        EXPECT_EQ(file.load(), KnownTurns()) << text;
-        EXPECT_EQ(contentsOf(file.path), text);
-    }
-    std::filesystem::remove(file.path);
-    std::filesystem::create_directory(file.path);
-    EXPECT_EQ(file.load(), KnownTurns());
-    EXPECT_THROW(file.save(some), CacheWriteError);
 }
 
 }  // namespace

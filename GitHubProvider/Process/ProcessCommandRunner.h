@@ -1,7 +1,7 @@
 #pragma once
 
-#include "GitHubProvider/ChildProcess.h"
-#include "GitHubProvider/CommandRunning.h"
+#include "GitHubProvider/Process/ChildProcess.h"
+#include "GitHubProvider/Process/CommandRunning.h"
 
 #include <chrono>
 #include <cstddef>

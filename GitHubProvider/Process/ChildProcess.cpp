@@ -1,4 +1,4 @@
-#include "GitHubProvider/ChildProcess.h"
+#include "GitHubProvider/Process/ChildProcess.h"
 
 #include <algorithm>
 #include <cassert>

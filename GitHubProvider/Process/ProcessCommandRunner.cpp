@@ -1,7 +1,7 @@
-#include "GitHubProvider/ProcessCommandRunner.h"
+#include "GitHubProvider/Process/ProcessCommandRunner.h"
 
-#include "GitHubProvider/ChildProcess.h"
-#include "GitHubProvider/PipeReader.h"
+#include "GitHubProvider/Process/ChildProcess.h"
+#include "GitHubProvider/Process/PipeReader.h"
 #include "PullRequestKit/Errors.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "GitHubProvider/FileDescriptor.h"
-#include "GitHubProvider/ProcessController.h"
+#include "GitHubProvider/Process/FileDescriptor.h"
+#include "GitHubProvider/Process/ProcessController.h"
 
 #include <cstdint>
 #include <filesystem>

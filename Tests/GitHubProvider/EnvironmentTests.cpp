@@ -1,47 +1,58 @@
-#include "GitHubProvider/GhDiscovery.h"
+#include "GitHubProvider/Process/Environment.h"
 
+#include "GitHubProvider/Gh.h"
+
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <utility>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <unistd.h>
 
 namespace {
 
 using namespace GitHub;
 using std::filesystem::path;
-using testing::ElementsAre;
 
-TEST(GhCandidates, withoutPathAreTheThreeFixedPlaces)
+TEST(EnvironmentValue, isEmptyWhereTheVariableIsNotSet)
 {
-    EXPECT_THAT(
-        ghCandidates({{"HOME", "/home/octo"}}),
-        ElementsAre("/opt/homebrew/bin/gh", "/usr/local/bin/gh", "/usr/bin/gh"));
+    EXPECT_EQ(valueIn({{"HOME", "/home/octo"}}, "HOME"), "/home/octo");
+    EXPECT_EQ(valueIn({{"HOME", "/home/octo"}}, "PATH"), "");
 }
 
-TEST(GhCandidates, pathOfColonsAndOneFolderYieldsTheSingleExtraCandidate)
+/// Where `gh` is looked for, in order.
+std::vector<std::string> places(const Environment& environment)
 {
-    EXPECT_THAT(
-        ghCandidates({{"PATH", "::/x/bin:"}}),
-        ElementsAre("/opt/homebrew/bin/gh", "/usr/local/bin/gh", "/usr/bin/gh", "/x/bin/gh"));
+    std::vector<std::string> asked;
+    EXPECT_EQ(
+        findGH(
+            environment,
+            [&](const path& candidate) {
+                asked.push_back(candidate.string());
+                return false;
+            }),
+        std::nullopt);
+    return asked;
 }
 
-TEST(GhCandidates, piecesStayAsTheyStandInOrderWithDuplicates)
+TEST(FindGH, looksInThreeFixedPlacesAndThenInTheFoldersOfPathAsTheyStand)
 {
-    EXPECT_THAT(
-        ghCandidates({{"PATH", "~/bin:/usr/bin:tools:/usr/bin"}}),
-        ElementsAre(
-            "/opt/homebrew/bin/gh",
-            "/usr/local/bin/gh",
-            "/usr/bin/gh",
-            "~/bin/gh",
-            "/usr/bin/gh",
-            "tools/gh",
-            "/usr/bin/gh"));
+    const std::vector<std::string> fixed{
+        "/opt/homebrew/bin/gh", "/usr/local/bin/gh", "/usr/bin/gh"};
+    const auto withFixed = [&](std::initializer_list<std::string> more) {
+        std::vector<std::string> all = fixed;
+        all.insert(all.end(), more);
+        return all;
+    };
+    EXPECT_EQ(places({{"HOME", "/home/octo"}}), fixed);
+    EXPECT_EQ(places({{"PATH", "::/x/bin:"}}), withFixed({"/x/bin/gh"}));
+    EXPECT_EQ(
+        places({{"PATH", "~/bin:/usr/bin:tools/:/usr/bin"}}),
+        withFixed({"~/bin/gh", "/usr/bin/gh", "tools//gh", "/usr/bin/gh"}));
 }
 
-TEST(FindGH, takesTheFirstExecutableCandidate)
+TEST(FindGH, takesTheFirstExecutable)
 {
     const auto isOneOf = [](std::vector<path> executables) {
         return [executables = std::move(executables)](const path& candidate) {
@@ -52,7 +63,6 @@ TEST(FindGH, takesTheFirstExecutableCandidate)
     EXPECT_EQ(
         findGH({{"PATH", "/a"}}, isOneOf({"/a/gh", "/usr/local/bin/gh"})), "/usr/local/bin/gh");
     EXPECT_EQ(findGH({}, isOneOf({"/usr/bin/gh"})), "/usr/bin/gh");
-    EXPECT_EQ(findGH({{"PATH", "/a"}}, isOneOf({"/b/gh"})), std::nullopt);
 }
 
 class ExecutableFile : public testing::Test {

@@ -10,15 +10,21 @@
 
 namespace Tarnwick {
 
-/// Reads what the last run left, the settings and the list, on threads of its own from the moment
-/// it is made, so that a program that starts can do other things meanwhile. Destruction waits for
-/// the end of the reading.
-class ReadAhead {
+/// What takes long and needs no application yet, under way on threads of its own from the moment it
+/// is made: reading the settings and the list that the last run left, and finding the installed
+/// fonts. Destruction waits for all of it.
+class Preload {
 public:
     using OpenDefaults = std::function<std::shared_ptr<DefaultsStore>()>;
 
-    /// `openDefaults` is called on another thread.
-    ReadAhead(OpenDefaults openDefaults, PullRequestDiskCache cache);
+    /// The functions are called on other threads.
+    Preload(
+        OpenDefaults openDefaults,
+        PullRequestDiskCache cache,
+        std::function<void()> findFonts = [] {});
+
+    /// To be called before anything asks for a font. Blocks until fonts are known.
+    void waitForFonts() const { _fonts.wait(); }
 
     /// What the settings are stored in. Like `settings` it blocks until they have been read; from
     /// then on only the caller's thread uses it.
@@ -41,6 +47,7 @@ private:
 
     std::shared_future<Read> _read;
     std::future<std::optional<LastList>> _list;
+    std::future<void> _fonts;
 };
 
 }  // namespace Tarnwick

@@ -1,4 +1,4 @@
-#include "Tarnwick/Model/ReadAhead.h"
+#include "Tarnwick/Model/Preload.h"
 
 #include "Persistence/FileTrouble.h"
 #include "Tarnwick/Persistence/IniDefaultsStore.h"
@@ -12,14 +12,14 @@ namespace {
 using namespace FileTrouble;
 using namespace Tarnwick;
 
-class ReadAheadTest : public testing::Test {
+class PreloadTest : public testing::Test {
 protected:
     std::shared_ptr<DefaultsStore> openDefaults() const
     {
         return std::make_shared<IniDefaultsStore>(folder / "settings.ini");
     }
 
-    ReadAhead readAhead() const
+    Preload preload() const
     {
         return {[this] { return openDefaults(); }, cache};
     }
@@ -35,48 +35,48 @@ protected:
     PullRequestDiskCache cache{folder / "pull-requests.json"};
 };
 
-TEST_F(ReadAheadTest, yieldsWhatLiesOnDisk)
+TEST_F(PreloadTest, yieldsWhatLiesOnDisk)
 {
     writeText(*openDefaults(), "editor.projectDirectory", "/home/octo");
     saveAccount("octo");
-    ReadAhead reading = readAhead();
+    Preload reading = preload();
     EXPECT_EQ(readText(*reading.defaults(), "editor.projectDirectory"), "/home/octo");
     const auto list = reading.takeList();
     ASSERT_TRUE(list);
     EXPECT_EQ(list->snapshot.account, "octo");
 }
 
-TEST_F(ReadAheadTest, yieldsTheSettingsOfAFreshInstallationAndNoListWithoutFiles)
+TEST_F(PreloadTest, yieldsTheSettingsOfAFreshInstallationAndNoListWithoutFiles)
 {
-    ReadAhead reading = readAhead();
+    Preload reading = preload();
     EXPECT_EQ(reading.settings(), Settings());
     EXPECT_FALSE(reading.takeList());
 }
 
-TEST_F(ReadAheadTest, leavesOutAListThatWasTakenForOtherReviewers)
+TEST_F(PreloadTest, leavesOutAListThatWasTakenForOtherReviewers)
 {
     CachedPullRequestSnapshot snapshot;
     snapshot.reviewerScope = PullRequestKit::ReviewerScope::any;
     cache.save(snapshot);
-    ReadAhead reading = readAhead();
+    Preload reading = preload();
     EXPECT_EQ(reading.settings().reviewerFilter, ReviewerFilter::myself);
     EXPECT_FALSE(reading.takeList());
 }
 
-TEST_F(ReadAheadTest, failsTowardsWhoeverAsks)
+TEST_F(PreloadTest, failsTowardsWhoeverAsks)
 {
     const auto fail = []() -> std::shared_ptr<DefaultsStore> {
         throw std::runtime_error("no settings");
     };
-    ReadAhead reading(fail, cache);
+    Preload reading(fail, cache);
     EXPECT_THROW(reading.settings(), std::runtime_error);
     EXPECT_THROW(reading.takeList(), std::runtime_error);
 }
 
-TEST_F(ReadAheadTest, mayGoBeforeAnybodyAsks)
+TEST_F(PreloadTest, mayGoBeforeAnybodyAsks)
 {
     saveAccount("octo");
-    const ReadAhead reading = readAhead();
+    const Preload reading = preload();
 }
 
 }  // namespace
