@@ -24,7 +24,7 @@ public:
     using ProviderError::ProviderError;
 };
 
-/// The caller's `std::stop_token` asked for an end. Nobody shows it: whoever cancelled knows.
+/// The caller's `std::stop_token` asked for an end. Never shown: the caller that cancelled knows.
 class CancellationError : public std::runtime_error {
 public:
     CancellationError()

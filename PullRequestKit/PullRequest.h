@@ -52,7 +52,7 @@ struct PullRequest {
     bool operator==(const PullRequest&) const = default;
 };
 
-/// What whoever makes a pull request may leave open.
+/// Fields that may be omitted on creation.
 struct PullRequestOmissions {
     std::optional<PullRequestMergeability> mergeability;
     std::optional<ReviewActivity> reviewActivity;

@@ -105,7 +105,7 @@ QCoro::Task<> FactsQuestions::askAll(std::stop_token stopToken)
                 });
             answer = co_await asking;
         } catch (const std::exception&) {
-            // Whoever cancelled knows, and facts are left out where they cannot be told.
+            // The caller that cancelled knows, and facts are left out where they cannot be told.
             answer.reset();
         }
         if (!self || stopToken.stop_requested()) {

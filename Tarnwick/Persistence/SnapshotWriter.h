@@ -38,7 +38,7 @@ public:
     /// Blocks until everything handed over so far is written.
     void flush();
 
-    /// Why what was written last could not be written, or nothing. Whoever wants to know about one
+    /// Why what was written last could not be written, or nothing. A caller that asks about one
     /// snapshot flushes first.
     std::optional<std::string> lastError() const;
 
