@@ -10,7 +10,7 @@ namespace Tarnwick {
 /// and stands still where the desktop wants no motion. Main thread only.
 class Indicator : public QWidget {
 public:
-    Indicator(QWidget* parent);
+    explicit Indicator(QWidget* parent);
 
     bool isRunning() const { return _timer.isActive(); }
 

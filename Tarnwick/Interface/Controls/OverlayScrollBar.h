@@ -16,7 +16,7 @@ class OverlayScrollBar final : public QWidget {
 
 public:
     /// Becomes a child of the area.
-    OverlayScrollBar(QAbstractScrollArea& area);
+    explicit OverlayScrollBar(QAbstractScrollArea& area);
 
     /// Logical pixels at both ends of the area that the handle keeps clear of.
     void setInsets(int top, int bottom);

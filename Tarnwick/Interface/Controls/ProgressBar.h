@@ -8,7 +8,7 @@ namespace Tarnwick {
 /// wants no motion.
 class ProgressBar final : public Indicator {
 public:
-    ProgressBar(QWidget* parent);
+    explicit ProgressBar(QWidget* parent);
 
     QSize sizeHint() const override;
 

@@ -12,7 +12,7 @@ namespace Tarnwick {
 class RowHover {
 public:
     /// Repaints `widget` while a fill changes.
-    RowHover(QWidget& widget);
+    explicit RowHover(QWidget& widget);
 
     /// An invalid index for none.
     void setRow(const QModelIndex& index);

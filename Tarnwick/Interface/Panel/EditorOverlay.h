@@ -12,7 +12,7 @@ class EditorOverlay final : public CardOverlay {
     Q_OBJECT
 
 public:
-    EditorOverlay(QWidget* parent);
+    explicit EditorOverlay(QWidget* parent);
 
     QString progress() const;
     void setProgress(const QString& progress);

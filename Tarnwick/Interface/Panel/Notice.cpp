@@ -168,7 +168,7 @@ void Notice::paintEvent(QPaintEvent* /*event*/)
         return;
     }
     const int size = appearance().scaled(iconSize);
-    const QRectF icon((width() - size) / 2, place.top(), size, size);
+    const QRect icon((width() - size) / 2, place.top(), size, size);
     if (!_content.image.isEmpty()) {
         ResourceIcon{_content.image}.draw(painter, icon, palette.textTertiary);
     } else {

@@ -15,7 +15,7 @@ public:
     /// How far the card moves, in logical pixels.
     static constexpr double distance = 4;
 
-    RiseEffect(QObject* parent);
+    explicit RiseEffect(QObject* parent);
 
     void start();
     void stop();

@@ -16,7 +16,7 @@ struct PickerRowMetrics {
     int repositoryHeight = 0;
     int ownerHeight = 0;
 
-    explicit PickerRowMetrics();
+    PickerRowMetrics();
 };
 
 /// Where the parts of a row lie, from the row's upper left corner on, in whole logical pixels.

@@ -35,10 +35,6 @@ void drawElided(
 
 }  // namespace
 
-PickerRowPainter::PickerRowPainter()
-    : _metrics()
-{}
-
 void PickerRowPainter::applyAppearance()
 {
     _metrics = PickerRowMetrics();

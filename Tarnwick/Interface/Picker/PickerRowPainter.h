@@ -18,8 +18,6 @@ public:
         bool hasRing = false;  ///< The current row of a list that is used by keyboard.
     };
 
-    explicit PickerRowPainter();
-
     /// To be called when the appearance has changed.
     void applyAppearance();
 
