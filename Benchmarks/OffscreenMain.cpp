@@ -1,5 +1,5 @@
-#include "Tarnwick/Interface/Look/AppFonts.h"
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+#include "Tarnwick/Interface/Style/AppFonts.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <QApplication>
 

@@ -1,7 +1,7 @@
 // The floor under a panel that shows text: a window of the panel's first size in which eleven rows
 // of text are drawn in the panel's fonts, with nothing else to read, to make or to paint.
 
-#include "Tarnwick/Interface/Look/AppFonts.h"
+#include "Tarnwick/Interface/Style/AppFonts.h"
 
 #include <QApplication>
 #include <QPainter>

@@ -1,14 +1,14 @@
 #include "TarnwickDirect/Application/Desktop.h"
-#include "TarnwickDirect/CommandLine/Interruption.h"
 #include "TarnwickDirect/CommandLine/ListCommand.h"
 #include "TarnwickDirect/CommandLine/RepositoriesCommand.h"
+#include "TarnwickDirect/CommandLine/SignalHandler.h"
 #include "TarnwickDirect/CommandLine/StandardOutput.h"
 #include "TarnwickDirect/CommandLine/Terminal.h"
 #include "TarnwickDirect/CommandLine/WatchCommand.h"
+#include "TarnwickDirect/Drain.h"
 #include "TarnwickDirect/Environment.h"
 #include "TarnwickDirect/Memory.h"
 #include "TarnwickDirect/QtMessages.h"
-#include "TarnwickDirect/Settling.h"
 #include "TarnwickDirect/SoftwareUpdate/ModuleUpdater.h"
 #include "TarnwickDirect/Version.h"
 
@@ -38,20 +38,20 @@ int print(const std::string& text)
 int runInTerminal(const Command& command, int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    const Interruption interruption;
+    const SignalHandler signalHandler;
     const int status = std::visit(
         Overloaded{
             [](const ShowPanel&) { return 0; },
             [](const ShowHelp&) { return print(helpText()); },
             [](const ShowVersion&) { return print("tarnwick " + std::string(version()) + "\n"); },
-            [&](const ListPullRequests& list) { return listPullRequests(list, interruption); },
-            [&](const WatchList& list) { return watch(list, interruption); },
-            [&](const ListRepositories& list) { return listRepositories(list, interruption); },
-            [&](const ChangeSelection& change) { return changeSelection(change, interruption); }},
+            [&](const ListPullRequests& list) { return listPullRequests(list, signalHandler); },
+            [&](const WatchList& list) { return watch(list, signalHandler); },
+            [&](const ListRepositories& list) { return listRepositories(list, signalHandler); },
+            [&](const ChangeSelection& change) { return changeSelection(change, signalHandler); }},
         command);
-    settle();
-    if (interruption.signal()) {
-        interruption.endProcess();
+    drain();
+    if (signalHandler.signal()) {
+        signalHandler.endProcess();
     }
     return status;
 }

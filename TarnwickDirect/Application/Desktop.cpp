@@ -1,17 +1,17 @@
 #include "TarnwickDirect/Application/Desktop.h"
 
 #include "Tarnwick/DesktopCollaborators.h"
-#include "Tarnwick/Interface/Look/AppResources.h"
 #include "Tarnwick/Interface/Panel/PanelDismissal.h"
+#include "Tarnwick/Interface/Style/AppResources.h"
 #include "Tarnwick/StandardCollaborators.h"
 #include "TarnwickDirect/Application/ApplicationService.h"
 #include "TarnwickDirect/Application/Display.h"
 #include "TarnwickDirect/Application/ExitGuard.h"
 #include "TarnwickDirect/Application/SingleInstance.h"
 #include "TarnwickDirect/Application/TarnwickDirectApp.h"
-#include "TarnwickDirect/CommandLine/Interruption.h"
+#include "TarnwickDirect/CommandLine/SignalHandler.h"
+#include "TarnwickDirect/Drain.h"
 #include "TarnwickDirect/Environment.h"
-#include "TarnwickDirect/Settling.h"
 #include "TarnwickDirect/Status/BusNames.h"
 #include "TarnwickDirect/Version.h"
 #include "TarnwickDirect/X11/X11.h"
@@ -65,7 +65,7 @@ int runFirst(
     const MakeUpdater& makeUpdater,
     const QDBusConnection& bus,
     ApplicationService& service,
-    const Interruption& interruption,
+    const SignalHandler& signalHandler,
     std::shared_ptr<Tarnwick::Preload> preload)
 {
     describeApplication();
@@ -81,7 +81,7 @@ int runFirst(
         qApp,
         &QCoreApplication::quit,
         Qt::QueuedConnection);
-    QObject::connect(&interruption, &Interruption::interrupted, qApp, &QCoreApplication::quit);
+    QObject::connect(&signalHandler, &SignalHandler::interrupted, qApp, &QCoreApplication::quit);
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, &app, stayOutOfSavedSessions);
     QObject::connect(qApp, &QGuiApplication::saveStateRequest, &app, stayOutOfSavedSessions);
     app.start(wish.manner, wish.platformData);
@@ -101,7 +101,7 @@ int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int a
         &Tarnwick::openStandardDefaults, Tarnwick::PullRequestDiskCache{}, [] { FcInit(); });
     const Wish wish{.manner = command.manner, .platformData = PlatformData::fromEnvironment()};
     const QApplication application(argc, argv);
-    const Interruption interruption;
+    const SignalHandler signalHandler;
     QDBusConnection bus = QDBusConnection::sessionBus();
     ApplicationService service;
     if (bus.isConnected()) {
@@ -112,10 +112,10 @@ int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int a
         X11::endStartup(wish.platformData.startupId.toUtf8());
         return 0;
     }
-    const int status = runFirst(wish, makeUpdater, bus, service, interruption, std::move(preload));
-    settle();
-    if (interruption.signal()) {
-        interruption.endProcess();
+    const int status = runFirst(wish, makeUpdater, bus, service, signalHandler, std::move(preload));
+    drain();
+    if (signalHandler.signal()) {
+        signalHandler.endProcess();
     }
     return status;
 }

@@ -1,6 +1,6 @@
 #include "TarnwickDirect/Application/PanelWindow.h"
 
-#include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 #include "TarnwickDirect/Application/AccessiblePanel.h"
 #include "TarnwickDirect/Application/PanelPlacement.h"
 #include "TarnwickDirect/Application/WindowActivation.h"
@@ -47,7 +47,7 @@ PanelWindow::PanelWindow(
     layout->addWidget(content);
     _corners = new RoundedCorners(this);
     _border = new Tarnwick::WindowBorderConfigurator(this);
-    _grips = EdgeGrip::makeAll(this);
+    _grips = ResizeHandle::makeAll(this);
     connect(&appearance, &Tarnwick::Appearance::changed, this, &PanelWindow::appearanceChanged);
     connect(
         qGuiApp,
@@ -88,7 +88,7 @@ void PanelWindow::applyForm()
     _corners->setTranslucent(_isTranslucent);
     _corners->setVisible(isPanel);
     _border->setShown(isPanel);
-    for (EdgeGrip* const grip : std::as_const(_grips)) {
+    for (ResizeHandle* const grip : std::as_const(_grips)) {
         grip->setVisible(isPanel);
     }
     if (isPanel && !_isTranslucent) {
@@ -275,7 +275,7 @@ void PanelWindow::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     _corners->raise();
     _border->setShown(_form == Form::panel);
-    for (EdgeGrip* const grip : std::as_const(_grips)) {
+    for (ResizeHandle* const grip : std::as_const(_grips)) {
         grip->raise();
     }
     updateSight();
@@ -312,7 +312,7 @@ void PanelWindow::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     _corners->setGeometry(rect());
-    for (EdgeGrip* const grip : std::as_const(_grips)) {
+    for (ResizeHandle* const grip : std::as_const(_grips)) {
         grip->moveToEdge();
     }
     if (_form == Form::panel && !_isTranslucent) {

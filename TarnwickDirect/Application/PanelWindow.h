@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Tarnwick/Interface/Look/Appearance.h"
-#include "Tarnwick/Interface/Look/WindowBorder.h"
-#include "TarnwickDirect/Application/EdgeGrip.h"
+#include "Tarnwick/Interface/Style/Appearance.h"
+#include "Tarnwick/Interface/Style/WindowBorder.h"
 #include "TarnwickDirect/Application/PlatformData.h"
+#include "TarnwickDirect/Application/ResizeHandle.h"
 #include "TarnwickDirect/Application/RoundedCorners.h"
 
 #include <QWidget>
@@ -121,7 +121,7 @@ private:
     Tarnwick::Appearance& _appearance;
     RoundedCorners* _corners = nullptr;
     Tarnwick::WindowBorderConfigurator* _border = nullptr;
-    QList<EdgeGrip*> _grips;
+    QList<ResizeHandle*> _grips;
     Form _form = Form::window;
     Form _wantedForm = Form::window;
     Leaving _leaving = Leaving::close;

@@ -1,6 +1,6 @@
 #include "TarnwickDirect/Application/RoundedCorners.h"
 
-#include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 
 #include <QPainter>
 #include <QPainterPath>

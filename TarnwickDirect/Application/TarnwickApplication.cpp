@@ -1,6 +1,6 @@
 #include "TarnwickDirect/Application/TarnwickApplication.h"
 
-#include "Tarnwick/Interface/Look/AppFonts.h"
+#include "Tarnwick/Interface/Style/AppFonts.h"
 
 namespace TarnwickDirect::TarnwickApplication {
 

@@ -1,9 +1,9 @@
 #include "TarnwickDirect/Application/TarnwickDirectApp.h"
 
 #include "Tarnwick/Interface/Controls/Menu.h"
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
-#include "Tarnwick/Interface/Look/MenuItems.h"
 #include "Tarnwick/Interface/Panel/AccessibleParts.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
+#include "Tarnwick/Interface/Style/MenuItems.h"
 #include "TarnwickDirect/Application/ExitGuard.h"
 #include "TarnwickDirect/Application/PanelSize.h"
 #include "TarnwickDirect/Application/TarnwickApplication.h"
@@ -70,7 +70,7 @@ TarnwickDirectApp::TarnwickDirectApp(
     , _trouble(_model)
     , _status(_model, _trouble)
     , _appearance(styled())
-    , _wishes(_appearance, bus)
+    , _preferences(_appearance, bus)
     , _updateManager([this, &makeUpdater](UpdaterDelegate& delegate) {
         return makeUpdater ? makeUpdater(updaterHost(), delegate) : nullptr;
     })

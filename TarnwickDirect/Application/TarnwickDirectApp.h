@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Tarnwick/Interface/Look/Appearance.h"
-#include "Tarnwick/Interface/Look/DesktopWishes.h"
+#include "Tarnwick/Interface/Style/Appearance.h"
+#include "Tarnwick/Interface/Style/DesktopPreferences.h"
 #include "Tarnwick/PullRequestMenuModel.h"
 #include "Tarnwick/PullRequestMenuView.h"
 #include "TarnwickDirect/Application/ApplicationService.h"
@@ -87,7 +87,7 @@ private:
     Trouble _trouble;
     StatusFeed _status;
     Tarnwick::Appearance& _appearance;
-    Tarnwick::DesktopWishes _wishes;
+    Tarnwick::DesktopPreferences _preferences;
     PlatformData _checkRequest;  ///< What the last check that was asked for came with.
     UpdateManager _updateManager;
     Tarnwick::PullRequestMenuView* _view = nullptr;  ///< The window's.

@@ -58,7 +58,7 @@ bool isLoaded(const PullRequestMenuModel& model)
 }
 
 /// Makes one refresh and says meanwhile what it does. A signal stops it.
-void refreshOnce(PullRequestMenuModel& model, const Interruption& interruption)
+void refreshOnce(PullRequestMenuModel& model, const SignalHandler& signalHandler)
 {
     ProgressLine progress;
     const auto showProgress = [&] {
@@ -69,7 +69,7 @@ void refreshOnce(PullRequestMenuModel& model, const Interruption& interruption)
     };
     const QObject context;
     QObject::connect(&model, &PullRequestMenuModel::stateChanged, &context, showProgress);
-    QObject::connect(&interruption, &Interruption::interrupted, &context, [&] { model.stop(); });
+    QObject::connect(&signalHandler, &SignalHandler::interrupted, &context, [&] { model.stop(); });
     showProgress();
     Tarnwick::runUntilDone(model.refresh());
     const bool isByTurn = model.settings().arrangement == Tarnwick::Arrangement::byWhoseTurn;
@@ -120,13 +120,13 @@ std::string text(const PullRequestMenuModel& model, const ShownList& list)
 
 }  // namespace
 
-int listPullRequests(const ListPullRequests& command, const Interruption& interruption)
+int listPullRequests(const ListPullRequests& command, const SignalHandler& signalHandler)
 {
     PullRequestMenuModel model(collaborators(command));
     if (!command.isCached) {
-        refreshOnce(model, interruption);
+        refreshOnce(model, signalHandler);
     }
-    if (interruption.signal()) {
+    if (signalHandler.signal()) {
         return 1;
     }
     const ShownList list{model.rows(), model.turns(), model.groups()};

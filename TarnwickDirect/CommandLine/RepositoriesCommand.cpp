@@ -42,12 +42,12 @@ Repositories askForRepositories(const PullRequestProvider& provider, std::stop_t
 /// Lists the repositories while the event loop runs. Nothing, when that failed and has been said
 /// or when a signal has stopped it.
 std::optional<Repositories> fetchRepositories(
-    const std::shared_ptr<const PullRequestProvider>& provider, const Interruption& interruption)
+    const std::shared_ptr<const PullRequestProvider>& provider, const SignalHandler& signalHandler)
 {
     std::stop_source stopSource;
     const QObject context;
     QObject::connect(
-        &interruption, &Interruption::interrupted, &context, [&] { stopSource.request_stop(); });
+        &signalHandler, &SignalHandler::interrupted, &context, [&] { stopSource.request_stop(); });
     ProgressLine progress;
     progress.show("Loading repositories…");
     try {
@@ -55,10 +55,10 @@ std::optional<Repositories> fetchRepositories(
             return askForRepositories(*provider, stopToken);
         });
         auto repositories = Tarnwick::runUntilDone(std::move(asking));
-        return interruption.signal() ? std::nullopt : std::optional(std::move(repositories));
+        return signalHandler.signal() ? std::nullopt : std::optional(std::move(repositories));
     } catch (const std::exception& error) {
         progress.clear();
-        if (!interruption.signal()) {
+        if (!signalHandler.signal()) {
             std::cerr << message(error.what()) << '\n';
         }
         return std::nullopt;
@@ -99,10 +99,10 @@ std::optional<std::string> firstUnknown(
 
 }  // namespace
 
-int listRepositories(const ListRepositories& command, const Interruption& interruption)
+int listRepositories(const ListRepositories& command, const SignalHandler& signalHandler)
 {
     const auto parts = Tarnwick::standardCollaborators(environment());
-    const auto repositories = fetchRepositories(parts.provider, interruption);
+    const auto repositories = fetchRepositories(parts.provider, signalHandler);
     if (!repositories) {
         return 1;
     }
@@ -115,10 +115,10 @@ int listRepositories(const ListRepositories& command, const Interruption& interr
     return output.finish();
 }
 
-int changeSelection(const ChangeSelection& command, const Interruption& interruption)
+int changeSelection(const ChangeSelection& command, const SignalHandler& signalHandler)
 {
     const auto parts = Tarnwick::standardCollaborators(environment());
-    const auto repositories = fetchRepositories(parts.provider, interruption);
+    const auto repositories = fetchRepositories(parts.provider, signalHandler);
     if (!repositories) {
         return 1;
     }

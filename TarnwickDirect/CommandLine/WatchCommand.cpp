@@ -13,7 +13,7 @@
 
 namespace TarnwickDirect {
 
-int watch(const WatchList& command, const Interruption& interruption)
+int watch(const WatchList& command, const SignalHandler& signalHandler)
 {
     LastLine output(STDOUT_FILENO);
     int status = 0;
@@ -25,7 +25,7 @@ int watch(const WatchList& command, const Interruption& interruption)
         }
         QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     });
-    QObject::connect(&interruption, &Interruption::interrupted, qApp, &QCoreApplication::quit);
+    QObject::connect(&signalHandler, &SignalHandler::interrupted, qApp, &QCoreApplication::quit);
     const ListWatch list(command.format, output);
     QCoreApplication::exec();
     return status;

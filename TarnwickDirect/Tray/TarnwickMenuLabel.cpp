@@ -1,7 +1,7 @@
 #include "TarnwickDirect/Tray/TarnwickMenuLabel.h"
 
-#include "Tarnwick/Interface/Look/AppResources.h"
-#include "Tarnwick/Interface/Look/Drawing.h"
+#include "Tarnwick/Interface/Style/AppResources.h"
+#include "Tarnwick/Interface/Style/Drawing.h"
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
-#include "Tarnwick/Interface/Look/AppFonts.h"
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 #include "Tarnwick/Interface/Panel/AccessibleParts.h"
+#include "Tarnwick/Interface/Style/AppFonts.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <QApplication>
 

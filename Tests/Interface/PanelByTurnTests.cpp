@@ -1,5 +1,5 @@
 #include "PanelFixture.h"
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 namespace Tarnwick {
 namespace {
@@ -12,7 +12,7 @@ class PanelByTurnTests : public PanelTest {
 protected:
     PanelByTurnTests()
     {
-        setApplicationStyle(1.0).setWishes({.reducedMotion = true, .higherContrast = false});
+        setApplicationStyle(1.0).setPreferences({.reducedMotion = true, .higherContrast = false});
     }
 
     void showByTurn(const std::vector<PullRequest>& pullRequests)

@@ -1,8 +1,8 @@
 #include "Tarnwick/Interface/Controls/PushButton.h"
 
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
-#include "Tarnwick/Interface/Look/Painting.h"
-#include "Tarnwick/Interface/Look/SystemSymbol.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
+#include "Tarnwick/Interface/Style/Painting.h"
+#include "Tarnwick/Interface/Style/SystemSymbol.h"
 
 #include <QAccessible>
 #include <QFocusEvent>

@@ -1,6 +1,6 @@
 #include "Tarnwick/Interface/Controls/Spinner.h"
 
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Style/Appearance.h"
 
 #include <QPainter>
 

@@ -1,7 +1,7 @@
 #include "Tarnwick/Interface/Controls/TextField.h"
 
-#include "Tarnwick/Interface/Look/Painting.h"
-#include "Tarnwick/Interface/Look/SystemSymbol.h"
+#include "Tarnwick/Interface/Style/Painting.h"
+#include "Tarnwick/Interface/Style/SystemSymbol.h"
 
 #include <QEvent>
 #include <QPainter>

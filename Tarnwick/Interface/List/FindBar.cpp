@@ -3,7 +3,7 @@
 #include "Tarnwick/Interface/Controls/PushButton.h"
 #include "Tarnwick/Interface/Controls/TextField.h"
 #include "Tarnwick/Interface/Controls/TextLine.h"
-#include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>

@@ -1,6 +1,6 @@
 #include "Tarnwick/Interface/List/FindPlates.h"
 
-#include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 
 namespace Tarnwick {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Tarnwick/Interface/Look/Palette.h"
+#include "Tarnwick/Interface/Style/Palette.h"
 
 #include <QPainter>
 #include <QRectF>

@@ -2,7 +2,7 @@
 
 #include "Tarnwick/Interface/Controls/HelpText.h"
 #include "Tarnwick/Interface/List/ListNavigation.h"
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Style/Appearance.h"
 
 #include <QAbstractItemDelegate>
 #include <QHelpEvent>

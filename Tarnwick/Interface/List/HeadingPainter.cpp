@@ -2,7 +2,7 @@
 
 #include "Tarnwick/Interface/List/CountFigures.h"
 #include "Tarnwick/Interface/List/HeadingWording.h"
-#include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 
 namespace Tarnwick {
 namespace {

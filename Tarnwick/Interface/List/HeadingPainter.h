@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Tarnwick/Interface/List/GroupHeading.h"
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Style/Appearance.h"
 
 #include <QRect>
 

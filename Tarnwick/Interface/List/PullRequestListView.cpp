@@ -1,7 +1,7 @@
 #include "Tarnwick/Interface/List/PullRequestListView.h"
 
 #include "Tarnwick/Interface/List/HeadingPainter.h"
-#include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -124,7 +124,7 @@ bool PullRequestListView::isFilled(int row) const
     return row == filledRow() || hover().fill(_model.index(row)) > 0;
 }
 
-RowSituation PullRequestListView::situation(int row) const
+RowState PullRequestListView::situation(int row) const
 {
     const bool beginsStack = row > 0 && _model.depth(row) <= 0 && !_model.isHeading(row - 1);
     return {

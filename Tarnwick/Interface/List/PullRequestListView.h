@@ -24,7 +24,7 @@ public:
     const RowDelegate& rows() const { return _rows; }
 
     /// How a row is painted now.
-    RowSituation situation(int row) const;
+    RowState situation(int row) const;
 
     /// The user's login, or empty when it is not known.
     void setAccount(const std::string& account) { _account = account; }

@@ -5,9 +5,9 @@
 #include "Tarnwick/Interface/List/FindPlates.h"
 #include "Tarnwick/Interface/List/RowColors.h"
 #include "Tarnwick/Interface/List/RowTexts.h"
-#include "Tarnwick/Interface/Look/Painting.h"
-#include "Tarnwick/Interface/Look/ResourceIcon.h"
-#include "Tarnwick/Interface/Look/SystemSymbol.h"
+#include "Tarnwick/Interface/Style/Painting.h"
+#include "Tarnwick/Interface/Style/ResourceIcon.h"
+#include "Tarnwick/Interface/Style/SystemSymbol.h"
 
 namespace Tarnwick {
 namespace {
@@ -43,7 +43,7 @@ void PullRequestRowView::paint(
     const RowContent& content,
     const RowGeometry& geometry,
     const TitleLayout& title,
-    const RowSituation& situation)
+    const RowState& situation)
 {
     paintFill(geometry, situation);
     paintStart(content, geometry);
@@ -80,7 +80,7 @@ QColor PullRequestRowView::unlessDimmed(const RowContent& content, const QColor&
     return content.isDimmed() ? _palette.textTertiary : color;
 }
 
-void PullRequestRowView::paintFill(const RowGeometry& geometry, const RowSituation& situation)
+void PullRequestRowView::paintFill(const RowGeometry& geometry, const RowState& situation)
 {
     if (situation.hasLineAbove) {
         Painting::hairline(
@@ -186,8 +186,7 @@ void PullRequestRowView::paintDetails(const RowContent& content, const QRect& pl
     }
 }
 
-void PullRequestRowView::paintEditorButton(
-    const RowGeometry& geometry, const RowSituation& situation)
+void PullRequestRowView::paintEditorButton(const RowGeometry& geometry, const RowState& situation)
 {
     const bool isOn = situation.isOnEditorButton;
     Painting::fillRounded(

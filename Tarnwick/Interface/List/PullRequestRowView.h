@@ -3,14 +3,14 @@
 #include "Tarnwick/Interface/List/RowContent.h"
 #include "Tarnwick/Interface/List/RowGeometry.h"
 #include "Tarnwick/Interface/List/TitleLayout.h"
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Style/Appearance.h"
 
 #include <QPainter>
 
 namespace Tarnwick {
 
 /// What the user does with a row at this moment.
-struct RowSituation {
+struct RowState {
     double hover = 0;  ///< From 0 to 1 while the fill comes and goes.
     bool isSelected = false;
     bool hasFocusRing = false;
@@ -34,12 +34,12 @@ public:
         const RowContent& content,
         const RowGeometry& geometry,
         const TitleLayout& title,
-        const RowSituation& situation);
+        const RowState& situation);
 
 private:
     /// The color, or that of everything in a dimmed row.
     QColor unlessDimmed(const RowContent& content, const QColor& color) const;
-    void paintFill(const RowGeometry& geometry, const RowSituation& situation);
+    void paintFill(const RowGeometry& geometry, const RowState& situation);
     void paintStart(const RowContent& content, const RowGeometry& geometry);
     void paintDot(const RowContent& content, const RowGeometry& geometry);
     void paintBadges(const RowContent& content, const RowGeometry& geometry);
@@ -47,7 +47,7 @@ private:
     /// What is marked in the row; dimmed rows carry no marks.
     const QStringList& wordsIn(const RowContent& content) const;
     void paintDetails(const RowContent& content, const QRect& place);
-    void paintEditorButton(const RowGeometry& geometry, const RowSituation& situation);
+    void paintEditorButton(const RowGeometry& geometry, const RowState& situation);
 
     QPainter& _painter;
     const RowMetrics& _metrics;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "PullRequestKit/PullRequest.h"
-#include "Tarnwick/Interface/Look/Palette.h"
+#include "Tarnwick/Interface/Style/Palette.h"
 
 #include <QColor>
 

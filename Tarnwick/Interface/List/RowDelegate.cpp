@@ -150,7 +150,7 @@ QString RowDelegate::helpText(int row, RowPart part) const
     return {};
 }
 
-void RowDelegate::paint(QPainter& painter, int row, const RowSituation& situation) const
+void RowDelegate::paint(QPainter& painter, int row, const RowState& situation) const
 {
     PullRequestRowView(painter, _metrics, _model.now(), _model.findWords())
         .paint(_model.content(row), geometry(row), *title(row), situation);

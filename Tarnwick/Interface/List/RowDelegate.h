@@ -48,7 +48,7 @@ public:
     /// What to say about a part; for cut texts the whole of them. Plain text.
     QString helpText(int row, RowPart part) const;
 
-    void paint(QPainter& painter, int row, const RowSituation& situation) const;
+    void paint(QPainter& painter, int row, const RowState& situation) const;
 
 private:
     TitleCache& titles(const RowContent& content) const;

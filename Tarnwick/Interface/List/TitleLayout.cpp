@@ -1,7 +1,7 @@
 #include "Tarnwick/Interface/List/TitleLayout.h"
 
 #include "Tarnwick/Interface/List/FindPlates.h"
-#include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

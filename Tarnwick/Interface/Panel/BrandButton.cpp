@@ -1,7 +1,7 @@
 #include "Tarnwick/Interface/Panel/BrandButton.h"
 
-#include "Tarnwick/Interface/Look/Painting.h"
-#include "Tarnwick/Interface/Look/ResourceIcon.h"
+#include "Tarnwick/Interface/Style/Painting.h"
+#include "Tarnwick/Interface/Style/ResourceIcon.h"
 
 #include <QPainter>
 

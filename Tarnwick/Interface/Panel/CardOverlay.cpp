@@ -1,8 +1,8 @@
 #include "Tarnwick/Interface/Panel/CardOverlay.h"
 
-#include "Tarnwick/Interface/Look/Painting.h"
 #include "Tarnwick/Interface/Panel/LeavingPicture.h"
 #include "Tarnwick/Interface/Panel/RiseEffect.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 
 #include <QEvent>
 #include <QGridLayout>

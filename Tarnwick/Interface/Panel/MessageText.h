@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Tarnwick/Interface/Look/Appearance.h"
 #include "Tarnwick/Interface/Panel/WrappedText.h"
+#include "Tarnwick/Interface/Style/Appearance.h"
 
 #include <QLabel>
 

@@ -2,10 +2,10 @@
 
 #include "Tarnwick/Interface/Controls/PushButton.h"
 #include "Tarnwick/Interface/Controls/Spinner.h"
-#include "Tarnwick/Interface/Look/ResourceIcon.h"
-#include "Tarnwick/Interface/Look/SystemSymbol.h"
 #include "Tarnwick/Interface/Panel/HintText.h"
 #include "Tarnwick/Interface/Panel/MessageText.h"
+#include "Tarnwick/Interface/Style/ResourceIcon.h"
+#include "Tarnwick/Interface/Style/SystemSymbol.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

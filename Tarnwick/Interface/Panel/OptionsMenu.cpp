@@ -1,7 +1,7 @@
 #include "Tarnwick/Interface/Panel/OptionsMenu.h"
 
 #include "Tarnwick/Interface/List/Names.h"
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Style/Appearance.h"
 
 #include <string_view>
 

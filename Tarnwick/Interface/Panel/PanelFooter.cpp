@@ -2,8 +2,8 @@
 
 #include "Tarnwick/Interface/Controls/HelpText.h"
 #include "Tarnwick/Interface/Controls/PushButton.h"
-#include "Tarnwick/Interface/Look/Painting.h"
 #include "Tarnwick/Interface/Panel/PanelWording.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 
 #include <QPainter>
 #include <QStringList>

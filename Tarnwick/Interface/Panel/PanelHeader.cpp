@@ -1,8 +1,8 @@
 #include "Tarnwick/Interface/Panel/PanelHeader.h"
 
 #include "Tarnwick/Interface/Controls/Spinner.h"
-#include "Tarnwick/Interface/Look/Painting.h"
 #include "Tarnwick/Interface/Panel/BrandButton.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 
 #include <QHBoxLayout>
 #include <QPainter>

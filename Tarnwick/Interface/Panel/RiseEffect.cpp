@@ -1,7 +1,7 @@
 #include "Tarnwick/Interface/Panel/RiseEffect.h"
 
 #include "Tarnwick/Interface/Controls/Fade.h"
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Style/Appearance.h"
 
 #include <QPainter>
 

@@ -2,10 +2,10 @@
 
 #include "Tarnwick/Interface/Controls/HelpText.h"
 #include "Tarnwick/Interface/Controls/PushButton.h"
-#include "Tarnwick/Interface/Look/Painting.h"
-#include "Tarnwick/Interface/Look/SystemSymbol.h"
 #include "Tarnwick/Interface/Panel/PanelWording.h"
 #include "Tarnwick/Interface/Panel/WrappedText.h"
+#include "Tarnwick/Interface/Style/Painting.h"
+#include "Tarnwick/Interface/Style/SystemSymbol.h"
 
 #include <QHelpEvent>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #include "Tarnwick/Interface/Picker/PickerListView.h"
 
-#include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 
 #include <QKeyEvent>
 #include <QScrollBar>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Style/Appearance.h"
 
 #include <QRect>
 

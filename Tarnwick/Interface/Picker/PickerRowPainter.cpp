@@ -1,9 +1,9 @@
 #include "Tarnwick/Interface/Picker/PickerRowPainter.h"
 
-#include "Tarnwick/Interface/Look/Painting.h"
-#include "Tarnwick/Interface/Look/ResourceIcon.h"
-#include "Tarnwick/Interface/Look/SystemSymbol.h"
 #include "Tarnwick/Interface/Picker/PickerWording.h"
+#include "Tarnwick/Interface/Style/Painting.h"
+#include "Tarnwick/Interface/Style/ResourceIcon.h"
+#include "Tarnwick/Interface/Style/SystemSymbol.h"
 
 #include <QFontMetricsF>
 

@@ -4,8 +4,8 @@
 #include "Tarnwick/Interface/Controls/PushButton.h"
 #include "Tarnwick/Interface/Controls/TextField.h"
 #include "Tarnwick/Interface/Controls/TextLine.h"
-#include "Tarnwick/Interface/Look/Painting.h"
 #include "Tarnwick/Interface/Picker/PickerWording.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 #include "Tarnwick/Model/OpenInEditor.h"
 #include "Tarnwick/PullRequestMenuModel.h"
 

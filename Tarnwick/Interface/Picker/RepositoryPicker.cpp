@@ -3,11 +3,11 @@
 #include "Tarnwick/Interface/Controls/PushButton.h"
 #include "Tarnwick/Interface/Controls/TextField.h"
 #include "Tarnwick/Interface/Controls/TextLine.h"
-#include "Tarnwick/Interface/Look/Painting.h"
 #include "Tarnwick/Interface/Panel/Notice.h"
 #include "Tarnwick/Interface/Picker/PickerListView.h"
 #include "Tarnwick/Interface/Picker/PickerWording.h"
 #include "Tarnwick/Interface/Picker/ProjectDirectorySection.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 
 #include <QKeyEvent>
 #include <QVBoxLayout>

@@ -1,6 +1,6 @@
 #include "Tarnwick/Interface/List/FindBar.h"
 
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <QAbstractButton>
 #include <QLabel>
@@ -19,7 +19,7 @@ class FindBarTests : public testing::Test {
 protected:
     FindBarTests()
     {
-        appearance.setWishes({.reducedMotion = true, .higherContrast = false});
+        appearance.setPreferences({.reducedMotion = true, .higherContrast = false});
         window.resize(420, 600);
         bar.resize(420, 0);
         window.show();
@@ -116,7 +116,7 @@ TEST_F(FindBarTests, theCrossClosesAsEscapeDoes)
 
 TEST_F(FindBarTests, slidesOpenWhereMotionIsWanted)
 {
-    appearance.setWishes({.reducedMotion = false, .higherContrast = false});
+    appearance.setPreferences({.reducedMotion = false, .higherContrast = false});
     bar.open();
     EXPECT_LT(bar.height(), 40);
     EXPECT_TRUE(QTest::qWaitFor([this] { return bar.height() == 40; }, 2000));

@@ -2,7 +2,7 @@
 #include "Support/Pictures.h"
 #include "Tarnwick/Interface/List/FindBar.h"
 #include "Tarnwick/Interface/List/PullRequestListView.h"
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <QAction>
 #include <QApplication>
@@ -51,7 +51,7 @@ QImage listPicture(const Sheet& sheet)
 {
     Appearance& appearance = setApplicationStyle(sheet.textScale);
     appearance.setDark(sheet.isDark);
-    appearance.setWishes({.reducedMotion = true, .higherContrast = sheet.higherContrast});
+    appearance.setPreferences({.reducedMotion = true, .higherContrast = sheet.higherContrast});
     PullRequestListModel model(TestSupport::sampleNow);
     std::vector<ListedRow> rows = sheet.isByTurn ? TestSupport::turnRows() : latinRows();
     if (sheet.hasHidden) {
@@ -209,7 +209,7 @@ TEST(ListPictures, theRowsMenus)
 TEST(ListPictures, theFindBar)
 {
     Appearance& appearance = setApplicationStyle(1.0);
-    appearance.setWishes({.reducedMotion = true, .higherContrast = false});
+    appearance.setPreferences({.reducedMotion = true, .higherContrast = false});
     QWidget panel;
     panel.resize(420, 80);
     FindBar bar(&panel);

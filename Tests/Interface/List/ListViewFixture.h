@@ -2,7 +2,7 @@
 
 #include "List/SampleRows.h"
 #include "Tarnwick/Interface/List/PullRequestListView.h"
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -24,7 +24,7 @@ class ListViewTest : public testing::Test {
 protected:
     ListViewTest()
     {
-        appearance.setWishes({.reducedMotion = true, .higherContrast = false});
+        appearance.setPreferences({.reducedMotion = true, .higherContrast = false});
         QObject::connect(
             &view,
             &PullRequestListView::actionRequested,

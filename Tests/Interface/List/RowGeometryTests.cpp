@@ -1,7 +1,7 @@
 #include "Tarnwick/Interface/List/RowGeometry.h"
 
 #include "Tarnwick/Interface/List/CountFigures.h"
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "Tarnwick/Interface/Panel/CardOverlay.h"
 
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 #include "Tarnwick/Interface/Panel/Alert.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <QGraphicsEffect>
 #include <QPointer>
@@ -65,7 +65,7 @@ TEST_F(CardOverlayTests, thePictureOfACardIsTheCard)
 
 TEST_F(CardOverlayTests, withoutMotionACardGoesAtOnce)
 {
-    setApplicationStyle(1.0).setWishes({.reducedMotion = true, .higherContrast = false});
+    setApplicationStyle(1.0).setPreferences({.reducedMotion = true, .higherContrast = false});
     alert.show();
     alert.hide();
     EXPECT_EQ(leavingCard(), nullptr);

@@ -1,12 +1,12 @@
 #include "Support/Pictures.h"
 #include "Tarnwick/Interface/Controls/PushButton.h"
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 #include "Tarnwick/Interface/Panel/Alert.h"
 #include "Tarnwick/Interface/Panel/EditorOverlay.h"
 #include "Tarnwick/Interface/Panel/Notice.h"
 #include "Tarnwick/Interface/Panel/PanelFooter.h"
 #include "Tarnwick/Interface/Panel/PanelHeader.h"
 #include "Tarnwick/Interface/Panel/Strip.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <QPainter>
 
@@ -122,7 +122,7 @@ QImage cards(bool isDark)
 {
     Appearance& appearance = setApplicationStyle(1.0);
     appearance.setDark(isDark);
-    appearance.setWishes({.reducedMotion = true, .higherContrast = false});
+    appearance.setPreferences({.reducedMotion = true, .higherContrast = false});
     return stacked({alert(), editorOverlay()});
 }
 
@@ -159,7 +159,7 @@ TEST(PanelPictureTests, theHidden)
     expectPicture(hiddenParts(1), "panel-hidden-light");
     Appearance& dark = setApplicationStyle(1.5);
     dark.setDark(true);
-    dark.setWishes({.reducedMotion = true, .higherContrast = true});
+    dark.setPreferences({.reducedMotion = true, .higherContrast = true});
     expectPicture(hiddenParts(1), "panel-hidden-dark-contrast");
 }
 

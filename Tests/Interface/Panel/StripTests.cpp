@@ -1,8 +1,8 @@
 #include "Tarnwick/Interface/Panel/Strip.h"
 
 #include "Fakes/ModelFixture.h"
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
 #include "Tarnwick/Interface/Panel/StripStack.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <QAbstractButton>
 
@@ -206,7 +206,7 @@ TEST_F(StripTests, slidesOpenAndShut)
 TEST_F(StripTests, doesNotSlideWhereTheDesktopWantsNoMotion)
 {
     QWidget panel;
-    setApplicationStyle(1.0).setWishes({.reducedMotion = true, .higherContrast = false});
+    setApplicationStyle(1.0).setPreferences({.reducedMotion = true, .higherContrast = false});
     Strip still(Strip::Tone::error, QStringLiteral("still"), &panel);
     panel.show();
     still.setText(QStringLiteral("short"));

@@ -1,6 +1,6 @@
 #include "Tarnwick/Interface/Panel/WrappedText.h"
 
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <QFontMetricsF>
 

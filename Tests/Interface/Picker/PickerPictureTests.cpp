@@ -1,6 +1,6 @@
 #include "Picker/PickerFixture.h"
 #include "Support/Pictures.h"
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <QLabel>
 
@@ -15,7 +15,7 @@ protected:
 
     void openEveryday()
     {
-        appearance.setWishes({.reducedMotion = true, .higherContrast = false});
+        appearance.setPreferences({.reducedMotion = true, .higherContrast = false});
         std::vector<PullRequestKit::RepositorySummary> repositories = someRepositories();
         for (int number = 1; number < 20; ++number) {
             repositories.push_back(

@@ -1,6 +1,6 @@
 #include "Tarnwick/Interface/Picker/PickerRowGeometry.h"
 
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "Picker/PickerFixture.h"
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <QAbstractButton>
 #include <QFileDialog>

@@ -1,6 +1,6 @@
 #include "TarnwickDirect/Application/PanelWindow.h"
 
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -333,15 +333,15 @@ TEST(RoundedCorners, ofAnOpaqueWindowHaveADarkEdge)
     EXPECT_EQ(image.pixelColor(50, 40), QColor(Qt::white));
 }
 
-TEST(EdgeGrip, liesAtTheEdgesAndCorners)
+TEST(ResizeHandle, liesAtTheEdgesAndCorners)
 {
     const QSize size(440, 620);
-    EXPECT_EQ(EdgeGrip::place(Qt::TopEdge, size), QRect(0, 0, 440, 4));
-    EXPECT_EQ(EdgeGrip::place(Qt::BottomEdge, size), QRect(0, 616, 440, 4));
-    EXPECT_EQ(EdgeGrip::place(Qt::LeftEdge, size), QRect(0, 0, 4, 620));
-    EXPECT_EQ(EdgeGrip::place(Qt::RightEdge, size), QRect(436, 0, 4, 620));
-    EXPECT_EQ(EdgeGrip::place(Qt::TopEdge | Qt::LeftEdge, size), QRect(0, 0, 14, 14));
-    EXPECT_EQ(EdgeGrip::place(Qt::BottomEdge | Qt::RightEdge, size), QRect(426, 606, 14, 14));
+    EXPECT_EQ(ResizeHandle::place(Qt::TopEdge, size), QRect(0, 0, 440, 4));
+    EXPECT_EQ(ResizeHandle::place(Qt::BottomEdge, size), QRect(0, 616, 440, 4));
+    EXPECT_EQ(ResizeHandle::place(Qt::LeftEdge, size), QRect(0, 0, 4, 620));
+    EXPECT_EQ(ResizeHandle::place(Qt::RightEdge, size), QRect(436, 0, 4, 620));
+    EXPECT_EQ(ResizeHandle::place(Qt::TopEdge | Qt::LeftEdge, size), QRect(0, 0, 14, 14));
+    EXPECT_EQ(ResizeHandle::place(Qt::BottomEdge | Qt::RightEdge, size), QRect(426, 606, 14, 14));
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "Tarnwick/Interface/Look/AppFonts.h"
+#include "Tarnwick/Interface/Style/AppFonts.h"
 
 #include <QGuiApplication>
 

@@ -1,4 +1,4 @@
-#include "Tarnwick/Interface/Look/Palette.h"
+#include "Tarnwick/Interface/Style/Palette.h"
 
 namespace Tarnwick {
 

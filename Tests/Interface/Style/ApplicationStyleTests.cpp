@@ -1,4 +1,4 @@
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -57,7 +57,7 @@ TEST(ApplicationStyleTests, everyWidgetHearsOfAnotherAppearance)
     Appearance& appearance = setApplicationStyle(1);
     const int before = listener.changes;
     appearance.setDark(true);
-    appearance.setWishes({.reducedMotion = true, .higherContrast = true});
+    appearance.setPreferences({.reducedMotion = true, .higherContrast = true});
     appearance.setTextScale(1.5);
     appearance.setTextScale(1.5);
     EXPECT_EQ(listener.changes, before + 3);

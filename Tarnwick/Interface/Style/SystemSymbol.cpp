@@ -1,7 +1,7 @@
-#include "Tarnwick/Interface/Look/SystemSymbol.h"
+#include "Tarnwick/Interface/Style/SystemSymbol.h"
 
-#include "Tarnwick/Interface/Look/AppResources.h"
-#include "Tarnwick/Interface/Look/Drawing.h"
+#include "Tarnwick/Interface/Style/AppResources.h"
+#include "Tarnwick/Interface/Style/Drawing.h"
 
 namespace Tarnwick {
 namespace {

@@ -1,4 +1,4 @@
-#include "Tarnwick/Interface/Look/DesktopWishes.h"
+#include "Tarnwick/Interface/Style/DesktopPreferences.h"
 
 #include <QDBusArgument>
 #include <QDBusMessage>
@@ -19,7 +19,8 @@ const QString gnome = QStringLiteral("org.gnome.desktop.interface");
 
 }  // namespace
 
-DesktopWishes::DesktopWishes(Appearance& appearance, const QDBusConnection& bus, QObject* parent)
+DesktopPreferences::DesktopPreferences(
+    Appearance& appearance, const QDBusConnection& bus, QObject* parent)
     : QObject(parent)
     , _appearance(appearance)
 {
@@ -39,10 +40,10 @@ DesktopWishes::DesktopWishes(Appearance& appearance, const QDBusConnection& bus,
         QDBusMessage::createMethodCall(portal, path, interface, QStringLiteral("ReadAll"));
     question << QStringList{common, gnome};
     auto* const answer = new QDBusPendingCallWatcher(connection.asyncCall(question), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, &DesktopWishes::readAll);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, &DesktopPreferences::readAll);
 }
 
-void DesktopWishes::readAll(QDBusPendingCallWatcher* answer)
+void DesktopPreferences::readAll(QDBusPendingCallWatcher* answer)
 {
     answer->deleteLater();
     if (answer->isError() || answer->reply().arguments().isEmpty()) {
@@ -58,17 +59,17 @@ void DesktopWishes::readAll(QDBusPendingCallWatcher* answer)
     handOn();
 }
 
-void DesktopWishes::settingChanged(
+void DesktopPreferences::settingChanged(
     const QString& group, const QString& key, const QDBusVariant& value)
 {
     take(group, key, value.variant());
     handOn();
 }
 
-void DesktopWishes::take(const QString& group, const QString& key, const QVariant& value)
+void DesktopPreferences::take(const QString& group, const QString& key, const QVariant& value)
 {
     if (group == common && key == QLatin1String("contrast")) {
-        _wishes.higherContrast = value.toUInt() == 1;
+        _preferences.higherContrast = value.toUInt() == 1;
     } else if (group == common && key == QLatin1String("reduced-motion")) {
         _wantsLessMotion = value.toUInt() == 1;
     } else if (group == gnome && key == QLatin1String("enable-animations")) {
@@ -76,10 +77,10 @@ void DesktopWishes::take(const QString& group, const QString& key, const QVarian
     }
 }
 
-void DesktopWishes::handOn()
+void DesktopPreferences::handOn()
 {
-    _wishes.reducedMotion = _wantsLessMotion || !_hasAnimations;
-    _appearance.setWishes(_wishes);
+    _preferences.reducedMotion = _wantsLessMotion || !_hasAnimations;
+    _appearance.setPreferences(_preferences);
 }
 
 }  // namespace Tarnwick

@@ -1,8 +1,8 @@
-#include "Tarnwick/Interface/Look/ResourceIcon.h"
+#include "Tarnwick/Interface/Style/ResourceIcon.h"
 
-#include "Tarnwick/Interface/Look/AppResources.h"
-#include "Tarnwick/Interface/Look/Drawing.h"
-#include "Tarnwick/Interface/Look/SystemSymbol.h"
+#include "Tarnwick/Interface/Style/AppResources.h"
+#include "Tarnwick/Interface/Style/Drawing.h"
+#include "Tarnwick/Interface/Style/SystemSymbol.h"
 
 #include <QFile>
 #include <QImage>

@@ -1,6 +1,6 @@
-#include "Tarnwick/Interface/Look/Drawing.h"
+#include "Tarnwick/Interface/Style/Drawing.h"
 
-#include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 
 #include <QFile>
 #include <QImage>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Style/Appearance.h"
 
 #include <QDBusConnection>
 #include <QDBusVariant>
@@ -13,12 +13,13 @@ namespace Tarnwick {
 /// What the desktop's settings portal says of motion and contrast, handed on to the appearance now
 /// and whenever it changes. Asks asynchronously; without a bus or a portal nothing is wished. Main
 /// thread only.
-class DesktopWishes final : public QObject {
+class DesktopPreferences final : public QObject {
     Q_OBJECT
 
 public:
     /// Requires: `appearance` lives longer than this.
-    DesktopWishes(Appearance& appearance, const QDBusConnection& bus, QObject* parent = nullptr);
+    DesktopPreferences(
+        Appearance& appearance, const QDBusConnection& bus, QObject* parent = nullptr);
 
 private Q_SLOTS:
     void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
@@ -29,7 +30,7 @@ private:
     void handOn();
 
     Appearance& _appearance;
-    Appearance::Wishes _wishes;
+    Appearance::Preferences _preferences;
     bool _hasAnimations = true;
     bool _wantsLessMotion = false;
 };

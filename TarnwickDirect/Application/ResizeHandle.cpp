@@ -1,4 +1,4 @@
-#include "TarnwickDirect/Application/EdgeGrip.h"
+#include "TarnwickDirect/Application/ResizeHandle.h"
 
 #include <QMouseEvent>
 #include <QWindow>
@@ -22,7 +22,7 @@ Qt::CursorShape cursorOf(Qt::Edges edges)
 
 }  // namespace
 
-EdgeGrip::EdgeGrip(Qt::Edges edges, QWidget* window)
+ResizeHandle::ResizeHandle(Qt::Edges edges, QWidget* window)
     : QWidget(window)
     , _edges(edges)
 {
@@ -30,9 +30,9 @@ EdgeGrip::EdgeGrip(Qt::Edges edges, QWidget* window)
     setCursor(cursorOf(edges));
 }
 
-QList<EdgeGrip*> EdgeGrip::makeAll(QWidget* window)
+QList<ResizeHandle*> ResizeHandle::makeAll(QWidget* window)
 {
-    QList<EdgeGrip*> grips;
+    QList<ResizeHandle*> grips;
     // Corners come last, to lie above the edges.
     for (const Qt::Edges edges :
          {Qt::Edges(Qt::TopEdge),
@@ -43,12 +43,12 @@ QList<EdgeGrip*> EdgeGrip::makeAll(QWidget* window)
           Qt::TopEdge | Qt::RightEdge,
           Qt::BottomEdge | Qt::LeftEdge,
           Qt::BottomEdge | Qt::RightEdge}) {
-        grips.append(new EdgeGrip(edges, window));
+        grips.append(new ResizeHandle(edges, window));
     }
     return grips;
 }
 
-QRect EdgeGrip::place(Qt::Edges edges, const QSize& window)
+QRect ResizeHandle::place(Qt::Edges edges, const QSize& window)
 {
     const bool isCorner = (edges & (Qt::TopEdge | Qt::BottomEdge)) != 0
                           && (edges & (Qt::LeftEdge | Qt::RightEdge)) != 0;
@@ -69,12 +69,12 @@ QRect EdgeGrip::place(Qt::Edges edges, const QSize& window)
     return place;
 }
 
-void EdgeGrip::moveToEdge()
+void ResizeHandle::moveToEdge()
 {
     setGeometry(place(_edges, window()->size()));
 }
 
-void EdgeGrip::mousePressEvent(QMouseEvent* event)
+void ResizeHandle::mousePressEvent(QMouseEvent* event)
 {
     QWindow* const handle = window()->windowHandle();
     if (event->button() == Qt::LeftButton && handle != nullptr) {

@@ -1,7 +1,7 @@
-#include "Tarnwick/Interface/Look/ApplicationStyle.h"
+#include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
-#include "Tarnwick/Interface/Look/MenuItems.h"
-#include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Style/MenuItems.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 
 #include <QApplication>
 #include <QStyleFactory>

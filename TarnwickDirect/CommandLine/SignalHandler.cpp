@@ -1,4 +1,4 @@
-#include "TarnwickDirect/CommandLine/Interruption.h"
+#include "TarnwickDirect/CommandLine/SignalHandler.h"
 
 #include <atomic>
 #include <cassert>
@@ -58,7 +58,7 @@ void setHandlers(void (*handler)(int))
 
 }  // namespace
 
-Interruption::Interruption()
+SignalHandler::SignalHandler()
 {
     // Where a parent had it ignored, ended children would vanish together with their statuses.
     std::signal(SIGCHLD, SIG_DFL);
@@ -70,10 +70,10 @@ Interruption::Interruption()
     pipeEnd = ends[1];
     setHandlers(handle);
     _notifier = std::make_unique<QSocketNotifier>(_descriptor, QSocketNotifier::Read);
-    connect(_notifier.get(), &QSocketNotifier::activated, this, &Interruption::read);
+    connect(_notifier.get(), &QSocketNotifier::activated, this, &SignalHandler::read);
 }
 
-Interruption::~Interruption()
+SignalHandler::~SignalHandler()
 {
     setHandlers(SIG_DFL);
     _notifier.reset();
@@ -81,7 +81,7 @@ Interruption::~Interruption()
     ::close(_descriptor);
 }
 
-void Interruption::read()
+void SignalHandler::read()
 {
     unsigned char byte = 0;
     while (::read(_descriptor, &byte, 1) == 1) {
@@ -94,7 +94,7 @@ void Interruption::read()
     }
 }
 
-void Interruption::endProcess() const
+void SignalHandler::endProcess() const
 {
     assert(_signal);
     setHandlers(SIG_DFL);

@@ -11,13 +11,13 @@ namespace TarnwickDirect {
 /// Turns SIGHUP, SIGINT and SIGTERM into a call on the main thread. The signals are handled and not
 /// blocked, so programs that this one starts get them as usual. Requires: an event loop, and no
 /// other instance.
-class Interruption final : public QObject {
+class SignalHandler final : public QObject {
     Q_OBJECT
-    Q_DISABLE_COPY_MOVE(Interruption)
+    Q_DISABLE_COPY_MOVE(SignalHandler)
 
 public:
-    Interruption();
-    ~Interruption() override;
+    SignalHandler();
+    ~SignalHandler() override;
 
     /// The signal that has come, if one has.
     std::optional<int> signal() const { return _signal; }

@@ -1,11 +1,11 @@
-#include "TarnwickDirect/Settling.h"
+#include "TarnwickDirect/Drain.h"
 
 #include <QCoreApplication>
 #include <QThreadPool>
 
 namespace TarnwickDirect {
 
-void settle()
+void drain()
 {
     // A signal that comes meanwhile is an event.
     constexpr int milliseconds = 50;

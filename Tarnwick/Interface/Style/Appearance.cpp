@@ -1,6 +1,6 @@
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Style/Appearance.h"
 
-#include "Tarnwick/Interface/Look/AppFonts.h"
+#include "Tarnwick/Interface/Style/AppFonts.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -44,10 +44,10 @@ void Appearance::setDark(bool dark)
     }
 }
 
-void Appearance::setWishes(Wishes wishes)
+void Appearance::setPreferences(Preferences preferences)
 {
-    if (_wishes != wishes) {
-        _wishes = wishes;
+    if (_preferences != preferences) {
+        _preferences = preferences;
         Q_EMIT changed();
     }
 }

@@ -1,4 +1,4 @@
-#include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 
 #include <QFontMetricsF>
 #include <QPainterPath>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Tarnwick/Interface/Look/Palette.h"
-#include "Tarnwick/Interface/Look/TextStyle.h"
+#include "Tarnwick/Interface/Style/Palette.h"
+#include "Tarnwick/Interface/Style/TextStyle.h"
 
 #include <QFont>
 #include <QObject>
@@ -26,11 +26,11 @@ class Appearance final : public QObject {
 
 public:
     /// What the desktop asks for beside the size of its font.
-    struct Wishes {
+    struct Preferences {
         bool reducedMotion = false;
         bool higherContrast = false;
 
-        bool operator==(const Wishes&) const = default;
+        bool operator==(const Preferences&) const = default;
     };
 
     /// Text is as large as the desktop's font makes it, or has a scale that does not follow the
@@ -41,11 +41,11 @@ public:
 
     void setDark(bool dark);
 
-    void setWishes(Wishes wishes);
+    void setPreferences(Preferences preferences);
 
-    bool reducedMotion() const { return _wishes.reducedMotion; }
+    bool reducedMotion() const { return _preferences.reducedMotion; }
 
-    bool higherContrast() const { return _wishes.higherContrast; }
+    bool higherContrast() const { return _preferences.higherContrast; }
 
     /// Whether windows can be translucent, so that round corners need not be cut out of them.
     bool blendsWindows() const { return _blendsWindows; }
@@ -72,7 +72,7 @@ Q_SIGNALS:
 private:
     bool _isDark = false;
     bool _blendsWindows = true;
-    Wishes _wishes;
+    Preferences _preferences;
     double _textScale = 1;
 };
 

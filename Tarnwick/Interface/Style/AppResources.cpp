@@ -1,4 +1,4 @@
-#include "Tarnwick/Interface/Look/AppResources.h"
+#include "Tarnwick/Interface/Style/AppResources.h"
 
 #include <QCoreApplication>
 #include <QDir>

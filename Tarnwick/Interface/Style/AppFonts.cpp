@@ -1,6 +1,6 @@
-#include "Tarnwick/Interface/Look/AppFonts.h"
+#include "Tarnwick/Interface/Style/AppFonts.h"
 
-#include "Tarnwick/Interface/Look/AppResources.h"
+#include "Tarnwick/Interface/Style/AppResources.h"
 
 #include <QFontDatabase>
 #include <QGuiApplication>

@@ -1,6 +1,6 @@
-#include "Tarnwick/Interface/Look/WindowBorder.h"
+#include "Tarnwick/Interface/Style/WindowBorder.h"
 
-#include "Tarnwick/Interface/Look/Painting.h"
+#include "Tarnwick/Interface/Style/Painting.h"
 
 #include <QEvent>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Tarnwick/Interface/Look/TextStyle.h"
+#include "Tarnwick/Interface/Style/TextStyle.h"
 
 #include <QFont>
 

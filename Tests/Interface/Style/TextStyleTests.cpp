@@ -1,4 +1,4 @@
-#include "Tarnwick/Interface/Look/Appearance.h"
+#include "Tarnwick/Interface/Style/Appearance.h"
 
 #include <QFontInfo>
 #include <QFontMetricsF>

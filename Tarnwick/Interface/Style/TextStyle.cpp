@@ -1,4 +1,4 @@
-#include "Tarnwick/Interface/Look/TextStyle.h"
+#include "Tarnwick/Interface/Style/TextStyle.h"
 
 #include <cmath>
 

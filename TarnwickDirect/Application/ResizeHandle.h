@@ -6,12 +6,12 @@ namespace TarnwickDirect {
 
 /// An edge or a corner of a window without a frame, by which the user changes its size. It shows
 /// nothing but the pointer's form. Main thread only.
-class EdgeGrip final : public QWidget {
+class ResizeHandle final : public QWidget {
 public:
-    EdgeGrip(Qt::Edges edges, QWidget* window);
+    ResizeHandle(Qt::Edges edges, QWidget* window);
 
     /// One grip for each edge and corner of the window.
-    static QList<EdgeGrip*> makeAll(QWidget* window);
+    static QList<ResizeHandle*> makeAll(QWidget* window);
 
     /// Where the grip of these edges lies in a window of this size.
     static QRect place(Qt::Edges edges, const QSize& window);
