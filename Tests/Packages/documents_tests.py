@@ -7,7 +7,7 @@ import unittest
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.realpath(__file__))))
 RELIABILITY = os.path.join(ROOT, "docs", "Reliability.md")
-CPP_TEST = re.compile(r"^(?:TEST|TEST_F|TEST_P|RC_GTEST_PROP|RC_GTEST_FIXTURE_PROP)\(\s*(\w+),\s*(\w+)", re.M)
+CPP_TEST = re.compile(r"^(?:TEST|TEST_F|TEST_P|TYPED_TEST|RC_GTEST_PROP|RC_GTEST_FIXTURE_PROP)\(\s*(\w+),\s*(\w+)", re.M)
 SESSION_CLASS = re.compile(r"^class (\w+)|^    def (test\w+)", re.M)
 LINK = re.compile(r"\]\(([^)#:]+?)(?:#[^)]*)?\)")
 
