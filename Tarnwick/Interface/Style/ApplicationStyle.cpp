@@ -4,9 +4,12 @@
 #include "Tarnwick/Interface/Style/Painting.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QStyleFactory>
 #include <QStyleOptionMenuItem>
 #include <QToolTip>
+
+#include <vector>
 
 namespace Tarnwick {
 namespace {
@@ -65,13 +68,17 @@ void ApplicationStyle::polish(QApplication* /*application*/)
     QToolTip::setFont(_appearance.line(TextStyle::caption, TextWeight::regular).font);
 }
 
-/// As Qt does when the application gets another style.
+/// As Qt does when the application gets another style. A widget may delete others on hearing of it.
 void ApplicationStyle::announce()
 {
     polish(qApp);
-    for (QWidget* const widget : QApplication::allWidgets()) {
-        QEvent change(QEvent::StyleChange);
-        QCoreApplication::sendEvent(widget, &change);
+    const QWidgetList all = QApplication::allWidgets();
+    const std::vector<QPointer<QWidget>> widgets(all.begin(), all.end());
+    for (const QPointer<QWidget>& widget : widgets) {
+        if (widget) {
+            QEvent change(QEvent::StyleChange);
+            QCoreApplication::sendEvent(widget, &change);
+        }
     }
 }
 

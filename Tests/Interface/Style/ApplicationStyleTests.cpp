@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QImage>
 #include <QPainter>
+#include <QPointer>
 #include <QStyleOption>
 #include <QWidget>
 
@@ -62,6 +63,33 @@ TEST(ApplicationStyleTests, everyWidgetHearsOfAnotherAppearance)
     appearance.setTextScale(1.5);
     EXPECT_EQ(listener.changes, before + 3);
     EXPECT_EQ(QApplication::palette().color(QPalette::Base), QColor(0x0F1312));
+}
+
+TEST(ApplicationStyleTests, aWidgetMayDeleteAnotherOnHearingOfIt)
+{
+    /// The first of the two that hears of it deletes the other.
+    class Rival final : public QWidget {
+    public:
+        QPointer<QWidget> other;
+
+    protected:
+        void changeEvent(QEvent* event) override
+        {
+            if (event->type() == QEvent::StyleChange) {
+                delete other.data();
+            }
+        }
+    };
+
+    Appearance& appearance = setApplicationStyle(1);
+    QPointer<Rival> one = new Rival;
+    QPointer<Rival> another = new Rival;
+    one->other = another.data();
+    another->other = one.data();
+    appearance.setDark(true);
+    EXPECT_NE(one.isNull(), another.isNull());
+    delete one.data();
+    delete another.data();
 }
 
 }  // namespace
