@@ -51,6 +51,8 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
            .clock = _parts.clock,
            .rows = [this]() -> const std::vector<PullRequestRow>& { return *_rows; }})
     , _pollingRest(_parts.clock)
+    , _flushAlarm(_parts.clock, [this] { flushSettings(); })
+    , _muteAlarm(_parts.clock, [this] { waitForMuteEnd(); })
     , _refreshCycle(
           _parts.provider,
           _parts.clock,
@@ -92,7 +94,7 @@ void PullRequestMenuModel::stop()
     _refreshCycle.stop();
     _facts.cancel();
     saveFacts();
-    _muteTask.cancel();
+    _muteAlarm.cancel();
     _polling.stop();
     flushSettings();
 }
@@ -454,25 +456,22 @@ void PullRequestMenuModel::scheduleMuteEnd()
     if (std::exchange(_nextMuteEnd, next) == next) {
         return;
     }
-    _muteTask.cancel();
-    if (next) {
-        _muteTask.start([this, time = *next](std::stop_token stopToken) {
-            return endMutesAt(time, std::move(stopToken));
-        });
-    }
+    _muteAlarm.cancel();
+    waitForMuteEnd();
 }
 
 /// Where the clock was set meanwhile, it waits again.
-QCoro::Task<> PullRequestMenuModel::endMutesAt(Date time, std::stop_token stopToken)
+void PullRequestMenuModel::waitForMuteEnd()
 {
-    while (_parts.clock->now() < time) {
-        const QFuture<void> rest = _parts.clock->sleep(time - _parts.clock->now(), stopToken);
-        co_await rest;
-        if (stopToken.stop_requested()) {
-            co_return;
-        }
+    if (!_nextMuteEnd) {
+        return;
     }
-    endMutes();
+    const std::chrono::milliseconds rest = *_nextMuteEnd - _parts.clock->now();
+    if (rest > 0ms) {
+        _muteAlarm.ringAfter(rest);
+    } else {
+        endMutes();
+    }
 }
 
 // Settings
@@ -492,24 +491,14 @@ void PullRequestMenuModel::setProjectDirectory(const std::string& directory)
 {
     _operations.setProjectDirectory(directory);
     if (!std::exchange(_isFlushDue, true)) {
-        _flushTask.start(
-            [this](std::stop_token stopToken) { return flushSettingsSoon(std::move(stopToken)); });
-    }
-}
-
-QCoro::Task<> PullRequestMenuModel::flushSettingsSoon(std::stop_token stopToken)
-{
-    const QFuture<void> rest = _parts.clock->sleep(directoryRest, stopToken);
-    co_await rest;
-    if (!stopToken.stop_requested()) {
-        flushSettings();
+        _flushAlarm.ringAfter(directoryRest);
     }
 }
 
 void PullRequestMenuModel::flushSettings()
 {
     if (std::exchange(_isFlushDue, false)) {
-        _flushTask.cancel();
+        _flushAlarm.cancel();
         _operations.flush();
         showSettingsProblem();
     }

@@ -2,7 +2,7 @@
 
 #include "PullRequestKit/PullRequestProvider.h"
 #include "PullRequestKit/PullRequestRow.h"
-#include "Tarnwick/Async/CancellableTask.h"
+#include "Tarnwick/Async/Alarm.h"
 #include "Tarnwick/Async/Clock.h"
 #include "Tarnwick/Desktop/LoginItem.h"
 #include "Tarnwick/Desktop/MachineEvents.h"
@@ -344,13 +344,12 @@ private:
     void saveFacts();
 
     void followSettings();
-    QCoro::Task<> flushSettingsSoon(std::stop_token stopToken);
     void followNotifications();
     /// Null where they are not known.
     const PullRequestKit::PullRequestFacts* factsOf(const PullRequestKit::PullRequestID& id) const;
     void endMutes();
     void scheduleMuteEnd();
-    QCoro::Task<> endMutesAt(PullRequestKit::Date time, std::stop_token stopToken);
+    void waitForMuteEnd();
     void showSettingsProblem();
     void readLaunchAtLogin();
 
@@ -386,9 +385,9 @@ private:
     bool _hasSnapshot = false;
     bool _areTurnsDue = false;   ///< A refresh has ended but for its facts.
     std::stop_source _lifetime;  ///< Stopped when the model goes.
-    CancellableTask _flushTask;
-    CancellableTask _muteTask;
-    std::optional<PullRequestKit::Date> _nextMuteEnd;  ///< What `_muteTask` waits for.
+    Alarm _flushAlarm;
+    Alarm _muteAlarm;
+    std::optional<PullRequestKit::Date> _nextMuteEnd;  ///< What `_muteAlarm` waits for.
     bool _isFlushDue = false;
     RefreshCycle _refreshCycle;
     Polling _polling;

@@ -1,7 +1,5 @@
 #include "Tarnwick/Model/PollingRest.h"
 
-#include <QCoro/QCoroFuture>
-
 #include <algorithm>
 #include <utility>
 
@@ -25,6 +23,7 @@ std::chrono::minutes restAfterRefusals(int times)
 
 PollingRest::PollingRest(std::shared_ptr<Clock> clock)
     : _clock(std::move(clock))
+    , _alarm(_clock, [this] { update(); })
 {}
 
 std::chrono::milliseconds PollingRest::remaining() const
@@ -53,23 +52,14 @@ void PollingRest::setQuota(const Quota& quota)
 
 void PollingRest::update()
 {
-    _task.cancel();
+    _alarm.cancel();
     const bool isResting = quotaRemaining() > 0ms;
     auto resting = isResting ? _quota : std::nullopt;
     if (std::exchange(_restingQuota, resting) != resting) {
         Q_EMIT restingQuotaChanged();
     }
     if (isResting) {
-        _task.start([this](std::stop_token stopToken) { return endRest(std::move(stopToken)); });
-    }
-}
-
-QCoro::Task<> PollingRest::endRest(std::stop_token stopToken)
-{
-    const QFuture<void> rest = _clock->sleep(quotaRemaining(), stopToken);
-    co_await rest;
-    if (!stopToken.stop_requested()) {
-        update();
+        _alarm.ringAfter(quotaRemaining());
     }
 }
 

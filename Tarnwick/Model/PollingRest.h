@@ -1,7 +1,7 @@
 #pragma once
 
 #include "PullRequestKit/PullRequestFacts.h"
-#include "Tarnwick/Async/CancellableTask.h"
+#include "Tarnwick/Async/Alarm.h"
 #include "Tarnwick/Async/Clock.h"
 
 #include <QObject>
@@ -54,7 +54,6 @@ Q_SIGNALS:
 
 private:
     std::chrono::milliseconds quotaRemaining() const;
-    QCoro::Task<> endRest(std::stop_token stopToken);
     void update();
 
     std::shared_ptr<Clock> _clock;
@@ -63,7 +62,7 @@ private:
     std::chrono::milliseconds _quotaUntil{0};  ///< By `Clock::elapsed`, as the next.
     std::chrono::milliseconds _refusedUntil{0};
     int _refusals = 0;
-    CancellableTask _task;
+    Alarm _alarm;  ///< The end of the rest for the quota.
 };
 
 }  // namespace Tarnwick
