@@ -1,5 +1,6 @@
 #include "TarnwickDirect/Application/ApplicationService.h"
 
+#include "TarnwickDirect/Application/SingleInstance.h"
 #include "TarnwickDirect/Status/BusNames.h"
 
 #include <QDBusArgument>
@@ -8,6 +9,7 @@
 #include <QDBusMessage>
 
 #include <algorithm>
+#include <utility>
 
 namespace TarnwickDirect {
 namespace {
@@ -44,6 +46,13 @@ QString ApplicationService::introspect(const QString& /*path*/) const
     return all;
 }
 
+void ApplicationService::leave(const QDBusConnection& bus)
+{
+    if (!std::exchange(_hasLeft, true)) {
+        giveUpName(bus);
+    }
+}
+
 bool ApplicationService::handleMessage(
     const QDBusMessage& message, const QDBusConnection& connection)
 {
@@ -51,6 +60,11 @@ bool ApplicationService::handleMessage(
                         || message.interface() == QLatin1String(BusNames::application);
     if (message.type() != QDBusMessage::MethodCallMessage) {
         return false;
+    }
+    if (_hasLeft) {
+        connection.send(message.createErrorReply(
+            QDBusError::UnknownObject, QStringLiteral("The program is ending.")));
+        return true;
     }
     if (isOurs && handleOwn(message, connection)) {
         return true;

@@ -31,6 +31,10 @@ public:
 
     void remove(BusInterface& interface) { std::erase(_interfaces, &interface); }
 
+    /// Gives the program's name back and refuses every call that comes from now on, because the
+    /// program ends: whoever starts it meanwhile becomes the first. Waits for nothing.
+    void leave(const QDBusConnection& bus);
+
     QString introspect(const QString& path) const override;
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
@@ -48,6 +52,7 @@ private:
     StatusService _status;
     std::vector<BusInterface*> _interfaces{&_status};
     bool _checksForUpdates = false;
+    bool _hasLeft = false;
 };
 
 }  // namespace TarnwickDirect

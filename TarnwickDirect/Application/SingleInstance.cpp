@@ -24,18 +24,24 @@ enum class Claim {
     impossible,
 };
 
+/// A call of the bus itself that is about the program's name.
+QDBusMessage nameCall(const char* member)
+{
+    return QDBusMessage::createMethodCall(
+               QStringLiteral("org.freedesktop.DBus"),
+               QStringLiteral("/org/freedesktop/DBus"),
+               QStringLiteral("org.freedesktop.DBus"),
+               QString::fromLatin1(member))
+           << QString::fromLatin1(BusNames::service);
+}
+
 Claim claimName(const QDBusConnection& bus)
 {
     constexpr quint32 doNotQueue = 4;
     constexpr quint32 isOwner = 1;
     constexpr quint32 isOwnerAlready = 4;
-    QDBusMessage request = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"),
-        QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"),
-        QStringLiteral("RequestName"));
-    request << QString::fromLatin1(BusNames::service) << doNotQueue;
-    const QDBusMessage reply = bus.call(request, QDBus::Block, busLimit);
+    const QDBusMessage reply =
+        bus.call(nameCall("RequestName") << doNotQueue, QDBus::Block, busLimit);
     if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) {
         return Claim::impossible;
     }
@@ -104,6 +110,11 @@ Start startOrForward(
         }
     }
     throw std::runtime_error("Tarnwick is running already but does not answer.");
+}
+
+void giveUpName(const QDBusConnection& bus)
+{
+    bus.send(nameCall("ReleaseName"));
 }
 
 }  // namespace TarnwickDirect

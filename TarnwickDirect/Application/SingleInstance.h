@@ -20,4 +20,8 @@ enum class Start {
 Start startOrForward(
     const QDBusConnection& bus, ShowPanel::Manner manner, const PlatformData& platformData);
 
+/// Lets another process have the name. The bus does so before it passes on anything that is sent
+/// later. Waits for nothing.
+void giveUpName(const QDBusConnection& bus);
+
 }  // namespace TarnwickDirect

@@ -90,6 +90,7 @@ TarnwickDirectApp::TarnwickDirectApp(
     connectUpdates(service);
     service.add(_gnomeSearch);
     service.add(_krunnerSearch);
+    connect(this, &TarnwickDirectApp::quitRequested, this, [this] { _service.leave(_bus); });
     _unneeded.setSingleShot(true);
     _unneeded.setInterval(answersFor);
     connect(&_unneeded, &QTimer::timeout, this, &TarnwickDirectApp::quitRequested);
@@ -109,6 +110,7 @@ TarnwickDirectApp::~TarnwickDirectApp()
 
 void TarnwickDirectApp::stop()
 {
+    _service.leave(_bus);
     _model.stop();
     _updateManager.stop();
 }
@@ -463,6 +465,7 @@ bool TarnwickDirectApp::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Quit) {
         _isEnding = true;
+        _service.leave(_bus);
     } else if (event->type() == QEvent::Show && watched->isWidgetType()) {
         castShadow(watched);
     }

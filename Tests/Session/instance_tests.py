@@ -1,11 +1,13 @@
 """One program to a session, and how others talk to it."""
 
 import os
+import signal
 import time
 
 from desktop import SessionTest, wait_until
 from desktop.case import APPLICATION, NAME, PATH
 from desktop.processes import output_of
+from desktop.quick_gh import in_place_of_gh
 
 
 class InstanceTests(SessionTest):
@@ -44,13 +46,32 @@ class InstanceTests(SessionTest):
         self.assertEqual(len(self.screen.windows()), 1)
 
     def testAStartWhileTheFirstEndsBecomesTheFirst(self):
-        first = self.start_tarnwick("--background")
+        for end in ("quit", "SIGTERM"):
+            with self.subTest(end=end):
+                first, running = self.start_with_a_gh_that_ends_late()
+                if end == "quit":
+                    self.action("quit")
+                else:
+                    first.terminate()
+                second = self.start_tarnwick()
+                self.panel()
+                self.assertIsNone(first.poll())
+                os.unlink(running)
+                self.assertEqual(self.wait_for_end(first), 0 if end == "quit" else -signal.SIGTERM)
+                self.assertIsNone(second.poll())
+                self.action("quit")
+                self.wait_for_end(second)
+
+    def start_with_a_gh_that_ends_late(self):
+        """The program with a child, which it waits for, and the file without which the child
+        ends."""
+        running = os.path.join(self.session.folder, "running")
+        late = f"trap '' TERM; touch {running}; while [ -e {running} ]; do sleep 0.05; done"
+        through = in_place_of_gh(self.programs.add("late-gh", f"#!/bin/sh\n{late}\n"))
+        program = self.start_tarnwick("--background", through=through)
+        wait_until(lambda: os.path.exists(running), "a run of gh")
         self.wait_for_name()
-        self.action("quit")
-        second = self.start_tarnwick()
-        self.assertEqual(self.wait_for_end(first), 0)
-        self.panel()
-        self.assertIsNone(second.poll())
+        return program, running
 
     def testTheInterfaceActivatesTogglesAndQuits(self):
         program = self.start_tarnwick("--background")
