@@ -11,6 +11,10 @@ LEANS = "int size()\n{\n    return static_cast<int>(std::vector<int>{1, 2}.size(
 STANDS_ALONE = f"#include <vector>\n\n{LEANS}"
 UNTIDY = "int* nothing()\n{\n    return 0;\n}\n"
 
+needs_clang_headers = unittest.skipUnless(
+    os.path.isdir("/usr/lib/llvm-19/include/clang"), "clang's own headers are not installed"
+)
+
 
 @unittest.skipIf(shutil.which("clang++-19") is None, "clang 19 is not installed")
 class CheckSourcesTest(TreeTest):
@@ -29,6 +33,7 @@ class CheckSourcesTest(TreeTest):
         self.write("Small.cpp", STANDS_ALONE)
         self.assertEqual(self.check("syntax"), (0, ""))
 
+    @needs_clang_headers
     def testWhatClangTidyFindsIsFound(self):
         self.write("Small.cpp", UNTIDY)
         self.assertEqual(self.check("syntax"), (0, ""))
@@ -36,6 +41,16 @@ class CheckSourcesTest(TreeTest):
         self.assertEqual(status, 1)
         self.assertIn("Small.cpp:3:12: error: use nullptr", output)
 
+    @needs_clang_headers
+    def testWhatClangTidyFindsInAHeaderIsFound(self):
+        os.mkdir(self.path("Tests"))
+        self.write("Tests/Untidy.h", f"inline {UNTIDY}")
+        self.write("Small.cpp", f'#include "{self.path("Tests/Untidy.h")}"\n')
+        status, output = self.check("tidy", "Small.cpp")
+        self.assertEqual(status, 1)
+        self.assertIn("Untidy.h:3:12: error: use nullptr", output)
+
+    @needs_clang_headers
     def testWhatHasPassedIsNotCheckedAgainUntilSomethingChanges(self):
         """A clang-tidy of the test's own counts its runs."""
         os.mkdir(self.path("programs"))

@@ -23,7 +23,8 @@ class TreeTest(unittest.TestCase):
         for name in ("CMakePresets.json", ".clang-tidy"):
             shutil.copy(os.path.join(ROOT, name), self.path(name))
         os.mkdir(self.path("tools"))
-        shutil.copy(os.path.join(ROOT, "tools", "check-sources"), self.path("tools/check-sources"))
+        for name in ("tools/check-sources", "tools/own-code.cpp"):
+            shutil.copy(os.path.join(ROOT, name), self.path(name))
         os.symlink(os.path.join(ROOT, "cmake"), self.path("cmake"))
         self.write("CMakeLists.txt", PROJECT)
         self.write("Small.h", "#pragma once\n")
