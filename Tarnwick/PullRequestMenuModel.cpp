@@ -20,9 +20,6 @@ namespace {
 /// How long the selection of repositories has to rest before it is fetched for.
 constexpr std::chrono::milliseconds selectionRest = 250ms;
 
-/// How long a project directory that is being typed stays off the disk.
-constexpr std::chrono::milliseconds directoryRest = 200ms;
-
 SharedPullRequests noPullRequests()
 {
     return std::make_shared<const std::vector<PullRequest>>();
@@ -34,7 +31,8 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
     : _parts(std::move(collaborators))
     , _settingsStore(*_parts.defaults)
     , _settings(_parts.preload ? _parts.preload->settings() : _settingsStore.load())
-    , _operations(_settings, _settingsStore)
+    , _operations(_settings, _settingsStore, _parts.clock)
+    , _mutes(_settings, _operations, _parts.clock)
     , _visits(
           *_parts.defaults,
           VisitStore::programPrefix,
@@ -49,10 +47,10 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
     , _facts(
           {.provider = _parts.provider,
            .clock = _parts.clock,
-           .rows = [this]() -> const std::vector<PullRequestRow>& { return *_rows; }})
+           .rows = [this]() -> const std::vector<PullRequestRow>& { return *_rows; },
+           .isUseful = [this] { return needsFacts(_settings, _news.tellsOfTurns()); },
+           .save = [this](const SharedFacts& facts) { saveFacts(facts); }})
     , _pollingRest(_parts.clock)
-    , _flushAlarm(_parts.clock, [this] { flushSettings(); })
-    , _muteAlarm(_parts.clock, [this] { waitForMuteEnd(); })
     , _refreshCycle(
           _parts.provider,
           _parts.clock,
@@ -77,8 +75,8 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
     readLaunchAtLogin();
     showLastList();
     showSettingsProblem();
-    endMutes();
-    scheduleMuteEnd();
+    _mutes.endOutdated();
+    _mutes.wait();
     schedulePolling();
     _notifications.prepare();
 }
@@ -92,9 +90,8 @@ void PullRequestMenuModel::stop()
 {
     _lifetime.request_stop();
     _refreshCycle.stop();
-    _facts.cancel();
-    saveFacts();
-    _muteAlarm.cancel();
+    _facts.stop();
+    _mutes.stop();
     _polling.stop();
     flushSettings();
 }
@@ -105,13 +102,14 @@ void PullRequestMenuModel::followSettings()
     using Model = PullRequestMenuModel;
     const auto arrangeAnew = [this] {
         rebuildRows();
-        askForUsedFacts();
+        _facts.askWhereUseful();
     };
     connect(&_operations, &Operations::changed, this, &Model::settingsChanged);
     connect(this, &Model::settingsChanged, this, &Model::showSettingsProblem);
+    connect(&_operations, &Operations::flushed, this, &Model::showSettingsProblem);
     connect(&_operations, &Operations::darkModeChanged, this, &Model::darkModeChanged);
     connect(&_operations, &Operations::filtersChanged, this, arrangeAnew);
-    connect(&_operations, &Operations::filtersChanged, this, &Model::scheduleMuteEnd);
+    connect(&_operations, &Operations::filtersChanged, this, [this] { _mutes.wait(); });
     connect(&_operations, &Operations::arrangementChanged, this, arrangeAnew);
     connect(&_operations, &Operations::selectionChanged, this, &Model::rebuildRows);
     connect(&_operations, &Operations::selectionChanged, this, &Model::scheduleRepositoryRefresh);
@@ -132,16 +130,12 @@ void PullRequestMenuModel::followFacts()
 {
     using Model = PullRequestMenuModel;
     connect(&_facts, &FactsQuestions::factsChanged, this, [this] {
-        _areFactsUnsaved = true;
         if (_settings.arrangement == Arrangement::byWhoseTurn) {
             rebuildRows();
         }
         Q_EMIT factsChanged();
     });
-    connect(&_facts, &FactsQuestions::quotaTold, this, [this](const Quota& quota) {
-        _areFactsUnsaved = true;
-        _pollingRest.setQuota(quota);
-    });
+    connect(&_facts, &FactsQuestions::quotaTold, &_pollingRest, &PollingRest::setQuota);
     connect(&_facts, &FactsQuestions::settled, this, &Model::factsSettled);
     connect(&_pollingRest, &PollingRest::quotaChanged, this, &Model::quotaChanged);
     connect(&_pollingRest, &PollingRest::restingQuotaChanged, this, &Model::restingQuotaChanged);
@@ -347,9 +341,7 @@ bool PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
     _allPullRequests = result.pullRequests;
     _visits.noteListed(*_allPullRequests);
     setRows(std::move(result.list), result.hidden, std::move(result.details));
-    _operations.endMutes([this, now = _parts.clock->now()](Mutes mutes) {
-        return withoutEnded(std::move(mutes), *_allPullRequests, now);
-    });
+    _mutes.endChanged(*_allPullRequests);
     assign(_shortfall, result.shortfall, &PullRequestMenuModel::shortfallChanged);
     const Date now = _parts.clock->now();
     assign(_lastRefreshed, now, &PullRequestMenuModel::lastRefreshedChanged);
@@ -363,23 +355,11 @@ bool PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
     if (_parts.keepsList) {
         _snapshotWriter.save(std::move(result.snapshot), _details);
     }
-    refreshFacts();
+    _facts.setListed(_allPullRequests);
     return true;
 }
 
 // Facts
-
-bool PullRequestMenuModel::usesFacts() const
-{
-    return needsFacts(_settings, _news.tellsOfTurns());
-}
-
-void PullRequestMenuModel::askForUsedFacts()
-{
-    if (usesFacts()) {
-        _facts.ask();
-    }
-}
 
 QCoro::Task<> PullRequestMenuModel::askForFacts()
 {
@@ -388,89 +368,23 @@ QCoro::Task<> PullRequestMenuModel::askForFacts()
     co_await answered;
 }
 
-/// The refresh has come to its end but for the facts, which nothing waits for.
-void PullRequestMenuModel::refreshFacts()
+void PullRequestMenuModel::factsSettled(bool hitSecondaryLimit, bool isRefreshed)
 {
-    if (_facts.setListed(_allPullRequests)) {
-        _areFactsUnsaved = true;
-    }
-    _areTurnsDue = true;
-    if (usesFacts()) {
-        _facts.ask();
-    } else {
-        factsSettled(false);
-    }
-}
-
-void PullRequestMenuModel::factsSettled(bool hitSecondaryLimit)
-{
-    saveFacts();
     if (hitSecondaryLimit) {
         _pollingRest.refused();
-    } else if (_areTurnsDue) {
+    } else if (isRefreshed) {
         _pollingRest.granted();
     }
-    if (std::exchange(_areTurnsDue, false)) {
+    if (isRefreshed) {
         _news.tellTurns(*_rows, turnSources(), _account, _parts.clock->now());
     }
 }
 
-void PullRequestMenuModel::saveFacts()
+void PullRequestMenuModel::saveFacts(const SharedFacts& facts)
 {
-    if (std::exchange(_areFactsUnsaved, false) && _parts.keepsList) {
+    if (_parts.keepsList) {
         _snapshotWriter.save(
-            PullRequestFactsFile::beside(_parts.cache), {_facts.facts(), _pollingRest.quota()});
-    }
-}
-
-// Mutes
-
-void PullRequestMenuModel::muteUntilChange(const PullRequest& pullRequest)
-{
-    _operations.mute(
-        pullRequest.id.storageKey(),
-        MutedUntilChange{seenNow(pullRequest, nullptr), _parts.clock->now()});
-}
-
-void PullRequestMenuModel::muteForADay(const PullRequest& pullRequest)
-{
-    _operations.mute(pullRequest.id.storageKey(), MutedUntilTime{_parts.clock->now() + muteDay});
-}
-
-std::optional<Date> PullRequestMenuModel::mutedUntil(const PullRequest& pullRequest) const
-{
-    const Mute* const mute = muteOf(pullRequest, _settings.mutes);
-    const auto* const untilTime = mute == nullptr ? nullptr : std::get_if<MutedUntilTime>(mute);
-    return untilTime == nullptr ? std::nullopt : std::optional(untilTime->time);
-}
-
-void PullRequestMenuModel::endMutes()
-{
-    _operations.endMutes(
-        [now = _parts.clock->now()](Mutes mutes) { return withoutEnded(std::move(mutes), now); });
-}
-
-void PullRequestMenuModel::scheduleMuteEnd()
-{
-    const auto next = nextMuteEnd(_settings.mutes);
-    if (std::exchange(_nextMuteEnd, next) == next) {
-        return;
-    }
-    _muteAlarm.cancel();
-    waitForMuteEnd();
-}
-
-/// Where the clock was set meanwhile, it waits again.
-void PullRequestMenuModel::waitForMuteEnd()
-{
-    if (!_nextMuteEnd) {
-        return;
-    }
-    const std::chrono::milliseconds rest = *_nextMuteEnd - _parts.clock->now();
-    if (rest > 0ms) {
-        _muteAlarm.ringAfter(rest);
-    } else {
-        endMutes();
+            PullRequestFactsFile::beside(_parts.cache), {facts, _pollingRest.quota()});
     }
 }
 
@@ -485,23 +399,6 @@ void PullRequestMenuModel::selectAllRepositories(bool all)
         }
     }
     _operations.setSelectedRepositories(names);
-}
-
-void PullRequestMenuModel::setProjectDirectory(const std::string& directory)
-{
-    _operations.setProjectDirectory(directory);
-    if (!std::exchange(_isFlushDue, true)) {
-        _flushAlarm.ringAfter(directoryRest);
-    }
-}
-
-void PullRequestMenuModel::flushSettings()
-{
-    if (std::exchange(_isFlushDue, false)) {
-        _flushAlarm.cancel();
-        _operations.flush();
-        showSettingsProblem();
-    }
 }
 
 void PullRequestMenuModel::readSettingsAgain()
@@ -545,11 +442,7 @@ void PullRequestMenuModel::readLaunchAtLogin()
 void PullRequestMenuModel::toggleLaunchAtLogin()
 {
     try {
-        if (_parts.loginItem->isEnabled()) {
-            _parts.loginItem->unregisterItem();
-        } else {
-            _parts.loginItem->registerItem();
-        }
+        _parts.loginItem->toggle();
     } catch (const std::exception& error) {
         setSettingsError(std::string("Open at Login could not be changed: ") + error.what());
     }
@@ -572,23 +465,12 @@ void PullRequestMenuModel::recordVisit(const PullRequestID& id)
 {
     const auto found = std::ranges::find(*_allPullRequests, id, &PullRequest::id);
     if (found != _allPullRequests->end()) {
-        _visits.recordVisit(id, seenNow(*found, factsOf(id)));
+        _visits.recordVisit(id, seenNow(*found, _facts.of(id)));
     } else {
         _visits.recordVisit(id);
     }
     showSettingsProblem();
     Q_EMIT visitsChanged();
-}
-
-SinceVisit PullRequestMenuModel::sinceVisit(const PullRequest& pullRequest) const
-{
-    return _visits.sinceVisit(pullRequest, factsOf(pullRequest.id));
-}
-
-const PullRequestFacts* PullRequestMenuModel::factsOf(const PullRequestID& id) const
-{
-    const auto found = facts()->find(id);
-    return found == facts()->end() ? nullptr : &found->second;
 }
 
 void PullRequestMenuModel::forgetVisit(const PullRequestID& id)

@@ -2,7 +2,6 @@
 
 #include "PullRequestKit/PullRequestProvider.h"
 #include "PullRequestKit/PullRequestRow.h"
-#include "Tarnwick/Async/Alarm.h"
 #include "Tarnwick/Async/Clock.h"
 #include "Tarnwick/Desktop/LoginItem.h"
 #include "Tarnwick/Desktop/MachineEvents.h"
@@ -11,6 +10,7 @@
 #include "Tarnwick/Model/Arrangement.h"
 #include "Tarnwick/Model/FactsQuestions.h"
 #include "Tarnwick/Model/MenuState.h"
+#include "Tarnwick/Model/MuteOperations.h"
 #include "Tarnwick/Model/Polling.h"
 #include "Tarnwick/Model/PollingRest.h"
 #include "Tarnwick/Model/Preload.h"
@@ -164,7 +164,10 @@ public:
     const VisitStore& visits() const { return _visits; }
 
     /// What has changed since the user last looked at the pull request.
-    SinceVisit sinceVisit(const PullRequestKit::PullRequest& pullRequest) const;
+    SinceVisit sinceVisit(const PullRequestKit::PullRequest& pullRequest) const
+    {
+        return _visits.sinceVisit(pullRequest, _facts.of(pullRequest.id));
+    }
 
     /// The user looks at the pull request as it is listed, or says so, now.
     void recordVisit(const PullRequestKit::PullRequestID& id);
@@ -175,24 +178,10 @@ public:
     /// The same for the pull request with this page. Nothing happens when none has it.
     void recordVisit(const PullRequestKit::Url& page);
 
-    /// Until it is another one than is listed.
-    void muteUntilChange(const PullRequestKit::PullRequest& pullRequest);
-    void muteForADay(const PullRequestKit::PullRequest& pullRequest);
+    /// What the user mutes, and until when.
+    MuteOperations& mutes() { return _mutes; }
 
-    void unmute(const PullRequestKit::PullRequest& pullRequest)
-    {
-        _operations.unmute(pullRequest.id.storageKey());
-    }
-
-    /// Mutes everything by this author, or nothing more; logins have no letter case.
-    void setAuthorMuted(const std::string& login, bool isMuted)
-    {
-        _operations.setAuthorMuted(login, isMuted);
-    }
-
-    /// When the pull request's mute ends by itself; nothing without one that does.
-    std::optional<PullRequestKit::Date> mutedUntil(
-        const PullRequestKit::PullRequest& pullRequest) const;
+    const MuteOperations& mutes() const { return _mutes; }
 
     /// The way out of the program, for whoever shows the model.
     const ExternalNavigation& navigation() const { return *_parts.navigation; }
@@ -261,8 +250,12 @@ public:
 
     /// The setting changes at once; it is on disk within 300 ms, with the next change of another
     /// setting, or when `flushSettings` is called or the model stops.
-    void setProjectDirectory(const std::string& directory);
-    void flushSettings();
+    void setProjectDirectory(const std::string& directory)
+    {
+        _operations.setProjectDirectory(directory);
+    }
+
+    void flushSettings() { _operations.flush(); }
 
     /// Takes over what other processes have stored since. Nothing is fetched, and nobody notified,
     /// unless a setting is another one than before.
@@ -337,19 +330,10 @@ private:
     void scheduleRepositoryRefresh();
 
     void followFacts();
-    bool usesFacts() const;
-    void askForUsedFacts();
-    void refreshFacts();
-    void factsSettled(bool hitSecondaryLimit);
-    void saveFacts();
-
+    void factsSettled(bool hitSecondaryLimit, bool isRefreshed);
+    void saveFacts(const PullRequestKit::SharedFacts& facts);
     void followSettings();
     void followNotifications();
-    /// Null where they are not known.
-    const PullRequestKit::PullRequestFacts* factsOf(const PullRequestKit::PullRequestID& id) const;
-    void endMutes();
-    void scheduleMuteEnd();
-    void waitForMuteEnd();
     void showSettingsProblem();
     void readLaunchAtLogin();
 
@@ -357,6 +341,7 @@ private:
     SettingsStore _settingsStore;
     Settings _settings;
     SettingsOperations _operations;
+    MuteOperations _mutes;
     VisitStore _visits;
     SnapshotWriter _snapshotWriter;
     PullRequestNotifications _notifications;
@@ -380,15 +365,9 @@ private:
     SharedPullRequests _allPullRequests;
     PullRequestKit::SharedDetails _details;
     FactsQuestions _facts;
-    bool _areFactsUnsaved = false;
     PollingRest _pollingRest;
     bool _hasSnapshot = false;
-    bool _areTurnsDue = false;   ///< A refresh has ended but for its facts.
     std::stop_source _lifetime;  ///< Stopped when the model goes.
-    Alarm _flushAlarm;
-    Alarm _muteAlarm;
-    std::optional<PullRequestKit::Date> _nextMuteEnd;  ///< What `_muteAlarm` waits for.
-    bool _isFlushDue = false;
     RefreshCycle _refreshCycle;
     Polling _polling;
 };

@@ -358,19 +358,19 @@ void PullRequestMenuView::act(RowAction action, const PullRequestKit::PullReques
         _model.forgetVisit(PullRequestKit::PullRequestID(pullRequest.id));
         break;
     case RowAction::muteUntilChange:
-        _model.muteUntilChange(pullRequest);
+        _model.mutes().untilChange(pullRequest);
         break;
     case RowAction::muteForADay:
-        _model.muteForADay(pullRequest);
+        _model.mutes().forADay(pullRequest);
         break;
     case RowAction::unmute:
-        _model.unmute(pullRequest);
+        _model.mutes().unmute(pullRequest);
         break;
     case RowAction::muteAuthor:
-        _model.setAuthorMuted(pullRequest.author, true);
+        _model.mutes().setAuthor(pullRequest.author, true);
         break;
     case RowAction::unmuteAuthor:
-        _model.setAuthorMuted(pullRequest.author, false);
+        _model.mutes().setAuthor(pullRequest.author, false);
         break;
     case RowAction::openFiles:
         open(pullRequest, filesPage(pullRequest));

@@ -17,6 +17,9 @@ public:
 
     /// Throws as `registerItem` does.
     virtual void unregisterItem() = 0;
+
+    /// Throws as these do.
+    void toggle() { isEnabled() ? unregisterItem() : registerItem(); }
 };
 
 }  // namespace Tarnwick

@@ -46,21 +46,48 @@ void FactsQuestions::recall(SharedFacts facts)
     _facts = std::move(facts);
 }
 
-bool FactsQuestions::setListed(std::shared_ptr<const std::vector<PullRequest>> listed)
+const PullRequestFacts* FactsQuestions::of(const PullRequestID& id) const
+{
+    const auto found = _facts->find(id);
+    return found == _facts->end() ? nullptr : &found->second;
+}
+
+void FactsQuestions::setListed(std::shared_ptr<const std::vector<PullRequest>> listed)
 {
     _listed = std::move(listed);
     _asked.clear();
+    _isRefreshed = true;
+    forgetUnlisted();
+    if (_sources.isUseful()) {
+        ask();
+    } else {
+        settle(false);
+    }
+}
+
+void FactsQuestions::forgetUnlisted()
+{
     if (_facts->empty()) {
-        return false;
+        return;
     }
     const auto known = identities(*_listed);
     FactsByID kept = *_facts;
-    const auto forgotten =
-        std::erase_if(kept, [&](const auto& entry) { return !known.contains(entry.first); });
-    if (forgotten > 0) {
-        _facts = std::make_shared<const FactsByID>(std::move(kept));
+    if (std::erase_if(kept, [&](const auto& entry) { return !known.contains(entry.first); }) > 0) {
+        setFacts(std::move(kept));
     }
-    return forgotten > 0;
+}
+
+void FactsQuestions::setFacts(FactsByID facts)
+{
+    _facts = std::make_shared<const FactsByID>(std::move(facts));
+    _isUnsaved = true;
+}
+
+void FactsQuestions::askWhereUseful()
+{
+    if (_sources.isUseful()) {
+        ask();
+    }
 }
 
 void FactsQuestions::ask()
@@ -78,6 +105,25 @@ void FactsQuestions::cancel()
 {
     _task.cancel();
     finish();
+}
+
+void FactsQuestions::stop()
+{
+    cancel();
+    save();
+}
+
+void FactsQuestions::save()
+{
+    if (std::exchange(_isUnsaved, false)) {
+        _sources.save(_facts);
+    }
+}
+
+void FactsQuestions::settle(bool hitSecondaryLimit)
+{
+    save();
+    Q_EMIT settled(hitSecondaryLimit, std::exchange(_isRefreshed, false));
 }
 
 void FactsQuestions::finish()
@@ -119,7 +165,7 @@ QCoro::Task<> FactsQuestions::askAll(std::stop_token stopToken)
     }
     forgetOutdated();
     finish();
-    Q_EMIT settled(hitSecondaryLimit);
+    settle(hitSecondaryLimit);
 }
 
 /// As long as a question runs, the earlier facts keep a row from going elsewhere and coming back.
@@ -139,7 +185,7 @@ void FactsQuestions::forgetOutdated()
     for (const PullRequestID& id : outdated) {
         kept.erase(id);
     }
-    _facts = std::make_shared<const FactsByID>(std::move(kept));
+    setFacts(std::move(kept));
     Q_EMIT factsChanged();
 }
 
@@ -151,10 +197,11 @@ void FactsQuestions::take(FactsAnswer answer)
     if (!answer.facts.empty()) {
         // Of two that have the same one, the answer's stays.
         answer.facts.insert(_facts->begin(), _facts->end());
-        _facts = std::make_shared<const FactsByID>(std::move(answer.facts));
+        setFacts(std::move(answer.facts));
         Q_EMIT factsChanged();
     }
     if (answer.quota) {
+        _isUnsaved = true;
         Q_EMIT quotaTold(*answer.quota);
     }
 }

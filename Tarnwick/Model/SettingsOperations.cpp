@@ -7,6 +7,9 @@
 namespace Tarnwick {
 namespace {
 
+/// How long a project directory that is being typed stays off the disk.
+constexpr std::chrono::milliseconds directoryRest{200};
+
 std::string_view keyOfNotifications(bool Settings::* flag)
 {
     if (flag == &Settings::unblockedNotificationsEnabled) {
@@ -26,9 +29,11 @@ bool passSameRows(const Settings& one, const Settings& other)
 
 }  // namespace
 
-SettingsOperations::SettingsOperations(Settings& settings, SettingsStore& store)
+SettingsOperations::SettingsOperations(
+    Settings& settings, SettingsStore& store, std::shared_ptr<Clock> clock)
     : _settings(settings)
     , _store(store)
+    , _flushAlarm(std::move(clock), [this] { flush(); })
 {}
 
 void SettingsOperations::resetFilters()
@@ -52,13 +57,13 @@ void SettingsOperations::toggleRepository(const std::string& name)
 
 void SettingsOperations::selectRepositories(const std::vector<std::string>& names, bool selected)
 {
-    flush();
+    storeDirectory();
     adopt(_store.selectRepositories(names, selected), Effect::selection);
 }
 
 void SettingsOperations::setSelectedRepositories(const std::set<std::string>& names)
 {
-    flush();
+    storeDirectory();
     adopt(_store.setSelectedRepositories(names), Effect::selection);
 }
 
@@ -72,49 +77,23 @@ void SettingsOperations::resetUnconfiguredSelection()
 
 void SettingsOperations::setPollingInterval(PollingInterval interval)
 {
-    change(
+    store(
         [&](Settings& settings) { settings.pollingInterval = interval; },
         Effect::pollingInterval,
         SettingsKeys::pollingInterval);
 }
 
-void SettingsOperations::mute(const std::string& storageKey, const Mute& mute)
-{
-    change([&](Settings& settings) { settings.mutes.insert_or_assign(storageKey, mute); });
-}
-
-void SettingsOperations::unmute(const std::string& storageKey)
-{
-    change([&](Settings& settings) { settings.mutes.erase(storageKey); });
-}
-
-void SettingsOperations::setAuthorMuted(const std::string& login, bool isMuted)
-{
-    change([&](Settings& settings) {
-        if (isMuted) {
-            settings.mutedAuthors.insert(login);
-        } else {
-            settings.mutedAuthors.erase(login);
-        }
-    });
-}
-
-void SettingsOperations::endMutes(const std::function<Mutes(Mutes)>& lasting)
-{
-    if (lasting(_settings.mutes) != _settings.mutes) {
-        change([&](Settings& settings) { settings.mutes = lasting(std::move(settings.mutes)); });
-    }
-}
-
 void SettingsOperations::setNotifications(bool Settings::* flag, bool isOn)
 {
-    change(
+    store(
         [&](Settings& settings) { settings.*flag = isOn; }, Effect::none, keyOfNotifications(flag));
 }
 
 void SettingsOperations::setProjectDirectory(const std::string& directory)
 {
-    _unsavedDirectory = directory;
+    if (!std::exchange(_unsavedDirectory, directory)) {
+        _flushAlarm.ringAfter(directoryRest);
+    }
     if (std::exchange(_settings.projectDirectory, directory) != directory) {
         Q_EMIT changed();
     }
@@ -123,7 +102,15 @@ void SettingsOperations::setProjectDirectory(const std::string& directory)
 void SettingsOperations::flush()
 {
     if (_unsavedDirectory) {
-        change([](Settings&) {});
+        storeDirectory();
+        Q_EMIT flushed();
+    }
+}
+
+void SettingsOperations::storeDirectory()
+{
+    if (_unsavedDirectory) {
+        store([](Settings&) {});
     }
 }
 
@@ -136,11 +123,12 @@ void SettingsOperations::readAgain()
     adopt(std::move(settings));
 }
 
-void SettingsOperations::change(
+void SettingsOperations::store(
     const std::function<void(Settings&)>& change,
     Effect effect,
     const std::optional<std::string_view>& chosen)
 {
+    _flushAlarm.cancel();
     const auto directory = std::exchange(_unsavedDirectory, std::nullopt);
     const auto changeAll = [&](Settings& settings) {
         if (directory) {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "Tarnwick/Async/Alarm.h"
 #include "Tarnwick/Model/Settings.h"
 
 #include <QObject>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -23,8 +25,10 @@ class SettingsOperations final : public QObject {
     Q_OBJECT
 
 public:
-    /// Requires: `settings` and `store` outlive this object.
-    SettingsOperations(Settings& settings, SettingsStore& store);
+    /// Requires: `settings` and `store` outlive this object, and a clock.
+    SettingsOperations(Settings& settings, SettingsStore& store, std::shared_ptr<Clock> clock);
+
+    void change(const std::function<void(Settings&)>& change) { store(change); }
 
     /// Of what the user sees, even if another process has just done the same.
     template<typename E>
@@ -61,20 +65,11 @@ public:
 
     void setPollingInterval(PollingInterval interval);
 
-    /// Replaces an earlier mute of the pull request. `storageKey` is that of its identity.
-    void mute(const std::string& storageKey, const Mute& mute);
-    void unmute(const std::string& storageKey);
-    void setAuthorMuted(const std::string& login, bool isMuted);
-
-    /// Takes out what has ended, by what `lasting` leaves of the mutes. Nothing is stored when it
-    /// leaves all as they are.
-    void endMutes(const std::function<Mutes(Mutes)>& lasting);
-
     /// One of the flags of the notifications.
     void setNotifications(bool Settings::* flag, bool isOn);
 
-    /// Takes effect at once and is stored with the next change, or by `flush`: it changes with
-    /// every key that the user presses.
+    /// Takes effect at once. It changes with every key that the user presses, so it is stored with
+    /// the next change, by `flush`, or 200 ms later.
     void setProjectDirectory(const std::string& directory);
     void flush();
 
@@ -90,6 +85,7 @@ Q_SIGNALS:
     void arrangementChanged();  ///< The same rows in another order.
     void pollingIntervalChanged();
     void darkModeChanged();
+    void flushed();  ///< The project directory was written by itself, or could not be.
 
 private:
     /// What follows from a change, whether or not a value is another one.
@@ -99,15 +95,17 @@ private:
         pollingInterval
     };
 
-    void change(
+    void store(
         const std::function<void(Settings&)>& change,
         Effect effect = Effect::none,
         const std::optional<std::string_view>& chosen = {});
+    void storeDirectory();
     void adopt(Settings settings, Effect effect = Effect::none);
 
     Settings& _settings;
     SettingsStore& _store;
     std::optional<std::string> _unsavedDirectory;
+    Alarm _flushAlarm;
 };
 
 }  // namespace Tarnwick

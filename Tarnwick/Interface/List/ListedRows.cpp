@@ -32,7 +32,7 @@ std::vector<ListedRow> listedRows(const PullRequestMenuModel& model, HiddenRows 
         const Sight sight =
             hidden == HiddenRows::areDimmed ? model.sightOf(row.pullRequest) : Sight::inSight;
         const auto mutedUntil =
-            sight == Sight::muted ? model.mutedUntil(row.pullRequest) : std::nullopt;
+            sight == Sight::muted ? model.mutes().mutedUntil(row.pullRequest) : std::nullopt;
         const auto known = details->find(row.id());
         const auto* const names = known != details->end() ? &known->second : nullptr;
         listed.push_back(

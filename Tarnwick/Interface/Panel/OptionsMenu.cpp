@@ -186,7 +186,7 @@ void OptionsMenu::listMutedAuthors()
         action->setCheckable(true);
         action->setChecked(true);
         connect(action, &QAction::triggered, this, [this, author](bool isChecked) {
-            _model.setAuthorMuted(author, isChecked);
+            _model.mutes().setAuthor(author, isChecked);
         });
     }
     _mutedAuthors->menuAction()->setVisible(!_mutedAuthors->isEmpty());

@@ -79,8 +79,8 @@ TEST_F(OptionsMenuTests, listsMutedAuthorsWhileThereAreSome)
         return std::ranges::find(items, "Muted Authors >") != items.end();
     };
     EXPECT_FALSE(hasMutedAuthors());
-    model->setAuthorMuted("tide-sync", true);
-    model->setAuthorMuted("Otter-bot", true);
+    model->mutes().setAuthor("tide-sync", true);
+    model->mutes().setAuthor("Otter-bot", true);
     menu->popup(QPoint(0, 0));
     EXPECT_TRUE(hasMutedAuthors());
     EXPECT_THAT(itemsOf(submenu("Muted Authors")), ElementsAre("Otter-bot", "tide-sync"));

@@ -183,7 +183,7 @@ protected:
 
 TEST_F(Muting, takesARowOutUntilItChanges)
 {
-    model->muteUntilChange(first());
+    model->mutes().untilChange(first());
     EXPECT_THAT(shownNumbers(), UnorderedElementsAre(2, 3));
     EXPECT_EQ(model->hidden(), (HiddenCounts{.filters = 0, .muted = 1}));
     EXPECT_EQ(model->rowsWithHidden()->size(), 3U);
@@ -206,9 +206,9 @@ TEST_F(Muting, takesARowOutUntilItChanges)
 
 TEST_F(Muting, storesEachMuteUnderAKeyOfItsOwn)
 {
-    model->muteUntilChange(first());
-    model->muteForADay(all[1]);
-    model->setAuthorMuted("mira-k", true);
+    model->mutes().untilChange(first());
+    model->mutes().forADay(all[1]);
+    model->mutes().setAuthor("mira-k", true);
     EXPECT_EQ(
         defaults->values.at("mutes.pullRequest.github|github.com|octo/tools|1"),
         "2024-05-02T08:00:00Z, 2024-05-01T12:00:00Z, open, ready, mergeable, none, 0/0, 0/0/0");
@@ -216,19 +216,19 @@ TEST_F(Muting, storesEachMuteUnderAKeyOfItsOwn)
         readDate(*defaults, "mutes.pullRequest.github|github.com|octo/tools|2"),
         date("2024-05-03T08:00:00Z"));
     EXPECT_EQ(defaults->values.at("mutes.authors"), "mira-k");
-    model->unmute(first());
-    model->unmute(all[1]);
+    model->mutes().unmute(first());
+    model->mutes().unmute(all[1]);
     EXPECT_THAT(defaults->keys("mutes.pullRequest."), IsEmpty());
 }
 
 TEST_F(Muting, endsByItselfAfterADay)
 {
     const auto before = clock->sleepers().size();
-    model->muteForADay(first());
+    model->mutes().forADay(first());
     EXPECT_THAT(shownNumbers(), UnorderedElementsAre(2, 3));
-    EXPECT_THAT(model->mutedUntil(first()), Optional(date("2024-05-03T08:00:00Z")));
+    EXPECT_THAT(model->mutes().mutedUntil(first()), Optional(date("2024-05-03T08:00:00Z")));
     EXPECT_EQ(clock->sleepers().size(), before + 1) << "one timer, whatever is muted";
-    model->muteForADay(all[1]);
+    model->mutes().forADay(all[1]);
     EXPECT_EQ(clock->sleepers().size(), before + 1);
     provider->setError("error connecting to api.github.com");
     clock->advance(24h - 1s);
@@ -236,12 +236,12 @@ TEST_F(Muting, endsByItselfAfterADay)
     clock->advance(1s);
     EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3)) << "without a refresh";
     EXPECT_THAT(storedSettings().mutes, IsEmpty());
-    EXPECT_EQ(model->mutedUntil(first()), std::nullopt);
+    EXPECT_EQ(model->mutes().mutedUntil(first()), std::nullopt);
 }
 
 TEST_F(Muting, thatEndedWhileTheProgramDidNotRunHasEndedAtTheStart)
 {
-    model->muteForADay(first());
+    model->mutes().forADay(first());
     model.reset();
     clock->advance(25h);
     start();
@@ -251,18 +251,18 @@ TEST_F(Muting, thatEndedWhileTheProgramDidNotRunHasEndedAtTheStart)
 TEST_F(Muting, outlastsNoClockThatWasSetBack)
 {
     clock->set(24h * 365);
-    model->muteForADay(first());
+    model->mutes().forADay(first());
     model->setPollingInterval(PollingInterval::oneHour);
     clock->set(-24h * 365);
     refresh();
-    EXPECT_THAT(model->mutedUntil(first()), Optional(date("2024-05-03T08:00:00Z")));
+    EXPECT_THAT(model->mutes().mutedUntil(first()), Optional(date("2024-05-03T08:00:00Z")));
     clock->advance(24h);
     EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3));
 }
 
 TEST_F(Muting, ofAnAuthorTakesAllOfHisAndLastsUntilItIsTakenBack)
 {
-    model->setAuthorMuted("OTTER-BOT", true);
+    model->mutes().setAuthor("OTTER-BOT", true);
     EXPECT_THAT(shownNumbers(), ElementsAre(1));
     EXPECT_EQ(model->hidden(), (HiddenCounts{.filters = 0, .muted = 2}));
     EXPECT_EQ(model->sightOf(all[2]), Sight::authorMuted);
@@ -270,7 +270,7 @@ TEST_F(Muting, ofAnAuthorTakesAllOfHisAndLastsUntilItIsTakenBack)
     model->toggleStatus(StatusFilter::draft);
     model->resetFilters();
     EXPECT_THAT(shownNumbers(), ElementsAre(1)) << "mutes are no filters";
-    model->setAuthorMuted("otter-bot", false);
+    model->mutes().setAuthor("otter-bot", false);
     EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3));
 }
 
@@ -328,7 +328,7 @@ TEST_F(Muting, keepsWhatIsMutedOutOfNotifications)
     provider->setPullRequests(all);
     refresh();
     EXPECT_THAT(notifier->shown, UnorderedElementsAre("new 5", "unblocked 1"));
-    model->setAuthorMuted("otter-bot", false);
+    model->mutes().setAuthor("otter-bot", false);
     clock->advance(1min);
     refresh();
     EXPECT_THAT(notifier->shown, SizeIs(2)) << "what was missed is not told later";
