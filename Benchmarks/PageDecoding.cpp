@@ -8,12 +8,12 @@
 #include <algorithm>
 #include <boost/json.hpp>
 #include <cstdint>
+#include <ctime>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include <benchmark/benchmark.h>
-#include <time.h>
 
 namespace {
 
@@ -33,7 +33,7 @@ void decodePage(const std::string& text)
 void bareParse(benchmark::State& state)
 {
     const std::string text = Benchmarks::searchPage();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto iteration : state) {
         parseBare(text);
     }
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
@@ -42,7 +42,7 @@ void bareParse(benchmark::State& state)
 void pageDecoding(benchmark::State& state)
 {
     const std::string text = Benchmarks::searchPage();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto iteration : state) {
         decodePage(text);
     }
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
@@ -51,10 +51,10 @@ void pageDecoding(benchmark::State& state)
 void pageDecodingAndMapping(benchmark::State& state)
 {
     const std::string text = Benchmarks::searchPage();
-    for (auto _ : state) {
-        auto envelope = PullRequestKit::Json::decode<SearchEnvelope>(text);
+    for ([[maybe_unused]] auto iteration : state) {
+        auto data = PullRequestKit::Json::decode<SearchEnvelope>(text).data.value();
         PullRequestKit::SharedTexts texts;
-        for (GitHub::Node& node : envelope.data->search.nodes) {
+        for (GitHub::Node& node : data.search.nodes) {
             benchmark::DoNotOptimize(
                 GitHub::mapPullRequest(std::move(node), "github.com", std::nullopt, texts));
         }
@@ -90,7 +90,7 @@ void pageDecodingOverBareParse(benchmark::State& state)
     const std::string text = Benchmarks::searchPage();
     std::vector<double> bare;
     std::vector<double> decoding;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto iteration : state) {
         bare.push_back(secondsOf([&] { parseBare(text); }));
         decoding.push_back(secondsOf([&] { decodePage(text); }));
     }

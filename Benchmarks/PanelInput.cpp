@@ -87,6 +87,7 @@ std::vector<RepositorySummary> makeRepositories(std::size_t count)
 {
     constexpr std::size_t owners = 40;
     std::vector<RepositorySummary> repositories;
+    repositories.reserve(count);
     for (std::size_t number = 0; number < count; ++number) {
         repositories.push_back(
             {"organisation-" + std::to_string(number % owners) + "/service-"

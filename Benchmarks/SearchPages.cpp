@@ -18,7 +18,7 @@ std::string quoted(const std::string& text)
 
 std::string checkRun(int node, int check)
 {
-    const std::string id = std::to_string(21'000'000'000LL + node * 1'000 + check);
+    const std::string id = std::to_string(21'000'000'000LL + node * 1'000LL + check);
     const std::string minutes = twoDigits(check % 60);
     const std::string conclusion = check % 17 == 0   ? "\"FAILURE\""
                                    : check % 23 == 0 ? "null"

@@ -89,6 +89,7 @@ void turnOfEach(benchmark::State& state)
 {
     const List list;
     std::vector<std::pair<const PullRequestDetails*, const PullRequestFacts*>> known;
+    known.reserve(list.listed.size());
     for (const PullRequest& pullRequest : list.listed) {
         known.emplace_back(&list.details.at(pullRequest.id), &list.facts.at(pullRequest.id));
     }

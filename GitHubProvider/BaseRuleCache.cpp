@@ -8,7 +8,7 @@ namespace {
 /// The clock may have been set back since, and then nobody knows how old an entry is.
 bool isFresh(std::chrono::system_clock::duration age)
 {
-    return age >= age.zero() && age < BaseRuleCache::lifetime;
+    return age >= std::chrono::system_clock::duration::zero() && age < BaseRuleCache::lifetime;
 }
 
 }  // namespace

@@ -95,7 +95,7 @@ void readRow(
         repository != nullptr ? Lenient::text(*repository, "nameWithOwner") : std::nullopt;
     const json::object* const found = name ? Lenient::object(*repository, "pullRequest") : nullptr;
     auto facts = found != nullptr ? factsOf(*found) : std::nullopt;
-    if (!facts) {
+    if (!name || !facts) {
         return;
     }
     facts->askedAt = askedAt;

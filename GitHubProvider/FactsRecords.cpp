@@ -80,7 +80,7 @@ bool readThreads(PullRequestFacts& facts, const json::object& pullRequest)
     const auto count =
         threads != nullptr ? Lenient::number(*threads, "totalCount", 0) : std::nullopt;
     const json::array* const nodes = count ? Lenient::list(*threads, "nodes") : nullptr;
-    if (nodes == nullptr) {
+    if (!count || nodes == nullptr) {
         return false;
     }
     for (const json::value& node : *nodes) {

@@ -107,10 +107,11 @@ ReviewState reviewState(
 std::span<const CheckContext> checkContexts(const Node& node)
 {
     const auto commits = elements(node.commits);
-    if (commits.empty() || !commits.back().commit.statusCheckRollup) {
+    if (commits.empty()) {
         return {};
     }
-    return commits.back().commit.statusCheckRollup->contexts.nodes;
+    const auto& rollup = commits.back().commit.statusCheckRollup;
+    return rollup ? std::span(rollup->contexts.nodes) : std::span<const CheckContext>();
 }
 
 PullRequestState state(const Node& node)

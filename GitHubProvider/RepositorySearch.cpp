@@ -138,12 +138,13 @@ void RepositorySearch::rememberRepository(
         || (knowledge.repository && isSearched(*knowledge.repository))) {
         return;
     }
-    const auto found = std::ranges::find_if(result.hits, [&](const SearchHit& hit) {
-        return hit.pullRequest && isSearched(hit.pullRequest->id.repository);
-    });
-    if (found != result.hits.end()) {
-        knowledge.repository = found->pullRequest->id.repository;
-        _memory.save(knowledge);
+    for (const SearchHit& hit : result.hits) {
+        const auto& pullRequest = hit.pullRequest;
+        if (pullRequest && isSearched(pullRequest->id.repository)) {
+            knowledge.repository = pullRequest->id.repository;
+            _memory.save(knowledge);
+            return;
+        }
     }
 }
 

@@ -92,8 +92,9 @@ std::int64_t join(std::vector<SearchHit>& hits, std::vector<SearchHit> more)
 {
     std::unordered_map<PullRequestKit::PullRequestID, std::size_t> places;
     for (std::size_t place = 0; place < hits.size(); ++place) {
-        if (hits[place].pullRequest) {
-            places.try_emplace(hits[place].pullRequest->id, place);
+        const auto& pullRequest = hits[place].pullRequest;
+        if (pullRequest) {
+            places.try_emplace(pullRequest->id, place);
         }
     }
     std::int64_t doubles = 0;

@@ -28,6 +28,11 @@ std::string madeUpCommit(std::string_view text)
     return commit;
 }
 
+std::int64_t most(const std::vector<std::int64_t>& counts)
+{
+    return counts.empty() ? 0 : std::ranges::max(counts);
+}
+
 std::int64_t requiredApprovals(const PullRequest& pullRequest, const Scenario& scenario)
 {
     std::int64_t required = 0;
@@ -37,10 +42,7 @@ std::int64_t requiredApprovals(const PullRequest& pullRequest, const Scenario& s
         }
         for (const BranchRules& rules : repository.branches) {
             if (rules.name == pullRequest.base) {
-                required = std::max(required, rules.protection.value_or(0));
-                for (const std::int64_t count : rules.rulesets) {
-                    required = std::max(required, count);
-                }
+                required = std::max({required, rules.protection.value_or(0), most(rules.rulesets)});
             }
         }
     }

@@ -157,22 +157,12 @@ bool applyToTransport(Delivery& delivery, const Fault& fault)
     return true;
 }
 
-/// Faults of what an answer's values say. Those of GraphQL leave other answers alone.
-void applyToValues(json::value& answer, RequestKind kind, FaultKind fault)
+/// Faults of what only an answer of GraphQL can say.
+void applyToGraphQl(json::value& answer, RequestKind kind, FaultKind fault)
 {
     const bool isSearch = kind == RequestKind::search;
     const bool isFacts = kind == RequestKind::facts;
-    if (fault == FaultKind::wrongType) {
-        const auto members = membersNamed(answer, spoiltMembers(kind).typed);
-        if (!members.empty()) {
-            json::value& member = *members.front();
-            member = member.is_string() ? json::value(7) : json::value("seven");
-        }
-    } else if (fault == FaultKind::notUtf8) {
-        replaceFirst(answer, spoiltMembers(kind).text, "\xFF");
-    } else if (!isGraphQl(kind)) {
-        return;
-    } else if (fault == FaultKind::errors) {
+    if (fault == FaultKind::errors) {
         answer.as_object()["errors"] = json::parse(errorList);
     } else if (fault == FaultKind::errorsOnly) {
         answer = {{"errors", json::parse(errorList)}};
@@ -189,6 +179,22 @@ void applyToValues(json::value& answer, RequestKind kind, FaultKind fault)
     } else if (fault == FaultKind::noCursor && isSearch) {
         replaceFirst(answer, "hasNextPage", true);
         replaceFirst(answer, "endCursor", nullptr);
+    }
+}
+
+/// Faults of what an answer's values say.
+void applyToValues(json::value& answer, RequestKind kind, FaultKind fault)
+{
+    if (fault == FaultKind::wrongType) {
+        const auto members = membersNamed(answer, spoiltMembers(kind).typed);
+        if (!members.empty()) {
+            json::value& member = *members.front();
+            member = member.is_string() ? json::value(7) : json::value("seven");
+        }
+    } else if (fault == FaultKind::notUtf8) {
+        replaceFirst(answer, spoiltMembers(kind).text, "\xFF");
+    } else if (isGraphQl(kind)) {
+        applyToGraphQl(answer, kind, fault);
     }
 }
 

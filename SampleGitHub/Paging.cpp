@@ -68,7 +68,7 @@ std::string linkHeader(
         parameters["page"] = std::to_string(target);
         std::string query;
         for (const auto& [name, value] : parameters) {
-            query += (query.empty() ? "?" : "&") + name + "=" + value;
+            query.append(query.empty() ? "?" : "&").append(name).append("=").append(value);
         }
         header += (header.empty() ? "<" : ", <") + std::string(address) + query + ">; rel=\""
                   + std::string(relation) + "\"";

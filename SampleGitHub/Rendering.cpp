@@ -163,13 +163,17 @@ json::value baseRef(const PullRequest& pullRequest)
     return named("id", refId(pullRequest.repository, pullRequest.base));
 }
 
+void addAddress(json::object& object, const std::string& address, const std::string& name)
+{
+    object.emplace(name + "_url", address + "/" + name + "{/more}");
+}
+
 /// As much text as the addresses that GitHub puts into every repository, which nobody asks for.
 void addAddresses(json::object& object, const std::string& address)
 {
     constexpr int count = 50;
     for (int number = 1; number <= count; ++number) {
-        const std::string name = "address_" + std::to_string(number);
-        object.emplace(name + "_url", address + "/" + name + "{/more}");
+        addAddress(object, address, "address_" + std::to_string(number));
     }
 }
 

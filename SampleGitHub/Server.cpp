@@ -7,9 +7,13 @@
 #include <boost/beast/core.hpp>
 #include <boost/beast/http.hpp>
 #include <chrono>
+#include <functional>
+#include <memory>
 #include <mutex>
+#include <optional>
 #include <stdexcept>
 #include <thread>
+#include <tuple>
 #include <utility>
 
 #include <sys/un.h>
@@ -36,7 +40,7 @@ public:
     explicit Desk(ServerOptions options)
         : _now(options.now.value_or(currentTime()))
         , _options(std::move(options.gitHub))
-        , _gitHub(std::in_place, std::move(options.scenario), _now, _options)
+        , _gitHub(std::make_unique<GitHub>(std::move(options.scenario), _now, _options))
         , _changedScenario(std::move(options.changedScenario))
         , _onRequest(std::move(options.onRequest))
         , _faults(options.faults)
@@ -46,7 +50,7 @@ public:
     {
         if (_changedScenario) {
             if (auto scenario = _changedScenario()) {
-                _gitHub.emplace(*std::move(scenario), _now, _options);
+                _gitHub = std::make_unique<GitHub>(*std::move(scenario), _now, _options);
             }
         }
         Answer answer = _gitHub->answer(request);
@@ -79,11 +83,11 @@ public:
     }
 
 private:
-    const PullRequestKit::Date _now;
-    const GitHubOptions _options;
-    std::optional<GitHub> _gitHub;  // Of the server's thread alone.
-    const std::function<std::optional<Scenario>()> _changedScenario;
-    const std::function<void(const RecordedRequest&)> _onRequest;
+    PullRequestKit::Date _now;
+    GitHubOptions _options;
+    std::unique_ptr<GitHub> _gitHub;  // Of the server's thread alone.
+    std::function<std::optional<Scenario>()> _changedScenario;
+    std::function<void(const RecordedRequest&)> _onRequest;
     mutable std::mutex _mutex;
     FaultInjection _faults;                  // Guarded by _mutex.
     std::vector<RecordedRequest> _requests;  // Guarded by _mutex.
@@ -119,7 +123,7 @@ public:
 
     void read()
     {
-        _parser.emplace();
+        _parser = std::make_unique<Parser>();
         _parser->body_limit(largestBody);
         http::async_read(
             _socket, _buffer, *_parser, [self = shared_from_this()](error_code error, std::size_t) {
@@ -130,13 +134,15 @@ public:
     }
 
 private:
+    using Parser = http::request_parser<http::string_body>;
+
     void answer()
     {
         _isKeptAlive = _parser->get().keep_alive();
         Delivery delivery = _desk.serve(toRequest(_parser->release()));
         if (delivery.isHungUp) {
             error_code ignored;
-            _socket.close(ignored);
+            std::ignore = _socket.close(ignored);
             return;
         }
         _message = {};
@@ -178,7 +184,7 @@ private:
     asio::steady_timer _timer;
     Desk& _desk;
     boost::beast::flat_buffer _buffer;
-    std::optional<http::request_parser<http::string_body>> _parser;
+    std::unique_ptr<Parser> _parser;  // One reads one request.
     http::response<http::string_body> _message;
     bool _isKeptAlive = false;
 };
@@ -201,8 +207,8 @@ void removeStaleSocket(const std::filesystem::path& path)
     asio::io_context context;
     Protocol::socket probe(context);
     error_code error;
-    probe.connect(Protocol::endpoint(path.string()), error);
-    if (error == asio::error::connection_refused) {
+    if (probe.connect(Protocol::endpoint(path.string()), error)
+        == asio::error::connection_refused) {
         std::filesystem::remove(path, ignored);
     }
 }
@@ -226,8 +232,8 @@ public:
     explicit Implementation(ServerOptions options)
         : _path(options.socket)
         , _desk(std::move(options))
-        , _context(std::in_place)
-        , _acceptor(listenAt(*_context, _path))
+        , _context(std::make_unique<asio::io_context>())
+        , _acceptor(std::make_unique<Protocol::acceptor>(listenAt(*_context, _path)))
     {
         accept();
         _thread = std::thread([this] { _context->run(); });
@@ -261,11 +267,11 @@ private:
         });
     }
 
-    const std::filesystem::path _path;
+    std::filesystem::path _path;
     std::mutex _stopMutex;
     Desk _desk;
-    std::optional<asio::io_context> _context;
-    std::optional<Protocol::acceptor> _acceptor;
+    std::unique_ptr<asio::io_context> _context;
+    std::unique_ptr<Protocol::acceptor> _acceptor;
     std::thread _thread;
 };
 

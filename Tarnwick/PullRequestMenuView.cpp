@@ -381,11 +381,13 @@ void PullRequestMenuView::act(RowAction action, const PullRequestKit::PullReques
     }
 }
 
-/// Whichever page it is, the user looks at the pull request.
+/// Whichever page it is, the user looks at the pull request. The page is a value because the visit
+/// has the rows made anew that it may come from.
 void PullRequestMenuView::open(
-    const PullRequestKit::PullRequest& pullRequest, PullRequestKit::Url page, PanelFate fate)
+    const PullRequestKit::PullRequest& pullRequest,
+    PullRequestKit::Url page,  // NOLINT(performance-unnecessary-value-param)
+    PanelFate fate)
 {
-    // `page` is a value: the visit has the rows made anew that the pull request comes from.
     _model.recordVisit(pullRequest.id);
     if (fate == PanelFate::stays) {
         _stays = QDeadlineTimer(browserComesWithin);

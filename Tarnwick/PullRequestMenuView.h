@@ -33,7 +33,7 @@ class PullRequestMenuView final : public QWidget {
 
 public:
     /// Requires: `model` lives longer than the view.
-    PullRequestMenuView(PullRequestMenuModel& model, QWidget* parent = nullptr);
+    explicit PullRequestMenuView(PullRequestMenuModel& model, QWidget* parent = nullptr);
 
     /// Without an action the options menu has no "Check for Updates…".
     void setUpdateCheck(bool canCheckForUpdates, std::function<void()> checkForUpdates);

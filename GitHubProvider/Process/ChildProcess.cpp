@@ -144,7 +144,8 @@ std::vector<std::string> environmentWith(const std::map<std::string, std::string
         }
     }
     for (const auto& [name, value] : variables) {
-        entries.push_back(name + "=" + value);
+        entries.push_back(name);
+        entries.back().append("=").append(value);
     }
     return entries;
 }
@@ -188,7 +189,7 @@ void waitForEnd(pid_t id)
 ChildProcess::ChildProcess(
     const std::filesystem::path& executable,
     const std::vector<std::string>& arguments,
-    ChildSettings settings)
+    const ChildSettings& settings)
 try
     : _reach(settings.reach) {
     Pipe output = openPipe();

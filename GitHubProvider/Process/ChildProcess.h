@@ -41,7 +41,7 @@ public:
     ChildProcess(
         const std::filesystem::path& executable,
         const std::vector<std::string>& arguments,
-        ChildSettings settings = {});
+        const ChildSettings& settings = {});
 
     /// Asks a child that nobody has waited for to end, and waits.
     ~ChildProcess() override;

@@ -25,7 +25,7 @@ class RepositoryPicker final : public QWidget {
 
 public:
     /// Requires: `model` lives longer than the picker.
-    RepositoryPicker(PullRequestMenuModel& model, QWidget* parent = nullptr);
+    explicit RepositoryPicker(PullRequestMenuModel& model, QWidget* parent = nullptr);
     ~RepositoryPicker() override;
 
     /// Puts the caret into the field of the project directory.
