@@ -4,14 +4,10 @@
 
 namespace {
 
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
-using TestSupport::outline;
-using TestSupport::readFile;
+using namespace TestSupport;
 
 /// Files that are not what they should be.
-class BadFiles : public TestSupport::TarnwickTest {
+class BadFiles : public TarnwickTest {
 protected:
     void SetUp() override { serve("everyday"); }
 };
@@ -24,7 +20,7 @@ TEST_F(BadFiles, aCorruptCacheIsPassedOverAndReplaced)
     const auto list = listJson();
     EXPECT_EQ(list.at("state"), "loaded");
     EXPECT_THAT(list.at("rows").as_array(), SizeIs(5));
-    EXPECT_THAT(readFile(cacheFile()), testing::EndsWith("}"));
+    EXPECT_THAT(readFile(cacheFile()), EndsWith("}"));
 }
 
 TEST_F(BadFiles, aCorruptCacheStaysWhenTheRefreshFails)

@@ -2,17 +2,13 @@
 
 #include <algorithm>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
+using namespace TestSupport;
 using SampleGitHub::RequestKind;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 /// The facts of pull requests, through the real `gh`.
-class Facts : public TestSupport::ProviderTest {
+class Facts : public ProviderTest {
 protected:
     /// What the signed-in user has a part in.
     std::vector<PullRequest> involved(const GitHub::GitHubProvider& asked) const

@@ -2,9 +2,7 @@
 
 namespace {
 
-using testing::HasSubstr;
-using TestSupport::outline;
-using TestSupport::readFile;
+using namespace TestSupport;
 
 /// What goes wrong between GitHub and `gh`, and what the user reads then.
 struct Failure {
@@ -14,7 +12,7 @@ struct Failure {
 };
 
 class Faults
-    : public TestSupport::TarnwickTest
+    : public TarnwickTest
     , public testing::WithParamInterface<Failure> {
 protected:
     void SetUp() override
@@ -32,7 +30,7 @@ TEST_P(Faults, endInAStateThatSaysWhatIsWrong)
     const auto list = boost::json::parse(result.output).as_object();
     EXPECT_EQ(list.at("state"), GetParam().state);
     EXPECT_THAT(std::string(list.at("message").as_string()), HasSubstr(GetParam().message));
-    EXPECT_THAT(list.at("rows").as_array(), testing::SizeIs(0));
+    EXPECT_THAT(list.at("rows").as_array(), SizeIs(0));
     EXPECT_FALSE(std::filesystem::exists(cacheFile()));
 }
 
@@ -47,8 +45,7 @@ TEST_P(Faults, keepTheLastResultInSight)
     EXPECT_EQ(list.at("state"), "loaded");
     EXPECT_THAT(
         std::string(list.at("refreshError").as_string()),
-        testing::AllOf(
-            testing::StartsWith("Showing cached data: "), HasSubstr(GetParam().message)));
+        AllOf(StartsWith("Showing cached data: "), HasSubstr(GetParam().message)));
     EXPECT_EQ(outline(list), outline(good));
     EXPECT_EQ(readFile(cacheFile()), cache);
 }
@@ -77,6 +74,8 @@ INSTANTIATE_TEST_SUITE_P(
         Failure{"errors-only@search", "failed", ""},
         Failure{"errors@rules", "failed", ""},
         Failure{"cut-off@search", "failed", "unexpected EOF"},
+        Failure{"cut-off@repositories", "failed", "unexpected EOF"},
+        Failure{"truncated@search", "failed", "unexpected end of JSON input"},
         Failure{
             "no-cursor@search", "failed", "GitHub returned a page without a continuation cursor."},
         Failure{"null-nodes@search", "failed", "data.search.nodes[0] is not an object"},
@@ -86,7 +85,7 @@ INSTANTIATE_TEST_SUITE_P(
         Failure{"wrong-type@search", "failed", "data.search."},
         Failure{"padding=65@search", "failed", "64 MiB"}));
 
-class HarmlessFaults : public TestSupport::TarnwickTest {};
+class HarmlessFaults : public TarnwickTest {};
 
 TEST_F(HarmlessFaults, hitsThatAreNoPullRequestsAreDropped)
 {
@@ -95,7 +94,7 @@ TEST_F(HarmlessFaults, hitsThatAreNoPullRequestsAreDropped)
     setFault("foreign-nodes@search");
     const auto list = listJson();
     EXPECT_EQ(list.at("state"), "loaded");
-    EXPECT_THAT(list.at("rows").as_array(), testing::SizeIs(0));
+    EXPECT_THAT(list.at("rows").as_array(), SizeIs(0));
 }
 
 TEST_F(HarmlessFaults, rulesThatGitHubDoesNotTellLeaveTheCountsOut)

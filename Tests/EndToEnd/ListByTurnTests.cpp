@@ -5,17 +5,11 @@
 
 namespace {
 
+using namespace TestSupport;
 using SampleGitHub::RequestKind;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
-using testing::StartsWith;
-using testing::UnorderedElementsAre;
-using TestSupport::readFile;
 
 /// The list by whose turn it is, of a user who has a part in every pull request.
-class ListByTurn : public TestSupport::TarnwickTest {
+class ListByTurn : public TarnwickTest {
 protected:
     void writeInvolved(const std::string& more = {}) const
     {
@@ -229,7 +223,7 @@ TEST_F(ListByTurn, otherReviewersCountForOnce)
     setFault("server-error");
     const auto failed = json({"--reviewers", "myself"});
     EXPECT_NE(failed.at("state"), "loaded");
-    EXPECT_THAT(failed.at("rows").as_array(), testing::SizeIs(0));
+    EXPECT_THAT(failed.at("rows").as_array(), SizeIs(0));
     EXPECT_EQ(json({}).at("rows").as_array().size(), 30U) << "the kept list";
 }
 

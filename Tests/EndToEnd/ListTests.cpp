@@ -1,20 +1,14 @@
+#include "Support/Joined.h"
+#include "Support/Mapped.h"
 #include "TarnwickTest.h"
 
 #include <fstream>
 
 namespace {
 
-using testing::AllOf;
-using testing::Each;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
-using testing::StartsWith;
-using TestSupport::outline;
-using TestSupport::readFile;
+using namespace TestSupport;
 
-class List : public TestSupport::TarnwickTest {
+class List : public TarnwickTest {
 protected:
     static constexpr const char* everything =
         "harbourlight/ferry-api, harbourlight/ferry-web, harbourlight/tide-tables, "
@@ -49,7 +43,7 @@ TEST_F(List, tellsTheSameAsJson)
     const auto rows = outline(list);
     EXPECT_THAT(
         rows,
-        testing::IsSupersetOf(
+        IsSupersetOf(
             {"harbourlight/ferry-web#224 0",
              "harbourlight/ferry-web#225 1",
              "harbourlight/ferry-web#226 1",
@@ -71,7 +65,7 @@ TEST_F(List, asksForMyReviewsFirst)
         "filters.repositories=harbourlight/ferry-web\nfilters.repositoriesConfigured=true\n");
     EXPECT_THAT(
         outline(listJson()),
-        testing::UnorderedElementsAre(
+        UnorderedElementsAre(
             "harbourlight/ferry-web#228 0",
             "harbourlight/ferry-web#231 0",
             "harbourlight/ferry-web#235 0"));
@@ -123,11 +117,10 @@ TEST_F(List, leavesOutWhatIsMutedAndEndsMutesInTime)
                                                  << key << "77=@Date(2020-01-01T00:00:00Z)\n"
                                                  << key << "74=@Date(9000-01-01T00:00:00Z)\n";
     const auto list = listJson();
-    std::vector<std::int64_t> numbers;
-    for (const auto& row : list.at("rows").as_array()) {
-        numbers.push_back(row.at("pullRequest").at("id").at("number").to_number<std::int64_t>());
-    }
-    EXPECT_THAT(numbers, testing::UnorderedElementsAre(77, 81));
+    const auto numbers = mapped(list.at("rows").as_array(), [](const boost::json::value& row) {
+        return row.at("pullRequest").at("id").at("number").to_number<std::int64_t>();
+    });
+    EXPECT_THAT(numbers, UnorderedElementsAre(77, 81));
     EXPECT_EQ(boost::json::serialize(list.at("hidden")), R"({"filters":0,"muted":3})");
     const std::string settings = readFile(settingsFile());
     EXPECT_THAT(settings, Not(HasSubstr(key + "77="))) << "it has ended";
@@ -180,7 +173,7 @@ TEST_F(List, saysWhatToDoWhenNobodyIsSignedIn)
     const auto list = listJson();
     EXPECT_EQ(list.at("state"), "signedOut");
     EXPECT_FALSE(list.at("message").as_string().empty());
-    EXPECT_THAT(list.at("rows").as_array(), testing::SizeIs(0));
+    EXPECT_THAT(list.at("rows").as_array(), SizeIs(0));
 }
 
 TEST_F(List, keepsTheSnapshotForItsOwnerAlone)
@@ -192,21 +185,12 @@ TEST_F(List, keepsTheSnapshotForItsOwnerAlone)
         std::filesystem::status(cacheFile()).permissions(),
         std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
     const auto snapshot = boost::json::parse(readFile(cacheFile())).as_object();
-    std::vector<std::string> keys;
-    for (const auto& member : snapshot) {
-        keys.emplace_back(member.key());
-    }
-    EXPECT_THAT(
-        keys,
-        ElementsAre(
-            "pullRequests",
-            "repositories",
-            "account",
-            "refreshedAt",
-            "reviewerScope",
-            "repositoryScope",
-            "reviewFilters",
-            "states"));
+    const auto keys =
+        mapped(snapshot, [](const auto& member) { return std::string(member.key()); });
+    EXPECT_EQ(
+        joined(keys),
+        "pullRequests, repositories, account, refreshedAt, reviewerScope, repositoryScope, "
+        "reviewFilters, states");
     EXPECT_EQ(snapshot.at("pullRequests").as_array().size(), 5U);
     EXPECT_EQ(snapshot.at("repositories").as_array().size(), 5U);
     EXPECT_EQ(snapshot.at("reviewerScope"), "any");
@@ -256,7 +240,7 @@ TEST_F(List, printsItsHelpAndItsVersion)
     EXPECT_THAT(help.output, HasSubstr("Usage:"));
     const auto version = tarnwick({"--version"});
     EXPECT_EQ(version.status, 0);
-    EXPECT_THAT(version.output, testing::MatchesRegex("tarnwick [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+    EXPECT_THAT(version.output, MatchesRegex("tarnwick [0-9]+\\.[0-9]+\\.[0-9]+\n"));
 }
 
 TEST_F(List, refusesWhatMakesNoSense)

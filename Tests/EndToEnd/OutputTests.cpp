@@ -4,12 +4,10 @@
 
 namespace {
 
-using testing::HasSubstr;
-using testing::IsEmpty;
-using TestSupport::readFile;
+using namespace TestSupport;
 
 /// What the commands do with a standard output that is not as it should be.
-class Output : public TestSupport::TarnwickTest {
+class Output : public TarnwickTest {
 protected:
     void SetUp() override
     {
@@ -18,10 +16,9 @@ protected:
     }
 
     /// Runs a command line in a shell, in which "$0" is the program.
-    TestSupport::ProgramResult shell(const std::string& commandLine) const
+    ProgramResult shell(const std::string& commandLine) const
     {
-        return TestSupport::runProgram(
-            "bash", {"-c", commandLine, TARNWICK_PROGRAM}, environment(), folder());
+        return runProgram("bash", {"-c", commandLine, TARNWICK_PROGRAM}, environment(), folder());
     }
 
     void expectWholeCache() const

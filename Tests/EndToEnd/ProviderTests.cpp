@@ -1,23 +1,16 @@
 #include "ProviderTest.h"
+#include "Support/Errors.h"
 
 #include <boost/json.hpp>
 #include <fstream>
 #include <thread>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
-using namespace std::chrono_literals;
+using namespace TestSupport;
 using SampleGitHub::RequestKind;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::MatchesRegex;
-using testing::SizeIs;
-using testing::StartsWith;
 
-class Provider : public TestSupport::ProviderTest {};
+class Provider : public ProviderTest {};
 
 TEST_F(Provider, tellsWhoIsSignedIn)
 {
@@ -49,7 +42,7 @@ TEST_F(Provider, searchesPageByPage)
     const std::set<std::string> busy(names.begin(), std::next(names.begin(), 40));
     const auto found = provider().pullRequests(ReviewerScope::any, busy, {});
     const auto searches = requests(RequestKind::search);
-    ASSERT_THAT(searches, testing::Not(testing::IsEmpty()));
+    ASSERT_THAT(searches, Not(IsEmpty()));
     std::string cursor;
     std::size_t hits = 0;
     for (std::size_t page = 0; page < searches.size(); ++page) {
@@ -174,12 +167,7 @@ protected:
 
     static std::string problem(const GitHub::GitHubProvider& provider)
     {
-        try {
-            provider.pullRequests(ReviewerScope::any, {"octo/tools"}, {});
-        } catch (const std::exception& error) {
-            return error.what();
-        }
-        return "none";
+        return messageOf([&] { provider.pullRequests(ReviewerScope::any, {"octo/tools"}, {}); });
     }
 };
 

@@ -2,12 +2,9 @@
 
 namespace {
 
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
-using TestSupport::readFile;
+using namespace TestSupport;
 
-class Repositories : public TestSupport::TarnwickTest {
+class Repositories : public TarnwickTest {
 protected:
     void SetUp() override { serve("everyday"); }
 };
@@ -90,7 +87,7 @@ TEST_F(Repositories, aFailedListingChangesNothing)
     EXPECT_FALSE(std::filesystem::exists(settingsFile()));
 }
 
-class RepositoriesSignedOut : public TestSupport::TarnwickTest {};
+class RepositoriesSignedOut : public TarnwickTest {};
 
 TEST_F(RepositoriesSignedOut, sayWhatToDo)
 {

@@ -1,15 +1,11 @@
 #include "TarnwickTest.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using testing::HasSubstr;
-using testing::SizeIs;
-using TestSupport::outline;
+using namespace TestSupport;
 
 /// What Tarnwick makes of the meanings that several `repo:` terms of one search can have.
-class RepositoryTerms : public TestSupport::TarnwickTest {
+class RepositoryTerms : public TarnwickTest {
 protected:
     std::vector<std::string> searches()
     {

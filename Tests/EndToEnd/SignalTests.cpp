@@ -11,11 +11,11 @@
 
 namespace {
 
-using testing::IsEmpty;
+using namespace TestSupport;
 
 /// Ends a program in the middle of a request.
 class Signals
-    : public TestSupport::TarnwickTest
+    : public TarnwickTest
     , public testing::WithParamInterface<int> {
 protected:
     /// Starts `tarnwick list` in a process group of its own.
@@ -74,7 +74,7 @@ TEST_P(Signals, endItAtOnceAndLeaveNoChildBehind)
     ASSERT_EQ(::waitpid(child, &status, 0), child);
     ASSERT_TRUE(WIFSIGNALED(status));
     EXPECT_EQ(WTERMSIG(status), GetParam());
-    EXPECT_FALSE(TestSupport::hasChildren());
+    EXPECT_FALSE(hasChildren());
     EXPECT_FALSE(std::filesystem::exists(cacheFile()));
 }
 
@@ -85,9 +85,7 @@ TEST_P(Signals, comeWhileTheRequestHasALimitOf30Seconds)
     setFault("delay=60000@search");
     const pid_t child = startList();
     ASSERT_TRUE(waitForSearch());
-    EXPECT_THAT(
-        TestSupport::secondsOfBootTimers(child),
-        testing::Contains(testing::AllOf(testing::Ge(15), testing::Lt(30))));
+    EXPECT_THAT(secondsOfBootTimers(child), Contains(AllOf(Ge(15), Lt(30))));
     ASSERT_EQ(::kill(child, GetParam()), 0);
     ASSERT_EQ(::waitpid(child, nullptr, 0), child);
 }

@@ -4,8 +4,6 @@
 
 #include <boost/json.hpp>
 
-#include <gmock/gmock.h>
-
 namespace TestSupport {
 
 /// Runs the real program, which runs the real `gh`, which asks the sample GitHub.

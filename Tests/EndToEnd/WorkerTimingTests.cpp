@@ -2,15 +2,11 @@
 
 namespace {
 
-using testing::HasSubstr;
-using testing::IsEmpty;
-using TestSupport::outline;
-using TestSupport::ProgramResult;
-using TestSupport::runProgram;
+using namespace TestSupport;
 
 /// The commands, whenever their worker threads are done.
 class WorkerTiming
-    : public TestSupport::TarnwickTest
+    : public TarnwickTest
     , public testing::WithParamInterface<const char*> {
 protected:
     ProgramResult timed(const std::vector<std::string>& arguments) const

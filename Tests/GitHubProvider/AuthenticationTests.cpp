@@ -6,13 +6,10 @@
 #include <system_error>
 #include <vector>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
+using namespace TestSupport;
 using GitHub::accountName;
-using testing::ElementsAre;
 
 using Arguments = std::vector<std::string>;
 
@@ -21,7 +18,7 @@ const Arguments olderArguments{"auth", "status", "--hostname", "git.example"};
 
 constexpr const char* unknownFlag = "unknown flag: --active\n\nUsage:  gh auth status [flags]\n";
 
-class Authentication : public TestSupport::ProviderTest {
+class Authentication : public ProviderTest {
 protected:
     AuthenticationStatus status() { return provider->authenticationStatus(stop.get_token()); }
 };
@@ -47,7 +44,7 @@ TEST_F(Authentication, withoutGhIsUnavailableAndNothingIsRun)
     EXPECT_EQ(
         status(),
         unavailable("GitHub CLI (gh) was not found. Install it, then run gh auth login."));
-    EXPECT_THAT(runner->calls(), testing::IsEmpty());
+    EXPECT_THAT(runner->calls(), IsEmpty());
 }
 
 TEST_F(Authentication, looksForGhAgainWhileItIsNotThereAndNoLongerThen)
@@ -81,9 +78,7 @@ TEST_F(Authentication, asksForTheActiveAccountOfTheHost)
 {
     runner->prints("git.example\n  ✓ Logged in to git.example account octo (keyring)\n");
     EXPECT_EQ(status(), authenticated("octo"));
-    EXPECT_THAT(
-        runner->calls(),
-        ElementsAre(TestSupport::ScriptedRunner::Call{"/opt/gh", activeArguments}));
+    EXPECT_THAT(runner->calls(), ElementsAre(ScriptedRunner::Call{"/opt/gh", activeArguments}));
     EXPECT_EQ(runner->lastToken(), stop.get_token());
 }
 

@@ -1,8 +1,7 @@
 #include "GitHubProvider/BaseRef.h"
 
 #include "PullRequestKit/Json/Reading.h"
-
-#include <gmock/gmock.h>
+#include "Support/Errors.h"
 
 namespace {
 
@@ -48,12 +47,8 @@ TEST(BaseRef, withoutRulesRequiresNothing)
 
 TEST(BaseRef, refusesANullRule)
 {
-    try {
-        required(R"({"rules": {"nodes": [null]}})");
-        FAIL() << "expected a DecodingError";
-    } catch (const PullRequestKit::DecodingError& error) {
-        EXPECT_EQ(error.path(), "rules.nodes[0]");
-    }
+    EXPECT_EQ(
+        TestSupport::pathOf([] { required(R"({"rules": {"nodes": [null]}})"); }), "rules.nodes[0]");
 }
 
 }  // namespace

@@ -2,16 +2,13 @@
 
 #include "ProviderTest.h"
 #include "PullRequestKit/Errors.h"
-
-#include <gmock/gmock.h>
+#include "Support/Errors.h"
 
 namespace {
 
-using namespace PullRequestKit;
+using namespace TestSupport;
 using GitHub::BaseRuleCache;
 using GitHub::BaseRuleCounts;
-using testing::ElementsAre;
-using TestSupport::messageOf;
 
 using Arguments = std::vector<std::string>;
 
@@ -43,8 +40,7 @@ protected:
 
     void TearDown() override { EXPECT_FALSE(runner->hasAnswersLeft()); }
 
-    std::shared_ptr<TestSupport::ScriptedRunner> runner =
-        std::make_shared<TestSupport::ScriptedRunner>();
+    std::shared_ptr<ScriptedRunner> runner = std::make_shared<ScriptedRunner>();
     GitHub::Gh gh{[] { return "/opt/gh"; }, runner};
     std::chrono::system_clock::time_point now{std::chrono::hours{500'000}};
     BaseRuleCache cache{[this] { return now; }};
@@ -64,7 +60,7 @@ std::string node(const std::string& id, int count)
 TEST_F(BaseRules, withoutIdsNothingIsRun)
 {
     EXPECT_EQ(load({}), BaseRuleCounts{});
-    EXPECT_THAT(runner->calls(), testing::IsEmpty());
+    EXPECT_THAT(runner->calls(), IsEmpty());
 }
 
 TEST_F(BaseRules, idsAreAskedForInAscendingOrderEachWithItsOwnFlag)
@@ -73,7 +69,7 @@ TEST_F(BaseRules, idsAreAskedForInAscendingOrderEachWithItsOwnFlag)
     EXPECT_EQ(load({"a", "B"}), (BaseRuleCounts{{"B", 2}, {"a", 1}}));
     EXPECT_THAT(
         runner->calls(),
-        ElementsAre(TestSupport::ScriptedRunner::Call{
+        ElementsAre(ScriptedRunner::Call{
             "/opt/gh",
             {"api", "graphql", "-f", documentArgument, "-F", "ids[]=B", "-F", "ids[]=a"}}));
 }
@@ -136,7 +132,7 @@ TEST_F(BaseRules, withEveryIdFreshInTheCacheNothingIsRun)
 {
     cache.store({{"a", 1}, {"b", std::nullopt}, {"c", 3}});
     EXPECT_EQ(load({"a", "b", "c"}), (BaseRuleCounts{{"a", 1}, {"c", 3}}));
-    EXPECT_THAT(runner->calls(), testing::IsEmpty());
+    EXPECT_THAT(runner->calls(), IsEmpty());
 }
 
 TEST_F(BaseRules, onlyWhatIsMissingIsAskedFor)
@@ -199,14 +195,9 @@ TEST_F(BaseRules, anErrorOfTheRunIsPassedOn)
 
 TEST_F(BaseRules, unreadableAnswersAreDecodingErrorsWithThePath)
 {
-    const auto pathFor = [this](const std::string& answer) -> std::string {
+    const auto pathFor = [this](const std::string& answer) {
         runner->prints(answer);
-        try {
-            load({"a"});
-            return "no error";
-        } catch (const DecodingError& error) {
-            return error.path();
-        }
+        return pathOf([this] { load({"a"}); });
     };
     EXPECT_EQ(pathFor(""), "");
     EXPECT_EQ(pathFor(R"({"data": {"nodes": [)"), "");

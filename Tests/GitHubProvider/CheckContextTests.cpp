@@ -1,10 +1,9 @@
 #include "GitHubProvider/CheckContext.h"
 
 #include "PullRequestKit/Json/Reading.h"
+#include "Support/Errors.h"
 
 #include <vector>
-
-#include <gmock/gmock.h>
 
 namespace {
 
@@ -56,12 +55,8 @@ TEST(CheckContext, readsEveryFieldOfAStatus)
 
 TEST(CheckContext, aWorkflowRunWithoutAttemptIsRefused)
 {
-    try {
-        contexts(R"([{"checkSuite": {"workflowRun": {"databaseId": 7}}}])");
-        FAIL() << "expected a DecodingError";
-    } catch (const PullRequestKit::DecodingError& error) {
-        EXPECT_EQ(error.path(), "[0].checkSuite.workflowRun.runAttempt");
-    }
+    const auto read = [] { contexts(R"([{"checkSuite": {"workflowRun": {"databaseId": 7}}}])"); };
+    EXPECT_EQ(TestSupport::pathOf(read), "[0].checkSuite.workflowRun.runAttempt");
 }
 
 TEST(CheckContext, identityOfACheckRunHasNameAppAndWorkflowPath)

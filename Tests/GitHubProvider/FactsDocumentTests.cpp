@@ -2,16 +2,10 @@
 
 #include "Support/PullRequests.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
 using namespace GitHub;
-using PullRequestKit::PullRequest;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::Not;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 /// The document that asks for pull request 12 of this repository.
 std::string documentFor(const std::string& repository, const UnknownFields& unknown = {})

@@ -2,15 +2,10 @@
 
 #include "Support/PullRequests.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
 using namespace GitHub;
-using namespace PullRequestKit;
-using testing::IsEmpty;
-using TestSupport::date;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 const std::string full =
     R"("headRefOid":"abc1","reviewDecision":"APPROVED","isInMergeQueue":true,)"

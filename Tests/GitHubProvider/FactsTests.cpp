@@ -7,16 +7,9 @@
 #include <boost/json.hpp>
 #include <system_error>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using TestSupport::date;
-using TestSupport::makePullRequest;
-using TestSupport::messageOf;
+using namespace TestSupport;
 
 std::vector<PullRequest> pullRequests(int count)
 {
@@ -48,7 +41,7 @@ std::string unknownField(const std::string& name)
            + R"(' doesn't exist on type 'PullRequest'"}]})";
 }
 
-class FactsTest : public TestSupport::ProviderTest {
+class FactsTest : public ProviderTest {
 protected:
     FactsAnswer ask(int count) { return provider->facts(pullRequests(count), stop.get_token()); }
 
@@ -207,7 +200,7 @@ TEST_F(FactsTest, passOnNoOtherError)
     EXPECT_THAT(ask(2).facts, IsEmpty());
 }
 
-class SecondaryLimit : public TestSupport::ProviderTest {
+class SecondaryLimit : public ProviderTest {
 protected:
     const std::string text =
         "gh: You have exceeded a secondary rate limit. Please wait a few minutes. (HTTP 403)";

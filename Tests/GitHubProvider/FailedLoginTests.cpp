@@ -8,13 +8,10 @@
 #include <system_error>
 #include <vector>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
+using namespace TestSupport;
 using GitHub::CommandResult;
-using testing::ElementsAre;
 
 using Arguments = std::vector<std::string>;
 
@@ -185,7 +182,7 @@ TEST(FailedLogin, ofNobodyIsNotLookedInto)
     EXPECT_FALSE(saysNotLoggedIn("X Failed to log in to github.com account octo"));
 }
 
-class LoginQuestion : public TestSupport::ProviderTest {
+class LoginQuestion : public ProviderTest {
 protected:
     AuthenticationStatus status() { return provider->authenticationStatus(stop.get_token()); }
 

@@ -11,17 +11,10 @@
 #include <random>
 #include <thread>
 
-#include <gmock/gmock.h>
-
 namespace {
 
 using namespace GitHub;
-using namespace std::chrono_literals;
-using PullRequestKit::CancellationError;
-using PullRequestKit::ProviderError;
-using testing::Throws;
-using testing::ThrowsMessage;
-using TestSupport::hasChildren;
+using namespace TestSupport;
 using Clock = std::chrono::steady_clock;
 
 /// What a test allows for anything that should come soon.
@@ -240,8 +233,7 @@ TEST_F(Ending, isTimedByAClockThatCountsWhileTheMachineSleeps)
 {
     BackgroundRun run({"wait", channel.folder()}, 20s);
     channel.waitForLine();
-    EXPECT_THAT(
-        TestSupport::secondsOfBootTimers(::getpid()), testing::ElementsAre(testing::AnyOf(18, 19)));
+    EXPECT_THAT(secondsOfBootTimers(::getpid()), ElementsAre(AnyOf(18, 19)));
     channel.release();
     EXPECT_EQ(run.result().status, 0);
 }

@@ -10,7 +10,6 @@
 #include <thread>
 
 #include <fcntl.h>
-#include <gmock/gmock.h>
 #include <pthread.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -18,13 +17,8 @@
 namespace {
 
 using namespace GitHub;
-using namespace std::chrono_literals;
+using namespace TestSupport;
 using namespace std::string_literals;
-using testing::Each;
-using testing::ElementsAre;
-using testing::StartsWith;
-using TestSupport::hasChildren;
-using TestSupport::openDescriptors;
 
 constexpr std::size_t mebibyte = std::size_t{1} << 20;
 
@@ -127,7 +121,7 @@ TEST(ProcessCommandRunner, putsVariablesInThePlaceOfItsOwnOrBesideThem)
         splitAfter(runner.run(helperPath(), {"print-environment"}, {}).standardOutput, '\0');
     ::unsetenv("RUNNER_TEST");
     const auto home = std::string("HOME=") + ::getenv("HOME");
-    EXPECT_THAT(variables, testing::IsSupersetOf({home, "RUNNER_TEST_NEW=a=b"s}));
+    EXPECT_THAT(variables, IsSupersetOf({home, "RUNNER_TEST_NEW=a=b"s}));
     std::erase_if(variables, [](const auto& text) { return !text.starts_with("RUNNER_TEST="); });
     EXPECT_THAT(variables, ElementsAre("RUNNER_TEST=set"));
 }

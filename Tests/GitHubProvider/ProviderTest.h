@@ -1,6 +1,7 @@
 #pragma once
 
 #include "GitHubProvider/GitHubProvider.h"
+#include "Support/Errors.h"
 #include "Support/ScriptedRunner.h"
 
 #include <chrono>
@@ -9,8 +10,6 @@
 #include <optional>
 #include <string>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 namespace TestSupport {
 
@@ -45,21 +44,5 @@ protected:
     std::unique_ptr<GitHub::GitHubProvider> provider = makeProvider();
     std::stop_source stop;
 };
-
-/// The message of the error of this type that `action` throws. Another outcome fails the test.
-template<typename Error, typename Action>
-std::string messageOf(Action action)
-{
-    try {
-        action();
-    } catch (const Error& error) {
-        return error.what();
-    } catch (const std::exception& error) {
-        ADD_FAILURE() << "another error: " << error.what();
-        return {};
-    }
-    ADD_FAILURE() << "no error";
-    return {};
-}
 
 }  // namespace TestSupport

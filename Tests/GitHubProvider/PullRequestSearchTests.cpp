@@ -1,15 +1,11 @@
 #include "ProviderTest.h"
 #include "PullRequestKit/Errors.h"
-
-#include <gmock/gmock.h>
+#include "Support/Errors.h"
+#include "Support/Mapped.h"
 
 namespace {
 
-using namespace PullRequestKit;
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using TestSupport::messageOf;
+using namespace TestSupport;
 
 using Arguments = std::vector<std::string>;
 
@@ -48,7 +44,7 @@ std::string rules(const std::string& id, int count)
            + std::to_string(count) + "}}]}}]}}";
 }
 
-class PullRequestSearch : public TestSupport::ProviderTest {
+class PullRequestSearch : public ProviderTest {
 protected:
     std::vector<PullRequest> load(
         ReviewerScope scope = ReviewerScope::any,
@@ -59,11 +55,7 @@ protected:
 
     std::vector<std::int64_t> loadNumbers()
     {
-        std::vector<std::int64_t> numbers;
-        for (const PullRequest& pullRequest : load()) {
-            numbers.push_back(pullRequest.id.number);
-        }
-        return numbers;
+        return mapped(load(), [](const auto& each) { return each.id.number; });
     }
 
     std::string providerError()
@@ -338,14 +330,9 @@ TEST_F(PullRequestSearch, aTimeOutIsPassedOn)
 
 TEST_F(PullRequestSearch, unreadableAnswersAreDecodingErrorsWithThePath)
 {
-    const auto pathFor = [this](const std::string& answer) -> std::string {
+    const auto pathFor = [this](const std::string& answer) {
         runner->prints(answer);
-        try {
-            load();
-            return "no error";
-        } catch (const DecodingError& error) {
-            return error.path();
-        }
+        return pathOf([this] { load(); });
     };
     EXPECT_EQ(pathFor(""), "");
     EXPECT_EQ(pathFor(lastPage(node(1)).substr(0, 200)), "");

@@ -3,18 +3,16 @@
 #include "GitHubProvider/APIRepository.h"
 #include "ProviderTest.h"
 #include "PullRequestKit/Errors.h"
+#include "Support/Errors.h"
+#include "Support/Mapped.h"
 
 #include <vector>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
-using testing::ElementsAre;
-using TestSupport::messageOf;
+using namespace TestSupport;
 
-class RepositoryListing : public TestSupport::ProviderTest {
+class RepositoryListing : public ProviderTest {
 protected:
     std::vector<RepositorySummary> repositories()
     {
@@ -23,11 +21,7 @@ protected:
 
     std::vector<std::string> names()
     {
-        std::vector<std::string> names;
-        for (const RepositorySummary& summary : repositories()) {
-            names.push_back(summary.fullName);
-        }
-        return names;
+        return mapped(repositories(), &RepositorySummary::fullName);
     }
 };
 
@@ -40,10 +34,10 @@ std::string line(const std::string& name)
 TEST_F(RepositoryListing, asksWithExactlyTheseArguments)
 {
     runner->prints("");
-    EXPECT_THAT(repositories(), testing::IsEmpty());
+    EXPECT_THAT(repositories(), IsEmpty());
     EXPECT_THAT(
         runner->calls(),
-        ElementsAre(TestSupport::ScriptedRunner::Call{
+        ElementsAre(ScriptedRunner::Call{
             "/opt/gh",
             {"api",
              "--hostname",
@@ -64,9 +58,9 @@ TEST_F(RepositoryListing, asksWithExactlyTheseArguments)
 TEST_F(RepositoryListing, emptyOutputIsAnEmptyList)
 {
     runner->prints("");
-    EXPECT_THAT(repositories(), testing::IsEmpty());
+    EXPECT_THAT(repositories(), IsEmpty());
     runner->prints("\n\n");
-    EXPECT_THAT(repositories(), testing::IsEmpty());
+    EXPECT_THAT(repositories(), IsEmpty());
 }
 
 TEST_F(RepositoryListing, carriesEveryFieldOver)
@@ -168,14 +162,8 @@ TEST_F(RepositoryListing, failsTheWholeList)
          R"({"repository": "a/b", "archived": false, "language": 1})",
          "language"}};
     for (const BadLine& each : cases) {
-        SCOPED_TRACE(each.name);
         runner->prints(line("octo/tools") + each.text + "\n" + line("octo/other"));
-        try {
-            repositories();
-            FAIL() << "expected a DecodingError";
-        } catch (const DecodingError& error) {
-            EXPECT_EQ(error.path(), each.path);
-        }
+        EXPECT_EQ(pathOf([this] { repositories(); }), each.path) << each.name;
     }
 }
 

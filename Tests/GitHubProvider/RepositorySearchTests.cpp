@@ -4,18 +4,12 @@
 #include "ProviderTest.h"
 #include "PullRequestKit/Errors.h"
 #include "PullRequestKit/Json/Reading.h"
-
-#include <gmock/gmock.h>
+#include "Support/Mapped.h"
 
 namespace {
 
 using namespace GitHub;
-using namespace PullRequestKit;
-using namespace std::chrono_literals;
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using TestSupport::messageOf;
+using namespace TestSupport;
 
 std::string hit(const std::string& repository, int number, const std::string& updatedAt)
 {
@@ -42,7 +36,7 @@ std::string counts(int first, int second, int together)
 
 const std::string nothing = answer(0, "");
 
-class RepositorySearchTest : public TestSupport::ProviderTest {
+class RepositorySearchTest : public ProviderTest {
 protected:
     void SetUp() override { restart(); }
 
@@ -76,11 +70,9 @@ protected:
     /// The search texts that `gh` was run with, in order, and "counts" for the question.
     std::vector<std::string> searches() const
     {
-        std::vector<std::string> texts;
-        for (const auto& arguments : runner->argumentLists()) {
-            texts.push_back(arguments[5].starts_with("q=") ? arguments[5].substr(2) : "counts");
-        }
-        return texts;
+        return mapped(runner->argumentLists(), [](const auto& arguments) {
+            return arguments[5].starts_with("q=") ? arguments[5].substr(2) : "counts";
+        });
     }
 
     std::shared_ptr<SearchMemory> memory = std::make_shared<SearchMemory>();
@@ -117,7 +109,7 @@ TEST_F(RepositorySearchTest, searchesInGroupsFromThenOnAndSaysSoOnce)
     runner->prints(nothing);
     EXPECT_THAT(list().pullRequests, IsEmpty());
     EXPECT_THAT(searches(), ElementsAre(terms, "counts", groups, groups));
-    EXPECT_THAT(log, testing::Each(testing::Not(testing::HasSubstr("several repo: terms"))));
+    EXPECT_THAT(log, Each(Not(HasSubstr("several repo: terms"))));
 }
 
 TEST_F(RepositorySearchTest, countsEachOfTwoAloneAndBothTogetherInOneDocument)
@@ -139,12 +131,11 @@ TEST_F(RepositorySearchTest, countsEachOfTwoAloneAndBothTogetherInOneDocument)
             "  together: search(query:$together, type:ISSUE, first:1) { issueCount }\n"
             "}",
             "-f",
-            testing::AnyOf("first=is:pr repo:a/one", "first=is:pr repo:b/two"),
+            AnyOf("first=is:pr repo:a/one", "first=is:pr repo:b/two"),
             "-f",
-            testing::AnyOf("second=is:pr repo:a/one", "second=is:pr repo:b/two"),
+            AnyOf("second=is:pr repo:a/one", "second=is:pr repo:b/two"),
             "-f",
-            testing::AnyOf(
-                "together=is:pr repo:a/one repo:b/two", "together=is:pr repo:b/two repo:a/one")));
+            AnyOf("together=is:pr repo:a/one repo:b/two", "together=is:pr repo:b/two repo:a/one")));
     EXPECT_NE(arguments[5].substr(6), arguments[7].substr(7));
 }
 
@@ -296,11 +287,7 @@ std::set<std::string> longNames(int count)
 
 std::vector<std::string> textsOf(const std::vector<SearchQuery>& queries)
 {
-    std::vector<std::string> texts;
-    for (const SearchQuery& query : queries) {
-        texts.push_back(query.text);
-    }
-    return texts;
+    return mapped(queries, &SearchQuery::text);
 }
 
 TEST(SearchQueries, takeAsFewArgumentsAsTheSystemAllows)
@@ -346,11 +333,7 @@ class SplitSearch : public RepositorySearchTest {
 protected:
     std::vector<std::int64_t> numbers(const PullRequestList& list) const
     {
-        std::vector<std::int64_t> numbers;
-        for (const PullRequest& pullRequest : list.pullRequests) {
-            numbers.push_back(pullRequest.id.number);
-        }
-        return numbers;
+        return mapped(list.pullRequests, [](const auto& each) { return each.id.number; });
     }
 };
 
@@ -392,12 +375,12 @@ TEST_F(SplitSearch, countsItsPagesThroughInTheLog)
     runner->prints(nothing);
     runner->prints(answer(1, hit("a/one", 1, "2024-05-05T10:00:00Z")));
     list(longNames(1500));
-    EXPECT_THAT(log, testing::SizeIs(5));
-    EXPECT_THAT(log[0], testing::StartsWith("Tarnwick GitHub search: query=is:pr is:open"));
-    EXPECT_THAT(log[1], testing::StartsWith("Tarnwick GitHub search: page=1 "));
-    EXPECT_THAT(log[2], testing::StartsWith("Tarnwick GitHub search: query=is:pr is:open"));
-    EXPECT_THAT(log[3], testing::StartsWith("Tarnwick GitHub search: page=2 "));
-    EXPECT_THAT(log[4], testing::HasSubstr(" pages=2 nodes=1 "));
+    EXPECT_THAT(log, SizeIs(5));
+    EXPECT_THAT(log[0], StartsWith("Tarnwick GitHub search: query=is:pr is:open"));
+    EXPECT_THAT(log[1], StartsWith("Tarnwick GitHub search: page=1 "));
+    EXPECT_THAT(log[2], StartsWith("Tarnwick GitHub search: query=is:pr is:open"));
+    EXPECT_THAT(log[3], StartsWith("Tarnwick GitHub search: page=2 "));
+    EXPECT_THAT(log[4], HasSubstr(" pages=2 nodes=1 "));
 }
 
 class InvolvedSearch : public SplitSearch {
@@ -410,11 +393,7 @@ protected:
     /// Whether each of the list's pull requests asks for the user.
     static std::vector<bool> asking(const PullRequestList& list)
     {
-        std::vector<bool> asking;
-        for (const PullRequestDetails& details : list.details) {
-            asking.push_back(details.asksForUser);
-        }
-        return asking;
+        return mapped(list.details, &PullRequestDetails::asksForUser);
     }
 
     const std::string older = "2024-05-01T10:00:00Z";
@@ -434,9 +413,9 @@ TEST_F(InvolvedSearch, joinsThreeSearchesAndKnowsWhatAsksForTheUser)
     EXPECT_THAT(
         searches(),
         ElementsAre(
-            testing::StartsWith("is:pr review-requested:@me is:open"),
-            testing::StartsWith("is:pr author:@me is:open"),
-            testing::StartsWith("is:pr reviewed-by:@me -author:@me is:open")));
+            StartsWith("is:pr review-requested:@me is:open"),
+            StartsWith("is:pr author:@me is:open"),
+            StartsWith("is:pr reviewed-by:@me -author:@me is:open")));
 }
 
 TEST_F(InvolvedSearch, aLaterVersionFromAnotherSearchGoesOnAskingForTheUser)

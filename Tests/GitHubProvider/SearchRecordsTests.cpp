@@ -1,10 +1,9 @@
 #include "GitHubProvider/SearchRecords.h"
 
 #include "PullRequestKit/Json/Reading.h"
+#include "Support/Errors.h"
 
 #include <vector>
-
-#include <gmock/gmock.h>
 
 namespace {
 
@@ -148,13 +147,8 @@ TEST(UnreadablePage, isRefusedWithThePathOfTheOffendingValue)
          "data.search.nodes[0].commits.nodes[0].commit.statusCheckRollup.contexts.nodes[0]"},
         {"errorWithoutMessage", R"({"errors": [{}]})", "errors[0].message"}};
     for (const BadPage& each : cases) {
-        SCOPED_TRACE(each.name);
-        try {
-            decode<SearchEnvelope>(each.text);
-            FAIL() << "expected a DecodingError";
-        } catch (const DecodingError& error) {
-            EXPECT_EQ(error.path(), each.path);
-        }
+        EXPECT_EQ(TestSupport::pathOf([&] { decode<SearchEnvelope>(each.text); }), each.path)
+            << each.name;
     }
 }
 

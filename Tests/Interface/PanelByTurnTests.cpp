@@ -5,8 +5,7 @@ namespace Tarnwick {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-using PullRequestKit::PullRequest;
+using namespace TestSupport;
 
 class PanelByTurnTests : public PanelTest {
 protected:
@@ -19,15 +18,15 @@ protected:
     {
         showList(pullRequests);
         model->setArrangement(Arrangement::byWhoseTurn);
-        TestSupport::processEvents();
+        processEvents();
     }
 
     /// The user's own, which is blocked.
     static PullRequest blocked(std::int64_t number)
     {
-        PullRequest pullRequest = TestSupport::makePullRequest(number);
+        PullRequest pullRequest = makePullRequest(number);
         pullRequest.author = "octo";
-        pullRequest.mergeability = PullRequestKit::PullRequestMergeability::conflicting;
+        pullRequest.mergeability = PullRequestMergeability::conflicting;
         return pullRequest;
     }
 
@@ -44,7 +43,7 @@ protected:
 
 TEST_F(PanelByTurnTests, rowsStandUnderHeadingsThatNobodyCounts)
 {
-    showByTurn({TestSupport::makePullRequest(1), blocked(2)});
+    showByTurn({makePullRequest(1), blocked(2)});
     EXPECT_EQ(
         shown(),
         QStringList(
@@ -52,11 +51,11 @@ TEST_F(PanelByTurnTests, rowsStandUnderHeadingsThatNobodyCounts)
              u"Pull request 2"_s,
              u"Waiting on Others"_s,
              u"Pull request 1"_s}));
-    EXPECT_THAT(footer().toStdString(), testing::StartsWith("2 pull requests,"));
+    EXPECT_THAT(footer().toStdString(), StartsWith("2 pull requests,"));
     press(Qt::Key_Slash);
     QTest::keyClicks(view->focusWidget(), u"#2"_s);
     EXPECT_EQ(shown(), QStringList({u"Waiting on You"_s, u"Pull request 2"_s}));
-    EXPECT_THAT(footer().toStdString(), testing::StartsWith("1 pull request,"));
+    EXPECT_THAT(footer().toStdString(), StartsWith("1 pull request,"));
     press(Qt::Key_Escape);
     model->setArrangement(Arrangement::byReviewState);
     EXPECT_EQ(list().model()->rowCount(), 2);
@@ -64,11 +63,11 @@ TEST_F(PanelByTurnTests, rowsStandUnderHeadingsThatNobodyCounts)
 
 TEST_F(PanelByTurnTests, aRefreshTakesARowToAnotherHeading)
 {
-    showByTurn({TestSupport::makePullRequest(1), blocked(2)});
+    showByTurn({makePullRequest(1), blocked(2)});
     PullRequest merged = blocked(2);
-    merged.mergeability = PullRequestKit::PullRequestMergeability::mergeable;
+    merged.mergeability = PullRequestMergeability::mergeable;
     merged.isDraft = false;
-    provider->setPullRequests({TestSupport::makePullRequest(1), merged});
+    provider->setPullRequests({makePullRequest(1), merged});
     refresh();
     EXPECT_EQ(shown().front(), u"Waiting on Others"_s);
     EXPECT_EQ(shown().size(), 3);
@@ -78,8 +77,7 @@ TEST_F(PanelByTurnTests, hiddenRowsStandUnderTheirHeadingsAndMoveNothing)
 {
     std::vector<PullRequest> pullRequests;
     for (std::int64_t number = 1; number <= 40; ++number) {
-        pullRequests.push_back(
-            number % 2 == 0 ? blocked(number) : TestSupport::makePullRequest(number));
+        pullRequests.push_back(number % 2 == 0 ? blocked(number) : makePullRequest(number));
         pullRequests.back().isDraft = number % 5 == 1;
     }
     showByTurn(pullRequests);

@@ -49,6 +49,11 @@ protected:
 
     QListView& list() const { return *view->findChild<QListView*>(); }
 
+    std::string textOf(const char* label) const
+    {
+        return part<QLabel>(label)->text().toStdString();
+    }
+
     bool shows(const char* name) const
     {
         const auto* const widget = part<QWidget>(name);

@@ -3,29 +3,38 @@
 namespace Tarnwick {
 namespace {
 
-using testing::ElementsAre;
+using namespace TestSupport;
 
-class PanelRowTests : public PanelTest {};
+class PanelRowTests : public PanelTest {
+protected:
+    /// Opens the first row in an editor, which fails.
+    void failToEdit()
+    {
+        press(Qt::Key_Home);
+        QTest::keyClick(&list(), Qt::Key_E, Qt::ControlModifier);
+        ASSERT_TRUE(eventually([this] { return shows("editorError"); }));
+    }
+};
 
 TEST_F(PanelRowTests, theListHasTheFocusAndReturnOpensWhichIsAVisit)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     EXPECT_TRUE(list().hasFocus());
     press(Qt::Key_Home);
     press(Qt::Key_Return);
     const auto url = QStringLiteral("https://github.com/octo/tools/pull/");
-    EXPECT_THAT(desktop.journal(), testing::Contains(testing::HasSubstr(url.toStdString())));
-    EXPECT_THAT(desktop.journal(), testing::Contains(testing::HasSubstr("dismiss")));
-    EXPECT_EQ(model->visits().lastVisited(TestSupport::makePullRequest(1).id), clock->now());
+    EXPECT_THAT(desktop.journal(), Contains(HasSubstr(url.toStdString())));
+    EXPECT_THAT(desktop.journal(), Contains(HasSubstr("dismiss")));
+    EXPECT_EQ(model->visits().lastVisited(makePullRequest(1).id), clock->now());
 }
 
 TEST_F(PanelRowTests, aRowCanBeOpenedWhileThePanelStays)
 {
-    showList({TestSupport::makePullRequest(1), TestSupport::makePullRequest(2)});
+    showList({makePullRequest(1), makePullRequest(2)});
     press(Qt::Key_Home);
     QTest::keyClick(&list(), Qt::Key_Return, Qt::ControlModifier);
-    EXPECT_THAT(desktop.journal(), testing::Contains(testing::HasSubstr("/octo/tools/pull/")));
-    EXPECT_THAT(desktop.journal(), testing::Not(testing::Contains(testing::HasSubstr("dismiss"))));
+    EXPECT_THAT(desktop.journal(), Contains(HasSubstr("/octo/tools/pull/")));
+    EXPECT_THAT(desktop.journal(), Not(Contains(HasSubstr("dismiss"))));
     EXPECT_TRUE(view->keepsOpen()) << "when the browser takes the focus";
     EXPECT_THAT(rows(), 2);
     QEvent activation(QEvent::ActivationChange);
@@ -33,12 +42,12 @@ TEST_F(PanelRowTests, aRowCanBeOpenedWhileThePanelStays)
     ASSERT_TRUE(view->isActiveWindow());
     EXPECT_FALSE(view->keepsOpen()) << "once the user is back";
     press(Qt::Key_Return);
-    EXPECT_THAT(desktop.journal(), testing::Contains(testing::HasSubstr("dismiss")));
+    EXPECT_THAT(desktop.journal(), Contains(HasSubstr("dismiss")));
 }
 
 TEST_F(PanelRowTests, theMenuKeyIsTheRowsOrElseTheOptions)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     auto* const options = part<QMenu>("optionsMenu");
     press(Qt::Key_Menu);
     EXPECT_TRUE(options->isVisible());
@@ -53,7 +62,7 @@ TEST_F(PanelRowTests, theMenuKeyIsTheRowsOrElseTheOptions)
 
 TEST_F(PanelRowTests, aRowThatWasOpenedAndHasChangedIsNewAgainUntilItIsRead)
 {
-    auto pullRequest = TestSupport::makePullRequest(1);
+    auto pullRequest = makePullRequest(1);
     pullRequest.checks = {4, 4, 0};
     showList({pullRequest});
     const auto description = [this] {
@@ -87,13 +96,13 @@ TEST_F(PanelRowTests, aRowThatWasOpenedAndHasChangedIsNewAgainUntilItIsRead)
 
 TEST_F(PanelRowTests, filesAndChecksAreOpenedInPlaceOfThePanelAndCountAsAVisit)
 {
-    auto pullRequest = TestSupport::makePullRequest(1);
+    auto pullRequest = makePullRequest(1);
     pullRequest.checks = {1, 1, 0};
-    showList({pullRequest, TestSupport::makePullRequest(2)});
+    showList({pullRequest, makePullRequest(2)});
     for (const char* const item : {"Open Files", "Open Checks"}) {
         press(Qt::Key_Home);
         press(Qt::Key_Menu);
-        EXPECT_FALSE(model->visits().isVisited(TestSupport::makePullRequest(2)));
+        EXPECT_FALSE(model->visits().isVisited(makePullRequest(2)));
         actionOf(*part<QMenu>("rowMenu"), item)->trigger();
         delete part<QMenu>("rowMenu");
         EXPECT_TRUE(model->visits().isVisited(pullRequest)) << item;
@@ -107,11 +116,9 @@ TEST_F(PanelRowTests, filesAndChecksAreOpenedInPlaceOfThePanelAndCountAsAVisit)
 
 TEST_F(PanelRowTests, nothingBelowACardCanBeUsed)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     model->setProjectDirectory("/nowhere");
-    press(Qt::Key_Home);
-    QTest::keyClick(&list(), Qt::Key_E, Qt::ControlModifier);
-    ASSERT_TRUE(TestSupport::eventually([this] { return shows("editorError"); }));
+    failToEdit();
     EXPECT_FALSE(list().isEnabled());
     EXPECT_TRUE(view->keepsOpen());
     press(Qt::Key_Return);
@@ -123,11 +130,9 @@ TEST_F(PanelRowTests, nothingBelowACardCanBeUsed)
 
 TEST_F(PanelRowTests, anEditorThatFailsAsksForThePanelToBeShown)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     const QSignalSpy asked(view.get(), &PullRequestMenuView::attentionRequested);
-    press(Qt::Key_Home);
-    QTest::keyClick(&list(), Qt::Key_E, Qt::ControlModifier);
-    ASSERT_TRUE(TestSupport::eventually([this] { return shows("editorError"); }));
+    failToEdit();
     EXPECT_EQ(asked.count(), 1);
     press(Qt::Key_Return);
     EXPECT_EQ(asked.count(), 1);
@@ -135,11 +140,9 @@ TEST_F(PanelRowTests, anEditorThatFailsAsksForThePanelToBeShown)
 
 TEST_F(PanelRowTests, aMissingFolderLeadsToTheFieldOfTheProjectDirectory)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     model->setProjectDirectory("/nowhere");
-    press(Qt::Key_Home);
-    QTest::keyClick(&list(), Qt::Key_E, Qt::ControlModifier);
-    ASSERT_TRUE(TestSupport::eventually([this] { return shows("editorError"); }));
+    failToEdit();
     part<QWidget>("editorError")
         ->findChild<QAbstractButton*>(QStringLiteral("alertOther"))
         ->click();

@@ -3,7 +3,7 @@
 namespace Tarnwick {
 namespace {
 
-using testing::ElementsAre;
+using namespace TestSupport;
 
 class PullRequestMenuViewTests : public PanelTest {};
 
@@ -12,8 +12,7 @@ TEST_F(PullRequestMenuViewTests, startsWithTheLogin)
     start();
     showView();
     EXPECT_TRUE(shows("notice"));
-    EXPECT_EQ(
-        part<QLabel>("noticeTitle")->text(), QStringLiteral("Checking GitHub CLI authentication…"));
+    EXPECT_EQ(textOf("noticeTitle"), "Checking GitHub CLI authentication…");
     EXPECT_TRUE(shows("noticeSpinner"));
     EXPECT_FALSE(shows("tryAgain"));
     EXPECT_EQ(footer(), QString()) << "no list is known";
@@ -21,15 +20,15 @@ TEST_F(PullRequestMenuViewTests, startsWithTheLogin)
 
 TEST_F(PullRequestMenuViewTests, showsWhatTheRefreshBrings)
 {
-    showList({TestSupport::makePullRequest(1), TestSupport::makePullRequest(2)});
+    showList({makePullRequest(1), makePullRequest(2)});
     EXPECT_TRUE(list().isVisible());
     EXPECT_EQ(rows(), 2);
-    EXPECT_THAT(footer().toStdString(), testing::StartsWith("2 pull requests, Updated just now"));
+    EXPECT_THAT(footer().toStdString(), StartsWith("2 pull requests, Updated just now"));
 }
 
 TEST_F(PullRequestMenuViewTests, keepsTheRowsWhileTheyAreLoadedAnew)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     openAndHold();
     EXPECT_TRUE(list().isVisible());
     EXPECT_TRUE(shows("refreshing"));
@@ -39,22 +38,18 @@ TEST_F(PullRequestMenuViewTests, keepsTheRowsWhileTheyAreLoadedAnew)
 
 TEST_F(PullRequestMenuViewTests, signedOutOffersTheCommand)
 {
-    provider->setStatus(PullRequestKit::NotAuthenticated{"GitHub CLI is not logged in."});
-    start();
-    refresh();
+    provider->setStatus(NotAuthenticated{"GitHub CLI is not logged in."});
+    startAndRefresh();
     showView();
-    EXPECT_EQ(part<QLabel>("noticeTitle")->text(), QStringLiteral("Sign in to GitHub"));
-    EXPECT_EQ(
-        part<QLabel>("noticeMessage")->text(), QStringLiteral("GitHub CLI is not logged in."));
-    EXPECT_EQ(
-        part<QLabel>("noticeHint")->text(),
-        QStringLiteral("Run `gh auth login` in Terminal, then try again."));
+    EXPECT_EQ(textOf("noticeTitle"), "Sign in to GitHub");
+    EXPECT_EQ(textOf("noticeMessage"), "GitHub CLI is not logged in.");
+    EXPECT_EQ(textOf("noticeHint"), "Run `gh auth login` in Terminal, then try again.");
     auto* const copy = part<QAbstractButton>("copyLogin");
     EXPECT_EQ(copy->text(), QStringLiteral("Copy gh auth login"));
     copy->click();
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("gh auth login"));
 
-    provider->setStatus(PullRequestKit::Authenticated{"octo"});
+    provider->setStatus(Authenticated{"octo"});
     part<QAbstractButton>("tryAgain")->click();
     ASSERT_TRUE(settle());
     EXPECT_FALSE(shows("noticeHint"));
@@ -64,13 +59,11 @@ TEST_F(PullRequestMenuViewTests, aFailureCanBeTriedAgain)
 {
     provider->setError("error connecting to api.github.com");
     selectTools();
-    start();
-    refresh();
+    startAndRefresh();
     showView();
-    EXPECT_EQ(
-        part<QLabel>("noticeTitle")->text(), QStringLiteral("error connecting to api.github.com"));
+    EXPECT_EQ(textOf("noticeTitle"), "error connecting to api.github.com");
     provider->setError({});
-    provider->setPullRequests({TestSupport::makePullRequest(1)});
+    provider->setPullRequests({makePullRequest(1)});
     part<QAbstractButton>("tryAgain")->click();
     ASSERT_TRUE(settle());
     EXPECT_TRUE(list().isVisible());
@@ -78,7 +71,7 @@ TEST_F(PullRequestMenuViewTests, aFailureCanBeTriedAgain)
 
 TEST_F(PullRequestMenuViewTests, afterTryAgainInTheStripTheListHasTheFocus)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     provider->setError("error connecting to api.github.com");
     refresh();
     auto* const again = part<QAbstractButton>("refreshErrorAction");
@@ -88,37 +81,37 @@ TEST_F(PullRequestMenuViewTests, afterTryAgainInTheStripTheListHasTheFocus)
     press(Qt::Key_Space);
     EXPECT_TRUE(list().hasFocus());
     ASSERT_TRUE(settle());
-    EXPECT_TRUE(TestSupport::eventually([this] { return !shows("refreshError"); }));
+    EXPECT_TRUE(eventually([this] { return !shows("refreshError"); }));
     EXPECT_TRUE(list().hasFocus());
 }
 
 TEST_F(PullRequestMenuViewTests, aStripThatGoesWithTheFocusGivesItToTheList)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     provider->setError("error connecting to api.github.com");
     refresh();
     part<QAbstractButton>("refreshErrorAction")->setFocus(Qt::TabFocusReason);
     provider->setError({});
     refresh();
-    EXPECT_TRUE(TestSupport::eventually([this] { return !shows("refreshError"); }));
+    EXPECT_TRUE(eventually([this] { return !shows("refreshError"); }));
     EXPECT_TRUE(list().hasFocus());
 }
 
 TEST_F(PullRequestMenuViewTests, theListHasTheFocusWhenItsRowsComeLater)
 {
-    provider->setPullRequests({TestSupport::makePullRequest(1)});
+    provider->setPullRequests({makePullRequest(1)});
     selectTools();
     start();
     showView();
     EXPECT_TRUE(part<QWidget>("notice")->hasFocus());
     refresh();
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_TRUE(list().hasFocus());
 }
 
 TEST_F(PullRequestMenuViewTests, keysReachTheirOperations)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     const int calls = provider->statusCalls();
     press(Qt::Key_R);
     ASSERT_TRUE(settle());
@@ -139,7 +132,7 @@ TEST_F(PullRequestMenuViewTests, keysReachTheirOperations)
 
 TEST_F(PullRequestMenuViewTests, tabGoesThroughHeaderListAndFindsItsWayBack)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     std::vector<std::string> stops;
     for (int press = 0; press < 4; ++press) {
         QTest::keyClick(view->focusWidget(), Qt::Key_Tab);
@@ -150,19 +143,19 @@ TEST_F(PullRequestMenuViewTests, tabGoesThroughHeaderListAndFindsItsWayBack)
 
 TEST_F(PullRequestMenuViewTests, aCardClosesTheMenuThatItWouldBeBehind)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     notifier->isGranted = false;
     press(Qt::Key_Comma);
     ASSERT_TRUE(part<QMenu>("optionsMenu")->isVisible());
     model->toggleNewPullRequestNotifications();
-    ASSERT_TRUE(TestSupport::eventually([this] { return shows("notificationsDisabled"); }));
+    ASSERT_TRUE(eventually([this] { return shows("notificationsDisabled"); }));
     EXPECT_FALSE(part<QMenu>("optionsMenu")->isVisible());
     EXPECT_TRUE(part<QWidget>("notificationsDisabled")->isAncestorOf(view->focusWidget()));
 }
 
 TEST_F(PullRequestMenuViewTests, closingIsExplainedAndThenConfirmed)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     const QSignalSpy confirmed(view.get(), &PullRequestMenuView::closingConfirmed);
     EXPECT_TRUE(view->explainClosing());
     EXPECT_TRUE(shows("closing"));
@@ -176,7 +169,7 @@ TEST_F(PullRequestMenuViewTests, closingIsExplainedAndThenConfirmed)
 
 TEST_F(PullRequestMenuViewTests, escapeKeepsTheWindowThatWasToBeClosed)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     actionOfMenu("Repositories")->trigger();
     const QSignalSpy confirmed(view.get(), &PullRequestMenuView::closingConfirmed);
     const QSignalSpy quits(view.get(), &PullRequestMenuView::quitRequested);
@@ -198,12 +191,12 @@ TEST_F(PullRequestMenuViewTests, theBrandLeadsToTheWebSite)
     EXPECT_EQ(brand->accessibleName(), QStringLiteral("Tarnwick"));
     EXPECT_EQ(brand->toolTip(), QStringLiteral("Open tarnwick.dev"));
     brand->click();
-    EXPECT_THAT(desktop.journal(), testing::Contains(testing::HasSubstr("https://tarnwick.dev")));
+    EXPECT_THAT(desktop.journal(), Contains(HasSubstr("https://tarnwick.dev")));
 }
 
 TEST_F(PullRequestMenuViewTests, theMenuLeadsToTheRepositoriesAndDoneBack)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     const int calls = provider->statusCalls();
     QAction* const repositories = actionOfMenu("Repositories");
     ASSERT_NE(repositories, nullptr);
@@ -224,7 +217,7 @@ TEST_F(PullRequestMenuViewTests, theMenuLeadsToTheRepositoriesAndDoneBack)
 
 TEST_F(PullRequestMenuViewTests, escapeLeadsFromTheRepositoriesToTheListAndNotOut)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     actionOfMenu("Repositories")->trigger();
     const QSignalSpy closes(view.get(), &PullRequestMenuView::closeRequested);
     press(Qt::Key_Escape);
@@ -235,12 +228,9 @@ TEST_F(PullRequestMenuViewTests, escapeLeadsFromTheRepositoriesToTheListAndNotOu
 
 TEST_F(PullRequestMenuViewTests, withoutASelectionAButtonLeadsToTheRepositories)
 {
-    start();
-    refresh();
+    startAndRefresh();
     showView();
-    EXPECT_EQ(
-        part<QLabel>("noticeTitle")->text(),
-        QStringLiteral("No pull requests involving you were found."));
+    EXPECT_EQ(textOf("noticeTitle"), "No pull requests involving you were found.");
     part<QAbstractButton>("chooseRepositories")->click();
     EXPECT_TRUE(shows("repositoryPicker"));
     EXPECT_FALSE(shows("notice"));
@@ -250,7 +240,7 @@ TEST_F(PullRequestMenuViewTests, withoutASelectionAButtonLeadsToTheRepositories)
 
 TEST_F(PullRequestMenuViewTests, thePanelOpensWhereItWasLeft)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     actionOfMenu("Repositories")->trigger();
     view->panelHidden();
     view->hide();
@@ -262,7 +252,7 @@ TEST_F(PullRequestMenuViewTests, thePanelOpensWhereItWasLeft)
 
 TEST_F(PullRequestMenuViewTests, aMenuThatTheMouseOpenedLeavesTheFocusInTheList)
 {
-    showList({TestSupport::makePullRequest(1)});
+    showList({makePullRequest(1)});
     auto* const options = part<QAbstractButton>("options");
     QTest::mouseClick(options, Qt::LeftButton);
     auto* const menu = part<QMenu>("optionsMenu");

@@ -2,12 +2,11 @@
 
 #include "Support/PullRequests.h"
 
-#include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
 namespace {
 
-using namespace PullRequestKit;
+using namespace TestSupport;
 using std::chrono::seconds;
 
 Date secondsSince1970(Date::rep count)
@@ -126,7 +125,7 @@ TEST(Date, isWrittenInTheZuluForm)
 
 RC_GTEST_PROP(DateProperties, isReadBackAsItWasWritten, ())
 {
-    const Date date = *TestSupport::anyDate();
+    const Date date = *anyDate();
     RC_ASSERT(parseDate(formatDate(date)) == date);
 }
 
@@ -137,7 +136,7 @@ std::string twoDigits(int number)
 
 RC_GTEST_PROP(DateProperties, anOffsetMovesTheInstantTheOtherWay, ())
 {
-    const Date date = *TestSupport::anyDate();
+    const Date date = *anyDate();
     const auto minutes = *rc::gen::inRange(0, 24 * 60);
     std::string clock = formatDate(date);
     clock.pop_back();
@@ -151,7 +150,7 @@ RC_GTEST_PROP(DateProperties, anOffsetMovesTheInstantTheOtherWay, ())
 
 RC_GTEST_PROP(DateProperties, aTextWithOneOtherCharacterIsAnotherDateOrNone, ())
 {
-    const std::string text = formatDate(*TestSupport::anyDate());
+    const std::string text = formatDate(*anyDate());
     std::string changed = text;
     const auto place = *rc::gen::inRange<std::size_t>(0, text.size());
     changed[place] = *rc::gen::element('0', '1', '5', '9', ':', '-', '+', 'T', 'Z', '.', ' ');

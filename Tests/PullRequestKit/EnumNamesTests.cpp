@@ -2,6 +2,7 @@
 
 #include "PullRequestKit/PullRequestState.h"
 #include "PullRequestKit/ReviewActivity.h"
+#include "Support/Mapped.h"
 
 #include <string>
 #include <vector>
@@ -16,11 +17,7 @@ using testing::ElementsAre;
 template<typename E>
 std::vector<std::string> names()
 {
-    std::vector<std::string> names;
-    for (const E value : allCases<E>()) {
-        names.emplace_back(nameOf(value));
-    }
-    return names;
+    return TestSupport::mapped(allCases<E>(), [](E value) { return std::string(nameOf(value)); });
 }
 
 TEST(EnumNames, areTheCaseNamesInOrder)

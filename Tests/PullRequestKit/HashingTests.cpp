@@ -6,12 +6,11 @@
 #include <functional>
 #include <set>
 
-#include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
 namespace {
 
-using namespace PullRequestKit;
+using namespace TestSupport;
 
 template<typename Record>
 using Changes = std::vector<std::function<void(Record&)>>;
@@ -64,7 +63,7 @@ TEST(Hashing, coversEveryFieldOfAPullRequest)
         [](PullRequest& changed) { changed.checks.total = 1; },
         [](PullRequest& changed) { changed.checks.failed = 1; },
     };
-    EXPECT_EQ(differentHashes(TestSupport::makePullRequest(1), changes), changes.size() + 1);
+    EXPECT_EQ(differentHashes(makePullRequest(1), changes), changes.size() + 1);
 }
 
 TEST(Hashing, coversEveryFieldOfARepositorySummary)
@@ -93,8 +92,8 @@ TEST(Hashing, coversEveryFieldOfARow)
 
 TEST(Hashing, tellsHeadFromBase)
 {
-    const auto forth = TestSupport::makePullRequest(1, "a", "b");
-    const auto back = TestSupport::makePullRequest(1, "b", "a");
+    const auto forth = makePullRequest(1, "a", "b");
+    const auto back = makePullRequest(1, "b", "a");
     EXPECT_NE(std::hash<PullRequest>{}(forth), std::hash<PullRequest>{}(back));
 }
 

@@ -1,19 +1,14 @@
 #include "PullRequestKit/Json/Reading.h"
 #include "PullRequestKit/Json/Writing.h"
 #include "PullRequestKit/ProgressCount.h"
-#include "Support/DecodingErrors.h"
+#include "Support/Errors.h"
 
 #include <limits>
 #include <vector>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
-using testing::ElementsAre;
-using testing::StartsWith;
-using TestSupport::decodingErrorOf;
+using namespace TestSupport;
 
 TEST(JsonDocument, readsAnyKindOfValueWithWhiteSpaceAroundIt)
 {
@@ -71,9 +66,10 @@ TEST(RefusedDocument, isNotJson)
              "\"\\uDC00\"",
              "\"\\x\""}) {
         SCOPED_TRACE(each);
-        const auto error = decodingErrorOf([&] { const Json::Document document(each); });
-        EXPECT_EQ(error.path, "");
-        EXPECT_THAT(error.text, StartsWith("The data could not be read: it is not JSON (byte "));
+        const auto parse = [&] { const Json::Document document(each); };
+        EXPECT_EQ(pathOf(parse), "");
+        EXPECT_THAT(
+            messageOf(parse), StartsWith("The data could not be read: it is not JSON (byte "));
     }
 }
 
@@ -92,8 +88,9 @@ TEST(JsonDocument, isNestedAtMostThirtyTwoDeep)
 
 TEST(JsonDocument, namesTheByteAtWhichReadingEnded)
 {
-    const auto error = decodingErrorOf([] { const Json::Document document("{\"a\":x}"); });
-    EXPECT_THAT(error.text, StartsWith("The data could not be read: it is not JSON (byte 5: "));
+    const auto parse = [] { const Json::Document document("{\"a\":x}"); };
+    EXPECT_THAT(
+        messageOf(parse), StartsWith("The data could not be read: it is not JSON (byte 5: "));
 }
 
 TEST(JsonDocument, keepsAllValuesInMemoryThatGoesAwayAsAWhole)
@@ -127,7 +124,7 @@ TEST(JsonReading, refusesNumbersThatAreNoWholeNumbersOfSixtyFourBits)
           "0.5",
           "1e-3"}) {
         EXPECT_EQ(
-            decodingErrorOf([&] { Json::decode<std::int64_t>(text); }).text,
+            messageOf([&] { Json::decode<std::int64_t>(text); }),
             "The data could not be read: it is not a whole number.")
             << text;
     }
@@ -151,15 +148,14 @@ TEST(JsonReading, readsListsAndSets)
 {
     EXPECT_THAT(Json::decode<std::vector<bool>>("[true,false]"), ElementsAre(true, false));
     EXPECT_THAT(Json::decode<std::set<std::string>>(R"(["b","a","b"])"), ElementsAre("a", "b"));
-    EXPECT_THAT(Json::decode<std::vector<std::int64_t>>("[]"), testing::IsEmpty());
+    EXPECT_THAT(Json::decode<std::vector<std::int64_t>>("[]"), IsEmpty());
 }
 
 TEST(JsonReading, refusesANullEntryOfAList)
 {
-    const auto error =
-        decodingErrorOf([] { Json::decode<std::set<std::string>>(R"(["a",null])"); });
-    EXPECT_EQ(error.path, "[1]");
-    EXPECT_EQ(error.text, "The data could not be read: [1] is not text.");
+    const auto read = [] { Json::decode<std::set<std::string>>(R"(["a",null])"); };
+    EXPECT_EQ(pathOf(read), "[1]");
+    EXPECT_EQ(messageOf(read), "The data could not be read: [1] is not text.");
 }
 
 TEST(JsonReading, readsAndWritesNullEntriesWhereTheyAreAllowed)

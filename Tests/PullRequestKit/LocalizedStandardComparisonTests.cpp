@@ -8,8 +8,7 @@
 namespace {
 
 using namespace PullRequestKit;
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace testing;
 
 std::vector<std::string> sorted(std::vector<std::string> names)
 {
@@ -59,7 +58,7 @@ TEST(LocalizedStandardComparison, sortsOtherScriptsAndBrokenTextWithoutLosingAny
 {
     EXPECT_THAT(
         sorted({"\u65E5\u672C", "\xFF\xFE", "a", "\u03B1"}),
-        testing::UnorderedElementsAre("a", "\u03B1", "\u65E5\u672C", "\xFF\xFE"));
+        UnorderedElementsAre("a", "\u03B1", "\u65E5\u672C", "\xFF\xFE"));
     EXPECT_THAT(
         sorted({"\u65E5\u672C", "\u03B1", "a"}), ElementsAre("a", "\u03B1", "\u65E5\u672C"));
 }

@@ -1,13 +1,10 @@
 #include "PullRequestKit/Json/Writing.h"
 #include "PullRequestKit/PullRequestProvider.h"
-#include "Support/DecodingErrors.h"
-
-#include <gmock/gmock.h>
+#include "Support/Errors.h"
 
 namespace {
 
-using namespace PullRequestKit;
-using testing::ElementsAre;
+using namespace TestSupport;
 
 TEST(AuthenticationStatus, isEqualOnlyWhenCaseAndPayloadAre)
 {

@@ -1,17 +1,17 @@
 #include "PullRequestKit/Json/Writing.h"
 #include "PullRequestKit/PullRequest.h"
-#include "Support/DecodingErrors.h"
+#include "Support/Errors.h"
+#include "Support/Joined.h"
+#include "Support/Mapped.h"
 #include "Support/PullRequests.h"
 
 #include <vector>
 
-#include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
 namespace {
 
-using namespace PullRequestKit;
-using TestSupport::decodingErrorOf;
+using namespace TestSupport;
 
 constexpr const char* completeText =
     R"({"id":{"provider":"github","host":"github.com","repository":"octo/tools","number":42},)"
@@ -32,8 +32,8 @@ PullRequest completePullRequest()
         .title = "Say \"héllo\"",
         .url = {"https://github.com/octo/tools/pull/42"},
         .author = "mona",
-        .createdAt = TestSupport::date("2024-05-01T09:30:00Z"),
-        .updatedAt = TestSupport::date("2024-05-02T10:00:00Z"),
+        .createdAt = date("2024-05-01T09:30:00Z"),
+        .updatedAt = date("2024-05-02T10:00:00Z"),
         .state = PullRequestState::merged,
         .isDraft = true,
         .mergeability = PullRequestMergeability::conflicting,
@@ -83,27 +83,13 @@ TEST(PullRequestCoding, leavesOutAbsentOptionals)
     PullRequest pullRequest = completePullRequest();
     pullRequest.createdAt.reset();
     pullRequest.requiredApprovingReviewCount.reset();
-    std::vector<std::string> keys;
-    for (const auto& member : Json::writeObject(pullRequest)) {
-        keys.emplace_back(member.key());
-    }
-    EXPECT_THAT(
-        keys,
-        testing::ElementsAre(
-            "id",
-            "title",
-            "url",
-            "author",
-            "updatedAt",
-            "state",
-            "isDraft",
-            "mergeability",
-            "head",
-            "base",
-            "reviewState",
-            "reviewActivity",
-            "reviews",
-            "checks"));
+    const auto keys = mapped(Json::writeObject(pullRequest), [](const auto& member) {
+        return std::string(member.key());
+    });
+    EXPECT_EQ(
+        joined(keys),
+        "id, title, url, author, updatedAt, state, isDraft, mergeability, head, base, "
+        "reviewState, reviewActivity, reviews, checks");
     EXPECT_EQ(Json::decode<PullRequest>(Json::encode(pullRequest)), pullRequest);
 }
 
@@ -228,13 +214,11 @@ TEST(RequiredKey, mayNeitherBeMissingNorNull)
         SCOPED_TRACE(each);
         const std::string key = each;
         const std::string missing = boost::json::serialize(without({key}));
-        const auto missingError = decodingErrorOf([&] { Json::decode<PullRequest>(missing); });
-        EXPECT_EQ(missingError.path, key);
-        EXPECT_EQ(missingError.text, "The data could not be read: " + key + " is missing.");
+        const auto read = [&] { Json::decode<PullRequest>(missing); };
+        EXPECT_EQ(pathOf(read), key);
+        EXPECT_EQ(messageOf(read), "The data could not be read: " + key + " is missing.");
 
-        const auto nullError =
-            decodingErrorOf([&] { Json::decode<PullRequest>(withMember(key, "null")); });
-        EXPECT_EQ(nullError.path, key);
+        EXPECT_EQ(pathOf([&] { Json::decode<PullRequest>(withMember(key, "null")); }), key);
     }
 }
 
@@ -243,7 +227,7 @@ TEST(PullRequestCoding, requiresTheNestedKeys)
     const auto pathWithout = [](const char* key, const char* nested) {
         boost::json::object stored = without({});
         stored[key].as_object().erase(nested);
-        return decodingErrorOf([&] { decode(stored); }).path;
+        return pathOf([&] { decode(stored); });
     };
     EXPECT_EQ(pathWithout("id", "provider"), "id.provider");
     EXPECT_EQ(pathWithout("id", "host"), "id.host");
@@ -302,11 +286,11 @@ TEST(RefusedValue, isNamedWithItsPath)
          "is not a whole number"}};
     for (const WrongValue& each : cases) {
         const auto& [key, value, path, problem] = each;
-        const auto error = decodingErrorOf(
-            [&, text = withMember(key, value)] { Json::decode<PullRequest>(text); });
-        EXPECT_EQ(error.path, path);
+        const auto read = [text = withMember(key, value)] { Json::decode<PullRequest>(text); };
+        EXPECT_EQ(pathOf(read), path);
         EXPECT_EQ(
-            error.text, std::string("The data could not be read: ") + path + " " + problem + ".");
+            messageOf(read),
+            std::string("The data could not be read: ") + path + " " + problem + ".");
     }
 }
 
@@ -314,15 +298,14 @@ TEST(PullRequestCoding, refusesALegacyConflictFlagOfAnotherType)
 {
     boost::json::object stored = without({"mergeability"});
     stored["hasMergeConflict"] = "yes";
-    EXPECT_EQ(decodingErrorOf([&] { decode(stored); }).path, "hasMergeConflict");
+    EXPECT_EQ(pathOf([&] { decode(stored); }), "hasMergeConflict");
 }
 
 TEST(PullRequestCoding, namesThePlaceInAListOfPullRequests)
 {
     const std::string list =
         "[" + std::string(completeText) + "," + withMember("state", R"("gone")") + "]";
-    const auto error = decodingErrorOf([&] { Json::decode<std::vector<PullRequest>>(list); });
-    EXPECT_EQ(error.path, "[1].state");
+    EXPECT_EQ(pathOf([&] { Json::decode<std::vector<PullRequest>>(list); }), "[1].state");
 }
 
 RC_GTEST_PROP(PullRequestCodingProperties, readsBackWhatItWrote, (PullRequest pullRequest))

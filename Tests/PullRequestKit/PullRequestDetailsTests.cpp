@@ -2,13 +2,9 @@
 
 #include "Support/PullRequests.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
-using TestSupport::date;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 PullRequestDetails waitingFor(std::string user)
 {
@@ -19,9 +15,7 @@ PullRequestDetails waitingFor(std::string user)
 
 PullRequest updatedAt(std::int64_t number, std::string_view instant)
 {
-    PullRequest pullRequest = makePullRequest(number);
-    pullRequest.updatedAt = date(instant);
-    return pullRequest;
+    return with(makePullRequest(number), &PullRequest::updatedAt, date(instant));
 }
 
 TEST(PullRequestDetails, areKeyedByTheIdentity)

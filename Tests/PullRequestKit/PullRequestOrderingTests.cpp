@@ -4,15 +4,12 @@
 
 #include <algorithm>
 
-#include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
 namespace {
 
-using namespace PullRequestKit;
+using namespace TestSupport;
 using PullRequestOrdering::areInIncreasingOrder;
-using TestSupport::date;
-using TestSupport::makePullRequest;
 
 /// Both ways round, so that an order that always says yes does not pass.
 testing::AssertionResult goesBefore(const PullRequest& left, const PullRequest& right)
@@ -102,8 +99,7 @@ TEST(PullRequestOrdering, looksAtTheChecksBeforeTheReviewState)
 
 TEST(PullRequestOrdering, putsTheLaterUpdateFirstAmongEqualKeys)
 {
-    auto late = makePullRequest(9);
-    late.updatedAt = date("2024-05-01T12:00:01Z");
+    auto late = with(makePullRequest(9), &PullRequest::updatedAt, date("2024-05-01T12:00:01Z"));
     EXPECT_TRUE(goesBefore(late, makePullRequest(1)));
     late.reviewState = ReviewState::pending;
     EXPECT_TRUE(goesBefore(makePullRequest(1), late));
@@ -139,14 +135,14 @@ TEST(PullRequestOrdering, putsNeitherOfTwoEqualOnesFirst)
 
 std::vector<PullRequest> crowd()
 {
-    return *rc::gen::container<std::vector<PullRequest>>(TestSupport::crowdedPullRequest());
+    return *rc::gen::container<std::vector<PullRequest>>(crowdedPullRequest());
 }
 
 RC_GTEST_PROP(PullRequestOrderingProperties, isAStrictWeakOrder, ())
 {
-    const PullRequest a = *TestSupport::crowdedPullRequest();
-    const PullRequest b = *TestSupport::crowdedPullRequest();
-    const PullRequest c = *TestSupport::crowdedPullRequest();
+    const PullRequest a = *crowdedPullRequest();
+    const PullRequest b = *crowdedPullRequest();
+    const PullRequest c = *crowdedPullRequest();
     const auto equivalent = [](const PullRequest& left, const PullRequest& right) {
         return !areInIncreasingOrder(left, right) && !areInIncreasingOrder(right, left);
     };
@@ -162,8 +158,8 @@ RC_GTEST_PROP(PullRequestOrderingProperties, isAStrictWeakOrder, ())
 
 RC_GTEST_PROP(PullRequestOrderingProperties, isTotalOverDistinctIdentities, ())
 {
-    const PullRequest a = *TestSupport::crowdedPullRequest();
-    const PullRequest b = *TestSupport::crowdedPullRequest();
+    const PullRequest a = *crowdedPullRequest();
+    const PullRequest b = *crowdedPullRequest();
     RC_PRE(a.id != b.id);
     RC_ASSERT(areInIncreasingOrder(a, b) != areInIncreasingOrder(b, a));
 }

@@ -2,12 +2,9 @@
 
 #include "Support/PullRequests.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 TEST(PullRequestID, joinsItsFieldsToTheStorageKey)
 {
@@ -101,12 +98,10 @@ TEST(PullRequest, isUnblockedWithoutChecksAndReviewsOnlyWhenKnownToBeMergeable)
 
 TEST(PullRequest, isUnblockedOnlyWhileOpenAndNoDraft)
 {
-    auto draft = makePullRequest(1);
-    draft.isDraft = true;
+    const auto draft = with(makePullRequest(1), &PullRequest::isDraft, true);
     EXPECT_FALSE(draft.isUnblocked());
     for (const auto state : {PullRequestState::closed, PullRequestState::merged}) {
-        auto done = makePullRequest(1);
-        done.state = state;
+        const auto done = with(makePullRequest(1), &PullRequest::state, state);
         EXPECT_FALSE(done.isUnblocked());
     }
 }
@@ -123,8 +118,7 @@ TEST(PullRequest, isUnblockedInEveryReviewStateButRequestedChanges)
 
 TEST(PullRequest, isUnblockedOnceItsChecksAreDoneEvenIfTheyFailed)
 {
-    auto pullRequest = makePullRequest(1);
-    pullRequest.checks = {1, 2, 0};
+    auto pullRequest = with(makePullRequest(1), &PullRequest::checks, {1, 2, 0});
     EXPECT_FALSE(pullRequest.isUnblocked());
     pullRequest.checks = {2, 2, 0};
     EXPECT_TRUE(pullRequest.isUnblocked());
@@ -144,8 +138,7 @@ TEST(PullRequest, canBeNeitherBlockedNorUnblocked)
 
 TEST(PullRequest, labelsReviewsWithoutARequiredCount)
 {
-    auto pullRequest = makePullRequest(1);
-    pullRequest.reviews = {1, 3, 0};
+    const auto pullRequest = with(makePullRequest(1), &PullRequest::reviews, {1, 3, 0});
     EXPECT_EQ(pullRequest.reviewCountLabel(), "1/3");
     EXPECT_EQ(pullRequest.reviewCountTooltip(), "Completed/Total Reviewers");
 }

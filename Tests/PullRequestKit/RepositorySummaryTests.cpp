@@ -1,14 +1,11 @@
 #include "PullRequestKit/RepositorySummary.h"
 
 #include "PullRequestKit/Json/Writing.h"
-#include "Support/DecodingErrors.h"
-
-#include <gmock/gmock.h>
+#include "Support/Errors.h"
 
 namespace {
 
-using namespace PullRequestKit;
-using TestSupport::decodingErrorOf;
+using namespace TestSupport;
 
 const RepositorySummary complete{"octo/tools", "private", "C++", "main", true};
 
@@ -60,17 +57,17 @@ TEST(RepositorySummary, readsBackWhatItWrote)
 
 TEST(RepositorySummary, refusesWrongValuesWithTheirPath)
 {
-    const auto pathOf = [](std::string_view text) {
-        return decodingErrorOf([&] { Json::decode<RepositorySummary>(text); }).path;
+    const auto refusedFor = [](std::string_view text) {
+        return pathOf([&] { Json::decode<RepositorySummary>(text); });
     };
-    EXPECT_EQ(pathOf(R"({})"), "fullName");
-    EXPECT_EQ(pathOf(R"({"fullName":null})"), "fullName");
-    EXPECT_EQ(pathOf(R"({"fullName":7})"), "fullName");
-    EXPECT_EQ(pathOf(R"({"fullName":"a/b","visibility":7})"), "visibility");
-    EXPECT_EQ(pathOf(R"({"fullName":"a/b","language":{}})"), "language");
-    EXPECT_EQ(pathOf(R"({"fullName":"a/b","defaultBranch":[]})"), "defaultBranch");
-    EXPECT_EQ(pathOf(R"({"fullName":"a/b","isArchived":"no"})"), "isArchived");
-    EXPECT_EQ(pathOf("[]"), "");
+    EXPECT_EQ(refusedFor(R"({})"), "fullName");
+    EXPECT_EQ(refusedFor(R"({"fullName":null})"), "fullName");
+    EXPECT_EQ(refusedFor(R"({"fullName":7})"), "fullName");
+    EXPECT_EQ(refusedFor(R"({"fullName":"a/b","visibility":7})"), "visibility");
+    EXPECT_EQ(refusedFor(R"({"fullName":"a/b","language":{}})"), "language");
+    EXPECT_EQ(refusedFor(R"({"fullName":"a/b","defaultBranch":[]})"), "defaultBranch");
+    EXPECT_EQ(refusedFor(R"({"fullName":"a/b","isArchived":"no"})"), "isArchived");
+    EXPECT_EQ(refusedFor("[]"), "");
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include <ostream>
 #include <set>
 
-#include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
 namespace PullRequestKit {
@@ -18,11 +17,7 @@ void PrintTo(const Change& change, std::ostream* stream)
 
 namespace {
 
-using testing::ElementsAre;
-using testing::ElementsAreArray;
-using testing::IsEmpty;
-using TestSupport::date;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 /// Open and mergeable, one of two reviews given, all of four checks passed.
 SeenPullRequest seen()
@@ -165,7 +160,7 @@ TEST(ChangesBetweenTests, nameEachDifference)
 
 TEST(SeenNowTests, takesTheHeadFromTheFactsAndTheRestFromTheList)
 {
-    PullRequest pullRequest = makePullRequest(12);
+    PullRequest pullRequest = TestSupport::makePullRequest(12);
     pullRequest.isDraft = true;
     pullRequest.reviewState = ReviewState::approved;
     pullRequest.reviews = {2, 3, 0};

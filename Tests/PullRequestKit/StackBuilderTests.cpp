@@ -1,21 +1,19 @@
 #include "PullRequestKit/StackBuilder.h"
 
 #include "PullRequestKit/PullRequestOrdering.h"
+#include "Support/Mapped.h"
 #include "Support/PullRequests.h"
 
 #include <map>
 #include <ranges>
 #include <set>
 
-#include <gmock/gmock.h>
 #include <pthread.h>
 #include <rapidcheck/gtest.h>
 
 namespace {
 
-using namespace PullRequestKit;
-using TestSupport::date;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 /// A row as "number depth", with "+" for children and the warning in brackets.
 std::string outline(const PullRequestRow& row)
@@ -26,15 +24,8 @@ std::string outline(const PullRequestRow& row)
 
 std::vector<std::string> outlines(const std::vector<PullRequest>& pullRequests)
 {
-    std::vector<std::string> outlines;
-    for (const PullRequestRow& row : StackBuilder::rows(pullRequests)) {
-        outlines.push_back(outline(row));
-    }
-    return outlines;
+    return mapped(StackBuilder::rows(pullRequests), [](const auto& row) { return outline(row); });
 }
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 TEST(StackBuilder, yieldsNoRowsForNoPullRequests)
 {
@@ -174,17 +165,14 @@ TEST(StackBuilder, hangsABranchWithAnAmbiguousBaseAboveItsOwnChildren)
 
 TEST(StackBuilder, putsAMergedRootBeforeAClosedOne)
 {
-    auto closed = makePullRequest(1);
-    closed.state = PullRequestState::closed;
-    auto merged = makePullRequest(2);
-    merged.state = PullRequestState::merged;
+    const auto closed = with(makePullRequest(1), &PullRequest::state, PullRequestState::closed);
+    const auto merged = with(makePullRequest(2), &PullRequest::state, PullRequestState::merged);
     EXPECT_THAT(outlines({closed, merged}), ElementsAre("2 0", "1 0"));
 }
 
 TEST(StackBuilder, putsARootWithRunningChecksAfterOneWithoutChecks)
 {
-    auto running = makePullRequest(1);
-    running.checks = {1, 2, 0};
+    const auto running = with(makePullRequest(1), &PullRequest::checks, {1, 2, 0});
     EXPECT_THAT(outlines({running, makePullRequest(2)}), ElementsAre("2 0", "1 0"));
 }
 
@@ -252,7 +240,7 @@ TEST(StackBuilder, copesWithThousandsOfPullRequestsFromAndToTheSameBranch)
 
 rc::Gen<std::vector<PullRequest>> crowd()
 {
-    return rc::gen::container<std::vector<PullRequest>>(TestSupport::crowdedPullRequest());
+    return rc::gen::container<std::vector<PullRequest>>(crowdedPullRequest());
 }
 
 RC_GTEST_PROP(StackBuilderProperties, showsEveryIdentityOnce, ())

@@ -4,12 +4,11 @@
 
 #include <algorithm>
 
-#include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
 namespace {
 
-using namespace PullRequestKit;
+using namespace TestSupport;
 using Users = std::vector<std::string>;
 
 rc::Gen<std::string> anyLogin()
@@ -30,7 +29,7 @@ rc::Gen<std::optional<std::int64_t>> maybe(std::int64_t value)
 
 PullRequest anyPullRequest()
 {
-    PullRequest made = TestSupport::makePullRequest(7);
+    PullRequest made = makePullRequest(7);
     made.author = *anyLogin();
     made.isDraft = *rc::gen::arbitrary<bool>();
     made.state = static_cast<PullRequestState>(*rc::gen::inRange(0, 3));
@@ -165,7 +164,7 @@ Known nearlyReady()
     const Known other;
     known.login = "ada";
     known.basedOn.reset();
-    known.pullRequest = TestSupport::makePullRequest(7);
+    known.pullRequest = makePullRequest(7);
     known.pullRequest.author = "ada";
     known.details = PullRequestDetails();
     known.facts = PullRequestFacts();

@@ -1,33 +1,27 @@
 #include "PullRequestKit/UniquePullRequests.h"
 
+#include "Support/Mapped.h"
 #include "Support/PullRequests.h"
 
 #include <algorithm>
 
-#include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
 namespace {
 
-using namespace PullRequestKit;
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace TestSupport;
 
 PullRequest version(std::int64_t number, const char* updated, std::string title)
 {
-    PullRequest pullRequest = TestSupport::makePullRequest(number);
-    pullRequest.updatedAt = TestSupport::date(updated);
+    PullRequest pullRequest = makePullRequest(number);
+    pullRequest.updatedAt = date(updated);
     pullRequest.title = std::move(title);
     return pullRequest;
 }
 
 std::vector<std::string> titles(const std::vector<PullRequest>& pullRequests)
 {
-    std::vector<std::string> titles;
-    for (const PullRequest& pullRequest : uniquePullRequests(pullRequests)) {
-        titles.push_back(pullRequest.title);
-    }
-    return titles;
+    return mapped(uniquePullRequests(pullRequests), &PullRequest::title);
 }
 
 TEST(UniquePullRequests, yieldsNothingForNothing)
@@ -54,7 +48,7 @@ TEST(UniquePullRequests, keepsTheFirstOfVersionsUpdatedAtTheSameTime)
 
 TEST(UniquePullRequests, tellsIdentitiesApartByEveryField)
 {
-    const PullRequest pullRequest = TestSupport::makePullRequest(1);
+    const PullRequest pullRequest = makePullRequest(1);
     std::vector<PullRequest> list(5, pullRequest);
     list[1].id.provider = "other";
     list[2].id.host = "other";
@@ -65,7 +59,7 @@ TEST(UniquePullRequests, tellsIdentitiesApartByEveryField)
 
 RC_GTEST_PROP(UniquePullRequestsProperties, keepsTheFirstOfTheLatestVersionsInOrder, ())
 {
-    auto list = *rc::gen::container<std::vector<PullRequest>>(TestSupport::crowdedPullRequest());
+    auto list = *rc::gen::container<std::vector<PullRequest>>(crowdedPullRequest());
     for (std::size_t place = 0; place < list.size(); ++place) {
         list[place].title = std::to_string(place);
     }

@@ -3,22 +3,16 @@
 #include <csignal>
 #include <fstream>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::StartsWith;
-using testing::StrEq;
+using namespace TestSupport;
 
 /// Runs of the program `tarnwick-sample-github`, which brings its own server.
 class SampleCommand : public GhTest {
 protected:
     Result run(const std::vector<std::string>& arguments) const
     {
-        return TestSupport::runProgram(SAMPLE_GITHUB_PROGRAM, arguments, environment(), folder());
+        return runProgram(SAMPLE_GITHUB_PROGRAM, arguments, environment(), folder());
     }
 
     /// A shell that acts once the program has said that it serves, and then sends it a signal.
@@ -28,7 +22,7 @@ protected:
             "mkfifo pipe && { \"$0\" --socket s --config-dir c >pipe & } && read -r line <pipe && "
             "echo \"$line\"; "
             + meanwhile + "; kill -" + signal + " $!; wait $!";
-        return TestSupport::runProgram(
+        return runProgram(
             "sh",
             {"-c", "cd '" + folder().string() + "' && " + script, SAMPLE_GITHUB_PROGRAM},
             environment(),
@@ -120,7 +114,7 @@ TEST_F(SampleCommand, aCommandDoesNotSeeTheUsersTokenAndHost)
     environment["GH_TOKEN"] = "gho_secret";
     environment["GH_HOST"] = "example.com";
 
-    const Result result = TestSupport::runProgram(
+    const Result result = runProgram(
         SAMPLE_GITHUB_PROGRAM,
         {"--exec", "sh", "-c", "echo \"[$GH_TOKEN$GH_HOST]\"; gh api user/repos --jq length"},
         environment,

@@ -1,8 +1,8 @@
 #include "SampleGitHub/Fault.h"
 
-#include <stdexcept>
+#include "Support/Errors.h"
 
-#include <gtest/gtest.h>
+#include <stdexcept>
 
 namespace {
 
@@ -10,12 +10,7 @@ using namespace SampleGitHub;
 
 std::string refusal(const std::string& text)
 {
-    try {
-        parseFault(text);
-    } catch (const std::invalid_argument& error) {
-        return error.what();
-    }
-    return "accepted";
+    return TestSupport::messageOf<std::invalid_argument>([&] { parseFault(text); });
 }
 
 TEST(Fault, isANameWithAValueAKindAndANumber)

@@ -1,11 +1,8 @@
 #include "GhTest.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
+using namespace TestSupport;
 
 class GhAuthentication : public GhTest {};
 
@@ -69,8 +66,7 @@ TEST_F(GhAuthentication, anotherTokenIsRefused)
     auto environment = this->environment();
     environment["GH_TOKEN"] = "gho_somebodyElse";
 
-    const Result result =
-        TestSupport::runProgram("gh", {"api", "user/repos"}, environment, folder());
+    const Result result = runProgram("gh", {"api", "user/repos"}, environment, folder());
 
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.errors, HasSubstr("Bad credentials (HTTP 401)"));

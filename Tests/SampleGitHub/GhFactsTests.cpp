@@ -1,7 +1,5 @@
 #include "GhTest.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
 using testing::HasSubstr;

@@ -2,12 +2,9 @@
 
 #include <chrono>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using testing::HasSubstr;
-using testing::StartsWith;
+using namespace TestSupport;
 
 /// What `gh` makes of a fault: its exit status and a piece of what it prints to each stream.
 struct Expected {

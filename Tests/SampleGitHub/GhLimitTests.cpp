@@ -2,8 +2,6 @@
 
 #include <chrono>
 
-#include <gmock/gmock.h>
-
 namespace {
 
 using testing::HasSubstr;

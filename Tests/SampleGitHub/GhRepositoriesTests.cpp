@@ -2,13 +2,9 @@
 
 #include <sstream>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using testing::ElementsAre;
-using testing::SizeIs;
-using testing::StrEq;
+using namespace TestSupport;
 
 class GhRepositories : public GhTest {
 protected:

@@ -1,8 +1,6 @@
 #include "GhTest.h"
 #include "SampleGitHub/Rendering.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
 using SampleGitHub::refId;

@@ -1,12 +1,8 @@
 #include "GhTest.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::StrEq;
+using namespace TestSupport;
 
 constexpr const char* everything =
     "is:pr is:open archived:false repo:harbourlight/ferry-api repo:harbourlight/ferry-web "

@@ -1,7 +1,5 @@
 #include "Support/LeakCheck.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
 const auto* const leakCheck = testing::AddGlobalTestEnvironment(new TestSupport::LeakCheck);

@@ -5,8 +5,7 @@
 namespace {
 
 using namespace SampleGitHub;
-using testing::ElementsAre;
-using testing::Pair;
+using namespace testing;
 
 TEST(Paging, cursorsLookLikeGitHubs)
 {

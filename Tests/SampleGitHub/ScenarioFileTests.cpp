@@ -5,8 +5,6 @@
 #include <fstream>
 #include <stdexcept>
 
-#include <gmock/gmock.h>
-
 namespace {
 
 using namespace SampleGitHub;

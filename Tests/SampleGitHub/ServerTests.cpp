@@ -1,10 +1,10 @@
 #include "GhTest.h"
+#include "Support/Errors.h"
 
 #include <fstream>
 #include <stdexcept>
 #include <thread>
 
-#include <gmock/gmock.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -12,8 +12,7 @@
 namespace {
 
 using namespace SampleGitHub;
-using testing::HasSubstr;
-using testing::SizeIs;
+using namespace TestSupport;
 
 ServerOptions emptyAt(const std::filesystem::path& socket)
 {
@@ -24,12 +23,7 @@ ServerOptions emptyAt(const std::filesystem::path& socket)
 
 std::string refusal(const std::filesystem::path& socket)
 {
-    try {
-        const Server server(emptyAt(socket));
-    } catch (const std::runtime_error& error) {
-        return error.what();
-    }
-    return "served";
+    return messageOf<std::runtime_error>([&] { const Server server(emptyAt(socket)); });
 }
 
 /// Leaves a socket's file behind that nobody listens at.
@@ -60,7 +54,7 @@ TEST(SampleServer, anAbandonedSocketIsReplaced)
 {
     const TemporaryFolder folder;
     abandonSocket(folder.path() / "s");
-    EXPECT_EQ(refusal(folder.path() / "s"), "served");
+    EXPECT_EQ(refusal(folder.path() / "s"), "none");
 }
 
 TEST(SampleServer, whatElseStandsAtTheSocketsPlaceIsKept)
@@ -130,8 +124,7 @@ TEST_F(SampleServerRun, severalClientsAreServedAtOnce)
     const std::filesystem::path apart = folder() / "apart";
     std::filesystem::create_directory(apart);
     std::thread waiting([&] {
-        TestSupport::runProgram(
-            "gh", {"api", "graphql", "-f", "query={search}"}, environment(), apart);
+        runProgram("gh", {"api", "graphql", "-f", "query={search}"}, environment(), apart);
     });
     while (server().requests().empty()) {
         std::this_thread::yield();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Support/Names.h"
+
 #include <vector>
 
 #include <sys/types.h>

@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <system_error>
 
-#include <gmock/gmock.h>
 #include <sys/wait.h>
 
 namespace TestSupport {

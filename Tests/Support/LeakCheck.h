@@ -1,9 +1,9 @@
 #pragma once
 
+#include "Support/Names.h"
+
 #include <map>
 #include <string>
-
-#include <gtest/gtest.h>
 
 namespace TestSupport {
 

@@ -5,8 +5,6 @@
 
 namespace TestSupport {
 
-using namespace PullRequestKit;
-
 Date date(std::string_view text)
 {
     const auto date = parseDate(text);
@@ -145,7 +143,6 @@ rc::Gen<PullRequest> crowdedPullRequest()
 
 namespace rc {
 
-using namespace PullRequestKit;
 using namespace TestSupport;
 
 Gen<PullRequest> Arbitrary<PullRequest>::arbitrary()

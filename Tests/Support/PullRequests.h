@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PullRequestKit/PullRequest.h"
+#include "Support/Names.h"
 
 #include <string>
 #include <string_view>
@@ -15,11 +16,18 @@ PullRequestKit::Date date(std::string_view text);
 /// An open, mergeable pull request of octo/tools without reviews and checks, from the branch
 /// "branch-NUMBER" to "main", last updated on 2024-05-01T12:00:00Z. Tests change what they are
 /// about.
-PullRequestKit::PullRequest makePullRequest(std::int64_t number);
+PullRequest makePullRequest(std::int64_t number);
 
 /// The same, between these two branches.
-PullRequestKit::PullRequest makePullRequest(
-    std::int64_t number, std::string head, std::string base);
+PullRequest makePullRequest(std::int64_t number, std::string head, std::string base);
+
+/// The record with another value in one of its fields.
+template<typename Record, typename Value>
+Record with(Record record, Value Record::* field, std::type_identity_t<Value> value)
+{
+    record.*field = std::move(value);
+    return record;
+}
 
 }  // namespace TestSupport
 

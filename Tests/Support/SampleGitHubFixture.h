@@ -3,14 +3,13 @@
 #include "SampleGitHub/GhEnvironment.h"
 #include "SampleGitHub/Server.h"
 #include "SampleGitHub/TemporaryFolder.h"
+#include "Support/Names.h"
 #include "Support/RunProgram.h"
 
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 namespace TestSupport {
 

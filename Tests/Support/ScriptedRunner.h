@@ -1,6 +1,8 @@
 #pragma once
 
 #include "GitHubProvider/Process/CommandRunning.h"
+#include "Support/Mapped.h"
+#include "Support/Names.h"
 
 #include <deque>
 #include <filesystem>
@@ -50,11 +52,7 @@ public:
 
     std::vector<std::vector<std::string>> argumentLists() const
     {
-        std::vector<std::vector<std::string>> lists;
-        for (const Call& call : _calls) {
-            lists.push_back(call.arguments);
-        }
-        return lists;
+        return mapped(_calls, &Call::arguments);
     }
 
     bool hasAnswersLeft() const { return !_answers.empty(); }

@@ -3,18 +3,15 @@
 #include "Fakes/EventLoop.h"
 #include "Support/BootTimers.h"
 
-#include <gmock/gmock.h>
 #include <unistd.h>
 
 namespace {
 
-using namespace std::chrono_literals;
-using TestSupport::eventually;
-using TestSupport::processEvents;
+using namespace TestSupport;
 
 TEST(SystemClock, wakesAfterItsTime)
 {
-    Tarnwick::SystemClock clock;
+    SystemClock clock;
     const auto start = std::chrono::steady_clock::now();
     const auto sleep = clock.sleep(20ms, {});
     EXPECT_FALSE(sleep.isFinished());
@@ -24,7 +21,7 @@ TEST(SystemClock, wakesAfterItsTime)
 
 TEST(SystemClock, wakesAtOnceWhenItIsStopped)
 {
-    Tarnwick::SystemClock clock;
+    SystemClock clock;
     std::stop_source source;
     const auto sleep = clock.sleep(1h, source.get_token());
     EXPECT_FALSE(sleep.isFinished());
@@ -35,7 +32,7 @@ TEST(SystemClock, wakesAtOnceWhenItIsStopped)
 
 TEST(SystemClock, doesNotFallAsleepOnceItIsStopped)
 {
-    Tarnwick::SystemClock clock;
+    SystemClock clock;
     std::stop_source source;
     source.request_stop();
     EXPECT_TRUE(clock.sleep(1h, source.get_token()).isFinished());
@@ -44,19 +41,19 @@ TEST(SystemClock, doesNotFallAsleepOnceItIsStopped)
 
 TEST(SystemClock, sleepsByAClockThatCountsWhileTheMachineSleeps)
 {
-    Tarnwick::SystemClock clock;
-    const auto timers = [] { return TestSupport::secondsOfBootTimers(::getpid()); };
-    EXPECT_THAT(timers(), testing::IsEmpty());
+    SystemClock clock;
+    const auto timers = [] { return secondsOfBootTimers(::getpid()); };
+    EXPECT_THAT(timers(), IsEmpty());
     std::stop_source source;
     const auto sleep = clock.sleep(1h, source.get_token());
-    EXPECT_THAT(timers(), testing::ElementsAre(3'599));
+    EXPECT_THAT(timers(), ElementsAre(3'599));
     source.request_stop();
     EXPECT_TRUE(eventually([&] { return timers().empty(); }));
 }
 
 TEST(SystemClock, neverGoesBack)
 {
-    const Tarnwick::SystemClock clock;
+    const SystemClock clock;
     const auto before = clock.elapsed();
     EXPECT_GT(before, 0ms);
     EXPECT_GE(clock.elapsed(), before);
@@ -66,7 +63,7 @@ TEST(SystemClock, neverGoesBack)
 TEST(SystemClock, tellsTheTimeInWholeSeconds)
 {
     const auto before = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
-    const auto now = Tarnwick::SystemClock().now();
+    const auto now = SystemClock().now();
     EXPECT_GE(now, before);
     EXPECT_LE(now, std::chrono::system_clock::now());
 }

@@ -1,27 +1,19 @@
 #include "TarnwickDirect/CommandLine/Arguments.h"
 
+#include "Support/Errors.h"
 #include "TarnwickDirect/CommandLine/Terminal.h"
 
 #include <algorithm>
 #include <sstream>
 
-#include <gmock/gmock.h>
-
 namespace {
 
 using namespace TarnwickDirect;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
+using namespace testing;
 
 std::string usageError(const std::vector<std::string>& arguments)
 {
-    try {
-        parseArguments(arguments);
-    } catch (const UsageError& error) {
-        return error.what();
-    }
-    return "none";
+    return TestSupport::messageOf<UsageError>([&] { parseArguments(arguments); });
 }
 
 template<typename Expected>

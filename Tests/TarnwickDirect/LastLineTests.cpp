@@ -5,7 +5,6 @@
 #include <cerrno>
 
 #include <fcntl.h>
-#include <gmock/gmock.h>
 #include <unistd.h>
 
 namespace {

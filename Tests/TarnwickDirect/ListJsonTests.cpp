@@ -7,19 +7,15 @@
 #include <boost/json.hpp>
 #include <sstream>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using PullRequestKit::NotAuthenticated;
-using PullRequestKit::Unavailable;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
-class ListJson : public TestSupport::ModelTest {
+class ListJson : public ModelTest {
 protected:
     void SetUp() override { selectTools(); }
 
-    std::string text(const Tarnwick::ArrangedRows& list = {}) const
+    std::string text(const ArrangedRows& list = {}) const
     {
         std::ostringstream text;
         TarnwickDirect::writeListJson(text, *model, {model->rows(), list.turns, list.groups});
@@ -28,8 +24,7 @@ protected:
 
     boost::json::object written()
     {
-        start();
-        refresh();
+        startAndRefresh();
         return boost::json::parse(text()).as_object();
     }
 };
@@ -55,7 +50,7 @@ TEST_F(ListJson, hasTheMessageOfEachStateThatHasOneEvenAnEmptyOne)
         EXPECT_EQ(written().at("state"), "unavailable");
         EXPECT_EQ(messageOf(written()), message);
     }
-    provider->setStatus(PullRequestKit::Authenticated{});
+    provider->setStatus(Authenticated{});
     provider->setError("HTTP 500");
     EXPECT_EQ(written().at("state"), "failed");
     EXPECT_EQ(messageOf(written()), "HTTP 500");
@@ -70,42 +65,37 @@ TEST_F(ListJson, hasNoMessageWhenTheListIsLoaded)
 
 TEST_F(ListJson, tellsTheNamesBehindTheCounts)
 {
-    PullRequestKit::PullRequestDetails details;
+    PullRequestDetails details;
     details.requestedUsers = {"mara"};
     details.requestedTeams = {"platform", "\u202Edocs"};
-    details.reviews = {{"noa-b", PullRequestKit::ReviewVerdict::changesRequested}};
+    details.reviews = {{"noa-b", ReviewVerdict::changesRequested}};
     details.passedChecks = {"build", "lint"};
     details.runningChecks = {"audit"};
     details.failedChecks = {"test"};
     details.checkLimit = 100;
     provider->setPullRequests({makePullRequest(1)});
     provider->setDetails({details});
-    start();
-    refresh();
+    startAndRefresh();
     const std::string expected = R"("isVisited":false,"details":{"requested":{"users":["mara"],)"
                                  R"("teams":["platform","RTLdocs"]},)"
                                  R"("reviews":[{"author":"noa-b","state":"changesRequested"}],)"
                                  R"("checks":{"passed":2,"running":["audit"],"failed":["test"]},)"
                                  R"("isCutOff":true}}],"hidden":{"filters":0,"muted":0}})";
-    EXPECT_THAT(text(), testing::HasSubstr(withMark(expected)));
+    EXPECT_THAT(text(), HasSubstr(withMark(expected)));
 }
 
 TEST_F(ListJson, tellsNoNamesWhereNoneAreKnown)
 {
     provider->setPullRequests({makePullRequest(1)});
-    start();
-    refresh();
-    EXPECT_THAT(text(), testing::HasSubstr(R"("isVisited":false,"details":null}],"hidden")"));
+    startAndRefresh();
+    EXPECT_THAT(text(), HasSubstr(R"("isVisited":false,"details":null}],"hidden")"));
 }
 
 TEST_F(ListJson, tellsTurnAndReasonBeforeTheNamesByWhoseTurn)
 {
-    using PullRequestKit::TurnReason;
-    using PullRequestKit::Whose;
     provider->setPullRequests({makePullRequest(1), makePullRequest(2), makePullRequest(3)});
-    start();
-    refresh();
-    Tarnwick::ArrangedRows list;
+    startAndRefresh();
+    ArrangedRows list;
     list.turns = {
         {Whose::you, TurnReason::changesRequested, {"noa-b", "\u202Emara"}},
         {Whose::teams, TurnReason::teamReview, {"platform"}},
@@ -113,17 +103,15 @@ TEST_F(ListJson, tellsTurnAndReasonBeforeTheNamesByWhoseTurn)
     const std::string written = text(list);
     const std::string expected =
         R"("isVisited":false,"turn":"you","reason":"Changes requested: noa-b, RTLmara","details":)";
-    EXPECT_THAT(written, testing::HasSubstr(withMark(expected)));
+    EXPECT_THAT(written, HasSubstr(withMark(expected)));
     EXPECT_THAT(
-        written,
-        testing::HasSubstr(R"("turn":"teams","reason":"Your team’s review: platform","details":)"));
-    EXPECT_THAT(written, testing::HasSubstr(R"("turn":"others","details":)"));
+        written, HasSubstr(R"("turn":"teams","reason":"Your team’s review: platform","details":)"));
+    EXPECT_THAT(written, HasSubstr(R"("turn":"others","details":)"));
 }
 
 TEST_F(ListJson, countsWhatIsHidden)
 {
-    auto draft = makePullRequest(2);
-    draft.isDraft = true;
+    const auto draft = with(makePullRequest(2), &PullRequest::isDraft, true);
     provider->setPullRequests({makePullRequest(1), draft});
     EXPECT_EQ(written().at("hidden"), (boost::json::object{{"filters", 1}, {"muted", 0}}));
 }
@@ -131,17 +119,14 @@ TEST_F(ListJson, countsWhatIsHidden)
 TEST_F(ListJson, tellsTheQuotaOnceItIsKnown)
 {
     provider->setPullRequests({makePullRequest(1)});
-    provider->setFacts([](auto) {
-        return PullRequestKit::FactsAnswer{
-            {}, PullRequestKit::Quota{5000, 312, TestSupport::date("2024-05-01T14:20:00Z")}};
-    });
+    provider->setFacts(
+        [](auto) { return FactsAnswer{{}, Quota{5000, 312, date("2024-05-01T14:20:00Z")}}; });
     EXPECT_FALSE(written().contains("quota"));
     Tarnwick::runUntilDone(model->askForFacts());
     EXPECT_THAT(
         text(),
-        testing::EndsWith(
-            R"(,"quota":{"remaining":312,"limit":5000,"resetAt":"2024-05-01T14:20:00Z"}})"
-            "\n"));
+        EndsWith(R"(,"quota":{"remaining":312,"limit":5000,"resetAt":"2024-05-01T14:20:00Z"}})"
+                 "\n"));
 }
 
 }  // namespace

@@ -9,18 +9,12 @@
 #include <cwchar>
 #include <sstream>
 
-#include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
 namespace {
 
-using namespace PullRequestKit;
 using namespace TarnwickDirect;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 bool noneIsVisited(const PullRequest& /*pullRequest*/)
 {
@@ -80,15 +74,13 @@ TEST(ListText, saysWhatStandsInTheWay)
 
 TEST(ListText, tellsDraftsApart)
 {
-    auto draft = makePullRequest(1);
-    draft.isDraft = true;
+    const auto draft = with(makePullRequest(1), &PullRequest::isDraft, true);
     EXPECT_THAT(list({draft}), HasSubstr("  draft  "));
 }
 
 TEST(ListText, countsReviewsThatAreRequiredThoughNobodyIsAsked)
 {
-    auto unreviewed = makePullRequest(1);
-    unreviewed.requiredApprovingReviewCount = 1;
+    const auto unreviewed = with(makePullRequest(1), &PullRequest::requiredApprovingReviewCount, 1);
     EXPECT_THAT(list({unreviewed}), HasSubstr("  no reviews 0/1/0  "));
 }
 
@@ -254,8 +246,7 @@ rc::Gen<std::string> anyTitle()
 
 std::vector<PullRequestRow> anyRows()
 {
-    auto pullRequests =
-        *rc::gen::container<std::vector<PullRequest>>(TestSupport::crowdedPullRequest());
+    auto pullRequests = *rc::gen::container<std::vector<PullRequest>>(crowdedPullRequest());
     for (PullRequest& pullRequest : pullRequests) {
         pullRequest.title = *anyTitle();
     }
@@ -293,9 +284,9 @@ RC_GTEST_PROP(ListTextProperties, titlesKeepHalfOfTheWidth, ())
     }
 }
 
-Tarnwick::ArrangedRows arrangedList()
+ArrangedRows arrangedList()
 {
-    Tarnwick::ArrangedRows list;
+    ArrangedRows list;
     list.rows = StackBuilder::rows(
         {titled(makePullRequest(1, "a", "main"), "one"),
          titled(makePullRequest(2, "b", "a"), "two"),
@@ -308,7 +299,7 @@ Tarnwick::ArrangedRows arrangedList()
     return list;
 }
 
-std::string byTurn(const Tarnwick::ArrangedRows& list, const TerminalTraits& traits = {})
+std::string byTurn(const ArrangedRows& list, const TerminalTraits& traits = {})
 {
     return listText({list.rows, list.turns, list.groups}, noneIsVisited, traits);
 }
@@ -349,7 +340,7 @@ TEST(ListText, shortensReasonsToTheirFirstName)
 
 TEST(ListText, namesInReasonsCannotSteerTheTerminal)
 {
-    Tarnwick::ArrangedRows list = arrangedList();
+    ArrangedRows list = arrangedList();
     list.turns[1].names = {"\x1b]0;owned\x07", "two\nlines"};
     EXPECT_THAT(byTurn(list), HasSubstr("Waiting for �]0;owned�, two�lines  "));
 }
@@ -367,7 +358,7 @@ TEST(ListText, makesHeadingsAndWhatAsksSomethingStrong)
 RC_GTEST_PROP(ListTextProperties, noLineByWhoseTurnIsWiderThanTheTerminal, ())
 {
     const int columns = *rc::gen::inRange(1, 160);
-    Tarnwick::ArrangedRows list;
+    ArrangedRows list;
     list.rows = anyRows();
     for (std::size_t row = 0; row < list.rows.size(); ++row) {
         const auto whose = *rc::gen::element(Whose::you, Whose::others);

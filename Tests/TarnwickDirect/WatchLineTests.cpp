@@ -4,8 +4,6 @@
 
 #include <boost/json.hpp>
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace TarnwickDirect;

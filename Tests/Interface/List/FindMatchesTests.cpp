@@ -8,8 +8,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace testing;
 
 std::vector<TextRange> found(const QString& text, const QString& typed)
 {

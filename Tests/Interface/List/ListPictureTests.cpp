@@ -16,8 +16,6 @@
 #include <memory>
 #include <utility>
 
-#include <gtest/gtest.h>
-
 namespace Tarnwick {
 namespace {
 

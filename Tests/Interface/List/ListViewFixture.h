@@ -13,8 +13,6 @@
 #include <map>
 #include <vector>
 
-#include <gtest/gtest.h>
-
 namespace Tarnwick {
 
 inline const QPoint onTitle(100, 18);

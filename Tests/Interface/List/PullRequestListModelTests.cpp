@@ -13,23 +13,16 @@
 #include <numeric>
 #include <random>
 
-#include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
 namespace {
 
-using namespace PullRequestKit;
 using namespace Qt::StringLiterals;
-using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using TestSupport::date;
-using TestSupport::makePullRequest;
-using TestSupport::own;
+using namespace TestSupport;
 
 ListedRow listed(std::int64_t number)
 {
-    return TestSupport::listedRow({makePullRequest(number), 0, false, {}});
+    return listedRow({makePullRequest(number), 0, false, {}});
 }
 
 std::vector<ListedRow> listed(const std::vector<std::int64_t>& numbers)

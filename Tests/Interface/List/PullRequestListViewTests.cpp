@@ -12,20 +12,10 @@
 #include <map>
 #include <memory>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
 using namespace Qt::StringLiterals;
-using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using TestSupport::listedRow;
-using TestSupport::makePullRequest;
-using TestSupport::own;
-using TestSupport::plainRows;
-using TestSupport::sampleRows;
+using namespace TestSupport;
 
 class PullRequestListViewTests : public ListViewTest {};
 
@@ -471,18 +461,9 @@ TEST_F(PullRequestListViewTests, aRowsMenuOpensAndCopies)
     const auto* const menu = view.findChild<QMenu*>(u"rowMenu"_s);
     ASSERT_NE(menu, nullptr);
     EXPECT_EQ(
-        namesIn(*menu),
-        QStringList(
-            {u"Open in Browser"_s,
-             u"Open in Editor"_s,
-             u"Open Files"_s,
-             u"Open Checks"_s,
-             u"-"_s,
-             u"Mark as Read"_s,
-             u"Mute"_s,
-             u"-"_s,
-             u"Copy Link"_s,
-             u"Copy Branch Name"_s}));
+        namesIn(*menu).join(u", "_s),
+        u"Open in Browser, Open in Editor, Open Files, Open Checks, -, Mark as Read, Mute, -, "
+        u"Copy Link, Copy Branch Name"_s);
     actionNamed(*menu, u"Open in Browser"_s)->trigger();
     actionNamed(*menu, u"Open in Editor"_s)->trigger();
     actionNamed(*menu, u"Open Files"_s)->trigger();
@@ -528,7 +509,7 @@ TEST_F(PullRequestListViewTests, aDotSaysWhatHasChanged)
 {
     std::vector<ListedRow> rows = sampleRows();
     rows[1].since = {
-        TestSupport::sampleNow() - std::chrono::days(1),
+        sampleNow() - std::chrono::days(1),
         {{ChangeKind::approved, {}, {}}, {ChangeKind::checks, "4/4", "2/4"}}};
     rows[2].since = rows[1].since;
     rows[2].sight = Sight::hiddenByStatus;
@@ -568,7 +549,7 @@ TEST_F(PullRequestListViewTests, aRowIsMarkedAsReadOrUnread)
 
 TEST_F(PullRequestListViewTests, whenTheSelectedRowGoesTheNextPullRequestIsSelected)
 {
-    std::vector<ListedRow> rows = TestSupport::turnRows();
+    std::vector<ListedRow> rows = turnRows();
     show(rows);
     const auto firstOfNextGroup = std::ranges::find_if(
         rows, [&](const ListedRow& row) { return row.heading != rows.front().heading; });

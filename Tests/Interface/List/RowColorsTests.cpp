@@ -2,13 +2,9 @@
 
 #include "Support/PullRequests.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 const QColor greenOnScreen(0x1A7F37);
 const QColor redOnScreen(0xCF222E);

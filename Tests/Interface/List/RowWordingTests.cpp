@@ -2,15 +2,10 @@
 
 #include "Support/PullRequests.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
-using namespace PullRequestKit;
 using namespace Qt::StringLiterals;
-using namespace Tarnwick;
-using TestSupport::date;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 PullRequest inState(PullRequestState state, bool isDraft = false)
 {
@@ -201,8 +196,7 @@ TEST(RowWording, hiddenRowsSayWhichFilterHidesThem)
     EXPECT_EQ(reasonOf(Sight::hiddenByReviews), u"Hidden by Reviews"_s);
     EXPECT_EQ(reasonOf(Sight::hiddenByChecks), u"Hidden by Checks"_s);
     EXPECT_EQ(reasonOf(Sight::muted), u"Muted until it changes"_s);
-    EXPECT_EQ(
-        reasonOf(Sight::muted, TestSupport::date("2025-06-20T12:05:00Z")), u"Muted until 14:05"_s);
+    EXPECT_EQ(reasonOf(Sight::muted, date("2025-06-20T12:05:00Z")), u"Muted until 14:05"_s);
     EXPECT_EQ(reasonOf(Sight::authorMuted), u"Author muted"_s);
     EXPECT_EQ(reasonOf(Sight::inSight), QString());
 }

@@ -11,10 +11,6 @@
 
 namespace TestSupport {
 
-using namespace PullRequestKit;
-using namespace std::chrono_literals;
-using Tarnwick::ListedRow;
-
 namespace {
 
 const std::map<QString, ReviewState> reviewStates{

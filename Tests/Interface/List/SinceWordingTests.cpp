@@ -2,14 +2,10 @@
 
 #include "Support/PullRequests.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
 using namespace Qt::StringLiterals;
-using namespace Tarnwick;
-using TestSupport::date;
+using namespace TestSupport;
 
 const QTimeZone& berlin()
 {

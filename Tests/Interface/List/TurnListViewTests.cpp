@@ -8,17 +8,10 @@
 
 #include <algorithm>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
 using namespace Qt::StringLiterals;
-using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using TestSupport::turnRow;
-using TestSupport::turnRows;
+using namespace TestSupport;
 
 /// Thirty rows of 52 under two headings of 28: 1 to 10 wait for the user, the others for others.
 std::vector<ListedRow> thirtyRows()
@@ -118,7 +111,7 @@ TEST_F(TurnListViewTests, controlAndArrowsLeadToGroups)
 
 TEST_F(TurnListViewTests, withoutGroupsTheKeysAreNotTheLists)
 {
-    show(TestSupport::plainRows(3));
+    show(plainRows(3));
     QKeyEvent event(QEvent::KeyPress, Qt::Key_Down, Qt::ControlModifier);
     QApplication::sendEvent(&view, &event);
     EXPECT_FALSE(event.isAccepted());

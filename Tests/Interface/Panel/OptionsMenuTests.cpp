@@ -1,6 +1,7 @@
 #include "Tarnwick/Interface/Panel/OptionsMenu.h"
 
 #include "Fakes/ModelFixture.h"
+#include "Support/Joined.h"
 
 #include <QAccessible>
 #include <QSignalSpy>
@@ -11,9 +12,9 @@
 namespace Tarnwick {
 namespace {
 
-using testing::ElementsAre;
+using namespace TestSupport;
 
-class OptionsMenuTests : public TestSupport::ModelTest {
+class OptionsMenuTests : public ModelTest {
 protected:
     OptionsMenuTests()
     {
@@ -66,7 +67,7 @@ protected:
     void choose(const char* title, const char* choice)
     {
         item(submenu(title), choice)->trigger();
-        TestSupport::processEvents();
+        processEvents();
     }
 
     std::unique_ptr<OptionsMenu> menu;
@@ -99,26 +100,11 @@ TEST_F(OptionsMenuTests, listsMutedAuthorsWhileThereAreSome)
 
 TEST_F(OptionsMenuTests, hasItsItemsInOrder)
 {
-    EXPECT_THAT(
-        itemsOf(*menu),
-        ElementsAre(
-            "Reload",
-            "Polling >",
-            "Notifications >",
-            "Settings >",
-            "-",
-            "[Filters]",
-            "Repositories",
-            "Reviewers >",
-            "Status >",
-            "Checks >",
-            "Reviews >",
-            "Merge-ready >",
-            "-",
-            "Arrange >",
-            "-",
-            "Help",
-            "Quit"));
+    EXPECT_EQ(
+        joined(itemsOf(*menu)),
+        "Reload, Polling >, Notifications >, Settings >, -, [Filters], Repositories, "
+        "Reviewers >, Status >, Checks >, Reviews >, Merge-ready >, -, Arrange >, -, Help, "
+        "Quit");
     EXPECT_EQ(menu->accessibleName(), QStringLiteral("List options"));
 }
 
@@ -133,7 +119,7 @@ TEST_F(OptionsMenuTests, arrangesTheList)
 
 TEST_F(OptionsMenuTests, resetsTheFiltersWhileOneDiffersFromItsDefault)
 {
-    EXPECT_THAT(itemsOf(*menu), testing::Not(testing::Contains("Reset Filters")));
+    EXPECT_THAT(itemsOf(*menu), Not(Contains("Reset Filters")));
     choose("Checks", "Pass");
     const std::vector<std::string> items = itemsOf(*menu);
     const auto place = std::ranges::find(items, "Reset Filters");
@@ -142,7 +128,7 @@ TEST_F(OptionsMenuTests, resetsTheFiltersWhileOneDiffersFromItsDefault)
     EXPECT_EQ(*(place + 1), "-");
     item(*menu, "Reset Filters")->trigger();
     EXPECT_THAT(checked("Checks"), ElementsAre("None", "Pending", "Pass", "Fail"));
-    EXPECT_THAT(itemsOf(*menu), testing::Not(testing::Contains("Reset Filters")));
+    EXPECT_THAT(itemsOf(*menu), Not(Contains("Reset Filters")));
 }
 
 TEST_F(OptionsMenuTests, screenReadersTellTheKeyApartFromTheTitle)
@@ -161,7 +147,7 @@ TEST_F(OptionsMenuTests, aPressByAScreenReaderClosesItUnlessItWasAChoice)
     const auto press = [](QMenu& shown, int place) {
         QAccessible::queryAccessibleInterface(&shown)->child(place)->actionInterface()->doAction(
             QAccessibleActionInterface::pressAction());
-        TestSupport::processEvents();
+        processEvents();
     };
     menu->popup({0, 0});
     press(submenu("Status"), 1);
@@ -197,9 +183,9 @@ TEST_F(OptionsMenuTests, choicesReachTheModelAndItsMarksFollow)
 
     choose("Status", "Draft");
     EXPECT_TRUE(model->settings().statuses.contains(StatusFilter::draft));
-    EXPECT_THAT(checked("Status"), testing::Contains("Draft"));
+    EXPECT_THAT(checked("Status"), Contains("Draft"));
     choose("Status", "Draft");
-    EXPECT_THAT(checked("Status"), testing::Not(testing::Contains("Draft")));
+    EXPECT_THAT(checked("Status"), Not(Contains("Draft")));
 
     choose("Reviewers", "Any");
     EXPECT_THAT(checked("Reviewers"), ElementsAre("Any"));
@@ -251,7 +237,7 @@ TEST_F(OptionsMenuTests, checksForUpdatesOnlyWhereThereIsAnUpdater)
 {
     int checks = 0;
     menu->setUpdateCheck(false, [&checks] { ++checks; });
-    EXPECT_THAT(itemsOf(*menu), testing::Contains("Check for Updates…"));
+    EXPECT_THAT(itemsOf(*menu), Contains("Check for Updates…"));
     EXPECT_FALSE(item(*menu, "Check for Updates…")->isEnabled());
     menu->setUpdateCheck(true, [&checks] { ++checks; });
     item(*menu, "Check for Updates…")->trigger();

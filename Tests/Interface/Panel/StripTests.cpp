@@ -9,7 +9,9 @@
 namespace Tarnwick {
 namespace {
 
-class StripTests : public TestSupport::ModelTest {
+using namespace TestSupport;
+
+class StripTests : public ModelTest {
 protected:
     StripTests()
     {
@@ -22,6 +24,20 @@ protected:
     void press(const char* name) const
     {
         strips->findChild<QAbstractButton*>(QLatin1String(name))->click();
+    }
+
+    void refreshInVain()
+    {
+        provider->setError("error connecting to api.github.com");
+        refresh();
+    }
+
+    /// A list that cannot be refreshed.
+    void listAndFail()
+    {
+        selectTools();
+        refresh();
+        refreshInVain();
     }
 
     std::unique_ptr<StripStack> strips;
@@ -37,21 +53,20 @@ TEST_F(StripTests, areHiddenWhileThereIsNothingToSay)
 
 TEST_F(StripTests, thatPollingRestsIsSaidUntilGitHubGrantsMore)
 {
-    const PullRequestKit::Quota quota{5000, 312, clock->now() + std::chrono::minutes(10)};
-    provider->setFacts([quota](std::span<const PullRequestKit::PullRequest>) {
-        return PullRequestKit::FactsAnswer{.facts = {}, .quota = quota};
-    });
-    provider->setPullRequests({TestSupport::makePullRequest(1)});
+    const Quota quota{5000, 312, clock->now() + std::chrono::minutes(10)};
+    provider->setFacts(
+        [quota](std::span<const PullRequest>) { return FactsAnswer{.facts = {}, .quota = quota}; });
+    provider->setPullRequests({makePullRequest(1)});
     selectTools();
     model->setArrangement(Arrangement::byWhoseTurn);
     refresh();
-    TestSupport::runToEnd(model->askForFacts());
+    runToEnd(model->askForFacts());
     EXPECT_TRUE(
         strip("restingQuota").text().startsWith(QStringLiteral("GitHub quota 312 of 5,000")))
         << strip("restingQuota").text().toStdString();
     EXPECT_FALSE(strip("restingQuota").isHidden());
     clock->advance(std::chrono::minutes(10));
-    EXPECT_TRUE(TestSupport::eventually([this] { return strip("restingQuota").isHidden(); }));
+    EXPECT_TRUE(eventually([this] { return strip("restingQuota").isHidden(); }));
 }
 
 TEST_F(StripTests, theListByWhoseTurnLeadsOnceToWhatInvolvesTheUser)
@@ -93,10 +108,7 @@ TEST_F(StripTests, nobodyIsToldThatOnlyReviewsAreListedWhereMoreIs)
 
 TEST_F(StripTests, aFailedRefreshCanBeTriedAgainAndPutAway)
 {
-    selectTools();
-    refresh();
-    provider->setError("error connecting to api.github.com");
-    refresh();
+    listAndFail();
     ASSERT_EQ(
         strip("refreshError").text(),
         QStringLiteral("Showing cached data: error connecting to api.github.com"));
@@ -105,8 +117,7 @@ TEST_F(StripTests, aFailedRefreshCanBeTriedAgainAndPutAway)
     EXPECT_FALSE(model->refreshError());
     EXPECT_TRUE(strip("refreshError").isHidden());
 
-    provider->setError("error connecting to api.github.com");
-    refresh();
+    refreshInVain();
     ASSERT_FALSE(strip("refreshError").isHidden());
     provider->setError({});
     press("refreshErrorAction");
@@ -145,10 +156,7 @@ TEST_F(StripTests, aTextTakesThreeLinesAtMostAndIsWholeInItsHelpText)
 
 TEST_F(StripTests, staysWhileTheNextRefreshRunsAndGoesWithItsSuccess)
 {
-    selectTools();
-    refresh();
-    provider->setError("error connecting to api.github.com");
-    refresh();
+    listAndFail();
     const QString text = strip("refreshError").text();
     ASSERT_FALSE(text.isEmpty());
     provider->setError({});
@@ -161,18 +169,14 @@ TEST_F(StripTests, staysWhileTheNextRefreshRunsAndGoesWithItsSuccess)
 
 TEST_F(StripTests, onceItIsPutAwayItStaysAwayUntilTheNextFailure)
 {
-    selectTools();
-    refresh();
-    provider->setError("error connecting to api.github.com");
-    refresh();
+    listAndFail();
     provider->setError({});
     openAndHold();
     press("refreshErrorDismiss");
     EXPECT_TRUE(strip("refreshError").isHidden());
     releaseAndSettle();
     EXPECT_TRUE(strip("refreshError").isHidden());
-    provider->setError("error connecting to api.github.com");
-    refresh();
+    refreshInVain();
     EXPECT_FALSE(strip("refreshError").isHidden());
 }
 
@@ -197,10 +201,10 @@ TEST_F(StripTests, slidesOpenAndShut)
     sliding.setText(QStringLiteral("short"));
     EXPECT_TRUE(sliding.isVisible());
     EXPECT_LT(sliding.heightForWidth(420), 32);
-    EXPECT_TRUE(TestSupport::eventually([&] { return sliding.heightForWidth(420) == 32; }));
+    EXPECT_TRUE(eventually([&] { return sliding.heightForWidth(420) == 32; }));
     sliding.setText({});
     EXPECT_TRUE(sliding.isVisible());
-    EXPECT_TRUE(TestSupport::eventually([&] { return sliding.isHidden(); }));
+    EXPECT_TRUE(eventually([&] { return sliding.isHidden(); }));
 }
 
 TEST_F(StripTests, doesNotSlideWhereTheDesktopWantsNoMotion)

@@ -6,15 +6,12 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 
-#include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
 namespace Tarnwick {
 namespace {
 
-using PullRequestKit::RepositorySummary;
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace TestSupport;
 
 std::vector<RepositorySummary> named(const std::vector<std::string>& names)
 {

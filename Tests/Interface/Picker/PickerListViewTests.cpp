@@ -1,4 +1,5 @@
 #include "Picker/PickerFixture.h"
+#include "Support/Joined.h"
 
 #include <QAccessible>
 #include <QHelpEvent>
@@ -8,16 +9,14 @@
 namespace Tarnwick {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
+using namespace TestSupport;
 
 class PickerListViewTests : public PickerTest {
 protected:
     /// Two owners with 40 repositories each, at a list height that shows about seven.
     void openMany()
     {
-        std::vector<PullRequestKit::RepositorySummary> repositories;
+        std::vector<RepositorySummary> repositories;
         for (const char* const owner : {"arbour", "basin"}) {
             for (int number = 1; number <= 40; ++number) {
                 repositories.push_back(
@@ -42,17 +41,9 @@ protected:
 TEST_F(PickerListViewTests, ownersAndTheirRepositoriesLieBelowEachOther)
 {
     open(someRepositories());
-    EXPECT_THAT(
-        rows(),
-        ElementsAre(
-            "fenland:",
-            "capstan",
-            "harbour-9",
-            "harbour-10",
-            "northmere:",
-            "almanac",
-            "beacon",
-            "quay"));
+    EXPECT_EQ(
+        joined(rows()),
+        "fenland:, capstan, harbour-9, harbour-10, northmere:, almanac, beacon, quay");
     EXPECT_EQ(placeOf(0), QRect(0, 0, 420, 32));
     EXPECT_EQ(placeOf(1), QRect(0, 32, 420, 48));
     EXPECT_EQ(placeOf(4), QRect(0, 32 + 3 * 48, 420, 32));
@@ -208,7 +199,7 @@ TEST_F(PickerListViewTests, whatIsInSightStaysWhenRepositoriesComeAndGo)
     }
     provider->setRepositories(names);
     refresh();
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_EQ(list()->model()->rowCount(), 44);
     EXPECT_EQ(list()->currentIndex(), last);
     EXPECT_EQ(current(), "r40");
@@ -245,7 +236,7 @@ TEST_F(PickerListViewTests, aNameThatIsCutShortIsToldInAHelpText)
         return QToolTip::text().toStdString();
     };
     EXPECT_EQ(helpAt(QPoint(100, 90)), "");
-    EXPECT_THAT(helpAt(QPoint(100, 40)), testing::HasSubstr(longName));
+    EXPECT_THAT(helpAt(QPoint(100, 40)), HasSubstr(longName));
 }
 
 TEST_F(PickerListViewTests, thePointerTellsTheButton)

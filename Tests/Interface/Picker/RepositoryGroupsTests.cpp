@@ -1,5 +1,7 @@
 #include "Tarnwick/Interface/Picker/RepositoryGroups.h"
 
+#include "Support/Mapped.h"
+
 #include <gmock/gmock.h>
 
 namespace Tarnwick {
@@ -19,20 +21,12 @@ std::vector<RepositorySummary> named(const std::vector<std::string>& names)
 
 std::vector<std::string> ownersOf(const std::vector<RepositoryGroup>& groups)
 {
-    std::vector<std::string> owners;
-    for (const RepositoryGroup& group : groups) {
-        owners.push_back(group.owner);
-    }
-    return owners;
+    return TestSupport::mapped(groups, &RepositoryGroup::owner);
 }
 
 std::vector<std::string> namesOf(const RepositoryGroup& group)
 {
-    std::vector<std::string> names;
-    for (const RepositorySummary& repository : group.repositories) {
-        names.push_back(repository.fullName);
-    }
-    return names;
+    return TestSupport::mapped(group.repositories, &PullRequestKit::RepositorySummary::fullName);
 }
 
 TEST(RepositoryGroupsTests, theOwnerIsThePartBeforeTheFirstSlash)

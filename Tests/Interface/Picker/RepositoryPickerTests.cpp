@@ -8,8 +8,17 @@
 namespace Tarnwick {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace TestSupport;
+
+/// From top to bottom.
+const std::vector<std::string> controls{
+    "done",
+    "findRepository",
+    "projectDirectory",
+    "chooseProjectDirectory",
+    "selectAll",
+    "selectNone",
+    "repositories"};
 
 class RepositoryPickerTests : public PickerTest {
 protected:
@@ -18,6 +27,19 @@ protected:
     void press(const char* button) const { part<QAbstractButton>(button)->click(); }
 
     QLineEdit* directoryField() const { return part<QLineEdit>("projectDirectory"); }
+
+    /// Opens the picker and types a path over the one that is there.
+    void openAndType(const char* path)
+    {
+        open(someRepositories());
+        directoryField()->setFocus();
+        QTest::keyClicks(directoryField(), QLatin1String(path));
+    }
+
+    bool noteBecomes(const char* note) const
+    {
+        return eventually([&] { return textOf("projectDirectoryNote") == QLatin1String(note); });
+    }
 
     QFileDialog* dialog() const { return picker->findChild<QFileDialog*>(); }
 
@@ -51,15 +73,8 @@ TEST_F(RepositoryPickerTests, saysWhatItIsFor)
 TEST_F(RepositoryPickerTests, everyControlHasAnAccessibleName)
 {
     open(someRepositories());
-    for (const char* const name :
-         {"done",
-          "findRepository",
-          "projectDirectory",
-          "chooseProjectDirectory",
-          "selectAll",
-          "selectNone",
-          "repositories"}) {
-        EXPECT_FALSE(part<QWidget>(name)->accessibleName().isEmpty()) << name;
+    for (const std::string& name : controls) {
+        EXPECT_FALSE(part<QWidget>(name.c_str())->accessibleName().isEmpty()) << name;
     }
     EXPECT_EQ(picker->accessibleName(), QStringLiteral("Repositories"));
 }
@@ -92,16 +107,7 @@ TEST_F(RepositoryPickerTests, tabGoesFromTopToBottom)
         names.push_back(QApplication::focusWidget()->objectName().toStdString());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
-    EXPECT_THAT(
-        names,
-        ElementsAre(
-            "done",
-            "findRepository",
-            "projectDirectory",
-            "chooseProjectDirectory",
-            "selectAll",
-            "selectNone",
-            "repositories"));
+    EXPECT_EQ(names, controls);
     EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("done"));
 }
 
@@ -231,17 +237,12 @@ TEST_F(RepositoryPickerTests, doneCloses)
 
 TEST_F(RepositoryPickerTests, settingAndNoteFollowEveryKeystroke)
 {
-    const auto noteBecomes = [&](const QString& note) {
-        return TestSupport::eventually([&] { return textOf("projectDirectoryNote") == note; });
-    };
-    open(someRepositories());
-    directoryField()->setFocus();
-    QTest::keyClicks(directoryField(), QStringLiteral("/no"));
+    openAndType("/no");
     EXPECT_EQ(directory(), "/no");
-    EXPECT_TRUE(noteBecomes(QStringLiteral("The folder /no does not exist.")));
+    EXPECT_TRUE(noteBecomes("The folder /no does not exist."));
     QTest::keyClicks(directoryField(), QStringLiteral("where"));
     EXPECT_EQ(directory(), "/nowhere");
-    EXPECT_TRUE(noteBecomes(QStringLiteral("The folder /nowhere does not exist.")));
+    EXPECT_TRUE(noteBecomes("The folder /nowhere does not exist."));
     QTest::keyClick(directoryField(), Qt::Key_Return);
     EXPECT_EQ(directory(), "/nowhere");
     EXPECT_EQ(doneCount, 0);
@@ -249,21 +250,17 @@ TEST_F(RepositoryPickerTests, settingAndNoteFollowEveryKeystroke)
 
 TEST_F(RepositoryPickerTests, theNoteSaysWhenTheFolderDoesNotExist)
 {
-    const auto noteBecomes = [&](const QString& note) {
-        return TestSupport::eventually([&] { return textOf("projectDirectoryNote") == note; });
-    };
     open(someRepositories());
     QDir(folder.path()).mkdir(QStringLiteral("clones"));
     directoryField()->setFocus();
     QTest::keyClicks(directoryField(), QStringLiteral("/nowhere"));
-    EXPECT_TRUE(noteBecomes(QStringLiteral("The folder /nowhere does not exist.")));
+    EXPECT_TRUE(noteBecomes("The folder /nowhere does not exist."));
     directoryField()->selectAll();
     QTest::keyClicks(directoryField(), QStringLiteral("/tmp"));
-    EXPECT_TRUE(noteBecomes(QStringLiteral("Repositories open from /tmp/<repository>.")));
+    EXPECT_TRUE(noteBecomes("Repositories open from /tmp/<repository>."));
     directoryField()->selectAll();
     QTest::keyClick(directoryField(), Qt::Key_Delete);
-    EXPECT_TRUE(
-        noteBecomes(QStringLiteral("Repositories open from <project directory>/<repository>.")));
+    EXPECT_TRUE(noteBecomes("Repositories open from <project directory>/<repository>."));
 }
 
 TEST_F(RepositoryPickerTests, escapeKeepsTheTypedPathAndGoesBack)
@@ -279,18 +276,14 @@ TEST_F(RepositoryPickerTests, escapeKeepsTheTypedPathAndGoesBack)
 
 TEST_F(RepositoryPickerTests, aPathThatComesFromElsewhereIsShown)
 {
-    open(someRepositories());
-    directoryField()->setFocus();
-    QTest::keyClicks(directoryField(), QStringLiteral("/srv"));
+    openAndType("/srv");
     model->setProjectDirectory("/home/mira/code");
     EXPECT_EQ(directoryField()->text(), QStringLiteral("/home/mira/code"));
 }
 
 TEST_F(RepositoryPickerTests, aChangedSelectionLeavesThePathAlone)
 {
-    open(someRepositories());
-    directoryField()->setFocus();
-    QTest::keyClicks(directoryField(), QStringLiteral("/srv"));
+    openAndType("/srv");
     model->toggleRepository("fenland/capstan");
     EXPECT_EQ(directoryField()->text(), QStringLiteral("/srv"));
 }
@@ -312,8 +305,7 @@ TEST_F(RepositoryPickerTests, aLongPathIsShortenedInTheMiddleOfTheNote)
     const std::string path = "/home/mira/" + std::string(120, 'p') + "/projects";
     model->setProjectDirectory(path);
     const QString end = QStringLiteral("/projects does not exist.");
-    EXPECT_TRUE(
-        TestSupport::eventually([&] { return textOf("projectDirectoryNote").endsWith(end); }));
+    EXPECT_TRUE(eventually([&] { return textOf("projectDirectoryNote").endsWith(end); }));
     const QString note = textOf("projectDirectoryNote");
     EXPECT_TRUE(note.startsWith(QStringLiteral("The folder /home/mira/"))) << note.toStdString();
     EXPECT_TRUE(note.contains(u'…'));
@@ -338,7 +330,7 @@ TEST_F(RepositoryPickerTests, theFolderDialogKeepsThePanelOpenAndGivesThePath)
     const QString chosen = folder.filePath(QStringLiteral("clones"));
     dialog()->selectFile(chosen);
     QMetaObject::invokeMethod(dialog(), "accept");
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_FALSE(picker->keepsOpen());
     EXPECT_EQ(directory(), chosen.toStdString());
     EXPECT_EQ(directoryField()->text(), chosen);
@@ -350,7 +342,7 @@ TEST_F(RepositoryPickerTests, aDismissedFolderDialogChangesNothing)
     model->setProjectDirectory(folder.path().toStdString());
     press("chooseProjectDirectory");
     dialog()->reject();
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_FALSE(picker->keepsOpen());
     EXPECT_EQ(directory(), folder.path().toStdString());
 }
@@ -360,7 +352,7 @@ TEST_F(RepositoryPickerTests, theTextSizeMovesEverything)
     open(someRepositories());
     setApplicationStyle(1.5);
     picker->resize(630, 900);
-    TestSupport::processEvents();
+    processEvents();
     // 66 of head, 10, 42 of field, 12, the section, 12, 1 and 64 of summary.
     EXPECT_EQ(list()->y(), 66 + 10 + 42 + 12 + (28 + 6 + 48 + 6 + 24) + 12 + 1 + 64);
 }

@@ -1,5 +1,6 @@
 #include "Tarnwick/Interface/Style/ResourceIcon.h"
 
+#include "Support/Errors.h"
 #include "Tarnwick/Interface/Style/AppResources.h"
 #include "Tarnwick/Interface/Style/Drawing.h"
 #include "Tarnwick/Interface/Style/SystemSymbol.h"
@@ -10,8 +11,6 @@
 #include <QTemporaryDir>
 
 #include <stdexcept>
-
-#include <gtest/gtest.h>
 
 namespace Tarnwick {
 namespace {
@@ -58,16 +57,13 @@ TEST(ResourceIconTests, aFileThatIsNoDrawingIsNotDrawn)
 
 TEST(AppResourcesTests, aMissingBundleIsToldWithThePlacesLookedAt)
 {
-    try {
+    const auto load = [] {
         AppResources{
             {QStringLiteral("/nowhere/first.bundle"), QStringLiteral("/nowhere/second.bundle")}};
-        FAIL() << "A bundle was found.";
-    } catch (const std::runtime_error& error) {
-        EXPECT_STREQ(
-            error.what(),
-            "could not load resource bundle: from /nowhere/first.bundle or "
-            "/nowhere/second.bundle");
-    }
+    };
+    EXPECT_EQ(
+        TestSupport::messageOf<std::runtime_error>(load),
+        "could not load resource bundle: from /nowhere/first.bundle or /nowhere/second.bundle");
 }
 
 TEST(AppResourcesTests, theBundleLiesInTheInstallationOrBesideTheProgram)

@@ -1,5 +1,7 @@
 #include "Tarnwick/Desktop/AutostartLoginItem.h"
 
+#include "Support/Errors.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -7,13 +9,10 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
-#include <gmock/gmock.h>
-
 namespace {
 
 using namespace Tarnwick;
-using testing::HasSubstr;
-using testing::StartsWith;
+using namespace testing;
 
 class AutostartItem : public testing::Test {
 protected:
@@ -95,14 +94,9 @@ TEST_F(AutostartItem, saysInASentenceWhyItCannotBeChanged)
 {
     QFile file(folder.filePath(QStringLiteral("autostart")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    try {
-        item().registerItem();
-        FAIL();
-    } catch (const std::exception& error) {
-        EXPECT_EQ(
-            std::string(error.what()),
-            "The entry " + path().toStdString() + " cannot be changed (Not a directory).");
-    }
+    EXPECT_EQ(
+        TestSupport::messageOf([this] { item().registerItem(); }),
+        "The entry " + path().toStdString() + " cannot be changed (Not a directory).");
 }
 
 TEST(AutostartEntry, quotesThePathByTheRulesOfDesktopEntries)

@@ -2,6 +2,7 @@
 #include "Fakes/EventLoop.h"
 #include "PullRequestKit/Errors.h"
 #include "Support/BootTimers.h"
+#include "Support/Errors.h"
 #include "Tarnwick/ExternalNavigation.h"
 
 #include <QCoreApplication>
@@ -10,15 +11,11 @@
 
 #include <fstream>
 
-#include <gmock/gmock.h>
 #include <unistd.h>
 
 namespace {
 
-using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::StartsWith;
+using namespace TestSupport;
 
 namespace fs = std::filesystem;
 
@@ -61,17 +58,12 @@ protected:
             branch,
             [this](const std::string& text) { progress.push_back(text); },
             stop.get_token());
-        TestSupport::runToEnd(std::move(opening));
+        runToEnd(std::move(opening));
     }
 
     std::string messageOf(const std::string& branch)
     {
-        try {
-            open(branch);
-        } catch (const ExternalNavigationError& error) {
-            return error.message();
-        }
-        return "nothing was thrown";
+        return TestSupport::messageOf<ExternalNavigationError>([&] { open(branch); });
     }
 
     /// The names that lie below the folder of worktrees.
@@ -86,7 +78,7 @@ protected:
         return names;
     }
 
-    TestSupport::GitClone git;
+    GitClone git;
     std::vector<std::string> progress;
     std::stop_source stop;
 };
@@ -129,6 +121,11 @@ TEST_F(EditorWorktreeGit, takesTheLocalBranchAsItIs)
     git.git({"branch", "local-only"});
     open("local-only");
     EXPECT_EQ(git.branchIn(git.worktrees() / "local-only"), "local-only");
+    git.git({"branch", "a/b/c", "main"});
+    git.git({"commit", "--quiet", "--allow-empty", "--message=More"});
+    git.git({"push", "--quiet", "--force", "origin", "HEAD:a/b/c"});
+    open("a/b/c");
+    EXPECT_EQ(git.git({"rev-parse", "a/b/c"}), git.git({"rev-parse", "main~1"}));
 }
 
 TEST_F(EditorWorktreeGit, opensTheOneItMadeBefore)
@@ -175,7 +172,7 @@ TEST_F(EditorWorktreeGit, failsWithGitsWordsWhenAnotherBranchHasTheFolder)
     open("a-b-c");
     const std::string message = messageOf("a/b/c");
     EXPECT_THAT(message, StartsWith("Creating the worktree failed (exit 128).\n"));
-    EXPECT_THAT(message, testing::HasSubstr("already exists"));
+    EXPECT_THAT(message, HasSubstr("already exists"));
     EXPECT_EQ(git.branchIn(git.worktrees() / "a-b-c"), "a-b-c");
 }
 
@@ -209,7 +206,7 @@ TEST_F(EditorWorktreeGit, failsWhenNobodyHasTheBranch)
 {
     const std::string message = messageOf("nowhere");
     EXPECT_THAT(message, StartsWith("Creating the worktree failed (exit "));
-    EXPECT_THAT(message, testing::HasSubstr("fatal: "));
+    EXPECT_THAT(message, HasSubstr("fatal: "));
     EXPECT_THAT(made(), IsEmpty());
 }
 
@@ -227,7 +224,7 @@ TEST_F(EditorWorktreeGit, endsACommandThatRunsWhenItIsStopped)
     git.git({"config", "remote.origin.uploadpack", "cat > /dev/null; true"});
     QMetaObject::invokeMethod(
         QCoreApplication::instance(), [&] { stop.request_stop(); }, Qt::QueuedConnection);
-    EXPECT_THROW(open("feature/login"), PullRequestKit::CancellationError);
+    EXPECT_THROW(open("feature/login"), CancellationError);
     EXPECT_THAT(progress, ElementsAre("Fetching origin…"));
 }
 
@@ -238,13 +235,13 @@ TEST_F(EditorWorktreeGit, givesTheEditorsCommand30Seconds)
     QTimer look;
     QObject::connect(&look, &QTimer::timeout, [&] {
         if (fs::exists(codeCalls()) && !stop.stop_requested()) {
-            seconds = TestSupport::secondsOfBootTimers(::getpid());
+            seconds = secondsOfBootTimers(::getpid());
             stop.request_stop();
         }
     });
     look.start(2);
-    EXPECT_THROW(open("feature/login"), PullRequestKit::CancellationError);
-    EXPECT_THAT(seconds, ElementsAre(testing::AllOf(testing::Ge(20), testing::Lt(30))));
+    EXPECT_THROW(open("feature/login"), CancellationError);
+    EXPECT_THAT(seconds, ElementsAre(AllOf(Ge(20), Lt(30))));
 }
 
 /// What GitHub calls a branch is a stranger's text.
@@ -257,8 +254,8 @@ TEST_P(HostileBranch, makesNothingAndOpensNothing)
     const std::string before = git.git({"for-each-ref"});
     EXPECT_THAT(
         messageOf(GetParam()),
-        testing::AnyOf(
-            testing::HasSubstr(" failed (exit "),
+        AnyOf(
+            HasSubstr(" failed (exit "),
             "The pull request's head branch begins with \"-\", which git takes for an option."));
     EXPECT_EQ(git.git({"for-each-ref"}), before);
     EXPECT_EQ(git.branchIn(git.clone()), "main");

@@ -3,43 +3,34 @@
 #include "Fakes/EventLoop.h"
 #include "Fakes/RecordingSurroundings.h"
 #include "PullRequestKit/Errors.h"
+#include "Support/Errors.h"
 #include "Tarnwick/ExternalNavigationError.h"
-
-#include <gmock/gmock.h>
 
 namespace {
 
-using namespace Tarnwick;
+using namespace TestSupport;
 using namespace std::string_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using TestSupport::RecordingSurroundings;
-
-QCoro::Task<> keep(QCoro::Task<std::filesystem::path> task, std::filesystem::path* result)
-{
-    *result = co_await task;
-}
 
 class EditorWorktreeTest : public testing::Test {
 protected:
     std::filesystem::path prepare(
         const std::string& branch, const std::string& clone = "/home/octo/projects/api")
     {
-        std::filesystem::path result;
-        auto preparing = EditorWorktree::prepare(
-            clone, branch, desktop.runner(), desktop.progress(), stop.get_token());
-        TestSupport::runToEnd(keep(std::move(preparing), &result));
-        return result;
+        return valueOf(EditorWorktree::prepare(
+            clone, branch, desktop.runner(), desktop.progress(), stop.get_token()));
+    }
+
+    /// How the next programs end.
+    void endWith(std::initializer_list<std::int32_t> statuses)
+    {
+        for (const std::int32_t status : statuses) {
+            desktop.ends(status);
+        }
     }
 
     std::string messageOf(const std::string& branch)
     {
-        try {
-            prepare(branch);
-        } catch (const ExternalNavigationError& error) {
-            return error.message();
-        }
-        return "nothing was thrown";
+        return TestSupport::messageOf<ExternalNavigationError>([&] { prepare(branch); });
     }
 
     RecordingSurroundings desktop;
@@ -48,10 +39,7 @@ protected:
 
 TEST_F(EditorWorktreeTest, isMadeFromTheLocalBranchWhereThereIsOne)
 {
-    desktop.ends(0);
-    desktop.ends(0);
-    desktop.ends(0);
-    desktop.ends(0);
+    endWith({0, 0, 0, 0});
     EXPECT_EQ(
         prepare("feature/login"), "/home/octo/projects/.tarnwick-worktrees/api/feature-login");
     EXPECT_THAT(
@@ -71,10 +59,7 @@ TEST_F(EditorWorktreeTest, isMadeFromTheLocalBranchWhereThereIsOne)
 
 TEST_F(EditorWorktreeTest, isMadeWithABranchFromOriginsWhereThereIsNone)
 {
-    desktop.ends(0);
-    desktop.ends(0);
-    desktop.ends(1);
-    desktop.ends(0);
+    endWith({0, 0, 1, 0});
     EXPECT_EQ(prepare("a/b/c"), "/home/octo/projects/.tarnwick-worktrees/api/a-b-c");
     EXPECT_EQ(
         desktop.journal().back(),
@@ -150,24 +135,20 @@ TEST_F(EditorWorktreeTest, endsWhenTheLocalBranchCannotBeCheckedFor)
 
 TEST_F(EditorWorktreeTest, endsWhenGitDoesNotMakeIt)
 {
-    desktop.ends(0);
-    desktop.ends(0);
-    desktop.ends(1);
-    desktop.ends(128);
+    endWith({0, 0, 1, 128});
     EXPECT_EQ(messageOf("main"), "Creating the worktree failed (exit 128).");
 }
 
 TEST_F(EditorWorktreeTest, passesOnTheRunnersOwnErrors)
 {
-    desktop.fails(
-        std::make_exception_ptr(PullRequestKit::ProviderError("GitHub CLI request timed out.")));
-    EXPECT_THROW(prepare("main"), PullRequestKit::ProviderError);
+    desktop.fails(std::make_exception_ptr(ProviderError("GitHub CLI request timed out.")));
+    EXPECT_THROW(prepare("main"), ProviderError);
 }
 
 TEST_F(EditorWorktreeTest, startsNoFurtherCommandOnceItIsStopped)
 {
     desktop.meanwhile([this] { stop.request_stop(); });
-    EXPECT_THROW(prepare("main"), PullRequestKit::CancellationError);
+    EXPECT_THROW(prepare("main"), CancellationError);
     EXPECT_EQ(desktop.journal().size(), 2U);
 }
 
@@ -178,12 +159,10 @@ TEST(EditorWorktreeCheck, acceptsStatusZeroWhateverWasPrinted)
 
 TEST(EditorWorktreeCheck, repairsWhatIsNoUtf8)
 {
-    try {
-        EditorWorktree::check({1, {}, "bad \xff byte"}, "Fetching origin");
-        FAIL();
-    } catch (const ExternalNavigationError& error) {
-        EXPECT_EQ(error.message(), "Fetching origin failed (exit 1).\nbad \xef\xbf\xbd byte");
-    }
+    EXPECT_EQ(
+        messageOf<ExternalNavigationError>(
+            [] { EditorWorktree::check({1, {}, "bad \xff byte"}, "Fetching origin"); }),
+        "Fetching origin failed (exit 1).\nbad \xef\xbf\xbd byte");
 }
 
 TEST(ExistingWorktree, isNeverADetachedOne)

@@ -3,17 +3,13 @@
 #include "Fakes/EventLoop.h"
 #include "Fakes/RecordingSurroundings.h"
 #include "PullRequestKit/Errors.h"
+#include "Support/Errors.h"
 
 #include <thread>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using TestSupport::RecordingSurroundings;
+using namespace TestSupport;
 
 class ExternalNavigationTest : public testing::Test {
 protected:
@@ -22,17 +18,12 @@ protected:
         const ExternalNavigation navigation = desktop.navigation();
         auto opening = navigation.openInCode(
             "/home/octo/projects/api", branch, desktop.progress(), stop.get_token());
-        TestSupport::runToEnd(std::move(opening));
+        runToEnd(std::move(opening));
     }
 
     std::string messageOf(const std::string& branch)
     {
-        try {
-            openInCode(branch);
-        } catch (const ExternalNavigationError& error) {
-            return error.message();
-        }
-        return "nothing was thrown";
+        return TestSupport::messageOf<ExternalNavigationError>([&] { openInCode(branch); });
     }
 
     /// A branch that has a worktree already, which saves two commands.
@@ -46,7 +37,7 @@ protected:
     void openSettings() const
     {
         desktop.navigation().openNotificationSettings();
-        TestSupport::processEvents();
+        processEvents();
     }
 
     RecordingSurroundings desktop;
@@ -98,7 +89,7 @@ TEST_F(ExternalNavigationTest, doesNotOpenTheEditorOnceItIsStopped)
     desktop.ends(0);
     desktop.ends(0);
     desktop.meanwhile([this] { stop.request_stop(); });
-    EXPECT_THROW(openInCode("login"), PullRequestKit::CancellationError);
+    EXPECT_THROW(openInCode("login"), CancellationError);
     EXPECT_EQ(desktop.journal().size(), 8U);
 }
 
@@ -126,7 +117,7 @@ TEST_F(ExternalNavigationTest, opensTheSettingsPaneSoonAndDismissesThePanel)
     desktop.executables.insert("/usr/bin/gnome-control-center");
     desktop.navigation().openNotificationSettings();
     EXPECT_THAT(desktop.journal(), IsEmpty());
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_THAT(
         desktop.journal(),
         ElementsAre("dismiss any", "launch /usr/bin/gnome-control-center [notifications] token "));
@@ -138,7 +129,7 @@ TEST_F(ExternalNavigationTest, opensTheSettingsPaneFromAnyThread)
     desktop.executables.insert("/usr/bin/systemsettings");
     std::thread([this] { desktop.navigation().openNotificationSettings(); }).join();
     EXPECT_THAT(desktop.journal(), IsEmpty());
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_THAT(
         desktop.journal(),
         ElementsAre("dismiss any", "launch /usr/bin/systemsettings [kcm_notifications] token "));

@@ -5,13 +5,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::Pair;
+using namespace TestSupport;
 
 TEST(LaunchEnvironment, carriesTheTokenUnderBothNames)
 {
@@ -47,7 +43,7 @@ TEST(LaunchDetached, startsTheProgramWithItsArgumentsAndEnvironment)
          "token-1"},
         {{"PATH", "/usr/bin:/bin"}, {"OWN", "value"}});
     QFile file(QString::fromStdString(said));
-    ASSERT_TRUE(TestSupport::eventually([&] { return file.exists(); }));
+    ASSERT_TRUE(eventually([&] { return file.exists(); }));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll().toStdString(), "a \"b\" 'c' \xc3\xa4\n|token-1|value");
 }

@@ -5,31 +5,18 @@
 #include "Fakes/EventLoop.h"
 #include "Fakes/FakeClock.h"
 #include "Fakes/RecordingSurroundings.h"
+#include "Support/Errors.h"
 #include "Support/PullRequests.h"
 #include "Tarnwick/Desktop/SystemPullRequestNotifier.h"
 
 #include <QDBusConnectionInterface>
 
-#include <gmock/gmock.h>
-
 namespace {
 
 using namespace Qt::StringLiterals;
-using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
-using TestSupport::makePullRequest;
-using TestSupport::NotificationServer;
-using TestSupport::PrivateBus;
+using namespace TestSupport;
 
 using Authorization = NotificationAuthorization;
-
-template<typename Value>
-QCoro::Task<> keep(QCoro::Task<Value> task, std::optional<Value>* result)
-{
-    *result = co_await task;
-}
 
 /// The program on one bus with a scripted notification server, or with none.
 class NotificationCentreTest : public testing::Test {
@@ -39,7 +26,7 @@ protected:
     ~NotificationCentreTest() override
     {
         server.reset();
-        TestSupport::processEvents();
+        processEvents();
     }
 
     /// The program starts, on this connection.
@@ -53,17 +40,19 @@ protected:
 
     void startServer() { server = std::make_unique<NotificationServer>(bus.connect()); }
 
-    Authorization authorization()
-    {
-        std::optional<Authorization> answer;
-        TestSupport::runToEnd(keep(notifier->authorization(), &answer));
-        return answer.value();
-    }
+    Authorization authorization() const { return valueOf(notifier->authorization()); }
 
-    bool isGranted()
+    bool isGranted() const { return valueOf(notifier->requestAuthorization()); }
+
+    /// Whether permission is given that is asked for before `change`, and not answered until then.
+    bool isGrantedAfter(const std::function<void()>& change)
     {
         std::optional<bool> answer;
-        TestSupport::runToEnd(keep(notifier->requestAuthorization(), &answer));
+        auto asking = keep(notifier->requestAuthorization(), &answer);
+        EXPECT_TRUE(eventually([&] { return !clock->sleepers().empty(); }));
+        EXPECT_EQ(answer, std::nullopt);
+        change();
+        runToEnd(std::move(asking));
         return answer.value();
     }
 
@@ -72,31 +61,32 @@ protected:
 
     void deliver(std::int64_t number = 7)
     {
-        TestSupport::runToEnd(notifier->notifyNew(makePullRequest(number)));
+        runToEnd(notifier->notifyNew(makePullRequest(number)));
+    }
+
+    void startAndDeliver()
+    {
+        startServer();
+        deliver();
     }
 
     std::string problemOfDelivery()
     {
-        try {
-            deliver();
-        } catch (const std::exception& error) {
-            return error.what();
-        }
-        return "nothing was thrown";
+        return messageOf([this] { deliver(); });
     }
 
     /// What the user did has reached the program, because an answer sent after it has.
     void settle()
     {
         isGranted();
-        TestSupport::processEvents();
+        processEvents();
     }
 
     /// The program knows who owns the server's name now, and has asked the owner nothing.
     void settleOwner()
     {
         authorization();
-        TestSupport::processEvents();
+        processEvents();
     }
 
     std::vector<std::string> opened()
@@ -111,8 +101,8 @@ protected:
     }
 
     PrivateBus bus;
-    TestSupport::RecordingSurroundings desktop;
-    std::shared_ptr<TestSupport::FakeClock> clock = std::make_shared<TestSupport::FakeClock>();
+    RecordingSurroundings desktop;
+    std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
     std::unique_ptr<NotificationServer> server;
     std::shared_ptr<NotificationCentre> centre;
     std::unique_ptr<SystemPullRequestNotifier> notifier;
@@ -121,7 +111,7 @@ protected:
 TEST_F(NotificationCentreTest, showsANotificationAsTheServerCan)
 {
     startServer();
-    TestSupport::runToEnd(notifier->notifyUnblocked(makePullRequest(7)));
+    runToEnd(notifier->notifyUnblocked(makePullRequest(7)));
     ASSERT_THAT(server->shown, SizeIs(1));
     const NotificationServer::Shown& shown = server->shown.front();
     EXPECT_EQ(shown.application, "Tarnwick");
@@ -148,8 +138,7 @@ TEST_F(NotificationCentreTest, offersNoActionsToAServerWithoutThem)
 
 TEST_F(NotificationCentreTest, opensThePullRequestThatIsClickedWithTheToken)
 {
-    startServer();
-    deliver(7);
+    startAndDeliver();
     deliver(8);
     server->giveToken(server->shown[1].id, u"token-8"_s);
     server->invoke(server->shown[1].id, u"default"_s);
@@ -163,8 +152,7 @@ TEST_F(NotificationCentreTest, opensThePullRequestThatIsClickedWithTheToken)
 
 TEST_F(NotificationCentreTest, takesTheButtonForAClick)
 {
-    startServer();
-    deliver();
+    startAndDeliver();
     server->invoke(server->shown[0].id, u"open"_s);
     settle();
     EXPECT_THAT(opened(), SizeIs(1));
@@ -172,8 +160,7 @@ TEST_F(NotificationCentreTest, takesTheButtonForAClick)
 
 TEST_F(NotificationCentreTest, opensNothingWhenANotificationIsDismissed)
 {
-    startServer();
-    deliver();
+    startAndDeliver();
     server->close(server->shown[0].id);
     server->invoke(server->shown[0].id, u"default"_s);
     settle();
@@ -182,8 +169,7 @@ TEST_F(NotificationCentreTest, opensNothingWhenANotificationIsDismissed)
 
 TEST_F(NotificationCentreTest, opensNothingForOtherProgramsNotificationsAndActions)
 {
-    startServer();
-    deliver();
+    startAndDeliver();
     server->invoke(server->shown[0].id + 1, u"default"_s);
     server->invoke(server->shown[0].id, u"settings"_s);
     settle();
@@ -192,8 +178,7 @@ TEST_F(NotificationCentreTest, opensNothingForOtherProgramsNotificationsAndActio
 
 TEST_F(NotificationCentreTest, believesNobodyButTheServer)
 {
-    startServer();
-    deliver();
+    startAndDeliver();
     QDBusConnection stranger = bus.connect();
     auto signal = QDBusMessage::createSignal(
         u"/org/freedesktop/Notifications"_s,
@@ -209,8 +194,7 @@ TEST_F(NotificationCentreTest, believesNobodyButTheServer)
 
 TEST_F(NotificationCentreTest, replacesAShownNotificationWithTheSameIdentifier)
 {
-    startServer();
-    deliver(7);
+    startAndDeliver();
     deliver(8);
     deliver(7);
     EXPECT_EQ(server->shown[1].replacedId, 0U);
@@ -219,8 +203,7 @@ TEST_F(NotificationCentreTest, replacesAShownNotificationWithTheSameIdentifier)
 
 TEST_F(NotificationCentreTest, replacesNothingThatIsClosed)
 {
-    startServer();
-    deliver();
+    startAndDeliver();
     server->close(server->shown[0].id);
     settle();
     deliver();
@@ -229,8 +212,7 @@ TEST_F(NotificationCentreTest, replacesNothingThatIsClosed)
 
 TEST_F(NotificationCentreTest, forgetsTheNumbersOfAServerThatEnded)
 {
-    startServer();
-    deliver();
+    startAndDeliver();
     server.reset();
     startServer();
     server->capabilities = {};
@@ -245,11 +227,9 @@ TEST_F(NotificationCentreTest, forgetsTheNumbersOfAServerThatEnded)
 
 TEST_F(NotificationCentreTest, goesToTheNextServerBeforeTheNewsOfTheLastOnesEnd)
 {
-    startServer();
-    deliver();
+    startAndDeliver();
     server.reset();
-    startServer();
-    deliver();
+    startAndDeliver();
     ASSERT_THAT(server->shown, SizeIs(1));
     EXPECT_EQ(server->shown[0].replacedId, 0U);
     server->invoke(server->shown[0].id, u"default"_s);
@@ -281,34 +261,18 @@ TEST_F(NotificationCentreTest, isRefusedWhereThereIsNoServer)
 
 TEST_F(NotificationCentreTest, waitsForAServerWhileTheSessionStarts)
 {
-    std::optional<bool> answer;
-    auto asking = keep(notifier->requestAuthorization(), &answer);
-    ASSERT_TRUE(TestSupport::eventually([&] { return !clock->sleepers().empty(); }));
-    EXPECT_EQ(answer, std::nullopt);
-    startServer();
-    TestSupport::runToEnd(std::move(asking));
-    EXPECT_EQ(answer, true);
+    EXPECT_TRUE(isGrantedAfter([this] { startServer(); }));
 }
 
 TEST_F(NotificationCentreTest, givesUpWaitingOnceTheSessionMustHaveStarted)
 {
-    std::optional<bool> answer;
-    auto asking = keep(notifier->requestAuthorization(), &answer);
-    ASSERT_TRUE(TestSupport::eventually([&] { return !clock->sleepers().empty(); }));
-    passSessionStart();
-    TestSupport::runToEnd(std::move(asking));
-    EXPECT_EQ(answer, false);
+    EXPECT_FALSE(isGrantedAfter([this] { passSessionStart(); }));
 }
 
 TEST_F(NotificationCentreTest, waitsNoLongerWhenTheTimeOfDayIsSetBack)
 {
     clock->set(std::chrono::hours(-24));
-    std::optional<bool> answer;
-    auto asking = keep(notifier->requestAuthorization(), &answer);
-    ASSERT_TRUE(TestSupport::eventually([&] { return !clock->sleepers().empty(); }));
-    passSessionStart();
-    TestSupport::runToEnd(std::move(asking));
-    EXPECT_EQ(answer, false);
+    EXPECT_FALSE(isGrantedAfter([this] { passSessionStart(); }));
 }
 
 TEST_F(NotificationCentreTest, isRefusedWhereThereIsNoBus)
@@ -322,8 +286,7 @@ TEST_F(NotificationCentreTest, isRefusedWhereThereIsNoBus)
 
 TEST_F(NotificationCentreTest, isRefusedOnceTheBusHasEnded)
 {
-    startServer();
-    deliver();
+    startAndDeliver();
     bus.stop();
     EXPECT_EQ(authorization(), Authorization::denied);
     EXPECT_FALSE(isGranted());
@@ -336,22 +299,18 @@ TEST_F(NotificationCentreTest, outlivesWhoeverAskedForAnAnswer)
     auto asking = keep(notifier->requestAuthorization(), &answer);
     notifier.reset();
     centre.reset();
-    TestSupport::runToEnd(std::move(asking));
+    runToEnd(std::move(asking));
     EXPECT_EQ(answer, true);
 }
 
 TEST(NotificationServerThatCanBeStarted, countsAsPermissionUntilItFailsToStart)
 {
     PrivateBus bus("org.freedesktop.Notifications");
-    const auto clock = std::make_shared<TestSupport::FakeClock>();
+    const auto clock = std::make_shared<FakeClock>();
     SystemPullRequestNotifier notifier(std::make_shared<NotificationCentre>(bus.connect(), clock));
     clock->advance(std::chrono::seconds(11));
-    std::optional<Authorization> authorization;
-    TestSupport::runToEnd(keep(notifier.authorization(), &authorization));
-    EXPECT_EQ(authorization, Authorization::authorized);
-    std::optional<bool> isGranted;
-    TestSupport::runToEnd(keep(notifier.requestAuthorization(), &isGranted));
-    EXPECT_EQ(isGranted, false);
+    EXPECT_EQ(valueOf(notifier.authorization()), Authorization::authorized);
+    EXPECT_FALSE(valueOf(notifier.requestAuthorization()));
 }
 
 }  // namespace

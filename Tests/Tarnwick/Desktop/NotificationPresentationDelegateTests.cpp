@@ -7,13 +7,9 @@
 #include <thread>
 #include <vector>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace TestSupport;
 
 class NotificationDelegate : public testing::Test {
 protected:
@@ -22,10 +18,10 @@ protected:
         NotificationPresentationDelegate(std::make_shared<ExternalNavigation>(desktop.navigation()))
             .didReceive(response);
         EXPECT_THAT(desktop.journal(), IsEmpty());
-        TestSupport::processEvents();
+        processEvents();
     }
 
-    TestSupport::RecordingSurroundings desktop;
+    RecordingSurroundings desktop;
 };
 
 TEST_F(NotificationDelegate, opensTheAddressOfTheClickedNotificationWithItsToken)
@@ -43,13 +39,13 @@ TEST_F(NotificationDelegate, tellsWhatItOpensAndNothingElse)
     NotificationPresentationDelegate delegate(
         std::make_shared<ExternalNavigation>(desktop.navigation()));
     std::vector<std::string> opened;
-    delegate.setOpened([&](const PullRequestKit::Url& url) { opened.push_back(url.text); });
+    delegate.setOpened([&](const Url& url) { opened.push_back(url.text); });
     delegate.didReceive(
         {"default", {{"pullRequestURL", "https://github.com/octo/tools/pull/7"}}, {}});
     delegate.didReceive(
         {"dismiss", {{"pullRequestURL", "https://github.com/octo/tools/pull/8"}}, {}});
     delegate.didReceive({"default", {{"pullRequestURL", "file:///etc/passwd"}}, {}});
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_THAT(opened, ElementsAre("https://github.com/octo/tools/pull/7"));
 }
 
@@ -95,7 +91,7 @@ TEST_F(NotificationDelegate, opensOnTheMainThreadWhereverTheResponseArrives)
         delegate.didReceive({"default", {{"pullRequestURL", "http://git.example/1"}}, {}});
     }).join();
     EXPECT_THAT(desktop.journal(), IsEmpty());
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_EQ(desktop.journal().back(), "launch /usr/bin/xdg-open [http://git.example/1] token ");
 }
 

@@ -3,13 +3,9 @@
 #include "Desktop/PrivateBus.h"
 #include "Fakes/EventLoop.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using Tarnwick::MachineEvents;
-using Tarnwick::SystemMachineEvents;
-using TestSupport::eventually;
+using namespace TestSupport;
 
 /// A bus with stand-ins for logind and NetworkManager, and somebody else.
 class SystemMachineEventsTest : public testing::Test {
@@ -42,7 +38,7 @@ protected:
         sender.send(signal);
     }
 
-    TestSupport::PrivateBus bus;
+    PrivateBus bus;
     QDBusConnection logind = bus.connect();
     QDBusConnection networks = bus.connect();
     QDBusConnection stranger = bus.connect();
@@ -87,7 +83,7 @@ TEST_F(SystemMachineEventsTest, saysNothingWithoutABus)
 {
     SystemMachineEvents silent{QDBusConnection(QStringLiteral("no such connection"))};
     bus.stop();
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_EQ(wakes, 0);
 }
 

@@ -2,22 +2,17 @@
 
 #include "Support/PullRequests.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::Pair;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
-PullRequestKit::PullRequest example()
+PullRequest example()
 {
     auto pullRequest = makePullRequest(7);
     pullRequest.id = {"github", "github.com", "octo/tools", 7};
     pullRequest.title = "Fix it";
     pullRequest.url = {"https://github.com/octo/tools/pull/7"};
-    pullRequest.updatedAt = TestSupport::date("2024-05-01T12:00:00Z");
+    pullRequest.updatedAt = date("2024-05-01T12:00:00Z");
     return pullRequest;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Support/Names.h"
 #include "Tarnwick/Async/Clock.h"
 
 #include <QPromise>

@@ -10,13 +10,23 @@ using PullRequestKit::PullRequest;
 
 QCoro::Task<> FakeNotifier::answer()
 {
-    if (gate) {
-        const QFuture<void> waited = *gate;
+    if (_held) {
+        const QFuture<void> waited = _held->future();
         co_await waited;
     }
     if (!error.empty()) {
         throw std::runtime_error(error);
     }
+}
+
+void FakeNotifier::hold()
+{
+    _held.emplace().start();
+}
+
+void FakeNotifier::release()
+{
+    _held->finish();
 }
 
 QCoro::Task<Tarnwick::NotificationAuthorization> FakeNotifier::authorization()

@@ -2,7 +2,7 @@
 
 #include "Tarnwick/Desktop/PullRequestNotifying.h"
 
-#include <QFuture>
+#include <QPromise>
 
 #include <optional>
 #include <string>
@@ -20,16 +20,20 @@ public:
     QCoro::Task<> notifyNew(PullRequestKit::PullRequest pullRequest) override;
     QCoro::Task<> notifyTurn(PullRequestKit::PullRequest pullRequest, std::string reason) override;
 
+    /// From now on requests for permission and deliveries wait until `release`.
+    void hold();
+    void release();
+
     bool isGranted = true;
     std::string error;
-    /// What requests for permission and deliveries wait for, when it is set.
-    std::optional<QFuture<void>> gate;
 
     int permissionRequests = 0;
     std::vector<std::string> shown;  ///< "new 7", "unblocked 8", "turn 9: Your review", …
 
 private:
     QCoro::Task<> answer();
+
+    std::optional<QPromise<void>> _held;
 };
 
 }  // namespace TestSupport

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Support/Names.h"
 #include "Tarnwick/Persistence/DefaultsStore.h"
 
 #include <functional>
@@ -9,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-namespace Fakes {
+namespace TestSupport {
 
 /// A store in memory that records which keys were written, in order.
 class MemoryDefaultsStore : public Tarnwick::DefaultsStore {
@@ -64,4 +65,4 @@ private:
     mutable std::uint64_t _revision = 0;
 };
 
-}  // namespace Fakes
+}  // namespace TestSupport

@@ -1,12 +1,11 @@
 #include "Fakes/ModelFixture.h"
 
+#include "Support/Mapped.h"
 #include "Tarnwick/Model/Settings.h"
 
 #include <QThreadPool>
 
 namespace TestSupport {
-
-using namespace Tarnwick;
 
 ModelTest::~ModelTest()
 {
@@ -22,6 +21,12 @@ void ModelTest::start()
 {
     model.reset();
     model = std::make_unique<PullRequestMenuModel>(collaborators());
+}
+
+void ModelTest::startAndRefresh()
+{
+    start();
+    refresh();
 }
 
 PullRequestMenuModel::Collaborators ModelTest::collaborators() const
@@ -57,6 +62,13 @@ void ModelTest::openAndHold()
     ASSERT_TRUE(eventually([&] { return provider->waiting() == 1; }));
 }
 
+void ModelTest::pollAndHold()
+{
+    provider->hold();
+    clock->advance(300s);
+    ASSERT_TRUE(eventually([&] { return provider->waiting() == 1; }));
+}
+
 void ModelTest::releaseAndSettle()
 {
     provider->release();
@@ -68,13 +80,15 @@ bool ModelTest::settle()
     return eventually([&] { return !model->isRefreshing(); });
 }
 
+bool ModelTest::refreshed(std::size_t times)
+{
+    return eventually(
+        [&] { return provider->requests().size() == times && !model->isRefreshing(); });
+}
+
 std::vector<std::int64_t> ModelTest::shownNumbers() const
 {
-    std::vector<std::int64_t> numbers;
-    for (const auto& row : model->rows()) {
-        numbers.push_back(row.id().number);
-    }
-    return numbers;
+    return mapped(model->rows(), [](const auto& row) { return row.id().number; });
 }
 
 PullRequestDiskCache ModelTest::cache() const

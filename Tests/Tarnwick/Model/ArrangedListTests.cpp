@@ -2,15 +2,11 @@
 
 namespace {
 
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 /// The list of the user "octo": 1 and 2 are the user's own, of which 1 has a conflict, and 3 and 4
 /// are somebody else's, of which 3 asks for the user's review.
-class ArrangedList : public TestSupport::ModelTest {
+class ArrangedList : public ModelTest {
 protected:
     void SetUp() override
     {

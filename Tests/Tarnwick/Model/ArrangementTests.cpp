@@ -1,21 +1,17 @@
 #include "Tarnwick/Model/Arrangement.h"
 
 #include "PullRequestKit/StackBuilder.h"
+#include "Support/Mapped.h"
 #include "Support/PullRequests.h"
 
 #include <algorithm>
 #include <set>
 
-#include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
 namespace {
 
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 /// A list whose reasons a test chooses: "ada" is the user, "bo" somebody else.
 struct List {
@@ -78,20 +74,12 @@ PullRequestRow rowOf(const PullRequest& pullRequest)
 
 std::vector<std::int64_t> numbers(const std::vector<PullRequestRow>& rows)
 {
-    std::vector<std::int64_t> numbers;
-    for (const PullRequestRow& row : rows) {
-        numbers.push_back(row.id().number);
-    }
-    return numbers;
+    return mapped(rows, [](const auto& row) { return row.id().number; });
 }
 
 std::vector<TurnReason> reasons(const ArrangedRows& list)
 {
-    std::vector<TurnReason> reasons;
-    for (const Turn& turn : list.turns) {
-        reasons.push_back(turn.reason);
-    }
-    return reasons;
+    return mapped(list.turns, &Turn::reason);
 }
 
 TEST(Arrangement, headingsComeInTheirOrderAndEmptyOnesNotAtAll)
@@ -214,7 +202,7 @@ List anyList()
     const auto numbers = *rc::gen::container<std::vector<int>>(rc::gen::inRange(0, 4));
     std::int64_t number = 0;
     for (const int kind : numbers) {
-        auto pullRequest = *TestSupport::crowdedPullRequest();
+        auto pullRequest = *crowdedPullRequest();
         pullRequest.id = makePullRequest(++number).id;
         pullRequest.isDraft = false;
         switch (kind) {

@@ -3,32 +3,22 @@
 #include "Support/PullRequests.h"
 #include "Tarnwick/Model/NotificationDecisions.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using TestSupport::date;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 const Date noon = date("2024-05-01T12:00:00Z");
 
 PullRequest blocked(std::int64_t number)
 {
-    auto pullRequest = makePullRequest(number);
-    pullRequest.mergeability = PullRequestMergeability::conflicting;
-    return pullRequest;
+    return with(
+        makePullRequest(number), &PullRequest::mergeability, PullRequestMergeability::conflicting);
 }
 
 PullRequest unknown(std::int64_t number)
 {
-    auto pullRequest = makePullRequest(number);
-    pullRequest.mergeability = PullRequestMergeability::unknown;
-    return pullRequest;
+    return with(
+        makePullRequest(number), &PullRequest::mergeability, PullRequestMergeability::unknown);
 }
 
 TEST(BlockedPullRequests, comparesTwoLists)
@@ -63,8 +53,7 @@ TEST(BlockedPullRequests, yieldAWayOutUntilItIsSettled)
 
 TEST(BlockedPullRequests, doNotTakeFailedChecksForAWayOut)
 {
-    auto failed = makePullRequest(1);
-    failed.checks = {2, 2, 1};
+    const auto failed = with(makePullRequest(1), &PullRequest::checks, {2, 2, 1});
     BlockedPullRequests memory;
     memory.update({failed}, noon);
     EXPECT_THAT(memory.update({failed}, noon + 1min), IsEmpty());

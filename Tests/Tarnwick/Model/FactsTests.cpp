@@ -1,23 +1,15 @@
 #include "Fakes/ModelFixture.h"
+#include "Support/Mapped.h"
 #include "Tarnwick/Persistence/PullRequestFactsFile.h"
 
 #include <filesystem>
 
 namespace {
 
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
-using TestSupport::eventually;
-using TestSupport::makePullRequest;
-using TestSupport::processEvents;
-using TestSupport::runToEnd;
+using namespace TestSupport;
 
 /// The user's own pull requests 1 and 2, which facts make ready.
-class Facts : public TestSupport::ModelTest {
+class Facts : public ModelTest {
 protected:
     void SetUp() override
     {
@@ -29,9 +21,7 @@ protected:
 
     static PullRequest own(std::int64_t number)
     {
-        auto pullRequest = makePullRequest(number);
-        pullRequest.author = "octo";
-        return pullRequest;
+        return with(makePullRequest(number), &PullRequest::author, "octo");
     }
 
     void serve(const std::vector<PullRequest>& pullRequests)
@@ -61,6 +51,27 @@ protected:
         start();
     }
 
+    /// Starts by turn, with everything asked for.
+    void startWithFacts()
+    {
+        startByTurn();
+        refreshFully();
+    }
+
+    /// Starts by turn, with the list there and the question about facts waiting.
+    void startAndHoldFacts()
+    {
+        startByTurn();
+        refreshAndHoldFacts();
+    }
+
+    void refreshAndHoldFacts()
+    {
+        provider->holdFacts();
+        refresh();
+        ASSERT_TRUE(eventually([&] { return provider->waitingForFacts() == 1; }));
+    }
+
     /// One refresh and all that it asks for.
     void refreshFully()
     {
@@ -68,14 +79,7 @@ protected:
         runToEnd(model->askForFacts());
     }
 
-    std::vector<Whose> whose() const
-    {
-        std::vector<Whose> all;
-        for (const Turn& turn : model->turns()) {
-            all.push_back(turn.whose);
-        }
-        return all;
-    }
+    std::vector<Whose> whose() const { return mapped(model->turns(), &Turn::whose); }
 
     Date askedAt = clock->now();
     std::optional<Quota> quota;
@@ -83,8 +87,7 @@ protected:
 
 TEST_F(Facts, areNotAskedForByDefault)
 {
-    start();
-    refresh();
+    startAndRefresh();
     processEvents();
     EXPECT_THAT(provider->factsRequests(), IsEmpty());
     model->toggleStatus(StatusFilter::draft);
@@ -95,13 +98,10 @@ TEST_F(Facts, areNotAskedForByDefault)
 
 TEST_F(Facts, areAskedForOnceTheListIsShown)
 {
-    startByTurn();
-    provider->holdFacts();
-    refresh();
+    startAndHoldFacts();
     EXPECT_FALSE(model->isRefreshing());
     EXPECT_EQ(model->state().kind, Kind::loaded);
     EXPECT_THAT(whose(), ElementsAre(Whose::others, Whose::others));
-    ASSERT_TRUE(eventually([&] { return provider->waitingForFacts() == 1; }));
     EXPECT_THAT(provider->factsRequests(), ElementsAre(UnorderedElementsAre(1, 2)));
     provider->releaseFacts();
     EXPECT_TRUE(eventually([&] { return model->facts()->size() == 2; }));
@@ -110,8 +110,7 @@ TEST_F(Facts, areAskedForOnceTheListIsShown)
 
 TEST_F(Facts, areAskedForAtOnceWhenTheListIsArrangedByTurn)
 {
-    start();
-    refresh();
+    startAndRefresh();
     model->setArrangement(Arrangement::byWhoseTurn);
     EXPECT_TRUE(eventually([&] { return model->facts()->size() == 2; }));
     EXPECT_THAT(whose(), ElementsAre(Whose::ready, Whose::ready));
@@ -119,37 +118,28 @@ TEST_F(Facts, areAskedForAtOnceWhenTheListIsArrangedByTurn)
 
 TEST_F(Facts, areAskedForOnlyOfWhatChanged)
 {
-    startByTurn();
-    refreshFully();
+    startWithFacts();
     refreshFully();
     EXPECT_EQ(provider->factsRequests().size(), 1U);
-    auto changed = own(2);
-    changed.updatedAt += 1s;
-    serve({own(1), changed});
+    serve({own(1), with(own(2), &PullRequest::updatedAt, own(2).updatedAt + 1s)});
     refreshFully();
-    ASSERT_EQ(provider->factsRequests().size(), 2U);
-    EXPECT_THAT(provider->factsRequests().back(), ElementsAre(2));
+    EXPECT_THAT(provider->factsRequests(), ElementsAre(SizeIs(2), ElementsAre(2)));
 }
 
 TEST_F(Facts, areAskedForWhenAFilterLetsMoreThrough)
 {
-    auto draft = own(3);
-    draft.isDraft = true;
-    serve({own(1), draft});
-    startByTurn();
-    refreshFully();
+    serve({own(1), with(own(3), &PullRequest::isDraft, true)});
+    startWithFacts();
     EXPECT_THAT(provider->factsRequests(), ElementsAre(ElementsAre(1)));
     model->toggleStatus(StatusFilter::draft);
     runToEnd(model->askForFacts());
-    ASSERT_EQ(provider->factsRequests().size(), 2U);
-    EXPECT_THAT(provider->factsRequests().back(), ElementsAre(3));
+    EXPECT_THAT(provider->factsRequests(), ElementsAre(SizeIs(1), ElementsAre(3)));
 }
 
 TEST_F(Facts, whatIsNotToldRestsUntilTheNextRefresh)
 {
     provider->setFacts([](std::span<const PullRequest>) { return FactsAnswer(); });
-    startByTurn();
-    refreshFully();
+    startWithFacts();
     model->toggleStatus(StatusFilter::draft);
     runToEnd(model->askForFacts());
     EXPECT_EQ(provider->factsRequests().size(), 1U);
@@ -161,15 +151,10 @@ TEST_F(Facts, whatIsNotToldRestsUntilTheNextRefresh)
 
 TEST_F(Facts, ofAnEarlierVersionHoldUntilItIsClearThatNoneAreTold)
 {
-    startByTurn();
-    refreshFully();
-    auto changed = own(2);
-    changed.updatedAt += 1s;
-    serve({own(1), changed});
+    startWithFacts();
+    serve({own(1), with(own(2), &PullRequest::updatedAt, own(2).updatedAt + 1s)});
     provider->setFacts([](std::span<const PullRequest>) { return FactsAnswer(); });
-    provider->holdFacts();
-    refresh();
-    ASSERT_TRUE(eventually([&] { return provider->waitingForFacts() == 1; }));
+    refreshAndHoldFacts();
     EXPECT_THAT(whose(), ElementsAre(Whose::ready, Whose::ready));
     provider->releaseFacts();
     runToEnd(model->askForFacts());
@@ -182,8 +167,7 @@ TEST_F(Facts, aQuestionThatFailsCostsNothing)
     provider->setFacts([](std::span<const PullRequest>) -> FactsAnswer {
         throw ProviderError("The connection was lost.");
     });
-    startByTurn();
-    refreshFully();
+    startWithFacts();
     EXPECT_EQ(model->refreshError(), std::nullopt);
     EXPECT_EQ(model->lastFailure(), std::nullopt);
     EXPECT_EQ(model->state().kind, Kind::loaded);
@@ -199,8 +183,7 @@ TEST_F(Facts, ofWhatIsNotListedAreDropped)
         facts.facts[renamed].headCommit = "c9";
         return facts;
     });
-    startByTurn();
-    refreshFully();
+    startWithFacts();
     EXPECT_EQ(model->facts()->size(), 2U);
     serve({own(2)});
     refreshFully();
@@ -210,10 +193,7 @@ TEST_F(Facts, ofWhatIsNotListedAreDropped)
 
 TEST_F(Facts, anAnswerIsTakenOverByAListThatIsNewerThanTheQuestion)
 {
-    startByTurn();
-    provider->holdFacts();
-    refresh();
-    ASSERT_TRUE(eventually([&] { return provider->waitingForFacts() == 1; }));
+    startAndHoldFacts();
     serve({own(2), own(3)});
     refresh();
     EXPECT_EQ(provider->factsRequests().size(), 1U);
@@ -221,16 +201,12 @@ TEST_F(Facts, anAnswerIsTakenOverByAListThatIsNewerThanTheQuestion)
     runToEnd(model->askForFacts());
     EXPECT_EQ(model->facts()->size(), 2U);
     EXPECT_THAT(whose(), ElementsAre(Whose::ready, Whose::ready));
-    ASSERT_EQ(provider->factsRequests().size(), 2U);
-    EXPECT_THAT(provider->factsRequests().back(), ElementsAre(3));
+    EXPECT_THAT(provider->factsRequests(), ElementsAre(SizeIs(2), ElementsAre(3)));
 }
 
 TEST_F(Facts, theQuestionEndsWhenOtherReviewersAreChosen)
 {
-    startByTurn();
-    provider->holdFacts();
-    refresh();
-    ASSERT_TRUE(eventually([&] { return provider->waitingForFacts() == 1; }));
+    startAndHoldFacts();
     provider->hold();
     model->setReviewerFilter(ReviewerFilter::any);
     EXPECT_TRUE(eventually([&] { return provider->waitingForFacts() == 0; }));
@@ -242,10 +218,7 @@ TEST_F(Facts, theQuestionEndsWhenOtherReviewersAreChosen)
 
 TEST_F(Facts, theQuestionEndsWithTheModel)
 {
-    startByTurn();
-    provider->holdFacts();
-    refresh();
-    ASSERT_TRUE(eventually([&] { return provider->waitingForFacts() == 1; }));
+    startAndHoldFacts();
     model->stop();
     EXPECT_TRUE(eventually([&] { return provider->waitingForFacts() == 0; }));
     runToEnd(model->askForFacts());
@@ -253,8 +226,7 @@ TEST_F(Facts, theQuestionEndsWithTheModel)
 
 TEST_F(Facts, areThereAtTheNextStart)
 {
-    startByTurn();
-    refreshFully();
+    startWithFacts();
     start();
     EXPECT_EQ(model->facts()->size(), 2U);
     EXPECT_THAT(whose(), ElementsAre(Whose::ready, Whose::ready));
@@ -264,8 +236,7 @@ TEST_F(Facts, areThereAtTheNextStart)
 
 TEST_F(Facts, arePreloadedToo)
 {
-    startByTurn();
-    refreshFully();
+    startWithFacts();
     model.reset();
     auto parts = collaborators();
     parts.preload = std::make_shared<Preload>([this] { return defaults; }, cache());
@@ -276,8 +247,7 @@ TEST_F(Facts, arePreloadedToo)
 
 TEST_F(Facts, areNotReadWhereNothingNeedsThem)
 {
-    startByTurn();
-    refreshFully();
+    startWithFacts();
     model->setArrangement(Arrangement::byReviewState);
     start();
     EXPECT_THAT(*model->facts(), IsEmpty());
@@ -299,8 +269,7 @@ TEST_F(Facts, ofNotificationsAreNotAskedForByAProgramThatDoesNotNotify)
     turnsFile.reset();
     SettingsStore(*defaults).change(
         [](Settings& settings) { settings.yourTurnNotificationsEnabled = true; });
-    start();
-    refresh();
+    startAndRefresh();
     processEvents();
     EXPECT_THAT(provider->factsRequests(), IsEmpty());
 }
@@ -322,8 +291,7 @@ TEST_F(Facts, tellWhatIsLeftOfTheQuota)
 TEST_F(Facts, pollingRestsWhileLittleIsLeft)
 {
     quota = Quota{5000, 312, clock->now() + 10min};
-    startByTurn();
-    refreshFully();
+    startWithFacts();
     EXPECT_EQ(model->restingQuota(), quota);
     clock->advance(300s);
     processEvents();
@@ -337,8 +305,7 @@ TEST_F(Facts, pollingRestsWhileLittleIsLeft)
 TEST_F(Facts, aRestIsKnownAfterARestart)
 {
     quota = Quota{5000, 312, clock->now() + 10min};
-    startByTurn();
-    refreshFully();
+    startWithFacts();
     start();
     EXPECT_EQ(model->restingQuota(), quota);
     model.reset();
@@ -351,13 +318,11 @@ TEST_F(Facts, aRestIsKnownAfterARestart)
 TEST_F(Facts, theUserAsksWhilePollingRests)
 {
     quota = Quota{5000, 312, clock->now() + 10min};
-    startByTurn();
-    refreshFully();
+    startWithFacts();
     refresh();
     EXPECT_EQ(provider->requests().size(), 2U);
     model->menuOpened();
-    EXPECT_TRUE(eventually([&] { return provider->requests().size() == 3; }));
-    ASSERT_TRUE(settle());
+    EXPECT_TRUE(refreshed(3));
 }
 
 TEST_F(Facts, pollingRestsAfterItWasRefused)
@@ -367,8 +332,7 @@ TEST_F(Facts, pollingRestsAfterItWasRefused)
     model->setPollingInterval(PollingInterval::oneMinute);
     provider->setRefused(true);
     clock->advance(1min);
-    ASSERT_TRUE(eventually([&] { return provider->requests().size() == 1; }));
-    ASSERT_TRUE(settle());
+    ASSERT_TRUE(refreshed(1));
     refresh();
     ASSERT_EQ(provider->requests().size(), 2U);
     // The second refusal in a row is worth two minutes.
@@ -377,11 +341,9 @@ TEST_F(Facts, pollingRestsAfterItWasRefused)
     EXPECT_EQ(provider->requests().size(), 2U);
     provider->setRefused(false);
     clock->advance(1min);
-    EXPECT_TRUE(eventually([&] { return provider->requests().size() == 3; }));
-    ASSERT_TRUE(settle());
+    EXPECT_TRUE(refreshed(3));
     clock->advance(1min);
-    EXPECT_TRUE(eventually([&] { return provider->requests().size() == 4; }));
-    ASSERT_TRUE(settle());
+    EXPECT_TRUE(refreshed(4));
 }
 
 TEST_F(Facts, aRefusalOfFactsMakesPollingRestToo)
@@ -400,8 +362,7 @@ TEST_F(Facts, aRefusalOfFactsMakesPollingRestToo)
     processEvents();
     EXPECT_EQ(provider->requests().size(), 2U);
     clock->advance(1min);
-    EXPECT_TRUE(eventually([&] { return provider->requests().size() == 3; }));
-    ASSERT_TRUE(settle());
+    EXPECT_TRUE(refreshed(3));
 }
 
 }  // namespace

@@ -2,31 +2,23 @@
 
 namespace {
 
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 /// What the user changes: it takes effect at once and is there after a restart.
-class FilterOperations : public TestSupport::ModelTest {
+class FilterOperations : public ModelTest {
 protected:
     void SetUp() override
     {
         selectTools();
-        auto draft = makePullRequest(2);
-        draft.isDraft = true;
-        auto failing = makePullRequest(3);
-        failing.checks = {1, 2, 1};
+        const auto draft = with(makePullRequest(2), &PullRequest::isDraft, true);
+        const auto failing = with(makePullRequest(3), &PullRequest::checks, {1, 2, 1});
         auto conflicting = makePullRequest(4);
         conflicting.mergeability = PullRequestMergeability::conflicting;
         auto approved = makePullRequest(5);
         approved.reviewActivity = {true, false, false, true};
         provider->setPullRequests({makePullRequest(1), draft, failing, conflicting, approved});
         provider->setRepositories({"octo/site", "octo/tools"});
-        start();
-        refresh();
+        startAndRefresh();
     }
 
     Settings storedSettings() { return SettingsStore(*defaults).load(); }
@@ -124,7 +116,7 @@ TEST_F(FilterOperations, filterWhatIsShownUntilOtherReviewersAreFetchedFor)
     provider->hold();
     provider->setPullRequests({makePullRequest(7)});
     model->setReviewerFilter(ReviewerFilter::any);
-    ASSERT_TRUE(TestSupport::eventually([&] { return provider->waiting() == 1; }));
+    ASSERT_TRUE(eventually([&] { return provider->waiting() == 1; }));
     EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 3, 4, 5));
     model->toggleStatus(StatusFilter::draft);
     EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3, 4, 5));
@@ -136,19 +128,14 @@ TEST_F(FilterOperations, filterWhatIsShownUntilOtherReviewersAreFetchedFor)
 
 TEST_F(FilterOperations, tellsOfEveryChange)
 {
-    int settingsChanges = 0;
-    int rowChanges = 0;
-    QObject::connect(model.get(), &PullRequestMenuModel::settingsChanged, model.get(), [&] {
-        ++settingsChanges;
-    });
-    QObject::connect(
-        model.get(), &PullRequestMenuModel::rowsChanged, model.get(), [&] { ++rowChanges; });
+    const auto settingsChanges = countOf(&PullRequestMenuModel::settingsChanged);
+    const auto rowChanges = countOf(&PullRequestMenuModel::rowsChanged);
     model->toggleStatus(StatusFilter::draft);
-    EXPECT_EQ(settingsChanges, 1);
-    EXPECT_EQ(rowChanges, 1);
+    EXPECT_EQ(*settingsChanges, 1);
+    EXPECT_EQ(*rowChanges, 1);
     model->toggleMergeability(MergeabilityFilter::unknown);
-    EXPECT_EQ(settingsChanges, 2);
-    EXPECT_EQ(rowChanges, 1);
+    EXPECT_EQ(*settingsChanges, 2);
+    EXPECT_EQ(*rowChanges, 1);
 }
 
 TEST_F(FilterOperations, countsWhatTheFiltersHide)
@@ -164,21 +151,19 @@ TEST_F(FilterOperations, countsWhatTheFiltersHide)
 TEST_F(FilterOperations, tellWheneverWhatIsHiddenMayDiffer)
 {
     model->toggleStatus(StatusFilter::draft);
-    int changes = 0;
-    QObject::connect(
-        model.get(), &PullRequestMenuModel::hiddenChanged, model.get(), [&] { ++changes; });
+    const auto changes = countOf(&PullRequestMenuModel::hiddenChanged);
     model->toggleMergeability(MergeabilityFilter::conflicting);
-    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(*changes, 1);
     auto conflicting = makePullRequest(4);
     conflicting.mergeability = PullRequestMergeability::conflicting;
     conflicting.title = "Another title";
     provider->setPullRequests({conflicting});
     refresh();
-    EXPECT_EQ(changes, 2);
+    EXPECT_EQ(*changes, 2);
     model->toggleMergeability(MergeabilityFilter::conflicting);
-    EXPECT_EQ(changes, 3);
+    EXPECT_EQ(*changes, 3);
     model->toggleChecks(ChecksFilter::fail);
-    EXPECT_EQ(changes, 3);
+    EXPECT_EQ(*changes, 3);
 }
 
 TEST_F(FilterOperations, knowTheHiddenOnesAndWhatHidesThem)
@@ -211,7 +196,7 @@ TEST_F(FilterOperations, resetEveryFilterAndNoRepository)
     EXPECT_EQ(storedSettings(), expected);
     // The refresh for the reviewers before may run still; the next one looks for its end by the
     // clock.
-    ASSERT_TRUE(TestSupport::eventually([&] {
+    ASSERT_TRUE(eventually([&] {
         clock->advance(std::chrono::milliseconds(50));
         return shownNumbers().size() == 4;
     }));
@@ -271,16 +256,12 @@ TEST_F(FilterOperations, sayThatAVisitCannotBeKept)
 
 TEST_F(FilterOperations, switchDarkModeAndKeepIt)
 {
-    int switched = 0;
-    QObject::connect(
-        model.get(), &Tarnwick::PullRequestMenuModel::darkModeChanged, model.get(), [&] {
-            ++switched;
-        });
+    const auto switched = countOf(&PullRequestMenuModel::darkModeChanged);
     EXPECT_FALSE(model->settings().darkMode);
     model->setDarkMode(true);
     model->setDarkMode(true);
     EXPECT_TRUE(model->settings().darkMode);
-    EXPECT_EQ(switched, 1);
+    EXPECT_EQ(*switched, 1);
     EXPECT_EQ(defaults->values.at("appearance.darkMode"), "true");
     start();
     EXPECT_TRUE(model->settings().darkMode);
@@ -288,15 +269,12 @@ TEST_F(FilterOperations, switchDarkModeAndKeepIt)
 
 TEST_F(FilterOperations, rememberVisitsAndSaySo)
 {
-    int visited = 0;
-    QObject::connect(model.get(), &Tarnwick::PullRequestMenuModel::visitsChanged, model.get(), [&] {
-        ++visited;
-    });
+    const auto visited = countOf(&PullRequestMenuModel::visitsChanged);
     const auto pullRequest = makePullRequest(1);
     EXPECT_FALSE(model->visits().isVisited(pullRequest));
     model->recordVisit(pullRequest.id);
     EXPECT_TRUE(model->visits().isVisited(pullRequest));
-    EXPECT_EQ(visited, 1);
+    EXPECT_EQ(*visited, 1);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "Tarnwick/Model/Filters.h"
 
+#include "Support/Mapped.h"
+
 #include <gmock/gmock.h>
 
 namespace {
@@ -11,13 +13,9 @@ using PullRequestKit::nameOf;
 using testing::ElementsAre;
 
 template<typename E>
-std::vector<std::string_view> namesOf()
+std::vector<std::string> namesOf()
 {
-    std::vector<std::string_view> names;
-    for (const E value : allCases<E>()) {
-        names.push_back(nameOf(value));
-    }
-    return names;
+    return TestSupport::mapped(allCases<E>(), [](E value) { return std::string(nameOf(value)); });
 }
 
 TEST(Filters, haveTheirStoredTextsInTheOrderOfTheMenu)

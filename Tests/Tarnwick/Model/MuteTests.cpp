@@ -4,16 +4,7 @@
 
 namespace {
 
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Optional;
-using testing::SizeIs;
-using testing::UnorderedElementsAre;
-using TestSupport::date;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 const Date now = date("2024-05-02T08:00:00Z");
 
@@ -85,9 +76,7 @@ TEST(Mutes, compareAuthorsWithoutLetterCase)
 
 PullRequest by(const char* author, std::int64_t number)
 {
-    PullRequest pullRequest = makePullRequest(number);
-    pullRequest.author = author;
-    return pullRequest;
+    return with(makePullRequest(number), &PullRequest::author, author);
 }
 
 TEST(MutedRows, areHiddenBeforeAnyFilterHidesThem)
@@ -163,15 +152,14 @@ TEST(MutedRows, areCountedApart)
     EXPECT_EQ(hiddenSentence({}), "");
 }
 
-class Muting : public TestSupport::ModelTest {
+class Muting : public ModelTest {
 protected:
     void SetUp() override
     {
         selectTools();
         provider->setRepositories({"octo/tools"});
         provider->setPullRequests(all);
-        start();
-        refresh();
+        startAndRefresh();
     }
 
     Settings storedSettings() { return SettingsStore(*defaults).load(); }
@@ -314,8 +302,7 @@ TEST_F(Muting, keepsWhatIsMutedOutOfNotifications)
     all[0].checks = {0, 1, 1};
     all[1].checks = {0, 1, 1};
     provider->setPullRequests(all);
-    start();
-    refresh();
+    startAndRefresh();
     clock->advance(1min);
     all[0].checks = {1, 1, 0};
     all[1].checks = {1, 1, 0};

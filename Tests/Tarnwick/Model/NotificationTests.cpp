@@ -5,48 +5,32 @@
 
 namespace {
 
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
-using TestSupport::date;
-using TestSupport::eventually;
-using TestSupport::makePullRequest;
-using TestSupport::processEvents;
-using TestSupport::runToEnd;
+using namespace TestSupport;
 
 /// A pull request that came into being after the first refresh of these tests.
 PullRequest createdLater(std::int64_t number)
 {
-    auto pullRequest = makePullRequest(number);
-    pullRequest.createdAt = date("2024-05-02T08:00:01Z");
-    return pullRequest;
+    return with(makePullRequest(number), &PullRequest::createdAt, date("2024-05-02T08:00:01Z"));
 }
 
 PullRequest blocked(std::int64_t number)
 {
-    auto pullRequest = makePullRequest(number);
-    pullRequest.mergeability = PullRequestMergeability::conflicting;
-    return pullRequest;
+    return with(
+        makePullRequest(number), &PullRequest::mergeability, PullRequestMergeability::conflicting);
 }
 
 PullRequest unknown(std::int64_t number)
 {
-    auto pullRequest = makePullRequest(number);
-    pullRequest.mergeability = PullRequestMergeability::unknown;
-    return pullRequest;
+    return with(
+        makePullRequest(number), &PullRequest::mergeability, PullRequestMergeability::unknown);
 }
 
 PullRequest withChecks(std::int64_t number, ProgressCount checks)
 {
-    auto pullRequest = makePullRequest(number);
-    pullRequest.checks = checks;
-    return pullRequest;
+    return with(makePullRequest(number), &PullRequest::checks, checks);
 }
 
-class Notifications : public TestSupport::ModelTest {
+class Notifications : public ModelTest {
 protected:
     void SetUp() override
     {
@@ -64,6 +48,19 @@ protected:
         start();
     }
 
+    /// Starts with both settings and the first list, from which changes count.
+    void startWithBaseline()
+    {
+        startWithBothSettings();
+        refresh();
+    }
+
+    void startWith(std::vector<PullRequest> pullRequests)
+    {
+        startWithBothSettings();
+        refreshWith(std::move(pullRequests));
+    }
+
     void refreshWith(std::vector<PullRequest> pullRequests)
     {
         provider->setPullRequests(std::move(pullRequests));
@@ -75,15 +72,13 @@ protected:
 
 TEST_F(Notifications, announceNothingAtTheFirstRefresh)
 {
-    startWithBothSettings();
-    refreshWith({createdLater(1)});
+    startWith({createdLater(1)});
     EXPECT_THAT(notifier->shown, IsEmpty());
 }
 
 TEST_F(Notifications, announceWhatCameIntoBeingSinceTheLastRefresh)
 {
-    startWithBothSettings();
-    refresh();
+    startWithBaseline();
     refreshWith({makePullRequest(1), createdLater(2), createdLater(3)});
     EXPECT_THAT(notifier->shown, UnorderedElementsAre("new 2", "new 3"));
     refreshWith({makePullRequest(1), createdLater(2), createdLater(3)});
@@ -92,8 +87,7 @@ TEST_F(Notifications, announceWhatCameIntoBeingSinceTheLastRefresh)
 
 TEST_F(Notifications, doNotAnnounceWhatExistedBeforeTheBaseline)
 {
-    startWithBothSettings();
-    refresh();
+    startWithBaseline();
     auto reopened = makePullRequest(2);
     reopened.createdAt = date("2024-05-02T08:00:00Z");
     auto undated = makePullRequest(3);
@@ -104,74 +98,66 @@ TEST_F(Notifications, doNotAnnounceWhatExistedBeforeTheBaseline)
 
 TEST_F(Notifications, doNotAnnounceWhatAFilterHides)
 {
-    startWithBothSettings();
-    refresh();
-    auto draft = createdLater(2);
-    draft.isDraft = true;
+    startWithBaseline();
+    const auto draft = with(createdLater(2), &PullRequest::isDraft, true);
     refreshWith({makePullRequest(1), draft});
     EXPECT_THAT(notifier->shown, IsEmpty());
 }
 
 TEST_F(Notifications, doNotAnnounceWhatAppearsThroughAChangedFilter)
 {
-    startWithBothSettings();
-    refresh();
+    startWithBaseline();
     model->toggleStatus(StatusFilter::draft);
-    auto draft = createdLater(2);
-    draft.isDraft = true;
+    const auto draft = with(createdLater(2), &PullRequest::isDraft, true);
     refreshWith({makePullRequest(1), draft});
     EXPECT_THAT(notifier->shown, IsEmpty());
-    auto later = createdLater(3);
-    later.createdAt = date("2024-05-02T08:00:05Z");
+    const auto later = with(createdLater(3), &PullRequest::createdAt, date("2024-05-02T08:00:05Z"));
     refreshWith({makePullRequest(1), draft, later});
     EXPECT_THAT(notifier->shown, ElementsAre("new 3"));
 }
 
-/// A change in what is looked at: the next refresh announces nothing, the one after it does.
-class NotificationBaselines : public Notifications {
-protected:
-    void expectANewBaselineAfter(const std::function<void()>& change)
-    {
-        startWithBothSettings();
-        refresh();
-        provider->setPullRequests({makePullRequest(1), createdLater(2)});
-        clock->advance(1s);
-        change();
-        ASSERT_TRUE(settle());
-        refresh();
-        processEvents();
-        EXPECT_THAT(notifier->shown, IsEmpty());
-        auto later = createdLater(3);
-        later.createdAt = date("2024-05-02T08:00:05Z");
-        refreshWith({makePullRequest(1), createdLater(2), later});
-        EXPECT_THAT(notifier->shown, ElementsAre("new 3"));
-    }
+struct FilterChange {
+    const char* name;
+    std::function<void(PullRequestMenuModel&)> change;
 };
 
-TEST_F(NotificationBaselines, areSetAnewByAChangeOfChecks)
+/// A change in what is looked at: the next refresh announces nothing, the one after it does.
+class NotificationBaselines
+    : public Notifications
+    , public WithParamInterface<FilterChange> {};
+
+TEST_P(NotificationBaselines, areSetAnewByAChange)
 {
-    expectANewBaselineAfter([&] { model->toggleChecks(ChecksFilter::pending); });
+    startWithBaseline();
+    provider->setPullRequests({makePullRequest(1), createdLater(2)});
+    clock->advance(1s);
+    GetParam().change(*model);
+    ASSERT_TRUE(settle());
+    refresh();
+    processEvents();
+    EXPECT_THAT(notifier->shown, IsEmpty());
+    const auto later = with(createdLater(3), &PullRequest::createdAt, date("2024-05-02T08:00:05Z"));
+    refreshWith({makePullRequest(1), createdLater(2), later});
+    EXPECT_THAT(notifier->shown, ElementsAre("new 3"));
 }
 
-TEST_F(NotificationBaselines, areSetAnewByAChangeOfReviews)
-{
-    expectANewBaselineAfter([&] { model->toggleReviewFilter(ReviewFilter::none); });
-}
-
-TEST_F(NotificationBaselines, areSetAnewByAChangeOfMergeability)
-{
-    expectANewBaselineAfter([&] { model->toggleMergeability(MergeabilityFilter::unknown); });
-}
-
-TEST_F(NotificationBaselines, areSetAnewByAChangeOfReviewers)
-{
-    expectANewBaselineAfter([&] { model->setReviewerFilter(ReviewerFilter::any); });
-}
+INSTANTIATE_TEST_SUITE_P(
+    Filters,
+    NotificationBaselines,
+    Values(
+        FilterChange{"ofChecks", [](auto& model) { model.toggleChecks(ChecksFilter::pending); }},
+        FilterChange{
+            "ofReviews", [](auto& model) { model.toggleReviewFilter(ReviewFilter::none); }},
+        FilterChange{
+            "ofMergeability",
+            [](auto& model) { model.toggleMergeability(MergeabilityFilter::unknown); }},
+        FilterChange{
+            "ofReviewers", [](auto& model) { model.setReviewerFilter(ReviewerFilter::any); }}),
+    [](const auto& tested) { return tested.param.name; });
 
 TEST_F(Notifications, doNotAnnounceWhatAppearsThroughAChangedSelection)
 {
-    startWithBothSettings();
-    refresh();
+    startWithBaseline();
     model->selectRepositories({"octo/site"}, true);
     auto other = createdLater(2);
     other.id.repository = "octo/site";
@@ -181,16 +167,14 @@ TEST_F(Notifications, doNotAnnounceWhatAppearsThroughAChangedSelection)
 
 TEST_F(Notifications, announceWhatBecameUnblocked)
 {
-    startWithBothSettings();
-    refreshWith({blocked(1), blocked(2), makePullRequest(3)});
+    startWith({blocked(1), blocked(2), makePullRequest(3)});
     refreshWith({makePullRequest(1), blocked(2), makePullRequest(3), makePullRequest(4)});
     EXPECT_THAT(notifier->shown, ElementsAre("unblocked 1"));
 }
 
 TEST_F(Notifications, announceOnceThatFailedChecksPassAfterTheyRanAgain)
 {
-    startWithBothSettings();
-    refreshWith({withChecks(1, {0, 2, 1})});
+    startWith({withChecks(1, {0, 2, 1})});
     refreshWith({withChecks(1, {1, 2, 0})});
     EXPECT_THAT(notifier->shown, IsEmpty());
     refreshWith({withChecks(1, {2, 2, 0})});
@@ -205,8 +189,7 @@ TEST_F(Notifications, announceOnceThatFailedChecksPassAfterTheyRanAgain)
 
 TEST_F(Notifications, announceThatAConflictIsGoneAfterGitHubHasLookedAgain)
 {
-    startWithBothSettings();
-    refreshWith({blocked(1)});
+    startWith({blocked(1)});
     refreshWith({unknown(1)});
     refreshWith({unknown(1)});
     EXPECT_THAT(notifier->shown, IsEmpty());
@@ -216,8 +199,7 @@ TEST_F(Notifications, announceThatAConflictIsGoneAfterGitHubHasLookedAgain)
 
 TEST_F(Notifications, announceWhatBecameUnblockedWhileTheProgramDidNotRun)
 {
-    startWithBothSettings();
-    refreshWith({blocked(1), blocked(2)});
+    startWith({blocked(1), blocked(2)});
     refreshWith({unknown(1), blocked(2)});
     start();
     refreshWith({makePullRequest(1), blocked(2)});
@@ -232,11 +214,10 @@ TEST_F(Notifications, announceWhatBecameUnblockedWhileTheProgramDidNotRun)
 
 TEST_F(Notifications, announceWhatAnotherProgramFoundUnblockedBefore)
 {
-    startWithBothSettings();
-    refreshWith({blocked(1), blocked(2)});
+    startWith({blocked(1), blocked(2)});
     model.reset();
     const auto file = std::exchange(blockedFile, std::nullopt);
-    const auto ours = std::exchange(notifier, std::make_shared<TestSupport::FakeNotifier>());
+    const auto ours = std::exchange(notifier, std::make_shared<FakeNotifier>());
     start();
     refreshWith({makePullRequest(1), blocked(2), blocked(3)});
     model.reset();
@@ -249,8 +230,7 @@ TEST_F(Notifications, announceWhatAnotherProgramFoundUnblockedBefore)
 
 TEST_F(Notifications, announceWhatLeftTheListBlockedAndComesBackUnblocked)
 {
-    startWithBothSettings();
-    refreshWith({blocked(1)});
+    startWith({blocked(1)});
     refreshWith({});
     model->toggleChecks(ChecksFilter::pass);
     refreshWith({makePullRequest(1)});
@@ -259,8 +239,7 @@ TEST_F(Notifications, announceWhatLeftTheListBlockedAndComesBackUnblocked)
 
 TEST_F(Notifications, areNotCaughtUpWithWhenTheyAreSwitchedOn)
 {
-    startWithBothSettings();
-    refreshWith({blocked(1), blocked(2)});
+    startWith({blocked(1), blocked(2)});
     runToEnd(model->toggleUnblockedNotifications());
     refreshWith({makePullRequest(1), blocked(2)});
     runToEnd(model->toggleUnblockedNotifications());
@@ -270,25 +249,20 @@ TEST_F(Notifications, areNotCaughtUpWithWhenTheyAreSwitchedOn)
 
 TEST_F(Notifications, sayOfAnUnblockedOneWhatTheNextRefreshOvertook)
 {
-    startWithBothSettings();
-    refreshWith({blocked(1), blocked(2)});
-    QPromise<void> gate;
-    gate.start();
-    notifier->gate = gate.future();
+    startWith({blocked(1), blocked(2)});
+    notifier->hold();
     refreshWith({makePullRequest(1), makePullRequest(2)});
     EXPECT_EQ(notifier->shown.size(), 1U);
     refreshWith({makePullRequest(1), makePullRequest(2)});
-    gate.finish();
+    notifier->release();
     processEvents();
     EXPECT_THAT(notifier->shown, UnorderedElementsAre("unblocked 1", "unblocked 2"));
 }
 
 TEST_F(Notifications, doNotTakeANoLongerBlockedDraftForUnblocked)
 {
-    startWithBothSettings();
-    refreshWith({blocked(1)});
-    auto draft = makePullRequest(1);
-    draft.isDraft = true;
+    startWith({blocked(1)});
+    const auto draft = with(makePullRequest(1), &PullRequest::isDraft, true);
     refreshWith({draft});
     EXPECT_THAT(notifier->shown, IsEmpty());
 }
@@ -305,8 +279,7 @@ TEST_F(Notifications, followTheirOwnSettings)
 
 TEST_F(Notifications, neverAskForPermissionWithBothSettingsOff)
 {
-    start();
-    refresh();
+    startAndRefresh();
     refreshWith({createdLater(2)});
     EXPECT_EQ(notifier->permissionRequests, 0);
     EXPECT_THAT(notifier->shown, IsEmpty());
@@ -336,37 +309,30 @@ TEST_F(Notifications, areTurnedOffWhenThePermissionIsGone)
 
 TEST_F(Notifications, waitForTheCheckOfThePermission)
 {
-    QPromise<void> gate;
-    gate.start();
-    notifier->gate = gate.future();
-    startWithBothSettings();
-    refresh();
+    notifier->hold();
+    startWithBaseline();
     refreshWith({makePullRequest(1), createdLater(2)});
     EXPECT_THAT(notifier->shown, IsEmpty());
-    gate.finish();
+    notifier->release();
     EXPECT_TRUE(eventually([&] { return !notifier->shown.empty(); }));
     EXPECT_THAT(notifier->shown, ElementsAre("new 2"));
 }
 
 TEST_F(Notifications, dropWhatTheNextRefreshOvertakes)
 {
-    startWithBothSettings();
-    refresh();
-    QPromise<void> gate;
-    gate.start();
-    notifier->gate = gate.future();
+    startWithBaseline();
+    notifier->hold();
     refreshWith({makePullRequest(1), createdLater(2), createdLater(3)});
     EXPECT_EQ(notifier->shown.size(), 1U);
     refreshWith({makePullRequest(1), createdLater(2), createdLater(3)});
-    gate.finish();
+    notifier->release();
     processEvents();
     EXPECT_EQ(notifier->shown.size(), 1U);
 }
 
 TEST_F(Notifications, sayWhyANewOneCouldNotBeDelivered)
 {
-    startWithBothSettings();
-    refresh();
+    startWithBaseline();
     notifier->error = "No server.";
     refreshWith({makePullRequest(1), createdLater(2)});
     EXPECT_EQ(
@@ -376,8 +342,7 @@ TEST_F(Notifications, sayWhyANewOneCouldNotBeDelivered)
 
 TEST_F(Notifications, sayWhyAnUnblockedOneCouldNotBeDelivered)
 {
-    startWithBothSettings();
-    refreshWith({blocked(1)});
+    startWith({blocked(1)});
     notifier->error = "No server.";
     refreshWith({makePullRequest(1)});
     EXPECT_EQ(
@@ -435,13 +400,11 @@ TEST_F(Notifications, sayWhyTheyCouldNotBeSwitchedOn)
 
 TEST_F(Notifications, surviveTheEndOfTheModelWhilePermissionIsAskedFor)
 {
-    QPromise<void> gate;
-    gate.start();
-    notifier->gate = gate.future();
+    notifier->hold();
     start();
     const auto toggling = model->toggleUnblockedNotifications();
     model.reset();
-    gate.finish();
+    notifier->release();
     processEvents();
     EXPECT_FALSE(SettingsStore(*defaults).load().unblockedNotificationsEnabled);
 }

@@ -7,33 +7,26 @@
 
 namespace {
 
-using namespace PullRequestKit;
-using namespace Tarnwick;
+using namespace TestSupport;
 using namespace std::string_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using TestSupport::makePullRequest;
-
-QCoro::Task<> keep(QCoro::Task<std::optional<std::string>> task, std::optional<std::string>* result)
-{
-    *result = co_await task;
-}
 
 /// From a row to the editor, with the project folder that the user has set.
-class OpenInEditor : public TestSupport::ModelTest {
+class OpenInEditor : public ModelTest {
 protected:
     OpenInEditor() { start(); }
 
     std::string projects() const { return folder.path().toStdString() + "/projects"; }
 
-    void haveClone() const { std::filesystem::create_directories(projects() + "/tools"); }
+    /// A clone in the project directory that the user has set.
+    void haveClone() const
+    {
+        std::filesystem::create_directories(projects() + "/tools");
+        model->setProjectDirectory(projects());
+    }
 
     std::optional<std::string> open(const PullRequest& pullRequest)
     {
-        std::optional<std::string> problem;
-        auto opening = model->openInEditor(pullRequest, desktop.progress());
-        TestSupport::runToEnd(keep(std::move(opening), &problem));
-        return problem;
+        return valueOf(model->openInEditor(pullRequest, desktop.progress()));
     }
 
     std::optional<std::string> open() { return open(makePullRequest(7, "feature/login", "main")); }
@@ -42,7 +35,6 @@ protected:
 TEST_F(OpenInEditor, opensTheWorktreeOfTheHeadBranchInTheClone)
 {
     haveClone();
-    model->setProjectDirectory(projects());
     desktop.ends(0);
     desktop.ends(0, "worktree /trees/login\0branch refs/heads/feature/login\0\0"s);
     desktop.ends(0);
@@ -86,7 +78,6 @@ TEST_F(OpenInEditor, takesAFileForNoClone)
 TEST_F(OpenInEditor, takesNoRepositoryThatLeadsOutOfTheProjectDirectory)
 {
     haveClone();
-    model->setProjectDirectory(projects());
     auto pullRequest = makePullRequest(7);
     pullRequest.id.repository = "octo/..";
     EXPECT_EQ(
@@ -110,7 +101,6 @@ TEST_F(OpenInEditor, yieldsWhatGitSaid)
 TEST_F(OpenInEditor, yieldsTheRunnersOwnErrors)
 {
     haveClone();
-    model->setProjectDirectory(projects());
     desktop.fails(std::make_exception_ptr(ProviderError("GitHub CLI request timed out.")));
     EXPECT_EQ(open(), "GitHub CLI request timed out.");
 }
@@ -118,14 +108,12 @@ TEST_F(OpenInEditor, yieldsTheRunnersOwnErrors)
 TEST_F(OpenInEditor, saysThatThereIsNoHeadBranch)
 {
     haveClone();
-    model->setProjectDirectory(projects());
     EXPECT_EQ(open(makePullRequest(7, "", "main")), "The pull request has no head branch.");
 }
 
 TEST_F(OpenInEditor, endsQuietlyWhenTheModelGoes)
 {
     haveClone();
-    model->setProjectDirectory(projects());
     // The worker waits until the model is gone.
     desktop.meanwhile([this] {
         QMetaObject::invokeMethod(qApp, [this] { model.reset(); }, Qt::BlockingQueuedConnection);

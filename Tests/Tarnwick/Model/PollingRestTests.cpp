@@ -2,13 +2,9 @@
 
 #include "Fakes/FakeClock.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace std::chrono_literals;
-using PullRequestKit::Quota;
-using Tarnwick::PollingRest;
+using namespace TestSupport;
 
 class PollingRestTest : public testing::Test {
 protected:
@@ -22,7 +18,7 @@ protected:
         return {5000, remaining, clock->now() + untilReset};
     }
 
-    std::shared_ptr<TestSupport::FakeClock> clock = std::make_shared<TestSupport::FakeClock>();
+    std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
     PollingRest rest{clock};
     int changes = 0;
 };
@@ -42,7 +38,7 @@ TEST(PollingRest, doublesFromOneMinuteToHalfAnHour)
     for (int times = 1; times <= 7; ++times) {
         minutes.push_back(static_cast<int>(Tarnwick::restAfterRefusals(times).count()));
     }
-    EXPECT_THAT(minutes, testing::ElementsAre(1, 2, 4, 8, 16, 30, 30));
+    EXPECT_THAT(minutes, ElementsAre(1, 2, 4, 8, 16, 30, 30));
     EXPECT_EQ(Tarnwick::restAfterRefusals(1000), 30min);
 }
 

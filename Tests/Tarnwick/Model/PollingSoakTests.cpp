@@ -12,7 +12,6 @@
 #include <iostream>
 #include <random>
 
-#include <gmock/gmock.h>
 #include <malloc.h>
 
 namespace {
@@ -20,10 +19,8 @@ namespace {
 /// Enough that some of the commands are children.
 constexpr std::int64_t fewestPolls = 30;
 
-using namespace std::chrono_literals;
+using namespace TestSupport;
 using GitHub::CommandResult;
-using Tarnwick::PollingInterval;
-using TestSupport::eventually;
 
 /// A `gh` that answers, fails, prints what is no answer, is slow, stops itself, is killed, or is
 /// not there. One run of twenty is a child process.
@@ -74,7 +71,7 @@ private:
         case 1:
             return {0, "<html>", ""};
         case 2:
-            throw PullRequestKit::ProviderError("GitHub CLI request timed out.");
+            throw ProviderError("GitHub CLI request timed out.");
         case 3:
             throw std::system_error(ENOENT, std::generic_category(), "Could not start gh");
         default:
@@ -113,7 +110,7 @@ private:
 
 /// Days of polling on a clock that only the test moves.
 class PollingSoak
-    : public TestSupport::ModelTest
+    : public ModelTest
     , public testing::WithParamInterface<PollingInterval> {
 protected:
     PollingSoak()
@@ -125,7 +122,7 @@ protected:
             [] { return std::filesystem::path("/usr/bin/gh"); },
             gh,
             [](const std::string&) {});
-        model = std::make_unique<Tarnwick::PullRequestMenuModel>(std::move(parts));
+        model = std::make_unique<PullRequestMenuModel>(std::move(parts));
         model->setPollingInterval(GetParam());
     }
 
@@ -159,7 +156,7 @@ protected:
         }
     }
 
-    const std::map<int, std::string> descriptors = TestSupport::openDescriptors();
+    const std::map<int, std::string> descriptors = openDescriptors();
     std::shared_ptr<RandomGh> gh = std::make_shared<RandomGh>();
     std::minstd_rand random{7};
 };
@@ -189,11 +186,11 @@ TEST_P(PollingSoak, missesNoPollAndLeavesNothingBehind)
     EXPECT_EQ(missed, 0);
     EXPECT_EQ(gh->overlaps, 0);
     EXPECT_GT(gh->children, 0);
-    EXPECT_FALSE(TestSupport::hasChildren());
+    EXPECT_FALSE(hasChildren());
     EXPECT_LT(memoryAtEnd, memory + std::size_t{256} * 1024);
     model.reset();  // Waits until the last list is on disk.
     // One of an earlier test's threads may have ended meanwhile.
-    EXPECT_THAT(TestSupport::openDescriptors(), testing::Each(testing::AnyOfArray(descriptors)));
+    EXPECT_THAT(openDescriptors(), Each(testing::AnyOfArray(descriptors)));
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -2,18 +2,10 @@
 
 namespace {
 
-using namespace std::chrono_literals;
-using Tarnwick::PollingInterval;
-using Tarnwick::ReviewerFilter;
-using testing::Contains;
-using testing::ElementsAre;
-using testing::Not;
-using testing::UnorderedElementsAre;
-using TestSupport::eventually;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 /// When refreshes happen by themselves.
-class Polling : public TestSupport::ModelTest {
+class Polling : public ModelTest {
 protected:
     void SetUp() override
     {
@@ -23,11 +15,11 @@ protected:
         start();
     }
 
-    /// Waits until this many requests were answered.
-    bool refreshed(std::size_t times)
+    /// How long the one sleeper sleeps, once there is one.
+    std::vector<std::chrono::milliseconds> onlySleep() const
     {
-        return eventually(
-            [&] { return provider->requests().size() == times && !model->isRefreshing(); });
+        EXPECT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
+        return clock->sleepers();
     }
 };
 
@@ -44,8 +36,7 @@ TEST_F(Polling, pollsAgainAFullPeriodAfterEachPoll)
 {
     clock->advance(300s);
     ASSERT_TRUE(refreshed(1));
-    EXPECT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
-    EXPECT_THAT(clock->sleepers(), ElementsAre(300'000ms));
+    EXPECT_THAT(onlySleep(), ElementsAre(300'000ms));
     clock->advance(300s);
     EXPECT_TRUE(refreshed(2));
 }
@@ -70,12 +61,9 @@ TEST_F(Polling, countsANewPeriodFromTheChange)
 
 TEST_F(Polling, aChangeOfThePeriodLosesNoRunningRefresh)
 {
-    provider->hold();
-    clock->advance(300s);
-    ASSERT_TRUE(eventually([&] { return provider->waiting() == 1; }));
+    pollAndHold();
     model->setPollingInterval(PollingInterval::oneHour);
-    provider->release();
-    ASSERT_TRUE(settle());
+    releaseAndSettle();
     EXPECT_EQ(model->state().kind, Kind::loaded);
     EXPECT_EQ(provider->cancelled(), 0);
     EXPECT_THAT(shownNumbers(), ElementsAre(1));
@@ -86,8 +74,7 @@ TEST_F(Polling, refreshesAtOnceWhenTheMachineWakes)
 {
     machine->wake();
     ASSERT_TRUE(refreshed(1));
-    ASSERT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
-    EXPECT_THAT(clock->sleepers(), ElementsAre(300'000ms));
+    EXPECT_THAT(onlySleep(), ElementsAre(300'000ms));
 }
 
 TEST_F(Polling, refreshesAtOnceAfterASleepLongerThanThePeriod)
@@ -102,8 +89,7 @@ TEST_F(Polling, aFailedRefreshAfterWakingIsRepeatedUntilTheNetworkIsThere)
     machine->wake();
     ASSERT_TRUE(refreshed(1));
     for (std::size_t tries = 2; tries <= 4; ++tries) {
-        ASSERT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
-        EXPECT_THAT(clock->sleepers(), ElementsAre(20'000ms));
+        EXPECT_THAT(onlySleep(), ElementsAre(20'000ms));
         clock->advance(20s);
         ASSERT_TRUE(refreshed(tries));
     }
@@ -111,8 +97,7 @@ TEST_F(Polling, aFailedRefreshAfterWakingIsRepeatedUntilTheNetworkIsThere)
     clock->advance(20s);
     ASSERT_TRUE(refreshed(5));
     EXPECT_EQ(model->state().kind, Kind::loaded);
-    ASSERT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
-    EXPECT_THAT(clock->sleepers(), ElementsAre(300'000ms));
+    EXPECT_THAT(onlySleep(), ElementsAre(300'000ms));
 }
 
 TEST_F(Polling, isRepeatedForTenMinutesAtMost)
@@ -127,16 +112,13 @@ TEST_F(Polling, isRepeatedForTenMinutesAtMost)
     }
     ASSERT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
     clock->advance(20s);
-    EXPECT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
-    EXPECT_THAT(clock->sleepers(), ElementsAre(300'000ms));
+    EXPECT_THAT(onlySleep(), ElementsAre(300'000ms));
     EXPECT_EQ(provider->requests().size(), 30U);
 }
 
 TEST_F(Polling, aWakeDuringARefreshCausesAnotherOneAfterIt)
 {
-    provider->hold();
-    clock->advance(300s);
-    ASSERT_TRUE(eventually([&] { return provider->waiting() == 1; }));
+    pollAndHold();
     machine->wake();
     provider->release();
     EXPECT_TRUE(refreshed(2));
@@ -164,21 +146,17 @@ TEST_F(Polling, aFailureLongAfterWakingIsNotRepeatedBeforeItsPeriod)
     provider->setError("HTTP 502");
     clock->advance(300s);
     ASSERT_TRUE(refreshed(2));
-    ASSERT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
-    EXPECT_THAT(clock->sleepers(), ElementsAre(300'000ms));
+    EXPECT_THAT(onlySleep(), ElementsAre(300'000ms));
 }
 
 TEST_F(Polling, isNotRepeatedWhereNobodyWasSignedInBefore)
 {
-    provider->setStatus(PullRequestKit::NotAuthenticated{"Sign in, please."});
+    provider->setStatus(NotAuthenticated{"Sign in, please."});
     clock->advance(300s);
-    ASSERT_TRUE(eventually([&] { return provider->statusCalls() == 1; }));
-    ASSERT_TRUE(settle());
+    ASSERT_TRUE(eventually([&] { return provider->statusCalls() == 1 && !model->isRefreshing(); }));
     machine->wake();
-    ASSERT_TRUE(eventually([&] { return provider->statusCalls() == 2; }));
-    ASSERT_TRUE(settle());
-    ASSERT_TRUE(eventually([&] { return clock->sleepers().size() == 1; }));
-    EXPECT_THAT(clock->sleepers(), ElementsAre(300'000ms));
+    ASSERT_TRUE(eventually([&] { return provider->statusCalls() == 2 && !model->isRefreshing(); }));
+    EXPECT_THAT(onlySleep(), ElementsAre(300'000ms));
 }
 
 TEST_F(Polling, stopsWithTheModel)
@@ -204,17 +182,14 @@ TEST_F(Polling, severalQuickChangesOfTheSelectionCauseOneRefresh)
 
 TEST_F(Polling, aChangedSelectionWaitsForTheEndOfARunningPoll)
 {
-    provider->hold();
-    clock->advance(300s);
-    ASSERT_TRUE(eventually([&] { return provider->waiting() == 1; }));
+    pollAndHold();
     model->toggleRepository("octo/site");
     clock->advance(250ms);
     EXPECT_THAT(clock->sleepers(), ElementsAre(50ms));
     clock->advance(50ms);
     EXPECT_THAT(clock->sleepers(), ElementsAre(50ms));
     EXPECT_EQ(provider->requests().size(), 1U);
-    provider->release();
-    ASSERT_TRUE(settle());
+    releaseAndSettle();
     clock->advance(50ms);
     ASSERT_TRUE(refreshed(2));
     EXPECT_THAT(
@@ -236,13 +211,13 @@ TEST_F(Polling, theSameReviewersAreNotFetchedForAgain)
 
 TEST_F(Polling, filtersOfWhatIsThereFetchNothing)
 {
-    model->toggleStatus(Tarnwick::StatusFilter::draft);
-    model->toggleChecks(Tarnwick::ChecksFilter::pass);
-    model->toggleReviewFilter(Tarnwick::ReviewFilter::approved);
-    model->toggleMergeability(Tarnwick::MergeabilityFilter::unknown);
+    model->toggleStatus(StatusFilter::draft);
+    model->toggleChecks(ChecksFilter::pass);
+    model->toggleReviewFilter(ReviewFilter::approved);
+    model->toggleMergeability(MergeabilityFilter::unknown);
     clock->advance(1s);
     EXPECT_EQ(provider->statusCalls(), 0);
-    EXPECT_THAT(clock->sleepers(), Not(Contains(testing::Lt(1000ms))));
+    EXPECT_THAT(clock->sleepers(), Not(Contains(Lt(1000ms))));
 }
 
 }  // namespace

@@ -5,12 +5,9 @@
 
 #include <stdexcept>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace FileTrouble;
-using namespace Tarnwick;
+using namespace TestSupport;
 
 class PreloadTest : public testing::Test {
 protected:
@@ -56,7 +53,7 @@ TEST_F(PreloadTest, yieldsTheSettingsOfAFreshInstallationAndNoListWithoutFiles)
 TEST_F(PreloadTest, leavesOutAListThatWasTakenForOtherReviewers)
 {
     CachedPullRequestSnapshot snapshot;
-    snapshot.reviewerScope = PullRequestKit::ReviewerScope::any;
+    snapshot.reviewerScope = ReviewerScope::any;
     cache.save(snapshot);
     Preload reading = preload();
     EXPECT_EQ(reading.settings().reviewerFilter, ReviewerFilter::myself);

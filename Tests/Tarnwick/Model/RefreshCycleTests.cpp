@@ -7,29 +7,21 @@
 
 #include <QThreadPool>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
-using namespace std::chrono_literals;
-using Tarnwick::MenuState;
-using Tarnwick::RefreshCycle;
-using Tarnwick::RefreshEnd;
-using testing::ElementsAre;
-using TestSupport::eventually;
+using namespace TestSupport;
 using Kind = MenuState::Kind;
 
 class RefreshCycleTest : public testing::Test {
 protected:
-    RefreshCycleTest() { provider->setPullRequests({TestSupport::makePullRequest(1)}); }
+    RefreshCycleTest() { provider->setPullRequests({makePullRequest(1)}); }
 
     ~RefreshCycleTest() override
     {
         cycle.reset();
         provider->release();
         QThreadPool::globalInstance()->waitForDone();
-        TestSupport::processEvents();
+        processEvents();
     }
 
     /// Writes down what a refresh does.
@@ -43,11 +35,10 @@ protected:
                 .start =
                     [this](const std::optional<std::string>& account) {
                         steps.push_back("start " + account.value_or(""));
-                        return Tarnwick::RefreshStart{
-                            account, std::make_shared<const Tarnwick::Settings>()};
+                        return RefreshStart{account, std::make_shared<const Settings>()};
                     },
                 .accept =
-                    [this](const Tarnwick::RefreshResult& result, const auto& /*start*/) {
+                    [this](const RefreshResult& result, const auto& /*start*/) {
                         steps.push_back("accept " + std::to_string(result.pullRequests->size()));
                         return isRight;
                     },
@@ -55,7 +46,7 @@ protected:
                 .refused = [this] { steps.emplace_back("refused"); }});
     }
 
-    void refresh() { TestSupport::runToEnd(cycle->refresh()); }
+    void refresh() { runToEnd(cycle->refresh()); }
 
     void startAndHold()
     {
@@ -69,9 +60,8 @@ protected:
         return eventually([&] { return !cycle->isRefreshing(); });
     }
 
-    std::shared_ptr<TestSupport::FakeProvider> provider =
-        std::make_shared<TestSupport::FakeProvider>();
-    std::shared_ptr<TestSupport::FakeClock> clock = std::make_shared<TestSupport::FakeClock>();
+    std::shared_ptr<FakeProvider> provider = std::make_shared<FakeProvider>();
+    std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
     std::vector<std::string> steps;
     bool isRight = true;  ///< Whether an answer is the right one.
     std::unique_ptr<RefreshCycle> cycle = makeCycle();
@@ -159,7 +149,7 @@ TEST_F(RefreshCycleTest, callsNothingOnceItIsStoppedOrGone)
     startAndHold();
     cycle.reset();
     ASSERT_TRUE(eventually([&] { return provider->cancelled() == 2; }));
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_THAT(steps, ElementsAre("begin", "start octo", "begin", "start octo"));
 }
 

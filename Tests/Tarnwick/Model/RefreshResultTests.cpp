@@ -1,23 +1,15 @@
 #include "Tarnwick/Model/RefreshResult.h"
 
+#include "Support/Mapped.h"
 #include "Support/PullRequests.h"
-
-#include <gmock/gmock.h>
 
 namespace {
 
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Optional;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 PullRequest draft(std::int64_t number)
 {
-    auto pullRequest = makePullRequest(number);
-    pullRequest.isDraft = true;
-    return pullRequest;
+    return with(makePullRequest(number), &PullRequest::isDraft, true);
 }
 
 RefreshStart startWith(Settings settings)
@@ -35,11 +27,7 @@ Settings openOnesOfTools()
 
 std::vector<std::int64_t> numbers(const std::vector<PullRequestRow>& rows)
 {
-    std::vector<std::int64_t> numbers;
-    for (const PullRequestRow& row : rows) {
-        numbers.push_back(row.id().number);
-    }
-    return numbers;
+    return mapped(rows, [](const auto& row) { return row.id().number; });
 }
 
 TEST(RefreshResults, holdTheRowsThatTheSettingsLeave)

@@ -2,20 +2,10 @@
 
 namespace {
 
-using namespace PullRequestKit;
-using namespace std::chrono_literals;
-using Tarnwick::MenuState;
-using Tarnwick::ReviewerFilter;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
-using TestSupport::date;
-using TestSupport::eventually;
-using TestSupport::FakeProvider;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 /// The model's states and the course of one refresh.
-class Refresh : public TestSupport::ModelTest {
+class Refresh : public ModelTest {
 protected:
     void SetUp() override
     {
@@ -38,7 +28,7 @@ TEST_F(Refresh, passesThroughItsStatesToLoaded)
 {
     start();
     std::vector<Kind> kinds;
-    QObject::connect(model.get(), &Tarnwick::PullRequestMenuModel::stateChanged, model.get(), [&] {
+    QObject::connect(model.get(), &PullRequestMenuModel::stateChanged, model.get(), [&] {
         kinds.push_back(model->state().kind);
     });
     refresh();
@@ -52,23 +42,18 @@ TEST_F(Refresh, passesThroughItsStatesToLoaded)
 
 TEST_F(Refresh, neverLeavesLoadedWithDataInSight)
 {
-    start();
-    refresh();
-    int changes = 0;
-    QObject::connect(model.get(), &Tarnwick::PullRequestMenuModel::stateChanged, model.get(), [&] {
-        ++changes;
-    });
+    startAndRefresh();
+    const auto changes = countOf(&PullRequestMenuModel::stateChanged);
     openAndHold();
     EXPECT_TRUE(model->isRefreshing());
     EXPECT_EQ(model->state(), (MenuState{Kind::loaded, ""}));
     releaseAndSettle();
-    EXPECT_EQ(changes, 0);
+    EXPECT_EQ(*changes, 0);
 }
 
 TEST_F(Refresh, asksForTheSelectedRepositoriesAndTheReviewersScope)
 {
-    start();
-    refresh();
+    startAndRefresh();
     EXPECT_THAT(
         provider->requests(),
         ElementsAre(FakeProvider::Request{ReviewerScope::myself, {"octo/tools"}}));
@@ -77,8 +62,7 @@ TEST_F(Refresh, asksForTheSelectedRepositoriesAndTheReviewersScope)
 TEST_F(Refresh, showsThatNobodyIsSignedIn)
 {
     provider->setStatus(NotAuthenticated{"Sign in, please."});
-    start();
-    refresh();
+    startAndRefresh();
     EXPECT_EQ(model->state(), (MenuState{Kind::signedOut, "Sign in, please."}));
     EXPECT_EQ(model->refreshError(), std::nullopt);
     EXPECT_FALSE(model->isRefreshing());
@@ -87,16 +71,14 @@ TEST_F(Refresh, showsThatNobodyIsSignedIn)
 TEST_F(Refresh, showsThatTheProviderIsUnavailable)
 {
     provider->setStatus(Unavailable{"There is no gh."});
-    start();
-    refresh();
+    startAndRefresh();
     EXPECT_EQ(model->state(), (MenuState{Kind::unavailable, "There is no gh."}));
 }
 
 TEST_F(Refresh, passesOnThatTheServiceIsOutOfReach)
 {
     provider->setStatus(Unavailable{"GitHub cannot be reached.", true});
-    start();
-    refresh();
+    startAndRefresh();
     EXPECT_EQ(model->state(), (MenuState{Kind::unavailable, "GitHub cannot be reached."}));
     EXPECT_TRUE(model->state().isServiceOutOfReach);
 }
@@ -104,8 +86,7 @@ TEST_F(Refresh, passesOnThatTheServiceIsOutOfReach)
 TEST_F(Refresh, showsWhyAFetchFailed)
 {
     provider->setError("HTTP 500");
-    start();
-    refresh();
+    startAndRefresh();
     EXPECT_EQ(model->state(), (MenuState{Kind::failed, "HTTP 500"}));
     EXPECT_EQ(model->refreshError(), std::nullopt);
     EXPECT_EQ(model->lastRefreshed(), std::nullopt);
@@ -114,16 +95,14 @@ TEST_F(Refresh, showsWhyAFetchFailed)
 TEST_F(Refresh, failsAsAWholeWhenTheRepositoriesCannotBeListed)
 {
     provider->setRepositoriesError("no list");
-    start();
-    refresh();
+    startAndRefresh();
     EXPECT_EQ(model->state(), (MenuState{Kind::failed, "no list"}));
     EXPECT_THAT(shownNumbers(), IsEmpty());
 }
 
 TEST_F(Refresh, keepsTheListWhenTheUserSignsOut)
 {
-    start();
-    refresh();
+    startAndRefresh();
     provider->setStatus(NotAuthenticated{"Signed out."});
     refresh();
     EXPECT_EQ(model->state(), (MenuState{Kind::loaded, ""}));
@@ -133,8 +112,7 @@ TEST_F(Refresh, keepsTheListWhenTheUserSignsOut)
 
 TEST_F(Refresh, keepsTheListWhenTheProviderBecomesUnavailable)
 {
-    start();
-    refresh();
+    startAndRefresh();
     provider->setStatus(Unavailable{"Gone."});
     refresh();
     EXPECT_EQ(model->refreshError(), "Showing cached data: Gone.");
@@ -143,8 +121,7 @@ TEST_F(Refresh, keepsTheListWhenTheProviderBecomesUnavailable)
 
 TEST_F(Refresh, keepsTheListWhenAFetchFailsAndForgetsTheErrorAtTheNext)
 {
-    start();
-    refresh();
+    startAndRefresh();
     provider->setError("HTTP 502");
     refresh();
     EXPECT_EQ(model->state(), (MenuState{Kind::loaded, ""}));
@@ -157,8 +134,7 @@ TEST_F(Refresh, keepsTheListWhenAFetchFailsAndForgetsTheErrorAtTheNext)
 
 TEST_F(Refresh, remembersWhyItFailedUntilOneSucceeds)
 {
-    start();
-    refresh();
+    startAndRefresh();
     EXPECT_EQ(model->lastFailure(), std::nullopt);
     provider->setStatus(NotAuthenticated{"GitHub CLI is not logged in."});
     refresh();
@@ -176,8 +152,7 @@ TEST_F(Refresh, remembersWhyItFailedUntilOneSucceeds)
 TEST_F(Refresh, recoversFromAFailureWithoutData)
 {
     provider->setError("HTTP 500");
-    start();
-    refresh();
+    startAndRefresh();
     provider->setError("");
     refresh();
     EXPECT_EQ(model->state(), (MenuState{Kind::loaded, ""}));
@@ -191,11 +166,9 @@ TEST_F(Refresh, throwsAwayAnAnswerForOtherReviewers)
     provider->setPullRequests({makePullRequest(3)});
     model->setReviewerFilter(ReviewerFilter::any);
     ASSERT_TRUE(eventually([&] { return provider->cancelled() == 1; }));
-    provider->release();
-    ASSERT_TRUE(settle());
+    releaseAndSettle();
     clock->advance(50ms);
-    ASSERT_TRUE(eventually([&] { return provider->requests().size() == 2; }));
-    ASSERT_TRUE(settle());
+    ASSERT_TRUE(refreshed(2));
     EXPECT_THAT(shownNumbers(), ElementsAre(3));
     EXPECT_EQ(provider->requests().back().reviewerScope, ReviewerScope::any);
 }
@@ -203,52 +176,42 @@ TEST_F(Refresh, throwsAwayAnAnswerForOtherReviewers)
 TEST_F(Refresh, throwsAwayTheAnswerOfAPollForOtherReviewers)
 {
     start();
-    provider->hold();
-    clock->advance(300s);
-    ASSERT_TRUE(eventually([&] { return provider->waiting() == 1; }));
+    pollAndHold();
     model->setReviewerFilter(ReviewerFilter::any);
     provider->setPullRequests({makePullRequest(3)});
-    provider->release();
-    ASSERT_TRUE(settle());
+    releaseAndSettle();
     EXPECT_THAT(shownNumbers(), IsEmpty());
     EXPECT_EQ(model->lastRefreshed(), std::nullopt);
     clock->advance(50ms);
-    ASSERT_TRUE(eventually([&] { return provider->requests().size() == 2; }));
-    ASSERT_TRUE(settle());
+    ASSERT_TRUE(refreshed(2));
     EXPECT_THAT(shownNumbers(), ElementsAre(3));
 }
 
 TEST_F(Refresh, throwsAwayTheAnswerOfAPollForAnotherSelection)
 {
     start();
-    provider->hold();
-    clock->advance(300s);
-    ASSERT_TRUE(eventually([&] { return provider->waiting() == 1; }));
+    pollAndHold();
     model->toggleRepository("octo/site");
-    provider->release();
-    ASSERT_TRUE(settle());
+    releaseAndSettle();
     EXPECT_EQ(model->lastRefreshed(), std::nullopt);
     EXPECT_THAT(shownNumbers(), IsEmpty());
 }
 
 TEST_F(Refresh, showsWhatAFilterLeavesThatWasChosenMeanwhile)
 {
-    auto draft = makePullRequest(4);
-    draft.isDraft = true;
+    const auto draft = with(makePullRequest(4), &PullRequest::isDraft, true);
     provider->setPullRequests({makePullRequest(3), draft});
     start();
     openAndHold();
-    model->toggleStatus(Tarnwick::StatusFilter::draft);
-    model->toggleStatus(Tarnwick::StatusFilter::open);
-    provider->release();
-    ASSERT_TRUE(settle());
+    model->toggleStatus(StatusFilter::draft);
+    model->toggleStatus(StatusFilter::open);
+    releaseAndSettle();
     EXPECT_THAT(shownNumbers(), ElementsAre(4));
 }
 
 TEST_F(Refresh, leavesAllDataAsItWasWhenItIsCancelled)
 {
-    start();
-    refresh();
+    startAndRefresh();
     provider->setPullRequests({makePullRequest(9)});
     openAndHold();
     model->toggleRepository("octo/site");
@@ -273,8 +236,7 @@ TEST_F(Refresh, keepsTheLaterOfTwoVersionsAtThePlaceOfTheFirst)
     newer.updatedAt = older.updatedAt + 1s;
     newer.title = "newer";
     provider->setPullRequests({older, makePullRequest(2), newer});
-    start();
-    refresh();
+    startAndRefresh();
     const auto snapshot = (model.reset(), cache().load());
     ASSERT_TRUE(snapshot);
     ASSERT_EQ(snapshot->pullRequests.size(), 2U);
@@ -294,21 +256,17 @@ TEST_F(Refresh, readsTheLoginItemEachTimeTheListIsOpened)
 TEST_F(Refresh, tellsOfMorePullRequestsThanAreListed)
 {
     start();
-    int changed = 0;
-    QObject::connect(
-        model.get(), &Tarnwick::PullRequestMenuModel::shortfallChanged, model.get(), [&] {
-            ++changed;
-        });
+    const auto changed = countOf(&PullRequestMenuModel::shortfallChanged);
     EXPECT_EQ(model->shortfall(), std::nullopt);
     provider->setPullRequests({makePullRequest(1), makePullRequest(2), makePullRequest(2)});
     provider->setFound(1240);
     refresh();
-    EXPECT_EQ(model->shortfall(), (Tarnwick::Shortfall{.found = 1240, .listed = 2}));
-    EXPECT_EQ(changed, 1);
+    EXPECT_EQ(model->shortfall(), (Shortfall{.found = 1240, .listed = 2}));
+    EXPECT_EQ(*changed, 1);
     provider->setFound(std::nullopt);
     refresh();
     EXPECT_EQ(model->shortfall(), std::nullopt);
-    EXPECT_EQ(changed, 2);
+    EXPECT_EQ(*changed, 2);
 }
 
 }  // namespace

@@ -2,13 +2,9 @@
 
 #include "Support/PullRequests.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 Settings settings()
 {
@@ -39,8 +35,7 @@ TEST(RowFilter, anEmptySelectionShowsNothing)
 
 TEST(RowFilter, draftsPassByTheDraftStatusAlone)
 {
-    auto draft = makePullRequest(1);
-    draft.isDraft = true;
+    const auto draft = with(makePullRequest(1), &PullRequest::isDraft, true);
     auto filter = settings();
     filter.statuses = {StatusFilter::open};
     EXPECT_FALSE(passesFilters(draft, filter));
@@ -58,8 +53,7 @@ TEST(RowFilter, closedAndMergedOnesNeverPass)
     auto filter = settings();
     filter.statuses = {StatusFilter::open, StatusFilter::draft};
     for (const PullRequestState state : {PullRequestState::closed, PullRequestState::merged}) {
-        auto pullRequest = makePullRequest(1);
-        pullRequest.state = state;
+        const auto pullRequest = with(makePullRequest(1), &PullRequest::state, state);
         EXPECT_FALSE(passesFilters(pullRequest, filter));
     }
 }
@@ -71,8 +65,7 @@ TEST(RowFilter, mergeabilityGoesByItsName)
         {PullRequestMergeability::conflicting, MergeabilityFilter::conflicting},
         {PullRequestMergeability::unknown, MergeabilityFilter::unknown}};
     for (const auto& [mergeability, own] : cases) {
-        auto pullRequest = makePullRequest(1);
-        pullRequest.mergeability = mergeability;
+        const auto pullRequest = with(makePullRequest(1), &PullRequest::mergeability, mergeability);
         for (const MergeabilityFilter filtered : allCases<MergeabilityFilter>()) {
             auto filter = settings();
             filter.mergeabilities = {filtered};

@@ -3,27 +3,18 @@
 
 namespace {
 
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::UnorderedElementsAre;
-using TestSupport::eventually;
-using TestSupport::makePullRequest;
-using TestSupport::processEvents;
+using namespace TestSupport;
 
 /// What other processes store while the program runs.
-class SettingsFollowing : public TestSupport::ModelTest {
+class SettingsFollowing : public ModelTest {
 protected:
     void SetUp() override
     {
         selectTools();
-        auto draft = makePullRequest(2);
-        draft.isDraft = true;
+        const auto draft = with(makePullRequest(2), &PullRequest::isDraft, true);
         provider->setPullRequests({makePullRequest(1), draft});
         provider->setRepositories({"octo/site", "octo/tools"});
-        start();
-        refresh();
+        startAndRefresh();
     }
 
     /// As another process does, which the model is then told of.
@@ -66,11 +57,9 @@ TEST_F(SettingsFollowing, pollsAtAnotherInterval)
 
 TEST_F(SettingsFollowing, switchesTheDarkMode)
 {
-    int switched = 0;
-    QObject::connect(
-        model.get(), &PullRequestMenuModel::darkModeChanged, model.get(), [&] { ++switched; });
+    const auto switched = countOf(&PullRequestMenuModel::darkModeChanged);
     store([](Settings& settings) { settings.darkMode = true; });
-    EXPECT_EQ(switched, 1);
+    EXPECT_EQ(*switched, 1);
     EXPECT_TRUE(model->settings().darkMode);
 }
 
@@ -104,8 +93,7 @@ TEST_F(SettingsFollowing, looksAgainWhenTheListIsOpened)
     SettingsStore(*defaults).change(
         [](Settings& settings) { settings.reviewerFilter = ReviewerFilter::any; });
     model->menuOpened();
-    ASSERT_TRUE(eventually([&] { return provider->requests().size() == 2; }));
-    ASSERT_TRUE(settle());
+    ASSERT_TRUE(refreshed(2));
     EXPECT_EQ(provider->requests().back().reviewerScope, ReviewerScope::any);
     clock->advance(1s);
     EXPECT_EQ(provider->requests().size(), 2U);
@@ -179,9 +167,7 @@ TEST_F(SettingsFollowing, aRunningModelFollowsItsFile)
     parts.defaults = std::make_shared<IniDefaultsStore>(file);
     parts.settingsWatcher = std::make_shared<FileWatcher>(file);
     model = std::make_unique<PullRequestMenuModel>(parts);
-    int visits = 0;
-    QObject::connect(
-        model.get(), &PullRequestMenuModel::visitsChanged, model.get(), [&] { ++visits; });
+    const auto visits = countOf(&PullRequestMenuModel::visitsChanged);
     IniDefaultsStore other(file);
     SettingsStore(other).change([](Settings& settings) { settings.darkMode = true; });
     EXPECT_TRUE(eventually([&] { return model->settings().darkMode; }));

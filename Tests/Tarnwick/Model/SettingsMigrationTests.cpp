@@ -4,161 +4,120 @@
 #include "Tarnwick/Model/Settings.h"
 #include "Tarnwick/Persistence/IniValue.h"
 
-#include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
 namespace {
 
-using namespace Tarnwick;
-using Fakes::MemoryDefaultsStore;
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Not;
-using testing::UnorderedElementsAre;
+using namespace TestSupport;
 
-Settings load(MemoryDefaultsStore& defaults)
-{
-    return SettingsStore(defaults).load();
-}
+class MigratedSettings : public testing::Test {
+protected:
+    Settings load() { return SettingsStore(defaults).load(); }
 
-/// What loading makes of one stored list of checks.
-std::set<ChecksFilter> checksFrom(
-    MemoryDefaultsStore& defaults, const char* list, const char* version)
-{
-    defaults.values = {{"filters.checks", list}, {"filters.schemaVersion", version}};
-    return load(defaults).checks;
-}
+    const std::string& stored(const char* key) const { return defaults.values.at(key); }
 
-TEST(SettingsMigration, givesPassedChecksAtVersion1ThoseWithoutChecksToo)
-{
     MemoryDefaultsStore defaults;
-    EXPECT_THAT(
-        checksFrom(defaults, "Pass", "1"),
-        UnorderedElementsAre(ChecksFilter::none, ChecksFilter::pass));
-    EXPECT_EQ(defaults.values.at("filters.checks"), "None, Pass");
-    EXPECT_EQ(defaults.values.at("filters.schemaVersion"), "2");
+};
+
+struct StoredChecks {
+    const char* name;
+    const char* list;
+    const char* version;  ///< "" for none.
+    std::set<ChecksFilter> loaded;
+    const char* newList;
+    const char* newVersion;
+};
+
+TEST_F(MigratedSettings, haveTheChecksThatTheirVersionMeant)
+{
+    using enum ChecksFilter;
+    const std::vector<StoredChecks> cases{
+        {"passed ones with those without checks", "Pass", "1", {none, pass}, "None, Pass", "2"},
+        {"passed ones of version 2 alone", "Pass", "2", {pass}, "Pass", "2"},
+        {"failed ones with pending ones", "Fail", "1", {pending, fail}, "Fail, Pending", "2"},
+        {"a missing version is the oldest", "Pass", "", {none, pass}, "None, Pass", "2"},
+        {"a later version stays", "Pass", "3", {pass}, "Pass", "3"},
+        {"an empty list stays empty", "@Empty()", "1", {}, "@Empty()", "2"},
+        {"all where none is recognised",
+         "Green",
+         "2",
+         {none, pending, pass, fail},
+         "Fail, None, Pass, Pending",
+         "2"}};
+    for (const auto& [name, list, version, loaded, newList, newVersion] : cases) {
+        SCOPED_TRACE(name);
+        defaults.values = {{"filters.checks", list}};
+        if (*version != '\0') {
+            defaults.values.insert_or_assign("filters.schemaVersion", version);
+        }
+        EXPECT_EQ(load().checks, loaded);
+        EXPECT_EQ(stored("filters.checks"), newList);
+        EXPECT_EQ(stored("filters.schemaVersion"), newVersion);
+    }
 }
 
-TEST(SettingsMigration, leavesPassedChecksAtVersion2Alone)
+TEST_F(MigratedSettings, takesOpenWhereNoStatusIsRecognised)
 {
-    MemoryDefaultsStore defaults;
-    EXPECT_THAT(checksFrom(defaults, "Pass", "2"), UnorderedElementsAre(ChecksFilter::pass));
-    EXPECT_EQ(defaults.values.at("filters.checks"), "Pass");
-}
-
-TEST(SettingsMigration, givesFailedChecksAtVersion1PendingOnesToo)
-{
-    MemoryDefaultsStore defaults;
-    EXPECT_THAT(
-        checksFrom(defaults, "Fail", "1"),
-        UnorderedElementsAre(ChecksFilter::pending, ChecksFilter::fail));
-    EXPECT_EQ(defaults.values.at("filters.checks"), "Fail, Pending");
-}
-
-TEST(SettingsMigration, takesAMissingVersionForTheOldest)
-{
-    MemoryDefaultsStore defaults;
-    defaults.values = {{"filters.checks", "Pass"}};
-    EXPECT_THAT(
-        load(defaults).checks, UnorderedElementsAre(ChecksFilter::none, ChecksFilter::pass));
-    EXPECT_EQ(defaults.values.at("filters.schemaVersion"), "2");
-}
-
-TEST(SettingsMigration, leavesALaterVersionAlone)
-{
-    MemoryDefaultsStore defaults;
-    EXPECT_THAT(checksFrom(defaults, "Pass", "3"), UnorderedElementsAre(ChecksFilter::pass));
-    EXPECT_EQ(defaults.values.at("filters.schemaVersion"), "3");
-}
-
-TEST(SettingsMigration, keepsAnEmptyListOfChecksAtVersion1Empty)
-{
-    MemoryDefaultsStore defaults;
-    EXPECT_THAT(checksFrom(defaults, "@Empty()", "1"), IsEmpty());
-    EXPECT_EQ(defaults.values.at("filters.checks"), "@Empty()");
-}
-
-TEST(SettingsMigration, takesAllChecksWhereNoneIsRecognised)
-{
-    MemoryDefaultsStore defaults;
-    EXPECT_EQ(checksFrom(defaults, "Green", "2").size(), 4U);
-    EXPECT_EQ(defaults.values.at("filters.checks"), "Fail, None, Pass, Pending");
-}
-
-TEST(SettingsMigration, takesOpenWhereNoStatusIsRecognised)
-{
-    MemoryDefaultsStore defaults;
     defaults.values = {{"filters.status", "Closed, Merged"}};
-    EXPECT_THAT(load(defaults).statuses, UnorderedElementsAre(StatusFilter::open));
-    EXPECT_EQ(defaults.values.at("filters.status"), "Open");
+    EXPECT_THAT(load().statuses, UnorderedElementsAre(StatusFilter::open));
+    EXPECT_EQ(stored("filters.status"), "Open");
 }
 
-TEST(SettingsMigration, dropsUnknownStatusesAndWritesTheRestInOrder)
+TEST_F(MigratedSettings, dropsUnknownStatusesAndWritesTheRestInOrder)
 {
-    MemoryDefaultsStore defaults;
     defaults.values = {{"filters.status", "Open, Closed, Draft"}};
-    EXPECT_THAT(
-        load(defaults).statuses, UnorderedElementsAre(StatusFilter::open, StatusFilter::draft));
-    EXPECT_EQ(defaults.values.at("filters.status"), "Draft, Open");
+    EXPECT_THAT(load().statuses, UnorderedElementsAre(StatusFilter::open, StatusFilter::draft));
+    EXPECT_EQ(stored("filters.status"), "Draft, Open");
 }
 
-TEST(SettingsMigration, doesNotWriteADefaultStatus)
+TEST_F(MigratedSettings, doesNotWriteADefaultStatus)
 {
-    MemoryDefaultsStore defaults;
-    load(defaults);
+    load();
     EXPECT_THAT(defaults.writtenKeys, Not(Contains("filters.status")));
 }
 
-TEST(SettingsMigration, translatesTheOlderReviewQuery)
+TEST_F(MigratedSettings, translatesTheOlderReviewQuery)
 {
-    MemoryDefaultsStore defaults;
     defaults.values = {{"filters.reviewQuery", "review:changes_requested, is:open, review:none"}};
     EXPECT_THAT(
-        load(defaults).reviewFilters,
+        load().reviewFilters,
         UnorderedElementsAre(ReviewFilter::changesRequested, ReviewFilter::none));
-    EXPECT_EQ(defaults.values.at("filters.reviewStates"), "Changes Requested, None");
+    EXPECT_EQ(stored("filters.reviewStates"), "Changes Requested, None");
 }
 
-TEST(SettingsMigration, addsCommentedToTheThreeOlderReviewFilters)
+TEST_F(MigratedSettings, addsCommentedToTheThreeOlderReviewFilters)
 {
-    MemoryDefaultsStore defaults;
     defaults.values = {
         {"filters.reviewQuery", "review:approved, review:changes_requested, review:none"}};
-    EXPECT_EQ(load(defaults).reviewFilters.size(), 4U);
-    EXPECT_EQ(
-        defaults.values.at("filters.reviewStates"), "Approved, Changes Requested, Commented, None");
+    EXPECT_EQ(load().reviewFilters.size(), 4U);
+    EXPECT_EQ(stored("filters.reviewStates"), "Approved, Changes Requested, Commented, None");
 }
 
-TEST(SettingsMigration, addsCommentedToTheThreeStoredReviewFilters)
+TEST_F(MigratedSettings, addsCommentedToTheThreeStoredReviewFilters)
 {
-    MemoryDefaultsStore defaults;
     defaults.values = {{"filters.reviewStates", "Approved, Changes Requested, None"}};
-    EXPECT_EQ(load(defaults).reviewFilters.size(), 4U);
-    EXPECT_EQ(
-        defaults.values.at("filters.reviewStates"), "Approved, Changes Requested, Commented, None");
+    EXPECT_EQ(load().reviewFilters.size(), 4U);
+    EXPECT_EQ(stored("filters.reviewStates"), "Approved, Changes Requested, Commented, None");
 }
 
-TEST(SettingsMigration, prefersStoredReviewFiltersToTheOlderQuery)
+TEST_F(MigratedSettings, prefersStoredReviewFiltersToTheOlderQuery)
 {
-    MemoryDefaultsStore defaults;
     defaults.values = {
         {"filters.reviewStates", "@Empty()"}, {"filters.reviewQuery", "review:approved"}};
-    EXPECT_THAT(load(defaults).reviewFilters, IsEmpty());
+    EXPECT_THAT(load().reviewFilters, IsEmpty());
     EXPECT_THAT(defaults.writtenKeys, Not(Contains("filters.reviewStates")));
 }
 
-TEST(SettingsMigration, translatesTheOlderMergeableFlag)
+TEST_F(MigratedSettings, translatesTheOlderMergeableFlag)
 {
-    MemoryDefaultsStore defaults;
     defaults.values = {{"filters.mergeable", "true"}, {"filters.mergeConflicts", "Conflicting"}};
-    EXPECT_THAT(load(defaults).mergeabilities, UnorderedElementsAre(MergeabilityFilter::mergeable));
-    EXPECT_EQ(defaults.values.at("filters.mergeability"), "Mergeable");
+    EXPECT_THAT(load().mergeabilities, UnorderedElementsAre(MergeabilityFilter::mergeable));
+    EXPECT_EQ(stored("filters.mergeability"), "Mergeable");
     defaults.values = {{"filters.mergeable", "false"}};
     EXPECT_THAT(
-        load(defaults).mergeabilities,
+        load().mergeabilities,
         UnorderedElementsAre(MergeabilityFilter::conflicting, MergeabilityFilter::unknown));
-    EXPECT_EQ(defaults.values.at("filters.mergeability"), "Conflicting, Unknown");
+    EXPECT_EQ(stored("filters.mergeability"), "Conflicting, Unknown");
 }
 
 TEST(SettingsMigration, translatesTheOlderListOfMergeConflicts)
@@ -180,33 +139,30 @@ TEST(SettingsMigration, translatesTheOlderListOfMergeConflicts)
         UnorderedElementsAre(mergeable, conflicting, unknown));
 }
 
-TEST(SettingsMigration, leavesTheOlderKeysWhereTheyAre)
+TEST_F(MigratedSettings, leavesTheOlderKeysWhereTheyAre)
 {
-    MemoryDefaultsStore defaults;
     defaults.values = {
         {"filters.mergeable", "true"},
         {"filters.mergeConflicts", "None"},
         {"filters.reviewQuery", "review:none"}};
-    load(defaults);
-    EXPECT_EQ(defaults.values.at("filters.mergeable"), "true");
-    EXPECT_EQ(defaults.values.at("filters.mergeConflicts"), "None");
-    EXPECT_EQ(defaults.values.at("filters.reviewQuery"), "review:none");
+    load();
+    EXPECT_EQ(stored("filters.mergeable"), "true");
+    EXPECT_EQ(stored("filters.mergeConflicts"), "None");
+    EXPECT_EQ(stored("filters.reviewQuery"), "review:none");
 }
 
-TEST(SettingsMigration, turnsTheOlderReviewerAllIntoAny)
+TEST_F(MigratedSettings, turnsTheOlderReviewerAllIntoAny)
 {
-    MemoryDefaultsStore defaults;
     defaults.values = {{"filters.reviewers", "All"}};
-    EXPECT_EQ(load(defaults).reviewerFilter, ReviewerFilter::any);
-    EXPECT_EQ(defaults.values.at("filters.reviewers"), "Any");
+    EXPECT_EQ(load().reviewerFilter, ReviewerFilter::any);
+    EXPECT_EQ(stored("filters.reviewers"), "Any");
 }
 
-TEST(SettingsMigration, takesAnyOtherReviewerForMyselfAndLeavesItStored)
+TEST_F(MigratedSettings, takesAnyOtherReviewerForMyselfAndLeavesItStored)
 {
-    MemoryDefaultsStore defaults;
     defaults.values = {{"filters.reviewers", "any"}};
-    EXPECT_EQ(load(defaults).reviewerFilter, ReviewerFilter::myself);
-    EXPECT_EQ(defaults.values.at("filters.reviewers"), "any");
+    EXPECT_EQ(load().reviewerFilter, ReviewerFilter::myself);
+    EXPECT_EQ(stored("filters.reviewers"), "any");
 }
 
 /// A value that one of the versions, a user's editor or a foreign program may have left.
@@ -239,9 +195,8 @@ rc::Gen<std::string> anyStored()
         rc::gen::element<std::string>("-1", "2", "3", "true", "", "@Date(2024-05-01T12:00:00Z)"));
 }
 
-RC_GTEST_PROP(SettingsMigration, changesNothingTheSecondTime, ())
+RC_GTEST_FIXTURE_PROP(MigratedSettings, changeNothingTheSecondTime, ())
 {
-    MemoryDefaultsStore defaults;
     for (const char* const key :
          {"filters.status",
           "filters.checks",
@@ -258,10 +213,10 @@ RC_GTEST_PROP(SettingsMigration, changesNothingTheSecondTime, ())
             defaults.values.insert_or_assign(key, *anyStored());
         }
     }
-    const Settings first = load(defaults);
+    const Settings first = load();
     const auto stored = defaults.values;
     defaults.writtenKeys.clear();
-    RC_ASSERT(load(defaults) == first);
+    RC_ASSERT(load() == first);
     RC_ASSERT(defaults.writtenKeys.empty());
     RC_ASSERT(defaults.values == stored);
 }

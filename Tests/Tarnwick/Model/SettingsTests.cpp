@@ -1,33 +1,30 @@
 #include "Tarnwick/Model/Settings.h"
 
 #include "Fakes/MemoryDefaultsStore.h"
-
-#include <gmock/gmock.h>
+#include "Support/Joined.h"
 
 namespace {
 
-using namespace Tarnwick;
-using Fakes::MemoryDefaultsStore;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
+using namespace TestSupport;
 
-Settings loadFrom(DefaultsStore& defaults)
-{
-    return SettingsStore(defaults).load();
-}
+class StoredSettings : public testing::Test {
+protected:
+    /// The store becomes as a current version leaves it: loading has nothing to bring up to date.
+    void makeCurrent()
+    {
+        store.load();
+        defaults.writtenKeys.clear();
+    }
 
-/// A store as a current version leaves it, so that loading has nothing to bring up to date.
-void makeCurrent(MemoryDefaultsStore& defaults)
-{
-    loadFrom(defaults);
-    defaults.writtenKeys.clear();
-}
+    const std::string& stored(const char* key) const { return defaults.values.at(key); }
 
-TEST(Settings, areThoseOfAFreshInstallationWhenNothingIsStored)
-{
     MemoryDefaultsStore defaults;
-    const Settings settings = loadFrom(defaults);
+    SettingsStore store{defaults};
+};
+
+TEST_F(StoredSettings, areThoseOfAFreshInstallationWhenNothingIsStored)
+{
+    const Settings settings = store.load();
     EXPECT_THAT(settings.statuses, UnorderedElementsAre(StatusFilter::open));
     EXPECT_THAT(
         settings.checks,
@@ -47,46 +44,42 @@ TEST(Settings, areThoseOfAFreshInstallationWhenNothingIsStored)
     EXPECT_FALSE(settings.unblockedNotificationsEnabled);
     EXPECT_FALSE(settings.newPullRequestNotificationsEnabled);
     EXPECT_EQ(settings, Settings());
-    EXPECT_FALSE(SettingsStore(defaults).isRepositorySelectionConfigured());
+    EXPECT_FALSE(store.isRepositorySelectionConfigured());
 }
 
-TEST(Settings, ofAFreshInstallationAreWrittenDownInTheirPresentForm)
+TEST_F(StoredSettings, ofAFreshInstallationAreWrittenDownInTheirPresentForm)
 {
-    MemoryDefaultsStore defaults;
-    loadFrom(defaults);
-    EXPECT_THAT(
-        defaults.writtenKeys,
-        ElementsAre(
-            "filters.checks",
-            "filters.schemaVersion",
-            "filters.reviewStates",
-            "filters.mergeability"));
-    EXPECT_EQ(defaults.values.at("filters.checks"), "Fail, None, Pass, Pending");
-    EXPECT_EQ(defaults.values.at("filters.schemaVersion"), "2");
-    EXPECT_EQ(defaults.values.at("filters.reviewStates"), "@Empty()");
-    EXPECT_EQ(defaults.values.at("filters.mergeability"), "Conflicting, Mergeable, Unknown");
+    store.load();
+    EXPECT_EQ(
+        joined(defaults.writtenKeys),
+        "filters.checks, filters.schemaVersion, filters.reviewStates, filters.mergeability");
+    EXPECT_EQ(stored("filters.checks"), "Fail, None, Pass, Pending");
+    EXPECT_EQ(stored("filters.schemaVersion"), "2");
+    EXPECT_EQ(stored("filters.reviewStates"), "@Empty()");
+    EXPECT_EQ(stored("filters.mergeability"), "Conflicting, Mergeable, Unknown");
 }
 
-TEST(Settings, areReadFromTheirKeys)
+/// Another value than the usual one under every key.
+const std::map<std::string, std::string, std::less<>> otherValues{
+    {"filters.status", "Draft, Open"},
+    {"filters.checks", "Fail"},
+    {"filters.schemaVersion", "2"},
+    {"filters.reviewStates", "Changes Requested, None"},
+    {"filters.mergeability", "Unknown"},
+    {"filters.reviewers", "Any"},
+    {"filters.repositories", "octo/tools, octo/web"},
+    {"filters.repositoriesConfigured", "true"},
+    {"list.arrangement", "By Whose Turn"},
+    {"polling.interval", "3600"},
+    {"notifications.unblocked", "true"},
+    {"notifications.newPullRequests", "true"},
+    {"notifications.yourTurn", "true"},
+    {"list.involvedExplained", "true"},
+    {"editor.projectDirectory", "/home/octo/Projects"}};
+
+TEST_F(StoredSettings, areReadFromTheirKeys)
 {
-    MemoryDefaultsStore defaults;
-    defaults.values = {
-        {"filters.status", "Draft, Open"},
-        {"filters.checks", "Fail"},
-        {"filters.schemaVersion", "2"},
-        {"filters.reviewStates", "Changes Requested, None"},
-        {"filters.mergeability", "Unknown"},
-        {"filters.reviewers", "Any"},
-        {"filters.repositories", "octo/tools, octo/web"},
-        {"filters.repositoriesConfigured", "true"},
-        {"list.arrangement", "By Whose Turn"},
-        {"polling.interval", "3600"},
-        {"notifications.unblocked", "true"},
-        {"notifications.newPullRequests", "true"},
-        {"notifications.yourTurn", "true"},
-        {"list.involvedExplained", "true"},
-        {"editor.projectDirectory", "/home/octo/Projects"},
-    };
+    defaults.values = otherValues;
     const Settings expected{
         .selectedRepositories = {"octo/tools", "octo/web"},
         .statuses = {StatusFilter::open, StatusFilter::draft},
@@ -102,20 +95,19 @@ TEST(Settings, areReadFromTheirKeys)
         .yourTurnNotificationsEnabled = true,
         .isInvolvedExplained = true,
     };
-    EXPECT_EQ(loadFrom(defaults), expected);
+    EXPECT_EQ(store.load(), expected);
     EXPECT_THAT(defaults.writtenKeys, IsEmpty());
-    EXPECT_TRUE(SettingsStore(defaults).isRepositorySelectionConfigured());
+    EXPECT_TRUE(store.isRepositorySelectionConfigured());
 }
 
-TEST(Settings, keepEachNotificationSettingUnderItsOwnKey)
+TEST_F(StoredSettings, keepEachNotificationSettingUnderItsOwnKey)
 {
-    MemoryDefaultsStore defaults;
     defaults.values = {{"notifications.unblocked", "true"}};
-    EXPECT_TRUE(loadFrom(defaults).unblockedNotificationsEnabled);
-    EXPECT_FALSE(loadFrom(defaults).newPullRequestNotificationsEnabled);
+    EXPECT_TRUE(store.load().unblockedNotificationsEnabled);
+    EXPECT_FALSE(store.load().newPullRequestNotificationsEnabled);
     defaults.values = {{"notifications.newPullRequests", "true"}};
-    EXPECT_FALSE(loadFrom(defaults).unblockedNotificationsEnabled);
-    EXPECT_TRUE(loadFrom(defaults).newPullRequestNotificationsEnabled);
+    EXPECT_FALSE(store.load().unblockedNotificationsEnabled);
+    EXPECT_TRUE(store.load().newPullRequestNotificationsEnabled);
 }
 
 TEST(Settings, explainTheListByTurnWhereOnlyReviewsAreListedUntilTheUserAnswers)
@@ -146,133 +138,93 @@ TEST(Settings, notifyWhenAnyNotificationIsOn)
     }
 }
 
-TEST(Settings, takeFiveMinutesForAPollingIntervalOf120Seconds)
+TEST_F(StoredSettings, takeFiveMinutesForAPollingIntervalOf120Seconds)
 {
-    MemoryDefaultsStore defaults;
-    for (const char* const stored : {"120", "0", "-60", "soon"}) {
-        defaults.values = {{"polling.interval", stored}};
-        EXPECT_EQ(loadFrom(defaults).pollingInterval, PollingInterval::fiveMinutes);
-        EXPECT_EQ(defaults.values.at("polling.interval"), stored);
+    for (const char* const interval : {"120", "0", "-60", "soon"}) {
+        defaults.values = {{"polling.interval", interval}};
+        EXPECT_EQ(store.load().pollingInterval, PollingInterval::fiveMinutes);
+        EXPECT_EQ(stored("polling.interval"), interval);
     }
 }
 
-TEST(Settings, readEveryPollingInterval)
+TEST_F(StoredSettings, readEveryPollingInterval)
 {
-    MemoryDefaultsStore defaults;
-    defaults.values = {{"polling.interval", "60"}};
-    EXPECT_EQ(loadFrom(defaults).pollingInterval, PollingInterval::oneMinute);
-    defaults.values = {{"polling.interval", "300"}};
-    EXPECT_EQ(loadFrom(defaults).pollingInterval, PollingInterval::fiveMinutes);
-    defaults.values = {{"polling.interval", "1800"}};
-    EXPECT_EQ(loadFrom(defaults).pollingInterval, PollingInterval::thirtyMinutes);
+    const auto read = [&](const char* interval) {
+        defaults.values = {{"polling.interval", interval}};
+        return store.load().pollingInterval;
+    };
+    EXPECT_EQ(read("60"), PollingInterval::oneMinute);
+    EXPECT_EQ(read("300"), PollingInterval::fiveMinutes);
+    EXPECT_EQ(read("1800"), PollingInterval::thirtyMinutes);
 }
 
-TEST(Settings, passOverValuesOfForeignTypes)
+TEST_F(StoredSettings, passOverValuesOfForeignTypes)
 {
-    MemoryDefaultsStore defaults;
-    for (const char* const key :
-         {"filters.status",
-          "filters.checks",
-          "filters.reviewStates",
-          "filters.mergeability",
-          "filters.reviewers",
-          "filters.repositories",
-          "filters.repositoriesConfigured",
-          "filters.schemaVersion",
-          "list.arrangement",
-          "polling.interval",
-          "notifications.unblocked",
-          "notifications.newPullRequests",
-          "notifications.yourTurn",
-          "list.involvedExplained",
-          "editor.projectDirectory"}) {
-        defaults.values.insert_or_assign(key, "@Date(2024-05-01T12:00:00Z)");
+    defaults.values = otherValues;
+    for (auto& [key, value] : defaults.values) {
+        value = "@Date(2024-05-01T12:00:00Z)";
     }
-    EXPECT_EQ(loadFrom(defaults), Settings());
-    EXPECT_FALSE(SettingsStore(defaults).isRepositorySelectionConfigured());
+    EXPECT_EQ(store.load(), Settings());
+    EXPECT_FALSE(store.isRepositorySelectionConfigured());
 }
 
-TEST(Settings, sortTheSelectionAndRememberThatThereIsOne)
+TEST_F(StoredSettings, sortTheSelectionAndRememberThatThereIsOne)
 {
-    MemoryDefaultsStore defaults;
-    SettingsStore store(defaults);
     store.setSelectedRepositories({"octo/web", "Octo/app", "octo/tools"});
-    EXPECT_EQ(defaults.values.at("filters.repositories"), "Octo/app, octo/tools, octo/web");
-    EXPECT_EQ(defaults.values.at("filters.repositoriesConfigured"), "true");
+    EXPECT_EQ(stored("filters.repositories"), "Octo/app, octo/tools, octo/web");
+    EXPECT_EQ(stored("filters.repositoriesConfigured"), "true");
     EXPECT_TRUE(store.isRepositorySelectionConfigured());
 }
 
-TEST(Settings, areConfiguredAfterAnEmptySelectionIsWritten)
+TEST_F(StoredSettings, areConfiguredAfterAnEmptySelectionIsWritten)
 {
-    MemoryDefaultsStore defaults;
-    SettingsStore store(defaults);
     store.setSelectedRepositories({});
-    EXPECT_EQ(defaults.values.at("filters.repositories"), "@Empty()");
+    EXPECT_EQ(stored("filters.repositories"), "@Empty()");
     EXPECT_TRUE(store.isRepositorySelectionConfigured());
     EXPECT_THAT(store.load().selectedRepositories, IsEmpty());
 }
 
-TEST(Settings, lookAgainWhetherAnotherProcessHasConfiguredTheSelection)
+TEST_F(StoredSettings, lookAgainWhetherAnotherProcessHasConfiguredTheSelection)
 {
-    MemoryDefaultsStore defaults;
-    const SettingsStore store(defaults);
     EXPECT_FALSE(store.isRepositorySelectionConfigured());
     EXPECT_EQ(defaults.refreshCount, 1);
 }
 
-TEST(Settings, writeOnlyTheirOwnKey)
+TEST_F(StoredSettings, writeOnlyTheirOwnKey)
 {
-    MemoryDefaultsStore defaults;
-    makeCurrent(defaults);
-    SettingsStore store(defaults);
-    const auto written = [&](const std::function<void(Settings&)>& change) {
+    makeCurrent();
+    const auto expectWritten = [&]<typename Value>(
+                                   Value Settings::* setting,
+                                   const std::type_identity_t<Value>& value,
+                                   const std::vector<std::string>& keys) {
         defaults.writtenKeys.clear();
-        store.change(change);
-        return defaults.writtenKeys;
+        store.change([&](Settings& settings) { settings.*setting = value; });
+        EXPECT_EQ(defaults.writtenKeys, keys);
     };
-    EXPECT_THAT(written([](Settings& s) { s.statuses = {}; }), ElementsAre("filters.status"));
-    EXPECT_THAT(written([](Settings& s) { s.checks = {}; }), ElementsAre("filters.checks"));
-    EXPECT_THAT(
-        written([](Settings& s) { s.reviewFilters = {ReviewFilter::none}; }),
-        ElementsAre("filters.reviewStates"));
-    EXPECT_THAT(
-        written([](Settings& s) { s.mergeabilities = {}; }), ElementsAre("filters.mergeability"));
-    EXPECT_THAT(
-        written([](Settings& s) { s.reviewerFilter = ReviewerFilter::any; }),
-        ElementsAre("filters.reviewers"));
-    EXPECT_THAT(
-        written([](Settings& s) { s.arrangement = Arrangement::byWhoseTurn; }),
-        ElementsAre("list.arrangement"));
-    EXPECT_THAT(
-        written([](Settings& s) { s.pollingInterval = PollingInterval::oneHour; }),
-        ElementsAre("polling.interval"));
-    EXPECT_THAT(
-        written([](Settings& s) { s.projectDirectory = "/src"; }),
-        ElementsAre("editor.projectDirectory"));
-    EXPECT_THAT(
-        written([](Settings& s) { s.unblockedNotificationsEnabled = true; }),
-        ElementsAre("notifications.unblocked"));
-    EXPECT_THAT(
-        written([](Settings& s) { s.newPullRequestNotificationsEnabled = true; }),
-        ElementsAre("notifications.newPullRequests"));
-    EXPECT_THAT(
-        written([](Settings& s) { s.yourTurnNotificationsEnabled = true; }),
-        ElementsAre("notifications.yourTurn"));
-    EXPECT_THAT(
-        written([](Settings& s) { s.isInvolvedExplained = true; }),
-        ElementsAre("list.involvedExplained"));
-    EXPECT_THAT(
-        written([](Settings& s) { s.darkMode = true; }), ElementsAre("appearance.darkMode"));
-    EXPECT_THAT(
-        written([](Settings& s) { s.selectedRepositories = {"octo/tools"}; }),
-        ElementsAre("filters.repositories", "filters.repositoriesConfigured"));
-    EXPECT_THAT(written([](Settings&) {}), IsEmpty());
+    expectWritten(&Settings::statuses, {}, {"filters.status"});
+    expectWritten(&Settings::checks, {}, {"filters.checks"});
+    expectWritten(&Settings::reviewFilters, {ReviewFilter::none}, {"filters.reviewStates"});
+    expectWritten(&Settings::mergeabilities, {}, {"filters.mergeability"});
+    expectWritten(&Settings::reviewerFilter, ReviewerFilter::any, {"filters.reviewers"});
+    expectWritten(&Settings::arrangement, Arrangement::byWhoseTurn, {"list.arrangement"});
+    expectWritten(&Settings::pollingInterval, PollingInterval::oneHour, {"polling.interval"});
+    expectWritten(&Settings::projectDirectory, "/src", {"editor.projectDirectory"});
+    expectWritten(&Settings::unblockedNotificationsEnabled, true, {"notifications.unblocked"});
+    expectWritten(
+        &Settings::newPullRequestNotificationsEnabled, true, {"notifications.newPullRequests"});
+    expectWritten(&Settings::yourTurnNotificationsEnabled, true, {"notifications.yourTurn"});
+    expectWritten(&Settings::isInvolvedExplained, true, {"list.involvedExplained"});
+    expectWritten(&Settings::darkMode, true, {"appearance.darkMode"});
+    expectWritten(
+        &Settings::selectedRepositories,
+        {"octo/tools"},
+        {"filters.repositories", "filters.repositoriesConfigured"});
+    expectWritten(&Settings::darkMode, true, {});
 }
 
-TEST(Settings, areStoredAsTheirRawValues)
+TEST_F(StoredSettings, areStoredAsTheirRawValues)
 {
-    MemoryDefaultsStore defaults;
-    SettingsStore(defaults).change([](Settings& settings) {
+    store.change([](Settings& settings) {
         settings.statuses = {StatusFilter::open, StatusFilter::draft};
         settings.checks = {ChecksFilter::none, ChecksFilter::pending, ChecksFilter::fail};
         settings.reviewFilters = {ReviewFilter::none, ReviewFilter::changesRequested};
@@ -283,25 +235,22 @@ TEST(Settings, areStoredAsTheirRawValues)
         settings.projectDirectory = "/home/octo/Проекты";
         settings.unblockedNotificationsEnabled = true;
     });
-    EXPECT_EQ(defaults.values.at("filters.status"), "Draft, Open");
-    EXPECT_EQ(defaults.values.at("filters.checks"), "Fail, None, Pending");
-    EXPECT_EQ(defaults.values.at("filters.reviewStates"), "Changes Requested, None");
-    EXPECT_EQ(defaults.values.at("filters.mergeability"), "Conflicting, Mergeable");
-    EXPECT_EQ(defaults.values.at("filters.reviewers"), "Any");
-    EXPECT_EQ(defaults.values.at("list.arrangement"), "By Whose Turn");
-    EXPECT_EQ(defaults.values.at("polling.interval"), "1800");
-    EXPECT_EQ(defaults.values.at("editor.projectDirectory"), "/home/octo/Проекты");
-    EXPECT_EQ(defaults.values.at("notifications.unblocked"), "true");
-    SettingsStore(defaults).change(
-        [](Settings& settings) { settings.unblockedNotificationsEnabled = false; });
-    EXPECT_EQ(defaults.values.at("notifications.unblocked"), "false");
+    EXPECT_EQ(stored("filters.status"), "Draft, Open");
+    EXPECT_EQ(stored("filters.checks"), "Fail, None, Pending");
+    EXPECT_EQ(stored("filters.reviewStates"), "Changes Requested, None");
+    EXPECT_EQ(stored("filters.mergeability"), "Conflicting, Mergeable");
+    EXPECT_EQ(stored("filters.reviewers"), "Any");
+    EXPECT_EQ(stored("list.arrangement"), "By Whose Turn");
+    EXPECT_EQ(stored("polling.interval"), "1800");
+    EXPECT_EQ(stored("editor.projectDirectory"), "/home/octo/Проекты");
+    EXPECT_EQ(stored("notifications.unblocked"), "true");
+    store.change([](Settings& settings) { settings.unblockedNotificationsEnabled = false; });
+    EXPECT_EQ(stored("notifications.unblocked"), "false");
 }
 
-TEST(Settings, changeFromWhatAnotherProcessHasStored)
+TEST_F(StoredSettings, changeFromWhatAnotherProcessHasStored)
 {
-    MemoryDefaultsStore defaults;
-    makeCurrent(defaults);
-    SettingsStore store(defaults);
+    makeCurrent();
     store.load();
     defaults.beforeChange = [&] {
         defaults.values.insert_or_assign("filters.repositories", "octo/web");
@@ -310,39 +259,34 @@ TEST(Settings, changeFromWhatAnotherProcessHasStored)
     const Settings settings = store.selectRepositories({"octo/tools"}, true);
     EXPECT_THAT(settings.selectedRepositories, ElementsAre("octo/tools", "octo/web"));
     EXPECT_EQ(settings.pollingInterval, PollingInterval::oneMinute);
-    EXPECT_EQ(defaults.values.at("filters.repositories"), "octo/tools, octo/web");
+    EXPECT_EQ(stored("filters.repositories"), "octo/tools, octo/web");
 }
 
-TEST(Settings, areNotResetWhenAnotherProcessHasJustConfiguredTheSelection)
+TEST_F(StoredSettings, areNotResetWhenAnotherProcessHasJustConfiguredTheSelection)
 {
-    MemoryDefaultsStore defaults;
-    SettingsStore store(defaults);
     defaults.beforeChange = [&] {
         defaults.values.insert_or_assign("filters.repositories", "octo/web");
         defaults.values.insert_or_assign("filters.repositoriesConfigured", "true");
     };
     EXPECT_FALSE(store.resetUnconfiguredSelection());
-    EXPECT_EQ(defaults.values.at("filters.repositories"), "octo/web");
+    EXPECT_EQ(stored("filters.repositories"), "octo/web");
 }
 
-TEST(Settings, areUnderstoodInAnOlderFormWithoutBeingWritten)
+TEST_F(StoredSettings, areUnderstoodInAnOlderFormWithoutBeingWritten)
 {
-    MemoryDefaultsStore defaults;
     defaults.values = {{"filters.checks", "Pass"}, {"filters.schemaVersion", "1"}};
     EXPECT_THAT(
-        SettingsStore(defaults).current().checks,
-        UnorderedElementsAre(ChecksFilter::none, ChecksFilter::pass));
+        store.current().checks, UnorderedElementsAre(ChecksFilter::none, ChecksFilter::pass));
     EXPECT_THAT(defaults.writtenKeys, IsEmpty());
 }
 
-TEST(Settings, keepAStoredEmptyListEmpty)
+TEST_F(StoredSettings, keepAStoredEmptyListEmpty)
 {
-    MemoryDefaultsStore defaults;
-    makeCurrent(defaults);
+    makeCurrent();
     defaults.values.insert_or_assign("filters.status", "@Empty()");
     defaults.values.insert_or_assign("filters.checks", "@Empty()");
     defaults.values.insert_or_assign("filters.mergeability", "@Empty()");
-    const Settings settings = loadFrom(defaults);
+    const Settings settings = store.load();
     EXPECT_THAT(settings.statuses, IsEmpty());
     EXPECT_THAT(settings.checks, IsEmpty());
     EXPECT_THAT(settings.mergeabilities, IsEmpty());

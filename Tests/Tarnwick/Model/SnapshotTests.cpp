@@ -7,17 +7,10 @@
 
 namespace {
 
-using namespace PullRequestKit;
-using Tarnwick::CachedPullRequestSnapshot;
-using Tarnwick::MenuState;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
-using TestSupport::date;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 /// The first run, and what the last snapshot brings to a later one.
-class Snapshots : public TestSupport::ModelTest {
+class Snapshots : public ModelTest {
 protected:
     void SetUp() override
     {
@@ -39,12 +32,11 @@ protected:
 
 TEST_F(Snapshots, theListStaysEmptyUntilTheUserSelectsRepositories)
 {
-    start();
-    refresh();
+    startAndRefresh();
     EXPECT_EQ(model->state(), (MenuState{Kind::loaded, ""}));
     EXPECT_THAT(shownNumbers(), IsEmpty());
     EXPECT_THAT(model->settings().selectedRepositories, IsEmpty());
-    EXPECT_TRUE(Tarnwick::SettingsStore(*defaults).isRepositorySelectionConfigured());
+    EXPECT_TRUE(SettingsStore(*defaults).isRepositorySelectionConfigured());
     model->toggleRepository("octo/tools");
     EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2));
 }
@@ -56,19 +48,18 @@ TEST_F(Snapshots, aFirstRunForgetsASelectionThatNobodyConfigured)
     start();
     EXPECT_THAT(model->settings().selectedRepositories, IsEmpty());
     EXPECT_THAT(shownNumbers(), IsEmpty());
-    EXPECT_TRUE(Tarnwick::SettingsStore(*defaults).isRepositorySelectionConfigured());
+    EXPECT_TRUE(SettingsStore(*defaults).isRepositorySelectionConfigured());
 }
 
 TEST_F(Snapshots, showsTheResultThatIsBeingReadAlready)
 {
     selectTools();
     cacheSnapshot(ReviewerScope::myself);
-    const auto reader = std::make_shared<Tarnwick::Preload>([this] { return defaults; }, cache());
-    Tarnwick::PullRequestMenuModel::Collaborators parts = collaborators();
-    parts.cache =
-        Tarnwick::PullRequestDiskCache{folder.filePath(QStringLiteral("none")).toStdString()};
+    const auto reader = std::make_shared<Preload>([this] { return defaults; }, cache());
+    PullRequestMenuModel::Collaborators parts = collaborators();
+    parts.cache = PullRequestDiskCache{folder.filePath(QStringLiteral("none")).toStdString()};
     parts.preload = reader;
-    const Tarnwick::PullRequestMenuModel other(std::move(parts));
+    const PullRequestMenuModel other(std::move(parts));
     EXPECT_EQ(other.rows().size(), 2U);
     EXPECT_EQ(other.account(), "cached");
 }
@@ -110,7 +101,7 @@ TEST_F(Snapshots, showsASnapshotThatDoesNotSayForWhomItWasTaken)
 
 TEST_F(Snapshots, showsASnapshotOfAnotherSelectionThroughTheFilters)
 {
-    Tarnwick::SettingsStore(*defaults).setSelectedRepositories({"octo/site"});
+    SettingsStore(*defaults).setSelectedRepositories({"octo/site"});
     cacheSnapshot(ReviewerScope::myself);
     start();
     EXPECT_EQ(model->state(), (MenuState{Kind::loaded, ""}));
@@ -120,11 +111,9 @@ TEST_F(Snapshots, showsASnapshotOfAnotherSelectionThroughTheFilters)
 TEST_F(Snapshots, savesWhatARefreshBrought)
 {
     selectTools();
-    Tarnwick::SettingsStore(*defaults).change([](Tarnwick::Settings& settings) {
-        settings.reviewFilters = {Tarnwick::ReviewFilter::changesRequested};
-    });
-    start();
-    refresh();
+    SettingsStore(*defaults).change(
+        [](Settings& settings) { settings.reviewFilters = {ReviewFilter::changesRequested}; });
+    startAndRefresh();
     model.reset();
     const auto snapshot = cache().load();
     ASSERT_TRUE(snapshot);
@@ -141,8 +130,7 @@ TEST_F(Snapshots, savesWhatARefreshBrought)
 TEST_F(Snapshots, comesBackAfterARestart)
 {
     selectTools();
-    start();
-    refresh();
+    startAndRefresh();
     start();
     EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2));
     EXPECT_EQ(model->state(), (MenuState{Kind::loaded, ""}));
@@ -154,8 +142,7 @@ TEST_F(Snapshots, aFailedRefreshLeavesTheFileAsItWas)
     cacheSnapshot(ReviewerScope::myself);
     const auto before = cache().load();
     provider->setError("HTTP 500");
-    start();
-    refresh();
+    startAndRefresh();
     EXPECT_EQ(model->refreshError(), "Showing cached data: HTTP 500");
     model.reset();
     EXPECT_EQ(cache().load(), before);
@@ -178,13 +165,12 @@ TEST_F(Snapshots, theNamesBehindTheCountsAreKnownWithoutNetwork)
     details.failedChecks = {"lint"};
     provider->setDetails({PullRequestDetails{}, details});
     selectTools();
-    start();
-    refresh();
+    startAndRefresh();
     EXPECT_EQ(model->details()->at(makePullRequest(2).id), details);
     start();
     EXPECT_EQ(model->details()->size(), 2U);
     EXPECT_EQ(model->details()->at(makePullRequest(2).id), details);
-    std::filesystem::remove(Tarnwick::PullRequestDetailsFile::beside(cache()).fileURL);
+    std::filesystem::remove(PullRequestDetailsFile::beside(cache()).fileURL);
     start();
     EXPECT_THAT(*model->details(), IsEmpty());
     EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2));
@@ -196,26 +182,22 @@ TEST_F(Snapshots, namesThatChangeWithoutTheirCountsAreAnnouncedOnce)
     details.failedChecks = {"lint"};
     provider->setDetails({details, details});
     selectTools();
-    start();
+    startAndRefresh();
+    const auto rowsChanges = countOf(&PullRequestMenuModel::rowsChanged);
+    const auto detailsChanges = countOf(&PullRequestMenuModel::detailsChanged);
     refresh();
-    int rowsChanges = 0;
-    int detailsChanges = 0;
-    using Model = Tarnwick::PullRequestMenuModel;
-    QObject::connect(model.get(), &Model::rowsChanged, model.get(), [&] { ++rowsChanges; });
-    QObject::connect(model.get(), &Model::detailsChanged, model.get(), [&] { ++detailsChanges; });
-    refresh();
-    EXPECT_EQ(detailsChanges, 0);
+    EXPECT_EQ(*detailsChanges, 0);
     details.failedChecks = {"build"};
     provider->setDetails({details, details});
     refresh();
-    EXPECT_EQ(rowsChanges, 0);
-    EXPECT_EQ(detailsChanges, 1);
+    EXPECT_EQ(*rowsChanges, 0);
+    EXPECT_EQ(*detailsChanges, 1);
     details.failedChecks = {"docs"};
     provider->setDetails({details});
     provider->setPullRequests({makePullRequest(1)});
     refresh();
-    EXPECT_EQ(rowsChanges, 1);
-    EXPECT_EQ(detailsChanges, 1);
+    EXPECT_EQ(*rowsChanges, 1);
+    EXPECT_EQ(*detailsChanges, 1);
 }
 
 }  // namespace

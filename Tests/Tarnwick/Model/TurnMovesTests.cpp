@@ -1,20 +1,13 @@
 #include "Tarnwick/Model/TurnMoves.h"
 
+#include "Support/Mapped.h"
 #include "Support/PullRequests.h"
 
 #include <algorithm>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using TestSupport::date;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 /// One refresh after the other, as the user "ada" sees them. The pull requests are somebody else's;
 /// a test says of which the user's review is requested.
@@ -63,11 +56,9 @@ protected:
 
     std::vector<std::string> told() const
     {
-        std::vector<std::string> said;
-        for (const TurnMove& move : last) {
-            said.push_back(std::to_string(move.pullRequest.id.number) + " at " + move.head);
-        }
-        return said;
+        return mapped(last, [](const TurnMove& move) {
+            return std::to_string(move.pullRequest.id.number) + " at " + move.head;
+        });
     }
 
     void restart() { isFirst = true; }
@@ -264,56 +255,52 @@ TEST_F(TurnMoves, aClockSetBackForgetsNothing)
     EXPECT_EQ(known.entries.size(), 2U);
 }
 
-TEST_F(TurnMoves, becomingReadyIsAMove)
-{
-    PullRequestRow row;
-    row.pullRequest = makePullRequest(1);
-    row.pullRequest.author = "ada";
-    DetailsByID details{{row.id(), {}}};
-    FactsByID facts;
-    facts[row.id()].updatedAt = row.pullRequest.updatedAt;
-    facts[row.id()].headCommit = "c1";
-    facts[row.id()].openThreadCount = facts[row.id()].threadCount = 1;
-    const auto update = [&] {
+/// The user's own pull request 1.
+class OwnTurnMoves : public TurnMoves {
+protected:
+    OwnTurnMoves()
+    {
+        row.pullRequest = with(makePullRequest(1), &PullRequest::author, "ada");
+        facts.updatedAt = row.pullRequest.updatedAt;
+        facts.headCommit = "c1";
+    }
+
+    std::vector<TurnMove> update()
+    {
+        const DetailsByID detailsByID{{row.id(), details}};
+        const FactsByID factsByID{{row.id(), facts}};
         return known.update(
             {.rows = {row},
-             .sources = {std::span(&row.pullRequest, 1), details, facts, "ada"},
+             .sources = {std::span(&row.pullRequest, 1), detailsByID, factsByID, "ada"},
              .scope = scope,
              .now = now += 1min,
              .isFirst = false,
              .toldOtherwise = {}});
-    };
+    }
+
+    PullRequestRow row;
+    PullRequestDetails details;
+    PullRequestFacts facts;
+};
+
+TEST_F(OwnTurnMoves, becomingReadyIsAMove)
+{
+    facts.openThreadCount = facts.threadCount = 1;
     EXPECT_THAT(update(), IsEmpty());
-    facts[row.id()].openThreadCount = 0;
+    facts.openThreadCount = 0;
     const auto moves = update();
     ASSERT_EQ(moves.size(), 1U);
     EXPECT_EQ(moves.front().turn, (Turn{Whose::ready, TurnReason::readyToMerge}));
 }
 
-TEST_F(TurnMoves, factsOfAnEarlierVersionMakeNothingReady)
+TEST_F(OwnTurnMoves, factsOfAnEarlierVersionMakeNothingReady)
 {
-    PullRequestRow row;
-    row.pullRequest = makePullRequest(1);
-    row.pullRequest.author = "ada";
-    DetailsByID details{{row.id(), {}}};
-    details[row.id()].requestedUsers = {"bo"};
-    FactsByID facts;
-    facts[row.id()].updatedAt = row.pullRequest.updatedAt;
-    facts[row.id()].headCommit = "c1";
-    const auto update = [&] {
-        return known.update(
-            {.rows = {row},
-             .sources = {std::span(&row.pullRequest, 1), details, facts, "ada"},
-             .scope = scope,
-             .now = now += 1min,
-             .isFirst = false,
-             .toldOtherwise = {}});
-    };
+    details.requestedUsers = {"bo"};
     EXPECT_THAT(update(), IsEmpty());
-    details[row.id()].requestedUsers.clear();
+    details.requestedUsers.clear();
     row.pullRequest.updatedAt += 1s;
     EXPECT_THAT(update(), IsEmpty());
-    facts[row.id()].updatedAt = row.pullRequest.updatedAt;
+    facts.updatedAt = row.pullRequest.updatedAt;
     EXPECT_EQ(update().size(), 1U);
 }
 

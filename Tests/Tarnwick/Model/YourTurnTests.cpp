@@ -2,18 +2,11 @@
 
 namespace {
 
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using TestSupport::makePullRequest;
-using TestSupport::processEvents;
-using TestSupport::runToEnd;
+using namespace TestSupport;
 
 /// The notifications of whose turn it is, to the user "octo". Every pull request is somebody
 /// else's.
-class YourTurn : public TestSupport::ModelTest {
+class YourTurn : public ModelTest {
 protected:
     void SetUp() override
     {
@@ -36,6 +29,12 @@ protected:
         SettingsStore(*defaults).change(
             [](Settings& settings) { settings.yourTurnNotificationsEnabled = true; });
         start();
+    }
+
+    void startWithNobodyAsked()
+    {
+        startNotifying();
+        refreshWith(1, {});
     }
 
     /// A refresh that lists 1 to `count`, of which these ask for the user's review.
@@ -89,8 +88,7 @@ TEST_F(YourTurn, isToldWithItsReasonWhateverTheArrangementIs)
 
 TEST_F(YourTurn, isNotToldTwiceForTheSameHeadAlsoAfterARestart)
 {
-    startNotifying();
-    refreshWith(1, {});
+    startWithNobodyAsked();
     refreshWith(1, {1});
     EXPECT_EQ(notifier->shown.size(), 1U);
     start();
@@ -105,8 +103,7 @@ TEST_F(YourTurn, isNotToldTwiceForTheSameHeadAlsoAfterARestart)
 
 TEST_F(YourTurn, thatCameWhileTheProgramDidNotRunIsTold)
 {
-    startNotifying();
-    refreshWith(1, {});
+    startWithNobodyAsked();
     start();
     refreshWith(1, {1});
     EXPECT_THAT(notifier->shown, ElementsAre("turn 1: Your review"));
@@ -116,8 +113,7 @@ TEST_F(YourTurn, isNotToldOfWhatIsToldAsNew)
 {
     SettingsStore(*defaults).change(
         [](Settings& settings) { settings.newPullRequestNotificationsEnabled = true; });
-    startNotifying();
-    refreshWith(1, {});
+    startWithNobodyAsked();
     createdAt = clock->now() + 1s;
     refreshWith(2, {2});
     EXPECT_THAT(notifier->shown, ElementsAre("new 2"));
@@ -127,8 +123,7 @@ TEST_F(YourTurn, isNotToldOfWhatIsToldAsNew)
 
 TEST_F(YourTurn, isToldOfANewOneWhereNewOnesAreNot)
 {
-    startNotifying();
-    refreshWith(1, {});
+    startWithNobodyAsked();
     createdAt = clock->now() + 1s;
     refreshWith(2, {2});
     EXPECT_THAT(notifier->shown, ElementsAre("turn 2: Your review"));
@@ -136,8 +131,7 @@ TEST_F(YourTurn, isToldOfANewOneWhereNewOnesAreNot)
 
 TEST_F(YourTurn, beginsAnewWithOtherFilters)
 {
-    startNotifying();
-    refreshWith(1, {});
+    startWithNobodyAsked();
     model->toggleStatus(StatusFilter::draft);
     refreshWith(1, {1});
     EXPECT_THAT(notifier->shown, IsEmpty());
@@ -145,8 +139,7 @@ TEST_F(YourTurn, beginsAnewWithOtherFilters)
 
 TEST_F(YourTurn, beginsAnewWhenItIsTurnedOn)
 {
-    startNotifying();
-    refreshWith(1, {});
+    startWithNobodyAsked();
     runToEnd(model->toggleYourTurnNotifications());
     EXPECT_FALSE(model->settings().yourTurnNotificationsEnabled);
     refreshWith(1, {1});
@@ -166,8 +159,7 @@ TEST_F(YourTurn, isTurnedOffWithoutPermission)
 
 TEST_F(YourTurn, saysWhenItCannotBeTold)
 {
-    startNotifying();
-    refreshWith(1, {});
+    startWithNobodyAsked();
     notifier->error = "The server is gone.";
     refreshWith(1, {1});
     EXPECT_EQ(
@@ -177,8 +169,7 @@ TEST_F(YourTurn, saysWhenItCannotBeTold)
 
 TEST_F(YourTurn, isRememberedWhereItIsFoundAgain)
 {
-    startNotifying();
-    refreshWith(1, {});
+    startWithNobodyAsked();
     refreshWith(1, {1});
     model.reset();
     const KnownTurns kept = turnsFile->load();

@@ -2,15 +2,9 @@
 
 #include "Persistence/FileTrouble.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace FileTrouble;
-using namespace Tarnwick;
-using testing::StartsWith;
-using TestSupport::date;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 class BlockedPullRequestsFileTest : public testing::Test {
 protected:

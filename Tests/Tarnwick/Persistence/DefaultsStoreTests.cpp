@@ -3,28 +3,22 @@
 #include "Fakes/MemoryDefaultsStore.h"
 #include "Support/PullRequests.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Optional;
-using TestSupport::date;
+using namespace TestSupport;
 
 /// What a reader makes of one stored value.
 template<typename Reader>
 auto reading(Reader read, const char* stored)
 {
-    Fakes::MemoryDefaultsStore defaults;
+    MemoryDefaultsStore defaults;
     defaults.set("key", stored);
     return read(defaults, "key");
 }
 
 TEST(DefaultsStore, yieldsNothingForAnAbsentKey)
 {
-    const Fakes::MemoryDefaultsStore defaults;
+    const MemoryDefaultsStore defaults;
     EXPECT_EQ(readFlag(defaults, "key"), std::nullopt);
     EXPECT_EQ(readInteger(defaults, "key"), std::nullopt);
     EXPECT_EQ(readText(defaults, "key"), std::nullopt);
@@ -82,7 +76,7 @@ TEST(DefaultsStore, readsDatesAndNoTexts)
 
 TEST(DefaultsStore, hasNoProblemOfItsOwn)
 {
-    EXPECT_EQ(Fakes::MemoryDefaultsStore().problem(), std::nullopt);
+    EXPECT_EQ(MemoryDefaultsStore().problem(), std::nullopt);
 }
 
 }  // namespace

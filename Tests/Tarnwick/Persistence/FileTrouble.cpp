@@ -10,7 +10,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace FileTrouble {
+namespace TestSupport {
 namespace {
 
 constexpr uid_t nobody = 65534;
@@ -112,4 +112,4 @@ bool endedWell(pid_t process)
            && WEXITSTATUS(status) == 0;
 }
 
-}  // namespace FileTrouble
+}  // namespace TestSupport

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Support/Names.h"
 #include "Support/PullRequests.h"
 
 #include <QTemporaryDir>
@@ -11,7 +12,7 @@
 #include <sys/resource.h>
 
 /// What can go wrong with files, for as long as an object lives or a function runs.
-namespace FileTrouble {
+namespace TestSupport {
 
 /// A folder that every user may use and that goes away with the object.
 class Folder {
@@ -66,4 +67,4 @@ pid_t startInOtherProcess(const std::function<void()>& work);
 /// Waits for its end; whether it ended well.
 bool endedWell(pid_t process);
 
-}  // namespace FileTrouble
+}  // namespace TestSupport

@@ -7,14 +7,9 @@
 #include <functional>
 #include <memory>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace FileTrouble;
-using namespace Tarnwick;
-using namespace std::chrono_literals;
-using TestSupport::eventually;
+using namespace TestSupport;
 
 class FileWatching : public testing::Test {
 protected:

@@ -1,24 +1,20 @@
 #include "Tarnwick/Persistence/IniDefaultsStore.h"
 
 #include "Persistence/FileTrouble.h"
+#include "Support/Joined.h"
 #include "Tarnwick/Model/Settings.h"
 #include "Tarnwick/Persistence/Files.h"
 #include "Tarnwick/Persistence/VisitStore.h"
 
 #include <csignal>
 
-#include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
 
-using namespace FileTrouble;
-using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Optional;
+using namespace TestSupport;
 
 class IniDefaultsStoreTest : public testing::Test {
 protected:
@@ -170,7 +166,7 @@ TEST_F(IniDefaultsStoreTest, bringsEveryTypeBackFromDisk)
     writeTextList(store, "list", std::vector<std::string>{"@a", "b, c", "", "d"});
     writeTextList(store, "listOfOne", std::vector<std::string>{"a, b"});
     writeTextList(store, "emptyList", std::vector<std::string>{});
-    writeDate(store, "date", TestSupport::date("2024-05-01T09:30:00Z"));
+    writeDate(store, "date", date("2024-05-01T09:30:00Z"));
     const auto other = open();
     EXPECT_THAT(readFlag(other, "flag"), Optional(true));
     EXPECT_THAT(readFlag(other, "otherFlag"), Optional(false));
@@ -181,14 +177,14 @@ TEST_F(IniDefaultsStoreTest, bringsEveryTypeBackFromDisk)
     EXPECT_THAT(readTextList(other, "list"), Optional(ElementsAre("@a", "b, c", "", "d")));
     EXPECT_THAT(readTextList(other, "listOfOne"), Optional(ElementsAre("a, b")));
     EXPECT_THAT(readTextList(other, "emptyList"), Optional(IsEmpty()));
-    EXPECT_THAT(readDate(other, "date"), Optional(TestSupport::date("2024-05-01T09:30:00Z")));
+    EXPECT_THAT(readDate(other, "date"), Optional(date("2024-05-01T09:30:00Z")));
 }
 
 TEST_F(IniDefaultsStoreTest, keepsEveryKeyAtTheTopLevel)
 {
     auto store = open();
     VisitStore visits(
-        store, VisitStore::programPrefix, [] { return TestSupport::date("2024-05-01T09:30:00Z"); });
+        store, VisitStore::programPrefix, [] { return date("2024-05-01T09:30:00Z"); });
     visits.recordVisit({"github", "github.com", "octo/tools", 12});
     EXPECT_EQ(
         contentsOf(file),
@@ -198,7 +194,7 @@ TEST_F(IniDefaultsStoreTest, keepsEveryKeyAtTheTopLevel)
     EXPECT_THAT(
         VisitStore(other, VisitStore::programPrefix, nullptr)
             .lastVisited({"github", "github.com", "octo/tools", 12}),
-        Optional(TestSupport::date("2024-05-01T09:30:00Z")));
+        Optional(date("2024-05-01T09:30:00Z")));
 }
 
 TEST_F(IniDefaultsStoreTest, keepsSimilarKeysApart)
@@ -429,17 +425,10 @@ TEST_F(IniDefaultsStoreTest, removesWhatKilledProcessesLeft)
     std::filesystem::create_symlink("settings.txt.aB3xYz", folder / "settings.ini.aLink1");
     auto store = open();
     writeText(store, "first", "one");
-    EXPECT_THAT(
-        folder.names(),
-        ElementsAre(
-            "settings.ini",
-            "settings.ini.201122",
-            "settings.ini.Backup1",
-            "settings.ini.Qw3rty",
-            "settings.ini.aLink1",
-            "settings.ini.backup",
-            "settings.ini.fOlder1",
-            "settings.txt.aB3xYz"));
+    EXPECT_EQ(
+        joined(folder.names()),
+        "settings.ini, settings.ini.201122, settings.ini.Backup1, settings.ini.Qw3rty, "
+        "settings.ini.aLink1, settings.ini.backup, settings.ini.fOlder1, settings.txt.aB3xYz");
 }
 
 TEST_F(IniDefaultsStoreTest, removesWhatItLeavesWhenItIsKilled)
@@ -519,7 +508,7 @@ TEST_F(IniDefaultsStoreTest, losesNothingOfAFileThatIsNotText)
     writeFile(file, bytes);
     auto store = open();
     EXPECT_EQ(SettingsStore(store).load(), Settings());
-    EXPECT_THAT(contentsOf(file), testing::StartsWith(bytes + "\n"));
+    EXPECT_THAT(contentsOf(file), StartsWith(bytes + "\n"));
 }
 
 TEST_F(IniDefaultsStoreTest, doesNotReadAFileBeyondTheLimit)
@@ -606,12 +595,12 @@ RC_GTEST_FIXTURE_PROP(IniDefaultsStoreTest, bringsAnySettingsBackFromDisk, ())
 {
     Settings settings;
     settings.selectedRepositories =
-        *rc::gen::resize(10, rc::gen::container<std::set<std::string>>(TestSupport::anyText()));
+        *rc::gen::resize(10, rc::gen::container<std::set<std::string>>(anyText()));
     settings.statuses = anySet<StatusFilter>();
     settings.checks = anySet<ChecksFilter>();
     settings.reviewFilters = anySet<ReviewFilter>();
     settings.mergeabilities = anySet<MergeabilityFilter>();
-    settings.projectDirectory = *TestSupport::anyText();
+    settings.projectDirectory = *anyText();
     RC_PRE(
         settings.reviewFilters.size() != 3U
         || settings.reviewFilters.contains(ReviewFilter::commented));

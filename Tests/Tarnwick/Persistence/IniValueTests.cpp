@@ -2,17 +2,12 @@
 
 #include "Support/PullRequests.h"
 
-#include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
 namespace {
 
 using namespace Tarnwick::IniValue;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Optional;
-using TestSupport::anyText;
-using TestSupport::date;
+using namespace TestSupport;
 
 TEST(IniValue, writesWhatNeedsNoQuotesAsItIs)
 {

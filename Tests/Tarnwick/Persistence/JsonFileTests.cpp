@@ -1,20 +1,14 @@
 #include "Tarnwick/Persistence/JsonFile.h"
 
 #include "Persistence/FileTrouble.h"
+#include "Support/Errors.h"
 #include "Tarnwick/Persistence/BlockedPullRequestsFile.h"
 #include "Tarnwick/Persistence/KnownTurnsFile.h"
 #include "Tarnwick/Persistence/PullRequestFactsFile.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace FileTrouble;
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using testing::ElementsAre;
-using TestSupport::date;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 struct BlockedCase {
     using File = BlockedPullRequestsFile;
@@ -109,15 +103,10 @@ TYPED_TEST(JsonFiles, sayWhyTheyCannotBeSaved)
 {
     std::filesystem::create_directory(this->file.path);
     EXPECT_TRUE(TypeParam::isNothing(this->file.load()));
-    try {
-        this->file.save(TypeParam::some());
-        FAIL();
-    } catch (const CacheWriteError& error) {
-        EXPECT_EQ(
-            std::string(error.what()),
-            std::string(TypeParam::subject) + " could not be kept in " + this->file.path.string()
-                + ": Is a directory.");
-    }
+    EXPECT_EQ(
+        messageOf<CacheWriteError>([this] { this->file.save(TypeParam::some()); }),
+        std::string(TypeParam::subject) + " could not be kept in " + this->file.path.string()
+            + ": Is a directory.");
 }
 
 }  // namespace

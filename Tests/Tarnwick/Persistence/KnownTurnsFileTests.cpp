@@ -2,15 +2,9 @@
 
 #include "Persistence/FileTrouble.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
-using namespace FileTrouble;
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using TestSupport::date;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 class KnownTurnsFileTest : public testing::Test {
 protected:

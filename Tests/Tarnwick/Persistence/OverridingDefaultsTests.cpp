@@ -2,15 +2,13 @@
 
 #include "Fakes/MemoryDefaultsStore.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
-using Tarnwick::OverridingDefaults;
+using namespace TestSupport;
 
 TEST(OverridingDefaults, haveAnotherValueForOneKeyThatIsNeverStored)
 {
-    const auto stored = std::make_shared<Fakes::MemoryDefaultsStore>();
+    const auto stored = std::make_shared<MemoryDefaultsStore>();
     stored->values["one"] = "stored";
     stored->values["two"] = "stored";
     OverridingDefaults defaults(stored, "one", "for once");
@@ -32,7 +30,7 @@ TEST(OverridingDefaults, haveAnotherValueForOneKeyThatIsNeverStored)
 
 TEST(OverridingDefaults, haveTheKeyAmongTheOthers)
 {
-    const auto stored = std::make_shared<Fakes::MemoryDefaultsStore>();
+    const auto stored = std::make_shared<MemoryDefaultsStore>();
     stored->values["a.one"] = "stored";
     stored->values["b.two"] = "stored";
     const std::vector<std::string> both{"a.one", "a.three"};

@@ -1,22 +1,13 @@
 #include "Tarnwick/Persistence/PullRequestDetailsFile.h"
 
 #include "Persistence/FileTrouble.h"
+#include "Support/Errors.h"
 #include "Support/PullRequests.h"
 #include "Tarnwick/Persistence/SnapshotWriter.h"
 
-#include <fstream>
-
-#include <gmock/gmock.h>
-#include <sys/stat.h>
-
 namespace {
 
-using namespace FileTrouble;
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using testing::IsEmpty;
-using TestSupport::date;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 CachedPullRequestSnapshot snapshotAt(std::string_view refreshedAt)
 {
@@ -39,17 +30,6 @@ PullRequestDetails namedDetails()
 
 class PullRequestDetailsFileTest : public testing::Test {
 protected:
-    void writeFile(const std::string& text) const
-    {
-        std::ofstream(file.fileURL, std::ios::binary) << text;
-    }
-
-    std::string readFile() const
-    {
-        std::ifstream stream(file.fileURL, std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
-
     Folder folder;
     PullRequestDiskCache cache{folder / "pull-requests.json"};
     PullRequestDetailsFile file = PullRequestDetailsFile::beside(cache);
@@ -76,7 +56,7 @@ TEST_F(PullRequestDetailsFileTest, isOneDocumentInTheOrderOfTheSnapshot)
     details.emplace(makePullRequest(3).id, namedDetails());  // Not in the snapshot.
     file.save(snapshot, details);
     EXPECT_EQ(
-        readFile(),
+        contentsOf(file.fileURL),
         R"({"version":1,"refreshedAt":"2024-05-01T09:30:00Z","checkNames":["test linux","lint"],)"
         R"("pullRequests":[)"
         R"({"id":{"provider":"github","host":"github.com","repository":"octo/tools","number":1},)"
@@ -91,9 +71,7 @@ TEST_F(PullRequestDetailsFileTest, isOneDocumentInTheOrderOfTheSnapshot)
 TEST_F(PullRequestDetailsFileTest, isForItsOwnerAlone)
 {
     file.save(snapshot, details);
-    struct stat status{};
-    ASSERT_EQ(stat(file.fileURL.c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777U, 0600U);
+    EXPECT_EQ(modeOf(file.fileURL), 0600U);
 }
 
 TEST_F(PullRequestDetailsFileTest, ofAnotherRefreshCountsAsAbsent)
@@ -105,6 +83,7 @@ TEST_F(PullRequestDetailsFileTest, ofAnotherRefreshCountsAsAbsent)
 TEST_F(PullRequestDetailsFileTest, mayLackTheDetailsOfAnEntryAndHoldWhatThisVersionDoesNotKnow)
 {
     writeFile(
+        file.fileURL,
         R"({"version":1,"refreshedAt":"2024-05-01T09:30:00Z","more":[],"checkNames":["lint"],)"
         R"("pullRequests":[)"
         R"({"id":{"provider":"github","host":"github.com","repository":"octo/tools","number":1},)"
@@ -121,7 +100,7 @@ TEST_F(PullRequestDetailsFileTest, thatIsNoSuchDocumentCountsAsAbsentAndStays)
 {
     EXPECT_THAT(file.load(snapshot), IsEmpty());
     file.save(snapshot, details);
-    const std::string whole = readFile();
+    const std::string whole = contentsOf(file.fileURL);
     const std::string otherVersion = R"({"version":2)" + whole.substr(12);
     const std::string unknownVerdict = [&] {
         std::string text = whole;
@@ -142,15 +121,15 @@ TEST_F(PullRequestDetailsFileTest, thatIsNoSuchDocumentCountsAsAbsentAndStays)
           std::string("[]"),
           std::string("\xFF"),
           std::string(R"({"version":1})")}) {
-        writeFile(text);
+        writeFile(file.fileURL, text);
         EXPECT_THAT(file.load(snapshot), IsEmpty()) << text;
-        EXPECT_EQ(readFile(), text);
+        EXPECT_EQ(contentsOf(file.fileURL), text);
     }
 }
 
 TEST_F(PullRequestDetailsFileTest, of200MegabytesIsNotRead)
 {
-    writeFile("{");
+    writeFile(file.fileURL, "{");
     std::filesystem::resize_file(file.fileURL, 200'000'000);
     EXPECT_THAT(file.load(snapshot), IsEmpty());
 }
@@ -159,15 +138,10 @@ TEST_F(PullRequestDetailsFileTest, thatIsAFolderCountsAsAbsentAndSavingSaysSo)
 {
     std::filesystem::create_directory(file.fileURL);
     EXPECT_THAT(file.load(snapshot), IsEmpty());
-    try {
-        file.save(snapshot, details);
-        FAIL() << "no error";
-    } catch (const CacheWriteError& error) {
-        EXPECT_EQ(
-            std::string(error.what()),
-            "The details of the pull requests could not be kept in " + file.fileURL.string()
-                + ": Is a directory.");
-    }
+    EXPECT_EQ(
+        messageOf<CacheWriteError>([this] { file.save(snapshot, details); }),
+        "The details of the pull requests could not be kept in " + file.fileURL.string()
+            + ": Is a directory.");
 }
 
 TEST_F(PullRequestDetailsFileTest, isWrittenByTheThreadThatWritesTheSnapshot)

@@ -3,24 +3,17 @@
 #include "Persistence/FileTrouble.h"
 #include "PullRequestKit/Json/Reading.h"
 #include "PullRequestKit/Json/Writing.h"
+#include "Support/Errors.h"
 #include "Support/PullRequests.h"
 
 #include <QtGlobal>
 
-#include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 #include <sys/stat.h>
 
 namespace {
 
-using namespace FileTrouble;
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Optional;
-using TestSupport::date;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 RepositorySummary repository(const std::string& name, bool isArchived)
 {
@@ -116,12 +109,7 @@ TEST(CachedPullRequestSnapshot, ofAnOlderVersionMayTellConflictsOnly)
 /// The path of the value for which a text is refused.
 std::string refusedFor(const std::string& text)
 {
-    try {
-        Json::decode<CachedPullRequestSnapshot>(text);
-    } catch (const DecodingError& error) {
-        return error.path();
-    }
-    return "nothing";
+    return pathOf([&] { Json::decode<CachedPullRequestSnapshot>(text); });
 }
 
 TEST(CachedPullRequestSnapshot, refusesWhatIsMissingOrOfAnotherType)
@@ -157,7 +145,7 @@ TEST(CachedPullRequestSnapshot, refusesNullEntries)
     EXPECT_EQ(with(R"("repositoryScope":[null])"), "repositoryScope[0]");
     EXPECT_EQ(with(R"("reviewFilters":["None",null])"), "reviewFilters[1]");
     EXPECT_EQ(with(R"("states":[null])"), "states[0]");
-    EXPECT_EQ(with(R"("account":null)"), "nothing");
+    EXPECT_EQ(with(R"("account":null)"), "none");
 }
 
 RC_GTEST_PROP(CachedPullRequestSnapshot, survivesWritingAndReading, ())
@@ -168,18 +156,17 @@ RC_GTEST_PROP(CachedPullRequestSnapshot, survivesWritingAndReading, ())
         pullRequest.reviewActivity.hasCommentedReview |=
             pullRequest.reviewState == ReviewState::commented;
     }
-    snapshot.refreshedAt = *TestSupport::anyDate();
-    for (const auto& name : *rc::gen::container<std::vector<std::string>>(TestSupport::anyText())) {
+    snapshot.refreshedAt = *anyDate();
+    for (const auto& name : *rc::gen::container<std::vector<std::string>>(anyText())) {
         snapshot.repositories.push_back(repository(name, name.size() % 2 == 0));
     }
     if (*rc::gen::arbitrary<bool>()) {
-        snapshot.account = *TestSupport::anyText();
+        snapshot.account = *anyText();
         snapshot.reviewerScope = ReviewerScope::myself;
     }
     if (*rc::gen::arbitrary<bool>()) {
-        snapshot.repositoryScope =
-            *rc::gen::container<std::set<std::string>>(TestSupport::anyText());
-        snapshot.reviewFilters = *rc::gen::container<std::set<std::string>>(TestSupport::anyText());
+        snapshot.repositoryScope = *rc::gen::container<std::set<std::string>>(anyText());
+        snapshot.reviewFilters = *rc::gen::container<std::set<std::string>>(anyText());
         snapshot.states.emplace();
         for (const auto state : *rc::gen::container<std::vector<int>>(rc::gen::inRange(0, 3))) {
             snapshot.states->insert(allCases<PullRequestState>()[static_cast<std::size_t>(state)]);
@@ -193,15 +180,10 @@ protected:
     Folder folder;
     PullRequestDiskCache cache{folder / "pull-requests.json"};
 
-    /// Why saving fails, or nothing.
+    /// Why saving fails, or "none".
     std::string failureOfSaving(const CachedPullRequestSnapshot& snapshot) const
     {
-        try {
-            cache.save(snapshot);
-        } catch (const CacheWriteError& error) {
-            return error.what();
-        }
-        return {};
+        return messageOf<CacheWriteError>([&] { cache.save(snapshot); });
     }
 };
 
@@ -284,8 +266,7 @@ TEST_F(PullRequestDiskCacheTest, yieldsNothingWhereAFolderIs)
     EXPECT_EQ(cache.load(), std::nullopt);
     EXPECT_THAT(
         failureOfSaving(smallSnapshot()),
-        testing::StartsWith(
-            "The pull requests could not be kept in " + cache.fileURL.string() + ": "));
+        StartsWith("The pull requests could not be kept in " + cache.fileURL.string() + ": "));
     EXPECT_TRUE(std::filesystem::is_directory(cache.fileURL));
     EXPECT_THAT(folder.names(), ElementsAre("pull-requests.json"));
 }
@@ -343,7 +324,7 @@ TEST_F(PullRequestDiskCacheTest, keepsTheOldFileInAFolderWithoutWritePermission)
         failure = failureOfSaving(fullSnapshot());
     }
     std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
-    EXPECT_THAT(failure, testing::HasSubstr("could not be kept in " + cache.fileURL.string()));
+    EXPECT_THAT(failure, HasSubstr("could not be kept in " + cache.fileURL.string()));
     EXPECT_THAT(cache.load(), Optional(smallSnapshot()));
 }
 

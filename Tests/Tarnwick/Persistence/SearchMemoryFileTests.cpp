@@ -5,13 +5,10 @@
 
 #include <fstream>
 
-#include <gtest/gtest.h>
-
 namespace {
 
-using namespace FileTrouble;
+using namespace TestSupport;
 using GitHub::SearchKnowledge;
-using Tarnwick::SearchMemoryFile;
 
 class SearchMemoryFileTest : public testing::Test {
 protected:
@@ -22,7 +19,7 @@ protected:
     SearchKnowledge knowledge{
         .isGrouped = true,
         .groupSize = 6,
-        .askedAt = TestSupport::date("2026-03-01T12:00:00Z"),
+        .askedAt = date("2026-03-01T12:00:00Z"),
         .repository = "octo/tools"};
 };
 

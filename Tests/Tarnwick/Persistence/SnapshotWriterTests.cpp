@@ -2,13 +2,9 @@
 
 #include "Persistence/FileTrouble.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace FileTrouble;
-using namespace Tarnwick;
-using testing::Optional;
+using namespace TestSupport;
 
 CachedPullRequestSnapshot snapshotOf(const std::string& account)
 {
@@ -60,7 +56,7 @@ TEST_F(SnapshotWriterTest, dropsWhatCannotBeWrittenAndGoesOn)
         writer.save(snapshotOf(std::string(100'000, 'a')));
         writer.flush();
     }
-    EXPECT_THAT(writer.lastError(), Optional(testing::HasSubstr("File too large")));
+    EXPECT_THAT(writer.lastError(), Optional(HasSubstr("File too large")));
     EXPECT_THAT(cache.load(), Optional(snapshotOf("first")));
     writer.save(snapshotOf("third"));
     writer.flush();

@@ -3,27 +3,16 @@
 #include "Fakes/MemoryDefaultsStore.h"
 #include "Support/PullRequests.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace Tarnwick;
-using PullRequestKit::Change;
-using PullRequestKit::ChangeKind;
-using PullRequestKit::PullRequestID;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Optional;
-using testing::SizeIs;
-using TestSupport::date;
-using TestSupport::makePullRequest;
+using namespace TestSupport;
 
 class VisitStoreTest : public testing::Test {
 protected:
     std::vector<std::string> storedKeys() const { return defaults.keys({}); }
 
-    Fakes::MemoryDefaultsStore defaults;
-    PullRequestKit::Date now = date("2024-05-01T12:00:00Z");
+    MemoryDefaultsStore defaults;
+    Date now = date("2024-05-01T12:00:00Z");
     VisitStore visits{defaults, VisitStore::programPrefix, [this] { return now; }};
     PullRequestID id{"github", "github.com", "octo/tools", 12};
 };
@@ -37,9 +26,7 @@ TEST_F(VisitStoreTest, yieldsNothingForWhatWasNeverVisited)
 TEST_F(VisitStoreTest, storesTheTimeUnderThePrefixAndTheStorageKey)
 {
     visits.recordVisit(id);
-    EXPECT_THAT(
-        defaults.writtenKeys,
-        testing::ElementsAre("lastVisitedAt.github|github.com|octo/tools|12"));
+    EXPECT_THAT(defaults.writtenKeys, ElementsAre("lastVisitedAt.github|github.com|octo/tools|12"));
     EXPECT_THAT(visits.lastVisited(id), Optional(date("2024-05-01T12:00:00Z")));
 }
 
@@ -54,8 +41,7 @@ TEST_F(VisitStoreTest, replacesAnOlderVisit)
 
 TEST_F(VisitStoreTest, countsAVisitAtTheTimeOfTheUpdate)
 {
-    auto pullRequest = makePullRequest(12);
-    pullRequest.updatedAt = now;
+    const auto pullRequest = with(makePullRequest(12), &PullRequest::updatedAt, now);
     visits.recordVisit(pullRequest.id);
     EXPECT_TRUE(visits.isVisited(pullRequest));
 }
@@ -78,8 +64,7 @@ TEST_F(VisitStoreTest, keepsTheSameNumberOfTwoRepositoriesApart)
 
 TEST_F(VisitStoreTest, keepsWhatAVisitSaw)
 {
-    auto pullRequest = makePullRequest(12);
-    pullRequest.checks = {4, 4, 0};
+    auto pullRequest = with(makePullRequest(12), &PullRequest::checks, {4, 4, 0});
     visits.recordVisit(id, seenNow(pullRequest, nullptr));
     EXPECT_EQ(
         defaults.values.at("lastSeen.github|github.com|octo/tools|12"),
@@ -100,7 +85,7 @@ TEST_F(VisitStoreTest, keepsWhatAVisitSaw)
 TEST_F(VisitStoreTest, knowsOfNewCommitsByTheFacts)
 {
     const auto pullRequest = makePullRequest(12);
-    PullRequestKit::PullRequestFacts facts;
+    PullRequestFacts facts;
     facts.headCommit = "abc";
     visits.recordVisit(id, seenNow(pullRequest, &facts));
     facts.headCommit = "def";

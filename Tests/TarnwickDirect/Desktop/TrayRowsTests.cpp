@@ -1,14 +1,15 @@
 #include "TarnwickDirect/Tray/TrayRows.h"
 
+#include "Support/Mapped.h"
+
 #include <gmock/gmock.h>
 
 namespace {
 
 using namespace PullRequestKit;
+using namespace testing;
 using TarnwickDirect::TrayRow;
 using TarnwickDirect::trayRows;
-using testing::ElementsAre;
-using testing::SizeIs;
 
 class TrayRowsTest : public testing::Test {
 protected:
@@ -23,11 +24,8 @@ protected:
 
     std::vector<std::string> texts() const
     {
-        std::vector<std::string> found;
-        for (const TrayRow& row : trayRows(rows, turns)) {
-            found.push_back(row.text.toStdString());
-        }
-        return found;
+        return TestSupport::mapped(
+            trayRows(rows, turns), [](const TrayRow& row) { return row.text.toStdString(); });
     }
 
     std::vector<PullRequestRow> rows;

@@ -1,13 +1,12 @@
 #include "TarnwickDirect/SoftwareUpdate/Appcast.h"
 
-#include "SoftwareUpdate/UpdateErrors.h"
-
-#include <gmock/gmock.h>
+#include "Support/Errors.h"
+#include "TarnwickDirect/SoftwareUpdate/UpdateError.h"
 
 namespace {
 
 using namespace TarnwickDirect;
-using TestSupport::updateErrorOf;
+using TestSupport::messageOf;
 
 const QByteArray beginning = R"(<?xml version="1.0" encoding="utf-8"?>
 <rss version="2.0" xmlns:sparkle="urn:feed"><channel><title>Tarnwick</title>)";
@@ -25,7 +24,7 @@ AppcastItem itemWith(const QByteArray& elements)
 
 std::string errorOf(const QByteArray& feed)
 {
-    return updateErrorOf([&] { readAppcast(feed); });
+    return messageOf<UpdateError>([&] { readAppcast(feed); });
 }
 
 std::string text(const QString& string)

@@ -3,17 +3,16 @@
 namespace {
 
 using namespace TarnwickDirect;
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace TestSupport;
 
-class AppcastUpdaterTest : public TestSupport::UpdaterTest {
+class AppcastUpdaterTest : public UpdaterTest {
 protected:
     /// A check that nobody asked for, until the delegate has heard of it.
     void checkInBackground()
     {
         const auto before = delegate.heard.size();
         desktop->checkInBackground();
-        EXPECT_TRUE(TestSupport::eventually([&] { return delegate.heard.size() > before; }));
+        EXPECT_TRUE(eventually([&] { return delegate.heard.size() > before; }));
     }
 };
 
@@ -87,12 +86,12 @@ TEST_F(AppcastUpdaterTest, aCheckCanBeCancelled)
     server.answer("/feed.xml", [](QSslSocket&) {});
     start();
     desktop->checkForUpdates();
-    ASSERT_TRUE(TestSupport::eventually([this] { return !server.requests().empty(); }));
+    ASSERT_TRUE(eventually([this] { return !server.requests().empty(); }));
     updater().cancel();
     EXPECT_EQ(state(), UpdateState{});
     EXPECT_TRUE(updater().canCheckForUpdates());
     EXPECT_THAT(delegate.heard, ElementsAre("The check was cancelled."));
-    EXPECT_TRUE(TestSupport::eventually([this] { return server.openConnections() == 0; }));
+    EXPECT_TRUE(eventually([this] { return server.openConnections() == 0; }));
 }
 
 TEST_F(AppcastUpdaterTest, aCheckCanBeCancelledAtOnce)
@@ -100,7 +99,7 @@ TEST_F(AppcastUpdaterTest, aCheckCanBeCancelledAtOnce)
     start();
     desktop->checkForUpdates();
     updater().cancel();
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_EQ(state(), UpdateState{});
     EXPECT_THAT(server.requests(), IsEmpty());
 }
@@ -146,7 +145,7 @@ TEST_F(AppcastUpdaterTest, handsAPackageOver)
     EXPECT_EQ(packages[0].filename(), "tarnwick.deb");
     EXPECT_EQ(state().package, packages[0]);
     desktop.reset();
-    EXPECT_EQ(FileTrouble::contentsOf(packages[0]), package.toStdString());
+    EXPECT_EQ(contentsOf(packages[0]), package.toStdString());
 }
 
 TEST_F(AppcastUpdaterTest, anOldReleaseUnderANewNumberIsNotHandedOver)
@@ -181,8 +180,7 @@ TEST_F(AppcastUpdaterTest, tellsHowFarTheDownloadHasCome)
     updater().install();
     EXPECT_EQ(state().kind, Kind::downloading);
     EXPECT_EQ(state().receivedBytes, 0U);
-    EXPECT_TRUE(TestSupport::eventually(
-        [this] { return state().receivedBytes == state().offer.length - 1; }));
+    EXPECT_TRUE(eventually([this] { return state().receivedBytes == state().offer.length - 1; }));
     EXPECT_FALSE(updater().canCheckForUpdates());
 }
 
@@ -192,7 +190,7 @@ TEST_F(AppcastUpdaterTest, aDownloadCanBeCancelled)
     start();
     EXPECT_EQ(check(), Kind::available);
     updater().install();
-    ASSERT_TRUE(TestSupport::eventually([this] { return state().receivedBytes > 0; }));
+    ASSERT_TRUE(eventually([this] { return state().receivedBytes > 0; }));
     EXPECT_FALSE(isNothingLeft());
     updater().cancel();
     EXPECT_EQ(state(), UpdateState{});
@@ -208,9 +206,9 @@ TEST_F(AppcastUpdaterTest, endsWhateverRuns)
     start();
     EXPECT_EQ(check(), Kind::available);
     updater().install();
-    ASSERT_TRUE(TestSupport::eventually([this] { return state().receivedBytes > 0; }));
+    ASSERT_TRUE(eventually([this] { return state().receivedBytes > 0; }));
     desktop.reset();
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_TRUE(isNothingLeft());
 }
 
@@ -257,7 +255,7 @@ TEST_F(AppcastUpdaterTest, aCheckInTheBackgroundDoesNotDisturbWhatTheUserSees)
     start();
     EXPECT_EQ(check(), Kind::available);
     desktop->checkInBackground();
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_EQ(state().kind, Kind::available);
     EXPECT_EQ(server.requests().size(), 1U);
 }
@@ -267,7 +265,7 @@ TEST_F(AppcastUpdaterTest, aCheckInTheBackgroundGivesWayToTheUser)
     server.answer("/feed.xml", [](QSslSocket&) {});
     start();
     desktop->checkInBackground();
-    ASSERT_TRUE(TestSupport::eventually([this] { return server.requests().size() == 1; }));
+    ASSERT_TRUE(eventually([this] { return server.requests().size() == 1; }));
     EXPECT_TRUE(updater().canCheckForUpdates());
     serveFeed(item("2.0"));
     EXPECT_EQ(check(), Kind::available);
@@ -281,8 +279,8 @@ TEST_F(AppcastUpdaterTest, theFeedIsNotFetchedInTheBackgroundWherePackagesAreOfN
         installationQueries = 0;
         start();
         desktop->checkInBackground();
-        EXPECT_TRUE(TestSupport::eventually([this] { return installationQueries == 1; }));
-        TestSupport::processEvents();
+        EXPECT_TRUE(eventually([this] { return installationQueries == 1; }));
+        processEvents();
     }
     EXPECT_THAT(server.requests(), IsEmpty());
     EXPECT_THAT(delegate.heard, IsEmpty());

@@ -3,13 +3,10 @@
 #include "Fakes/FakeClock.h"
 #include "Fakes/MemoryDefaultsStore.h"
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace std::chrono_literals;
 using namespace TarnwickDirect;
-using testing::ElementsAre;
+using namespace TestSupport;
 
 class DailyScheduleTest : public testing::Test {
 protected:
@@ -21,9 +18,8 @@ protected:
         schedule = std::make_unique<DailySchedule>(defaults, clock, [this] { ++checks; });
     }
 
-    std::shared_ptr<Fakes::MemoryDefaultsStore> defaults =
-        std::make_shared<Fakes::MemoryDefaultsStore>();
-    std::shared_ptr<TestSupport::FakeClock> clock = std::make_shared<TestSupport::FakeClock>();
+    std::shared_ptr<MemoryDefaultsStore> defaults = std::make_shared<MemoryDefaultsStore>();
+    std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
     int checks = 0;
     std::unique_ptr<DailySchedule> schedule;
 };

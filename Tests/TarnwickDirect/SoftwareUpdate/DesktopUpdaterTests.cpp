@@ -7,10 +7,9 @@
 namespace {
 
 using namespace TarnwickDirect;
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace TestSupport;
 
-class DesktopUpdaterTest : public TestSupport::UpdaterTest {
+class DesktopUpdaterTest : public UpdaterTest {
 protected:
     void press(const char* text)
     {
@@ -84,7 +83,7 @@ TEST_F(DesktopUpdaterTest, cancelsTheCheckAndTheDownload)
     EXPECT_FALSE(desktop->dialog().isVisible());
     ASSERT_EQ(check(), Kind::available);
     press("Install Update");
-    ASSERT_TRUE(TestSupport::eventually([this] { return state().receivedBytes > 0; }));
+    ASSERT_TRUE(eventually([this] { return state().receivedBytes > 0; }));
     press("Cancel");
     EXPECT_FALSE(desktop->dialog().isVisible());
     EXPECT_TRUE(isNothingLeft());
@@ -117,7 +116,7 @@ TEST_F(DesktopUpdaterTest, leavesNothingOfADownloadWhenTheProcessEnds)
     start();
     ASSERT_EQ(check(), Kind::available);
     press("Install Update");
-    ASSERT_TRUE(TestSupport::eventually([this] { return state().receivedBytes > 0; }));
+    ASSERT_TRUE(eventually([this] { return state().receivedBytes > 0; }));
     EXPECT_FALSE(isNothingLeft());
     desktop->stop();
     EXPECT_TRUE(isNothingLeft());

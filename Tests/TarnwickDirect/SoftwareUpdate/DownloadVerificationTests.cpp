@@ -3,14 +3,13 @@
 #include "Persistence/FileTrouble.h"
 #include "SoftwareUpdate/Packages.h"
 #include "SoftwareUpdate/Signing.h"
-#include "SoftwareUpdate/UpdateErrors.h"
-
-#include <gmock/gmock.h>
+#include "Support/Errors.h"
+#include "TarnwickDirect/SoftwareUpdate/UpdateError.h"
 
 namespace {
 
 using namespace TarnwickDirect;
-using TestSupport::debianPackage;
+using namespace TestSupport;
 
 class DownloadVerificationTest : public testing::Test {
 protected:
@@ -23,13 +22,13 @@ protected:
         offer.fileName = QStringLiteral("tarnwick.deb");
         offer.length = std::uint64_t(bytes.size());
         offer.signature = key.sign(bytes);
-        FileTrouble::writeFile(file, bytes.toStdString());
+        writeFile(file, bytes.toStdString());
     }
 
     /// Why the file was deleted; "none" where it was not.
     std::string reason() const
     {
-        const std::string error = TestSupport::updateErrorOf([this] {
+        const std::string error = messageOf<UpdateError>([this] {
             verifyDownload(
                 file,
                 offer,
@@ -43,29 +42,29 @@ protected:
         return error.starts_with(beginning) ? error.substr(beginning.size()) : error;
     }
 
-    FileTrouble::Folder folder;
+    Folder folder;
     std::filesystem::path file = folder / "tarnwick.deb";
-    TestSupport::SigningKey key;
+    SigningKey key;
     UpdateOffer offer;
 };
 
 TEST_F(DownloadVerificationTest, leavesWhatWasOffered)
 {
     EXPECT_EQ(reason(), "none");
-    EXPECT_EQ(FileTrouble::contentsOf(file), debianPackage("2.0-1").toStdString());
+    EXPECT_EQ(contentsOf(file), debianPackage("2.0-1").toStdString());
 }
 
 TEST_F(DownloadVerificationTest, deletesOtherBytes)
 {
     QByteArray other = debianPackage("2.0-1");
     other[other.size() / 2] = 'q';
-    FileTrouble::writeFile(file, other.toStdString());
+    writeFile(file, other.toStdString());
     EXPECT_EQ(reason(), "its signature is not valid.");
 }
 
 TEST_F(DownloadVerificationTest, deletesWhatAnotherKeySigned)
 {
-    offer.signature = TestSupport::SigningKey(2).sign(debianPackage("2.0-1"));
+    offer.signature = SigningKey(2).sign(debianPackage("2.0-1"));
     EXPECT_EQ(reason(), "its signature is not valid.");
 }
 
@@ -74,7 +73,7 @@ TEST_F(DownloadVerificationTest, deletesWhatHasAnotherLengthEvenIfItIsSigned)
     offerFile("2.0", "hello");
     offer.length = 6;
     EXPECT_EQ(reason(), "it has 5 bytes instead of 6.");
-    FileTrouble::writeFile(file, "");
+    writeFile(file, "");
     EXPECT_EQ(reason(), "it has 0 bytes instead of 6.");
 }
 

@@ -6,15 +6,10 @@
 #include <QNetworkAccessManager>
 #include <QTimer>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace std::chrono_literals;
 using namespace TarnwickDirect;
-using testing::AllOf;
-using testing::HasSubstr;
-using testing::Not;
+using namespace TestSupport;
 
 class HttpsFetchTest : public testing::Test {
 protected:
@@ -40,10 +35,10 @@ protected:
         ending.clear();
         bytes.clear();
         begin(url);
-        if (!TestSupport::eventually([this] { return !ending.empty(); })) {
+        if (!eventually([this] { return !ending.empty(); })) {
             return "no end";
         }
-        TestSupport::processEvents();
+        processEvents();
         const std::string beginning = "The update feed could not be fetched: ";
         return ending.starts_with(beginning) ? ending.substr(beginning.size()) : ending;
     }
@@ -58,7 +53,7 @@ protected:
         });
     }
 
-    TestSupport::TlsServer server;
+    TlsServer server;
     QNetworkAccessManager network;
     FetchRequest request{
         .url = {},
@@ -66,7 +61,7 @@ protected:
         .byteLimit = 1'000'000,
         .silenceLimit = 20s,
         .timeLimit = std::nullopt,
-        .authorities = TestSupport::TlsServer::authorities()};
+        .authorities = TlsServer::authorities()};
     QObject context;
     QByteArray bytes;
     std::string ending;
@@ -165,7 +160,7 @@ TEST_F(HttpsFetchTest, endsAtTheSizeLimitOfAnAnswerWithoutEnd)
         connection.write(QByteArray(10'000, 'x'));
     });
     EXPECT_EQ(runFeed(), "it is larger than 1.0 MB.");
-    EXPECT_TRUE(TestSupport::eventually([this] { return server.openConnections() == 0; }));
+    EXPECT_TRUE(eventually([this] { return server.openConnections() == 0; }));
 }
 
 TEST_F(HttpsFetchTest, endsWhenTheServerFallsSilent)
@@ -260,9 +255,9 @@ TEST_F(HttpsFetchTest, endsWithoutASignalWhenItIsDestroyed)
 {
     stall();
     begin(server.url("/feed"));
-    ASSERT_TRUE(TestSupport::eventually([this] { return bytes == "half"; }));
+    ASSERT_TRUE(eventually([this] { return bytes == "half"; }));
     fetch.reset();
-    EXPECT_TRUE(TestSupport::eventually([this] { return server.openConnections() == 0; }));
+    EXPECT_TRUE(eventually([this] { return server.openConnections() == 0; }));
     EXPECT_EQ(ending, "");
 }
 
@@ -271,7 +266,7 @@ TEST_F(HttpsFetchTest, mayBeDestroyedByEachOfItsSignals)
     const auto isDestroyedBy = [this](auto signal) {
         begin(server.url("/feed"));
         QObject::connect(fetch.get(), signal, &context, [this] { fetch.reset(); });
-        return TestSupport::eventually([this] { return !fetch; });
+        return eventually([this] { return !fetch; });
     };
     EXPECT_TRUE(isDestroyedBy(&HttpsFetch::failed));
     server.serve("/feed", "all");
@@ -283,7 +278,7 @@ TEST_F(HttpsFetchTest, mayBeDestroyedAtOnce)
 {
     begin(server.url("/feed"));
     fetch.reset();
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_EQ(ending, "");
 }
 

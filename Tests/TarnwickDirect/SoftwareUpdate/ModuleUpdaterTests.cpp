@@ -7,11 +7,8 @@
 
 namespace {
 
-using namespace std::chrono_literals;
 using namespace TarnwickDirect;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
+using namespace TestSupport;
 
 constexpr std::string_view lastCheckKey = "updates.lastCheck";
 const char* const otherVersion =
@@ -36,12 +33,12 @@ protected:
     }
 
     const QByteArray cacheBefore = qgetenv("XDG_CACHE_HOME");
-    FileTrouble::Folder cache;
-    std::shared_ptr<TestSupport::FakeClock> clock = std::make_shared<TestSupport::FakeClock>();
+    Folder cache;
+    std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
     std::vector<QWidget*> shown;
     int returns = 0;
     UpdaterHost host{
-        .defaults = std::make_shared<Fakes::MemoryDefaultsStore>(),
+        .defaults = std::make_shared<MemoryDefaultsStore>(),
         .clock = clock,
         .bringToFront =
             [this](QWidget& window) {
@@ -49,7 +46,7 @@ protected:
                 window.show();
             },
         .takeFocusBack = [this] { ++returns; }};
-    TestSupport::RecordingDelegate delegate;
+    RecordingDelegate delegate;
     std::unique_ptr<ModuleUpdater> updater;
 };
 
@@ -110,7 +107,7 @@ TEST_F(ModuleUpdaterTest, aFileThatIsNoModuleIsNotUsed)
 
 TEST_F(ModuleUpdaterTest, theModuleChecksWithWhatTheProgramGivesIt)
 {
-    TestSupport::TlsServer server;
+    TlsServer server;
     qputenv("TARNWICK_UPDATE_FEED", server.url("/feed.xml").toEncoded());
     qputenv("TARNWICK_UPDATE_AUTHORITY", "/nowhere");
     qputenv("TARNWICK_UPDATE_KEY", "iojj3XQJ8ZX9UtstPLpdcspnCb8dlBIb83SIAbQPb1w=");
@@ -123,7 +120,7 @@ TEST_F(ModuleUpdaterTest, theModuleChecksWithWhatTheProgramGivesIt)
         });
     updater->checkForUpdates();
     EXPECT_FALSE(updater->canCheckForUpdates());
-    ASSERT_TRUE(TestSupport::eventually([this] { return !delegate.heard.empty(); }));
+    ASSERT_TRUE(eventually([this] { return !delegate.heard.empty(); }));
     EXPECT_THAT(
         delegate.heard,
         ElementsAre(

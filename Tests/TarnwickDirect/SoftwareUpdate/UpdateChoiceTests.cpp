@@ -1,9 +1,8 @@
 #include "TarnwickDirect/SoftwareUpdate/UpdateChoice.h"
 
 #include "SoftwareUpdate/AppcastItems.h"
-#include "SoftwareUpdate/UpdateErrors.h"
-
-#include <gtest/gtest.h>
+#include "Support/Errors.h"
+#include "TarnwickDirect/SoftwareUpdate/UpdateError.h"
 
 namespace {
 
@@ -174,7 +173,7 @@ TEST_F(UpdateChoiceTest, anUnsignedNewestIsAnErrorAndNoReasonToTakeAnOlderOne)
     add(u"1.1");
     add(u"1.2").enclosures[0].signature.clear();
     EXPECT_EQ(
-        TestSupport::updateErrorOf([this] { chooseUpdate(feed, needs); }),
+        TestSupport::messageOf<UpdateError>([this] { chooseUpdate(feed, needs); }),
         "The update feed has no signature for version 1.2.");
 }
 

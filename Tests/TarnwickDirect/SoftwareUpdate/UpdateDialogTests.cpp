@@ -12,12 +12,10 @@
 #include <QScrollBar>
 #include <QTest>
 
-#include <gmock/gmock.h>
-
 namespace {
 
 using namespace TarnwickDirect;
-using testing::ElementsAre;
+using namespace TestSupport;
 using enum UpdateAction;
 
 UpdatePage availablePage()
@@ -238,7 +236,7 @@ TEST_F(UpdateDialogTest, buttonsMayTakeThePageAway)
     dialog.setPage(availablePage());
     QObject::connect(&dialog, &UpdateDialog::triggered, [this] { dialog.setPage(busyPage()); });
     buttons().back()->click();
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_EQ(buttons().size(), 1U);
 }
 

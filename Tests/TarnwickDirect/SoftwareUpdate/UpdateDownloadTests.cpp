@@ -11,14 +11,10 @@
 
 #include <semaphore>
 
-#include <gmock/gmock.h>
-
 namespace {
 
 using namespace TarnwickDirect;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::StartsWith;
+using namespace TestSupport;
 
 class UpdateDownloadTest : public testing::Test {
 protected:
@@ -40,7 +36,7 @@ protected:
             UpdateDownload::Settings{
                 .folder = folder / "updates",
                 .trust = {.key = key.publicKey(), .package = QStringLiteral("tarnwick")},
-                .authorities = TestSupport::TlsServer::authorities()});
+                .authorities = TlsServer::authorities()});
         QObject::connect(
             download.get(), &UpdateDownload::progressed, &context, [this](quint64 bytes) {
                 progress.push_back(bytes);
@@ -67,10 +63,10 @@ protected:
     std::string run()
     {
         begin();
-        if (!TestSupport::eventually([this] { return !ending.empty(); })) {
+        if (!eventually([this] { return !ending.empty(); })) {
             return "no end";
         }
-        TestSupport::processEvents();
+        processEvents();
         return ending;
     }
 
@@ -79,10 +75,10 @@ protected:
         return !exists(folder / "updates") || is_empty(folder / "updates");
     }
 
-    const QByteArray file = TestSupport::debianPackage("2.0-1");
-    TestSupport::TlsServer server;
-    TestSupport::SigningKey key;
-    FileTrouble::Folder folder;
+    const QByteArray file = debianPackage("2.0-1");
+    TlsServer server;
+    SigningKey key;
+    Folder folder;
     QNetworkAccessManager network;
     UpdateOffer offer;
     QObject context;
@@ -97,7 +93,7 @@ TEST_F(UpdateDownloadTest, yieldsTheVerifiedFile)
 {
     EXPECT_EQ(run(), "finished");
     EXPECT_EQ(downloaded.filename(), "tarnwick.deb");
-    EXPECT_EQ(FileTrouble::contentsOf(downloaded), file.toStdString());
+    EXPECT_EQ(contentsOf(downloaded), file.toStdString());
     EXPECT_TRUE(isVerifying);
     EXPECT_TRUE(std::ranges::is_sorted(progress));
 }
@@ -105,7 +101,7 @@ TEST_F(UpdateDownloadTest, yieldsTheVerifiedFile)
 TEST_F(UpdateDownloadTest, keepsTheFileFromOtherUsersAndLeavesNothingAtItsEnd)
 {
     EXPECT_EQ(run(), "finished");
-    EXPECT_EQ(FileTrouble::modeOf(downloaded.parent_path()), 0700U);
+    EXPECT_EQ(modeOf(downloaded.parent_path()), 0700U);
     EXPECT_EQ(downloaded.parent_path().parent_path(), folder / "updates");
     download.reset();
     EXPECT_TRUE(isNothingLeft());
@@ -121,7 +117,7 @@ TEST_F(UpdateDownloadTest, takesTheNameOfTheOfferAndNotOfTheRedirect)
 
 TEST_F(UpdateDownloadTest, deletesWhatFailsVerification)
 {
-    offer.signature = TestSupport::SigningKey(2).sign(file);
+    offer.signature = SigningKey(2).sign(file);
     EXPECT_EQ(
         run(), "The download \"tarnwick.deb\" was deleted because its signature is not valid.");
     EXPECT_TRUE(isNothingLeft());
@@ -141,7 +137,7 @@ TEST_F(UpdateDownloadTest, deletesWhatIsShorterThanTheFeedTells)
     offer.length = 6;
     begin();
     QObject::disconnect(download.get(), &UpdateDownload::verifying, &context, nullptr);
-    ASSERT_TRUE(TestSupport::eventually([this] { return !ending.empty(); }));
+    ASSERT_TRUE(eventually([this] { return !ending.empty(); }));
     EXPECT_EQ(
         ending, "The download \"tarnwick.deb\" was deleted because it has 5 bytes instead of 6.");
     EXPECT_TRUE(isNothingLeft());
@@ -149,14 +145,14 @@ TEST_F(UpdateDownloadTest, deletesWhatIsShorterThanTheFeedTells)
 
 TEST_F(UpdateDownloadTest, leavesNothingOnAFullDisk)
 {
-    const FileTrouble::LargestFile limit(200'000);
+    const LargestFile limit(200'000);
     EXPECT_EQ(run(), "\"tarnwick.deb\" could not be saved: File too large.");
     EXPECT_TRUE(isNothingLeft());
 }
 
 TEST_F(UpdateDownloadTest, tellsThatTheFolderCannotBeMade)
 {
-    FileTrouble::writeFile(folder / "updates", "a file in its place");
+    writeFile(folder / "updates", "a file in its place");
     EXPECT_THAT(run(), StartsWith("The update could not be saved: "));
     EXPECT_THAT(folder.names(), ElementsAre("updates"));
     EXPECT_THAT(server.requests(), IsEmpty());
@@ -165,14 +161,14 @@ TEST_F(UpdateDownloadTest, tellsThatTheFolderCannotBeMade)
 TEST_F(UpdateDownloadTest, leavesNothingWhenItIsCancelledOnTheWay)
 {
     server.answer("/tarnwick.deb", [this](QSslSocket& connection) {
-        connection.write(TestSupport::okay(file).chopped(10));
+        connection.write(okay(file).chopped(10));
     });
     begin();
-    ASSERT_TRUE(TestSupport::eventually([this] { return !progress.empty(); }));
+    ASSERT_TRUE(eventually([this] { return !progress.empty(); }));
     EXPECT_FALSE(isNothingLeft());
     download.reset();
     EXPECT_TRUE(isNothingLeft());
-    EXPECT_TRUE(TestSupport::eventually([this] { return server.openConnections() == 0; }));
+    EXPECT_TRUE(eventually([this] { return server.openConnections() == 0; }));
     EXPECT_EQ(ending, "");
 }
 
@@ -185,11 +181,11 @@ TEST_F(UpdateDownloadTest, leavesNothingWhenItIsCancelledDuringVerification)
         pool.start([&freed] { freed.acquire(); });
     }
     begin();
-    const bool isReached = TestSupport::eventually([this] { return isVerifying; });
+    const bool isReached = eventually([this] { return isVerifying; });
     download.reset();
     freed.release(pool.maxThreadCount());
     pool.waitForDone();
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_TRUE(isReached);
     EXPECT_TRUE(isNothingLeft());
     EXPECT_EQ(ending, "");
@@ -200,7 +196,7 @@ TEST_F(UpdateDownloadTest, mayBeDestroyedByEachOfItsSignals)
     const auto isDestroyedBy = [this](auto signal) {
         begin();
         QObject::connect(download.get(), signal, &context, [this] { download.reset(); });
-        return TestSupport::eventually([this] { return !download; });
+        return eventually([this] { return !download; });
     };
     EXPECT_TRUE(isDestroyedBy(&UpdateDownload::progressed));
     EXPECT_TRUE(isDestroyedBy(&UpdateDownload::verifying));

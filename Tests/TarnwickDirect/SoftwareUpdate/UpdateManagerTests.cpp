@@ -6,13 +6,10 @@
 
 #include <thread>
 
-#include <gmock/gmock.h>
-
 namespace {
 
 using namespace TarnwickDirect;
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace TestSupport;
 using enum UpdateAvailability;
 
 class FakeController final : public UpdaterController {
@@ -103,7 +100,7 @@ TEST_F(UpdateManagerTest, knowsNothingAtFirst)
 TEST_F(UpdateManagerTest, takesTheInitialValue)
 {
     start(true);
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_TRUE(manager->canCheckForUpdates());
     EXPECT_THAT(canCheckValues, ElementsAre(true));
 }
@@ -111,13 +108,13 @@ TEST_F(UpdateManagerTest, takesTheInitialValue)
 TEST_F(UpdateManagerTest, takesEveryNewValueOnTheEventLoop)
 {
     start();
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_FALSE(manager->canCheckForUpdates());
     controller->set(true);
     controller->set(false);
     controller->set(true);
     EXPECT_FALSE(manager->canCheckForUpdates());
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_THAT(canCheckValues, ElementsAre(true, false, true));
 }
 
@@ -125,7 +122,7 @@ TEST_F(UpdateManagerTest, aValueThatChangesAtOnceComesAfterTheInitialOne)
 {
     start(true);
     controller->set(false);
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_FALSE(manager->canCheckForUpdates());
     EXPECT_THAT(canCheckValues, ElementsAre(true, false));
 }
@@ -152,10 +149,10 @@ TEST_F(UpdateManagerTest, aCheckOfTheUserFindsAnUpdateOrNone)
     start();
     manager->checkForUpdates();
     delegate->updaterDidFindValidUpdate(QStringLiteral("2.0"));
-    TestSupport::processEvents();
+    processEvents();
     manager->checkForUpdates();
     delegate->updaterDidNotFindUpdate(QStringLiteral("There is none."));
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_THAT(availabilities, ElementsAre(checking, available, checking, unavailable));
 }
 
@@ -163,9 +160,9 @@ TEST_F(UpdateManagerTest, aBackgroundCheckFindsAnUpdateOrNone)
 {
     start();
     delegate->updaterDidFindValidUpdate(QStringLiteral("2.0"));
-    TestSupport::processEvents();
+    processEvents();
     delegate->updaterDidNotFindUpdate(QStringLiteral("There is none."));
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_THAT(availabilities, ElementsAre(available, unavailable));
 }
 
@@ -174,22 +171,22 @@ TEST_F(UpdateManagerTest, whatOtherThreadsTellChangesOnTheMainThread)
     start();
     std::thread([this] { delegate->updaterDidFindValidUpdate(QStringLiteral("2.0")); }).join();
     EXPECT_EQ(manager->updateAvailability(), unknown);
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_THAT(availabilities, ElementsAre(available));
     std::thread([this] { delegate->updaterDidNotFindUpdate({}); }).join();
     EXPECT_EQ(manager->updateAvailability(), available);
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_THAT(availabilities, ElementsAre(available, unavailable));
 }
 
 TEST_F(UpdateManagerTest, withoutAnUpdaterACheckNeverEnds)
 {
     startWithoutUpdater();
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_FALSE(manager->hasUpdater());
     EXPECT_FALSE(manager->canCheckForUpdates());
     manager->checkForUpdates();
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_EQ(manager->updateAvailability(), checking);
     EXPECT_THAT(canCheckValues, IsEmpty());
 }
@@ -212,7 +209,7 @@ TEST_F(UpdateManagerTest, whatComesTooLateIsDropped)
     start(true);
     delegate->updaterDidFindValidUpdate(QStringLiteral("2.0"));
     manager.reset();
-    TestSupport::processEvents();
+    processEvents();
     EXPECT_THAT(availabilities, IsEmpty());
 }
 

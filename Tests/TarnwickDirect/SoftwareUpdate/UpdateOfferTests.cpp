@@ -1,9 +1,8 @@
 #include "TarnwickDirect/SoftwareUpdate/UpdateOffer.h"
 
 #include "SoftwareUpdate/AppcastItems.h"
-#include "SoftwareUpdate/UpdateErrors.h"
-
-#include <gtest/gtest.h>
+#include "Support/Errors.h"
+#include "TarnwickDirect/SoftwareUpdate/UpdateError.h"
 
 namespace {
 
@@ -13,7 +12,8 @@ class UpdateOfferTest : public testing::Test {
 protected:
     std::string error()
     {
-        return TestSupport::updateErrorOf([this] { makeOffer(item, item.enclosures[0], false); });
+        return TestSupport::messageOf<UpdateError>(
+            [this] { makeOffer(item, item.enclosures[0], false); });
     }
 
     AppcastItem item = TestSupport::itemOf(QStringLiteral("2.0"));
@@ -98,7 +98,7 @@ TEST_F(UpdateOfferTest, refusesWhatCannotBeASignature)
 std::string nameAt(const std::string& url)
 {
     std::string name;
-    const std::string error = TestSupport::updateErrorOf([&] {
+    const std::string error = TestSupport::messageOf<UpdateError>([&] {
         name = downloadName(QUrl::fromEncoded(QByteArray::fromStdString(url))).toStdString();
     });
     return error == "none" ? name : error;

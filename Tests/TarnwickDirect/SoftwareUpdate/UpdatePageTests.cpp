@@ -1,5 +1,7 @@
 #include "TarnwickDirect/SoftwareUpdate/UpdatePage.h"
 
+#include "Support/Mapped.h"
+
 #include <gmock/gmock.h>
 
 namespace {
@@ -27,11 +29,8 @@ protected:
 
     std::vector<std::string> buttons(Kind kind)
     {
-        std::vector<std::string> texts;
-        for (const UpdateAction action : page(kind).actions) {
-            texts.push_back(textOf(action).toStdString());
-        }
-        return texts;
+        return TestSupport::mapped(
+            page(kind).actions, [](UpdateAction action) { return textOf(action).toStdString(); });
     }
 
     std::string title(Kind kind) { return page(kind).title.toStdString(); }

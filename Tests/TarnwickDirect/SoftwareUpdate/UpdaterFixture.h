@@ -9,8 +9,6 @@
 
 #include <atomic>
 
-#include <gmock/gmock.h>
-
 namespace TestSupport {
 
 /// Records what it hears: "found 2.0", or the sentence.
@@ -76,7 +74,7 @@ protected:
     const QByteArray package = debianPackage("2.0-1");
     TlsServer server;
     SigningKey key;
-    FileTrouble::Folder folder;
+    TestSupport::Folder folder;
     RecordingDelegate delegate;
     TarnwickDirect::Installation installation{
         .kind = TarnwickDirect::Installation::Kind::debianPackage,
