@@ -8,7 +8,7 @@ import unittest
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.realpath(__file__))))
 RELIABILITY = os.path.join(ROOT, "docs", "Reliability.md")
 CPP_TEST = re.compile(r"^(?:TEST|TEST_F|TEST_P|TYPED_TEST|RC_GTEST_PROP|RC_GTEST_FIXTURE_PROP)\(\s*(\w+),\s*(\w+)", re.M)
-SESSION_CLASS = re.compile(r"^class (\w+)|^    def (test\w+)", re.M)
+SESSION_CLASS = re.compile(r"^class (\w+)(?:\((.*)\))?:|^    def (test\w+)", re.M)
 LINK = re.compile(r"\]\(([^)#:]+?)(?:#[^)]*)?\)")
 
 
@@ -29,10 +29,15 @@ def tests_there_are():
         names.update(".".join(found) for found in CPP_TEST.findall(text_of(file)))
     for file in files("Tests/Session/*_tests.py"):
         script = os.path.basename(file).removesuffix("_tests.py")
-        current = ""
-        for new_class, test in SESSION_CLASS.findall(text_of(file)):
-            current = new_class or current
-            names.add(f"{script}.{current}.{test}")
+        tests = {}
+        for new_class, bases, test in SESSION_CLASS.findall(text_of(file)):
+            if new_class:
+                tests[new_class] = current = []
+                for base in bases.split(", "):
+                    current.extend(tests.get(base, ()))
+            else:
+                current.append(test)
+        names.update(f"{script}.{name}.{test}" for name, found in tests.items() for test in found)
     return names
 
 

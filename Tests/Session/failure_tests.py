@@ -7,7 +7,6 @@ import signal
 from desktop import SessionTest, wait_until
 from desktop.mounts import Mounts
 from desktop.processes import output_of
-from desktop.waiting import stays
 
 CACHED = "Showing cached data: "
 
@@ -158,54 +157,6 @@ class RefreshFailureTests(FailureTest):
         self.reader.wait_until_gone("push button", "Try Again")
         self.find_rows()
 
-    def testARefreshThatFailsLeavesTheRows(self):
-        self.write_cache()
-        self.open_panel()
-        self.find_rows()
-        for fault, text in (
-            ("server-error@search", "gh: Internal Server Error (HTTP 500)"),
-            ("truncated@search", "unexpected end of JSON input"),
-            ("cut-off@repositories", "unexpected EOF"),
-        ):
-            wait_until(lambda: not self.reader.find_all(None, "Refreshing"), "rest")
-            cache = bytes_of(self.cache_file)
-            self.github.serve(faults=[fault])
-            self.screen.key("r")
-            self.reader.find(None, CACHED + text)
-            self.find_rows()
-            self.assertEqual(bytes_of(self.cache_file), cache)
-
-    def testHalfAnAnswerIsAnErrorAndShowsNoHalfOfTheList(self):
-        self.github.serve(faults=["truncated@search"])
-        self.open_panel()
-        self.find_texts("unexpected end of JSON input")
-        self.assertFalse(os.path.exists(self.cache_file))
-        self.github.serve()
-        self.reader.press("push button", "Try Again")
-        self.find_rows()
-
-    def testWhileGitHubIsSlowThePanelSaysWhatItWaitsFor(self):
-        self.github.serve(faults=["delay=60000@authentication"])
-        program = self.open_panel()
-        self.find_texts("Checking GitHub CLI authentication…")
-        self.assertEqual(self.reader.find_all("push button", "Try Again"), [])
-        self.end(program)
-        self.github.serve(faults=["delay=60000@search"])
-        self.open_panel()
-        self.find_texts("Loading pull requests…")
-        self.reader.find(None, "Refreshing")
-        self.assertEqual(self.reader.find_all("push button", "Try Again"), [])
-
-    def testWhereNothingIsSelectedTheRepositoriesAreOffered(self):
-        self.write_settings("")
-        self.open_panel()
-        self.find_texts("No pull requests involving you were found.")
-        self.reader.find("push button", "Try Again")
-        self.reader.press("push button", "Choose Repositories…")
-        self.find_texts("Repositories", "0 selected")
-        self.reader.press("push button", "Done")
-        self.find_texts("No pull requests involving you were found.")
-
 
 class StorageTests(FailureTest):
     def not_kept(self, reason):
@@ -281,24 +232,6 @@ class StorageTests(FailureTest):
         self.reader.find(None, self.not_kept("read (Is a directory)"))
         self.find_texts("No pull requests involving you were found.")
         self.assertEqual(os.listdir(self.settings_file), [])
-
-    def testBrokenLinesAndABrokenCacheStayAsTheUserLeftThem(self):
-        broken = b"no key at all\n[[[\n\xff\xfe=\x00\npolling.interval=soon\n"
-        with open(self.settings_file, "ab") as settings:
-            settings.write(broken)
-        os.makedirs(os.path.dirname(self.cache_file))
-        with open(self.cache_file, "wb") as cache:
-            cache.write(b'{"pullRequests": [')
-        self.github.end()
-        program = self.open_panel()
-        self.find_texts("GitHub cannot be reached.")
-        self.assertEqual(bytes_of(self.cache_file), b'{"pullRequests": [')
-        self.github.serve()
-        self.reader.press("push button", "Try Again")
-        self.find_rows()
-        self.end(program)
-        for line in broken.splitlines(keepends=True):
-            self.assertIn(line, bytes_of(self.settings_file))
 
 
 class OpeningTests(FailureTest):

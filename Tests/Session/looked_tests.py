@@ -66,33 +66,6 @@ class LookedTest(SessionTest):
         return self.run_tarnwick("list")
 
 
-class ChangeTests(LookedTest):
-    def testAnOpenedRowSaysWhatHasChangedUntilItIsRead(self):
-        self.choose(NORDHAVN, "Open Checks")
-        self.panel_gone()
-        wait_until(
-            lambda: [f"https://github.com/{TIDE_TABLES}/pull/77/checks"]
-            in self.programs.arguments("xdg-open"),
-            "the page",
-        )
-        wait_until(lambda: "\nlastSeen." in self.read_settings(), "what was seen")
-        self.pull_request(77)["checks"] = [{"context": "docs", "state": "FAILURE", "age": "4h"}]
-        self.pull_request(77)["reviews"] = [{"state": "APPROVED", "author": "mara-b"}]
-        self.pull_request(77)["requestedUsers"] = []
-        self.github.serve(self.scenario, now=NOW)
-        self.run_tarnwick("--toggle")
-        self.focused_panel()
-        sentence = r"^Since \d\d:\d\d: approved, checks from 3/3 to 0/1\. "
-        wait_until(
-            lambda: re.search(sentence, self.row(NORDHAVN).description), "the row that has changed"
-        )
-        self.choose(NORDHAVN, "Mark as Read")
-        wait_until(lambda: "Since" not in self.row(NORDHAVN).description, "that it is read")
-        self.choose(NORDHAVN, "Mark as Unread")
-        wait_until(lambda: "lastVisitedAt." not in self.read_settings(), "that it is unread")
-        self.assertNotIn("lastSeen.", self.read_settings())
-
-
 class MuteTests(LookedTest):
     def testAMutedRowIsOutOfSightUntilItChanges(self):
         count = len(self.reader.names("list item"))

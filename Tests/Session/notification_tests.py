@@ -113,15 +113,6 @@ class DunstTests(NotificationTest):
         self.reload()
         stays(lambda: self.dunst.count() == 1, "one notification", 1)
 
-    def testThatOfTheSameIdentifierIsReplaced(self):
-        self.start(notifications_newPullRequests="true")
-        now = an_hour_from_now()
-        self.refresh_with(with_a_new_one(), now)
-        wait_until(lambda: self.dunst.count() == 1, "a notification")
-        self.refresh_with("everyday", now)
-        self.refresh_with(with_a_new_one(), now)
-        stays(lambda: self.dunst.count() == 1, "one notification", 1)
-
 
 class XfceTests(NotificationTest):
     def testANewPullRequestIsToldAndItsButtonOpensIt(self):
@@ -170,16 +161,6 @@ class RecordedTests(NotificationTest):
         self.assertEqual(
             self.programs.calls("xdg-open"), [{"arguments": [EBB], "token": "token-7"}]
         )
-
-    def testADismissedNotificationOpensNothing(self):
-        server = Recorder(self.session)
-        self.start(notifications_newPullRequests="true")
-        self.refresh_with(with_a_new_one())
-        wait_until(server.requests, "a notification")
-        server.close(1)
-        # It is no longer this program's, whoever clicks on what.
-        server.click(1, "default", "token-8")
-        stays(lambda: not self.programs.calls("xdg-open"), "nothing opened", 0.5)
 
 
 class NoServerTests(SessionTest):

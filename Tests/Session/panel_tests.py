@@ -3,7 +3,6 @@
 import re
 
 from desktop import SessionTest, wait_until
-from desktop.github import scenario_named
 from desktop.screen import Rectangle
 
 TIDE_TABLES = "harbourlight/tide-tables"
@@ -234,19 +233,6 @@ class KeyboardTests(PanelTest):
             self.press_key("Home", "Read the gauges of Nordhavn")
             self.screen.key("shift+F10")
             self.reader.find("menu item", item)
-            self.assertEqual(
-                self.reader.names("menu item"),
-                [
-                    "Open in Browser",
-                    "Open in Editor",
-                    "Open Files",
-                    "Open Checks",
-                    "Mark as Read",
-                    "Mute",
-                    "Copy Link",
-                    "Copy Branch Name",
-                ],
-            )
             self.screen.key(*keys)
             self.wait_for_focus("menu item", item)
             self.screen.key("Return")
@@ -269,30 +255,6 @@ class KeyboardTests(PanelTest):
         ):
             self.screen.key("Tab")
             self.wait_for_focus(role, name)
-
-    def testARefreshKeepsTheChosenRowAndItsPlace(self):
-        self.open()
-        self.wait_for_focus("list", "Pull requests")
-        self.press_key("End", "Update to Go 1.23 and drop the vendored drivers")
-        before = self.press_key("Up", "Leap seconds are no longer our problem")
-        scenario = scenario_named("everyday")
-        scenario["pullRequests"].append(
-            {
-                "repository": TIDE_TABLES,
-                "number": 82,
-                "title": "Ebb",
-                "author": "yuki-h",
-                "created": "1h",
-                "updated": "1m",
-                "head": "ebb",
-            }
-        )
-        self.github.serve(scenario)
-        self.reload()
-        self.reader.find(name="14 pull requests, Updated just now")
-        after = self.chosen()
-        self.assertEqual((after.name, after.box), (before.name, before.box))
-        self.press_key("Home", "Ebb")
 
 
 class PickerTests(PanelTest):

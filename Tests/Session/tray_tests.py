@@ -21,13 +21,67 @@ BELOW = Rectangle(SCREEN[0] - 240, 32, 240, 140)
 INDICATOR_HOST = os.path.join(ROOT, "Tests", "Session", "desktop", "indicator_host.py")
 
 
-class XfceTests(SessionTest):
+class HostTests:
+    """What holds at every host; `area` is where its icons lie."""
+
+    def start_in_tray(self):
+        """Starts the host and the program; returns the icon's place."""
+        self.start_host()
+        self.program = self.start_tarnwick("--background")
+        return self.tray_icon(self.area)
+
+    def open_by_the_icon(self):
+        self.screen.click(*self.tray_icon(self.area).centre)
+        return self.panel()
+
+    def testTheIconComesWithAHostThatStartsLater(self):
+        self.start_tarnwick("--background")
+        self.wait_for_name()
+        self.start_host()
+        self.open_by_the_icon()
+
+    def testTheIconComesBackWithAHostThatRestarts(self):
+        host = self.start_host()
+        self.start_tarnwick("--background")
+        self.tray_icon(self.area)
+        self.session.processes.end(host)
+        self.start_host()
+        self.open_by_the_icon()
+
+    def testSignedOutTheIconIsHollowAndItsTooltipSaysWhy(self):
+        """Out of a list with a blocked pull request, and in again."""
+        icon = self.start_in_tray()
+        self.wait_for_dot()
+        self.github.serve(faults=["unauthorized"])
+        self.action("reload")
+        wait_until(
+            lambda: re.fullmatch(
+                r"Sign in to GitHub · Not updated since \d\d:\d\d", tooltip(self.session)
+            ),
+            "the tooltip",
+        )
+        wait_until(lambda: not self.screen.find(self.area, is_dot), "an icon without a dot")
+        self.assertIsNotNone(self.screen.find(icon, is_drop))
+        middle = Rectangle(icon.x + icon.width // 4, icon.centre[1] - 1, 2, 2)
+        self.assertIsNone(self.screen.find(middle, is_drop), "the drop is not hollow")
+        self.github.serve()
+        self.action("reload")
+        self.wait_for_dot()
+        self.assertIn("13 pull requests · Updated ", tooltip(self.session))
+
+    def wait_for_dot(self):
+        wait_until(lambda: self.screen.find(self.area, is_dot), "the dot of a list")
+
+
+class XfceTests(HostTests, SessionTest):
     window_manager = ("xfwm4", "--compositor=off")
+    area = TOP
+
+    def start_host(self):
+        return self.session.start_xfce_panel()
 
     def testAClickOnTheIconOpensThePanelBelowItAndTheNextClosesIt(self):
-        self.session.start_xfce_panel()
-        self.start_tarnwick("--background")
-        icon = self.tray_icon(TOP)
+        icon = self.start_in_tray()
         self.screen.click(*icon.centre)
         place = self.screen.place(self.panel())
         self.assertEqual((place.width, place.height), (440, 620))
@@ -40,19 +94,15 @@ class XfceTests(SessionTest):
         self.panel()
 
     def testThePanelHasTheFocusAndEscapeClosesIt(self):
-        self.session.start_xfce_panel()
-        self.start_tarnwick("--background")
-        self.screen.click(*self.tray_icon(TOP).centre)
-        window = self.panel()
+        self.start_in_tray()
+        window = self.open_by_the_icon()
         wait_until(lambda: self.screen.has_focus(window), "the focus of the panel")
         self.screen.key("Escape")
         self.panel_gone()
         self.assertTrue(self.session.owns_name("dev.tarnwick.Tarnwick"))
 
     def testThePanelClosesWhenTheFocusLeavesIt(self):
-        self.session.start_xfce_panel()
-        self.start_tarnwick("--background")
-        icon = self.tray_icon(TOP)
+        icon = self.start_in_tray()
         self.session.processes.start("xmessage", "-geometry", "+40+300", "Another window.")
         other = self.screen.wait_for_window("xmessage")
         self.screen.click(*icon.centre)
@@ -66,9 +116,7 @@ class XfceTests(SessionTest):
         self.panel()
 
     def testTheIconsMenuOpensReloadsAndQuits(self):
-        self.session.start_xfce_panel()
-        program = self.start_tarnwick("--background")
-        icon = self.tray_icon(TOP)
+        icon = self.start_in_tray()
         wait_until(lambda: os.path.exists(self.cache_file), "the first refresh")
         searches = len(self.github.requests("search"))
         self.choose_in_menu(icon, 2)
@@ -81,7 +129,7 @@ class XfceTests(SessionTest):
         self.panel_gone()
         wait_until(self.nothing_is_below, "the panel's pixels gone")
         self.choose_in_menu(icon, 3)
-        self.assertEqual(self.wait_for_end(program), 0)
+        self.assertEqual(self.wait_for_end(self.program), 0)
 
     def nothing_is_below(self):
         return self.screen.find(BELOW, is_not_black) is None
@@ -98,57 +146,30 @@ class XfceTests(SessionTest):
         self.screen.key("Return")
 
     def testThePanelIsResizedAtItsEdges(self):
-        self.session.start_xfce_panel()
-        program = self.start_tarnwick("--background")
-        self.screen.click(*self.tray_icon(TOP).centre)
-        window = self.panel()
+        self.start_in_tray()
+        window = self.open_by_the_icon()
         before = self.screen.place(window)
         with self.screen.dragging((before.x + 1, before.y + 300)) as drag_by:
             drag_by((-5, 0), lambda: self.screen.place(window).width >= before.width + 50)
             # The window manager has the keyboard meanwhile.
             stays(lambda: self.screen.windows() == [window], "the panel", 0.5)
         self.assertEqual(self.action("quit").returncode, 0)
-        self.wait_for_end(program)
+        self.wait_for_end(self.program)
         stored = re.search(r"^panel.size=(\d+)x620$", self.read_settings(), re.MULTILINE)
         self.assertGreaterEqual(int(stored[1]), before.width + 50)
 
-    def testTheIconComesWithAHostThatStartsLater(self):
-        self.start_tarnwick("--background")
-        self.wait_for_name()
-        self.session.start_xfce_panel()
-        icon = self.tray_icon(TOP)
-        self.screen.click(*icon.centre)
-        self.panel()
-
-    def testTheIconComesBackWithAHostThatRestarts(self):
-        host = self.session.start_xfce_panel()
-        self.start_tarnwick("--background")
-        self.tray_icon(TOP)
-        self.session.processes.end(host)
-        self.session.start_xfce_panel()
-        icon = self.tray_icon(TOP)
-        self.screen.click(*icon.centre)
-        self.panel()
-
     def testTheIconHasADotWhileAShownPullRequestIsBlocked(self):
-        self.session.start_xfce_panel()
-        self.start_tarnwick("--background")
-        self.tray_icon(TOP)
-        wait_until(lambda: self.screen.find(TOP, is_dot), "the dot")
+        self.start_in_tray()
+        self.wait_for_dot()
 
     def testTheIconHasNoDotWhileNothingIsBlocked(self):
         self.start_github("empty")
-        self.session.start_xfce_panel()
-        self.start_tarnwick("--background")
-        self.tray_icon(TOP)
+        self.start_in_tray()
         wait_until(lambda: self.github.requests("repositories"), "the first refresh")
         stays(lambda: not self.screen.find(TOP, is_dot), "an icon without a dot", 0.3)
 
-
     def testTheTooltipGoesAwayWhileThePanelIsOpen(self):
-        self.session.start_xfce_panel()
-        self.start_tarnwick("--background")
-        icon = self.tray_icon(TOP)
+        icon = self.start_in_tray()
         wait_until(lambda: "13 pull requests · Updated " in tooltip(self.session), "the tooltip")
         self.screen.click(*icon.centre)
         self.focused_panel()
@@ -157,64 +178,15 @@ class XfceTests(SessionTest):
         self.panel_gone()
         wait_until(lambda: "13 pull requests" in tooltip(self.session), "the tooltip again")
 
-    def testSignedOutTheIconIsHollowAndItsTooltipSaysWhy(self):
-        self.session.start_xfce_panel()
-        shows_trouble(self, TOP)
-
     def testAFailedRefreshOfAYoungListIsNoTrouble(self):
-        self.session.start_xfce_panel()
-        self.start_tarnwick("--background")
-        icon = self.tray_icon(TOP)
-        wait_until(lambda: self.screen.find(TOP, is_dot), "the first list")
+        icon = self.start_in_tray()
+        self.wait_for_dot()
         calm = self.screen.pixels(icon)
         self.github.serve(faults=["server-error@search"])
         self.action("reload")
         wait_until(lambda: self.github.requests("search")[1:], "the request that fails")
         stays(lambda: self.screen.pixels(icon) == calm, "the calm icon", 1)
         self.assertRegex(tooltip(self.session), r"^13 pull requests · Updated \d\d:\d\d$")
-
-
-class MenuTests(SessionTest):
-    """The menu as hosts read it, over its own protocol."""
-
-    window_manager = ("xfwm4", "--compositor=off")
-
-    def menu(self, member, *arguments):
-        """A call of the item's menu."""
-        answer = self.session.call(item_of(self.session), "/MenuBar", f"com.canonical.dbusmenu.{member}", "--", *arguments)
-        self.assertEqual(answer.returncode, 0, answer.stderr)
-        return answer.stdout
-
-    def entries(self):
-        """Each entry's number and label; "" is a separator's. Those that cannot be pressed have a "!"
-        in front."""
-        layout = self.menu("GetLayout", "0", "-1", "[]")
-        found = re.findall(r"<\((\d+), (\{.*?\}), @av \[\]\)>", layout)
-        return [
-            (
-                number,
-                ("!" if "'enabled': <false>" in values else "")
-                + (re.search(r"'label': <['\"](.*?)['\"]>", values) or ("", ""))[1],
-            )
-            for number, values in found
-        ]
-
-    def testItSaysWhatWaitsAndOpensIt(self):
-        self.programs.record("xdg-open")
-        self.session.start_xfce_panel()
-        self.start_tarnwick("--background")
-        self.tray_icon(TOP)
-        wait_until(lambda: any("#412" in label for _, label in self.entries()), "the menu's rows")
-        labels = [label for _, label in self.entries()]
-        self.assertRegex(labels[0], r"^!\d+ waits? on you · \d")
-        self.assertEqual(labels[-4:], ["", "Open Tarnwick", "Reload", "Quit"])
-        self.assertLessEqual(len(labels), 1 + 8 + 4)
-        number = next(number for number, label in self.entries() if "#412" in label)
-        self.menu("Event", number, "clicked", "<0>", "0")
-        wait_until(
-            lambda: "/harbourlight/ferry-api/pull/412" in str(self.programs.arguments("xdg-open")),
-            "the browser",
-        )
 
 
 class IndicatorTests(SessionTest):
@@ -245,6 +217,7 @@ class IndicatorTests(SessionTest):
         labels = self.told("menu")
         self.assertRegex(labels[0], r"^!\d+ waits? on you · \d")
         self.assertEqual(labels[-4:], ["", "Open Tarnwick", "Reload", "Quit"])
+        self.assertLessEqual(len(labels), 1 + 8 + 4)
         self.ask("click #412")
         self.assertTrue(self.told("clicked"))
         wait_until(
@@ -296,15 +269,14 @@ class EmbeddingTests(SessionTest):
         self.tray_icon(TOP)
 
 
-class LxqtTests(SessionTest):
-    def testSignedOutTheIconIsHollowAndItsTooltipSaysWhy(self):
-        self.session.start_lxqt_panel()
-        shows_trouble(self, BOTTOM)
+class LxqtTests(HostTests, SessionTest):
+    area = BOTTOM
+
+    def start_host(self):
+        return self.session.start_lxqt_panel()
 
     def testAClickOnTheIconOpensThePanelAboveItAndTheNextClosesIt(self):
-        self.session.start_lxqt_panel()
-        self.start_tarnwick("--background")
-        icon = self.tray_icon(BOTTOM)
+        icon = self.start_in_tray()
         self.screen.click(*icon.centre)
         place = self.screen.place(self.panel())
         self.assertEqual((place.width, place.height), (440, 620))
@@ -312,22 +284,6 @@ class LxqtTests(SessionTest):
         self.screen.click(*icon.centre)
         self.panel_gone()
         self.screen.click(*icon.centre)
-        self.panel()
-
-    def testTheIconComesWithAHostThatStartsLater(self):
-        self.start_tarnwick("--background")
-        self.wait_for_name()
-        self.session.start_lxqt_panel()
-        self.screen.click(*self.tray_icon(BOTTOM).centre)
-        self.panel()
-
-    def testTheIconComesBackWithAHostThatRestarts(self):
-        host = self.session.start_lxqt_panel()
-        self.start_tarnwick("--background")
-        self.tray_icon(BOTTOM)
-        self.session.processes.end(host)
-        self.session.start_lxqt_panel()
-        self.screen.click(*self.tray_icon(BOTTOM).centre)
         self.panel()
 
 
@@ -359,29 +315,6 @@ def tooltip(session):
     # The icon's name, its pictures, the title and the text.
     texts = re.findall(r"'([^']*)'", value)
     return texts[1] if len(texts) > 1 else value
-
-
-def shows_trouble(test, area):
-    """Signs the user out of a list with a blocked pull request, and in again."""
-    test.start_tarnwick("--background")
-    icon = test.tray_icon(area)
-    wait_until(lambda: test.screen.find(area, is_dot), "the dot of the first list")
-    test.github.serve(faults=["unauthorized"])
-    test.action("reload")
-    wait_until(
-        lambda: re.fullmatch(
-            r"Sign in to GitHub · Not updated since \d\d:\d\d", tooltip(test.session)
-        ),
-        "the tooltip",
-    )
-    wait_until(lambda: not test.screen.find(area, is_dot), "an icon without a dot")
-    test.assertIsNotNone(test.screen.find(icon, is_drop))
-    middle = Rectangle(icon.x + icon.width // 4, icon.centre[1] - 1, 2, 2)
-    test.assertIsNone(test.screen.find(middle, is_drop), "the drop is not hollow")
-    test.github.serve()
-    test.action("reload")
-    wait_until(lambda: test.screen.find(area, is_dot), "the dot again")
-    test.assertIn("13 pull requests · Updated ", tooltip(test.session))
 
 
 def is_not_black(*colour):

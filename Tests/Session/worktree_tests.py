@@ -31,18 +31,6 @@ SCENARIO = {
     ],
 }
 
-# In the place of git: does what git does, but for the command that the file FAIL names.
-FAILING_GIT = """\
-#!/bin/sh
-failing=$(cat {fail} 2>/dev/null)
-case "$3 $4" in
-    ${{failing:-none}}*)
-        printf 'fatal: no %s today\\n\\n' "$3" >&2
-        exit 3 ;;
-esac
-exec /usr/lib/git-core/git "$@"
-"""
-
 
 class Locked:
     """A web server that asks whoever comes for a name and a password; yields a repository's address."""
@@ -172,25 +160,6 @@ class WorktreeTests(EditorTest):
         self.assertEqual(clone.git("rev-parse", "--abbrev-ref", "HEAD", at=worktree), BRANCH)
         self.assertEqual(clone.git("rev-parse", "--abbrev-ref", "HEAD"), "main")
 
-    def testALocalBranchIsTakenAsItIs(self):
-        clone = self.clone(BRANCH)
-        clone.git("branch", BRANCH)
-        local = clone.git("rev-parse", BRANCH)
-        clone.git("commit", "--quiet", "--allow-empty", "--message=More")
-        clone.git("push", "--quiet", "origin", "HEAD:booking/split")
-        self.open_in_editor()
-        self.wait_for_calls(1)
-        self.assertEqual(clone.git("rev-parse", "HEAD", at=clone.worktree("booking-split")), local)
-
-    def testAWorktreeOfTheUsersOwnIsOpened(self):
-        clone = self.clone(BRANCH)
-        elsewhere = os.path.join(self.session.home, "my worktree")
-        clone.git("fetch", "--quiet")
-        clone.git("worktree", "add", "--quiet", "-b", BRANCH, elsewhere, f"origin/{BRANCH}")
-        self.open_in_editor("~/projects/")
-        self.assertEqual(self.wait_for_calls(1), [["--new-window", elsewhere]])
-        self.assertFalse(os.path.exists(clone.worktree("booking-split")))
-
     def testTheOverlayTellsTheStepAndThePanelIsOutOfUse(self):
         clone = self.clone(BRANCH)
         let_through = clone.hold_fetches()
@@ -223,56 +192,6 @@ class WorktreeFailureTests(EditorTest):
                 "Open Menu > Repositories and set Project Directory first."
             )
         self.assertEqual(os.listdir(self.projects), [])
-
-    def testEachStepThatFailsIsToldWithItsStatusAndGitsWords(self):
-        clone = self.clone(BRANCH)
-        fail = os.path.join(self.session.folder, "fail")
-        mounts = Mounts()
-        mounts.put(self.programs.add("failing-git", FAILING_GIT.format(fail=fail)), GIT)
-        steps = (
-            ("fetch", "Fetching origin"),
-            ("worktree list", "Listing worktrees"),
-            ("show-ref", "Checking the local branch"),
-            ("worktree add", "Creating the worktree"),
-        )
-        for command, action in steps:
-            with open(fail, "w", encoding="utf-8") as file:
-                file.write(command)
-            if self.program is None:
-                self.open_in_editor(mounts=mounts)
-            else:
-                self.dismiss()
-                self.press_the_key()
-            said = f"fatal: no {command.split()[0]} today"
-            self.fails_with(f"{action} failed (exit 3).\n{said}")
-        self.assertEqual(clone.git("worktree", "list").count("\n"), 0)
-        self.assertEqual(clone.git("branch", "--list", BRANCH), "")
-
-    def testWhatTheRealGitRefusesIsToldAndNothingOfTheUsersIsTouched(self):
-        clone = self.clone()
-        os.rename(clone.origin, f"{clone.origin}.gone")
-        self.open_in_editor()
-        first, second, *_ = self.message().split("\n")
-        self.assertEqual(first, "Fetching origin failed (exit 128).")
-        self.assertEqual(second, f"fatal: '{clone.origin}' does not appear to be a git repository")
-
-        os.rename(f"{clone.origin}.gone", clone.origin)
-        self.dismiss()
-        self.press_the_key()
-        first, *_, last = self.message().split("\n")
-        self.assertRegex(first, r"^Creating the worktree failed \(exit \d+\)\.$")
-        self.assertRegex(last, "^fatal: .*origin/booking/split")
-
-        clone.add_to_origin(BRANCH)
-        occupied = clone.worktree("booking-split")
-        os.makedirs(os.path.join(occupied, "mine"))
-        self.dismiss()
-        self.press_the_key()
-        first, *_, last = self.message().split("\n")
-        self.assertEqual(first, "Creating the worktree failed (exit 128).")
-        self.assertEqual(last, f"fatal: '{occupied}' already exists")
-        self.assertEqual(os.listdir(occupied), ["mine"])
-        self.assertEqual(self.programs.arguments("code"), [])
 
     def testWithoutTheEditorGitIsNotRunAndWithoutGitTheAlertSaysSo(self):
         clone = self.clone(BRANCH)

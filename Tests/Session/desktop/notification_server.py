@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 """A notification server that shows nothing: it records what it is sent, in lines of JSON in a file, and
-does what lines of its input say, which are "click NUMBER ACTION TOKEN" and "close NUMBER"."""
+clicks as the lines of its input say: "NUMBER ACTION TOKEN"."""
 
 import json
 import sys
@@ -30,13 +30,11 @@ INTERFACE = """
     </method>
     <signal name="ActivationToken"><arg type="u"/><arg type="s"/></signal>
     <signal name="ActionInvoked"><arg type="u"/><arg type="s"/></signal>
-    <signal name="NotificationClosed"><arg type="u"/><arg type="u"/></signal>
   </interface>
 </node>
 """
 
 FIELDS = ("program", "replaced", "icon", "summary", "body", "actions", "hints", "timeout")
-DISMISSED = 2
 
 
 class Server:
@@ -67,9 +65,6 @@ class Server:
         self._tell("ActivationToken", "(us)", number, token)
         self._tell("ActionInvoked", "(us)", number, action)
 
-    def close(self, number):
-        self._tell("NotificationClosed", "(uu)", number, DISMISSED)
-
 
 def main():
     server = Server(sys.argv[1])
@@ -80,10 +75,7 @@ def main():
         if not words:
             loop.quit()
             return False
-        if words[0] == "click":
-            server.click(int(words[1]), words[2], words[3])
-        else:
-            server.close(int(words[1]))
+        server.click(int(words[0]), words[1], words[2])
         return True
 
     GLib.io_add_watch(sys.stdin, GLib.IO_IN | GLib.IO_HUP, obey)

@@ -81,11 +81,5 @@ class Recorder:
             return [json.loads(line) for line in file.read().splitlines()]
 
     def click(self, number, action, token):
-        self._say(f"click {number} {action} {token}")
-
-    def close(self, number):
-        self._say(f"close {number}")
-
-    def _say(self, line):
-        self._process.stdin.write(f"{line}\n")
+        self._process.stdin.write(f"{number} {action} {token}\n")
         self._process.stdin.flush()
