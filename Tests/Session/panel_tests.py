@@ -84,23 +84,9 @@ class ReadingTests(PanelTest):
         self.reader.press("push button", "List options")
         self.reader.find("menu item", "Quit")
         self.assertEqual(
-            self.reader.names("menu item"),
-            [
-                "Reload",
-                "Polling",
-                "Notifications",
-                "Settings",
-                "Repositories",
-                "Reviewers",
-                "Status",
-                "Checks",
-                "Reviews",
-                "Merge-ready",
-                "Reset Filters",
-                "Arrange",
-                "Help",
-                "Quit",
-            ],
+            ", ".join(self.reader.names("menu item")),
+            "Reload, Polling, Notifications, Settings, Repositories, Reviewers, Status, Checks, "
+            "Reviews, Merge-ready, Reset Filters, Arrange, Help, Quit",
         )
         self.reader.press("menu item", "Polling")
         self.reader.find("menu item", "1 hour")
