@@ -40,30 +40,39 @@ HintText::HintText(QWidget* parent)
     setTextFormat(Qt::PlainText);
 }
 
+/// What stands between backquotes is code, and stays in one piece.
+std::vector<HintText::Piece> HintText::words() const
+{
+    std::vector<Piece> words;
+    bool isCode = false;
+    for (const QString& part : text().split(QLatin1Char('`'))) {
+        for (const QString& word : isCode ? QStringList{part} : part.split(QLatin1Char(' '))) {
+            if (!word.isEmpty()) {
+                words.push_back({word, isCode, {}});
+            }
+        }
+        isCode = !isCode;
+    }
+    return words;
+}
+
 std::vector<HintText::Piece> HintText::pieces(double width) const
 {
     const LineStyle plain = plainStyle();
     const LineStyle code = codeStyle();
     const double space = Painting::width(QStringLiteral(" "), plain);
-    std::vector<Piece> pieces;
+    std::vector<Piece> pieces = words();
     QPointF end;
-    bool isCode = false;
-    for (const QString& part : text().split(QLatin1Char('`'))) {
-        for (const QString& word : isCode ? QStringList{part} : part.split(QLatin1Char(' '))) {
-            if (word.isEmpty()) {
-                continue;
-            }
-            const double wordWidth = isCode ? Painting::width(word, code) + 2 * chipPadding
-                                            : Painting::width(word, plain);
-            const bool isFirst = end.x() == 0;
-            const bool fits = end.x() + space + wordWidth <= width;
-            const QPointF start = isFirst ? end
-                                  : fits  ? end + QPointF(space, 0)
-                                          : QPointF(0, end.y() + plain.height);
-            pieces.push_back({word, isCode, QRectF(start, QSizeF(wordWidth, plain.height))});
-            end = start + QPointF(wordWidth, 0);
-        }
-        isCode = !isCode;
+    for (Piece& piece : pieces) {
+        const double wordWidth = piece.isCode ? Painting::width(piece.text, code) + 2 * chipPadding
+                                              : Painting::width(piece.text, plain);
+        const bool isFirst = end.x() == 0;
+        const bool fits = end.x() + space + wordWidth <= width;
+        const QPointF start = isFirst ? end
+                              : fits  ? end + QPointF(space, 0)
+                                      : QPointF(0, end.y() + plain.height);
+        piece.place = QRectF(start, QSizeF(wordWidth, plain.height));
+        end = start + QPointF(wordWidth, 0);
     }
     return pieces;
 }

@@ -28,6 +28,7 @@ private:
     };
 
     /// Each line begins at 0.
+    std::vector<Piece> words() const;
     std::vector<Piece> pieces(double width) const;
 };
 
