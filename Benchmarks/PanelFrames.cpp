@@ -105,7 +105,8 @@ void aRefreshResultInThePanel(benchmark::State& state, Arrangement arrangement)
         }
     }
     state.counters["rows"] = static_cast<double>(panel.model().model().rows().size());
-    state.counters["headings"] = static_cast<double>(panel.model().model().groups().size());
+    state.counters["headings"] =
+        static_cast<double>(panel.model().model().list().arranged()->groups.size());
     longest.report();
 }
 

@@ -7,7 +7,6 @@
 #include <QCoro/QCoroFuture>
 #include <QPointer>
 
-#include <algorithm>
 #include <utility>
 
 namespace Tarnwick {
@@ -17,13 +16,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// How long the selection of repositories has to rest before it is fetched for.
-constexpr std::chrono::milliseconds selectionRest = 250ms;
-
-SharedPullRequests noPullRequests()
-{
-    return std::make_shared<const std::vector<PullRequest>>();
-}
+using Model = PullRequestMenuModel;
 
 }  // namespace
 
@@ -40,14 +33,14 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
     , _snapshotWriter(_parts.cache)
     , _notifications(_parts.notifier, _settings, _operations)
     , _news({_notifications, _snapshotWriter, _settings, _parts.blocked, _parts.turns})
-    , _rows(std::make_shared<const std::vector<PullRequestRow>>())
-    , _turns(std::make_shared<const std::vector<Turn>>())
-    , _allPullRequests(noPullRequests())
-    , _details(std::make_shared<const DetailsByID>())
+    , _list(
+          _settings,
+          {.facts = [this]() -> const FactsByID& { return *_facts.facts(); },
+           .login = [this] { return _account ? *_account : std::string_view(); }})
     , _facts(
           {.provider = _parts.provider,
            .clock = _parts.clock,
-           .rows = [this]() -> const std::vector<PullRequestRow>& { return *_rows; },
+           .rows = [this]() -> const std::vector<PullRequestRow>& { return _list.rows(); },
            .isUseful = [this] { return needsFacts(_settings, _news.tellsOfTurns()); },
            .save = [this](const SharedFacts& facts) { saveFacts(facts); }})
     , _pollingRest(_parts.clock)
@@ -71,7 +64,7 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
 {
     followSettings();
     followNotifications();
-    followFacts();
+    followList();
     readLaunchAtLogin();
     showLastList();
     showSettingsProblem();
@@ -99,9 +92,8 @@ void PullRequestMenuModel::stop()
 void PullRequestMenuModel::followSettings()
 {
     using Operations = SettingsOperations;
-    using Model = PullRequestMenuModel;
     const auto arrangeAnew = [this] {
-        rebuildRows();
+        _list.rebuild();
         _facts.askWhereUseful();
     };
     connect(&_operations, &Operations::changed, this, &Model::settingsChanged);
@@ -111,7 +103,7 @@ void PullRequestMenuModel::followSettings()
     connect(&_operations, &Operations::filtersChanged, this, arrangeAnew);
     connect(&_operations, &Operations::filtersChanged, this, [this] { _mutes.wait(); });
     connect(&_operations, &Operations::arrangementChanged, this, arrangeAnew);
-    connect(&_operations, &Operations::selectionChanged, this, &Model::rebuildRows);
+    connect(&_operations, &Operations::selectionChanged, &_list, &PullRequestList::rebuild);
     connect(&_operations, &Operations::selectionChanged, this, &Model::scheduleRepositoryRefresh);
     // The rows stay, and go on to be filtered, until the answer for the other reviewers is there:
     // an empty list would say that there are none.
@@ -126,12 +118,15 @@ void PullRequestMenuModel::followSettings()
     }
 }
 
-void PullRequestMenuModel::followFacts()
+void PullRequestMenuModel::followList()
 {
-    using Model = PullRequestMenuModel;
+    connect(&_list, &PullRequestList::rowsChanged, this, &Model::rowsChanged);
+    connect(&_list, &PullRequestList::hiddenChanged, this, &Model::hiddenChanged);
+    connect(&_list, &PullRequestList::detailsChanged, this, &Model::detailsChanged);
+    connect(&_list, &PullRequestList::turnsChanged, this, &Model::turnsChanged);
     connect(&_facts, &FactsQuestions::factsChanged, this, [this] {
         if (_settings.arrangement == Arrangement::byWhoseTurn) {
-            rebuildRows();
+            _list.rebuild();
         }
         Q_EMIT factsChanged();
     });
@@ -144,7 +139,6 @@ void PullRequestMenuModel::followFacts()
 
 void PullRequestMenuModel::followNotifications()
 {
-    using Model = PullRequestMenuModel;
     using Notifications = PullRequestNotifications;
     connect(
         &_notifications,
@@ -169,7 +163,8 @@ void PullRequestMenuModel::showLastList()
     if (!list) {
         return;
     }
-    setRows(
+    _list.set(
+        std::make_shared<const std::vector<PullRequest>>(std::move(list->snapshot.pullRequests)),
         std::move(list->list),
         list->hidden,
         std::make_shared<const DetailsByID>(std::move(list->details)));
@@ -179,8 +174,6 @@ void PullRequestMenuModel::showLastList()
     if (list->facts.quota && list->facts.quota->resetAt > _parts.clock->now()) {
         _pollingRest.setQuota(*list->facts.quota);
     }
-    _allPullRequests =
-        std::make_shared<const std::vector<PullRequest>>(std::move(list->snapshot.pullRequests));
     _repositories = std::move(list->snapshot.repositories);
     _account = std::move(list->snapshot.account);
     _lastRefreshed = list->snapshot.refreshedAt;
@@ -188,66 +181,7 @@ void PullRequestMenuModel::showLastList()
     _state = {MenuState::Kind::loaded, {}};
     _operations.resetUnconfiguredSelection();
     if (_settings.selectedRepositories.empty()) {
-        rebuildRows();
-    }
-}
-
-void PullRequestMenuModel::rebuildRows()
-{
-    FilteredRows list = filteredRows(*_allPullRequests, _settings);
-    setRows(arranged(_settings.arrangement, std::move(list.rows), turnSources()), list.hidden);
-}
-
-SharedRows PullRequestMenuModel::rowsWithHidden() const
-{
-    const auto list = arrangedWithHidden();
-    return {list, &list->rows};
-}
-
-std::shared_ptr<const ArrangedRows> PullRequestMenuModel::arrangedWithHidden() const
-{
-    return std::make_shared<const ArrangedRows>(arranged(
-        _settings.arrangement,
-        Tarnwick::rowsWithHidden(*_allPullRequests, _settings),
-        turnSources(),
-        [this](const PullRequest& pullRequest) { return sightOf(pullRequest) == Sight::inSight; }));
-}
-
-TurnSources PullRequestMenuModel::turnSources() const
-{
-    return {
-        *_allPullRequests, *_details, *_facts.facts(), _account ? *_account : std::string_view()};
-}
-
-void PullRequestMenuModel::setRows(ArrangedRows list, HiddenCounts hidden)
-{
-    const HiddenCounts previous = std::exchange(_hidden, hidden);
-    const bool areOtherTurns = *_turns != list.turns || _groups != list.groups;
-    if (areOtherTurns) {
-        _turns = std::make_shared<const std::vector<Turn>>(std::move(list.turns));
-        _groups = std::move(list.groups);
-    }
-    if (*_rows != list.rows) {
-        _rows = std::make_shared<const std::vector<PullRequestRow>>(std::move(list.rows));
-        Q_EMIT rowsChanged();
-    } else if (areOtherTurns) {
-        Q_EMIT turnsChanged();
-    }
-    if (previous.total() > 0 || hidden.total() > 0) {
-        Q_EMIT hiddenChanged();
-    }
-}
-
-void PullRequestMenuModel::setRows(ArrangedRows list, HiddenCounts hidden, SharedDetails details)
-{
-    const bool areOtherDetails = *_details != *details;
-    if (areOtherDetails) {
-        _details = std::move(details);
-    }
-    const SharedRows before = _rows;
-    setRows(std::move(list), hidden);
-    if (areOtherDetails && _rows == before) {
-        Q_EMIT detailsChanged();
+        _list.rebuild();
     }
 }
 
@@ -275,16 +209,6 @@ void PullRequestMenuModel::scheduleRefresh(std::chrono::milliseconds delay)
     _refreshCycle.schedule(delay);
 }
 
-void PullRequestMenuModel::scheduleRepositoryRefresh()
-{
-    scheduleRefresh(selectionRest);
-}
-
-void PullRequestMenuModel::setState(MenuState state)
-{
-    assign(_state, std::move(state), &PullRequestMenuModel::stateChanged);
-}
-
 void PullRequestMenuModel::refreshBegins()
 {
     dismissRefreshError();
@@ -295,7 +219,7 @@ void PullRequestMenuModel::refreshBegins()
 
 RefreshStart PullRequestMenuModel::signedIn(const std::optional<std::string>& account)
 {
-    assign(_account, account, &PullRequestMenuModel::accountChanged);
+    assign(_account, account, &Model::accountChanged);
     if (!_hasSnapshot) {
         setState({MenuState::Kind::loading, {}});
     }
@@ -306,16 +230,14 @@ RefreshStart PullRequestMenuModel::signedIn(const std::optional<std::string>& ac
 /// nothing in sight the state says it.
 void PullRequestMenuModel::cannotRefresh(const MenuState& failure)
 {
-    assign(_lastFailure, failure, &PullRequestMenuModel::lastFailureChanged);
+    assign(_lastFailure, failure, &Model::lastFailureChanged);
     if (_hasSnapshot) {
         setState({MenuState::Kind::loaded, {}});
         assign(
-            _refreshError,
-            "Showing cached data: " + failure.message,
-            &PullRequestMenuModel::refreshErrorChanged);
+            _refreshError, "Showing cached data: " + failure.message, &Model::refreshErrorChanged);
         return;
     }
-    setRows({}, {});
+    _list.clear();
     setState(failure);
 }
 
@@ -326,10 +248,7 @@ bool PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
         || start.settings->selectedRepositories != _settings.selectedRepositories) {
         return false;
     }
-    if (_repositories != result.snapshot.repositories) {
-        _repositories = result.snapshot.repositories;
-        Q_EMIT repositoriesChanged();
-    }
+    assign(_repositories, result.snapshot.repositories, &Model::repositoriesChanged);
     _operations.resetUnconfiguredSelection();
     if (_settings != *start.settings || start.facts != _facts.facts()) {
         // The user has chosen something else since, or an earlier question was answered.
@@ -337,25 +256,25 @@ bool PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
             std::move(result),
             {start.account, std::make_shared<const Settings>(_settings), _facts.facts()});
     }
-    _news.recall(*_allPullRequests, _lastRefreshed);
-    _allPullRequests = result.pullRequests;
-    _visits.noteListed(*_allPullRequests);
-    setRows(std::move(result.list), result.hidden, std::move(result.details));
-    _mutes.endChanged(*_allPullRequests);
-    assign(_shortfall, result.shortfall, &PullRequestMenuModel::shortfallChanged);
+    _news.recall(*_list.all(), _lastRefreshed);
+    _visits.noteListed(*result.pullRequests);
+    _list.set(
+        result.pullRequests, std::move(result.list), result.hidden, std::move(result.details));
+    _mutes.endChanged(*_list.all());
+    assign(_shortfall, result.shortfall, &Model::shortfallChanged);
     const Date now = _parts.clock->now();
-    assign(_lastRefreshed, now, &PullRequestMenuModel::lastRefreshedChanged);
+    assign(_lastRefreshed, now, &Model::lastRefreshedChanged);
     _hasSnapshot = true;
-    assign(_lastFailure, std::nullopt, &PullRequestMenuModel::lastFailureChanged);
+    assign(_lastFailure, std::nullopt, &Model::lastFailureChanged);
     setState({MenuState::Kind::loaded, {}});
 
     result.baseline.refreshedAt = now;
-    _news.tell(*_rows, *_allPullRequests, std::move(result.baseline));
+    _news.tell(_list.rows(), *_list.all(), std::move(result.baseline));
     result.snapshot.refreshedAt = now;
     if (_parts.keepsList) {
-        _snapshotWriter.save(std::move(result.snapshot), _details);
+        _snapshotWriter.save(std::move(result.snapshot), _list.details());
     }
-    _facts.setListed(_allPullRequests);
+    _facts.setListed(_list.all());
     return true;
 }
 
@@ -376,7 +295,7 @@ void PullRequestMenuModel::factsSettled(bool hitSecondaryLimit, bool isRefreshed
         _pollingRest.granted();
     }
     if (isRefreshed) {
-        _news.tellTurns(*_rows, turnSources(), _account, _parts.clock->now());
+        _news.tellTurns(_list.rows(), _list.turnSources(), _account, _parts.clock->now());
     }
 }
 
@@ -428,15 +347,13 @@ void PullRequestMenuModel::showSettingsProblem()
 
 void PullRequestMenuModel::setSettingsError(std::optional<std::string> error)
 {
-    assign(_settingsError, std::move(error), &PullRequestMenuModel::settingsErrorChanged);
+    assign(_settingsError, std::move(error), &Model::settingsErrorChanged);
 }
 
 void PullRequestMenuModel::readLaunchAtLogin()
 {
     assign(
-        _launchAtLoginEnabled,
-        _parts.loginItem->isEnabled(),
-        &PullRequestMenuModel::launchAtLoginEnabledChanged);
+        _launchAtLoginEnabled, _parts.loginItem->isEnabled(), &Model::launchAtLoginEnabledChanged);
 }
 
 void PullRequestMenuModel::toggleLaunchAtLogin()
@@ -449,22 +366,11 @@ void PullRequestMenuModel::toggleLaunchAtLogin()
     readLaunchAtLogin();
 }
 
-void PullRequestMenuModel::dismissRefreshError()
-{
-    assign(_refreshError, std::nullopt, &PullRequestMenuModel::refreshErrorChanged);
-}
-
-void PullRequestMenuModel::dismissSettingsError()
-{
-    setSettingsError(std::nullopt);
-}
-
 // Leaving the list
 
 void PullRequestMenuModel::recordVisit(const PullRequestID& id)
 {
-    const auto found = std::ranges::find(*_allPullRequests, id, &PullRequest::id);
-    if (found != _allPullRequests->end()) {
+    if (const PullRequest* const found = _list.find(id)) {
         _visits.recordVisit(id, seenNow(*found, _facts.of(id)));
     } else {
         _visits.recordVisit(id);
@@ -482,8 +388,7 @@ void PullRequestMenuModel::forgetVisit(const PullRequestID& id)
 
 void PullRequestMenuModel::recordVisit(const Url& page)
 {
-    const auto found = std::ranges::find(*_allPullRequests, page, &PullRequest::url);
-    if (found != _allPullRequests->end()) {
+    if (const PullRequest* const found = _list.find(page)) {
         recordVisit(PullRequestID(found->id));
     }
 }

@@ -1,22 +1,20 @@
 #pragma once
 
 #include "PullRequestKit/PullRequestProvider.h"
-#include "PullRequestKit/PullRequestRow.h"
 #include "Tarnwick/Async/Clock.h"
 #include "Tarnwick/Desktop/LoginItem.h"
 #include "Tarnwick/Desktop/MachineEvents.h"
 #include "Tarnwick/Desktop/PullRequestNotifying.h"
 #include "Tarnwick/ExternalNavigation.h"
-#include "Tarnwick/Model/Arrangement.h"
 #include "Tarnwick/Model/FactsQuestions.h"
 #include "Tarnwick/Model/MenuState.h"
 #include "Tarnwick/Model/MuteOperations.h"
 #include "Tarnwick/Model/Polling.h"
 #include "Tarnwick/Model/PollingRest.h"
 #include "Tarnwick/Model/Preload.h"
+#include "Tarnwick/Model/PullRequestList.h"
 #include "Tarnwick/Model/RefreshCycle.h"
 #include "Tarnwick/Model/RefreshNews.h"
-#include "Tarnwick/Model/RowFilter.h"
 #include "Tarnwick/Model/SettingsOperations.h"
 #include "Tarnwick/Persistence/DefaultsStore.h"
 #include "Tarnwick/Persistence/FileWatcher.h"
@@ -32,9 +30,6 @@
 namespace Tarnwick {
 
 class NotificationPresentationDelegate;
-
-using SharedRows = std::shared_ptr<const std::vector<PullRequestKit::PullRequestRow>>;
-using SharedTurns = std::shared_ptr<const std::vector<PullRequestKit::Turn>>;
 
 /// What the list shows and how it comes about: the pull requests, the state of the refresh, the
 /// filters and the settings. Views and commands read it, call it and follow its signals; each
@@ -81,41 +76,10 @@ public:
 
     const MenuState& state() const { return _state; }
 
-    const std::vector<PullRequestKit::PullRequestRow>& rows() const { return *_rows; }
+    /// The listed pull requests, those of them that are shown, and what is said of them.
+    const PullRequestList& list() const { return _list; }
 
-    /// Shared ownership, for callers that outlive the next change. Not null.
-    const SharedRows& sharedRows() const { return _rows; }
-
-    /// Whose turn it is with each of the rows. Empty while they are arranged by review state.
-    const std::vector<PullRequestKit::Turn>& turns() const { return *_turns; }
-
-    /// Shared ownership, for callers that outlive the next change. Not null.
-    const SharedTurns& sharedTurns() const { return _turns; }
-
-    /// The headings and the rows below each. Empty while they are arranged by review state.
-    const std::vector<TurnGroup>& groups() const { return _groups; }
-
-    /// What turns follow from. Valid until the next change.
-    TurnSources turnSources() const;
-
-    /// How many pull requests of the selected repositories are not in `rows`, and why.
-    const HiddenCounts& hidden() const { return _hidden; }
-
-    /// The rows together with the hidden ones in their places, worked out at each call. Not null.
-    SharedRows rowsWithHidden() const;
-
-    /// The same with their turns and groups, in which hidden ones do not count. Not null.
-    std::shared_ptr<const ArrangedRows> arrangedWithHidden() const;
-
-    /// Whether a fetched pull request is in sight by the filters as they are now.
-    Sight sightOf(const PullRequestKit::PullRequest& pullRequest) const
-    {
-        return Tarnwick::sightOf(pullRequest, _settings);
-    }
-
-    /// The names behind the counts of the pull requests, filtered away or not; those whose names
-    /// are not known are missing. Not null.
-    const PullRequestKit::SharedDetails& details() const { return _details; }
+    const std::vector<PullRequestKit::PullRequestRow>& rows() const { return _list.rows(); }
 
     /// What was asked for apart from the list, by identity; empty while nothing needs it. Not null.
     const PullRequestKit::SharedFacts& facts() const { return _facts.facts(); }
@@ -276,8 +240,12 @@ public:
 
     void dismissNotificationSettingsRequired() { _notifications.dismissSettingsChange(); }
 
-    void dismissRefreshError();
-    void dismissSettingsError();
+    void dismissRefreshError()
+    {
+        assign(_refreshError, std::nullopt, &PullRequestMenuModel::refreshErrorChanged);
+    }
+
+    void dismissSettingsError() { setSettingsError(std::nullopt); }
 
 Q_SIGNALS:
     void stateChanged();
@@ -314,22 +282,24 @@ private:
         std::type_identity_t<Value> value,
         void (PullRequestMenuModel::*changed)());
 
-    void setState(MenuState state);
+    void setState(MenuState state)
+    {
+        assign(_state, std::move(state), &PullRequestMenuModel::stateChanged);
+    }
+
     void setSettingsError(std::optional<std::string> error);
     void showLastList();
-    void rebuildRows();
-    void setRows(ArrangedRows list, HiddenCounts hidden);
-    void setRows(ArrangedRows list, HiddenCounts hidden, PullRequestKit::SharedDetails details);
-
     void refreshBegins();
     RefreshStart signedIn(const std::optional<std::string>& account);
     bool accept(RefreshResult result, const RefreshStart& start);
     void cannotRefresh(const MenuState& failure);
     void schedulePolling();
     void scheduleRefresh(std::chrono::milliseconds delay);
-    void scheduleRepositoryRefresh();
 
-    void followFacts();
+    /// The selection of repositories has to rest before it is fetched for.
+    void scheduleRepositoryRefresh() { scheduleRefresh(std::chrono::milliseconds{250}); }
+
+    void followList();
     void factsSettled(bool hitSecondaryLimit, bool isRefreshed);
     void saveFacts(const PullRequestKit::SharedFacts& facts);
     void followSettings();
@@ -348,10 +318,6 @@ private:
     RefreshNews _news;
 
     MenuState _state;
-    SharedRows _rows;
-    SharedTurns _turns;
-    std::vector<TurnGroup> _groups;
-    HiddenCounts _hidden;
     std::vector<PullRequestKit::RepositorySummary> _repositories;
     std::optional<std::string> _account;
     std::optional<PullRequestKit::Date> _lastRefreshed;
@@ -362,8 +328,7 @@ private:
     std::optional<Shortfall> _shortfall;
     std::optional<MenuState> _lastFailure;
 
-    SharedPullRequests _allPullRequests;
-    PullRequestKit::SharedDetails _details;
+    PullRequestList _list;
     FactsQuestions _facts;
     PollingRest _pollingRest;
     bool _hasSnapshot = false;

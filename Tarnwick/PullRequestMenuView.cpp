@@ -211,7 +211,7 @@ void PullRequestMenuView::showRows()
 
 void PullRequestMenuView::followHidden()
 {
-    const HiddenCounts& hidden = _model.hidden();
+    const HiddenCounts& hidden = _model.list().hidden();
     const bool hadFocus = _footer->isAncestorOf(focusWidget());
     if (_showsHidden) {
         if (hidden.total() == 0) {
@@ -228,7 +228,7 @@ void PullRequestMenuView::followHidden()
 
 void PullRequestMenuView::toggleHidden()
 {
-    setShowsHidden(!_showsHidden && _model.hidden().total() > 0);
+    setShowsHidden(!_showsHidden && _model.list().hidden().total() > 0);
 }
 
 void PullRequestMenuView::setShowsHidden(bool showsHidden)
@@ -240,7 +240,7 @@ void PullRequestMenuView::setShowsHidden(bool showsHidden)
     _list->holdRows();
     showRows();
     _content->setShowsHidden(showsHidden);
-    _footer->setHidden(_model.hidden(), showsHidden);
+    _footer->setHidden(_model.list().hidden(), showsHidden);
 }
 
 void PullRequestMenuView::showCount()

@@ -103,8 +103,8 @@ void explain(const PullRequestMenuModel& model)
         std::cerr << "Nothing is known yet. \"tarnwick list\" asks GitHub.\n";
     } else {
         std::cerr << "No pull requests involving you were found.";
-        if (model.hidden().total() > 0) {
-            std::cerr << ' ' << Tarnwick::hiddenSentence(model.hidden());
+        if (model.list().hidden().total() > 0) {
+            std::cerr << ' ' << Tarnwick::hiddenSentence(model.list().hidden());
         }
         std::cerr << '\n';
     }
@@ -129,7 +129,8 @@ int listPullRequests(const ListPullRequests& command, const SignalHandler& signa
     if (signalHandler.signal()) {
         return 1;
     }
-    const ShownList list{model.rows(), model.turns(), model.groups()};
+    const ShownList list{
+        model.rows(), model.list().arranged()->turns, model.list().arranged()->groups};
     StandardOutput output;
     if (command.asJson) {
         writeListJson(output.stream(), model, list);

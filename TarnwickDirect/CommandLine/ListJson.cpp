@@ -65,8 +65,8 @@ boost::json::array texts(const std::vector<SharedText>& names)
 /// Null where the names behind the counts are not known.
 boost::json::value detailsOf(const PullRequestMenuModel& model, const PullRequestID& id)
 {
-    const auto found = model.details()->find(id);
-    if (found == model.details()->end()) {
+    const auto found = model.list().details()->find(id);
+    if (found == model.list().details()->end()) {
         return nullptr;
     }
     const PullRequestDetails& details = found->second;
@@ -97,7 +97,7 @@ void addTurn(boost::json::object& row, const Turn& turn)
 /// What stands behind the rows.
 boost::json::object footer(const PullRequestMenuModel& model)
 {
-    const Tarnwick::HiddenCounts& hidden = model.hidden();
+    const Tarnwick::HiddenCounts& hidden = model.list().hidden();
     boost::json::object object;
     object["hidden"] = {{"filters", hidden.filters}, {"muted", hidden.muted}};
     if (const auto& quota = model.quota()) {

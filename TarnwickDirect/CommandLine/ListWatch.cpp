@@ -48,14 +48,17 @@ void ListWatch::readFiles()
 {
     {
         PullRequestMenuModel model(Tarnwick::standardCollaborators(environment()));
-        _turns = Tarnwick::turnsOf(model.rows(), model.turnSources());
+        _turns = model.list().turns();
         _rows = model.rows();
         _onDisk = countedStatus(_rows, _turns);
         _onDisk.lastRefreshed = model.lastRefreshed();
         _interval = Tarnwick::secondsOf(model.settings().pollingInterval);
         if (_format == WatchFormat::json) {
             std::ostringstream text;
-            writeListJson(text, model, {model.rows(), model.turns(), model.groups()});
+            writeListJson(
+                text,
+                model,
+                {model.rows(), model.list().arranged()->turns, model.list().arranged()->groups});
             _json = text.str();
             _json.pop_back();  // The end of the line.
         }

@@ -27,8 +27,7 @@ StatusFeed::StatusFeed(const PullRequestMenuModel& model, const Trouble& trouble
 
 void StatusFeed::count()
 {
-    Status status =
-        countedStatus(_model.rows(), Tarnwick::turnsOf(_model.rows(), _model.turnSources()));
+    Status status = countedStatus(_model.rows(), _model.list().turns());
     status.isStale = _trouble.isThere();
     status.lastRefreshed = _model.lastRefreshed();
     if (std::exchange(_status, status) != status) {

@@ -82,7 +82,7 @@ void TrayItem::fillMenu()
 void TrayItem::updateMenu()
 {
     const TrayStatus now = status();
-    const auto turns = Tarnwick::turnsOf(_model.rows(), _model.turnSources());
+    const auto turns = _model.list().turns();
     const Status counted = countedStatus(_model.rows(), turns);
     const bool isKnown = knowsPullRequests(now) && now.lastRefreshed;
     const QDateTime time = QDateTime::currentDateTime();

@@ -45,7 +45,7 @@ void ContentArea::update()
 {
     const bool showedList = showsList();
     const bool hadFocus = isAncestorOf(window()->focusWidget());
-    const HiddenCounts& hidden = _model.hidden();
+    const HiddenCounts& hidden = _model.list().hidden();
     const std::optional<NoticeContent> notice = panelContent(
         _model.state(),
         !_model.rows().empty() || (_showsHidden && hidden.total() > 0),

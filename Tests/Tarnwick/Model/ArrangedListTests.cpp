@@ -45,9 +45,9 @@ TEST_F(ArrangedList, hasNeitherTurnsNorGroupsByDefault)
 {
     refresh();
     EXPECT_THAT(shownNumbers(), ElementsAre(4, 3, 2, 1));
-    EXPECT_THAT(model->turns(), IsEmpty());
-    EXPECT_THAT(model->groups(), IsEmpty());
-    EXPECT_THAT(model->arrangedWithHidden()->turns, IsEmpty());
+    EXPECT_THAT(model->list().arranged()->turns, IsEmpty());
+    EXPECT_THAT(model->list().arranged()->groups, IsEmpty());
+    EXPECT_THAT(model->list().arrangedWithHidden()->turns, IsEmpty());
 }
 
 TEST_F(ArrangedList, isArrangedByWhoseTurnAtOnceAndBack)
@@ -57,16 +57,16 @@ TEST_F(ArrangedList, isArrangedByWhoseTurnAtOnceAndBack)
     model->setArrangement(Arrangement::byWhoseTurn);
     EXPECT_THAT(shownNumbers(), ElementsAre(3, 1, 4, 2));
     EXPECT_THAT(
-        model->groups(),
+        model->list().arranged()->groups,
         ElementsAre(TurnGroup{Whose::you, 0, 2, 2}, TurnGroup{Whose::others, 2, 2, 2}));
-    EXPECT_EQ(model->turns().front(), (Turn{Whose::you, TurnReason::yourReview}));
+    EXPECT_EQ(model->list().arranged()->turns.front(), (Turn{Whose::you, TurnReason::yourReview}));
     EXPECT_EQ(*rowsChanged, 1);
     model->setArrangement(Arrangement::byWhoseTurn);
     EXPECT_EQ(*rowsChanged, 1);
     model->setArrangement(Arrangement::byReviewState);
     EXPECT_THAT(shownNumbers(), ElementsAre(4, 3, 2, 1));
-    EXPECT_THAT(model->turns(), IsEmpty());
-    EXPECT_THAT(model->groups(), IsEmpty());
+    EXPECT_THAT(model->list().arranged()->turns, IsEmpty());
+    EXPECT_THAT(model->list().arranged()->groups, IsEmpty());
 }
 
 TEST_F(ArrangedList, isThereFromTheStart)
@@ -75,7 +75,7 @@ TEST_F(ArrangedList, isThereFromTheStart)
     model->setArrangement(Arrangement::byWhoseTurn);
     start();
     EXPECT_THAT(shownNumbers(), ElementsAre(3, 1, 4, 2));
-    EXPECT_EQ(model->groups().size(), 2U);
+    EXPECT_EQ(model->list().arranged()->groups.size(), 2U);
 }
 
 TEST_F(ArrangedList, saysWhenOnlyTheTurnsChanged)
@@ -87,7 +87,8 @@ TEST_F(ArrangedList, saysWhenOnlyTheTurnsChanged)
     details[2].reviews = {{"octo", ReviewVerdict::commented}};
     serve();
     refresh();
-    EXPECT_EQ(model->turns().front(), (Turn{Whose::you, TurnReason::yourReviewAgain}));
+    EXPECT_EQ(
+        model->list().arranged()->turns.front(), (Turn{Whose::you, TurnReason::yourReviewAgain}));
     EXPECT_EQ(*rowsChanged, 0);
     EXPECT_EQ(*turnsChanged, 1);
 }
@@ -101,7 +102,7 @@ TEST_F(ArrangedList, movesARowToAnotherHeading)
     refresh();
     EXPECT_THAT(shownNumbers(), ElementsAre(3, 4, 2, 1));
     EXPECT_THAT(
-        model->groups(),
+        model->list().arranged()->groups,
         ElementsAre(TurnGroup{Whose::you, 0, 1, 1}, TurnGroup{Whose::others, 1, 3, 3}));
 }
 
@@ -111,8 +112,8 @@ TEST_F(ArrangedList, hiddenOnesStandUnderTheirHeadingsAndDoNotCount)
     model->toggleMergeability(MergeabilityFilter::conflicting);
     refresh();
     EXPECT_THAT(shownNumbers(), ElementsAre(3, 4, 2));
-    const auto all = model->arrangedWithHidden();
-    EXPECT_EQ(all->rows, *model->rowsWithHidden());
+    const auto all = model->list().arrangedWithHidden();
+    EXPECT_EQ(all->rows.size(), 4U);
     EXPECT_EQ(all->rows[1].id().number, 1);
     EXPECT_EQ(all->turns[1], (Turn{Whose::you, TurnReason::conflicts}));
     EXPECT_THAT(

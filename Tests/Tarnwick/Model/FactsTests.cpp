@@ -79,7 +79,10 @@ protected:
         runToEnd(model->askForFacts());
     }
 
-    std::vector<Whose> whose() const { return mapped(model->turns(), &Turn::whose); }
+    std::vector<Whose> whose() const
+    {
+        return mapped(model->list().arranged()->turns, &Turn::whose);
+    }
 
     Date askedAt = clock->now();
     std::optional<Quota> quota;
@@ -242,7 +245,7 @@ TEST_F(Facts, arePreloadedToo)
     parts.preload = std::make_shared<Preload>([this] { return defaults; }, cache());
     const PullRequestMenuModel other(std::move(parts));
     EXPECT_EQ(other.facts()->size(), 2U);
-    EXPECT_EQ(other.turns().size(), 2U);
+    EXPECT_EQ(other.list().arranged()->turns.size(), 2U);
 }
 
 TEST_F(Facts, areNotReadWhereNothingNeedsThem)
@@ -261,7 +264,7 @@ TEST_F(Facts, canBeAskedForWhateverTheArrangementIs)
     refresh();
     runToEnd(model->askForFacts());
     EXPECT_EQ(model->facts()->size(), 2U);
-    EXPECT_THAT(model->turns(), IsEmpty());
+    EXPECT_THAT(model->list().arranged()->turns, IsEmpty());
 }
 
 TEST_F(Facts, ofNotificationsAreNotAskedForByAProgramThatDoesNotNotify)

@@ -140,11 +140,11 @@ TEST_F(FilterOperations, tellsOfEveryChange)
 
 TEST_F(FilterOperations, countsWhatTheFiltersHide)
 {
-    EXPECT_EQ(model->hidden().total(), 1U);
+    EXPECT_EQ(model->list().hidden().total(), 1U);
     model->toggleChecks(ChecksFilter::none);
-    EXPECT_EQ(model->hidden().filters, 4U);
+    EXPECT_EQ(model->list().hidden().filters, 4U);
     model->selectAllRepositories(false);
-    EXPECT_EQ(model->hidden().total(), 0U);
+    EXPECT_EQ(model->list().hidden().total(), 0U);
     ASSERT_TRUE(settle());
 }
 
@@ -168,11 +168,11 @@ TEST_F(FilterOperations, tellWheneverWhatIsHiddenMayDiffer)
 
 TEST_F(FilterOperations, knowTheHiddenOnesAndWhatHidesThem)
 {
-    const SharedRows rows = model->rowsWithHidden();
-    ASSERT_EQ(rows->size(), 5U);
-    for (const PullRequestRow& row : *rows) {
+    const auto all = model->list().arrangedWithHidden();
+    ASSERT_EQ(all->rows.size(), 5U);
+    for (const PullRequestRow& row : all->rows) {
         EXPECT_EQ(
-            model->sightOf(row.pullRequest),
+            model->list().sightOf(row.pullRequest),
             row.id().number == 2 ? Sight::hiddenByStatus : Sight::inSight);
     }
 }

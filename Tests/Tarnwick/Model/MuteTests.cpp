@@ -173,8 +173,8 @@ TEST_F(Muting, takesARowOutUntilItChanges)
 {
     model->mutes().untilChange(first());
     EXPECT_THAT(shownNumbers(), UnorderedElementsAre(2, 3));
-    EXPECT_EQ(model->hidden(), (HiddenCounts{.filters = 0, .muted = 1}));
-    EXPECT_EQ(model->rowsWithHidden()->size(), 3U);
+    EXPECT_EQ(model->list().hidden(), (HiddenCounts{.filters = 0, .muted = 1}));
+    EXPECT_EQ(model->list().arrangedWithHidden()->rows.size(), 3U);
     refresh();
     EXPECT_THAT(shownNumbers(), UnorderedElementsAre(2, 3));
     start();
@@ -184,7 +184,7 @@ TEST_F(Muting, takesARowOutUntilItChanges)
     provider->setPullRequests(all);
     refresh();
     EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3));
-    EXPECT_EQ(model->hidden(), HiddenCounts());
+    EXPECT_EQ(model->list().hidden(), HiddenCounts());
     all[0].checks = {};
     provider->setPullRequests(all);
     refresh();
@@ -252,8 +252,8 @@ TEST_F(Muting, ofAnAuthorTakesAllOfHisAndLastsUntilItIsTakenBack)
 {
     model->mutes().setAuthor("OTTER-BOT", true);
     EXPECT_THAT(shownNumbers(), ElementsAre(1));
-    EXPECT_EQ(model->hidden(), (HiddenCounts{.filters = 0, .muted = 2}));
-    EXPECT_EQ(model->sightOf(all[2]), Sight::authorMuted);
+    EXPECT_EQ(model->list().hidden(), (HiddenCounts{.filters = 0, .muted = 2}));
+    EXPECT_EQ(model->list().sightOf(all[2]), Sight::authorMuted);
     model->resetFilters();
     model->toggleStatus(StatusFilter::draft);
     model->resetFilters();
@@ -290,35 +290,6 @@ TEST_F(Muting, passesOverWhatMeansNothing)
         EXPECT_THAT(model->settings().mutedAuthors, ElementsAre("nobody"));
         EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2, 3));
     }
-}
-
-TEST_F(Muting, keepsWhatIsMutedOutOfNotifications)
-{
-    SettingsStore(*defaults).change([](Settings& settings) {
-        settings.newPullRequestNotificationsEnabled = true;
-        settings.unblockedNotificationsEnabled = true;
-        settings.mutedAuthors = {"otter-bot"};
-    });
-    all[0].checks = {0, 1, 1};
-    all[1].checks = {0, 1, 1};
-    provider->setPullRequests(all);
-    startAndRefresh();
-    clock->advance(1min);
-    all[0].checks = {1, 1, 0};
-    all[1].checks = {1, 1, 0};
-    auto another = by("otter-bot", 4);
-    auto seenOne = by("mira-k", 5);
-    another.createdAt = clock->now();
-    seenOne.createdAt = clock->now();
-    all.push_back(another);
-    all.push_back(seenOne);
-    provider->setPullRequests(all);
-    refresh();
-    EXPECT_THAT(notifier->shown, UnorderedElementsAre("new 5", "unblocked 1"));
-    model->mutes().setAuthor("otter-bot", false);
-    clock->advance(1min);
-    refresh();
-    EXPECT_THAT(notifier->shown, SizeIs(2)) << "what was missed is not told later";
 }
 
 }  // namespace

@@ -166,13 +166,13 @@ TEST_F(Snapshots, theNamesBehindTheCountsAreKnownWithoutNetwork)
     provider->setDetails({PullRequestDetails{}, details});
     selectTools();
     startAndRefresh();
-    EXPECT_EQ(model->details()->at(makePullRequest(2).id), details);
+    EXPECT_EQ(model->list().details()->at(makePullRequest(2).id), details);
     start();
-    EXPECT_EQ(model->details()->size(), 2U);
-    EXPECT_EQ(model->details()->at(makePullRequest(2).id), details);
+    EXPECT_EQ(model->list().details()->size(), 2U);
+    EXPECT_EQ(model->list().details()->at(makePullRequest(2).id), details);
     std::filesystem::remove(PullRequestDetailsFile::beside(cache()).fileURL);
     start();
-    EXPECT_THAT(*model->details(), IsEmpty());
+    EXPECT_THAT(*model->list().details(), IsEmpty());
     EXPECT_THAT(shownNumbers(), UnorderedElementsAre(1, 2));
 }
 

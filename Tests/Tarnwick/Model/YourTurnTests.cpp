@@ -83,7 +83,7 @@ TEST_F(YourTurn, isToldWithItsReasonWhateverTheArrangementIs)
     EXPECT_THAT(notifier->shown, ElementsAre("turn 2: Your review"));
     refreshWith(2, {1, 2});
     EXPECT_EQ(notifier->shown.size(), 1U);
-    EXPECT_THAT(model->turns(), IsEmpty());
+    EXPECT_THAT(model->list().arranged()->turns, IsEmpty());
 }
 
 TEST_F(YourTurn, isNotToldTwiceForTheSameHeadAlsoAfterARestart)
