@@ -19,12 +19,6 @@ PullRequest blocked(std::int64_t number)
         makePullRequest(number), &PullRequest::mergeability, PullRequestMergeability::conflicting);
 }
 
-PullRequest unknown(std::int64_t number)
-{
-    return with(
-        makePullRequest(number), &PullRequest::mergeability, PullRequestMergeability::unknown);
-}
-
 PullRequest withChecks(std::int64_t number, ProgressCount checks)
 {
     return with(makePullRequest(number), &PullRequest::checks, checks);
@@ -185,31 +179,6 @@ TEST_F(Notifications, announceOnceThatFailedChecksPassAfterTheyRanAgain)
     refreshWith({withChecks(1, {1, 2, 1})});
     refreshWith({withChecks(1, {2, 2, 0})});
     EXPECT_THAT(notifier->shown, ElementsAre("unblocked 1", "unblocked 1"));
-}
-
-TEST_F(Notifications, announceThatAConflictIsGoneAfterGitHubHasLookedAgain)
-{
-    startWith({blocked(1)});
-    refreshWith({unknown(1)});
-    refreshWith({unknown(1)});
-    EXPECT_THAT(notifier->shown, IsEmpty());
-    refreshWith({makePullRequest(1)});
-    EXPECT_THAT(notifier->shown, ElementsAre("unblocked 1"));
-}
-
-TEST_F(Notifications, announceWhatBecameUnblockedWhileTheProgramDidNotRun)
-{
-    startWith({blocked(1), blocked(2)});
-    refreshWith({unknown(1), blocked(2)});
-    start();
-    refreshWith({makePullRequest(1), blocked(2)});
-    EXPECT_THAT(notifier->shown, ElementsAre("unblocked 1"));
-    start();
-    refreshWith({makePullRequest(1), makePullRequest(2)});
-    EXPECT_THAT(notifier->shown, ElementsAre("unblocked 1", "unblocked 2"));
-    start();
-    refreshWith({makePullRequest(1), makePullRequest(2)});
-    EXPECT_EQ(notifier->shown.size(), 2U);
 }
 
 TEST_F(Notifications, announceWhatAnotherProgramFoundUnblockedBefore)

@@ -86,65 +86,10 @@ TEST_F(YourTurn, isToldWithItsReasonWhateverTheArrangementIs)
     EXPECT_THAT(model->list().arranged()->turns, IsEmpty());
 }
 
-TEST_F(YourTurn, isNotToldTwiceForTheSameHeadAlsoAfterARestart)
-{
-    startWithNobodyAsked();
-    refreshWith(1, {1});
-    EXPECT_EQ(notifier->shown.size(), 1U);
-    start();
-    refreshWith(1, {});
-    refreshWith(1, {1});
-    EXPECT_EQ(notifier->shown.size(), 1U);
-    refreshWith(1, {});
-    head = "c2";
-    refreshWith(1, {1});
-    EXPECT_EQ(notifier->shown.size(), 2U);
-}
-
-TEST_F(YourTurn, thatCameWhileTheProgramDidNotRunIsTold)
-{
-    startWithNobodyAsked();
-    start();
-    refreshWith(1, {1});
-    EXPECT_THAT(notifier->shown, ElementsAre("turn 1: Your review"));
-}
-
-TEST_F(YourTurn, isNotToldOfWhatIsToldAsNew)
-{
-    SettingsStore(*defaults).change(
-        [](Settings& settings) { settings.newPullRequestNotificationsEnabled = true; });
-    startWithNobodyAsked();
-    createdAt = clock->now() + 1s;
-    refreshWith(2, {2});
-    EXPECT_THAT(notifier->shown, ElementsAre("new 2"));
-    refreshWith(2, {2});
-    EXPECT_EQ(notifier->shown.size(), 1U);
-}
-
-TEST_F(YourTurn, isToldOfANewOneWhereNewOnesAreNot)
-{
-    startWithNobodyAsked();
-    createdAt = clock->now() + 1s;
-    refreshWith(2, {2});
-    EXPECT_THAT(notifier->shown, ElementsAre("turn 2: Your review"));
-}
-
 TEST_F(YourTurn, beginsAnewWithOtherFilters)
 {
     startWithNobodyAsked();
     model->toggleStatus(StatusFilter::draft);
-    refreshWith(1, {1});
-    EXPECT_THAT(notifier->shown, IsEmpty());
-}
-
-TEST_F(YourTurn, beginsAnewWhenItIsTurnedOn)
-{
-    startWithNobodyAsked();
-    runToEnd(model->toggleYourTurnNotifications());
-    EXPECT_FALSE(model->settings().yourTurnNotificationsEnabled);
-    refreshWith(1, {1});
-    runToEnd(model->toggleYourTurnNotifications());
-    EXPECT_TRUE(model->settings().yourTurnNotificationsEnabled);
     refreshWith(1, {1});
     EXPECT_THAT(notifier->shown, IsEmpty());
 }
