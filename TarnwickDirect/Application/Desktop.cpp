@@ -2,7 +2,6 @@
 
 #include "Tarnwick/DesktopCollaborators.h"
 #include "Tarnwick/Interface/Panel/PanelDismissal.h"
-#include "Tarnwick/Interface/Style/AppResources.h"
 #include "Tarnwick/StandardCollaborators.h"
 #include "TarnwickDirect/Application/ApplicationService.h"
 #include "TarnwickDirect/Application/Display.h"
@@ -17,7 +16,6 @@
 #include "TarnwickDirect/X11/X11.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QSessionManager>
 
 #include <memory>
@@ -36,16 +34,6 @@ void describeApplication()
         QString::fromUtf8(version().data(), qsizetype(version().size())));
     QGuiApplication::setDesktopFileName(QString::fromLatin1(BusNames::service));
     QApplication::setQuitOnLastWindowClosed(false);
-}
-
-/// What lists of windows show. It takes several milliseconds to draw.
-void setIconOnceShown(PanelWindow& window)
-{
-    const auto setIcon = [] {
-        QApplication::setWindowIcon(QIcon(Tarnwick::AppResources::path(
-            QStringLiteral("tarnwick-zap-inner-light-icon"), QStringLiteral("svg"))));
-    };
-    QObject::connect(&window, &PanelWindow::painted, qApp, setIcon, Qt::SingleShotConnection);
 }
 
 /// The session starts the program again by its autostart entry, if the user wants it at all.
@@ -73,7 +61,6 @@ int runFirst(
         Tarnwick::desktopCollaborators(environment(), bus, Tarnwick::dismissPanel, preload);
     preload->waitForFonts();
     TarnwickDirectApp app(std::move(collaborators), bus, service, makeUpdater);
-    setIconOnceShown(app.window());
     const ExitGuard exitGuard([&app] { app.stop(); });
     QObject::connect(
         &app,

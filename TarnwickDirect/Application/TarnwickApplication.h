@@ -9,6 +9,9 @@ namespace TarnwickApplication {
 /// notification. Main thread only.
 void initialize();
 
+/// What lists of windows show. It takes several milliseconds to draw.
+void setWindowIcon();
+
 }  // namespace TarnwickApplication
 
 }  // namespace TarnwickDirect

@@ -24,6 +24,7 @@
 
 namespace TarnwickDirect {
 
+using PullRequestKit::PullRequestRow;
 using Tarnwick::PullRequestMenuModel;
 using Tarnwick::PullRequestMenuView;
 
@@ -48,6 +49,12 @@ Tarnwick::Appearance& styled()
 {
     Tarnwick::installAccessibleParts();
     return Tarnwick::setApplicationStyle();
+}
+
+/// Such as owner/name#12.
+std::string nameOf(const PullRequestKit::PullRequestID& id)
+{
+    return id.repository + "#" + std::to_string(id.number);
 }
 
 /// Windows of Wayland are placed by the compositor.
@@ -138,6 +145,12 @@ void TarnwickDirectApp::connectPanel()
     connect(&_window, &PanelWindow::hidden, _view, &PullRequestMenuView::panelHidden);
     connect(&_window, &PanelWindow::quitRequested, this, &TarnwickDirectApp::quitRequested);
     connect(&_window, &PanelWindow::closed, this, &TarnwickDirectApp::panelClosed);
+    connect(
+        &_window,
+        &PanelWindow::painted,
+        qApp,
+        &TarnwickApplication::setWindowIcon,
+        Qt::SingleShotConnection);
     _window.setLeaving(PanelWindow::Leaving::minimize);
     _window.setKeepsFromClosing([this] { return explainsClosing(); });
     qApp->installEventFilter(this);
@@ -190,7 +203,11 @@ void TarnwickDirectApp::connectStatus(StatusService& service)
 {
     connect(&service, &StatusService::refreshRequested, this, &TarnwickDirectApp::reload);
     connect(&service, &StatusService::showRequested, this, [this] { show({}); });
-    service.setOpen([this](const QString& which) { return openListed(which.toStdString()); });
+    service.setOpen([this](const QString& which) {
+        return openListed([wanted = which.toStdString()](const PullRequestRow& row) {
+            return wanted == row.pullRequest.url.text || wanted == nameOf(row.id());
+        });
+    });
     const auto publish = [this, &service] { service.setStatus(_status.status(), _bus); };
     connect(&_status, &StatusFeed::changed, &service, publish);
     publish();
@@ -206,13 +223,9 @@ SearchSource TarnwickDirectApp::searchSource()
             },
         .open =
             [this](const QString& key) {
-                const std::string wanted = key.toStdString();
-                const auto found = std::ranges::find_if(_model.rows(), [&](const auto& row) {
+                openListed([wanted = key.toStdString()](const PullRequestRow& row) {
                     return row.id().storageKey() == wanted;
                 });
-                if (found != _model.rows().end()) {
-                    open(found->pullRequest);
-                }
             },
         .showAll =
             [this](const QString& text) {
@@ -261,29 +274,19 @@ void TarnwickDirectApp::presentWhenSettled(const PlatformData& platformData)
         Qt::SingleShotConnection);
 }
 
-/// Whether one of the listed pull requests has this page, or is named so: owner/name#number.
-bool TarnwickDirectApp::openListed(const std::string& which)
+/// From outside of the panel, which may be open and stays so. Whether one of the rows is meant.
+bool TarnwickDirectApp::openListed(const std::function<bool(const PullRequestRow&)>& isMeant)
 {
     const auto& rows = _model.rows();
-    const auto found = std::ranges::find_if(rows, [&](const PullRequestKit::PullRequestRow& row) {
-        const PullRequestKit::PullRequestID& id = row.id();
-        return which == row.pullRequest.url.text
-               || which == id.repository + "#" + std::to_string(id.number);
-    });
+    const auto found = std::ranges::find_if(rows, isMeant);
     if (found == rows.end()) {
         return false;
     }
-    open(found->pullRequest);
+    // The visit has the rows made anew.
+    const PullRequestKit::PullRequest pullRequest = found->pullRequest;
+    _model.recordVisit(pullRequest.id);
+    _model.navigation().open(pullRequest.url, {}, Tarnwick::PanelFate::stays);
     return true;
-}
-
-/// From outside of the panel, which may be open and stays so.
-void TarnwickDirectApp::open(const PullRequestKit::PullRequest& pullRequest)
-{
-    // The visit has the rows made anew that the pull request comes from.
-    const PullRequestKit::Url page = pullRequest.url;
-    _model.recordVisit(PullRequestKit::PullRequestID(pullRequest.id));
-    _model.navigation().open(page, {}, Tarnwick::PanelFate::stays);
 }
 
 void TarnwickDirectApp::connectUpdates(ApplicationService& service)
@@ -372,29 +375,17 @@ void TarnwickDirectApp::trayChanged()
 void TarnwickDirectApp::makeTrayItem()
 {
     _trayItem = std::make_unique<TrayItem>(_model, _trouble);
-    _trayItem->setPanelOpen(_window.isInSight());
-    connect(
-        &_window, &PanelWindow::shown, _trayItem.get(), [this] { _trayItem->setPanelOpen(true); });
-    connect(&_window, &PanelWindow::hidden, _trayItem.get(), [this] {
-        _trayItem->setPanelOpen(false);
+    auto* const item = _trayItem.get();
+    item->setPanelOpen(_window.isInSight());
+    connect(&_window, &PanelWindow::shown, item, [item] { item->setPanelOpen(true); });
+    connect(&_window, &PanelWindow::hidden, item, [item] { item->setPanelOpen(false); });
+    connect(item, &TrayItem::clicked, this, &TarnwickDirectApp::trayClicked);
+    connect(item, &TrayItem::openRequested, this, [this] { _window.present(QCursor::pos(), {}); });
+    connect(item, &TrayItem::reloadRequested, this, &TarnwickDirectApp::reload);
+    connect(item, &TrayItem::pullRequestRequested, this, [this](const auto& id) {
+        openListed([&](const PullRequestRow& row) { return row.id() == id; });
     });
-    connect(_trayItem.get(), &TrayItem::clicked, this, &TarnwickDirectApp::trayClicked);
-    connect(_trayItem.get(), &TrayItem::openRequested, this, [this] {
-        _window.present(QCursor::pos(), {});
-    });
-    connect(_trayItem.get(), &TrayItem::reloadRequested, this, &TarnwickDirectApp::reload);
-    connect(
-        _trayItem.get(),
-        &TrayItem::pullRequestRequested,
-        this,
-        [this](const PullRequestKit::PullRequestID& id) {
-            const auto found =
-                std::ranges::find(_model.rows(), id, &PullRequestKit::PullRequestRow::id);
-            if (found != _model.rows().end()) {
-                open(found->pullRequest);
-            }
-        });
-    connect(_trayItem.get(), &TrayItem::quitRequested, this, &TarnwickDirectApp::quitRequested);
+    connect(item, &TrayItem::quitRequested, this, &TarnwickDirectApp::quitRequested);
 }
 
 void TarnwickDirectApp::trayClicked()

@@ -19,6 +19,7 @@
 #include <QDBusConnection>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 
 namespace TarnwickDirect {
@@ -46,8 +47,6 @@ public:
     /// Asks everything that runs to stop, child processes included, and waits for nothing.
     void stop();
 
-    PanelWindow& window() { return _window; }
-
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
@@ -64,8 +63,7 @@ private:
     void wakeUp();
     void show(const PlatformData& platformData);
     void presentWhenSettled(const PlatformData& platformData);
-    bool openListed(const std::string& which);
-    void open(const PullRequestKit::PullRequest& pullRequest);
+    bool openListed(const std::function<bool(const PullRequestKit::PullRequestRow&)>& isMeant);
     void connectUpdates(ApplicationService& service);
     UpdaterHost updaterHost();
     TarnwickMenuContent menuContent();
