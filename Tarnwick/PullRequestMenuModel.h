@@ -229,14 +229,20 @@ public:
 
     void toggleLaunchAtLogin();
 
-    QCoro::Task<> toggleUnblockedNotifications() { return _notifications.toggleUnblocked(); }
+    QCoro::Task<> toggleUnblockedNotifications()
+    {
+        return _notifications.toggle(&Settings::unblockedNotificationsEnabled);
+    }
 
     QCoro::Task<> toggleNewPullRequestNotifications()
     {
-        return _notifications.toggleNewPullRequests();
+        return _notifications.toggle(&Settings::newPullRequestNotificationsEnabled);
     }
 
-    QCoro::Task<> toggleYourTurnNotifications() { return _notifications.toggleYourTurn(); }
+    QCoro::Task<> toggleYourTurnNotifications()
+    {
+        return _notifications.toggle(&Settings::yourTurnNotificationsEnabled);
+    }
 
     void dismissNotificationSettingsRequired() { _notifications.dismissSettingsChange(); }
 

@@ -4,16 +4,55 @@
 #include "GitHubProvider/GitHubProvider.h"
 #include "GitHubProvider/SystemLog.h"
 #include "Tarnwick/Async/SystemClock.h"
-#include "Tarnwick/Desktop/AbsentLoginItem.h"
 #include "Tarnwick/Desktop/CommandRunners.h"
-#include "Tarnwick/Desktop/SilentNotifier.h"
 #include "Tarnwick/Persistence/IniDefaultsStore.h"
 #include "Tarnwick/Persistence/SearchMemoryFile.h"
 
 #include <chrono>
+#include <stdexcept>
 #include <utility>
 
 namespace Tarnwick {
+namespace {
+
+using PullRequestKit::PullRequest;
+
+/// Stands in where there is no desktop to start the program: it is off, and switching it on fails.
+class AbsentLoginItem final : public LoginItem {
+public:
+    bool isEnabled() const override { return false; }
+
+    void registerItem() override
+    {
+        throw std::runtime_error("There is no desktop session to start the program.");
+    }
+
+    void unregisterItem() override {}
+};
+
+/// Stands in where nobody is to be notified, as on a terminal. Permission counts as granted, so
+/// that the notification settings stay as they are.
+class SilentNotifier final : public PullRequestNotifying {
+public:
+    QCoro::Task<NotificationAuthorization> authorization() override
+    {
+        co_return NotificationAuthorization::authorized;
+    }
+
+    QCoro::Task<bool> requestAuthorization() override { co_return true; }
+
+    QCoro::Task<> notifyUnblocked(PullRequest /*pullRequest*/) override { co_return; }
+
+    QCoro::Task<> notifyNew(PullRequest /*pullRequest*/) override { co_return; }
+
+    QCoro::Task<> notifyTurn(PullRequest /*pullRequest*/, std::string /*reason*/) override
+    {
+        co_return;
+    }
+};
+
+}  // namespace
+
 PullRequestMenuModel::Collaborators standardCollaborators(
     const std::map<std::string, std::string>& environment, std::shared_ptr<Preload> preload)
 {

@@ -70,22 +70,7 @@ QCoro::Task<> PullRequestNotifications::checkPermission(std::stop_token stopToke
     prepared.finish();
 }
 
-QCoro::Task<> PullRequestNotifications::toggleUnblocked()
-{
-    return toggle(&Settings::unblockedNotificationsEnabled);
-}
-
-QCoro::Task<> PullRequestNotifications::toggleNewPullRequests()
-{
-    return toggle(&Settings::newPullRequestNotificationsEnabled);
-}
-
-QCoro::Task<> PullRequestNotifications::toggleYourTurn()
-{
-    return toggle(&Settings::yourTurnNotificationsEnabled);
-}
-
-QCoro::Task<> PullRequestNotifications::toggle(Switch setting)
+QCoro::Task<> PullRequestNotifications::toggle(bool Settings::* setting)
 {
     const QPointer<PullRequestNotifications> self(this);
     Q_EMIT errorChanged(std::nullopt);

@@ -43,9 +43,8 @@ public:
     /// all are turned off.
     void prepare();
 
-    QCoro::Task<> toggleUnblocked();
-    QCoro::Task<> toggleNewPullRequests();
-    QCoro::Task<> toggleYourTurn();
+    /// Switches one of the flags of the notifications. Turning it on takes permission.
+    QCoro::Task<> toggle(bool Settings::* setting);
 
     /// Delivers what the settings ask for, after a running permission check. What an earlier call
     /// has not delivered yet is dropped; of what is unblocked, `unblockedSettled` tells what was
@@ -65,9 +64,6 @@ Q_SIGNALS:
     void errorChanged(const std::optional<std::string>& error);
 
 private:
-    using Switch = bool Settings::*;
-
-    QCoro::Task<> toggle(Switch setting);
     QCoro::Task<> checkPermission(std::stop_token stopToken);
     QCoro::Task<> deliverAll(RefreshedPullRequests refreshed, std::stop_token stopToken);
     QCoro::Task<> deliverEach(std::vector<TurnMove> moves, std::stop_token stopToken);

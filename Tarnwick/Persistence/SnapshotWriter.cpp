@@ -53,12 +53,6 @@ void SnapshotWriter::flush()
     _changed.wait(lock, [this] { return _waiting.empty() && !_isWriting; });
 }
 
-std::optional<std::string> SnapshotWriter::lastError() const
-{
-    const std::lock_guard lock(_mutex);
-    return _lastError;
-}
-
 void SnapshotWriter::run(std::stop_token stopToken)
 {
     while (const Write write = next(stopToken)) {
@@ -81,15 +75,13 @@ SnapshotWriter::Write SnapshotWriter::next(const std::stop_token& stopToken)
 
 void SnapshotWriter::perform(const Write& write)
 {
-    std::optional<std::string> error;
     try {
         write();
-    } catch (const std::exception& failure) {
-        error = failure.what();
+    } catch (const std::exception&) {
+        // The next one is written, too.
     }
     const std::lock_guard lock(_mutex);
     _isWriting = false;
-    _lastError = std::move(error);
     _changed.notify_all();
 }
 

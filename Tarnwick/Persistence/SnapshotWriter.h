@@ -10,8 +10,6 @@
 #include <deque>
 #include <functional>
 #include <mutex>
-#include <optional>
-#include <string>
 #include <thread>
 
 namespace Tarnwick {
@@ -38,10 +36,6 @@ public:
     /// Blocks until everything handed over so far is written.
     void flush();
 
-    /// Why what was written last could not be written, or nothing. A caller that asks about one
-    /// snapshot flushes first.
-    std::optional<std::string> lastError() const;
-
 private:
     using Write = std::function<void()>;
 
@@ -63,11 +57,10 @@ private:
     void perform(const Write& write);
 
     PullRequestDiskCache _cache;
-    mutable std::mutex _mutex;
+    std::mutex _mutex;
     std::condition_variable_any _changed;
     std::deque<Waiting> _waiting;  ///< One of each kind at most.
     bool _isWriting = false;
-    std::optional<std::string> _lastError;
     std::jthread _thread;  ///< Last, so that it ends before what it uses.
 };
 

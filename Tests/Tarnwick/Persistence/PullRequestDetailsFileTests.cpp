@@ -151,7 +151,6 @@ TEST_F(PullRequestDetailsFileTest, isWrittenByTheThreadThatWritesTheSnapshot)
     writer.flush();
     EXPECT_EQ(cache.load(), snapshot);
     EXPECT_EQ(file.load(snapshot), details);
-    EXPECT_EQ(writer.lastError(), std::nullopt);
 }
 
 }  // namespace
