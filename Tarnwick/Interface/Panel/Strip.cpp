@@ -46,7 +46,7 @@ Strip::Strip(Tone tone, const QString& name, QWidget* parent)
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     connect(_dismiss, &QAbstractButton::clicked, this, [this] {
-        releaseFocus();
+        setText({});
         Q_EMIT dismissed();
     });
     hide();

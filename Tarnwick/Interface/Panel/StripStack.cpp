@@ -33,36 +33,28 @@ StripStack::StripStack(PullRequestMenuModel& model, QWidget* parent)
         layout->addWidget(strip);
         connect(strip, &Strip::focusReleased, this, &StripStack::focusReleased);
     }
+    using Model = PullRequestMenuModel;
     _refreshError->setAction(QStringLiteral("Try Again"));
     connect(_refreshError, &Strip::actionTriggered, this, [this] { _model.refresh(); });
-    connect(_refreshError, &Strip::dismissed, this, [this] {
-        _model.dismissRefreshError();
-        _refreshError->setText({});
-    });
-    connect(_settingsError, &Strip::dismissed, &model, &PullRequestMenuModel::dismissSettingsError);
-    connect(_restingQuota, &Strip::dismissed, this, [this] { _restingQuota->setText({}); });
-    connect(_shortfall, &Strip::dismissed, this, [this] { _shortfall->setText({}); });
+    connect(_refreshError, &Strip::dismissed, &model, &Model::dismissRefreshError);
+    connect(_settingsError, &Strip::dismissed, &model, &Model::dismissSettingsError);
     _involvedHint->setAction(QStringLiteral("Show Involved"));
     connect(_involvedHint, &Strip::actionTriggered, this, [this] {
         _model.setInvolvedExplained();
         _model.setReviewerFilter(ReviewerFilter::involved);
     });
-    connect(_involvedHint, &Strip::dismissed, this, [this] { _model.setInvolvedExplained(); });
+    connect(_involvedHint, &Strip::dismissed, &model, &Model::setInvolvedExplained);
 
-    connect(
-        &model, &PullRequestMenuModel::refreshErrorChanged, this, &StripStack::showRefreshError);
-    connect(&model, &PullRequestMenuModel::lastFailureChanged, this, &StripStack::showRefreshError);
-    connect(
-        &model, &PullRequestMenuModel::settingsErrorChanged, this, &StripStack::showSettingsError);
-    connect(
-        &model, &PullRequestMenuModel::restingQuotaChanged, this, &StripStack::showRestingQuota);
-    connect(&model, &PullRequestMenuModel::shortfallChanged, this, &StripStack::showShortfall);
-    connect(&model, &PullRequestMenuModel::settingsChanged, this, &StripStack::showInvolvedHint);
-    showRefreshError();
-    showSettingsError();
-    showRestingQuota();
-    showShortfall();
-    showInvolvedHint();
+    const auto follow = [&](auto changed, auto show) {
+        connect(&model, changed, this, show);
+        (this->*show)();
+    };
+    follow(&Model::refreshErrorChanged, &StripStack::showRefreshError);
+    follow(&Model::lastFailureChanged, &StripStack::showRefreshError);
+    follow(&Model::settingsErrorChanged, &StripStack::showSettingsError);
+    follow(&Model::restingQuotaChanged, &StripStack::showRestingQuota);
+    follow(&Model::shortfallChanged, &StripStack::showShortfall);
+    follow(&Model::settingsChanged, &StripStack::showInvolvedHint);
 }
 
 /// The model takes its text back when the next refresh begins. The strip stays until one succeeds,
