@@ -74,11 +74,6 @@ PullRequestMenuModel::PullRequestMenuModel(Collaborators collaborators)
     _notifications.prepare();
 }
 
-PullRequestMenuModel::~PullRequestMenuModel()
-{
-    stop();
-}
-
 void PullRequestMenuModel::stop()
 {
     _lifetime.request_stop();
@@ -197,11 +192,6 @@ void PullRequestMenuModel::menuOpened()
     }
 }
 
-void PullRequestMenuModel::schedulePolling()
-{
-    _polling.start(secondsOf(_settings.pollingInterval));
-}
-
 void PullRequestMenuModel::scheduleRefresh(std::chrono::milliseconds delay)
 {
     // The list will be another one.
@@ -261,7 +251,7 @@ bool PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
     _list.set(
         result.pullRequests, std::move(result.list), result.hidden, std::move(result.details));
     _mutes.endChanged(*_list.all());
-    assign(_shortfall, result.shortfall, &Model::shortfallChanged);
+    assign(_truncation, result.truncation, &Model::truncationChanged);
     const Date now = _parts.clock->now();
     assign(_lastRefreshed, now, &Model::lastRefreshedChanged);
     _hasSnapshot = true;
@@ -343,11 +333,6 @@ void PullRequestMenuModel::showSettingsProblem()
     if (text || _settingsError == previous) {
         setSettingsError(std::move(text));
     }
-}
-
-void PullRequestMenuModel::setSettingsError(std::optional<std::string> error)
-{
-    assign(_settingsError, std::move(error), &Model::settingsErrorChanged);
 }
 
 void PullRequestMenuModel::readLaunchAtLogin()

@@ -72,7 +72,8 @@ public:
     /// Reads and migrates the settings, shows the last snapshot if it was taken for the same
     /// reviewers, and starts polling.
     explicit PullRequestMenuModel(Collaborators collaborators);
-    ~PullRequestMenuModel() override;
+
+    ~PullRequestMenuModel() override { stop(); }
 
     const MenuState& state() const { return _state; }
 
@@ -123,7 +124,7 @@ public:
     const Settings& settings() const { return _settings; }
 
     /// Set while the provider knows of more pull requests than it listed.
-    const std::optional<Shortfall>& shortfall() const { return _shortfall; }
+    const std::optional<Truncation>& truncation() const { return _truncation; }
 
     const VisitStore& visits() const { return _visits; }
 
@@ -268,7 +269,7 @@ Q_SIGNALS:
     void refreshErrorChanged();
     void settingsChanged();
     void darkModeChanged();
-    void shortfallChanged();
+    void truncationChanged();
     void lastFailureChanged();
     void visitsChanged();
     /// Other processes have stored something; it may be what the model knows nothing of.
@@ -293,13 +294,19 @@ private:
         assign(_state, std::move(state), &PullRequestMenuModel::stateChanged);
     }
 
-    void setSettingsError(std::optional<std::string> error);
+    void setSettingsError(std::optional<std::string> error)
+    {
+        assign(_settingsError, std::move(error), &PullRequestMenuModel::settingsErrorChanged);
+    }
+
     void showLastList();
     void refreshBegins();
     RefreshStart signedIn(const std::optional<std::string>& account);
     bool accept(RefreshResult result, const RefreshStart& start);
     void cannotRefresh(const MenuState& failure);
-    void schedulePolling();
+
+    void schedulePolling() { _polling.start(secondsOf(_settings.pollingInterval)); }
+
     void scheduleRefresh(std::chrono::milliseconds delay);
 
     /// The selection of repositories has to rest before it is fetched for.
@@ -331,7 +338,7 @@ private:
     std::optional<std::string> _settingsError;
     std::optional<std::string> _settingsProblem;  ///< Why the settings are not kept.
     std::optional<std::string> _refreshError;
-    std::optional<Shortfall> _shortfall;
+    std::optional<Truncation> _truncation;
     std::optional<MenuState> _lastFailure;
 
     PullRequestList _list;

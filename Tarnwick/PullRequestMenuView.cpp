@@ -8,11 +8,11 @@
 #include "Tarnwick/Interface/List/PullRequestListView.h"
 #include "Tarnwick/Interface/Panel/ContentArea.h"
 #include "Tarnwick/Interface/Panel/EditorFlow.h"
+#include "Tarnwick/Interface/Panel/InfoBarStack.h"
 #include "Tarnwick/Interface/Panel/OptionsMenu.h"
 #include "Tarnwick/Interface/Panel/PanelAlerts.h"
 #include "Tarnwick/Interface/Panel/PanelFooter.h"
 #include "Tarnwick/Interface/Panel/PanelHeader.h"
-#include "Tarnwick/Interface/Panel/StripStack.h"
 #include "Tarnwick/Interface/Panel/WebSite.h"
 #include "Tarnwick/Interface/Picker/RepositoryPicker.h"
 
@@ -38,7 +38,7 @@ PullRequestMenuView::PullRequestMenuView(PullRequestMenuModel& model, QWidget* p
     , _rows(new PullRequestListModel([&model] { return model.now(); }, this))
     , _list(new PullRequestListView(*_rows, _page))
     , _content(new ContentArea(model, _list, _page))
-    , _strips(new StripStack(model, _page))
+    , _infoBars(new InfoBarStack(model, _page))
     , _footer(new PanelFooter([&model] { return model.now(); }, _page))
     , _menu(new OptionsMenu(model, this))
     , _editorFlow(new EditorFlow(model, this))
@@ -61,8 +61,8 @@ void PullRequestMenuView::layOut()
     _column->setSpacing(0);
     _column->addWidget(_header);
     _column->addWidget(_content, 1);
-    connect(_strips, &StripStack::focusReleased, this, [this] { _content->setFocus(); });
-    _column->addWidget(_strips);
+    connect(_infoBars, &InfoBarStack::focusReleased, this, [this] { _content->setFocus(); });
+    _column->addWidget(_infoBars);
     _column->addWidget(_footer);
 }
 

@@ -22,7 +22,7 @@ class PanelHeader;
 class PullRequestListModel;
 class PullRequestListView;
 class RepositoryPicker;
-class StripStack;
+class InfoBarStack;
 enum class RowAction;
 
 /// What the panel shows: header, content by the model's state, footer, options menu, alerts and the
@@ -103,7 +103,7 @@ private:
     PullRequestListModel* _rows;
     PullRequestListView* _list;
     ContentArea* _content;
-    StripStack* _strips;
+    InfoBarStack* _infoBars;
     PanelFooter* _footer;
     OptionsMenu* _menu;
     EditorFlow* _editorFlow;

@@ -16,7 +16,7 @@ FetchedPullRequests fetch(
     fetched.details = PullRequestKit::detailsByID(list.pullRequests, std::move(list.details));
     fetched.pullRequests = PullRequestKit::uniquePullRequests(std::move(list.pullRequests));
     if (list.found) {
-        fetched.shortfall = {*list.found, static_cast<std::int64_t>(fetched.pullRequests.size())};
+        fetched.truncation = {*list.found, static_cast<std::int64_t>(fetched.pullRequests.size())};
     }
     fetched.repositories = provider.repositories(stopToken);
     return fetched;

@@ -18,18 +18,18 @@ struct FetchRequest {
 };
 
 /// More pull requests than are listed.
-struct Shortfall {
+struct Truncation {
     std::int64_t found = 0;
     std::int64_t listed = 0;
 
-    bool operator==(const Shortfall&) const = default;
+    bool operator==(const Truncation&) const = default;
 };
 
 /// What came back.
 struct FetchedPullRequests {
     std::vector<PullRequestKit::PullRequest> pullRequests;  ///< One per identity.
     std::vector<PullRequestKit::RepositorySummary> repositories;
-    std::optional<Shortfall> shortfall;  ///< When the provider knows of more.
+    std::optional<Truncation> truncation;  ///< When the provider knows of more.
     PullRequestKit::DetailsByID details = {};
 };
 

@@ -36,7 +36,7 @@ RefreshResult refreshResult(FetchedPullRequests fetched, const RefreshStart& sta
     result.pullRequests =
         std::make_shared<const std::vector<PullRequest>>(std::move(fetched.pullRequests));
     result.details = std::make_shared<const DetailsByID>(std::move(fetched.details));
-    result.shortfall = fetched.shortfall;
+    result.truncation = fetched.truncation;
     return refreshResult(std::move(result), start);
 }
 

@@ -32,7 +32,7 @@ struct RefreshResult {
     HiddenCounts hidden;                    ///< What they hide.
     NewPullRequestBaseline baseline;        ///< Its time is still to be set.
     CachedPullRequestSnapshot snapshot;     ///< Likewise.
-    std::optional<Shortfall> shortfall;
+    std::optional<Truncation> truncation;
 };
 
 /// Takes several milliseconds for a thousand pull requests. Safe from any thread.

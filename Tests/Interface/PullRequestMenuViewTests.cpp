@@ -69,7 +69,7 @@ TEST_F(PullRequestMenuViewTests, aFailureCanBeTriedAgain)
     EXPECT_TRUE(list().isVisible());
 }
 
-TEST_F(PullRequestMenuViewTests, afterTryAgainInTheStripTheListHasTheFocus)
+TEST_F(PullRequestMenuViewTests, afterTryAgainInTheInfoBarTheListHasTheFocus)
 {
     showList({makePullRequest(1)});
     provider->setError("error connecting to api.github.com");
@@ -85,7 +85,7 @@ TEST_F(PullRequestMenuViewTests, afterTryAgainInTheStripTheListHasTheFocus)
     EXPECT_TRUE(list().hasFocus());
 }
 
-TEST_F(PullRequestMenuViewTests, aStripThatGoesWithTheFocusGivesItToTheList)
+TEST_F(PullRequestMenuViewTests, anInfoBarThatGoesWithTheFocusGivesItToTheList)
 {
     showList({makePullRequest(1)});
     provider->setError("error connecting to api.github.com");

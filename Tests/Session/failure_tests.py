@@ -171,7 +171,7 @@ class StorageTests(FailureTest):
         self.reader.press("menu item", "Settings")
         self.reader.press("menu item", "Dark Mode")
 
-    def testSettingsThatCannotBeWrittenStayAndTheStripSaysSo(self):
+    def testSettingsThatCannotBeWrittenStayAndTheInfoBarSaysSo(self):
         self.write_cache()
         settings = bytes_of(self.settings_file)
         mounts = Mounts()

@@ -225,7 +225,7 @@ class KeyboardTests(PanelTest):
             wait_until(lambda: self.clipboard() == copied, f"the clipboard after {item}")
             self.reader.wait_until_gone("menu item", item)
 
-    def testTabGoesThroughHeaderListAndStrips(self):
+    def testTabGoesThroughHeaderListAndInfoBars(self):
         self.open(TIDE_TABLES)
         self.wait_for_focus("list", "Pull requests")
         self.github.serve(faults=["server-error@search"])

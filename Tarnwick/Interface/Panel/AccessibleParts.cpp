@@ -5,7 +5,7 @@
 #include "Tarnwick/Interface/List/AccessibleList.h"
 #include "Tarnwick/Interface/List/PullRequestListView.h"
 #include "Tarnwick/Interface/Panel/CardOverlay.h"
-#include "Tarnwick/Interface/Panel/Strip.h"
+#include "Tarnwick/Interface/Panel/InfoBar.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -80,10 +80,10 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
     if (auto* const card = qobject_cast<CardOverlay*>(object)) {
         return new AccessibleCard(card);
     }
-    if (auto* const strip = qobject_cast<Strip*>(object)) {
-        const bool isError = strip->tone() == Strip::Tone::error;
+    if (auto* const infoBar = qobject_cast<InfoBar*>(object)) {
+        const bool isError = infoBar->tone() == InfoBar::Tone::error;
         return new QAccessibleWidget(
-            strip, isError ? QAccessible::AlertMessage : QAccessible::Notification);
+            infoBar, isError ? QAccessible::AlertMessage : QAccessible::Notification);
     }
     if (auto* const button = qobject_cast<PushButton*>(object)) {
         return new AccessibleToggle(button);

@@ -14,8 +14,8 @@ struct Palette {
     QColor surfaceMenu;  ///< Menus and cards.
     QColor menuHighlight;
     QColor field;
-    QColor strip;
-    QColor stripLine;
+    QColor infoBar;
+    QColor infoBarLine;
     QColor button;
     QColor buttonLine;
     QColor chip;       ///< Code, and the header's buttons under the pointer.

@@ -2,7 +2,7 @@
 
 #include "Tarnwick/Interface/Panel/Alert.h"
 #include "Tarnwick/Interface/Panel/EditorOverlay.h"
-#include "Tarnwick/Interface/Panel/Strip.h"
+#include "Tarnwick/Interface/Panel/InfoBar.h"
 
 #include <QAccessible>
 
@@ -53,14 +53,14 @@ TEST_F(AccessiblePartsTests, theOverlaysBarIsABusyProgressBar)
     EXPECT_EQ(bars, 1);
 }
 
-TEST_F(AccessiblePartsTests, stripsAreReadAsWhatTheySay)
+TEST_F(AccessiblePartsTests, infoBarsAreReadAsWhatTheySay)
 {
-    Strip error(Strip::Tone::error, QStringLiteral("error"), &panel);
+    InfoBar error(InfoBar::Tone::error, QStringLiteral("error"), &panel);
     error.setText(QStringLiteral("github.com\n  X token refused"));
     EXPECT_EQ(interfaceOf(error)->role(), QAccessible::AlertMessage);
     EXPECT_EQ(
         interfaceOf(error)->text(QAccessible::Name), QStringLiteral("github.com: token refused"));
-    Strip quiet(Strip::Tone::quiet, QStringLiteral("quiet"), &panel);
+    InfoBar quiet(InfoBar::Tone::quiet, QStringLiteral("quiet"), &panel);
     EXPECT_EQ(interfaceOf(quiet)->role(), QAccessible::Notification);
 }
 

@@ -2,10 +2,10 @@
 #include "Tarnwick/Interface/Controls/PushButton.h"
 #include "Tarnwick/Interface/Panel/Alert.h"
 #include "Tarnwick/Interface/Panel/EditorOverlay.h"
+#include "Tarnwick/Interface/Panel/InfoBar.h"
 #include "Tarnwick/Interface/Panel/Notice.h"
 #include "Tarnwick/Interface/Panel/PanelFooter.h"
 #include "Tarnwick/Interface/Panel/PanelHeader.h"
-#include "Tarnwick/Interface/Panel/Strip.h"
 #include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <QPainter>
@@ -69,11 +69,11 @@ QImage partsOfThePanel(bool isDark, double scaleFactor)
     }
 
     QWidget panel;
-    Strip strip(Strip::Tone::error, QStringLiteral("refreshError"), &panel);
-    strip.setAction(QStringLiteral("Try Again"));
-    strip.setText(QStringLiteral("Showing cached data: error connecting to api.github.com"));
-    strip.hide();
-    add(strip, strip.heightForWidth(420));
+    InfoBar infoBar(InfoBar::Tone::error, QStringLiteral("refreshError"), &panel);
+    infoBar.setAction(QStringLiteral("Try Again"));
+    infoBar.setText(QStringLiteral("Showing cached data: error connecting to api.github.com"));
+    infoBar.hide();
+    add(infoBar, infoBar.heightForWidth(420));
 
     const PullRequestKit::Date then(1'710'244'800s);
     PanelFooter footer([then] { return then + 14min; }, nullptr);

@@ -10,18 +10,9 @@
 
 #include <algorithm>
 
-#include <gmock/gmock.h>
-
 namespace {
 
-using namespace PullRequestKit;
-using namespace Tarnwick;
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using TestSupport::date;
-using TestSupport::makePullRequest;
-using TestSupport::processEvents;
+using namespace TestSupport;
 
 PullRequest listed(std::int64_t number)
 {
@@ -99,12 +90,11 @@ protected:
     PullRequestDiskCache cache{folder.filePath(QStringLiteral("list.json")).toStdString()};
     BlockedPullRequestsFile blockedFile = BlockedPullRequestsFile::beside(cache);
     KnownTurnsFile turnsFile = KnownTurnsFile::beside(cache);
-    std::shared_ptr<TestSupport::FakeNotifier> notifier =
-        std::make_shared<TestSupport::FakeNotifier>();
-    Fakes::MemoryDefaultsStore defaults;
+    std::shared_ptr<FakeNotifier> notifier = std::make_shared<FakeNotifier>();
+    MemoryDefaultsStore defaults;
     SettingsStore store{defaults};
     Settings settings;
-    SettingsOperations operations{settings, store, std::make_shared<TestSupport::FakeClock>()};
+    SettingsOperations operations{settings, store, std::make_shared<FakeClock>()};
     Date now = date("2024-05-01T12:00:00Z");
     std::optional<SnapshotWriter> writer;
     std::optional<PullRequestNotifications> notifications;

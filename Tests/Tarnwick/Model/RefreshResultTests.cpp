@@ -34,11 +34,11 @@ TEST(RefreshResults, holdTheRowsThatTheSettingsLeave)
 {
     Settings settings;
     settings.selectedRepositories = {"octo/tools"};
-    FetchedPullRequests fetched{{makePullRequest(1), draft(2)}, {}, Shortfall{5, 2}};
+    FetchedPullRequests fetched{{makePullRequest(1), draft(2)}, {}, Truncation{5, 2}};
     const auto result = refreshResult(std::move(fetched), startWith(settings));
     EXPECT_THAT(numbers(result.list.rows), ElementsAre(1));
     EXPECT_THAT(*result.pullRequests, ElementsAre(makePullRequest(1), draft(2)));
-    EXPECT_EQ(result.shortfall, (Shortfall{5, 2}));
+    EXPECT_EQ(result.truncation, (Truncation{5, 2}));
     EXPECT_THAT(result.baseline.ids, ElementsAre(makePullRequest(1).id));
     EXPECT_THAT(result.baseline.scope.repositories, ElementsAre("octo/tools"));
     EXPECT_EQ(result.baseline.scope.account, "octo");

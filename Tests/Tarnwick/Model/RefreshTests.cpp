@@ -256,16 +256,16 @@ TEST_F(Refresh, readsTheLoginItemEachTimeTheListIsOpened)
 TEST_F(Refresh, tellsOfMorePullRequestsThanAreListed)
 {
     start();
-    const auto changed = countOf(&PullRequestMenuModel::shortfallChanged);
-    EXPECT_EQ(model->shortfall(), std::nullopt);
+    const auto changed = countOf(&PullRequestMenuModel::truncationChanged);
+    EXPECT_EQ(model->truncation(), std::nullopt);
     provider->setPullRequests({makePullRequest(1), makePullRequest(2), makePullRequest(2)});
     provider->setFound(1240);
     refresh();
-    EXPECT_EQ(model->shortfall(), (Shortfall{.found = 1240, .listed = 2}));
+    EXPECT_EQ(model->truncation(), (Truncation{.found = 1240, .listed = 2}));
     EXPECT_EQ(*changed, 1);
     provider->setFound(std::nullopt);
     refresh();
-    EXPECT_EQ(model->shortfall(), std::nullopt);
+    EXPECT_EQ(model->truncation(), std::nullopt);
     EXPECT_EQ(*changed, 2);
 }
 

@@ -45,7 +45,6 @@ protected:
         for (std::int64_t number = 1; number <= count; ++number) {
             auto& pullRequest = pullRequests.emplace_back(makePullRequest(number));
             pullRequest.author = "bo";
-            pullRequest.createdAt = createdAt;
             pullRequest.updatedAt += std::chrono::minutes(refreshes);
         }
         for (const std::int64_t number : asking) {
@@ -61,7 +60,6 @@ protected:
     }
 
     std::string head = "c1";
-    std::optional<Date> createdAt;
     int refreshes = 0;
 };
 

@@ -1,4 +1,4 @@
-#include "Tarnwick/Interface/Panel/Strip.h"
+#include "Tarnwick/Interface/Panel/InfoBar.h"
 
 #include "Tarnwick/Interface/Controls/HelpText.h"
 #include "Tarnwick/Interface/Controls/PushButton.h"
@@ -31,7 +31,7 @@ LineStyle textStyle()
 
 }  // namespace
 
-Strip::Strip(Tone tone, const QString& name, QWidget* parent)
+InfoBar::InfoBar(Tone tone, const QString& name, QWidget* parent)
     : QWidget(parent)
     , _tone(tone)
     , _slide(*this, Fade::slideMilliseconds, [this] { followSlide(); })
@@ -52,7 +52,7 @@ Strip::Strip(Tone tone, const QString& name, QWidget* parent)
     hide();
 }
 
-void Strip::setText(const QString& text)
+void InfoBar::setText(const QString& text)
 {
     if (text == _text) {
         return;
@@ -71,21 +71,21 @@ void Strip::setText(const QString& text)
     updateGeometry();
 }
 
-void Strip::followSlide()
+void InfoBar::followSlide()
 {
     setVisible(_slide.isOn() || _slide.value() > 0);
     updateGeometry();
 }
 
 /// A hidden button would pass the focus on to whatever is next, such as the brand.
-void Strip::releaseFocus()
+void InfoBar::releaseFocus()
 {
     if (isAncestorOf(window()->focusWidget())) {
         Q_EMIT focusReleased();
     }
 }
 
-void Strip::setAction(const QString& title)
+void InfoBar::setAction(const QString& title)
 {
     delete _action;
     _action = new PushButton(title, PushButton::Kind::link, this);
@@ -98,12 +98,12 @@ void Strip::setAction(const QString& title)
     layOut();
 }
 
-int Strip::textStart() const
+int InfoBar::textStart() const
 {
     return _tone == Tone::error ? sideMargin + appearance().scaled(iconSize) + iconGap : sideMargin;
 }
 
-int Strip::textWidth(int width) const
+int InfoBar::textWidth(int width) const
 {
     int end = width - sideMargin - _dismiss->sizeHint().width() - gap;
     if (_action != nullptr) {
@@ -112,28 +112,28 @@ int Strip::textWidth(int width) const
     return end - textStart();
 }
 
-WrappedText Strip::laidOut(int width) const
+WrappedText InfoBar::laidOut(int width) const
 {
     return WrappedText(_paragraph, textStyle(), textWidth(width), mostLines);
 }
 
-QSize Strip::sizeHint() const
+QSize InfoBar::sizeHint() const
 {
     return {360, heightForWidth(width() > 0 ? width() : 360)};
 }
 
-int Strip::heightForWidth(int width) const
+int InfoBar::heightForWidth(int width) const
 {
     return static_cast<int>(std::lround(_slide.value() * fullHeight(width)));
 }
 
-int Strip::fullHeight(int width) const
+int InfoBar::fullHeight(int width) const
 {
     const WrappedText text = laidOut(width);
     return 2 * padding + std::max(text.height(), textStyle().height);
 }
 
-void Strip::layOut()
+void InfoBar::layOut()
 {
     if (_paragraph.isEmpty()) {
         return;
@@ -153,7 +153,7 @@ void Strip::layOut()
     }
 }
 
-bool Strip::event(QEvent* event)
+bool InfoBar::event(QEvent* event)
 {
     // What gh says is not to be taken for markup.
     if (event->type() == QEvent::ToolTip && !toolTip().isEmpty()) {
@@ -164,13 +164,13 @@ bool Strip::event(QEvent* event)
     return QWidget::event(event);
 }
 
-void Strip::paintEvent(QPaintEvent* /*event*/)
+void InfoBar::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     const Palette& palette = appearance().palette();
     const bool isError = _tone == Tone::error;
-    painter.fillRect(rect(), isError ? palette.strip : palette.surfaceChrome);
-    Painting::hairline(painter, 0, 0, width(), isError ? palette.stripLine : palette.hairline);
+    painter.fillRect(rect(), isError ? palette.infoBar : palette.surfaceChrome);
+    Painting::hairline(painter, 0, 0, width(), isError ? palette.infoBarLine : palette.hairline);
     if (isError) {
         const int size = appearance().scaled(iconSize);
         SystemSymbol{QStringLiteral("exclamationmark.triangle")}.draw(
@@ -183,7 +183,7 @@ void Strip::paintEvent(QPaintEvent* /*event*/)
         isError ? palette.textPrimary : palette.textSecondary);
 }
 
-void Strip::resizeEvent(QResizeEvent* /*event*/)
+void InfoBar::resizeEvent(QResizeEvent* /*event*/)
 {
     layOut();
 }

@@ -12,7 +12,7 @@ class WrappedText;
 /// A line above the footer that says what went wrong or is left out, and can be put away. It slides
 /// open and shut. A text of several lines is set as one paragraph; as it came, and whole, it is in
 /// the help text. Main thread only.
-class Strip final : public QWidget {
+class InfoBar final : public QWidget {
     Q_OBJECT
 
 public:
@@ -21,16 +21,16 @@ public:
         quiet,
     };
 
-    Strip(Tone tone, const QString& name, QWidget* parent);
+    InfoBar(Tone tone, const QString& name, QWidget* parent);
 
-    /// An empty text shuts the strip, which keeps painting the last one meanwhile.
+    /// An empty text shuts the info bar, which keeps painting the last one meanwhile.
     void setText(const QString& text);
 
     QString text() const { return _text; }
 
     Tone tone() const { return _tone; }
 
-    /// A button beside the text. Without one there is only the one that puts the strip away.
+    /// A button beside the text. Without one there is only the one that puts the info bar away.
     void setAction(const QString& title);
 
     QSize sizeHint() const override;
@@ -42,7 +42,7 @@ public:
 Q_SIGNALS:
     void actionTriggered();
     void dismissed();
-    /// A button was used that had the focus, or the strip goes with it.
+    /// A button was used that had the focus, or the info bar goes with it.
     void focusReleased();
 
 protected:

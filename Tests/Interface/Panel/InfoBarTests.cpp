@@ -1,7 +1,7 @@
-#include "Tarnwick/Interface/Panel/Strip.h"
+#include "Tarnwick/Interface/Panel/InfoBar.h"
 
 #include "Fakes/ModelFixture.h"
-#include "Tarnwick/Interface/Panel/StripStack.h"
+#include "Tarnwick/Interface/Panel/InfoBarStack.h"
 #include "Tarnwick/Interface/Style/ApplicationStyle.h"
 
 #include <QAbstractButton>
@@ -11,19 +11,22 @@ namespace {
 
 using namespace TestSupport;
 
-class StripTests : public ModelTest {
+class InfoBarTests : public ModelTest {
 protected:
-    StripTests()
+    InfoBarTests()
     {
         start();
-        strips = std::make_unique<StripStack>(*model, nullptr);
+        infoBars = std::make_unique<InfoBarStack>(*model, nullptr);
     }
 
-    Strip& strip(const char* name) const { return *strips->findChild<Strip*>(QLatin1String(name)); }
+    InfoBar& infoBar(const char* name) const
+    {
+        return *infoBars->findChild<InfoBar*>(QLatin1String(name));
+    }
 
     void press(const char* name) const
     {
-        strips->findChild<QAbstractButton*>(QLatin1String(name))->click();
+        infoBars->findChild<QAbstractButton*>(QLatin1String(name))->click();
     }
 
     void refreshInVain()
@@ -40,18 +43,18 @@ protected:
         refreshInVain();
     }
 
-    std::unique_ptr<StripStack> strips;
+    std::unique_ptr<InfoBarStack> infoBars;
 };
 
-TEST_F(StripTests, areHiddenWhileThereIsNothingToSay)
+TEST_F(InfoBarTests, areHiddenWhileThereIsNothingToSay)
 {
     for (const char* const name :
-         {"refreshError", "settingsError", "restingQuota", "shortfall", "involvedHint"}) {
-        EXPECT_TRUE(strip(name).isHidden()) << name;
+         {"refreshError", "settingsError", "restingQuota", "truncation", "involvedHint"}) {
+        EXPECT_TRUE(infoBar(name).isHidden()) << name;
     }
 }
 
-TEST_F(StripTests, thatPollingRestsIsSaidUntilGitHubGrantsMore)
+TEST_F(InfoBarTests, thatPollingRestsIsSaidUntilGitHubGrantsMore)
 {
     const Quota quota{5000, 312, clock->now() + std::chrono::minutes(10)};
     provider->setFacts(
@@ -62,85 +65,86 @@ TEST_F(StripTests, thatPollingRestsIsSaidUntilGitHubGrantsMore)
     refresh();
     runToEnd(model->askForFacts());
     EXPECT_TRUE(
-        strip("restingQuota").text().startsWith(QStringLiteral("GitHub quota 312 of 5,000")))
-        << strip("restingQuota").text().toStdString();
-    EXPECT_FALSE(strip("restingQuota").isHidden());
+        infoBar("restingQuota").text().startsWith(QStringLiteral("GitHub quota 312 of 5,000")))
+        << infoBar("restingQuota").text().toStdString();
+    EXPECT_FALSE(infoBar("restingQuota").isHidden());
     clock->advance(std::chrono::minutes(10));
-    EXPECT_TRUE(eventually([this] { return strip("restingQuota").isHidden(); }));
+    EXPECT_TRUE(eventually([this] { return infoBar("restingQuota").isHidden(); }));
 }
 
-TEST_F(StripTests, theListByWhoseTurnLeadsOnceToWhatInvolvesTheUser)
+TEST_F(InfoBarTests, theListByWhoseTurnLeadsOnceToWhatInvolvesTheUser)
 {
     model->setArrangement(Arrangement::byWhoseTurn);
     EXPECT_EQ(
-        strip("involvedHint").text(), QStringLiteral("Only what asks for your review is listed."));
-    EXPECT_FALSE(strip("involvedHint").isHidden());
+        infoBar("involvedHint").text(),
+        QStringLiteral("Only what asks for your review is listed."));
+    EXPECT_FALSE(infoBar("involvedHint").isHidden());
     press("involvedHintAction");
     EXPECT_EQ(model->settings().reviewerFilter, ReviewerFilter::involved);
-    EXPECT_TRUE(strip("involvedHint").isHidden());
+    EXPECT_TRUE(infoBar("involvedHint").isHidden());
     model->setReviewerFilter(ReviewerFilter::myself);
-    EXPECT_TRUE(strip("involvedHint").isHidden());
+    EXPECT_TRUE(infoBar("involvedHint").isHidden());
 }
 
-TEST_F(StripTests, theWayToWhatInvolvesTheUserIsNotShownAgainAfterItWasPutAway)
+TEST_F(InfoBarTests, theWayToWhatInvolvesTheUserIsNotShownAgainAfterItWasPutAway)
 {
     model->setArrangement(Arrangement::byWhoseTurn);
     press("involvedHintDismiss");
     EXPECT_EQ(model->settings().reviewerFilter, ReviewerFilter::myself);
-    EXPECT_TRUE(strip("involvedHint").isHidden());
+    EXPECT_TRUE(infoBar("involvedHint").isHidden());
     model->setArrangement(Arrangement::byReviewState);
     model->setArrangement(Arrangement::byWhoseTurn);
-    EXPECT_TRUE(strip("involvedHint").isHidden());
-    strips = std::make_unique<StripStack>(*model, nullptr);
-    EXPECT_TRUE(strip("involvedHint").isHidden());
+    EXPECT_TRUE(infoBar("involvedHint").isHidden());
+    infoBars = std::make_unique<InfoBarStack>(*model, nullptr);
+    EXPECT_TRUE(infoBar("involvedHint").isHidden());
 }
 
-TEST_F(StripTests, nobodyIsToldThatOnlyReviewsAreListedWhereMoreIs)
+TEST_F(InfoBarTests, nobodyIsToldThatOnlyReviewsAreListedWhereMoreIs)
 {
     model->setReviewerFilter(ReviewerFilter::any);
     model->setArrangement(Arrangement::byWhoseTurn);
-    EXPECT_TRUE(strip("involvedHint").isHidden());
+    EXPECT_TRUE(infoBar("involvedHint").isHidden());
     model->setReviewerFilter(ReviewerFilter::myself);
-    EXPECT_FALSE(strip("involvedHint").isHidden());
+    EXPECT_FALSE(infoBar("involvedHint").isHidden());
     model->setReviewerFilter(ReviewerFilter::any);
-    EXPECT_TRUE(strip("involvedHint").isHidden());
+    EXPECT_TRUE(infoBar("involvedHint").isHidden());
 }
 
-TEST_F(StripTests, aFailedRefreshCanBeTriedAgainAndPutAway)
+TEST_F(InfoBarTests, aFailedRefreshCanBeTriedAgainAndPutAway)
 {
     listAndFail();
     ASSERT_EQ(
-        strip("refreshError").text(),
+        infoBar("refreshError").text(),
         QStringLiteral("Showing cached data: error connecting to api.github.com"));
-    EXPECT_FALSE(strip("refreshError").isHidden());
+    EXPECT_FALSE(infoBar("refreshError").isHidden());
     press("refreshErrorDismiss");
     EXPECT_FALSE(model->refreshError());
-    EXPECT_TRUE(strip("refreshError").isHidden());
+    EXPECT_TRUE(infoBar("refreshError").isHidden());
 
     refreshInVain();
-    ASSERT_FALSE(strip("refreshError").isHidden());
+    ASSERT_FALSE(infoBar("refreshError").isHidden());
     provider->setError({});
     press("refreshErrorAction");
     ASSERT_TRUE(settle());
-    EXPECT_TRUE(strip("refreshError").isHidden());
+    EXPECT_TRUE(infoBar("refreshError").isHidden());
 }
 
-TEST_F(StripTests, aSettingsErrorCanBePutAway)
+TEST_F(InfoBarTests, aSettingsErrorCanBePutAway)
 {
     loginItem->error = "the disk is full";
     model->toggleLaunchAtLogin();
     EXPECT_EQ(
-        strip("settingsError").text(),
+        infoBar("settingsError").text(),
         QStringLiteral("Open at Login could not be changed: the disk is full"));
     press("settingsErrorDismiss");
     EXPECT_FALSE(model->settingsError());
-    EXPECT_TRUE(strip("settingsError").isHidden());
+    EXPECT_TRUE(infoBar("settingsError").isHidden());
 }
 
-TEST_F(StripTests, aTextTakesThreeLinesAtMostAndIsWholeInItsHelpText)
+TEST_F(InfoBarTests, aTextTakesThreeLinesAtMostAndIsWholeInItsHelpText)
 {
     QWidget panel;
-    Strip tall(Strip::Tone::error, QStringLiteral("tall"), &panel);
+    InfoBar tall(InfoBar::Tone::error, QStringLiteral("tall"), &panel);
     QString text;
     for (int word = 0; word < 80; ++word) {
         text += QStringLiteral("word ");
@@ -154,36 +158,36 @@ TEST_F(StripTests, aTextTakesThreeLinesAtMostAndIsWholeInItsHelpText)
     EXPECT_EQ(tall.toolTip(), QString());
 }
 
-TEST_F(StripTests, staysWhileTheNextRefreshRunsAndGoesWithItsSuccess)
+TEST_F(InfoBarTests, staysWhileTheNextRefreshRunsAndGoesWithItsSuccess)
 {
     listAndFail();
-    const QString text = strip("refreshError").text();
+    const QString text = infoBar("refreshError").text();
     ASSERT_FALSE(text.isEmpty());
     provider->setError({});
     openAndHold();
     EXPECT_FALSE(model->refreshError());
-    EXPECT_EQ(strip("refreshError").text(), text);
+    EXPECT_EQ(infoBar("refreshError").text(), text);
     releaseAndSettle();
-    EXPECT_EQ(strip("refreshError").text(), QString());
+    EXPECT_EQ(infoBar("refreshError").text(), QString());
 }
 
-TEST_F(StripTests, onceItIsPutAwayItStaysAwayUntilTheNextFailure)
+TEST_F(InfoBarTests, onceItIsPutAwayItStaysAwayUntilTheNextFailure)
 {
     listAndFail();
     provider->setError({});
     openAndHold();
     press("refreshErrorDismiss");
-    EXPECT_TRUE(strip("refreshError").isHidden());
+    EXPECT_TRUE(infoBar("refreshError").isHidden());
     releaseAndSettle();
-    EXPECT_TRUE(strip("refreshError").isHidden());
+    EXPECT_TRUE(infoBar("refreshError").isHidden());
     refreshInVain();
-    EXPECT_FALSE(strip("refreshError").isHidden());
+    EXPECT_FALSE(infoBar("refreshError").isHidden());
 }
 
-TEST_F(StripTests, aTextOfSeveralLinesIsSetAsOneAndWholeInItsHelpText)
+TEST_F(InfoBarTests, aTextOfSeveralLinesIsSetAsOneAndWholeInItsHelpText)
 {
     QWidget panel;
-    Strip one(Strip::Tone::error, QStringLiteral("one"), &panel);
+    InfoBar one(InfoBar::Tone::error, QStringLiteral("one"), &panel);
     const QString text = QStringLiteral("github.com\n  X token refused");
     one.setText(text);
     one.resize(420, one.heightForWidth(420));
@@ -192,10 +196,10 @@ TEST_F(StripTests, aTextOfSeveralLinesIsSetAsOneAndWholeInItsHelpText)
     EXPECT_EQ(one.toolTip(), text);
 }
 
-TEST_F(StripTests, slidesOpenAndShut)
+TEST_F(InfoBarTests, slidesOpenAndShut)
 {
     QWidget panel;
-    Strip sliding(Strip::Tone::error, QStringLiteral("sliding"), &panel);
+    InfoBar sliding(InfoBar::Tone::error, QStringLiteral("sliding"), &panel);
     sliding.resize(420, 0);
     panel.show();
     sliding.setText(QStringLiteral("short"));
@@ -207,11 +211,11 @@ TEST_F(StripTests, slidesOpenAndShut)
     EXPECT_TRUE(eventually([&] { return sliding.isHidden(); }));
 }
 
-TEST_F(StripTests, doesNotSlideWhereTheDesktopWantsNoMotion)
+TEST_F(InfoBarTests, doesNotSlideWhereTheDesktopWantsNoMotion)
 {
     QWidget panel;
     setApplicationStyle(1.0).setPreferences({.reducedMotion = true, .higherContrast = false});
-    Strip still(Strip::Tone::error, QStringLiteral("still"), &panel);
+    InfoBar still(InfoBar::Tone::error, QStringLiteral("still"), &panel);
     panel.show();
     still.setText(QStringLiteral("short"));
     EXPECT_EQ(still.heightForWidth(420), 32);
