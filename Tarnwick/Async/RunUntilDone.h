@@ -60,7 +60,7 @@ Result runUntilDone(QCoro::Task<Result> task)
         std::rethrow_exception(end->error);
     }
     if constexpr (!std::is_void_v<Result>) {
-        return *std::move(end->result);
+        return std::move(end->result).value();
     }
 }
 

@@ -22,6 +22,7 @@ namespace Tarnwick {
 /// request is forgotten then. Main thread only.
 class FactsQuestions final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(FactsQuestions)
 
 public:
     struct Sources {

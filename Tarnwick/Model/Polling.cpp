@@ -46,19 +46,10 @@ QCoro::Task<> Polling::run(std::stop_token stopToken)
 {
     while (!stopToken.stop_requested()) {
         const bool isRetry = isRetrying();
-        if (const auto wait = untilNext(); wait > 0ms) {
-            _pause = std::stop_source();
-            const std::stop_callback endPause(
-                stopToken, [pause = _pause]() mutable { pause.request_stop(); });
-            const auto asleep = _clock->asleep();
-            const QFuture<void> pause = _clock->sleep(wait, _pause.get_token());
-            co_await pause;
-            if (stopToken.stop_requested()) {
-                co_return;
-            }
-            if (!_isDue && _clock->asleep() > asleep) {
-                machineWoke();
-            }
+        auto pausing = pauseUntilNext(stopToken);
+        co_await pausing;
+        if (stopToken.stop_requested()) {
+            co_return;
         }
         if (isRetry && !_isDue && !isRetrying()) {
             // Another refresh has brought the list up to date meanwhile, or it took too long.
@@ -77,6 +68,23 @@ QCoro::Task<> Polling::run(std::stop_token stopToken)
         if (!stopToken.stop_requested() && _refreshing.lastEnd() == RefreshEnd::fresh) {
             _retryUntil = 0ms;
         }
+    }
+}
+
+QCoro::Task<> Polling::pauseUntilNext(std::stop_token stopToken)
+{
+    const auto wait = untilNext();
+    if (wait <= 0ms) {
+        co_return;
+    }
+    _pause = std::stop_source();
+    const std::stop_callback endPause(
+        stopToken, [pause = _pause]() mutable { pause.request_stop(); });
+    const auto asleep = _clock->asleep();
+    const QFuture<void> pause = _clock->sleep(wait, _pause.get_token());
+    co_await pause;
+    if (!stopToken.stop_requested() && !_isDue && _clock->asleep() > asleep) {
+        machineWoke();
     }
 }
 
@@ -109,7 +117,7 @@ bool Polling::isRetrying() const
 {
     const RefreshEnd end = _refreshing.lastEnd();
     const bool isWorthwhile =
-        end != RefreshEnd::fresh && !(end == RefreshEnd::signedOut && _wasSignedOut);
+        end != RefreshEnd::fresh && (end != RefreshEnd::signedOut || !_wasSignedOut);
     return isWorthwhile && _clock->elapsed() < _retryUntil;
 }
 

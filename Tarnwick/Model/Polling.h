@@ -54,6 +54,7 @@ public:
 
 private:
     QCoro::Task<> run(std::stop_token stopToken);
+    QCoro::Task<> pauseUntilNext(std::stop_token stopToken);
     QCoro::Task<> restAsLongAsNeeded(std::stop_token stopToken);
     std::chrono::milliseconds untilNext() const;
     bool isRetrying() const;

@@ -142,7 +142,7 @@ QCoro::Task<> RefreshCycle::askProvider(std::stop_token stopToken)
         return refreshResult(fetch(*provider, request, stopToken), start);
     });
     RefreshResult result = co_await fetching;
-    if (self && !stopToken.stop_requested() && _steps.accept(std::move(result), start)) {
+    if (self != nullptr && !stopToken.stop_requested() && _steps.accept(std::move(result), start)) {
         _end = RefreshEnd::fresh;
     }
 }

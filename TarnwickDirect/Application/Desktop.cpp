@@ -54,7 +54,7 @@ int runFirst(
     const QDBusConnection& bus,
     ApplicationService& service,
     const SignalHandler& signalHandler,
-    std::shared_ptr<Tarnwick::Preload> preload)
+    const std::shared_ptr<Tarnwick::Preload>& preload)
 {
     describeApplication();
     auto collaborators =
@@ -84,7 +84,7 @@ int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int a
                                  "prints the pull requests.");
     }
     // Qt looks for fonts on the main thread, too, and then finds that done.
-    auto preload = std::make_shared<Tarnwick::Preload>(
+    const auto preload = std::make_shared<Tarnwick::Preload>(
         &Tarnwick::openStandardDefaults, Tarnwick::PullRequestDiskCache{}, [] { FcInit(); });
     const Wish wish{.manner = command.manner, .platformData = PlatformData::fromEnvironment()};
     const QApplication application(argc, argv);
@@ -99,7 +99,7 @@ int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int a
         X11::endStartup(wish.platformData.startupId.toUtf8());
         return 0;
     }
-    const int status = runFirst(wish, makeUpdater, bus, service, signalHandler, std::move(preload));
+    const int status = runFirst(wish, makeUpdater, bus, service, signalHandler, preload);
     drain();
     if (signalHandler.signal()) {
         signalHandler.endProcess();

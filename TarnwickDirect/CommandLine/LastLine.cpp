@@ -57,7 +57,7 @@ void LastLine::write(std::string text)
 }
 
 /// Whether a piece of up to PIPE_BUF bytes can be written without waiting.
-bool LastLine::isWritable()
+bool LastLine::isWritable() const
 {
     return (eventsOf(_descriptor, POLLOUT) & (POLLOUT | POLLERR)) != 0;
 }

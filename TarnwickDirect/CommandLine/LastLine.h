@@ -31,7 +31,7 @@ Q_SIGNALS:
 
 private:
     void pump();
-    bool isWritable();
+    bool isWritable() const;
     void lookForReader();
     void end(int error);
 

@@ -89,8 +89,8 @@ boost::json::value detailsOf(const PullRequestMenuModel& model, const PullReques
 void addTurn(boost::json::object& row, const Turn& turn)
 {
     row["turn"] = nameOf(turn.whose);
-    if (std::string reason = reasonText(turn); !reason.empty()) {
-        row["reason"] = std::move(reason);
+    if (const std::string reason = reasonText(turn); !reason.empty()) {
+        row["reason"] = reason;
     }
 }
 

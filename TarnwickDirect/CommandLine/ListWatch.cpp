@@ -71,8 +71,8 @@ void ListWatch::readFiles()
 Status ListWatch::current()
 {
     _staleTimer.stop();
-    if (_program.status() && _program.status()->lastRefreshed) {
-        return *_program.status();
+    if (const auto& told = _program.status(); told && told->lastRefreshed) {
+        return *told;
     }
     Status status = _onDisk;
     if (status.lastRefreshed) {

@@ -34,7 +34,7 @@ private:
 
     static constexpr std::size_t size = 64 * std::size_t{1024};
 
-    std::array<char, size> _buffer;
+    std::array<char, size> _buffer{};
     std::ostream _stream;
     int _error = 0;
     void (*_formerHandler)(int);

@@ -6,6 +6,8 @@
 #include <QDBusMetaType>
 #include <QHash>
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace TarnwickDirect {
@@ -15,6 +17,23 @@ using PullRequestKit::PullRequestRow;
 namespace {
 
 constexpr const char* interface = "org.gnome.Shell.SearchProvider2";
+
+constexpr QLatin1String initialResults("GetInitialResultSet");
+constexpr QLatin1String laterResults("GetSubsearchResultSet");
+constexpr QLatin1String describing("GetResultMetas");
+constexpr QLatin1String activation("ActivateResult");
+
+struct Method {
+    QLatin1String name;
+    const char* signature = nullptr;
+};
+
+constexpr std::array<Method, 5> methods{
+    {{initialResults, "as"},
+     {laterResults, "asas"},
+     {describing, "as"},
+     {activation, "sasu"},
+     {QLatin1String("LaunchSearch"), "asu"}}};
 
 QString keyOf(const PullRequestRow& row)
 {
@@ -92,35 +111,37 @@ bool GnomeSearch::handle(const QDBusMessage& call, const QDBusConnection& bus)
     if (call.interface() != QLatin1String(interface)) {
         return false;
     }
-    const auto answer = [&](const QVariant& value) { bus.send(call.createReply(value)); };
-    const QVariantList arguments = call.arguments();
     const QString member = call.member();
-    if (member == QLatin1String("GetInitialResultSet")) {
-        if (hasSignature(call, bus, "as")) {
-            answer(keysOf(arguments.at(0).toStringList()));
-        }
-    } else if (member == QLatin1String("GetSubsearchResultSet")) {
-        if (hasSignature(call, bus, "asas")) {
-            answer(keysOf(arguments.at(1).toStringList()));
-        }
-    } else if (member == QLatin1String("GetResultMetas")) {
-        if (hasSignature(call, bus, "as")) {
-            answer(QVariant::fromValue(describe(arguments.at(0).toStringList())));
-        }
-    } else if (member == QLatin1String("ActivateResult")) {
-        if (hasSignature(call, bus, "sasu")) {
-            bus.send(call.createReply());
-            _source.open(arguments.at(0).toString());
-        }
-    } else if (member == QLatin1String("LaunchSearch")) {
-        if (hasSignature(call, bus, "asu")) {
-            bus.send(call.createReply());
-            _source.showAll(arguments.at(0).toStringList().join(QLatin1Char(' ')));
-        }
-    } else {
+    const auto* const method =
+        std::ranges::find_if(methods, [&](const Method& each) { return member == each.name; });
+    if (method == methods.end()) {
         return false;
     }
+    if (hasSignature(call, bus, method->signature)) {
+        answer(call, bus);
+    }
     return true;
+}
+
+/// Requires: the arguments are the method's.
+void GnomeSearch::answer(const QDBusMessage& call, const QDBusConnection& bus)
+{
+    const auto reply = [&](const QVariant& value) { bus.send(call.createReply(value)); };
+    const QVariantList arguments = call.arguments();
+    const QString member = call.member();
+    if (member == initialResults) {
+        reply(keysOf(arguments.at(0).toStringList()));
+    } else if (member == laterResults) {
+        reply(keysOf(arguments.at(1).toStringList()));
+    } else if (member == describing) {
+        reply(QVariant::fromValue(describe(arguments.at(0).toStringList())));
+    } else if (member == activation) {
+        bus.send(call.createReply());
+        _source.open(arguments.at(0).toString());
+    } else {
+        bus.send(call.createReply());
+        _source.showAll(arguments.at(0).toStringList().join(QLatin1Char(' ')));
+    }
 }
 
 }  // namespace TarnwickDirect

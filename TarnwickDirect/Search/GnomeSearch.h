@@ -16,6 +16,7 @@ public:
 private:
     QStringList keysOf(const QStringList& terms) const;
     QList<QVariantMap> describe(const QStringList& keys) const;
+    void answer(const QDBusMessage& call, const QDBusConnection& bus);
 
     SearchSource _source;
 };

@@ -49,7 +49,7 @@ QDBusArgument& operator<<(QDBusArgument& argument, const Match& match)
 
 const QDBusArgument& operator>>(const QDBusArgument& argument, Match& /*match*/)
 {
-    return argument;  // Nobody sends one.
+    return argument;  // NOLINT(bugprone-return-const-ref-from-parameter): nobody sends one.
 }
 
 QDBusArgument& operator<<(QDBusArgument& argument, const Action& action)
@@ -62,7 +62,7 @@ QDBusArgument& operator<<(QDBusArgument& argument, const Action& action)
 
 const QDBusArgument& operator>>(const QDBusArgument& argument, Action& /*action*/)
 {
-    return argument;  // Nobody sends one.
+    return argument;  // NOLINT(bugprone-return-const-ref-from-parameter): nobody sends one.
 }
 
 /// The launcher takes some markup for its own.

@@ -35,6 +35,17 @@ bool runsOn(const AppcastItem& item, const QString& systemVersion)
            || compareVersions(item.minimumSystemVersion, systemVersion) <= 0;
 }
 
+bool isInstallable(const AppcastItem& item, const UpdateNeeds& needs)
+{
+    return isNewer(item, needs.ownVersion) && runsOn(item, needs.systemVersion);
+}
+
+bool isSkipped(const UpdateOffer& offer, const UpdateNeeds& needs)
+{
+    return !needs.skippedVersion.isEmpty()
+           && compareVersions(offer.version, needs.skippedVersion) == 0;
+}
+
 bool isCriticalFor(const AppcastItem& item, const QString& version)
 {
     return item.isCritical
@@ -77,7 +88,7 @@ std::variant<UpdateOffer, NoUpdate> chooseUpdate(const Appcast& feed, const Upda
         if (newest == nullptr || isNewer(item, newest->version)) {
             newest = &item;
         }
-        if (!isNewer(item, needs.ownVersion) || !runsOn(item, needs.systemVersion)) {
+        if (!isInstallable(item, needs)) {
             continue;
         }
         isCritical = isCritical || isCriticalFor(item, needs.ownVersion);
@@ -90,9 +101,7 @@ std::variant<UpdateOffer, NoUpdate> chooseUpdate(const Appcast& feed, const Upda
     }
     const auto file = std::ranges::find_if(chosen->enclosures, isSuitable);
     UpdateOffer offer = makeOffer(*chosen, *file, isCritical);
-    const bool isSkipped = !needs.skippedVersion.isEmpty()
-                           && compareVersions(offer.version, needs.skippedVersion) == 0;
-    if (isSkipped && !isCritical) {
+    if (isSkipped(offer, needs) && !isCritical) {
         return NoUpdate{QStringLiteral("Tarnwick %1 is available, and you have skipped it.")
                             .arg(offer.displayedVersion)};
     }

@@ -82,32 +82,32 @@ void UpdateDialog::setPage(const std::optional<UpdatePage>& page)
         return;
     }
     const bool isAnother = !before || before->actions != page->actions;
-    showPage();
+    showPage(*page);
     if (isAnother) {
-        makeButtons();
+        makeButtons(page->actions);
     }
     fit();
     if (isAnother) {
-        comeInSight();
+        comeInSight(page->wasAskedFor);
     }
 }
 
-void UpdateDialog::showPage()
+void UpdateDialog::showPage(const UpdatePage& page)
 {
-    setAccessibleName(_page->title);
-    setAccessibleDescription(_page->message);
-    setText(*_title, _page->title);
-    setText(*_message, _page->message);
-    setText(*_notes, _page->notes);
-    _notesFrame->setVisible(!_page->notes.isEmpty());
-    _progress->setVisible(_page->isBusy || _page->progress);
+    setAccessibleName(page.title);
+    setAccessibleDescription(page.message);
+    setText(*_title, page.title);
+    setText(*_message, page.message);
+    setText(*_notes, page.notes);
+    _notesFrame->setVisible(!page.notes.isEmpty());
+    _progress->setVisible(page.isBusy || page.progress);
     // A range of nothing is shown as going on.
-    _progress->setRange(0, _page->isBusy ? 0 : 100);
-    _progress->setValue(int(_page->progress.value_or(0) * 100));
+    _progress->setRange(0, page.isBusy ? 0 : 100);
+    _progress->setValue(int(page.progress.value_or(0) * 100));
 }
 
 /// Skipping stands apart at the left.
-void UpdateDialog::makeButtons()
+void UpdateDialog::makeButtons(const std::vector<UpdateAction>& actions)
 {
     while (QLayoutItem* const item = _buttons->takeAt(0)) {
         if (QWidget* const button = item->widget()) {
@@ -117,13 +117,13 @@ void UpdateDialog::makeButtons()
         }
         delete item;
     }
-    const bool canSkip = _page->actions.front() == UpdateAction::skip;
-    for (const UpdateAction action : _page->actions) {
+    const bool canSkip = actions.front() == UpdateAction::skip;
+    for (const UpdateAction action : actions) {
         auto* const button = new QPushButton(textOf(action), this);
         button->setObjectName(QStringLiteral("updateButton"));
         connect(button, &QPushButton::clicked, this, [this, action] { Q_EMIT triggered(action); });
         _buttons->addWidget(button);
-        button->setDefault(action == _page->actions.back());
+        button->setDefault(action == actions.back());
         button->show();
         button->setFocus(Qt::PopupFocusReason);
     }
@@ -145,7 +145,7 @@ void UpdateDialog::fit()
     setFixedSize(width, layout()->totalHeightForWidth(width));
 }
 
-void UpdateDialog::comeInSight()
+void UpdateDialog::comeInSight(bool wasAskedFor)
 {
     if (isVisible()) {
         if (!isActiveWindow()) {
@@ -153,8 +153,8 @@ void UpdateDialog::comeInSight()
         }
         return;
     }
-    setAttribute(Qt::WA_ShowWithoutActivating, !_page->wasAskedFor);
-    if (_page->wasAskedFor) {
+    setAttribute(Qt::WA_ShowWithoutActivating, !wasAskedFor);
+    if (wasAskedFor) {
         _bringToFront(*this);
     } else {
         show();

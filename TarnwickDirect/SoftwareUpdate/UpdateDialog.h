@@ -34,10 +34,10 @@ Q_SIGNALS:
     void triggered(TarnwickDirect::UpdateAction action);
 
 private:
-    void showPage();
-    void makeButtons();
+    void showPage(const UpdatePage& page);
+    void makeButtons(const std::vector<UpdateAction>& actions);
     void fit();
-    void comeInSight();
+    void comeInSight(bool wasAskedFor);
 
     std::function<void(QWidget&)> _bringToFront;
     std::optional<UpdatePage> _page;

@@ -17,15 +17,16 @@ bool isForbidden(QChar character)
 
 std::uint64_t checkedLength(const AppcastEnclosure& enclosure, const QString& version)
 {
-    if (enclosure.length.value_or(0) == 0) {
+    const std::uint64_t length = enclosure.length.value_or(0);
+    if (length == 0) {
         throw UpdateError(
             QStringLiteral("The update feed does not give the size of version %1.").arg(version));
     }
-    if (*enclosure.length > downloadSizeLimit) {
+    if (length > downloadSizeLimit) {
         throw UpdateError(
             QStringLiteral("The update feed gives version %1 a size above 1 GiB.").arg(version));
     }
-    return *enclosure.length;
+    return length;
 }
 
 Ed25519::Signature checkedSignature(const AppcastEnclosure& enclosure, const QString& version)

@@ -18,7 +18,7 @@ constexpr int longestReason = 40;
 /// At most this many characters as a reader sees them, without ones that steer.
 QString shortened(const std::string& text, int most)
 {
-    const QString line = QString::fromStdString(singleLine(text)).simplified();
+    QString line = QString::fromStdString(singleLine(text)).simplified();
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, line);
     qsizetype end = 0;
     for (int count = 0; count < most; ++count) {

@@ -44,7 +44,7 @@ QString subject(const TrayStatus& status)
 
 QString trayText(const TrayStatus& status, const QDateTime& now, const QLocale& locale)
 {
-    const QString what = subject(status);
+    QString what = subject(status);
     // Without a list there is nothing that a time would belong to.
     if (!status.lastRefreshed || what == programName) {
         return what;

@@ -155,7 +155,7 @@ protected:
     GitHub::GitHubProvider providerOf(
         const std::string& script, std::chrono::milliseconds timeout = 30s)
     {
-        const auto file = folder() / "gh";
+        auto file = folder() / "gh";
         std::ofstream(file) << "#!/bin/sh\n" << script << "\n";
         std::filesystem::permissions(file, std::filesystem::perms::owner_all);
         return {

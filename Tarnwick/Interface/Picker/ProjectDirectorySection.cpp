@@ -115,7 +115,7 @@ QCoro::Task<> ProjectDirectorySection::lookForFolder()
         return folder.empty() || std::filesystem::is_directory(folder, error);
     });
     const bool isThere = co_await looking;
-    if (self && asked == setting()) {
+    if (self != nullptr && asked == setting()) {
         _missing = isThere ? QString() : asked;
         showNote();
     }
