@@ -168,19 +168,27 @@ void synchronizeFolder(const std::filesystem::path& folder)
     }
 }
 
-/// Removes what processes left that were killed while they wrote the target. What is younger than a
-/// minute may still be written to.
+/// Whether a process wrote this for the target and did not live to put it in place. What is beside
+/// a file of JSON is the program's own, too, and some of it is seldom written again.
+bool isLeftover(const std::filesystem::path& file, const std::filesystem::path& target)
+{
+    const std::string extension = file.extension().string();
+    const std::filesystem::path meant = file.stem();
+    return !extension.empty() && isMark(std::string_view(extension).substr(1))
+           && (meant == target.filename()
+               || (target.extension() == ".json" && meant.extension() == ".json"));
+}
+
+/// Removes what killed processes left. What is younger than a minute may still be written to.
 void removeLeftovers(const std::filesystem::path& target)
 {
     constexpr std::chrono::minutes inUse{1};
     const auto limit = std::filesystem::file_time_type::clock::now() - inUse;
-    const std::string prefix = target.filename().string() + ".";
     std::error_code error;
     for (std::filesystem::directory_iterator entry(target.parent_path(), error), end;
          !error && entry != end;
          entry.increment(error)) {
-        const std::string name = entry->path().filename().string();
-        if (!name.starts_with(prefix) || !isMark(std::string_view(name).substr(prefix.size()))) {
+        if (!isLeftover(entry->path(), target)) {
             continue;
         }
         std::error_code reason;

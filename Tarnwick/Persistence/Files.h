@@ -25,8 +25,9 @@ std::optional<std::string> read(const std::filesystem::path& path, std::size_t l
 
 /// Puts a new file with these contents and these permissions in the place of the old one, once it
 /// is on disk to the last byte. After an error the old file is as it was and nothing is left beside
-/// it; what a killed process has left beside it more than a minute ago is removed. A symbolic link
-/// stays, and what it leads to is replaced. Missing folders are made.
+/// it; what a killed process has left beside it more than a minute ago is removed, and beside a
+/// file of JSON what was to be another one of them. A symbolic link stays, and what it leads to is
+/// replaced. Missing folders are made.
 void replace(const std::filesystem::path& path, std::string_view contents, mode_t permissions);
 
 /// Tells one state of a file from another without reading it.

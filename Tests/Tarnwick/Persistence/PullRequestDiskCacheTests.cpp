@@ -231,6 +231,26 @@ TEST_F(PullRequestDiskCacheTest, replacesTheFileAsAWhole)
     EXPECT_THAT(cache.load(), Optional(smallSnapshot()));
 }
 
+TEST_F(PullRequestDiskCacheTest, removesWhatKilledProcessesLeftOfTheFilesBesideIt)
+{
+    for (const char* const name :
+         {"pull-requests.json.aB3xyz",
+          "search.json.Zm6XE0",
+          "search.json.backup",
+          "notes.Zm6XE0"}) {
+        writeFile(folder / name, "{");
+        std::filesystem::last_write_time(
+            folder / name,
+            std::filesystem::file_time_type::clock::now() - std::chrono::seconds(61));
+    }
+    writeFile(folder / "search.json.Zm6XE1", "{");
+    cache.save(smallSnapshot());
+    EXPECT_THAT(
+        folder.names(),
+        UnorderedElementsAre(
+            "notes.Zm6XE0", "pull-requests.json", "search.json.Zm6XE1", "search.json.backup"));
+}
+
 TEST_F(PullRequestDiskCacheTest, leavesAFileThatItCannotDecodeAsItIs)
 {
     const std::vector<std::string> texts{
