@@ -52,9 +52,13 @@ void pageDecodingAndMapping(benchmark::State& state)
 {
     const std::string text = Benchmarks::searchPage();
     for ([[maybe_unused]] auto iteration : state) {
-        auto data = PullRequestKit::Json::decode<SearchEnvelope>(text).data.value();
+        auto envelope = PullRequestKit::Json::decode<SearchEnvelope>(text);
+        if (!envelope.data) {
+            state.SkipWithError("The page has no data.");
+            break;
+        }
         PullRequestKit::SharedTexts texts;
-        for (GitHub::Node& node : data.search.nodes) {
+        for (GitHub::Node& node : envelope.data->search.nodes) {
             benchmark::DoNotOptimize(
                 GitHub::mapPullRequest(std::move(node), "github.com", std::nullopt, texts));
         }

@@ -53,15 +53,17 @@ Result runUntilDone(QCoro::Task<Result> task)
     if (!end->isOver) {
         end->loop.exec();
     }
-    if (!end->isOver) {
-        throw PullRequestKit::CancellationError();
-    }
     if (end->error) {
         std::rethrow_exception(end->error);
     }
-    if constexpr (!std::is_void_v<Result>) {
-        return std::move(end->result).value();
+    if constexpr (std::is_void_v<Result>) {
+        if (end->isOver) {
+            return;
+        }
+    } else if (end->result) {
+        return *std::move(end->result);
     }
+    throw PullRequestKit::CancellationError();
 }
 
 }  // namespace Tarnwick

@@ -77,8 +77,7 @@ void SnapshotWriter::perform(const Write& write)
 {
     try {
         write();
-    } catch (const std::exception&) {
-        // The next one is written, too.
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): the next one is written.
     }
     const std::lock_guard lock(_mutex);
     _isWriting = false;
