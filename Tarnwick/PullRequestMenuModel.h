@@ -252,7 +252,10 @@ public:
         assign(_refreshError, std::nullopt, &PullRequestMenuModel::refreshErrorChanged);
     }
 
-    void dismissSettingsError() { setSettingsError(std::nullopt); }
+    void dismissSettingsError()
+    {
+        assign(_settingsError, std::nullopt, &PullRequestMenuModel::settingsErrorChanged);
+    }
 
 Q_SIGNALS:
     void stateChanged();

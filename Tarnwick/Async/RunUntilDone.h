@@ -60,8 +60,8 @@ Result runUntilDone(QCoro::Task<Result> task)
         if (end->isOver) {
             return;
         }
-    } else if (end->result) {
-        return *std::move(end->result);
+    } else if (auto& result = end->result) {
+        return *std::move(result);
     }
     throw PullRequestKit::CancellationError();
 }
