@@ -69,8 +69,12 @@ void TitleLayout::elideLastLine(const QString& title, double width)
     _layout.beginLayout();
     // It breaks where it did before. A number of columns would not tell where: letters that the
     // font draws as one count for one.
-    _layout.createLine().setLineWidth(width);
-    _layout.createLine().setLineWidth(endless);
+    for (const double most : {width, endless}) {
+        // What is shortened may fit into one line.
+        if (QTextLine line = _layout.createLine(); line.isValid()) {
+            line.setLineWidth(most);
+        }
+    }
     _layout.endLayout();
 }
 
