@@ -70,7 +70,7 @@ void TitleLayout::elideLastLine(const QString& title, double width)
     // It breaks where it did before. A number of columns would not tell where: letters that the
     // font draws as one count for one.
     for (const double most : {width, endless}) {
-        // What is shortened may fit into one line.
+        // Without room for the ellipsis there is no second line.
         if (QTextLine line = _layout.createLine(); line.isValid()) {
             line.setLineWidth(most);
         }

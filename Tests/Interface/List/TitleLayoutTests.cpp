@@ -52,6 +52,16 @@ TEST(TitleLayout, whatDoesNotFitInTwoLinesIsElided)
     EXPECT_TRUE(text.startsWith(title.shownText().chopped(1).trimmed()));
 }
 
+TEST(TitleLayout, aColumnWithoutRoomForTheEllipsisLeavesOneLine)
+{
+    // As before a window has its size.
+    for (const int width : {-8, 0, 4}) {
+        const TitleLayout title(u"Retry uploads with exponential back-off"_s, style(), width);
+        EXPECT_EQ(title.lineCount(), 1);
+        EXPECT_TRUE(title.isElided());
+    }
+}
+
 TEST(TitleLayout, anElidedTitleBreaksBetweenWords)
 {
     // Letters that the font draws as one, such as the two of "written", count for one column.
