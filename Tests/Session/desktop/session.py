@@ -138,6 +138,9 @@ class Session:
             "the display",
         )
         self.screen = Screen(self.processes)
+        # The first key that is sent makes the test keyboard the one in use. A window manager binds
+        # its keys anew then, and loses one that comes meanwhile.
+        self.screen.key("Shift_L")
 
     def start_weston(self):
         """A Wayland compositor without a screen, in the place of the display."""
