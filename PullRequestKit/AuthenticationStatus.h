@@ -6,29 +6,27 @@
 
 namespace PullRequestKit {
 
-/// Signed in; the login where it is known.
+/// Signed in; without an account when the login is unknown.
 struct Authenticated {
     std::optional<std::string> account;
 
     bool operator==(const Authenticated&) const = default;
 };
 
-/// The service's tool is there but not signed in; the text to show.
+/// The service's tool is installed but not signed in. `message` is for the user.
 struct NotAuthenticated {
     std::string message;
 
     bool operator==(const NotAuthenticated&) const = default;
 };
 
-/// The provider cannot be used at all; the text to show.
+/// The provider cannot be used. `message` is for the user.
 struct Unavailable {
     std::string message;
 
-    /// The tool works and signing in would not help: the service is out of reach, or takes no
-    /// further requests for now.
+    /// Signing in would not help: the service is unreachable or currently refuses requests.
     bool isServiceOutOfReach = false;
 
-    /// By the message alone, which says the reason.
     bool operator==(const Unavailable& other) const { return message == other.message; }
 };
 

@@ -7,7 +7,6 @@
 
 namespace PullRequestKit {
 
-/// A branch of one repository. The same name in another repository is another branch.
 struct BranchReference {
     std::string repository;  ///< owner/name
     std::string name;

@@ -9,7 +9,7 @@ namespace {
 
 using std::chrono::year_month_day;
 
-/// Takes a text apart from its front; once a piece does not fit, everything after it fails too.
+/// Parses a text from its front. After the first mismatch every further call fails.
 class Scanner {
 public:
     explicit Scanner(std::string_view text)
@@ -56,7 +56,7 @@ constexpr bool isTimeOfDay(int hour, int minute, int second)
     return hour <= 23 && minute <= 59 && second <= 59;
 }
 
-/// How far the zone's clock is ahead of UTC, or nothing when the text is no zone.
+/// The zone's offset from UTC; nothing when the text is not a zone.
 std::optional<std::chrono::minutes> scanZone(Scanner& scanner)
 {
     if (scanner.skip('Z')) {

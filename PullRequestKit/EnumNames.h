@@ -8,9 +8,9 @@
 
 namespace PullRequestKit {
 
-/// The texts under which an enumeration's cases are stored, in the order of the cases. An
-/// enumeration that is written to JSON or to the settings specialises it with one constant:
-/// `static constexpr auto names = enumNames<E>({{E::open, "open"}, …});`
+/// The stored names of an enumeration's cases, in their order. A stored enumeration specializes it
+/// with `static constexpr auto names = enumNames<E>({{E::open, "open"}, …});`. All functions here
+/// are safe from any thread.
 template<typename E>
 struct EnumNames;
 
@@ -24,7 +24,6 @@ constexpr std::array<std::pair<E, std::string_view>, count> enumNames(
 template<typename E>
 concept NamedEnum = requires { EnumNames<E>::names; };
 
-/// The stored text of a case. Safe from any thread.
 template<NamedEnum E>
 constexpr std::string_view nameOf(E value)
 {
@@ -36,7 +35,7 @@ constexpr std::string_view nameOf(E value)
     return {};
 }
 
-/// The case stored under exactly this text, or nothing. Safe from any thread.
+/// The case with exactly this name, or nothing.
 template<NamedEnum E>
 constexpr std::optional<E> enumNamed(std::string_view text)
 {
@@ -48,7 +47,6 @@ constexpr std::optional<E> enumNamed(std::string_view text)
     return std::nullopt;
 }
 
-/// Every case, in order. Safe from any thread.
 template<NamedEnum E>
 constexpr auto allCases()
 {

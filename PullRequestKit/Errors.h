@@ -6,8 +6,7 @@
 
 namespace PullRequestKit {
 
-/// A provider could not do what it was asked; `message` is the English sentence the user reads,
-/// unchanged. `what()` is the same text.
+/// A provider failed. `message()` is an English sentence for the user.
 class ProviderError : public std::runtime_error {
 public:
     explicit ProviderError(const std::string& message)
@@ -17,14 +16,14 @@ public:
     std::string message() const { return what(); }
 };
 
-/// The service refuses requests for a while, because too many came within a short time, however
-/// much of the hour's quota is left. Requests that follow soon prolong it.
+/// The service refuses requests for a while because too many came in a short time. This is
+/// independent of the hourly quota, and further requests prolong it.
 class SecondaryLimitError : public ProviderError {
 public:
     using ProviderError::ProviderError;
 };
 
-/// The caller's `std::stop_token` asked for an end. Never shown: the caller that cancelled knows.
+/// The caller's `std::stop_token` was stopped. Never shown.
 class CancellationError : public std::runtime_error {
 public:
     CancellationError()
@@ -32,11 +31,11 @@ public:
     {}
 };
 
-/// A JSON document is not what it should be. `path` names the offending value, such as
-/// `data.search.nodes[3].number`; it is empty when the document as a whole is meant.
+/// A JSON document does not have the expected form. `path` names the offending value, such as
+/// `data.search.nodes[3].number`; it is empty for the document as a whole.
 class DecodingError : public std::runtime_error {
 public:
-    /// `problem` continues the sentence that the path begins, such as "is not a whole number".
+    /// `problem` completes the sentence that begins with the path, such as "is not a whole number".
     DecodingError(std::string path, const std::string& problem)
         : std::runtime_error(
               "The data could not be read: " + (path.empty() ? "it" : path) + " " + problem + ".")

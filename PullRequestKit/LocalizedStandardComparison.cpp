@@ -15,8 +15,8 @@
 namespace PullRequestKit::Detail {
 namespace {
 
-/// The user's locale, or the one that all languages share where the user has none: ICU reads the C
-/// locale as en_US_POSIX, which sorts by bytes.
+/// The user's locale, or the root locale if none is set: ICU would read the C locale as
+/// en_US_POSIX, which sorts by bytes.
 icu::Locale collationLocale()
 {
     const icu::Locale& users = icu::Locale::getDefault();
@@ -29,7 +29,7 @@ std::unique_ptr<icu::Collator> makeCollator()
     std::unique_ptr<icu::Collator> collator(
         icu::Collator::createInstance(collationLocale(), status));
     if (U_SUCCESS(status) != 0) {
-        // Secondary differences are those of accents; letter case would be the third.
+        // Secondary strength compares accents but not letter case.
         collator->setStrength(icu::Collator::SECONDARY);
         collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
     }

@@ -8,16 +8,15 @@
 
 namespace PullRequestKit {
 
-/// Sorts names as a file browser does, in the user's language: without regard to letter case, runs
-/// of digits by their number (`repo2` before `repo10`). `nameOf` gives an element's name in UTF-8.
-/// Elements whose names compare equal keep their order. Safe from any thread.
+/// Sorts names like a file browser, in the user's language: ignoring letter case, with digits
+/// compared as numbers (`repo2` before `repo10`). `nameOf` returns an element's name in UTF-8. The
+/// sort is stable. Safe from any thread.
 template<typename Element, typename NameOf>
 void sortByLocalizedName(std::vector<Element>& elements, NameOf nameOf);
 
 namespace Detail {
 
-/// The order in which elements with these names go: the first number is the place of the name that
-/// comes first.
+/// The positions of these names in sorted order.
 std::vector<std::size_t> localizedOrder(const std::vector<std::string_view>& names);
 
 }  // namespace Detail

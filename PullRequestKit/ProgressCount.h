@@ -8,7 +8,6 @@
 
 namespace PullRequestKit {
 
-/// How far something that comes in pieces has got: reviews of the requested reviewers, or checks.
 struct ProgressCount {
     std::int64_t completed = 0;
     std::int64_t total = 0;

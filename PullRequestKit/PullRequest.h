@@ -14,7 +14,6 @@
 
 namespace PullRequestKit {
 
-/// One pull request as it was at the time of a refresh.
 struct PullRequest {
     PullRequestID id;
     std::string title;
@@ -25,8 +24,8 @@ struct PullRequest {
     PullRequestState state = PullRequestState::open;
     bool isDraft = false;
     PullRequestMergeability mergeability = PullRequestMergeability::unknown;
-    BranchReference head;  ///< The branch that the pull request brings in.
-    BranchReference base;  ///< The branch that it targets.
+    BranchReference head;
+    BranchReference base;
     ReviewState reviewState = ReviewState::none;
     ReviewActivity reviewActivity;
     ProgressCount reviews;
@@ -38,14 +37,13 @@ struct PullRequest {
 
     bool hasMergeConflict() const;
 
-    /// Something stands in the way: a conflict, requested changes, or a failed check.
+    /// Has a conflict, requested changes or a failed check.
     bool isBlocked() const;
 
-    /// Nothing is left to wait for but approvals. Not the negation of `isBlocked`: a pull request
-    /// can be neither.
+    /// Waits for nothing but approvals. Not the negation of `isBlocked`: both can be false.
     bool isUnblocked() const;
 
-    /// "completed/total", or "completed/required/total" when a number of approvals is required.
+    /// "completed/total", or "completed/required/total" when approvals are required.
     std::string reviewCountLabel() const;
     std::string reviewCountTooltip() const;
 
@@ -56,11 +54,11 @@ struct PullRequest {
 struct PullRequestOmissions {
     std::optional<PullRequestMergeability> mergeability;
     std::optional<ReviewActivity> reviewActivity;
-    bool hasMergeConflict = false;  ///< Decides where `mergeability` is left open.
+    bool hasMergeConflict = false;  ///< Used when `mergeability` is omitted.
 };
 
-/// `fields` with `mergeability` and `reviewActivity` as given, or worked out from the conflict flag
-/// and from the review state and count where they are left open. Safe from any thread.
+/// Completes `fields` with `mergeability` and `reviewActivity`. What is omitted is derived from the
+/// conflict flag, and from the review state and count. Safe from any thread.
 PullRequest makePullRequest(PullRequest fields, const PullRequestOmissions& omissions);
 
 template<>
@@ -84,8 +82,8 @@ struct Json::Fields<PullRequest> {
         field("requiredApprovingReviewCount", &PullRequest::requiredApprovingReviewCount),
     };
 
-    /// Fills in what older documents lack: they have "hasMergeConflict" in place of "mergeability",
-    /// or no "reviewActivity", or one from before commented reviews were told apart.
+    /// Upgrades older documents: "hasMergeConflict" instead of "mergeability", and a missing or
+    /// older "reviewActivity".
     static void finish(
         PullRequest& pullRequest, const boost::json::object& object, const Path& path);
 };

@@ -15,13 +15,12 @@
 
 namespace PullRequestKit {
 
-/// The result of one review.
 enum class ReviewVerdict {
     approved,
     changesRequested,
     commented,
     dismissed,
-    pending,  ///< Begun by the user and not submitted yet; nobody else sees it.
+    pending,  ///< A draft of the user's own review, visible to nobody else.
 };
 
 struct LatestReview {
@@ -31,24 +30,24 @@ struct LatestReview {
     bool operator==(const LatestReview&) const = default;
 };
 
-/// The names behind the counts of a pull request, in the order of the service's answer. They are
-/// optional: a pull request without them is listed as ever. The names are other people's texts.
+/// The names behind the counts of a pull request, in the service's order. The names are untrusted
+/// text. A pull request may have no details.
 struct PullRequestDetails {
-    std::vector<std::string> requestedUsers;  ///< Logins, each once.
-    std::vector<std::string> requestedTeams;  ///< Names, each once.
+    std::vector<std::string> requestedUsers;  ///< Logins without duplicates.
+    std::vector<std::string> requestedTeams;  ///< Names without duplicates.
     std::vector<LatestReview> reviews;        ///< The latest review of each reviewer.
     std::vector<SharedText> passedChecks;
     std::vector<SharedText> failedChecks;
-    std::vector<SharedText> runningChecks;  ///< Neither passed nor failed, so queued ones as well.
+    std::vector<SharedText> runningChecks;  ///< Running or queued.
 
-    /// A limit is set when the answer held as many entries as the service hands out: there may be
-    /// more, which neither the names nor the counts of the record include.
+    /// Set when the service returned its maximum number of entries. There may be more, which
+    /// neither the names nor the counts include.
     std::optional<std::int64_t> requestLimit;
     std::optional<std::int64_t> reviewLimit;
     std::optional<std::int64_t> checkLimit;
 
-    /// It was found by the search for what asks for the user's review, so the user or one of the
-    /// user's teams is among those who are asked. When false, that is not known.
+    /// The pull request requests a review from the user or one of the user's teams. False means
+    /// unknown.
     bool asksForUser = false;
 
     bool isCutOff() const { return requestLimit || reviewLimit || checkLimit; }
@@ -59,9 +58,9 @@ struct PullRequestDetails {
 using DetailsByID = std::unordered_map<PullRequestID, PullRequestDetails>;
 using SharedDetails = std::shared_ptr<const DetailsByID>;
 
-/// The details of each pull request: where an identity occurs twice, those of the version that
-/// `uniquePullRequests` keeps; it asks for the user when any of them does. Requires: details for
-/// each pull request in the same order, or none. Safe from any thread.
+/// Maps details to their pull requests. For a duplicate identity, the version that
+/// `uniquePullRequests` keeps wins, and `asksForUser` is set if any version has it. Requires: one
+/// entry per pull request in the same order, or none. Safe from any thread.
 DetailsByID detailsByID(
     std::span<const PullRequest> pullRequests, std::vector<PullRequestDetails> details);
 

@@ -12,23 +12,21 @@
 
 namespace PullRequestKit {
 
-/// What the rules of the base branch make of the reviews.
 enum class ReviewDecision {
     approved,
     changesRequested,
     reviewRequired,
 };
 
-/// The latest review that the user has given.
 struct OwnReview {
     ReviewVerdict verdict = ReviewVerdict::pending;
     std::optional<Date> submittedAt;
-    std::optional<std::string> commit;  ///< Its hash; nothing when the commit is gone.
+    std::optional<std::string> commit;  ///< Its hash; nothing when the commit no longer exists.
 
     bool operator==(const OwnReview&) const = default;
 };
 
-/// A place in a stack that the service itself keeps.
+/// A position in one of the service's own stacks.
 struct StackPlace {
     std::int64_t number = 0;    ///< Of the stack.
     std::int64_t position = 0;  ///< From 1.
@@ -37,19 +35,19 @@ struct StackPlace {
     bool operator==(const StackPlace&) const = default;
 };
 
-/// What is asked for apart from the list, because the list's requests do not bring it. Facts are
-/// optional: a pull request without them is listed as ever.
+/// Additional data of a pull request, requested separately from the list. A pull request may have
+/// no facts.
 struct PullRequestFacts {
-    Date askedAt;    ///< When they were asked for.
-    Date updatedAt;  ///< Of the pull request that they were asked for.
+    Date askedAt;    ///< Time of the request.
+    Date updatedAt;  ///< `updatedAt` of the pull request at the request.
     std::string headCommit;
-    std::optional<ReviewDecision> reviewDecision;  ///< Nothing where no rule asks for reviews.
+    std::optional<ReviewDecision> reviewDecision;  ///< Nothing when no rule requires reviews.
     bool isInMergeQueue = false;
     std::optional<std::int64_t> mergeQueuePosition;  ///< From 1.
     bool isAutoMergeEnabled = false;
     std::optional<OwnReview> ownReview;
-    std::int64_t threadCount = 0;      ///< Review threads in all.
-    std::int64_t openThreadCount = 0;  ///< Of the first hundred, those that are not resolved.
+    std::int64_t threadCount = 0;
+    std::int64_t openThreadCount = 0;  ///< Unresolved ones among the first hundred.
     std::optional<StackPlace> stackPlace;
 
     bool operator==(const PullRequestFacts&) const = default;
@@ -58,7 +56,7 @@ struct PullRequestFacts {
 using FactsByID = std::unordered_map<PullRequestID, PullRequestFacts>;
 using SharedFacts = std::shared_ptr<const FactsByID>;
 
-/// What the service still grants within the hour.
+/// The remaining requests of the current hour.
 struct Quota {
     std::int64_t limit = 0;
     std::int64_t remaining = 0;
@@ -67,12 +65,12 @@ struct Quota {
     bool operator==(const Quota&) const = default;
 };
 
-/// What came of asking for facts.
+/// The result of requesting facts.
 struct FactsAnswer {
-    FactsByID facts;             ///< Of those that were asked for, the ones that have some.
-    std::optional<Quota> quota;  ///< As of the last answer that told it.
+    FactsByID facts;             ///< Only pull requests with facts have an entry.
+    std::optional<Quota> quota;  ///< From the last answer that contained it.
 
-    /// The service refuses requests for a while, as with `SecondaryLimitError`.
+    /// The service refuses requests for a while; see `SecondaryLimitError`.
     bool hitSecondaryLimit = false;
 };
 

@@ -8,15 +8,15 @@
 
 namespace PullRequestKit {
 
-/// Which pull request: its number in a repository of one host, as one provider sees it.
+/// Identifies a pull request across hosts and providers.
 struct PullRequestID {
     std::string provider;
     std::string host;
     std::string repository;  ///< owner/name
     std::int64_t number = 0;
 
-    /// The four fields joined with "|". Stored: do not rename. It is the key of everything that is
-    /// kept per pull request and the last tie-break of the ordering.
+    /// The four fields joined with "|". Stored: do not rename. The key of all stored data on a pull
+    /// request and the last criterion of the ordering.
     std::string storageKey() const
     {
         return provider + "|" + host + "|" + repository + "|" + std::to_string(number);

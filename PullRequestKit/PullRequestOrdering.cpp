@@ -37,7 +37,7 @@ int reviewRank(ReviewState state)
     return 0;
 }
 
-/// What decides between most pull requests, in a form that fits a few bytes.
+/// The criteria that decide most comparisons, packed into a few bytes.
 struct SortKey {
     std::array<int, 3> ranks;
     Date updatedAt;
@@ -56,7 +56,7 @@ SortKey sortKey(const PullRequest& pullRequest)
         pullRequest.updatedAt};
 }
 
-/// Requires: different keys.
+/// Requires: the keys differ.
 bool goesBefore(const SortKey& left, const SortKey& right)
 {
     return left.ranks != right.ranks ? left.ranks < right.ranks : left.updatedAt > right.updatedAt;

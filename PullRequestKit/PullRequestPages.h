@@ -4,7 +4,7 @@
 
 namespace PullRequestKit {
 
-/// The pages beside a pull request's own one. Safe from any thread.
+/// Further web pages of a pull request. Safe from any thread.
 inline Url filesPage(const PullRequest& pullRequest)
 {
     return {pullRequest.url.text + "/files"};

@@ -20,20 +20,18 @@
 
 namespace PullRequestKit {
 
-/// What a request for pull requests brings.
 struct PullRequestList {
     std::vector<PullRequest> pullRequests;
 
-    /// How many there are in all, when that is known to be more than the service hands out.
+    /// The total number, when the service has more than it returns.
     std::optional<std::int64_t> found;
 
-    /// One for each of the pull requests, in their order; empty where the service tells no names.
+    /// One entry per pull request in the same order; empty when the service provides none.
     std::vector<PullRequestDetails> details;
 };
 
-/// A code-hosting service as the program sees it. All requests block; call them on a worker
-/// thread. They may be called from several threads at once. A request whose token is stopped ends
-/// soon, with `CancellationError`.
+/// A code-hosting service. All requests block; call them on a worker thread. Several threads may
+/// call at once. A stopped token ends a request soon with `CancellationError`.
 class PullRequestProvider {
 public:
     PullRequestProvider() = default;
@@ -41,15 +39,15 @@ public:
     PullRequestProvider& operator=(const PullRequestProvider&) = delete;
     virtual ~PullRequestProvider() = default;
 
-    /// The text that the provider writes into `PullRequestID::provider`.
+    /// The value of `PullRequestID::provider`.
     virtual std::string_view id() const = 0;
 
     virtual std::string_view displayName() const = 0;
 
-    /// Never throws: every problem, cancellation included, is a status with a text for the user.
+    /// Never throws: every problem, cancellation included, is a status with a message for the user.
     virtual AuthenticationStatus authenticationStatus(std::stop_token stopToken) const = 0;
 
-    /// The repositories that the user can choose from. Throws `ProviderError`, `DecodingError`,
+    /// The repositories available to the user. Throws `ProviderError`, `DecodingError`,
     /// `CancellationError`.
     virtual std::vector<RepositorySummary> repositories(std::stop_token stopToken) const = 0;
 
@@ -60,8 +58,7 @@ public:
         const std::set<std::string>& repositories,
         std::stop_token stopToken) const = 0;
 
-    /// The same, with how many there are and the names behind their counts. A provider that cannot
-    /// tell leaves this as it is.
+    /// Like `pullRequests`, with the total number and the details. The default adds neither.
     virtual PullRequestList listPullRequests(
         ReviewerScope reviewerScope,
         const std::set<std::string>& repositories,
@@ -70,9 +67,9 @@ public:
         return {pullRequests(reviewerScope, repositories, std::move(stopToken)), std::nullopt, {}};
     }
 
-    /// The facts of these pull requests. What cannot be told is left out: it throws nothing but
-    /// `CancellationError`. Those of a repository that was renamed since the list was asked for are
-    /// under its new name. A provider that knows none leaves this as it is.
+    /// The facts of these pull requests; unavailable facts are left out. Facts of a renamed
+    /// repository are listed under its new name. Throws only `CancellationError`. The default
+    /// returns none.
     virtual FactsAnswer facts(
         std::span<const PullRequest> /*pullRequests*/, std::stop_token /*stopToken*/) const
     {

@@ -9,11 +9,11 @@
 
 namespace PullRequestKit {
 
-/// One line of the list: a pull request and its place in its stack.
+/// A row of the list: a pull request and its place in its stack.
 struct PullRequestRow {
     PullRequest pullRequest;
-    std::int64_t depth = 0;    ///< 0 for the root of a stack, one more per level below it.
-    bool hasChildren = false;  ///< Another row is stacked directly under this one.
+    std::int64_t depth = 0;    ///< 0 for the root of a stack.
+    bool hasChildren = false;  ///< The next row is stacked on this one.
     std::optional<std::string> warning;
 
     const PullRequestID& id() const { return pullRequest.id; }

@@ -10,7 +10,7 @@ enum class PullRequestState {
     merged,
 };
 
-/// Whether GitHub could merge the branch without conflicts; `unknown` while it still computes that.
+/// `unknown` while GitHub has not computed it.
 enum class PullRequestMergeability {
     mergeable,
     conflicting,

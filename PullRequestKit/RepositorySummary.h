@@ -8,7 +8,7 @@
 
 namespace PullRequestKit {
 
-/// A repository that the user can choose. Its identity is `fullName`.
+/// A repository available to the user, identified by `fullName`.
 struct RepositorySummary {
     std::string fullName;  ///< owner/name
     std::optional<std::string> visibility;

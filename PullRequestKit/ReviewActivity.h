@@ -7,16 +7,16 @@
 
 namespace PullRequestKit {
 
-/// What the reviews of a pull request come to.
+/// The overall result of the reviews.
 enum class ReviewState {
-    none,     ///< Nobody has reviewed and nobody is asked to.
-    pending,  ///< Somebody is asked to, or has reviewed without a verdict.
+    none,     ///< No reviews and no review requests.
+    pending,  ///< Requested, or reviewed without a verdict.
     approved,
     commented,
     changesRequested,
 };
 
-/// Which kinds of review a pull request has had, whatever they come to.
+/// The kinds of reviews submitted, regardless of the overall result.
 struct ReviewActivity {
     bool hasApproval = false;
     bool hasChangesRequested = false;

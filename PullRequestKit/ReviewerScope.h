@@ -4,11 +4,11 @@
 
 namespace PullRequestKit {
 
-/// How the wanted pull requests concern the user.
+/// Which pull requests to list, by the user's part in them.
 enum class ReviewerScope {
-    myself,    ///< They ask for the user's review.
-    any,       ///< In any way or none.
-    involved,  ///< The user is asked for a review, has given one, or is the author.
+    myself,  ///< The user's review is requested.
+    any,
+    involved,  ///< The user is a requested reviewer, a reviewer or the author.
 };
 
 // Stored: do not rename.

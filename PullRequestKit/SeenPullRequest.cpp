@@ -33,7 +33,7 @@ ChangeKind reviewChange(ReviewState state)
     return ChangeKind::reviewsPending;
 }
 
-/// What the reviews come to says more than their count, which mostly changes with it.
+/// A changed result is reported instead of the count, which mostly changes with it.
 void addReviews(
     std::vector<Change>& changes, const SeenPullRequest& before, const SeenPullRequest& after)
 {
@@ -44,8 +44,7 @@ void addReviews(
     }
 }
 
-/// The service works mergeability out anew after each push to the base, and does not know it
-/// meanwhile.
+/// `unknown` is no change: the service recomputes mergeability after each push to the base.
 void addConflicts(
     std::vector<Change>& changes, const SeenPullRequest& before, const SeenPullRequest& after)
 {

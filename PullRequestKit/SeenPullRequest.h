@@ -10,24 +10,23 @@
 
 namespace PullRequestKit {
 
-/// What the user has seen of a pull request.
+/// The state of a pull request that the user last saw.
 struct SeenPullRequest {
     Date updatedAt;
     PullRequestState state = PullRequestState::open;
     bool isDraft = false;
     PullRequestMergeability mergeability = PullRequestMergeability::unknown;
     ReviewState reviewState = ReviewState::none;
-    ProgressCount reviews;  ///< Nothing of them has failed.
+    ProgressCount reviews;  ///< `failed` is always 0.
     ProgressCount checks;
-    std::optional<std::string> headCommit;  ///< Nothing when it was not known.
+    std::optional<std::string> headCommit;  ///< Nothing when unknown.
 
     bool operator==(const SeenPullRequest&) const = default;
 };
 
-/// The pull request as it is; `facts` may be null. Safe from any thread.
+/// The current state; `facts` may be null. Safe from any thread.
 SeenPullRequest seenNow(const PullRequest& pullRequest, const PullRequestFacts* facts);
 
-/// What can be said of a difference.
 enum class ChangeKind {
     closed,
     merged,
@@ -39,25 +38,24 @@ enum class ChangeKind {
     commented,
     reviewsPending,
     noReviewers,
-    reviews,  ///< Their count.
+    reviews,  ///< The count.
     conflicts,
     conflictsResolved,
-    checks,        ///< Their count.
-    failedChecks,  ///< Their number, where the count is the same.
+    checks,        ///< The count.
+    failedChecks,  ///< The number of failures, when the count is unchanged.
     newCommits,
 };
 
 struct Change {
     ChangeKind kind = ChangeKind::closed;
-    std::string before;  ///< Of a count, such as "4/4"; otherwise empty.
+    std::string before;  ///< A count such as "4/4"; otherwise empty.
     std::string after;   ///< Likewise.
 
     bool operator==(const Change&) const = default;
 };
 
-/// What is different, in the order of `ChangeKind`, each kind at most once. That a mergeability is
-/// unknown, or a head commit, is no difference, and neither is another `updatedAt`. Safe from any
-/// thread.
+/// The changes in the order of `ChangeKind`, each kind at most once. An unknown mergeability or
+/// head commit and a new `updatedAt` are no changes. Safe from any thread.
 std::vector<Change> changesBetween(const SeenPullRequest& before, const SeenPullRequest& after);
 
 }  // namespace PullRequestKit

@@ -8,13 +8,13 @@
 
 namespace PullRequestKit {
 
-/// A text that many records have in common, such as the name of a check, and that is in memory once
-/// for all of them. A value like a text: equal where the letters are. Safe from any thread.
+/// An immutable text that shares its memory with its copies. Compares by content. Safe from any
+/// thread.
 class SharedText {
 public:
     SharedText() = default;
 
-    /// A text of its own; `SharedTexts` makes those that are shared.
+    /// Not shared; see `SharedTexts`.
     SharedText(std::string text)  // NOLINT(google-explicit-constructor): it is a text.
         : _text(std::make_shared<const std::string>(std::move(text)))
     {}
@@ -38,8 +38,8 @@ private:
     std::shared_ptr<const std::string> _text;
 };
 
-/// Hands out one `SharedText` for all equal texts. Belongs to one thread; what it has handed out
-/// does not need it any more.
+/// Returns one `SharedText` for all equal texts. Not safe across threads; the results may outlive
+/// it.
 class SharedTexts {
 public:
     SharedText share(std::string_view text)
@@ -54,7 +54,7 @@ public:
     }
 
 private:
-    std::unordered_map<std::string_view, SharedText> _known;  ///< Keyed by the texts themselves.
+    std::unordered_map<std::string_view, SharedText> _known;  ///< The keys point into the values.
 };
 
 }  // namespace PullRequestKit

@@ -15,13 +15,13 @@ namespace {
 constexpr const char* ambiguousBase = "Ambiguous base branch";
 constexpr const char* cyclicDependency = "Cyclic branch dependency";
 
-// Once every identity is there only once, pull requests go by their positions in the list.
+// An index into the list of unique pull requests.
 using Position = std::size_t;
 constexpr Position none = std::numeric_limits<Position>::max();
 
 struct Forest {
     std::vector<Position> parents;      ///< `none` for a root.
-    std::vector<const char*> warnings;  ///< Null where there is nothing to warn of.
+    std::vector<const char*> warnings;  ///< Null without a warning.
 };
 
 struct BranchHash {
@@ -35,8 +35,8 @@ struct BranchEqual {
     }
 };
 
-/// The pull requests that bring in one branch. The first three tell all that matters: whether
-/// there is none, one or more besides the one that looks.
+/// The pull requests with the same head branch. The first three are enough to tell whether there
+/// are none, one or several besides the current one.
 struct Heads {
     std::array<Position, 3> positions{none, none, none};
     std::size_t count = 0;
@@ -85,8 +85,7 @@ Forest findParents(const std::vector<PullRequest>& pullRequests)
     return forest;
 }
 
-/// Walks up from every pull request; a walk that meets itself has found a circle, whose members
-/// become roots. What hangs below a member stays in that member's stack.
+/// Makes every member of a cycle a root. Descendants of a member stay in its stack.
 void breakCycles(Forest& forest)
 {
     const std::size_t count = forest.parents.size();
@@ -113,8 +112,7 @@ void breakCycles(Forest& forest)
     }
 }
 
-/// The forest from above: from a pull request to the first one stacked on it and to the one that
-/// follows it among its siblings, `none` where there is none.
+/// The forest as links to the first child and the next sibling, `none` where there is none.
 struct Listing {
     Position firstRoot = none;
     std::vector<Position> firstChildren;
@@ -150,7 +148,7 @@ std::vector<PullRequestRow> rows(std::vector<PullRequest> pullRequests)
     breakCycles(forest);
     const Listing listing = makeListing(forest, unique);
 
-    // A stack of its own, not the call stack, because chains of branches may be long.
+    // An explicit stack, because chains of branches may be long.
     std::vector<Visit> pending;
     const auto push = [&](Position position, std::int64_t depth) {
         if (position != none) {

@@ -6,15 +6,14 @@
 
 namespace PullRequestKit {
 
-/// Whose move a pull request waits for, in the order of the list.
+/// Who has to act next on a pull request, in the order of the list.
 enum class Whose {
     you,
-    ready,  ///< Nobody's: the user can merge it.
+    ready,  ///< The user can merge it.
     teams,
     others,
 };
 
-/// What makes it so.
 enum class TurnReason {
     none,
     draft,
@@ -22,28 +21,28 @@ enum class TurnReason {
     yourReviewAgain,
     changesRequested,  ///< By `Turn::names`.
     conflicts,
-    checksFailed,  ///< `Turn::names` of them.
-    openThreads,   ///< `Turn::number` of them.
+    checksFailed,  ///< `Turn::names` are the checks.
+    openThreads,   ///< `Turn::number` is their count.
     noReviewers,
     readyToMerge,
-    teamReview,             ///< Of the teams `Turn::names`.
+    teamReview,             ///< `Turn::names` are the teams.
     waitingFor,             ///< `Turn::names`, people first.
-    waitingForPullRequest,  ///< `Turn::number`.
+    waitingForPullRequest,  ///< `Turn::number` is its number.
     checksRunning,
-    mergeQueue,  ///< At place `Turn::number`; 0 when not known.
+    mergeQueue,  ///< `Turn::number` is the position; 0 when unknown.
     autoMerge,
 };
 
 struct Turn {
     Whose whose = Whose::others;
     TurnReason reason = TurnReason::none;
-    std::vector<std::string> names = {};  ///< Other people's texts, in the service's order.
+    std::vector<std::string> names = {};  ///< Untrusted text, in the service's order.
     std::int64_t number = 0;
 
     bool operator==(const Turn&) const = default;
 };
 
-/// Whether the reason asks something of the user, who may act on it.
+/// Whether the user can act on it.
 constexpr bool asksSomething(Whose whose)
 {
     return whose != Whose::others;

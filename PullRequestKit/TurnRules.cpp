@@ -8,10 +8,9 @@
 namespace PullRequestKit {
 namespace {
 
-/// Facts tell of no more threads than this whether they are open.
+/// Facts cover at most this many threads.
 constexpr std::int64_t largestThreadCount = 100;
 
-/// Logins have no letters beyond ASCII.
 constexpr char lowered(char letter)
 {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
@@ -34,7 +33,6 @@ bool isRequestForChanges(const LatestReview& review)
     return review.verdict == ReviewVerdict::changesRequested;
 }
 
-/// One pull request and what is known of it.
 class Judgement {
 public:
     Judgement(
@@ -106,7 +104,7 @@ std::optional<Turn> Judgement::ofOwn() const
     return isReady() ? Found(Turn{Whose::ready, TurnReason::readyToMerge}) : std::nullopt;
 }
 
-/// What keeps the user's own pull request from being merged until the user does something.
+/// What blocks the user's own pull request until the user acts.
 std::optional<Turn> Judgement::toMend() const
 {
     const auto yours = [](TurnReason reason) { return Turn{Whose::you, reason}; };
@@ -130,7 +128,7 @@ std::optional<Turn> Judgement::toMend() const
     return lacksReviewers() ? Found(yours(TurnReason::noReviewers)) : std::nullopt;
 }
 
-/// Who has requested changes and is not asked for another review.
+/// Reviewers who requested changes and whose review is not requested again.
 std::vector<std::string> Judgement::standingRequestsForChanges() const
 {
     std::vector<std::string> names;
@@ -151,7 +149,6 @@ std::int64_t Judgement::requiredApprovals() const
     return _pullRequest.requiredApprovingReviewCount.value_or(0);
 }
 
-/// A review is required, and nobody was asked for one or gave one.
 bool Judgement::lacksReviewers() const
 {
     const bool isRequired =
@@ -170,7 +167,7 @@ bool Judgement::isReady() const
     if (_details == nullptr || _facts == nullptr) {
         return false;
     }
-    // What lies beyond the end of a list that was cut off may be a failure.
+    // A truncated list may hide a failure.
     const bool areChecksDone =
         _pullRequest.checks.completed == _pullRequest.checks.total && !_details->checkLimit;
     return _pullRequest.state == PullRequestState::open

@@ -11,11 +11,10 @@
 
 namespace PullRequestKit {
 
-/// Whose move the pull request waits for, as the user with this login sees it. Details and facts
-/// are null where they are not known: then the rules that need them do not hold. An empty login is
-/// an unknown one, to which everything is the others' turn, without a reason. `basedOn` is the
-/// number of the listed pull request whose head branch is the base of this one. Logins compare
-/// without letter case. Safe from any thread.
+/// Who has to act next, from the point of view of the user with this login. Details and facts may
+/// be null; rules that need them then do not apply. With an empty login it is always
+/// `Whose::others` without a reason. `basedOn` is the number of the listed pull request whose head
+/// is the base of this one. Safe from any thread.
 Turn turnOf(
     const PullRequest& pullRequest,
     const PullRequestDetails* details,
@@ -23,7 +22,7 @@ Turn turnOf(
     std::string_view login,
     std::optional<std::int64_t> basedOn = std::nullopt);
 
-/// Whether the two texts name the same account.
+/// Compares logins, ignoring letter case.
 bool isSameLogin(std::string_view one, std::string_view other);
 
 }  // namespace PullRequestKit

@@ -5,7 +5,7 @@
 namespace PullRequestKit {
 namespace {
 
-// The set looks into the list itself: a copy of every identity would cost more than all the rest.
+// Hashes the list's entries in place: copying every identity would dominate the cost.
 struct SameIdentity {
     std::size_t operator()(const PullRequest* pullRequest) const
     {

@@ -5,7 +5,7 @@
 namespace PullRequestKit {
 namespace {
 
-// The letters of an address are ASCII ones, whatever the locale says.
+// ASCII letters only, independent of the locale.
 constexpr bool isLetter(char c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');

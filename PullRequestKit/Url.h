@@ -6,15 +6,15 @@
 
 namespace PullRequestKit {
 
-/// An absolute address, kept as the text it came as.
+/// An absolute URL in its original spelling.
 struct Url {
     std::string text;
 
     bool operator==(const Url&) const = default;
 };
 
-/// Reads an address: a scheme, a colon, and no white space or control characters anywhere. Yields
-/// nothing for any other text. Safe from any thread.
+/// Parses a URL: a scheme, a colon, and no white space or control characters. Yields nothing for
+/// any other text. Safe from any thread.
 std::optional<Url> parseUrl(std::string_view text);
 
 }  // namespace PullRequestKit

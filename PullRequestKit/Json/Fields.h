@@ -16,13 +16,13 @@
 namespace PullRequestKit {
 namespace Json {
 
-/// One row of a record's field table: the JSON key and the member it belongs to. A field whose
-/// member is a `std::optional` may be missing or null, and is left out on writing while empty.
+/// One row of a record's field table: a JSON key and its member. A `std::optional` member may be
+/// missing or null, and is not written while empty.
 template<typename Record, typename Value>
 struct Field {
     std::string_view key;
     Value Record::* member;
-    bool isDefaulted = false;  ///< May be missing or null; the member then keeps its first value.
+    bool isDefaulted = false;  ///< May be missing or null; the member then keeps its initial value.
 };
 
 template<typename Record, typename Value>
@@ -37,11 +37,10 @@ constexpr Field<Record, Value> defaultedField(std::string_view key, Value Record
     return {key, member, true};
 }
 
-/// The field table of a record, which reading, writing and hashing share. A record specialises it
-/// with `static constexpr std::tuple table{field("key", &Record::member), …}` in the order in which
-/// the keys are written. Keys that the table does not name are ignored on reading. For what a
-/// table cannot say, a specialisation may also have
-/// `static void finish(Record&, const boost::json::object&, const Path&)`, run after reading.
+/// The field table of a record, used to read, write and hash it. A record specializes it with
+/// `static constexpr std::tuple table{field("key", &Record::member), …}`. Keys are written in this
+/// order; unknown keys are ignored. An optional `static void finish(Record&, const
+/// boost::json::object&, const Path&)` runs after reading.
 template<typename Record>
 struct Fields;
 
@@ -50,7 +49,7 @@ concept HasFields = requires { Fields<Record>::table; };
 
 }  // namespace Json
 
-/// Hashes a record over all the fields of its table, and what such records are made of.
+/// Hashes a record over all fields of its table.
 struct RecordHash {
     template<Json::HasFields Record>
     std::size_t operator()(const Record& record) const
@@ -63,10 +62,10 @@ struct RecordHash {
     }
 
 private:
-    /// What an empty optional hashes to: unlike zero, no value that is stored often.
+    /// The hash of an empty optional; unlike zero, it is rarely the hash of a value.
     static constexpr auto absent = static_cast<std::size_t>(0xA5B3E7D19C84F26BU);
 
-    /// Small numbers hash to themselves, so that what they differ in is spread over all bits here.
+    /// `std::hash` of a small number is the number itself, so the bits are mixed here.
     static void combine(std::size_t& seed, std::size_t hash)
     {
         const std::uint64_t mixed = (std::uint64_t{seed} + hash + 1) * 0x9E3779B97F4A7C15U;

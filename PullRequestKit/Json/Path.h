@@ -6,8 +6,8 @@
 
 namespace PullRequestKit::Json {
 
-/// Where in a document a value stands, as a chain of places on the call stack: it costs nothing
-/// until an error asks for its text. A path must not outlive the path it was made from.
+/// The place of a value in a document, as a chain of objects on the call stack. It costs nothing
+/// until `text` is called. A path must not outlive its parent.
 class Path {
 public:
     Path() = default;
@@ -27,7 +27,7 @@ private:
     {}
 
     const Path* _parent = nullptr;
-    std::string_view _key;  ///< Empty for an element of a list.
+    std::string_view _key;  ///< Empty for a list element.
     std::size_t _index = 0;
 };
 

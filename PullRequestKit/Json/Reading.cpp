@@ -9,7 +9,7 @@ constexpr std::size_t smallestBlock = 4096;
 
 boost::json::value parse(std::string_view text, boost::json::storage_ptr memory)
 {
-    // Only `reset` says where the values go; the constructor's storage is for intermediate results.
+    // `reset` sets the memory of the values; the constructor's is for intermediate results.
     boost::json::parser parser;
     parser.reset(std::move(memory));
     boost::json::error_code error;

@@ -14,8 +14,8 @@
 #include <utility>
 #include <vector>
 
-/// From JSON values to records. Every reader throws `DecodingError` with the path of the value that
-/// is missing, of the wrong type or not one of the known texts.
+/// Reads records from JSON values. Every reader throws `DecodingError` with the path of a value
+/// that is missing, of the wrong type or not a known text.
 namespace PullRequestKit::Json {
 
 [[noreturn]] void throwDecodingError(const Path& path, const char* problem);
@@ -26,7 +26,7 @@ std::string readText(const boost::json::value& value, const Path& path);
 Date readDate(const boost::json::value& value, const Path& path);
 Url readUrl(const boost::json::value& value, const Path& path);
 
-/// The text without a copy; it lives as long as the value.
+/// The text without a copy, valid as long as the value.
 std::string_view readTextView(const boost::json::value& value, const Path& path);
 const boost::json::object& readObject(const boost::json::value& value, const Path& path);
 const boost::json::array& readList(const boost::json::value& value, const Path& path);
@@ -51,7 +51,7 @@ constexpr bool isSet = false;
 template<typename T>
 constexpr bool isSet<std::set<T>> = true;
 
-/// A row of a field table without its types, so that all rows of a record fit one array.
+/// A row of a field table with its types erased.
 template<typename Record>
 struct Slot {
     std::string_view key;
@@ -85,8 +85,7 @@ constexpr auto slots = []<std::size_t... index>(std::index_sequence<index...>) {
     return std::array<Slot<Record>, sizeof...(index)>{makeSlot<Record, index>()...};
 }(std::make_index_sequence<slotCount<Record>>{});
 
-/// The place of `key` in the table. The search starts at `guess`, because documents mostly keep the
-/// table's order, and so most keys are found by one comparison.
+/// The position of `key` in the table. Starts at `guess`: documents mostly keep the table's order.
 template<typename Record>
 std::size_t slotOf(std::string_view key, std::size_t guess)
 {
@@ -125,7 +124,7 @@ void readRecord(Record& record, const boost::json::value& value, const Path& pat
     }
 }
 
-/// Whether an element can be read where it will stay, which spares moving large records.
+/// Whether elements can be read in place, which saves moving large records.
 template<typename List>
 constexpr bool hasElementsInPlace =
     isVector<List> && std::is_same_v<typename List::reference, typename List::value_type&>;
@@ -151,14 +150,14 @@ void readElements(List& list, const boost::json::value& value, const Path& path)
 
 }  // namespace Detail
 
-/// Reads a value into `target`, which is to be as it was made.
+/// Reads a value into `target`. Requires: `target` is default-constructed.
 template<typename Value>
 void read(Value& target, const boost::json::value& value, const Path& path)
 {
     if constexpr (Detail::isOptional<Value>) {
         if (!value.is_null()) {
-            // Clang 19 takes a nested record with initialisers for one that cannot be made from
-            // nothing, so the value to fill is made here.
+            // Clang 19 does not consider a nested record with initializers default-constructible
+            // here, so the value is constructed explicitly.
             read(target.emplace(typename Value::value_type{}), value, path);
         }
     } else if constexpr (Detail::isVector<Value> || Detail::isSet<Value>) {
@@ -185,14 +184,14 @@ void read(Value& target, const boost::json::value& value, const Path& path)
     }
 }
 
-/// The member of this name, or null when it is missing or null.
+/// The member of this name; null when it is missing or null.
 const boost::json::value* presentMember(const boost::json::object& object, std::string_view key);
 
-/// A JSON text taken apart. The values lie in one block of memory that goes away as a whole.
+/// A parsed JSON text. All values share one block of memory.
 class Document {
 public:
-    /// Throws `DecodingError` when the text is not one complete JSON document in UTF-8, or is
-    /// nested more than 32 deep.
+    /// Throws `DecodingError` when the text is not one complete JSON document in UTF-8 or is nested
+    /// more than 32 levels deep.
     explicit Document(std::string_view text);
 
     const boost::json::value& root() const { return _root; }
@@ -202,7 +201,7 @@ private:
     boost::json::value _root;
 };
 
-/// Reads a whole document. Throws `DecodingError`. Safe from any thread.
+/// Decodes a whole document. Throws `DecodingError`. Safe from any thread.
 template<typename Value>
 Value decode(std::string_view text)
 {

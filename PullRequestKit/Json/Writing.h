@@ -2,8 +2,8 @@
 
 #include "PullRequestKit/Json/Reading.h"
 
-/// From records to JSON values. Keys come out in the order of the field tables. An empty optional
-/// is left out of an object and null in a list. Safe from any thread.
+/// Writes records as JSON values, with keys in the order of the field tables. An empty optional is
+/// omitted from an object and null in a list. Safe from any thread.
 namespace PullRequestKit::Json {
 
 template<typename Value>
@@ -63,7 +63,7 @@ boost::json::value write(const Value& value)
     }
 }
 
-/// Writes a whole document, without white space.
+/// Writes a whole document without white space.
 template<typename Value>
 std::string encode(const Value& value)
 {
