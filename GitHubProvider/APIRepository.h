@@ -7,7 +7,7 @@
 
 namespace GitHub {
 
-/// A repository as `gh` prints it in the listing.
+/// A repository in the output of `gh`.
 struct APIRepository {
     std::string repository;  ///< owner/name
     std::optional<std::string> visibility;

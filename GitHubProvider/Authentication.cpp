@@ -26,8 +26,8 @@ bool isUnknownActiveFlag(const CommandResult& result)
            && result.standardError.find("unknown flag: --active") != std::string::npos;
 }
 
-/// From 2.40 to 2.53 `gh` ends with 0 on a bad login. It tells of the active account first, so
-/// what it says of the others does not count.
+/// `gh` 2.40 to 2.53 exits with 0 on a bad login. It lists the active account first; the others do
+/// not matter.
 bool isFailedLogin(std::string_view text)
 {
     return text.find("Failed to log in") < text.find("Logged in to ");
@@ -75,8 +75,8 @@ AuthenticationStatus askAuthStatus(
     return statusOfOlder(gh.run({"auth", "status", "--hostname", host}, stopToken));
 }
 
-/// Replaces a failed login by what really stands in the way, where that can be told. Silence is
-/// what nobody being signed in looks like, so it is not looked into.
+/// Replaces a failed login by its real cause, if one can be found. Without any output nobody is
+/// signed in.
 AuthenticationStatus explained(
     AuthenticationStatus status,
     const Gh& gh,

@@ -11,14 +11,13 @@
 
 namespace GitHub {
 
-/// The login that a `gh auth status` names: the word after the first "account ", in any letter
-/// case. Requires: UTF-8. Safe from any thread.
+/// The login in the output of `gh auth status`: the word after the first "account ", ignoring case.
+/// Requires: UTF-8. Safe from any thread.
 std::optional<std::string> accountName(std::string_view text);
 
-/// Who is signed in on this host. A `gh` before 2.57 does not know `--active`; it is asked again
-/// without. Where the login fails, one more question tells whether GitHub is out of reach or the
-/// account's limit used up; `clock` judges when that ends. Blocks; call on a worker thread. Never
-/// throws: every problem is a status.
+/// Who is signed in on this host. If `gh` rejects `--active`, as before 2.57, it is run again
+/// without. After a failed login, one more request checks whether GitHub is unreachable or the rate
+/// limit is used up. Never throws: every problem is a status. Blocks; call on a worker thread.
 PullRequestKit::AuthenticationStatus authenticationStatus(
     const Gh& gh, const std::string& host, const WallClock& clock, std::stop_token stopToken);
 

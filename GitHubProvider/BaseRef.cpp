@@ -6,7 +6,7 @@ namespace GitHub {
 
 std::optional<std::int64_t> BaseRef::requiredApprovingReviewCount() const
 {
-    // An empty optional is less than every number, so the greatest one is the strictest rule.
+    // An empty optional compares less than every number.
     std::optional<std::int64_t> strictest;
     const auto consider = [&](const std::optional<RequiredReviewsRule>& rule) {
         if (rule) {

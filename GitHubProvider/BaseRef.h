@@ -16,19 +16,18 @@ struct RequiredReviewsRule {
 };
 
 struct RepositoryRule {
-    std::optional<RequiredReviewsRule> parameters;  ///< Of rules about pull requests only.
+    std::optional<RequiredReviewsRule> parameters;  ///< Only in rules on pull requests.
 
     bool operator==(const RepositoryRule&) const = default;
 };
 
-/// The branch that a pull request targets and what protects it. The search asks for the id alone,
-/// the rules request for the rest.
+/// A base branch and its protection. The search requests only the id, the rules request the rest.
 struct BaseRef {
     std::optional<std::string> id;
     std::optional<RequiredReviewsRule> refUpdateRule;  ///< Classic branch protection.
-    std::optional<NodeList<RepositoryRule>> rules;     ///< Of the rulesets.
+    std::optional<NodeList<RepositoryRule>> rules;     ///< From rulesets.
 
-    /// The strictest of all rules; nothing when none requires approvals.
+    /// The strictest of all rules; nothing when no approvals are required.
     std::optional<std::int64_t> requiredApprovingReviewCount() const;
 
     bool operator==(const BaseRef&) const = default;

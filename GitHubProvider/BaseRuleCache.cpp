@@ -5,7 +5,7 @@
 namespace GitHub {
 namespace {
 
-/// The clock may have been set back since, and then nobody knows how old an entry is.
+/// A negative age means that the clock was set back.
 bool isFresh(std::chrono::system_clock::duration age)
 {
     return age >= std::chrono::system_clock::duration::zero() && age < BaseRuleCache::lifetime;

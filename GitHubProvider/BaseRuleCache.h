@@ -13,27 +13,25 @@
 
 namespace GitHub {
 
-/// How many approvals a branch requires, by the id of its ref.
+/// Required approvals by the id of the base branch's ref.
 using BaseRuleCounts = std::map<std::string, std::int64_t>;
 
-/// The same, with the branches that require none.
+/// The same, including branches that require none.
 using BaseRuleResults = std::map<std::string, std::optional<std::int64_t>>;
 
-/// Remembers the rules of base branches for a while, so that a refresh does not ask for them again.
-/// It never shrinks. Safe from any thread.
+/// Caches the rules of base branches. It never shrinks. Safe from any thread.
 class BaseRuleCache {
 public:
-    /// An entry this old is asked for again, as is one from the future.
+    /// Older entries and those from the future are requested again.
     static constexpr std::chrono::seconds lifetime{300};
 
     struct Lookup {
-        BaseRuleCounts counts;             ///< Of the ids whose branches require approvals.
-        std::vector<std::string> missing;  ///< The ids to ask for, in the given order.
+        BaseRuleCounts counts;             ///< Only branches that require approvals.
+        std::vector<std::string> missing;  ///< The ids to request, in the given order.
 
         bool operator==(const Lookup&) const = default;
     };
 
-    /// Requires: a clock.
     explicit BaseRuleCache(WallClock clock);
 
     Lookup lookup(const std::vector<std::string>& ids) const;

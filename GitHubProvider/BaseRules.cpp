@@ -25,7 +25,7 @@ constexpr const char* documentArgument = R"(query=query($ids:[ID!]!) {
   }
 })";
 
-/// Adds a result for every id of the batch, an empty one where GitHub tells of no rule.
+/// Adds a result for every id of the batch; an empty one when GitHub returned no rule.
 void loadBatch(
     BaseRuleResults& results,
     std::span<const std::string> batch,

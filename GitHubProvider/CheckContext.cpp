@@ -22,7 +22,7 @@ bool isPassing(std::string_view conclusion)
     return conclusion == "SUCCESS" || conclusion == "NEUTRAL" || conclusion == "SKIPPED";
 }
 
-/// Every conclusion that is not a passing one counts as failed, those that GitHub may add included.
+/// Every conclusion not known to pass counts as failed, including those that GitHub may add.
 Outcome outcome(const CheckContext& context)
 {
     if (context.conclusion) {
@@ -68,7 +68,7 @@ std::optional<Date> timestamp(const CheckContext& context)
     return context.completedAt ? context.completedAt : context.createdAt;
 }
 
-/// Whether the workflow run tells which entry is newer, and if so, whether it is the first one.
+/// Whether the workflow run decides which entry is newer, and if so, whether `context` is.
 std::optional<bool> isNewerByWorkflowRun(const CheckContext& context, const CheckContext& other)
 {
     const auto* const run = workflowRun(context);

@@ -13,8 +13,8 @@
 
 namespace GitHub {
 
-/// One entry in the list of checks of a commit: a check run or a commit status, whichever
-/// `typeName` says. Each fills the fields of its kind.
+/// A check of a commit: a check run or a commit status, depending on `typeName`. Each kind has its
+/// own fields.
 struct CheckContext {
     struct App {
         std::optional<std::string> id;
@@ -43,7 +43,7 @@ struct CheckContext {
         bool operator==(const CheckSuite&) const = default;
     };
 
-    /// What makes two entries the same check. It points into the context it was made from.
+    /// Identifies a check. Points into its context.
     struct Identity {
         std::string_view kind;
         std::string_view name;
@@ -57,7 +57,7 @@ struct CheckContext {
     std::optional<std::string> name;
     std::optional<std::string> context;
     std::optional<std::string> status;
-    std::optional<std::string> conclusion;  ///< Absent while a check run has not ended.
+    std::optional<std::string> conclusion;  ///< Absent until a check run has completed.
     std::optional<std::string> state;
     std::optional<std::int64_t> databaseId;
     std::optional<PullRequestKit::Date> startedAt;
@@ -68,19 +68,19 @@ struct CheckContext {
     /// Nothing when the type is unknown or the name is missing.
     std::optional<Identity> identity() const;
 
-    /// Whether this entry supersedes `other`, one of the same identity. Not on a full tie.
+    /// Whether this entry supersedes `other` of the same identity. False on a tie.
     bool isNewer(const CheckContext& other) const;
 
     bool operator==(const CheckContext&) const = default;
 };
 
-/// Of every check only the latest entry: running a workflow again leaves the older ones in the
-/// list. Entries without an identity are all kept and come first. The pointers are into `contexts`.
-/// Safe from any thread.
+/// The latest entry of every check: after a rerun the list still contains older ones. Entries
+/// without an identity come first, all of them. The result points into `contexts`. Safe from any
+/// thread.
 std::vector<const CheckContext*> effectiveContexts(std::span<const CheckContext> contexts);
 
-/// The effective checks: how many passed and failed, the others still pending, and their names,
-/// which lie in the contexts. One without a name is counted only.
+/// The number of checks that passed and failed, and their names, which point into the contexts. The
+/// rest is pending. A check without a name is only counted.
 struct CheckSummary {
     PullRequestKit::ProgressCount count;
     std::vector<std::string_view> passed;
@@ -88,7 +88,6 @@ struct CheckSummary {
     std::vector<std::string_view> running;
 };
 
-/// Safe from any thread.
 CheckSummary summarizeChecks(std::span<const CheckContext> contexts);
 
 }  // namespace GitHub
@@ -131,7 +130,7 @@ struct Fields<GitHub::CheckContext::CheckSuite> {
     };
 };
 
-/// In the order in which the search asks for the fields of a check run, then those of a status.
+/// In the order of the search document: first the fields of a check run, then those of a status.
 template<>
 struct Fields<GitHub::CheckContext> {
     static constexpr std::tuple table{

@@ -5,10 +5,10 @@
 
 namespace GitHub {
 
-/// Tells the time of day, by which cached rules grow old. Called from several threads at once.
+/// The time of day. Must be callable from several threads.
 using WallClock = std::function<std::chrono::system_clock::time_point()>;
 
-/// Tells instants of a clock that nobody sets, for durations. Called from several threads at once.
+/// A monotonic clock for durations. Must be callable from several threads.
 using SteadyClock = std::function<std::chrono::steady_clock::time_point()>;
 
 }  // namespace GitHub

@@ -16,7 +16,7 @@ using PullRequestKit::PullRequest;
 
 namespace {
 
-/// So many batches in a row of which nothing came mean that GitHub is out of reach.
+/// After this many failed batches in a row, GitHub counts as unreachable.
 constexpr int failuresToRestAfter = 2;
 
 void add(FactsAnswer& answer, FactsPage page)
@@ -97,7 +97,7 @@ Facts::Outcome Facts::outcomeOf(const FactsPage& page)
     return page.hasData ? Outcome::answered : Outcome::failed;
 }
 
-/// Asks again at once without the fields of which the answer says that the host does not know them.
+/// Retries at once without the fields that the host does not know.
 FactsPage Facts::request(Batch batch, const std::stop_token& stopToken) const
 {
     UnknownFields unknown = unknownFields();
@@ -121,7 +121,7 @@ FactsPage Facts::run(
     }
     try {
         const auto askedAt = std::chrono::floor<std::chrono::seconds>(_clock());
-        // An answer with errors ends `gh` with a status, and has data all the same.
+        // After a GraphQL error `gh` exits with a status, but its output may have data.
         const CommandResult result = _gh.run(factsArguments(batch, unknown), stopToken);
         FactsPage page = readFacts(result.standardOutput, batch, askedAt);
         if (!page.hasData) {

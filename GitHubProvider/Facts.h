@@ -15,21 +15,21 @@
 
 namespace GitHub {
 
-/// Asks for the facts of pull requests, fifty in a request, and remembers for as long as it lives
-/// which fields the host does not know. Safe from any thread.
+/// Requests the facts of pull requests, fifty at a time. Remembers the fields that the host does
+/// not know. Safe from any thread.
 class Facts {
 public:
     static constexpr std::size_t batchSize = 50;
 
-    /// A request that has failed is tried once more in parts of this size.
+    /// A failed request is retried once in parts of this size.
     static constexpr std::size_t smallBatchSize = 25;
 
-    /// The clock and `gh` must outlive it.
+    /// `gh` and the clock must outlive it.
     Facts(const Gh& gh, std::string host, const WallClock& clock);
 
-    /// Those of other hosts have none. What fails twice is left out, and after two batches in a row
-    /// of which nothing came, or when a limit is reached, so is the rest. Blocks; call on a worker
-    /// thread. Throws `CancellationError` alone.
+    /// Pull requests of other hosts have no facts. What fails twice is left out. Stops after two
+    /// failed batches in a row or at a rate limit. Blocks; call on a worker thread. Throws only
+    /// `CancellationError`.
     PullRequestKit::FactsAnswer ask(
         std::span<const PullRequestKit::PullRequest> pullRequests,
         const std::stop_token& stopToken) const;

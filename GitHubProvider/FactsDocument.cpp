@@ -7,12 +7,12 @@
 namespace GitHub {
 namespace {
 
-/// GitHub's owners have 39 letters at most and its repositories 100.
+/// GitHub allows 39 characters for owners and 100 for repositories.
 constexpr std::size_t longestName = 256;
 
 constexpr std::size_t rateLimitPlace = factsFields.size() - 1;
 
-/// JSON's texts are GraphQL's too, with the same escapes.
+/// GraphQL strings have the same escapes as JSON's.
 std::string graphQLText(std::string_view text)
 {
     return boost::json::serialize(boost::json::string(text));

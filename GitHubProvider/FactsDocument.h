@@ -12,10 +12,10 @@
 
 namespace GitHub {
 
-/// A field that the facts document asks for: of a pull request, and last the one of the service.
+/// A field of the facts document. All belong to a pull request, except for the last.
 struct FactsField {
     std::string_view name;
-    std::string_view selection;  ///< What is asked for of it, with the braces; empty for a value.
+    std::string_view selection;  ///< With the braces; empty for a scalar.
 };
 
 inline constexpr std::array<FactsField, 10> factsFields{{
@@ -31,23 +31,21 @@ inline constexpr std::array<FactsField, 10> factsFields{{
     {"rateLimit", "{ cost limit remaining resetAt }"},
 }};
 
-/// The places in `factsFields` of those that a host does not know.
+/// Indexes into `factsFields` of fields that the host does not know.
 using UnknownFields = std::bitset<factsFields.size()>;
 
-/// Facts never rest on what was not told: where a host does not know one of the fields that every
-/// pull request has to have, there are none to ask for. Safe from any thread.
+/// False when the host lacks one of the fields that facts require. Safe from any thread.
 bool haveFacts(const UnknownFields& unknown);
 
-/// Whether the pull request can stand in a document: a longer name or a larger number than GitHub
-/// knows would cost the others of the document their facts. Safe from any thread.
+/// False for a longer name or a larger number than GitHub allows; it would fail the whole document.
+/// Safe from any thread.
 bool canBeAsked(const PullRequestKit::PullRequestID& id);
 
-/// What the answer calls the pull request at this place of the request.
+/// The alias of the pull request at this index of the request.
 std::string factsAlias(std::size_t place);
 
-/// The arguments with which `gh` asks for the facts of these pull requests, without the unknown
-/// fields. Names go into the document as GraphQL strings. Requires: each can be asked.
-/// Safe from any thread.
+/// The arguments of `gh` that request these facts, without the unknown fields. Requires:
+/// `canBeAsked` for each. Safe from any thread.
 std::vector<std::string> factsArguments(
     std::span<const PullRequestKit::PullRequest* const> pullRequests, const UnknownFields& unknown);
 

@@ -16,7 +16,7 @@ namespace json = boost::json;
 using PullRequestKit::PullRequest;
 using PullRequestKit::PullRequestFacts;
 
-/// The place of this name in `factsFields`.
+/// The index of this name in `factsFields`.
 std::optional<std::size_t> placeOf(std::string_view name)
 {
     const auto* const found = std::ranges::find(factsFields, name, &FactsField::name);
@@ -25,7 +25,7 @@ std::optional<std::size_t> placeOf(std::string_view name)
                : std::nullopt;
 }
 
-/// The field that "Field 'stack' doesn't exist on type 'PullRequest'" names.
+/// The field named in "Field 'stack' doesn't exist on type 'PullRequest'".
 std::optional<std::string_view> fieldThatIsUnknown(std::string_view message)
 {
     constexpr std::string_view before = "Field '";
@@ -39,7 +39,7 @@ std::optional<std::string_view> fieldThatIsUnknown(std::string_view message)
     return message.substr(start + before.size(), end - start - before.size());
 }
 
-/// A field inside of one of ours has to go with it; the path of the error leads through it.
+/// An unknown nested field disables the top-level field in the error's path.
 void noteUnknownField(UnknownFields& unknown, std::string_view name, const json::object& error)
 {
     if (const json::array* const path = Lenient::list(error, "path")) {

@@ -54,7 +54,7 @@ std::optional<std::int64_t> number(
 
 namespace {
 
-/// False where the answer says neither what the decision is nor that there is none.
+/// False when the decision is missing, as opposed to null.
 bool readDecision(PullRequestFacts& facts, const json::object& pullRequest)
 {
     const json::value* const member = pullRequest.if_contains("reviewDecision");
@@ -96,7 +96,7 @@ bool readThreads(PullRequestFacts& facts, const json::object& pullRequest)
     return true;
 }
 
-/// A review without a readable commit would count as one of an older head.
+/// Nothing without a readable commit: the review would count as one of an older head.
 std::optional<OwnReview> ownReview(const json::object& review)
 {
     const auto verdict = reviewVerdict(Lenient::text(review, "state").value_or(""));

@@ -9,7 +9,7 @@
 
 namespace GitHub {
 
-/// Members of an object that may be anything: what is missing or of another kind is not there.
+/// Reads members leniently: a missing value or one of the wrong type is absent.
 namespace Lenient {
 
 const boost::json::object* object(const boost::json::object& parent, std::string_view key);
@@ -17,18 +17,15 @@ const boost::json::array* list(const boost::json::object& parent, std::string_vi
 std::optional<std::string_view> text(const boost::json::object& parent, std::string_view key);
 std::optional<bool> flag(const boost::json::object& parent, std::string_view key);
 
-/// A whole number that is not below the least.
+/// An integer of at least `least`.
 std::optional<std::int64_t> number(
     const boost::json::object& parent, std::string_view key, std::int64_t least);
 
 }  // namespace Lenient
 
-/// The facts of a pull request, without the times. Nothing where the head, the decision on reviews
-/// or the threads cannot be read: without one of them nobody knows whether it could be merged.
-/// Safe from any thread.
+/// The facts of a pull request without the times. Nothing when the head, the review decision or the
+/// threads cannot be read: mergeability depends on all of them. Safe from any thread.
 std::optional<PullRequestKit::PullRequestFacts> factsOf(const boost::json::object& pullRequest);
-
-/// Safe from any thread.
 std::optional<PullRequestKit::Quota> quotaOf(const boost::json::object& rateLimit);
 
 }  // namespace GitHub

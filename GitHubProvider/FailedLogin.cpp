@@ -22,14 +22,14 @@ bool containsAny(std::string_view text, const auto& parts)
     });
 }
 
-/// `gh` ends the line of a refused request with the status: "gh: Bad credentials (HTTP 401)".
+/// `gh` prints the HTTP status at the end of the line: "gh: Bad credentials (HTTP 401)".
 bool hasStatus(std::string_view text, std::string_view status)
 {
     return text.find("(HTTP " + std::string(status) + ")") != std::string_view::npos;
 }
 
-/// A request without any answer: `gh` words only an unknown host itself, everything else is the
-/// text of its network library, `Get "https://…": ` and the reason.
+/// No HTTP response. `gh` has its own message for an unknown host; all others come from its network
+/// library: `Get "https://…": ` and the reason.
 bool isUnanswered(std::string_view text)
 {
     constexpr std::array<std::string_view, 3> beginnings{
@@ -37,7 +37,7 @@ bool isUnanswered(std::string_view text)
     return containsAny(text, beginnings);
 }
 
-/// The gateways in front of GitHub say with these that nothing behind them answers.
+/// GitHub's gateways answer with these statuses when the service is down.
 bool isAnsweredByGateway(std::string_view text)
 {
     return hasStatus(text, "502") || hasStatus(text, "503") || hasStatus(text, "504");
@@ -58,7 +58,7 @@ std::optional<RequestLimits> readLimits(const std::string& text)
     }
 }
 
-/// When the last of the used-up limits is lifted; nothing when requests of all kinds remain.
+/// When the last exhausted limit is reset; nothing when none is exhausted.
 std::optional<std::int64_t> endOfUsedUpLimit(const RequestLimits& limits)
 {
     std::optional<std::int64_t> end;
@@ -74,8 +74,7 @@ std::optional<std::int64_t> endOfUsedUpLimit(const RequestLimits& limits)
     return end;
 }
 
-/// " until 14:20" by the machine's time zone. Nothing for an instant that a limit of GitHub, which
-/// lasts an hour, cannot end at.
+/// " until 14:20" in local time; empty for an implausible instant.
 std::string untilText(std::optional<std::int64_t> end, system_clock::time_point now)
 {
     const std::time_t current = system_clock::to_time_t(now);

@@ -15,10 +15,10 @@
 
 namespace GitHub {
 
-/// `gh auth status` calls every refused or failed request an invalid token. These functions find
-/// out whether GitHub was out of reach or the account's limit used up instead.
+/// `gh auth status` reports every refused or failed request as an invalid token. These functions
+/// find out whether GitHub was unreachable or the rate limit exhausted instead.
 
-/// One of GitHub's limits on an account's requests.
+/// One of GitHub's rate limits.
 struct RequestLimit {
     std::int64_t remaining = 0;
     std::int64_t reset = 0;  ///< Seconds since 1970.
@@ -26,7 +26,7 @@ struct RequestLimit {
     bool operator==(const RequestLimit&) const = default;
 };
 
-/// What `gh api rate_limit` prints, as far as it concerns this program's requests.
+/// The relevant part of `gh api rate_limit`.
 struct RequestLimits {
     struct Resources {
         std::optional<RequestLimit> core;
@@ -40,19 +40,19 @@ struct RequestLimits {
     bool operator==(const RequestLimits&) const = default;
 };
 
-/// Whether a run of `gh` failed because its time limit expired. Safe from any thread.
+/// Whether a run of `gh` timed out. Safe from any thread.
 bool isTimeOut(const std::exception& error);
 
 /// Whether the text of a failed login says that nobody is signed in. Safe from any thread.
 bool saysNotLoggedIn(std::string_view text);
 
-/// Why a login failed that the answer to `gh api rate_limit` shows to be in order, as a text for
-/// the user; nothing when the login may be at fault. Safe from any thread.
+/// Judges the answer of `gh api rate_limit` after a failed login: the reason other than the login,
+/// as a text for the user, or nothing. Safe from any thread.
 std::optional<std::string> obstacle(
     const CommandResult& answer, std::chrono::system_clock::time_point now);
 
-/// Asks `gh api rate_limit` once and judges the answer, a time-out included. Blocks; call on a
-/// worker thread. Throws `CancellationError` alone.
+/// Runs `gh api rate_limit` once and judges the answer; a timeout counts too. Blocks; call on a
+/// worker thread. Throws only `CancellationError`.
 std::optional<std::string> findObstacle(
     const Gh& gh, const std::string& host, const WallClock& clock, std::stop_token stopToken);
 

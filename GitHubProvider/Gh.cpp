@@ -65,7 +65,7 @@ CommandResult Gh::run(const std::vector<std::string>& arguments, std::stop_token
     try {
         return _runner->run(*found, arguments, std::move(stopToken));
     } catch (const std::system_error&) {
-        // It may have been removed, or installed elsewhere.
+        // It may have been removed or installed elsewhere.
         forget();
         throw;
     }

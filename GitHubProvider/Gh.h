@@ -14,20 +14,18 @@
 
 namespace GitHub {
 
-/// `gh`, first in three fixed places, then in the folders of PATH. Safe from any thread.
+/// Finds `gh`, first in three fixed places, then on PATH. Safe from any thread.
 std::optional<std::filesystem::path> findGH(
     const Environment& environment, const IsExecutable& isExecutable = isExecutableFile);
 
-/// Looks for the executable `gh`; nothing while it is not installed. Called from several threads,
-/// one at a time.
+/// Finds the executable `gh`; nothing while it is not installed. Called from several threads, one
+/// at a time.
 using FindGh = std::function<std::optional<std::filesystem::path>()>;
 
-/// The GitHub command-line client of this machine, and what runs it. It is looked for when it is
-/// first needed, and each time again while it is not there or could not be started. Safe from any
-/// thread.
+/// The GitHub command-line client. It is located when first needed, and again after it was not
+/// found or could not be started. Safe from any thread.
 class Gh {
 public:
-    /// Requires: both.
     Gh(FindGh find, std::shared_ptr<const CommandRunning> runner);
 
     bool isFound() const { return executable().has_value(); }
@@ -35,8 +33,8 @@ public:
     /// Throws `ProviderError` when `gh` is not found.
     void requireFound() const;
 
-    /// Runs `gh` with these arguments; a status other than 0 is no error here. Blocks; call on a
-    /// worker thread. Throws what `CommandRunning::run` throws, and as `requireFound`.
+    /// Runs `gh`; a status other than 0 is not an error. Blocks; call on a worker thread. Throws
+    /// what `requireFound` and `CommandRunning::run` throw.
     CommandResult run(const std::vector<std::string>& arguments, std::stop_token stopToken) const;
 
 private:
@@ -49,8 +47,7 @@ private:
     std::shared_ptr<const CommandRunning> _runner;
 };
 
-/// Standard error as one text without the white space at its ends, or `fallback` when nothing is
-/// left. Safe from any thread.
+/// Standard error as trimmed text, or `fallback` if it is empty. Safe from any thread.
 std::string failureText(const CommandResult& result, const std::string& fallback);
 
 }  // namespace GitHub

@@ -33,8 +33,7 @@ std::optional<std::int64_t> requiredReviews(const SearchHit& hit, const BaseRule
     return count != counts.end() ? count->second : hit.requiredApprovingReviewCount;
 }
 
-/// A pull request can be closed between the search index and the data of the hit, so not every hit
-/// of a search for open ones is open.
+/// The search index lags behind, so hits of a search for open pull requests may be closed.
 PullRequestList openPullRequests(std::vector<SearchHit> hits, const BaseRuleCounts& counts)
 {
     PullRequestList open;
@@ -115,7 +114,7 @@ PullRequestList GitHubProvider::listPullRequests(
     const std::set<std::string> ids = baseRefIDs(result.hits);
     const BaseRuleCounts counts = loadBaseRules(ids, _gh, _ruleCache, stopToken);
     trace.searchEnded(result.hits.size(), ids.size());
-    // GitHub gives at most 1,000 results of any search, and says how many there would be.
+    // GitHub returns at most 1,000 results of a search, but the total count.
     const auto found = result.isCutOff ? result.matches : std::nullopt;
     PullRequestList list = openPullRequests(std::move(result.hits), counts);
     list.found = found;

@@ -22,17 +22,15 @@
 
 namespace GitHub {
 
-/// The host of the public GitHub service, which `gh` uses by default.
+/// The default host of `gh`.
 inline constexpr const char* publicHost = "github.com";
 
-/// GitHub as the user's own `gh` sees it, with its login, host and tokens: every request is a run
-/// of `gh`. Rules of base branches, and which facts the host does not know, are remembered for as
-/// long as the provider lives.
+/// GitHub through the user's `gh`, with its login, host and tokens. Caches the rules of base
+/// branches and the fields that the host does not know.
 class GitHubProvider final : public PullRequestKit::PullRequestProvider {
 public:
-    /// While `findGh` finds nothing, every request says that `gh` was not found. Each search writes
-    /// its steps to `log`, and what one learns for later ones goes to `memory`. Requires: `findGh`,
-    /// a runner, a sink, clocks and a memory.
+    /// Each search logs its steps to `log` and stores what it learns in `memory`. Requires: no null
+    /// arguments.
     GitHubProvider(
         std::string host,
         FindGh findGh,
@@ -51,7 +49,7 @@ public:
     std::vector<PullRequestKit::RepositorySummary> repositories(
         std::stop_token stopToken) const override;
 
-    /// The open ones, last updated first. No repositories, no pull requests: `gh` is not run then.
+    /// Open pull requests, last updated first. Without repositories `gh` is not run.
     std::vector<PullRequestKit::PullRequest> pullRequests(
         PullRequestKit::ReviewerScope reviewerScope,
         const std::set<std::string>& repositories,

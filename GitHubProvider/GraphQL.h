@@ -9,20 +9,19 @@
 
 namespace GitHub {
 
-/// One entry of the `errors` of a GraphQL answer.
+/// An entry of `errors` in a GraphQL answer.
 struct GraphQLFailure {
     std::string message;
 
     bool operator==(const GraphQLFailure&) const = default;
 };
 
-/// What GitHub's GraphQL service answers: data, errors, or both.
+/// A GraphQL answer: data, errors, or both.
 template<typename Payload>
 struct GraphQLAnswer {
     std::optional<Payload> data;
     std::optional<std::vector<GraphQLFailure>> errors;
 
-    /// The errors, none when the list is not there at all.
     std::span<const GraphQLFailure> failures() const
     {
         return errors ? std::span<const GraphQLFailure>(*errors)
@@ -32,7 +31,7 @@ struct GraphQLAnswer {
     bool operator==(const GraphQLAnswer&) const = default;
 };
 
-/// The `{"nodes": […]}` in which GraphQL wraps every list.
+/// A GraphQL list: `{"nodes": […]}`.
 template<typename Node>
 struct NodeList {
     std::vector<Node> nodes;
@@ -40,7 +39,7 @@ struct NodeList {
     bool operator==(const NodeList&) const = default;
 };
 
-/// The messages, one a line. Safe from any thread.
+/// The messages, one per line. Safe from any thread.
 std::string graphQLMessage(std::span<const GraphQLFailure> failures);
 
 }  // namespace GitHub

@@ -20,7 +20,7 @@ using PullRequestKit::ReviewState;
 using PullRequestKit::SharedText;
 using PullRequestKit::SharedTexts;
 
-/// The account of somebody who has deleted theirs, as GitHub's pages call it.
+/// GitHub's name for a deleted account.
 constexpr const char* ghost = "ghost";
 
 using Names = std::set<std::string_view>;
@@ -136,7 +136,7 @@ std::string loginOrGhost(const std::optional<Actor>& actor)
     return actor && actor->login ? *actor->login : ghost;
 }
 
-/// Set when a list is as long as the search lets it become.
+/// Set when a list has reached the search's limit.
 std::optional<std::int64_t> limitReached(std::size_t length, std::size_t limit)
 {
     return length >= limit ? std::optional(static_cast<std::int64_t>(limit)) : std::nullopt;

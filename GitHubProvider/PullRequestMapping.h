@@ -11,7 +11,7 @@
 
 namespace GitHub {
 
-/// The text in `PullRequestID::provider` of every pull request from GitHub. Stored: do not rename.
+/// `PullRequestID::provider` of all pull requests from GitHub. Stored: do not rename.
 inline constexpr std::string_view providerID = "github";
 
 struct MappedPullRequest {
@@ -19,18 +19,16 @@ struct MappedPullRequest {
     PullRequestKit::PullRequestDetails details;
 };
 
-/// The pull request of a hit as `makePullRequest` makes it, with the names behind its counts; the
-/// checks' names are shared through `texts`, because many pull requests have the same.
-/// Safe from any thread.
+/// Like `makePullRequest`, with details. The names of checks are shared through `texts`. Safe from
+/// any thread.
 std::optional<MappedPullRequest> mapPullRequest(
     Node node,
     const std::string& host,
     std::optional<std::int64_t> requiredReviews,
     PullRequestKit::SharedTexts& texts);
 
-/// The pull request of a hit on this host, with the number of approvals that its base branch
-/// requires. Nothing when the hit is no pull request or lacks what one cannot do without.
-/// Safe from any thread.
+/// The pull request of a hit on this host, with the required approvals of its base branch. Nothing
+/// when the hit is not a pull request or lacks required fields. Safe from any thread.
 std::optional<PullRequestKit::PullRequest> makePullRequest(
     Node node, const std::string& host, std::optional<std::int64_t> requiredReviews);
 

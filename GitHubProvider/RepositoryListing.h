@@ -10,8 +10,8 @@
 
 namespace GitHub {
 
-/// The repositories in what `gh` prints, one JSON object a line: each once, the last line's
-/// version, ordered by name as a file browser does. Throws `DecodingError`. Safe from any thread.
+/// Parses the output of `gh`, one JSON object per line. Of duplicates the last wins. Ordered by
+/// name. Throws `DecodingError`. Safe from any thread.
 std::vector<PullRequestKit::RepositorySummary> decodeRepositories(std::string_view output);
 
 /// All repositories of this host that the user can see. Blocks; call on a worker thread. Throws

@@ -14,8 +14,8 @@ using PullRequestKit::Date;
 
 namespace {
 
-/// GitHub documents that a search takes no more than five operators, though not whether that holds
-/// for the advanced search. So larger groups are tried, and this is what remains when it refuses.
+/// GitHub documents a limit of five operators, but not whether it holds for the advanced search.
+/// Larger groups are tried first; this is the fallback when GitHub refuses them.
 constexpr std::int64_t smallGroup = 6;
 
 bool isRefusedForItsOperators(const PullRequestKit::ProviderError& error)
@@ -23,7 +23,7 @@ bool isRefusedForItsOperators(const PullRequestKit::ProviderError& error)
     return error.message().find("operators") != std::string::npos;
 }
 
-/// A time to come is one that a clock told which has been set back since.
+/// A time in the future means that the clock was set back.
 bool isDue(const std::optional<Date>& askedAt, Date now)
 {
     return !askedAt || *askedAt > now || now - *askedAt >= std::chrono::days(1);
@@ -100,7 +100,7 @@ SearchResult RepositorySearch::searchIn(
     return searchEach(_gh, _host, queries, form, request.trace, request.stopToken);
 }
 
-/// Asks at most once a day, also when the question fails, and remembers what it proves.
+/// Asks at most once a day, even when the request fails, and remembers the result.
 bool RepositorySearch::isFoundToExclude(SearchKnowledge knowledge, const Request& request) const
 {
     if (!isDue(knowledge.askedAt, now())) {
@@ -127,7 +127,7 @@ bool RepositorySearch::isFoundToExclude(SearchKnowledge knowledge, const Request
     return knowledge.isGrouped;
 }
 
-/// One that is known and still searched stays, so that the memory is written seldom.
+/// A known repository that is still searched is kept, so that the memory is seldom written.
 void RepositorySearch::rememberRepository(
     SearchKnowledge knowledge, const SearchResult& result, const Request& request) const
 {

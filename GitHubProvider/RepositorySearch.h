@@ -12,17 +12,17 @@
 
 namespace GitHub {
 
-/// Searches the pull requests of repositories, in as few searches as fit into arguments, and makes
-/// sure that an empty answer means what it says: see `RepositoryCounts`. What it learns goes into
-/// the memory and decides the form of all later searches. Safe from any thread.
+/// Searches the pull requests of repositories, with as few searches as possible, and checks empty
+/// results (see `RepositoryCounts`). What it learns goes into the memory and determines the form of
+/// later searches. Safe from any thread.
 class RepositorySearch {
 public:
-    /// The parts must outlive it.
+    /// The arguments must outlive it.
     RepositorySearch(
         const Gh& gh, const std::string& host, SearchMemory& memory, const WallClock& clock);
 
-    /// The hits as `searchEach` yields them. Blocks; call on a worker thread. Throws what
-    /// `searchEach` throws; a question that fails changes nothing.
+    /// The hits as from `searchEach`. Blocks; call on a worker thread. Throws what `searchEach`
+    /// throws; a failed check is ignored.
     SearchResult run(
         PullRequestKit::ReviewerScope reviewerScope,
         const std::set<std::string>& repositories,

@@ -51,7 +51,7 @@ SearchHit makeHit(Node node, const std::string& host, PullRequestKit::SharedText
     return hit;
 }
 
-/// Appends a page's hits and says where the next page begins, if there is one.
+/// Appends a page's hits and returns the cursor of the next page, if there is one.
 std::optional<std::string> appendHits(
     std::vector<SearchHit>& hits,
     SearchPage page,
@@ -86,8 +86,7 @@ bool isLaterUpdated(const SearchHit& left, const SearchHit& right)
     return instant(left) > instant(right);
 }
 
-/// Puts the hits of one more search behind those that are there and takes out the doubles. Yields
-/// how many there were.
+/// Appends the hits of another search and removes duplicates. Returns the number of duplicates.
 std::int64_t join(std::vector<SearchHit>& hits, std::vector<SearchHit> more)
 {
     std::unordered_map<PullRequestKit::PullRequestID, std::size_t> places;

@@ -14,15 +14,14 @@
 
 namespace GitHub {
 
-/// What is kept of a hit once its page is gone, a small part of what GitHub sends.
+/// The part of a hit that is kept; the rest of the page is discarded.
 struct SearchHit {
-    /// Without the number of approvals that its base branch requires. Nothing when the hit is no
-    /// pull request.
+    /// Without the required approvals. Nothing when the hit is not a pull request.
     std::optional<PullRequestKit::PullRequest> pullRequest;
     PullRequestKit::PullRequestDetails details;  ///< Empty when there is no pull request.
     std::optional<std::string> baseRefID;
 
-    /// What the hit itself says on the approvals that its base branch requires.
+    /// The required approvals as far as the hit itself contains them.
     std::optional<std::int64_t> requiredApprovingReviewCount;
 
     bool operator==(const SearchHit&) const = default;
@@ -30,13 +29,12 @@ struct SearchHit {
 
 struct SearchResult {
     std::vector<SearchHit> hits;
-    std::optional<std::int64_t> matches;  ///< How many GitHub counts, which may be more.
-    bool isCutOff = false;                ///< GitHub counts more than it hands out.
+    std::optional<std::int64_t> matches;  ///< GitHub's count, which may exceed the hits.
+    bool isCutOff = false;                ///< GitHub counts more than it returns.
 };
 
-/// The hits of a query of this form, in GitHub's order, loaded page by page. Blocks; call on a
-/// worker thread. Throws `ProviderError`, `DecodingError`, `CancellationError` and what `Gh::run`
-/// throws; then nothing of what was loaded remains.
+/// The hits of a query in GitHub's order, loaded page by page. Blocks; call on a worker thread.
+/// Throws `ProviderError`, `DecodingError`, `CancellationError` and what `Gh::run` throws.
 SearchResult search(
     const Gh& gh,
     const std::string& host,
@@ -45,9 +43,9 @@ SearchResult search(
     SearchTrace& trace,
     std::stop_token stopToken);
 
-/// The hits of several queries as one list, last updated first. A pull request that several of them
-/// found is there once, in the version updated last, and counts once in `matches`; it asks for the
-/// user when any of them says so. One query is loaded as `search` does it. Otherwise like `search`.
+/// The hits of several queries as one list, last updated first. A duplicate is kept once, in the
+/// version updated last, and counted once in `matches`; `asksForUser` is set if any query says so.
+/// Otherwise like `search`.
 SearchResult searchEach(
     const Gh& gh,
     const std::string& host,

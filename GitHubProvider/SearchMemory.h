@@ -9,25 +9,24 @@
 
 namespace GitHub {
 
-/// What is known of how GitHub takes a search that names several repositories. It is kept across
-/// starts.
+/// How GitHub treats a search that names several repositories. Kept across starts.
 struct SearchKnowledge {
-    /// It takes them for all of them at once, so they have to be grouped with OR.
+    /// The terms mean all of them, so they have to be grouped with OR.
     bool isGrouped = false;
 
-    /// The largest number of repositories in one group, once GitHub has refused more.
+    /// The largest group that GitHub accepts, once it has refused a larger one.
     std::optional<std::int64_t> groupSize;
 
-    /// When the meaning was last asked about.
+    /// The time of the last check.
     std::optional<PullRequestKit::Date> askedAt;
 
-    /// A repository in which something was found once: one to ask about.
+    /// A repository known to have pull requests, for the next check.
     std::optional<std::string> repository;
 
     bool operator==(const SearchKnowledge&) const = default;
 };
 
-/// Keeps the knowledge; this one only for as long as it lives. Safe from any thread.
+/// Stores the knowledge; this implementation only in memory. Safe from any thread.
 class SearchMemory {
 public:
     SearchMemory() = default;
@@ -35,14 +34,14 @@ public:
     SearchMemory& operator=(const SearchMemory&) = delete;
     virtual ~SearchMemory() = default;
 
-    /// Never throws: what cannot be read is not known.
+    /// Never throws: unreadable data counts as missing.
     virtual SearchKnowledge load() const
     {
         const std::lock_guard lock(_mutex);
         return _knowledge;
     }
 
-    /// Never throws: what cannot be kept is asked anew after the next start.
+    /// Never throws: what cannot be stored is lost at the next start.
     virtual void save(const SearchKnowledge& knowledge)
     {
         const std::lock_guard lock(_mutex);

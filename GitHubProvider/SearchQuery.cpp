@@ -34,7 +34,6 @@ constexpr const char* documentArgument = R"(query=query($q:String!, $cursor:Stri
   }
 })";
 
-/// One way in which a pull request can concern the user.
 struct Concern {
     std::string_view terms;
     bool asksForUser = false;
@@ -54,7 +53,7 @@ std::vector<Concern> concerns(PullRequestKit::ReviewerScope reviewerScope)
     return {};
 }
 
-/// The terms before and after those of the repositories.
+/// The terms before and after the repositories.
 struct Frame {
     std::string before;
     std::string_view after = " sort:updated-desc";
@@ -67,7 +66,7 @@ Frame frame(const Concern& concern)
     return frame;
 }
 
-/// What stands around and between the terms of several repositories.
+/// The text around and between the repositories.
 struct Joint {
     std::string_view first;
     std::string_view between;

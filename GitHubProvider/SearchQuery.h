@@ -11,7 +11,7 @@
 
 namespace GitHub {
 
-/// How many entries of each list the search asks for. An answer with as many may lack some.
+/// The maximum length of each requested list. A list of this length may be truncated.
 struct SearchLimits {
     static constexpr std::size_t reviewRequests = 50;
     static constexpr std::size_t reviews = 50;
@@ -20,40 +20,37 @@ struct SearchLimits {
 
 /// How a search names several repositories.
 enum class SearchForm {
-    terms,   ///< `repo:a repo:b`, any of which a hit may match.
+    terms,   ///< `repo:a repo:b`
     groups,  ///< `(repo:a OR repo:b)`, which needs the advanced search.
 };
 
-/// What a search text may hold at most. The defaults are what the system takes as one argument.
+/// The limits of a search text. The defaults are those of the system.
 struct SearchBounds {
     std::size_t bytes = largestSearchText;
     std::size_t repositories = SIZE_MAX;
 
-    /// Linux takes arguments of 128 KiB with the zero byte at their end; "q=" stands before the
-    /// text.
+    /// An argument on Linux has at most 128 KiB including its zero byte, and starts with "q=".
     static constexpr std::size_t largestSearchText = std::size_t{128} * 1024 - 1 - 2;
 };
 
-/// The text of one search, and what all its hits have in common.
+/// The text of one search and what it implies for its hits.
 struct SearchQuery {
     std::string text;
-    bool asksForUser = false;  ///< They ask for the review of the user or of one of their teams.
+    bool asksForUser = false;  ///< The hits request a review from the user or the user's teams.
 
     bool operator==(const SearchQuery&) const = default;
 };
 
 /// The searches for the open pull requests of these repositories, last updated first: one, or one
-/// for each way in which the user can be involved. Each is made as few as fit into the bounds, for
-/// a part of the repositories in their order. A single repository that is beyond them has a search
-/// of its own. Safe from any thread.
+/// per way in which the user can be involved. Each is split into as few as the bounds allow; a
+/// repository that exceeds them has a search of its own. Safe from any thread.
 std::vector<SearchQuery> searchQueries(
     PullRequestKit::ReviewerScope reviewerScope,
     const std::set<std::string>& repositories,
     SearchForm form = SearchForm::terms,
     const SearchBounds& bounds = {});
 
-/// The arguments with which `gh` loads the first page of the query's hits, or the page at `cursor`.
-/// Safe from any thread.
+/// The arguments of `gh` that load the page at `cursor`, or the first page. Safe from any thread.
 std::vector<std::string> searchArguments(
     const std::string& query,
     const std::optional<std::string>& cursor,

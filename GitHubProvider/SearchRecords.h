@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-/// One page of the search's answer, as GitHub spells it. What is no `std::optional` must be there.
+/// The search's answer in GitHub's terms. Fields other than `std::optional` are required.
 namespace GitHub {
 
 /// A user has a `login`, a team a `name`.
@@ -35,7 +35,7 @@ struct ReviewRequest {
 
 struct Review {
     std::string state;
-    std::optional<Actor> author;  ///< Absent once the account is deleted.
+    std::optional<Actor> author;  ///< Absent after the account was deleted.
 
     bool operator==(const Review&) const = default;
 };
@@ -58,7 +58,7 @@ struct CommitNode {
     bool operator==(const CommitNode&) const = default;
 };
 
-/// One hit. A hit that is no pull request has no field at all.
+/// A hit. One that is not a pull request has no fields.
 struct Node {
     std::optional<std::int64_t> number;
     std::optional<std::string> title;

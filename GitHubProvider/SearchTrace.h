@@ -11,24 +11,22 @@
 
 namespace GitHub {
 
-/// Writes what one search does to the log, a line for each step, and measures how long the steps
-/// take. Belongs to one thread.
+/// Logs the steps of one search with their durations. Belongs to one thread.
 class SearchTrace {
 public:
     struct Page {
         std::size_t bytes = 0;  ///< Of the answer.
         std::size_t nodes = 0;
-        std::optional<std::int64_t> matches;  ///< Of the whole search, on all pages.
+        std::optional<std::int64_t> matches;  ///< Of the whole search.
         bool hasNext = false;
     };
 
-    /// Requires: a sink and a clock.
     SearchTrace(LogSink log, SteadyClock clock);
 
-    /// May be called several times: the pages are counted and the time is taken over all of them.
+    /// May be called several times; pages and times are summed up.
     void searchStarted(const std::string& query);
 
-    /// The one line that says that GitHub takes several repositories for all of them at once.
+    /// Logs that GitHub takes several repositories as all of them at once.
     void groupingStarted() const;
     void pageStarted();
     void pageHadErrors(std::size_t errors) const;

@@ -5,10 +5,10 @@
 
 namespace GitHub {
 
-/// Takes one line of diagnostics, without a line break. Called from several threads at once.
+/// Takes one line of diagnostics without a line break. Must be callable from several threads.
 using LogSink = std::function<void(const std::string& line)>;
 
-/// Writes to the system log (`syslog`) as "tarnwick". Without a system log the lines are lost.
+/// Writes to `syslog` as "tarnwick". Without a system log the lines are lost.
 LogSink systemLog();
 
 }  // namespace GitHub

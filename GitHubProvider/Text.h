@@ -7,19 +7,17 @@
 
 namespace GitHub {
 
-/// The bytes as UTF-8, each invalid sequence replaced by U+FFFD. Safe from any thread.
+/// Decodes UTF-8 and replaces invalid sequences by U+FFFD. Safe from any thread.
 std::string decodeText(std::string_view bytes);
 
-/// `text` without the white space and line breaks at its ends. Requires: UTF-8.
-/// Safe from any thread.
+/// `text` without white space at both ends. Requires: UTF-8. Safe from any thread.
 std::string trimText(std::string_view text);
 
-/// The first run of characters that are no white space, or nothing. Requires: UTF-8.
-/// Safe from any thread.
+/// The first word, or nothing. Requires: UTF-8. Safe from any thread.
 std::optional<std::string> firstWord(std::string_view text);
 
-/// Where the first occurrence of `part` ends, whatever the case of its letters, or `npos`.
-/// Requires: `part` in lower-case ASCII. Safe from any thread.
+/// The end of the first occurrence of `part`, ignoring case, or `npos`. Requires: `part` in
+/// lower-case ASCII. Safe from any thread.
 std::size_t endOfAsciiIgnoringCase(std::string_view text, std::string_view part);
 
 }  // namespace GitHub

@@ -20,7 +20,7 @@ struct Pipe {
     FileDescriptor writingEnd;
 };
 
-/// For functions that return their error number; `errno` is what callers look at.
+/// Throws the error number that POSIX functions return instead of setting `errno`.
 void require(int errorNumber)
 {
     if (errorNumber != 0) {
@@ -28,8 +28,8 @@ void require(int errorNumber)
     }
 }
 
-/// Where this program has no standard streams, a pipe can get their numbers, which the child's
-/// streams are about to take.
+/// If this program was started without standard streams, a pipe can get their numbers, which the
+/// child's streams are about to replace.
 FileDescriptor movedAboveStandardStreams(FileDescriptor descriptor)
 {
     if (descriptor.number() > STDERR_FILENO) {
@@ -40,7 +40,7 @@ FileDescriptor movedAboveStandardStreams(FileDescriptor descriptor)
     return moved;
 }
 
-/// Closed on exec, so that a child started by another thread does not hold it open.
+/// Close-on-exec, so that a child started by another thread does not inherit it.
 Pipe openPipe()
 {
     int ends[2] = {-1, -1};
@@ -51,9 +51,9 @@ Pipe openPipe()
 
 class SpawnAttributes {
 public:
-    /// Signals start afresh: this program may block or ignore some that the child must obey. In a
-    /// session of its own the child has no terminal: one that reads from it in the background would
-    /// be stopped, and this program, which counts the time limit, together with it.
+    /// Resets signals, which this program may block or ignore. A new session detaches the child
+    /// from the terminal: a background child that reads from the terminal would be stopped, and
+    /// with it this program, which counts the time limit.
     SpawnAttributes()
     {
         require(::posix_spawnattr_init(&_attributes));
@@ -101,8 +101,8 @@ private:
     {
         int error = ::posix_spawn_file_actions_adddup2(&_actions, standardOutput, STDOUT_FILENO);
         if (error == 0 && ::isatty(STDIN_FILENO) == 1) {
-            // From another session it could be read without any control, and what the user types
-            // for the shell would go to the child.
+            // Across sessions, terminal input has no job control: the child would take what the
+            // user types for the shell.
             error = ::posix_spawn_file_actions_addopen(
                 &_actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
         }
@@ -110,7 +110,7 @@ private:
             error = ::posix_spawn_file_actions_adddup2(&_actions, standardError, STDERR_FILENO);
         }
         if (error == 0) {
-            // Libraries of a desktop program open descriptors that are not closed on exec.
+            // Desktop libraries open descriptors without close-on-exec.
             error = ::posix_spawn_file_actions_addclosefrom_np(&_actions, STDERR_FILENO + 1);
         }
         return error;
@@ -119,8 +119,8 @@ private:
     posix_spawn_file_actions_t _actions{};
 };
 
-/// The operating system's texts end at the first null character, so one with such a character
-/// inside would arrive cut off.
+/// The system's strings end at the first null character, so a text that contains one would be
+/// truncated.
 std::vector<char*> argumentPointers(std::vector<std::string>& texts)
 {
     std::vector<char*> pointers;
@@ -133,7 +133,7 @@ std::vector<char*> argumentPointers(std::vector<std::string>& texts)
     return pointers;
 }
 
-/// This program's variables in their order, and these behind them in place of their namesakes.
+/// This program's environment, with `variables` appended or replacing it.
 std::vector<std::string> environmentWith(const std::map<std::string, std::string>& variables)
 {
     std::vector<std::string> entries;
@@ -175,8 +175,7 @@ pid_t spawn(
     return id;
 }
 
-/// Blocks until the child has ended and leaves it in the system's table, where its number stays its
-/// own.
+/// Blocks until the child has ended but does not reap it, so its process id stays valid.
 void waitForEnd(pid_t id)
 {
     siginfo_t ended{};
@@ -199,7 +198,7 @@ try
     _id = spawn(executable, arguments, settings.variables, output.writingEnd, error.writingEnd);
     output.writingEnd.close();
     error.writingEnd.close();
-    // The system calls' own numbers, because C libraries before 2.36 have no functions for them.
+    // glibc before 2.36 has no wrappers for these system calls.
     _descriptor = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, _id, 0)));
     if (!_descriptor.isOpen()) {
         const int errorNumber = errno;
@@ -231,7 +230,7 @@ void ChildProcess::terminate() const
     }
 }
 
-/// Requires: nobody has waited for the child, so its number is still its own, and its group's.
+/// Requires: not reaped, so that the ids of the process and its group are still valid.
 void ChildProcess::askToEnd() const
 {
     const pid_t target = _reach == ChildSettings::Reach::group ? -_id : _id;
@@ -252,7 +251,7 @@ std::int32_t ChildProcess::wait()
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-/// A child that writes into a full pipe would not end while the pipe has a reader.
+/// A child blocked on a full pipe would not end while the pipe has a reader.
 void ChildProcess::abandon()
 {
     _standardOutput.close();

@@ -8,16 +8,16 @@
 
 namespace GitHub {
 
-/// What came of a command. A status other than 0 is no error here: the caller interprets it.
+/// The result of a command. A status other than 0 is not an error here.
 struct CommandResult {
-    std::int32_t status = 0;     ///< The exit status, or 128 and the number of the ending signal.
-    std::string standardOutput;  ///< All bytes as they came; empty when there were none.
-    std::string standardError;   ///< The same for standard error.
+    std::int32_t status = 0;     ///< The exit status, or 128 plus the signal number.
+    std::string standardOutput;  ///< Raw bytes.
+    std::string standardError;   ///< Raw bytes.
 
     bool operator==(const CommandResult&) const = default;
 };
 
-/// Runs programs. The seam at which tests put a scripted substitute.
+/// Runs programs. Tests substitute it.
 class CommandRunning {
 public:
     CommandRunning() = default;
@@ -26,9 +26,9 @@ public:
     virtual ~CommandRunning() = default;
 
     /// Runs `executable` with `arguments` (without the program's name) and waits for its end.
-    /// Blocks; call on a worker thread. Several threads may call at once. Throws `ProviderError`
-    /// when the time limit expires or a pipe fails, `std::system_error` when the program cannot be
-    /// started, and `CancellationError` once `stopToken` is stopped.
+    /// Blocks; call on a worker thread. Safe from any thread. Throws `ProviderError` on a timeout
+    /// or a failed pipe, `std::system_error` when the program cannot be started, and
+    /// `CancellationError` once `stopToken` is stopped.
     virtual CommandResult run(
         const std::filesystem::path& executable,
         const std::vector<std::string>& arguments,

@@ -6,12 +6,12 @@
 
 namespace GitHub {
 
-/// Owns an open file descriptor and closes it when its life ends.
+/// Owns a file descriptor and closes it.
 class FileDescriptor {
 public:
     FileDescriptor() = default;
 
-    /// Takes `number` over. A negative one, as failing system calls return it, owns nothing.
+    /// Takes ownership of `number`. A negative number owns nothing.
     explicit FileDescriptor(int number) noexcept
         : _number(number)
     {}
@@ -33,7 +33,7 @@ public:
 
     bool isOpen() const { return _number >= 0; }
 
-    /// Negative when nothing is open; `poll` passes such entries over.
+    /// Negative when nothing is open; `poll` ignores negative entries.
     int number() const { return _number; }
 
     void close()

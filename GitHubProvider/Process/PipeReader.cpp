@@ -31,7 +31,7 @@ PipeReader::PipeReader(FileDescriptor readingEnd, std::string programName, std::
 
 void PipeReader::read()
 {
-    // As much as a pipe holds by default.
+    // The default capacity of a pipe.
     std::array<char, std::size_t{64} << 10> piece;  // NOLINT(*-member-init): read() fills it.
     const ssize_t count = ::read(_readingEnd.number(), piece.data(), piece.size());
     if (count > 0) {

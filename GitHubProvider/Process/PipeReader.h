@@ -7,26 +7,26 @@
 
 namespace GitHub {
 
-/// Gathers what comes out of a pipe, piece by piece, up to a limit. One thread at a time.
+/// Collects the output of a pipe up to a limit. Not safe across threads.
 class PipeReader {
 public:
-    /// Keeps at most `limit` bytes. The program's name is for the errors.
+    /// Keeps at most `limit` bytes. The program's name appears in errors.
     PipeReader(FileDescriptor readingEnd, std::string programName, std::size_t limit);
 
-    /// For `poll`; negative from the end of file on.
+    /// For `poll`; negative after the end of file.
     int descriptor() const { return _readingEnd.number(); }
 
     bool isAtEnd() const { return !_readingEnd.isOpen(); }
 
-    /// Takes one piece, of at most 64 KiB, or notes the end of file. Blocks unless `poll` has
-    /// reported the descriptor. Throws `ProviderError` when reading fails, which is an end too, and
-    /// once when more than the limit has come, which discards everything.
+    /// Reads up to 64 KiB or notes the end of file. Blocks unless `poll` has reported the
+    /// descriptor. Throws `ProviderError` when reading fails, which also ends the output, and once
+    /// when the limit is exceeded, which discards the output.
     void read();
 
-    /// Forgets what was kept and keeps nothing of what `read` takes from now on.
+    /// Discards the bytes kept and all further ones.
     void discard();
 
-    /// The bytes kept so far; they are moved out.
+    /// Moves out the bytes kept so far.
     std::string takeBytes();
 
 private:

@@ -26,7 +26,7 @@ using PullRequestKit::ProviderError;
 
 constexpr std::chrono::nanoseconds never = std::chrono::nanoseconds::max();
 
-/// Counts on while the machine sleeps.
+/// Includes the time the machine sleeps.
 std::chrono::nanoseconds timeSinceBoot()
 {
     timespec time{};
@@ -37,13 +37,12 @@ std::chrono::nanoseconds timeSinceBoot()
 std::chrono::nanoseconds deadlineAfter(std::chrono::nanoseconds timeout)
 {
     const std::chrono::nanoseconds now = timeSinceBoot();
-    // A timer that is set to nothing would not run.
+    // A zero value would disarm the timer.
     const auto atOnce = std::chrono::nanoseconds(1);
     return timeout < never - now ? std::max(now + timeout, atOnce) : never;
 }
 
-/// Becomes readable at the deadline, also when the machine sleeps meanwhile, which a wait with a
-/// limit of its own would not notice.
+/// Readable at the deadline. Unlike the timeout of `poll`, it includes the time the machine sleeps.
 FileDescriptor openTimer(std::chrono::nanoseconds deadline, const std::filesystem::path& executable)
 {
     FileDescriptor timer(::timerfd_create(CLOCK_BOOTTIME, TFD_CLOEXEC));
@@ -60,7 +59,7 @@ FileDescriptor openTimer(std::chrono::nanoseconds deadline, const std::filesyste
     return timer;
 }
 
-/// Becomes readable when the call is stopped, which ends the wait for everything else.
+/// Readable once the call is stopped.
 FileDescriptor openWakeUp(const std::filesystem::path& executable)
 {
     FileDescriptor wakeUp(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
@@ -70,7 +69,7 @@ FileDescriptor openWakeUp(const std::filesystem::path& executable)
     return wakeUp;
 }
 
-/// Waits for one of `polled`. Without events when a signal came.
+/// Waits for one of `polled`. Returns without events after a signal.
 void waitForEvents(std::span<pollfd> polled)
 {
     if (::poll(polled.data(), polled.size(), -1) >= 0) {
@@ -85,10 +84,10 @@ void waitForEvents(std::span<pollfd> polled)
     }
 }
 
-/// A launched program, followed to its end. It is given up when it is stopped, out of time, prints
-/// too much or cannot be read; whatever comes first counts. From then on its output is read only
-/// so that a child that still prints can come to its end, and nobody but the child is waited for.
-/// A child that has ended is removed last, so that what it has left behind can be asked to end.
+/// Follows a child process to its end. The session is given up when it is stopped, times out,
+/// exceeds the output limit or fails to read. Its output is then discarded, so that a child that
+/// still writes can end. The child is reaped last, so that the rest of its process group can still
+/// be terminated.
 class ProcessSession {
 public:
     ProcessSession(
@@ -127,8 +126,8 @@ public:
         _status = _process->wait();
     }
 
-    /// Throws where the command was given up because a pipe brought too much or failed. Without
-    /// output where it was given up for another reason.
+    /// Throws when a pipe failed or exceeded the limit. Without output when given up for another
+    /// reason.
     CommandResult takeResult()
     {
         if (_failure) {

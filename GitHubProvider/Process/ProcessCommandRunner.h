@@ -8,20 +8,17 @@
 
 namespace GitHub {
 
-/// Runs programs as child processes, with the standard input, environment and working directory of
-/// this one, in sessions of their own. The calling thread does all the work and no other thread is
-/// started.
-///
-/// A child is only ever asked to end (SIGTERM) and always waited for, so a call lasts as long as a
-/// child that takes no notice. Until the time limit a call also lasts as long as somebody holds the
-/// child's pipes open; after the limit, or once it is stopped, only as long as the child.
+/// Runs programs as child processes on the calling thread; see `ChildProcess` for what they
+/// inherit.
+/// A child is asked to end (SIGTERM), never killed, and always waited for: a call lasts as long as
+/// a child that ignores the signal. Before the timeout, a call also lasts as long as any process
+/// keeps the child's pipes open.
 class ProcessCommandRunner final : public CommandRunning {
 public:
     static constexpr std::size_t defaultOutputLimit = std::size_t{64} << 20;
 
-    /// `timeout` limits each run, by a clock that nobody sets and that counts on while the machine
-    /// sleeps. `outputLimit`, in bytes, is what either stream may bring; a program that prints more
-    /// is ended, and `run` throws `ProviderError`.
+    /// `timeout` limits each run, including the time the machine sleeps. `outputLimit` limits each
+    /// stream, in bytes; a program that exceeds it is terminated and `run` throws `ProviderError`.
     explicit ProcessCommandRunner(
         std::chrono::nanoseconds timeout, std::size_t outputLimit = defaultOutputLimit);
 

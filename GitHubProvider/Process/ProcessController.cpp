@@ -3,7 +3,7 @@
 namespace GitHub {
 namespace {
 
-/// Called without the lock: a process may take its time to answer.
+/// Called without the lock: this may take time.
 void terminateIfRunning(const TerminableProcess& process)
 {
     if (process.isRunning()) {

@@ -5,7 +5,7 @@
 
 namespace GitHub {
 
-/// A process that can be asked to end. Implementations are safe from any thread.
+/// A process that can be terminated. Implementations are safe from any thread.
 class TerminableProcess {
 public:
     TerminableProcess() = default;
@@ -15,21 +15,19 @@ public:
 
     virtual bool isRunning() const = 0;
 
-    /// Sends the polite request to end, which a process may answer late or not at all.
+    /// Asks the process to end. It may react late or not at all.
     virtual void terminate() const = 0;
 };
 
-/// Carries the wish to end one command to its process, even when the wish comes before there is
-/// one. Its flags only ever turn true; it serves one command. Safe from any thread.
+/// Cancels one command, even before its process exists. Its flags are never reset. Safe from any
+/// thread.
 class ProcessController {
 public:
-    /// Hands over the launched process; ends it at once where `cancel` has come first.
+    /// Sets the launched process; terminates it at once after `cancel`.
     void registerProcess(const std::shared_ptr<const TerminableProcess>& process);
 
-    /// Ends the process if it is running, else the one that is registered later.
+    /// Terminates the process if it is running, or as soon as one is registered.
     void cancel();
-
-    /// Notes that the time limit expired, and cancels.
     void timeOut();
 
     bool hasTimedOut() const;
