@@ -8,23 +8,21 @@
 
 namespace Tarnwick {
 
-/// Where a program that notifies keeps which pull requests were blocked, so that it tells after a
-/// restart, too, when they no longer are. A value; its functions block and are safe from any
-/// thread.
+/// Stores which pull requests are blocked, so that unblocked ones are reported after a restart,
+/// too. Blocks; safe from any thread.
 struct BlockedPullRequestsFile {
-    /// A larger file is none of ours, and is not read.
+    /// Larger files are not read.
     static constexpr std::size_t largestFile = std::size_t{64} * 1024 * 1024;
 
-    std::filesystem::path path;  ///< The file, which need not exist.
+    std::filesystem::path path;  ///< Need not exist.
 
-    /// `blocked.json` in the folder of the cache.
+    /// `blocked.json` beside the cache file.
     static BlockedPullRequestsFile beside(const PullRequestDiskCache& cache);
 
-    /// Replaces the file as a whole, for its owner alone. Throws `CacheWriteError`.
+    /// Replaces the file, readable by its owner only. Throws `CacheWriteError`.
     void save(const BlockedPullRequests& blocked) const;
 
-    /// Empty when the file is missing, cannot be read, or is of another version. Never throws, and
-    /// leaves the file as it is.
+    /// Empty when the file is missing, unreadable or of another version. Never throws.
     BlockedPullRequests load() const noexcept;
 };
 

@@ -11,17 +11,16 @@
 
 namespace Tarnwick {
 
-/// The result of one successful refresh and the settings it was fetched under, as the cache file
-/// holds them. The last four fields are absent in files of older versions.
+/// The result of a successful refresh and the settings it was fetched with, as stored in the cache.
+/// The last four fields are absent in older files.
 struct CachedPullRequestSnapshot {
     std::vector<PullRequestKit::PullRequest> pullRequests;
     std::vector<PullRequestKit::RepositorySummary> repositories;
     std::optional<std::string> account;
     PullRequestKit::Date refreshedAt{};
     std::optional<PullRequestKit::ReviewerScope> reviewerScope;
-    std::optional<std::set<std::string>>
-        repositoryScope;                                 ///< The selected repositories' full names.
-    std::optional<std::set<std::string>> reviewFilters;  ///< The review filters' stored texts.
+    std::optional<std::set<std::string>> repositoryScope;  ///< Full names.
+    std::optional<std::set<std::string>> reviewFilters;    ///< Stored names.
     std::optional<std::set<PullRequestKit::PullRequestState>> states;
 
     bool operator==(const CachedPullRequestSnapshot&) const = default;

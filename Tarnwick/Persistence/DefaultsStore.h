@@ -11,8 +11,8 @@
 
 namespace Tarnwick {
 
-/// The user's settings as a table from keys to values in the form of `IniValue`, which the readers
-/// and writers below give their types. Main thread only.
+/// The user's settings by key. Values are encoded as by `IniValue`; the readers and writers below
+/// convert them. Main thread only.
 class DefaultsStore {
 public:
     DefaultsStore() = default;
@@ -20,38 +20,36 @@ public:
     DefaultsStore& operator=(const DefaultsStore&) = delete;
     virtual ~DefaultsStore() = default;
 
-    /// What is stored under the key, or nothing when the key is absent.
+    /// The value of the key; nothing when absent.
     virtual std::optional<std::string> value(std::string_view key) const = 0;
 
-    /// Stores an encoded value. Never fails towards the caller: from here on `value` yields what
-    /// was set, and `problem` tells when it could not be kept.
+    /// Stores an encoded value. Never throws: if it cannot be stored, `value` still returns it and
+    /// `problem` says why.
     virtual void set(std::string_view key, const std::string& value) = 0;
 
-    /// Takes the key out, so that it is absent. Fails as `set` does.
+    /// Removes the key. Fails like `set`.
     virtual void remove(std::string_view key) = 0;
 
-    /// The keys that begin with `prefix`, each once.
+    /// The keys that begin with `prefix`, without duplicates.
     virtual std::vector<std::string> keys(std::string_view prefix) const = 0;
 
-    /// Another number than before whenever something else is stored than this process has read and
-    /// written.
+    /// Changes whenever another process changes what is stored.
     virtual std::uint64_t revision() const = 0;
 
-    /// Runs `changes`, once in any case, as one step that no other process comes between: what is
-    /// stored is read first, and everything that `changes` sets and removes is stored together at
-    /// the end. Requires: `changes` throws nothing.
+    /// Runs `changes` once, as a transaction across processes: the stored values are reread first,
+    /// and all changes are stored together at the end. Requires: `changes` does not throw.
     virtual void change(const std::function<void()>& changes) = 0;
 
-    /// Reads again if another process changed what is stored.
+    /// Rereads the values if another process changed them.
     virtual void refresh() = 0;
 
-    /// What is wrong with the store itself, as one English sentence for the user, or nothing.
+    /// The current problem of the store as an English sentence for the user, or nothing.
     virtual std::optional<std::string> problem() const { return std::nullopt; }
 };
 
-/// The readers yield nothing when the key is absent or holds another type.
+/// The readers return nothing when the key is absent or has another type.
 
-/// "true", "1", "false" or "0", in any case of letters.
+/// "true", "1", "false" or "0", ignoring case.
 std::optional<bool> readFlag(const DefaultsStore& store, std::string_view key);
 
 std::optional<std::int64_t> readInteger(const DefaultsStore& store, std::string_view key);

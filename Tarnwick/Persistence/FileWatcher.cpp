@@ -17,8 +17,8 @@ QString nameOf(const fs::path& path)
     return QFile::decodeName(path.c_str());
 }
 
-/// Adds the folders whose changes can make a path lead to another folder: those of the symbolic
-/// links on it, and where a folder is missing, the one in which it would come to be.
+/// Adds the folders in which a change can redirect the path: those of its symbolic links, and the
+/// parent of a missing folder.
 void addFolder(QStringList& places, const fs::path& folder)
 {
     std::error_code error;
@@ -36,8 +36,8 @@ void addFolder(QStringList& places, const fs::path& folder)
     places.append(nameOf(reached));
 }
 
-/// Everything whose changes may change what the path leads to. An inotify watch on a folder tells
-/// what is made, moved and removed there, one on a file what is written into it.
+/// Everything to watch for a file. inotify reports entries made, moved and removed in a watched
+/// folder, and writes to a watched file.
 QStringList placesOnTheWayTo(fs::path file)
 {
     constexpr int mostLinks = 16;
@@ -85,8 +85,8 @@ void FileWatcher::somethingHappened()
 void FileWatcher::look()
 {
     _first.reset();
-    // A watch ends with the file or folder that it is on, and stays on one that was moved away.
-    // What happens between the old watches and the new ones shows in the stamp.
+    // A watch ends with its file or folder, and follows one that is moved. The stamp catches
+    // changes between the old watches and the new ones.
     watch();
     if (std::exchange(_stamp, Files::stampOf(_file)) != _stamp) {
         Q_EMIT changed();

@@ -12,23 +12,21 @@
 
 namespace Tarnwick {
 
-/// Tells when a file is another one than before: written in place, replaced, made, removed, or
-/// reached through a symbolic link that leads elsewhere now. Neither the file nor its folder need
-/// exist. Nothing wakes up while nothing happens in the folders on the way to the file. Main thread
-/// only.
+/// Reports when a file is written, replaced, created, removed or reached through a redirected
+/// symbolic link. Neither the file nor its folder need exist. Does not poll. Main thread only.
 class FileWatcher final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(FileWatcher)
 
 public:
-    /// Editors empty a file before they write it: what has changed is looked at once nothing has
-    /// happened for this long.
+    /// Editors truncate a file before they write it, so a change is reported after this time
+    /// without further changes.
     static constexpr std::chrono::milliseconds rest{150};
 
-    /// And at the latest this long after the first of many changes.
+    /// The maximum delay of a report during continuous changes.
     static constexpr std::chrono::milliseconds patience{600};
 
-    /// With another rest where nothing writes the file in pieces.
+    /// A shorter delay suits files that are always replaced as a whole.
     explicit FileWatcher(std::filesystem::path file, std::chrono::milliseconds restBefore = rest);
     ~FileWatcher() override = default;
 
@@ -45,7 +43,7 @@ private:
     Files::Stamp _stamp;
     QFileSystemWatcher _watcher;
     QTimer _rest;
-    std::optional<std::chrono::steady_clock::time_point> _first;  ///< Of the changes not looked at.
+    std::optional<std::chrono::steady_clock::time_point> _first;  ///< First unreported change.
 };
 
 }  // namespace Tarnwick

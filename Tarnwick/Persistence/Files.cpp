@@ -23,8 +23,7 @@ using GitHub::FileDescriptor;
     throw std::system_error(reason, std::generic_category());
 }
 
-/// Yields what a system call yields, and throws when that is an error. A call that a signal
-/// interrupted is made again.
+/// Returns the result of a system call, retried after EINTR. Throws on an error.
 template<typename Call>
 auto checked(const Call& call)
 {
@@ -43,8 +42,8 @@ constexpr std::string_view lowerCase = "abcdefghijklmnopqrstuvwxyz";
 constexpr std::string_view digits = "0123456789";
 constexpr std::size_t markLength = 6;
 
-/// What stands behind the dot in the name of a temporary file. With a capital, a small letter and a
-/// digit in any case, it is nothing that a user calls a copy ("backup", "201122").
+/// The suffix of a temporary file's name. It contains a capital, a small letter and a digit, so
+/// that no copy made by the user looks like it ("backup", "201122").
 std::string makeMark()
 {
     std::random_device random;
@@ -77,8 +76,7 @@ std::string temporaryName(const std::filesystem::path& target)
     return target.string() + "." + makeMark();
 }
 
-/// The file beside the old one in which the new one comes to be; gone at the end unless it took the
-/// old one's place.
+/// The temporary file beside the target. Removed unless it replaced the target.
 class Replacement {
 public:
     explicit Replacement(const std::filesystem::path& target)
@@ -96,7 +94,7 @@ public:
         }
     }
 
-    /// A full disk takes a part of the bytes and reports that as success: hence the loop.
+    /// A write to a full disk may succeed in part.
     void write(std::string_view contents) const
     {
         while (!contents.empty()) {
@@ -151,7 +149,7 @@ struct stat statusOf(const FileDescriptor& file)
     return status;
 }
 
-/// The file that a path leads to, whose folder is made if it is missing.
+/// The resolved path. Creates its folder if missing.
 std::filesystem::path withFolder(const std::filesystem::path& path)
 {
     auto target = std::filesystem::weakly_canonical(path);
@@ -159,8 +157,8 @@ std::filesystem::path withFolder(const std::filesystem::path& path)
     return target;
 }
 
-/// A rename is on disk once its folder is. There is nothing to do about a folder that cannot be
-/// synchronised: the new file is in place.
+/// A rename is durable once its folder is synchronized. Errors are ignored, because the new file is
+/// already in place.
 void synchronizeFolder(const std::filesystem::path& folder)
 {
     if (const FileDescriptor descriptor = openFolder(folder); descriptor.isOpen()) {
@@ -168,8 +166,8 @@ void synchronizeFolder(const std::filesystem::path& folder)
     }
 }
 
-/// Whether a process wrote this for the target and did not live to put it in place. What is beside
-/// a file of JSON is the program's own, too, and some of it is seldom written again.
+/// Whether this is the temporary file of a killed process. Files beside a JSON file all belong to
+/// the program, so leftovers of any of them count.
 bool isLeftover(const std::filesystem::path& file, const std::filesystem::path& target)
 {
     const std::string extension = file.extension().string();
@@ -179,7 +177,7 @@ bool isLeftover(const std::filesystem::path& file, const std::filesystem::path& 
                || (target.extension() == ".json" && meant.extension() == ".json"));
 }
 
-/// Removes what killed processes left. What is younger than a minute may still be written to.
+/// Removes leftovers older than a minute; younger ones may still be in use.
 void removeLeftovers(const std::filesystem::path& target)
 {
     constexpr std::chrono::minutes inUse{1};

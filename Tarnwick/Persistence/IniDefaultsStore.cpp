@@ -24,8 +24,8 @@ std::string sentence(
            + "), so changes to the settings are not saved.";
 }
 
-/// The permissions for the new file: those of the old one. Throws where the old one is protected
-/// from writing, which a file in a writable folder is not by itself.
+/// The permissions of the old file, for the new one. Throws if the old file is write-protected: a
+/// writable folder alone would allow replacing it.
 mode_t permissionsFor(const std::filesystem::path& file)
 {
     struct stat status{};
@@ -128,7 +128,7 @@ void IniDefaultsStore::refresh()
     }
 }
 
-/// Reads the file; whether that was possible. Where it was not, what was read before still counts.
+/// Returns whether the file could be read. If not, the previous contents stay in effect.
 bool IniDefaultsStore::read()
 {
     try {

@@ -10,20 +10,17 @@
 
 namespace Tarnwick {
 
-/// The defaults in an INI file, every key at the top level. Main thread only.
-///
-/// `set`, `remove` and `change` have everything on disk when they return. Under a lock on the
-/// folder they read the file anew, change the lines of these keys and replace the file as a whole,
-/// so processes do not undo each other's changes, and what this program does not understand stays
-/// as it is. Nothing is written when every line stays the same. A new file can be read and written
-/// by its owner alone.
-///
-/// A file that cannot be read is never written. Changes that could not be written live in memory,
-/// `problem` tells of them, and the next change tries again. QSettings would put the part of a file
-/// that still fitted on a full disk in the place of the whole.
+/// Settings in an INI file, all keys at the top level. Main thread only.
+/// `set`, `remove` and `change` are durable when they return. They lock the folder, reread the
+/// file, change only the lines of their keys and replace the file as a whole. So concurrent changes
+/// are kept, and so are unknown lines. Unchanged files are not written. A new file is readable by
+/// its owner only.
+/// A file that cannot be read is never written. Changes that could not be written are kept in
+/// memory, reported by `problem` and written with the next change. QSettings is not used, because
+/// on a full disk it replaces the file by a truncated one.
 class IniDefaultsStore : public DefaultsStore {
 public:
-    /// A larger file is no settings file of ours, and counts as one that cannot be read.
+    /// Larger files count as unreadable.
     static constexpr std::size_t largestFile = std::size_t{16} * 1024 * 1024;
 
     explicit IniDefaultsStore(std::filesystem::path file = defaultFile());
@@ -50,9 +47,9 @@ private:
     std::filesystem::path _file;
     Files::Stamp _stamp;
     IniDocument _document;
-    /// By encoded key; nothing for a key that is to go.
+    /// By encoded key; nothing for a key to remove.
     std::map<std::string, std::optional<std::string>, std::less<>> _unsaved;
-    std::size_t _textHash = 0;  ///< Of what was read or written last.
+    std::size_t _textHash = 0;  ///< Of the text last read or written.
     std::uint64_t _revision = 0;
     bool _isChanging = false;
     std::optional<std::string> _problem;

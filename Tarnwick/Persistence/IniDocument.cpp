@@ -22,7 +22,7 @@ bool isComment(std::string_view line)
     return line.starts_with(';') || line.starts_with('#');
 }
 
-/// Whether keys count from this line on, when they did or did not before it.
+/// Whether keys after this line are in the section "General".
 bool countsAfter(std::string_view line, bool counted)
 {
     const std::string_view text = trimmed(line);
@@ -69,7 +69,7 @@ void IniDocument::set(std::string_view key, std::string_view value)
         _lines.emplace_back(generalSection);
         _end = 1;
     }
-    // Behind every other key, so their lines keep their numbers.
+    // Appended after all other keys, so that their line numbers stay valid.
     _lines.insert(_lines.begin() + static_cast<std::ptrdiff_t>(_end), std::move(line));
     _keys.insert_or_assign(std::string(key), _end);
     ++_end;
@@ -109,7 +109,7 @@ std::string IniDocument::text() const
     return text;
 }
 
-/// Every visit has a key of its own, and each row of the list asks for one.
+/// An index, because every row of the list looks up the key of its visit.
 void IniDocument::findKeys()
 {
     _keys.clear();

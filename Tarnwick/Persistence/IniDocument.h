@@ -11,12 +11,10 @@
 
 namespace Tarnwick {
 
-/// The text of an INI file as lines, of which one key at a time is changed: comments, other
-/// sections and lines that mean nothing stay as they are, to the byte.
-///
-/// Only the keys of the section "General" count, and those before any section. Keys and values are
-/// the bytes as they stand in the file, without the white space around them. Where a key stands
-/// several times, the last one counts.
+/// The lines of an INI file. Changing a key leaves all other lines as they are, byte for byte,
+/// including comments and invalid lines.
+/// Only keys in the section "General" or before any section count. Keys and values are in their
+/// encoded form, without surrounding white space. Of a duplicate key the last line counts.
 class IniDocument {
 public:
     IniDocument() = default;
@@ -24,11 +22,11 @@ public:
 
     std::optional<std::string_view> value(std::string_view key) const;
 
-    /// Requires: `key` has no line break, "=", or bracket or comment sign at its front; `value` has
+    /// Requires: `key` has no line break or "=", and no "[", ";" or "#" at its start; `value` has
     /// no line break.
     void set(std::string_view key, std::string_view value);
 
-    /// Takes out every line of these keys.
+    /// Removes every line of these keys.
     void remove(const std::set<std::string, std::less<>>& keys);
 
     /// The keys that begin with `prefix`, in ascending order.
@@ -40,8 +38,8 @@ private:
     void findKeys();
 
     std::vector<std::string> _lines;
-    std::map<std::string, std::size_t, std::less<>> _keys;  ///< On which line each key counts.
-    std::size_t _end = 0;  ///< Before which line a new key belongs.
+    std::map<std::string, std::size_t, std::less<>> _keys;  ///< Key to line number.
+    std::size_t _end = 0;  ///< The line at which new keys are inserted.
 };
 
 }  // namespace Tarnwick

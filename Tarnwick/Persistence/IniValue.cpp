@@ -15,7 +15,7 @@ constexpr std::string_view digits = "0123456789ABCDEF";
 constexpr std::string_view emptyList = "@Empty()";
 constexpr std::string_view datePrefix = "@Date(";
 
-/// What stands after a backslash, and the character that it means.
+/// Escape letters and the characters they stand for.
 constexpr std::array<std::pair<char, char>, 5> escapes{
     {{'n', '\n'}, {'r', '\r'}, {'t', '\t'}, {'"', '"'}, {'\\', '\\'}}};
 
@@ -49,20 +49,19 @@ bool isPlainInKeys(char character)
            || character == '.';
 }
 
-/// As Qt reads it: each byte that is not UTF-8 is U+FFFD.
+/// Replaces invalid bytes with U+FFFD, like Qt.
 std::string asUtf8(const std::string& bytes)
 {
     return QString::fromStdString(bytes).toStdString();
 }
 
-/// Takes a value apart from its front.
 class Scanner {
 public:
     explicit Scanner(std::string_view text)
         : _rest(text)
     {}
 
-    /// The next text of a list, with the comma after it.
+    /// The next element of a list and the comma after it.
     std::string element()
     {
         skipSpaces();
@@ -102,7 +101,7 @@ private:
 
     void skipSpaces() { _rest.remove_prefix(std::min(_rest.find_first_not_of(' '), _rest.size())); }
 
-    /// What a backslash and the characters after it mean. A backslash before anything else is one.
+    /// An escape sequence. A backslash before any other character stands for itself.
     std::string escaped()
     {
         const char name = _rest.empty() ? '\0' : _rest.front();

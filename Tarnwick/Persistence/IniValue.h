@@ -7,31 +7,29 @@
 #include <string_view>
 #include <vector>
 
-/// Keys and values as they stand in the settings file, in UTF-8 and on one line each. A value is a
-/// list of texts, of which flags, integers and single texts are lists of one, or a date. Pure
-/// functions; safe from any thread.
+/// Encodes keys and values of the settings file, in UTF-8 and on one line each. A value is a date
+/// or a list of texts; flags, integers and single texts are lists of one. Safe from any thread.
 namespace Tarnwick::IniValue {
 
-/// Letters, digits and "-", "_", "." as they are, every other byte as "%" and its two digits. No
-/// two keys become one.
+/// Letters, digits, "-", "_" and "." are kept; other bytes become "%" and two hexadecimal digits.
 std::string encodeKey(std::string_view key);
 
-/// The key that this stands for; nothing where it stands for none.
+/// Nothing when the text is not an encoded key.
 std::optional<std::string> decodeKey(std::string_view text);
 
-/// The text as it is or, where it would mean something else, in quotes.
+/// The text, in quotes if necessary.
 std::string encodeText(std::string_view text);
 
-/// The texts with commas between them; "@Empty()" for none.
+/// The texts separated by commas; "@Empty()" for none.
 std::string encodeList(const std::vector<std::string>& texts);
 
 /// Such as "@Date(2024-05-01T09:30:00Z)".
 std::string encodeDate(PullRequestKit::Date date);
 
-/// Whatever the bytes are, they mean something; those that are not UTF-8 become U+FFFD.
+/// Accepts any bytes; invalid UTF-8 becomes U+FFFD.
 std::vector<std::string> decodeList(std::string_view text);
 
-/// Nothing where the text is no date.
+/// Nothing when the text is not a date.
 std::optional<PullRequestKit::Date> decodeDate(std::string_view text);
 
 }  // namespace Tarnwick::IniValue

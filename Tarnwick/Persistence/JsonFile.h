@@ -10,11 +10,11 @@
 #include <string>
 #include <system_error>
 
-/// Documents in files of their own. Everything here blocks and is safe from any thread.
+/// JSON documents in files of their own. All functions block and are safe from any thread.
 namespace Tarnwick::JsonFile {
 
-/// The document; nothing when the file is missing, cannot be read, is larger than `limit` or holds
-/// anything else. Never throws, and leaves the file as it is.
+/// Nothing when the file is missing, unreadable, larger than `limit` or not such a document. Never
+/// throws.
 template<typename Document>
 std::optional<Document> load(const std::filesystem::path& path, std::size_t limit) noexcept
 {
@@ -26,7 +26,7 @@ std::optional<Document> load(const std::filesystem::path& path, std::size_t limi
     }
 }
 
-/// The same for a document with a `version`, whose other versions count as absent.
+/// The same for a document with a `version`; other versions count as absent.
 template<typename Document>
 std::optional<Document> loadVersion(
     std::int64_t version, const std::filesystem::path& path, std::size_t limit) noexcept
@@ -35,8 +35,8 @@ std::optional<Document> loadVersion(
     return document && document->version == version ? std::move(document) : std::nullopt;
 }
 
-/// Replaces the file as a whole, for its owner alone. Throws `CacheWriteError`: "SUBJECT could not
-/// be kept in PATH: REASON."; the old file is then as it was.
+/// Replaces the file, readable by its owner only. Throws `CacheWriteError`: "SUBJECT could not be
+/// kept in PATH: REASON."; the old file is then unchanged.
 template<typename Document>
 void save(const Document& document, const std::filesystem::path& path, const std::string& subject)
 {

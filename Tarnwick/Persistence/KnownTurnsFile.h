@@ -8,22 +8,21 @@
 
 namespace Tarnwick {
 
-/// Where a program that notifies keeps whose turn it was and what the user was told of it, so that
-/// nobody is told twice after a restart. A value; its functions block and are safe from any thread.
+/// Stores whose turn it was and what the user was notified of, so that a restart repeats no
+/// notification. Blocks; safe from any thread.
 struct KnownTurnsFile {
-    /// A larger file is none of ours, and is not read.
+    /// Larger files are not read.
     static constexpr std::size_t largestFile = std::size_t{32} * 1024 * 1024;
 
-    std::filesystem::path path;  ///< The file, which need not exist.
+    std::filesystem::path path;  ///< Need not exist.
 
-    /// `turns.json` in the folder of the cache.
+    /// `turns.json` beside the cache file.
     static KnownTurnsFile beside(const PullRequestDiskCache& cache);
 
-    /// Replaces the file as a whole, for its owner alone. Throws `CacheWriteError`.
+    /// Replaces the file, readable by its owner only. Throws `CacheWriteError`.
     void save(const KnownTurns& turns) const;
 
-    /// Empty when the file is missing, cannot be read, or is of another version. Never throws, and
-    /// leaves the file as it is.
+    /// Empty when the file is missing, unreadable or of another version. Never throws.
     KnownTurns load() const noexcept;
 };
 

@@ -9,11 +9,10 @@
 
 namespace Tarnwick {
 
-/// Other settings, of which one has another value for as long as this lives. That value is never
-/// stored. Main thread only.
+/// Wraps other settings and overrides one value, which is never stored. Main thread only.
 class OverridingDefaults final : public DefaultsStore {
 public:
-    /// `value` is encoded. Requires: defaults.
+    /// `value` is encoded. Requires: `defaults` is not null.
     OverridingDefaults(std::shared_ptr<DefaultsStore> defaults, std::string key, std::string value);
 
     std::optional<std::string> value(std::string_view key) const override;

@@ -16,7 +16,7 @@ using PullRequestKit::SharedText;
 
 namespace {
 
-/// Gives every name a place in a list, the same one for equal names.
+/// Maps names to indexes into a list without duplicates.
 class NamePlaces {
 public:
     explicit NamePlaces(std::vector<std::string>& names)
@@ -128,7 +128,7 @@ DetailsByID PullRequestDetailsFile::load(const CachedPullRequestSnapshot& snapsh
     try {
         auto kept = JsonFile::loadVersion<KeptPullRequests>(
             KeptPullRequests::currentVersion, fileURL, largestFile);
-        // Of two processes that refresh at the same time, each may have written one of the files.
+        // Two concurrent processes may each have written one of the two files.
         return kept && kept->refreshedAt == snapshot.refreshedAt ? detailsOf(*std::move(kept))
                                                                  : DetailsByID();
     } catch (const std::out_of_range&) {

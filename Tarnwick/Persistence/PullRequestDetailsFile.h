@@ -12,7 +12,7 @@
 
 namespace Tarnwick {
 
-/// `PullRequestDetails` as the file keeps them: the checks by their places in `checkNames`.
+/// `PullRequestDetails` as stored: checks are indexes into `checkNames`.
 struct KeptDetails {
     std::vector<std::string> requestedUsers;
     std::vector<std::string> requestedTeams;
@@ -23,13 +23,13 @@ struct KeptDetails {
     std::optional<std::int64_t> requestLimit;
     std::optional<std::int64_t> reviewLimit;
     std::optional<std::int64_t> checkLimit;
-    std::optional<bool> asksForUser;  ///< Kept only when true: otherwise it is not known.
+    std::optional<bool> asksForUser;  ///< Stored only when true.
 
     bool operator==(const KeptDetails&) const = default;
 };
 
-/// What the file keeps of one pull request. Each layer is optional, so that later versions can add
-/// layers and an entry may lack any of them.
+/// The stored data of one pull request. Each part is optional, so that later versions can add
+/// parts.
 struct KeptPullRequest {
     PullRequestKit::PullRequestID id;
     std::optional<KeptDetails> details;
@@ -37,44 +37,41 @@ struct KeptPullRequest {
     bool operator==(const KeptPullRequest&) const = default;
 };
 
-/// The whole file.
 struct KeptPullRequests {
-    /// Files of any other version count as absent.
+    /// Other versions count as absent.
     static constexpr std::int64_t currentVersion = 1;
 
     std::int64_t version = currentVersion;
     PullRequestKit::Date refreshedAt{};   ///< The refresh that the details belong to.
-    std::vector<std::string> checkNames;  ///< Each once, however many pull requests have it.
+    std::vector<std::string> checkNames;  ///< Without duplicates.
     std::vector<KeptPullRequest> pullRequests;
 
     bool operator==(const KeptPullRequests&) const = default;
 };
 
-/// The details of the snapshot's pull requests in the form of the file, and back. The second throws
-/// `std::out_of_range` where a check has no name. Safe from any thread.
+/// Converts the details to the stored form and back. `detailsOf` throws `std::out_of_range` for an
+/// invalid index. Safe from any thread.
 KeptPullRequests keptForm(
     const CachedPullRequestSnapshot& snapshot, const PullRequestKit::DetailsByID& details);
 PullRequestKit::DetailsByID detailsOf(KeptPullRequests kept);
 
-/// Where the details of the last snapshot's pull requests lie on disk. The file is optional:
-/// without it, the list is as it would be, only without names behind its counts. A value; its
-/// functions block and are safe from any thread.
+/// The stored details of the last snapshot. Without the file only the names are missing. Blocks;
+/// safe from any thread.
 struct PullRequestDetailsFile {
-    /// A larger file is not read: it would delay the start.
+    /// Larger files are not read, because they would delay the start.
     static constexpr std::size_t largestFile = std::size_t{32} * 1024 * 1024;
 
     std::filesystem::path fileURL;
 
-    /// `pull-request-details.json` in the folder of the cache file.
+    /// `pull-request-details.json` beside the cache file.
     static PullRequestDetailsFile beside(const PullRequestDiskCache& cache);
 
-    /// Replaces the file by the details of the snapshot's pull requests. Throws `CacheWriteError`;
-    /// the old file is then as it was.
+    /// Replaces the file. Throws `CacheWriteError`; the old file is then unchanged.
     void save(const CachedPullRequestSnapshot& snapshot, const PullRequestKit::DetailsByID& details)
         const;
 
-    /// The details that belong to this snapshot. Empty when the file is missing, unreadable, of
-    /// another version or of another refresh. Never throws, and leaves the file as it is.
+    /// The details of this snapshot. Empty when the file is missing, unreadable, of another version
+    /// or of another refresh. Never throws.
     PullRequestKit::DetailsByID load(const CachedPullRequestSnapshot& snapshot) const noexcept;
 };
 

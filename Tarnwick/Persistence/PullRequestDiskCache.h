@@ -9,31 +9,28 @@
 
 namespace Tarnwick {
 
-/// A snapshot could not be written; `what()` is an English sentence.
+/// A file could not be written; `what()` is an English sentence for the user.
 class CacheWriteError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// Where the last snapshot lies on disk, and how it gets there and back. A value; its functions
-/// block and are safe from any thread.
+/// The last snapshot on disk. Blocks; safe from any thread.
 struct PullRequestDiskCache {
-    /// A larger file is no cache of ours, and is not read.
+    /// Larger files are not read.
     static constexpr std::size_t largestFile = std::size_t{256} * 1024 * 1024;
 
-    /// The cache file, which need not exist.
+    /// Need not exist.
     std::filesystem::path fileURL = defaultFile();
 
     /// `dev.tarnwick.Tarnwick/pull-requests.json` in the user's data folder.
     static std::filesystem::path defaultFile();
 
-    /// Writes the snapshot for the file's owner alone, and makes the folders that are missing. The
-    /// file is replaced as a whole once the new text is on disk; after a failure the old file is as
-    /// it was. Throws `CacheWriteError`.
+    /// Replaces the file atomically, readable by its owner only, and creates missing folders.
+    /// Throws `CacheWriteError`; the old file is then unchanged.
     void save(const CachedPullRequestSnapshot& snapshot) const;
 
-    /// The snapshot, or nothing when the file is missing, cannot be read or holds anything else.
-    /// Never throws, and leaves the file as it is.
+    /// Nothing when the file is missing, unreadable or invalid. Never throws.
     std::optional<CachedPullRequestSnapshot> load() const noexcept;
 };
 

@@ -10,7 +10,7 @@
 namespace Tarnwick {
 namespace {
 
-/// Stored: counts up with each change that older programs would misread.
+/// Stored. Increase with every incompatible change.
 constexpr std::int64_t currentVersion = 1;
 
 struct Entry {

@@ -9,28 +9,26 @@
 
 namespace Tarnwick {
 
-/// What is kept of the answers about facts.
 struct KeptFacts {
-    PullRequestKit::SharedFacts facts;  ///< Null is none.
+    PullRequestKit::SharedFacts facts;  ///< May be null.
     std::optional<PullRequestKit::Quota> quota;
 };
 
-/// Where the facts of the listed pull requests lie on disk. The file is optional: without it they
-/// are asked for anew. A value; its functions block and are safe from any thread.
+/// The stored facts of the listed pull requests. Without the file they are requested again. Blocks;
+/// safe from any thread.
 struct PullRequestFactsFile {
-    /// A larger file is none of ours, and is not read.
+    /// Larger files are not read.
     static constexpr std::size_t largestFile = std::size_t{32} * 1024 * 1024;
 
-    std::filesystem::path path;  ///< The file, which need not exist.
+    std::filesystem::path path;  ///< Need not exist.
 
-    /// `pull-request-facts.json` in the folder of the cache.
+    /// `pull-request-facts.json` beside the cache file.
     static PullRequestFactsFile beside(const PullRequestDiskCache& cache);
 
-    /// Replaces the file as a whole, for its owner alone. Throws `CacheWriteError`.
+    /// Replaces the file, readable by its owner only. Throws `CacheWriteError`.
     void save(const KeptFacts& kept) const;
 
-    /// Nothing when the file is missing, cannot be read, or is of another version. Never throws,
-    /// and leaves the file as it is.
+    /// Empty when the file is missing, unreadable or of another version. Never throws.
     KeptFacts load() const noexcept;
 };
 

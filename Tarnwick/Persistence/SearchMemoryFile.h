@@ -7,17 +7,16 @@
 
 namespace Tarnwick {
 
-/// Keeps what is known of GitHub's search in a file, which each call reads or replaces as a whole,
-/// so that all processes share it. What cannot be written is kept for as long as this lives.
-/// Blocks; safe from any thread.
+/// Stores the search knowledge in a file that all processes share. Each call reads or replaces the
+/// file. What cannot be written is kept in memory. Blocks; safe from any thread.
 class SearchMemoryFile final : public GitHub::SearchMemory {
 public:
-    /// A larger file is none of ours, and is not read.
+    /// Larger files are not read.
     static constexpr std::size_t largestFile = std::size_t{64} * 1024;
 
     explicit SearchMemoryFile(std::filesystem::path file);
 
-    /// `search.json` in the folder of a cache file.
+    /// `search.json` beside the cache file.
     static std::filesystem::path beside(const std::filesystem::path& cacheFile);
 
     GitHub::SearchKnowledge load() const override;

@@ -13,7 +13,7 @@ constexpr std::size_t textCount = 7;
 constexpr std::string_view draft = "draft";
 constexpr std::string_view ready = "ready";
 
-/// `count` numbers with a slash between each two, none below zero.
+/// Exactly `count` non-negative numbers separated by slashes.
 std::optional<std::vector<std::int64_t>> numbersIn(std::string_view text, std::size_t count)
 {
     std::vector<std::int64_t> numbers;

@@ -9,13 +9,12 @@
 
 namespace Tarnwick {
 
-/// What was seen of a pull request as the texts of a list, in this order: when it was updated, its
-/// state, "draft" or "ready", its mergeability, what its reviews come to, their count, the count of
-/// its checks and of those that failed, such as "2/4/1", and the head commit if it was known.
-/// Stored: do not change. Safe from any thread.
+/// Encodes as a list of texts: time of the update, state, "draft" or "ready", mergeability, review
+/// state, review count, checks with failures such as "2/4/1", and the head commit if known. Stored:
+/// do not change. Safe from any thread.
 std::vector<std::string> seenTexts(const PullRequestKit::SeenPullRequest& seen);
 
-/// Nothing for any other texts.
+/// Nothing for invalid texts.
 std::optional<PullRequestKit::SeenPullRequest> seenFromTexts(std::span<const std::string> texts);
 
 }  // namespace Tarnwick

@@ -60,7 +60,7 @@ void SnapshotWriter::run(std::stop_token stopToken)
     }
 }
 
-/// Waits for what is to be written next; empty once the end is asked for and nothing is left.
+/// Waits for the next write; empty after a stop request when nothing is left.
 SnapshotWriter::Write SnapshotWriter::next(const std::stop_token& stopToken)
 {
     std::unique_lock lock(_mutex);

@@ -14,9 +14,9 @@
 
 namespace Tarnwick {
 
-/// Encodes and writes snapshots, and what is kept beside them, on a thread of its own. A later one
-/// takes the place of one of its kind that still waits, so that a slow disk costs no memory. What
-/// cannot be written leaves its file as it was and is dropped. Safe from any thread.
+/// Writes snapshots and related files on a thread of its own. A newer write replaces a waiting one
+/// of the same kind, so that a slow disk costs no memory. Failed writes are dropped; their files
+/// stay unchanged. Safe from any thread.
 class SnapshotWriter {
 public:
     explicit SnapshotWriter(PullRequestDiskCache cache);
@@ -24,16 +24,16 @@ public:
     SnapshotWriter(const SnapshotWriter&) = delete;
     SnapshotWriter& operator=(const SnapshotWriter&) = delete;
 
-    /// Blocks until everything handed over is written.
+    /// Blocks until everything is written.
     ~SnapshotWriter();
 
-    /// Return at once. The details of the snapshot's pull requests are written after it, beside it.
+    /// Returns at once. The details are written after the snapshot, beside it.
     void save(CachedPullRequestSnapshot snapshot, PullRequestKit::SharedDetails details = nullptr);
     void save(BlockedPullRequestsFile file, BlockedPullRequests blocked);
     void save(KnownTurnsFile file, KnownTurns turns);
     void save(PullRequestFactsFile file, KeptFacts facts);
 
-    /// Blocks until everything handed over so far is written.
+    /// Blocks until everything queued so far is written.
     void flush();
 
 private:
@@ -59,9 +59,9 @@ private:
     PullRequestDiskCache _cache;
     std::mutex _mutex;
     std::condition_variable_any _changed;
-    std::deque<Waiting> _waiting;  ///< One of each kind at most.
+    std::deque<Waiting> _waiting;  ///< At most one of each kind.
     bool _isWriting = false;
-    std::jthread _thread;  ///< Last, so that it ends before what it uses.
+    std::jthread _thread;  ///< Last member: joined before the others are destroyed.
 };
 
 }  // namespace Tarnwick

@@ -68,7 +68,7 @@ bool VisitStore::isVisited(const PullRequest& pullRequest) const
     if (known == nullptr) {
         return false;
     }
-    // The clock was set back since, so the time of the visit says nothing.
+    // A visit in the future: the clock was set back.
     if (known->at > _now() && known->seen) {
         return pullRequest.updatedAt <= known->seen->updatedAt;
     }
@@ -168,7 +168,8 @@ void VisitStore::noteVisit(const PullRequest& listed)
     }
 }
 
-/// Of what is not listed. A time to come, after which the clock was set back, counts as now.
+/// Forgets visits not listed for long. A time in the future, after the clock was set back, counts
+/// as now.
 void VisitStore::forgetInTime(const std::string& name)
 {
     const auto at = readDate(_defaults, _prefix + name);

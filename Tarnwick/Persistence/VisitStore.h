@@ -16,53 +16,47 @@ namespace Tarnwick {
 /// What changed since the user last opened a pull request.
 struct SinceVisit {
     PullRequestKit::Date visitedAt{};
-    std::vector<PullRequestKit::Change> changes;  ///< Empty when none can be named.
+    std::vector<PullRequestKit::Change> changes;  ///< Empty when unknown.
 
     bool operator==(const SinceVisit&) const = default;
 };
 
-/// Remembers per pull request when the user last opened it from the menu and what was to be seen of
-/// it, under keys of its own in the defaults. What has not been listed for `memory` is forgotten.
-/// Main thread only.
+/// Records when the user last opened each pull request, and in which state. Pull requests not
+/// listed for `memory` are forgotten. Main thread only.
 class VisitStore {
 public:
     static constexpr std::chrono::days memory{90};
 
-    /// The prefix of the program's own store. Stored: do not rename.
+    /// Stored: do not rename.
     static constexpr std::string_view programPrefix = "lastVisitedAt.";
 
-    /// Every key of a time begins with `prefix`; `now` tells the current time.
-    /// Requires: `defaults` outlives the store.
+    /// `prefix` precedes each key; `now` is the clock. Requires: `defaults` outlives the store.
     VisitStore(
         DefaultsStore& defaults,
         std::string_view prefix,
         std::function<PullRequestKit::Date()> now);
 
-    /// Nothing when the pull request was never visited, or its key holds something else.
+    /// Nothing without a visit or with an invalid value.
     std::optional<PullRequestKit::Date> lastVisited(const PullRequestKit::PullRequestID& id) const;
 
-    /// A visit of which nothing more is known.
     void recordVisit(const PullRequestKit::PullRequestID& id);
 
-    /// A visit that has seen this.
     void recordVisit(
         const PullRequestKit::PullRequestID& id, const PullRequestKit::SeenPullRequest& seen);
 
-    /// As if the pull request had never been visited.
     void forgetVisit(const PullRequestKit::PullRequestID& id);
 
-    /// Whether the pull request has not been updated since the user last opened it.
+    /// Whether the pull request has not been updated since the last visit.
     bool isVisited(const PullRequestKit::PullRequest& pullRequest) const;
 
-    /// `facts` may be null. Without a visit, and where it is not known what it saw, nothing has
-    /// changed.
+    /// `facts` may be null. Nothing has changed without a visit or if its state is unknown.
     SinceVisit sinceVisit(
         const PullRequestKit::PullRequest& pullRequest,
         const PullRequestKit::PullRequestFacts* facts) const;
 
-    /// To be called with what each refresh lists. Once a day it notes what is still listed and
-    /// forgets the rest in time. A visit at a time to come, after which the clock was set back,
-    /// gets one that is over.
+    /// Call with the pull requests of each refresh. Once a day it marks them as listed and forgets
+    /// those not listed for long. Also corrects visits in the future, which result from setting the
+    /// clock back.
     void noteListed(std::span<const PullRequestKit::PullRequest> pullRequests);
 
 private:
@@ -85,9 +79,9 @@ private:
     std::string _prefix;
     std::function<PullRequestKit::Date()> _now;
     std::optional<PullRequestKit::Date> _notedAt;
-    /// By storage key, read at once: each row of each list asks for one.
+    /// By storage key. Cached, because each row of the list needs one.
     mutable Visits _visits;
-    mutable std::optional<std::uint64_t> _revision;  ///< At which they were read.
+    mutable std::optional<std::uint64_t> _revision;  ///< The revision of `_visits`.
 };
 
 }  // namespace Tarnwick
