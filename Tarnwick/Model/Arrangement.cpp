@@ -15,7 +15,7 @@ using namespace PullRequestKit;
 
 namespace {
 
-/// A branch as the pull requests of one repository know it.
+/// A branch within the repository of a pull request.
 struct BranchOf {
     const PullRequestID& id;
     const BranchReference& branch;
@@ -38,10 +38,9 @@ struct BranchOfHash {
     std::size_t operator()(const BranchOf& key) const { return RecordHash{}(key.branch); }
 };
 
-/// Finds the pull requests that others are based on.
 class Bases {
 public:
-    /// Requires: `listed` and the pull requests of the rows outlive this.
+    /// Requires: `listed` and the rows outlive it.
     Bases(
         std::span<const PullRequestRow> rows,
         std::span<const PullRequest> listed,
@@ -63,8 +62,8 @@ public:
         }
     }
 
-    /// The number of another pull request that brings in the base of this one: of several, the
-    /// lowest. Requires: one of the author's.
+    /// The lowest number of another pull request whose head is the base of this one. Requires: a
+    /// pull request by the author.
     std::optional<std::int64_t> numberBelow(const PullRequest& pullRequest) const
     {
         const auto found = _heads.find({pullRequest.id, pullRequest.base});
@@ -90,7 +89,7 @@ private:
         }
     };
 
-    /// Who brings in the bases in question.
+    /// By the base branches of the author's pull requests.
     std::unordered_map<BranchOf, Lowest, BranchOfHash> _heads;
 };
 
@@ -108,7 +107,7 @@ const PullRequestFacts* factsOf(const PullRequest& pullRequest, const TurnSource
     return isOfAnother && sources.onlyCurrentFacts ? nullptr : facts;
 }
 
-/// Rows that stay together.
+/// A row of depth 0 and its descendants.
 struct Stack {
     std::size_t firstRow = 0;
     std::size_t end = 0;
@@ -116,7 +115,7 @@ struct Stack {
 };
 
 struct InSight {
-    const std::vector<bool>& rows;  ///< Empty when everything is.
+    const std::vector<bool>& rows;  ///< Empty when all are.
 
     bool operator()(std::size_t row) const { return rows.empty() || rows[row]; }
 };
@@ -152,8 +151,7 @@ std::vector<Stack> stacksOf(
     return stacks;
 }
 
-/// Takes the values apart and puts them together again: the one at `order[place]` comes to `place`.
-/// Long vectors are not made anew for it, because that costs more than the moves.
+/// Permutes in place: `order[place]` moves to `place`. Copying large values would cost more.
 template<typename Value>
 void putInOrder(std::vector<Value>& values, const std::vector<std::size_t>& order)
 {
@@ -173,7 +171,7 @@ void putInOrder(std::vector<Value>& values, const std::vector<std::size_t>& orde
     }
 }
 
-/// The rows of a heading, one after the other, and the heading.
+/// Collects the rows of each heading.
 class Groups {
 public:
     Groups(const std::vector<Turn>& turns, const InSight& isInSight)
@@ -221,7 +219,7 @@ std::vector<Turn> turnsOf(std::span<const PullRequestRow> rows, const TurnSource
             findIn(sources.details, pullRequest.id),
             factsOf(pullRequest, sources),
             sources.login,
-            // Only of the user's own ones it matters.
+            // Only relevant to the user's own pull requests.
             isSameLogin(pullRequest.author, sources.login) ? bases.numberBelow(pullRequest)
                                                            : std::nullopt));
     }

@@ -14,46 +14,45 @@
 
 namespace Tarnwick {
 
-/// The rows below one heading of the list that is arranged by whose turn it is.
+/// A heading of the list arranged by turn, and its rows.
 struct TurnGroup {
     PullRequestKit::Whose whose = PullRequestKit::Whose::others;
     std::size_t firstRow = 0;
     std::size_t rowCount = 0;  ///< At least one.
-    std::size_t count = 0;     ///< Those of the rows in sight that earn the heading themselves.
+    std::size_t count = 0;     ///< Visible rows whose own turn is this one.
 
     bool operator==(const TurnGroup&) const = default;
 };
 
-/// What whose turn it is follows from. Requires: what is referred to outlives this.
+/// The data that turns depend on. Requires: everything referred to outlives it.
 struct TurnSources {
-    std::span<const PullRequestKit::PullRequest> listed;  ///< Also those that are hidden.
+    std::span<const PullRequestKit::PullRequest> listed;  ///< Including hidden ones.
     const PullRequestKit::DetailsByID& details;
     const PullRequestKit::FactsByID& facts;
-    std::string_view login;         ///< The user's; empty when it is not known.
-    bool onlyCurrentFacts = false;  ///< Facts of another version of a pull request do not count.
+    std::string_view login;         ///< Empty when unknown.
+    bool onlyCurrentFacts = false;  ///< Ignore facts of other versions of a pull request.
 };
 
-/// The list in its order. By review state, there are neither turns nor groups.
+/// The ordered list. By review state it has no turns and no groups.
 struct ArrangedRows {
     std::vector<PullRequestKit::PullRequestRow> rows;
-    std::vector<PullRequestKit::Turn> turns;  ///< One for each row.
-    std::vector<TurnGroup> groups;            ///< They cover the rows without a gap, in order.
+    std::vector<PullRequestKit::Turn> turns;  ///< One per row.
+    std::vector<TurnGroup> groups;            ///< They cover all rows in order.
 };
 
-/// Whose turn it is with each of the rows, in their order. Safe from any thread.
+/// The turn of each row. Safe from any thread.
 std::vector<PullRequestKit::Turn> turnsOf(
     std::span<const PullRequestKit::PullRequestRow> rows, const TurnSources& sources);
 
-/// Whole stacks under the first heading that one of their members in sight earns; inside, the order
-/// given. A stack of which nothing is in sight stands where it would if it were. Without
-/// `isInSight` everything is. Requires: rows as `StackBuilder` makes them, each stack from a row of
-/// depth 0 to the next one. Safe from any thread.
+/// Moves each stack as a whole under the first heading that one of its visible members has; its own
+/// order is kept. A stack without visible members is placed as if it were visible. Without
+/// `isInSight` everything is visible. Requires: rows from `StackBuilder`. Safe from any thread.
 ArrangedRows arrangedByTurn(
     std::vector<PullRequestKit::PullRequestRow> rows,
     const TurnSources& sources,
     const std::function<bool(const PullRequestKit::PullRequest&)>& isInSight = {});
 
-/// The same, or the rows as they are, by review state. Safe from any thread.
+/// Like `arrangedByTurn`, or the rows unchanged by review state. Safe from any thread.
 ArrangedRows arranged(
     Arrangement arrangement,
     std::vector<PullRequestKit::PullRequestRow> rows,

@@ -19,7 +19,7 @@ std::vector<PullRequest> BlockedPullRequests::update(
     remember(current, now);
     std::erase_if(entries, [&](const Entry& entry) { return now - entry.listedAt > memory; });
     auto unblocked = newlyUnblockedPullRequests(current, lastDecided);
-    // Only what a file of another program says can be both.
+    // Only possible in a file written by another program.
     std::erase_if(
         unblocked, [](const PullRequest& pullRequest) { return pullRequest.isBlocked(); });
     return unblocked;

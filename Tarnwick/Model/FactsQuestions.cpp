@@ -151,7 +151,7 @@ QCoro::Task<> FactsQuestions::askAll(std::stop_token stopToken)
                 });
             answer = co_await asking;
         } catch (const std::exception&) {
-            // The caller that cancelled knows, and facts are left out where they cannot be told.
+            // Cancelled, or the provider failed; both leave the facts out.
             answer.reset();
         }
         if (!self || stopToken.stop_requested()) {
@@ -168,7 +168,7 @@ QCoro::Task<> FactsQuestions::askAll(std::stop_token stopToken)
     settle(hitSecondaryLimit);
 }
 
-/// As long as a question runs, the earlier facts keep a row from going elsewhere and coming back.
+/// Done last: until then the earlier facts keep rows from moving back and forth.
 void FactsQuestions::forgetOutdated()
 {
     std::vector<PullRequestID> outdated;
@@ -191,11 +191,11 @@ void FactsQuestions::forgetOutdated()
 
 void FactsQuestions::take(FactsAnswer answer)
 {
-    // The list may be another one by now, and a renamed repository has another name.
+    // Answers may belong to an older list or, after a rename, to another name.
     const auto known = identities(*_listed);
     std::erase_if(answer.facts, [&](const auto& entry) { return !known.contains(entry.first); });
     if (!answer.facts.empty()) {
-        // Of two that have the same one, the answer's stays.
+        // New facts take precedence.
         answer.facts.insert(_facts->begin(), _facts->end());
         setFacts(std::move(answer.facts));
         Q_EMIT factsChanged();

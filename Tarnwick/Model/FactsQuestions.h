@@ -16,10 +16,9 @@
 
 namespace Tarnwick {
 
-/// The facts of the listed pull requests: it asks for those that are wanting, one question after
-/// the other, and keeps the answers, on disk when it has come to an end. What is not told is not
-/// asked for again before the next refresh; what was known of an earlier version of the pull
-/// request is forgotten then. Main thread only.
+/// Requests missing facts of the listed pull requests, one request at a time, and stores the
+/// answers on disk at the end. Facts not received are not requested again before the next refresh;
+/// facts of older versions are then dropped. Main thread only.
 class FactsQuestions final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(FactsQuestions)
@@ -28,51 +27,49 @@ public:
     struct Sources {
         std::shared_ptr<const PullRequestKit::PullRequestProvider> provider;
         std::shared_ptr<Clock> clock;
-        /// What is in the list at the moment.
         std::function<const std::vector<PullRequestKit::PullRequestRow>&()> rows;
-        /// Whether they have a use by the settings.
+        /// Whether the settings need facts.
         std::function<bool()> isUseful;
-        /// Has the facts kept for the next start, and the quota that was told with them.
+        /// Stores the facts for the next start.
         std::function<void(const PullRequestKit::SharedFacts& facts)> save;
     };
 
-    /// Requires: each of the sources.
+    /// Requires: every source is set.
     explicit FactsQuestions(Sources sources);
 
-    /// Asks what runs to stop, and waits for nothing.
+    /// Cancels; does not wait.
     ~FactsQuestions() override;
 
-    /// Not null.
     const PullRequestKit::SharedFacts& facts() const { return _facts; }
 
-    /// Takes over what an earlier run has kept.
+    /// Sets the stored facts of an earlier run.
     void recall(PullRequestKit::SharedFacts facts);
 
-    /// Null where they are not known.
+    /// Null when unknown.
     const PullRequestKit::PullRequestFacts* of(const PullRequestKit::PullRequestID& id) const;
 
-    /// A refresh has listed these pull requests, in sight or not. The facts of all others are
-    /// forgotten; what is wanting is asked for where it has a use, and settled otherwise.
+    /// Call after a refresh, with visible and hidden pull requests. Drops the facts of all others.
+    /// Requests missing facts if they are useful; otherwise `settled` follows at once.
     void setListed(std::shared_ptr<const std::vector<PullRequestKit::PullRequest>> listed);
 
-    /// Asks for what is wanting, and goes on until nothing is. Nothing happens before there is a
-    /// list. While it asks already, it comes to what is wanting now by itself.
+    /// Requests missing facts until none are missing. Does nothing before the first list or while
+    /// already running.
     void ask();
     void askWhereUseful();
 
     void cancel();
 
-    /// Cancels and saves what has not been saved yet.
+    /// Cancels and saves unsaved facts.
     void stop();
 
-    /// Finished when nothing is being asked for.
+    /// Finishes when no request is running.
     QFuture<void> answered() const { return _answered; }
 
 Q_SIGNALS:
     void factsChanged();
     void quotaTold(const PullRequestKit::Quota& quota);
-    /// Nothing is left to ask for until the next refresh, or GitHub refuses to say. `isRefreshed`
-    /// where it is the first time since a refresh.
+    /// No facts are missing, or GitHub refuses requests. `isRefreshed` is true the first time after
+    /// a refresh.
     void settled(bool hitSecondaryLimit, bool isRefreshed);
 
 private:
@@ -91,7 +88,7 @@ private:
     std::unordered_set<PullRequestKit::PullRequestID> _asked;  ///< Since the last refresh.
     bool _isAsking = false;
     bool _isUnsaved = false;
-    bool _isRefreshed = false;  ///< And not settled since.
+    bool _isRefreshed = false;  ///< Not yet settled.
     QPromise<void> _done;
     QFuture<void> _answered;
     CancellableTask _task;

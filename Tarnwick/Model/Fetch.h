@@ -11,13 +11,12 @@
 
 namespace Tarnwick {
 
-/// What a refresh asks for.
 struct FetchRequest {
     PullRequestKit::ReviewerScope reviewerScope = PullRequestKit::ReviewerScope::myself;
     std::set<std::string> repositories;
 };
 
-/// More pull requests than are listed.
+/// The provider has more pull requests than are listed.
 struct Truncation {
     std::int64_t found = 0;
     std::int64_t listed = 0;
@@ -25,15 +24,14 @@ struct Truncation {
     bool operator==(const Truncation&) const = default;
 };
 
-/// What came back.
 struct FetchedPullRequests {
-    std::vector<PullRequestKit::PullRequest> pullRequests;  ///< One per identity.
+    std::vector<PullRequestKit::PullRequest> pullRequests;  ///< Without duplicates.
     std::vector<PullRequestKit::RepositorySummary> repositories;
-    std::optional<Truncation> truncation;  ///< When the provider knows of more.
+    std::optional<Truncation> truncation;  ///< Set if the provider has more.
     PullRequestKit::DetailsByID details = {};
 };
 
-/// Asks for the pull requests, then for the repositories. Blocks; call on a worker thread. Throws
+/// Fetches the pull requests and then the repositories. Blocks; call on a worker thread. Throws
 /// what the provider throws.
 FetchedPullRequests fetch(
     const PullRequestKit::PullRequestProvider& provider,

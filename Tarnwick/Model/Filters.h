@@ -9,8 +9,8 @@
 #include <optional>
 #include <string_view>
 
-/// What the user can filter and arrange by. The text of each case is its label in the menu and what
-/// the settings store; the order of the cases is the menu's.
+/// The user's filters and arrangements. The name of each case is both its menu label and its stored
+/// text; the cases are in the menu's order.
 namespace Tarnwick {
 
 enum class StatusFilter {
@@ -38,21 +38,20 @@ enum class MergeabilityFilter {
     unknown,
 };
 
-/// Which pull requests are fetched: those that ask for the user's review, all, or those in which
-/// the user has a part.
+/// Which pull requests are fetched: those that request the user's review, all, or those that
+/// involve the user.
 enum class ReviewerFilter {
     myself,
     any,
     involved,
 };
 
-/// How the list is arranged.
 enum class Arrangement {
     byReviewState,
     byWhoseTurn,
 };
 
-/// The time between two refreshes. The value is stored as its seconds: do not renumber.
+/// The time between two refreshes, stored as seconds: do not renumber.
 enum class PollingInterval : std::int64_t {
     oneMinute = 60,
     fiveMinutes = 300,
@@ -60,7 +59,7 @@ enum class PollingInterval : std::int64_t {
     oneHour = 3600,
 };
 
-/// Every interval, in the menu's order.
+/// In the menu's order.
 inline constexpr std::array pollingIntervals{
     PollingInterval::oneMinute,
     PollingInterval::fiveMinutes,
@@ -84,7 +83,7 @@ constexpr std::optional<PollingInterval> pollingIntervalOf(std::chrono::seconds 
     return std::nullopt;
 }
 
-/// The text in the menu, such as "5 minutes".
+/// The menu label, such as "5 minutes".
 constexpr std::string_view labelOf(PollingInterval interval)
 {
     switch (interval) {
@@ -100,7 +99,6 @@ constexpr std::string_view labelOf(PollingInterval interval)
     return {};
 }
 
-/// What the provider is asked for.
 constexpr PullRequestKit::ReviewerScope reviewerScopeOf(ReviewerFilter filter)
 {
     switch (filter) {

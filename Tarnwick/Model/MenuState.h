@@ -4,7 +4,7 @@
 
 namespace Tarnwick {
 
-/// How far the list has got. The three cases that cannot go on carry the text to show.
+/// The state of the list. `signedOut`, `unavailable` and `failed` have a message for the user.
 struct MenuState {
     enum class Kind {
         signedOut,
@@ -17,12 +17,11 @@ struct MenuState {
     };
 
     Kind kind = Kind::idle;
-    std::string message;  ///< Empty but in `signedOut`, `unavailable` and `failed`.
+    std::string message;
 
-    /// In `unavailable`: GitHub is out of reach or refuses requests, and `gh` is not to blame.
+    /// With `unavailable`: GitHub is unreachable or refuses requests; `gh` itself works.
     bool isServiceOutOfReach = false;
 
-    /// By case and message, which says the reason.
     bool operator==(const MenuState& other) const
     {
         return kind == other.kind && message == other.message;

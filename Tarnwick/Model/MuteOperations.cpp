@@ -69,7 +69,7 @@ void MuteOperations::endOutdated()
     end([now = _clock->now()](Mutes mutes) { return withoutEnded(std::move(mutes), now); });
 }
 
-/// Where the clock was set meanwhile, it waits again.
+/// If the clock was set meanwhile, it waits again.
 void MuteOperations::wait()
 {
     _alarm.cancel();
@@ -85,7 +85,7 @@ void MuteOperations::wait()
     }
 }
 
-/// Nothing is stored when all last.
+/// Stores nothing if no mute has ended.
 void MuteOperations::end(const std::function<Mutes(Mutes)>& lasting)
 {
     if (lasting(_settings.mutes) != _settings.mutes) {

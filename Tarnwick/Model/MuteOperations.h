@@ -12,29 +12,29 @@
 
 namespace Tarnwick {
 
-/// What the user has muted, and the end of each mute when its time has come. Main thread only.
+/// Changes the user's mutes and ends them in time. Main thread only.
 class MuteOperations {
 public:
-    /// Requires: the references outlive this object, and a clock.
+    /// Requires: the references outlive it, and `clock` is not null.
     MuteOperations(
         const Settings& settings, SettingsOperations& operations, std::shared_ptr<Clock> clock);
 
     void untilChange(const PullRequestKit::PullRequest& pullRequest);
     void forADay(const PullRequestKit::PullRequest& pullRequest);
     void unmute(const PullRequestKit::PullRequest& pullRequest);
-    /// Mutes everything by this author, or nothing more; logins have no letter case.
+    /// Mutes or unmutes all pull requests by this author, ignoring letter case.
     void setAuthor(const std::string& login, bool isMuted);
 
-    /// When the pull request's mute ends by itself; nothing without one that does.
+    /// When the mute ends; nothing without one or if it ends on a change.
     std::optional<PullRequestKit::Date> mutedUntil(
         const PullRequestKit::PullRequest& pullRequest) const;
 
-    /// A refresh has listed these: mutes of what has changed end.
+    /// Call after a refresh: ends the mutes of changed pull requests.
     void endChanged(std::span<const PullRequestKit::PullRequest> listed);
 
     void endOutdated();
 
-    /// Ends the next mute at its time. To be called when the mutes may be others.
+    /// Ends the next mute at its time. Call whenever the mutes may have changed.
     void wait();
 
     void stop() { _alarm.cancel(); }

@@ -7,7 +7,6 @@
 
 namespace Tarnwick {
 
-/// Every case of an enumeration.
 template<PullRequestKit::NamedEnum E>
 std::set<E> everyCase()
 {
@@ -15,8 +14,7 @@ std::set<E> everyCase()
     return {cases.begin(), cases.end()};
 }
 
-/// The stored texts of these cases. A set of texts is in ascending order, which is the order in
-/// which the settings store them.
+/// The stored names, in ascending order as in the settings file.
 template<PullRequestKit::NamedEnum E>
 std::set<std::string> textsOf(const std::set<E>& values)
 {
@@ -27,7 +25,7 @@ std::set<std::string> textsOf(const std::set<E>& values)
     return texts;
 }
 
-/// The cases stored under these texts; other texts are left out.
+/// The cases with these names; other texts are ignored.
 template<PullRequestKit::NamedEnum E, typename Texts>
 std::set<E> casesNamed(const Texts& texts)
 {

@@ -55,7 +55,6 @@ std::vector<PullRequest> newPullRequests(
 std::vector<PullRequest> newlyUnblockedPullRequests(
     const std::vector<PullRequest>& current, const std::vector<PullRequest>& previous)
 {
-    // Few are blocked, and only those are copied.
     std::unordered_set<PullRequestID> blocked;
     for (const PullRequest& pullRequest : previous) {
         if (pullRequest.isBlocked()) {

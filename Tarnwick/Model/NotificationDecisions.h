@@ -11,8 +11,8 @@
 
 namespace Tarnwick {
 
-/// What the user is looking at. Only pull requests that appear while it stays the same are new: the
-/// others came in sight because something was chosen differently.
+/// The settings that determine what is visible. Pull requests that appear because these changed are
+/// not new.
 struct NotificationScope {
     std::optional<std::string> account;
     PullRequestKit::ReviewerScope reviewer = PullRequestKit::ReviewerScope::myself;
@@ -28,7 +28,7 @@ struct NotificationScope {
 NotificationScope notificationScope(
     const std::optional<std::string>& account, const Settings& settings);
 
-/// What was in sight at the last refresh.
+/// What was visible after the last refresh.
 struct NewPullRequestBaseline {
     NotificationScope scope;
     std::unordered_set<PullRequestKit::PullRequestID> ids;
@@ -40,15 +40,15 @@ NewPullRequestBaseline makeBaseline(
     const std::vector<PullRequestKit::PullRequestRow>& visible,
     PullRequestKit::Date refreshedAt);
 
-/// The visible pull requests that came into being since the baseline was taken. Nothing is new
-/// without a baseline or in another scope. Safe from any thread.
+/// The visible pull requests that were created since the baseline. Empty without a baseline or in
+/// another scope. Safe from any thread.
 std::vector<PullRequestKit::PullRequest> newPullRequests(
     const std::vector<PullRequestKit::PullRequestRow>& visible,
     const NotificationScope& scope,
     const std::optional<NewPullRequestBaseline>& baseline);
 
-/// The pull requests that were blocked in `previous` and are unblocked in `current`, once each.
-/// Safe from any thread.
+/// The pull requests blocked in `previous` and unblocked in `current`, without duplicates. Safe
+/// from any thread.
 std::vector<PullRequestKit::PullRequest> newlyUnblockedPullRequests(
     const std::vector<PullRequestKit::PullRequest>& current,
     const std::vector<PullRequestKit::PullRequest>& previous);

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::string_view whatToDo = "Open Menu > Repositories and set Project Directory first.";
 
-/// The home folder of this user, or of the one who is named. Nothing for a name that is unknown.
+/// The home folder of this user or of the named one; nothing for an unknown name.
 std::optional<std::string> homeOf(const std::string& name)
 {
     const QByteArray home = qgetenv("HOME");
@@ -52,8 +52,7 @@ fs::path withoutSlashAtEnd(const fs::path& path)
     return path.has_filename() || path == path.root_path() ? path : path.parent_path();
 }
 
-/// The clone of a repository. The name is a stranger's text, and one that leads out of the folder
-/// names no clone.
+/// The name is untrusted: a path outside of the folder is not a clone.
 bool isClone(const fs::path& clone)
 {
     std::error_code error;

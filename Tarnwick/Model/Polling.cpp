@@ -11,10 +11,10 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// What lies at least between the end of a refresh and the next try.
+/// The minimum time between a refresh and a retry.
 constexpr std::chrono::milliseconds rest = 2s;
 
-/// A network that has just returned may still lack its name servers.
+/// A network that has just returned may not resolve names yet.
 constexpr std::chrono::milliseconds retryTimeOfNetwork = 2min;
 
 }  // namespace
@@ -52,7 +52,7 @@ QCoro::Task<> Polling::run(std::stop_token stopToken)
             co_return;
         }
         if (isRetry && !_isDue && !isRetrying()) {
-            // Another refresh has brought the list up to date meanwhile, or it took too long.
+            // Another refresh succeeded meanwhile, or the retry time is over.
             _retryUntil = 0ms;
             continue;
         }
@@ -88,7 +88,7 @@ QCoro::Task<> Polling::pauseUntilNext(std::stop_token stopToken)
     }
 }
 
-/// Looks again each period, because the rest may have become shorter.
+/// Rechecks each period, because the rest may become shorter.
 QCoro::Task<> Polling::restAsLongAsNeeded(std::stop_token stopToken)
 {
     while (_refreshing.rest && !stopToken.stop_requested()) {

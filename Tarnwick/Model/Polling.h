@@ -12,42 +12,42 @@
 
 namespace Tarnwick {
 
-/// How the last refresh ended.
+/// The result of the last refresh.
 enum class RefreshEnd {
-    none,  ///< It runs, was cancelled, or there was none.
+    none,  ///< Running, cancelled, or none yet.
     fresh,
     failed,
     signedOut,
 };
 
-/// Refreshes once each period, and when the machine has woken: then a refresh that fails, as it
-/// does before the network is there, is repeated soon, for a while, and at once when the network
-/// returns. Nothing wakes up before it is due. Main thread only.
+/// Refreshes periodically and when the machine wakes. A refresh that fails after waking, as it does
+/// while the network is missing, is retried for a while, and at once when the network returns. Does
+/// not wake up before a refresh is due. Main thread only.
 class Polling final : public QObject {
     Q_OBJECT
 
 public:
     struct Refreshing {
-        /// Makes one refresh and resumes when it has ended, at once while another one runs.
+        /// Refreshes once and resumes at its end, or at once if another refresh is running.
         std::function<QCoro::Task<>()> refresh;
         std::function<RefreshEnd()> lastEnd;
-        /// How long no refresh is to come by itself; without it, polling never rests.
+        /// The remaining time without automatic refreshes. May be empty.
         std::function<std::chrono::milliseconds()> rest = nullptr;
     };
 
-    /// A refresh that fails after the machine woke is repeated so long after it began.
+    /// The time between the starts of retries.
     static constexpr std::chrono::seconds retryInterval{20};
 
-    /// For so long after the machine woke.
+    /// Retries end this long after waking.
     static constexpr std::chrono::minutes retryTime{10};
 
-    /// `machine` may be null. Requires: a clock, and the functions but for the last.
+    /// `machine` may be null. Requires: `clock` and the other functions are set.
     Polling(
         std::shared_ptr<Clock> clock,
         std::shared_ptr<MachineEvents> machine,
         Refreshing refreshing);
 
-    /// The period counts from now. A refresh that runs goes on.
+    /// Restarts the period. A running refresh continues.
     void start(std::chrono::seconds period);
 
     void stop();
@@ -67,7 +67,7 @@ private:
     Refreshing _refreshing;
     std::chrono::seconds _period{0};
     bool _isDue = false;
-    bool _wasSignedOut = false;  ///< When the machine woke.
+    bool _wasSignedOut = false;  ///< At the time of waking.
     std::chrono::milliseconds _begun{0};
     std::chrono::milliseconds _retryUntil{0};
     std::stop_source _pause;

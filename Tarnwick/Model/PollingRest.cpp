@@ -10,7 +10,7 @@ using PullRequestKit::Quota;
 
 bool isNearlyUsedUp(const Quota& quota)
 {
-    // Without multiplying, which large numbers would not stand.
+    // Not `remaining * 10 < limit`, which could overflow.
     return quota.remaining < quota.limit / 10 + (quota.limit % 10 > 0 ? 1 : 0);
 }
 

@@ -12,40 +12,40 @@
 
 namespace Tarnwick {
 
-/// Whether less than a tenth of what the service grants within the hour is left.
+/// Whether less than a tenth of the hourly quota is left.
 bool isNearlyUsedUp(const PullRequestKit::Quota& quota);
 
-/// How long the program waits after the service has refused requests because too many came within
-/// a short time, for so many times in a row: 1, 2, 4 … 30 minutes. Requires: once at least.
+/// The time without polling after this many refusals in a row: 1, 2, 4 … 30 minutes. Requires: at
+/// least one.
 std::chrono::minutes restAfterRefusals(int times);
 
-/// When polling rests, so that the user's other programs have something of the quota left and the
-/// service does not refuse for longer. Main thread only.
+/// Decides when polling pauses, in order to leave quota for the user's other programs and not to
+/// prolong a refusal. Main thread only.
 class PollingRest final : public QObject {
     Q_OBJECT
 
 public:
-    /// A quota is for an hour at most, whatever the clock says of its end.
+    /// Limits the rest independently of the clock: quotas are hourly.
     static constexpr std::chrono::hours longestRest{1};
 
-    /// Requires: a clock.
+    /// Requires: `clock` is not null.
     explicit PollingRest(std::shared_ptr<Clock> clock);
 
-    /// The last one that was told, or kept.
+    /// The last known quota.
     const std::optional<PullRequestKit::Quota>& quota() const { return _quota; }
 
-    /// Set while polling rests because the quota is nearly used up.
+    /// Set while polling rests because of the quota.
     const std::optional<PullRequestKit::Quota>& restingQuota() const { return _restingQuota; }
 
-    /// How long polling still rests; 0 when it does not.
+    /// The remaining rest; 0 without one.
     std::chrono::milliseconds remaining() const;
 
     void setQuota(const PullRequestKit::Quota& quota);
 
-    /// The service refused because too many requests came within a short time.
+    /// Call when the service hit its secondary limit.
     void refused();
 
-    /// A refresh came to its end without being refused.
+    /// Call when a refresh was not refused.
     void granted();
 
 Q_SIGNALS:
@@ -59,10 +59,10 @@ private:
     std::shared_ptr<Clock> _clock;
     std::optional<PullRequestKit::Quota> _quota;
     std::optional<PullRequestKit::Quota> _restingQuota;
-    std::chrono::milliseconds _quotaUntil{0};  ///< By `Clock::elapsed`, as the next.
+    std::chrono::milliseconds _quotaUntil{0};  ///< By `Clock::elapsed`, like the next.
     std::chrono::milliseconds _refusedUntil{0};
     int _refusals = 0;
-    Alarm _alarm;  ///< The end of the rest for the quota.
+    Alarm _alarm;  ///< The end of the quota's rest.
 };
 
 }  // namespace Tarnwick

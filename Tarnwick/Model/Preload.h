@@ -10,9 +10,8 @@
 
 namespace Tarnwick {
 
-/// What takes long and needs no application yet, under way on threads of its own from the moment it
-/// is made: reading the settings and the list that the last run left, and finding the installed
-/// fonts. Destruction waits for all of it.
+/// Starts slow work on other threads before the application exists: reads the settings and the last
+/// list, and loads the installed fonts. The destructor waits for all of it.
 class Preload {
 public:
     using OpenDefaults = std::function<std::shared_ptr<DefaultsStore>()>;
@@ -23,18 +22,17 @@ public:
         PullRequestDiskCache cache,
         std::function<void()> findFonts = [] {});
 
-    /// To be called before anything asks for a font. Blocks until fonts are known.
+    /// Blocks until the fonts are loaded. Call before anything uses a font.
     void waitForFonts() const { _fonts.wait(); }
 
-    /// What the settings are stored in. Like `settings` it blocks until they have been read; from
-    /// then on only the caller's thread uses it.
+    /// Blocks until the settings are read. Afterwards only the caller's thread uses the store.
     const std::shared_ptr<DefaultsStore>& defaults() { return read().defaults; }
 
-    /// What `SettingsStore::load` yields.
+    /// As from `SettingsStore::load`. Blocks until they are read.
     const Settings& settings() { return read().settings; }
 
-    /// What `lastList` makes of the snapshot. Blocks until it is there. To be called once and after
-    /// the last call of the others: nothing that was read stays in memory here.
+    /// As from `lastList`. Blocks until it is read. Call once, after the other functions: this
+    /// releases what was read.
     std::optional<LastList> takeList();
 
 private:

@@ -59,7 +59,7 @@ void PullRequestList::rebuild()
         list.hidden);
 }
 
-/// Whether the rows are others.
+/// Returns whether the rows changed.
 bool PullRequestList::show(ArrangedRows arranged, HiddenCounts hidden)
 {
     const HiddenCounts previous = std::exchange(_hidden, hidden);

@@ -12,77 +12,72 @@
 
 namespace Tarnwick {
 
-/// The pull requests that were listed last, and those that the settings leave of them. Main thread
-/// only.
+/// The pull requests of the last refresh and the rows visible under the settings. Main thread only.
 class PullRequestList final : public QObject {
     Q_OBJECT
 
 public:
-    /// What else turns follow from.
     struct Sources {
         std::function<const PullRequestKit::FactsByID&()> facts;
         std::function<std::string_view()> login;
     };
 
-    /// Requires: `settings` outlives this object, and both sources.
+    /// Requires: `settings` outlives it, and both sources are set.
     PullRequestList(const Settings& settings, Sources sources);
 
-    /// In sight or not. Not null.
+    /// Including hidden ones. Not null.
     const SharedPullRequests& all() const { return _all; }
 
-    /// Those of `all`; null when none is meant.
+    /// Finds one in `all`; null if absent.
     const PullRequestKit::PullRequest* find(const PullRequestKit::PullRequestID& id) const;
     const PullRequestKit::PullRequest* find(const PullRequestKit::Url& page) const;
 
     const std::vector<PullRequestKit::PullRequestRow>& rows() const { return _arranged->rows; }
 
-    /// The rows with their turns and groups. Shared ownership, for callers that outlive the next
-    /// change. Not null.
+    /// The visible rows with their turns and groups. Shared ownership, for callers that outlive the
+    /// next change. Not null.
     const std::shared_ptr<const ArrangedRows>& arranged() const { return _arranged; }
 
-    /// The same together with the hidden rows in their places, which do not count, worked out at
-    /// each call. Not null.
+    /// Includes hidden rows in their places; they do not count. Computed at each call. Not null.
     std::shared_ptr<const ArrangedRows> arrangedWithHidden() const;
 
-    /// Whose turn it is with each of the rows in any arrangement, worked out at each call.
+    /// The turn of each row in any arrangement. Computed at each call.
     std::vector<PullRequestKit::Turn> turns() const { return turnsOf(rows(), turnSources()); }
 
-    /// What turns follow from. Valid until the next change.
+    /// Valid until the next change.
     TurnSources turnSources() const;
 
-    /// How many pull requests of the selected repositories are not in `rows`, and why.
+    /// Pull requests of the selected repositories that are hidden.
     const HiddenCounts& hidden() const { return _hidden; }
 
-    /// Whether a fetched pull request is in sight by the filters as they are now.
+    /// Whether a fetched pull request is visible under the current filters.
     Sight sightOf(const PullRequestKit::PullRequest& pullRequest) const
     {
         return Tarnwick::sightOf(pullRequest, _settings);
     }
 
-    /// The names behind the counts of the pull requests, filtered away or not; those whose names
-    /// are not known are missing. Not null.
+    /// Details of visible and hidden pull requests, where known. Not null.
     const PullRequestKit::SharedDetails& details() const { return _details; }
 
-    /// Other pull requests are listed, and these are the rows that the settings leave of them.
+    /// Sets the pull requests of a refresh and the rows derived from them.
     void set(
         SharedPullRequests all,
         ArrangedRows arranged,
         HiddenCounts hidden,
         PullRequestKit::SharedDetails details);
 
-    /// Takes all rows out of sight.
     void clear() { show({}, {}); }
 
-    /// The same pull requests for settings or facts that changed.
+    /// Applies changed settings or facts.
     void rebuild();
 
 Q_SIGNALS:
     void rowsChanged();
-    /// Another number of pull requests is hidden, or others are, or they changed.
+    /// The hidden pull requests or their number changed.
     void hiddenChanged();
-    /// The rows are as before: otherwise `rowsChanged` alone says that both changed.
+    /// Not emitted together with `rowsChanged`, which implies it.
     void detailsChanged();
-    /// Turns or groups of the same rows: otherwise `rowsChanged` alone says that both changed.
+    /// The same rows have other turns or groups. `rowsChanged` implies it.
     void turnsChanged();
 
 private:

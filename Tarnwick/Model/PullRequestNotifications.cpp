@@ -15,7 +15,7 @@ using PullRequestKit::reasonText;
 
 namespace {
 
-/// Qt 6.4 and Qt 6.8 have no common function for this that is not deprecated.
+/// Qt 6.4 and 6.8 have no common function for this that is not deprecated.
 QFuture<void> finishedFuture()
 {
     QPromise<void> promise;
@@ -54,7 +54,7 @@ QCoro::Task<> PullRequestNotifications::checkPermission(std::stop_token stopToke
     QPromise<void> prepared;
     prepared.start();
     _prepared = prepared.future();
-    // A permission that cannot even be asked for says nothing about the settings.
+    // If the permission cannot even be requested, the settings stay.
     bool isGranted = true;
     try {
         auto request = _notifier->requestAuthorization();
@@ -124,7 +124,7 @@ QCoro::Task<> PullRequestNotifications::deliverAll(
         if (stopToken.stop_requested()) {
             break;
         }
-        // The next refresh may come before the notification is there.
+        // Emitted early, because the next refresh may come before the notification is shown.
         Q_EMIT unblockedSettled(pullRequest.id);
         if (!_settings.unblockedNotificationsEnabled) {
             continue;
@@ -153,7 +153,7 @@ QCoro::Task<> PullRequestNotifications::deliverEach(
         if (stopToken.stop_requested() || !_settings.yourTurnNotificationsEnabled) {
             break;
         }
-        // The next refresh may come before the notification is there.
+        // Emitted early, because the next refresh may come before the notification is shown.
         Q_EMIT turnSettled(move);
         auto delivery = report(
             _notifier->notifyTurn(move.pullRequest, reasonText(move.turn)),

@@ -16,51 +16,48 @@
 
 namespace Tarnwick {
 
-/// What one refresh changed, as far as notifications are concerned.
+/// The changes of a refresh that call for notifications.
 struct RefreshedPullRequests {
-    std::vector<PullRequestKit::PullRequest> appeared;   ///< New ones in sight.
-    std::vector<PullRequestKit::PullRequest> unblocked;  ///< Blocked when last decided, now not.
+    std::vector<PullRequestKit::PullRequest> appeared;   ///< Newly visible.
+    std::vector<PullRequestKit::PullRequest> unblocked;  ///< Were blocked before.
 };
 
-/// The notification settings: the user's switching of them, the permission they need, and the
-/// delivery of one refresh's notifications at a time. Main thread only.
+/// Switches notifications on and off, requests permission, and delivers the notifications of one
+/// refresh at a time. Main thread only.
 class PullRequestNotifications final : public QObject {
     Q_OBJECT
 
 public:
-    /// `settings` and `operations` must outlive this object, which changes the flags by them.
+    /// `settings` and `operations` must outlive it.
     PullRequestNotifications(
         std::shared_ptr<PullRequestNotifying> notifier,
         const Settings& settings,
         SettingsOperations& operations);
 
-    /// The desktop refused permission, and the user has to change that in its settings.
+    /// The desktop refused permission; the user has to change that in its settings.
     bool isSettingsChangeRequired() const { return _isSettingsChangeRequired; }
 
     void dismissSettingsChange();
 
-    /// Checks the permission when a setting is on, other than by the user's switching; without it
-    /// all are turned off.
+    /// Checks the permission if a setting is on, and turns all off without it.
     void prepare();
 
-    /// Switches one of the flags of the notifications. Turning it on takes permission.
+    /// Toggles a notification setting. Turning it on requires permission.
     QCoro::Task<> toggle(bool Settings::* setting);
 
-    /// Delivers what the settings ask for, after a running permission check. What an earlier call
-    /// has not delivered yet is dropped; of what is unblocked, `unblockedSettled` tells what was
-    /// not.
+    /// Shows what the settings ask for, after a running permission check. Undelivered notifications
+    /// of an earlier call are dropped; those without `unblockedSettled` may be passed again.
     void deliver(RefreshedPullRequests refreshed);
 
-    /// The same for what has come to be the user's turn, of which `turnSettled` tells.
+    /// The same for turns, with `turnSettled`.
     void deliverTurns(std::vector<TurnMove> moves);
 
 Q_SIGNALS:
     void settingsChangeRequiredChanged();
-    /// A notification of this pull request is on its way, or the setting is off: it is not to be
-    /// handed over again.
+    /// The notification is being shown, or is turned off. Do not deliver it again.
     void unblockedSettled(const PullRequestKit::PullRequestID& id);
-    void turnSettled(const Tarnwick::TurnMove& move);  ///< Its notification is on its way.
-    /// A text for the user, or nothing when the one before no longer holds.
+    void turnSettled(const Tarnwick::TurnMove& move);  ///< The notification is being shown.
+    /// A message for the user; nothing when the previous one no longer applies.
     void errorChanged(const std::optional<std::string>& error);
 
 private:

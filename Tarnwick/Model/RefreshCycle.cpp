@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// How soon a refresh that waits for the end of another one looks again.
+/// How often a refresh that waits for another one checks for its end.
 constexpr std::chrono::milliseconds lookAgain = 50ms;
 
 }  // namespace
@@ -73,8 +73,8 @@ QCoro::Task<> RefreshCycle::refreshUntilStopped(std::stop_token stopToken)
 {
     const QPointer<RefreshCycle> self(this);
     while (_isRefreshing) {
-        // A cancelled refresh no longer counts as running, but its child process may still be
-        // ending, and two refreshes never overlap.
+        // A cancelled refresh does not count as running, but its child process may still be ending.
+        // Two refreshes never overlap.
         if (!_running.stop_requested()) {
             co_return;
         }

@@ -19,26 +19,26 @@
 
 namespace Tarnwick {
 
-/// Asks the provider for the login, and then for the pull requests and repositories, never twice at
-/// the same time. Main thread only; the provider is asked on a worker thread.
+/// Requests the login, the pull requests and the repositories on a worker thread. Refreshes never
+/// overlap. Main thread only.
 class RefreshCycle final : public QObject {
     Q_OBJECT
 
 public:
-    /// What a refresh does beside asking. Nothing is called any more once it was cancelled.
+    /// The caller's part of a refresh. After cancellation only `refused` is called.
     struct Steps {
         std::function<void()> begin;
-        /// Somebody is signed in: yields what the answer is made ready for.
+        /// Called when signed in. Returns the inputs for preparing the answer.
         std::function<RefreshStart(const std::optional<std::string>& account)> start;
-        /// Whether the answer was still the right one, and was taken over.
+        /// Applies the answer. Returns false if it is outdated.
         std::function<bool(RefreshResult result, const RefreshStart& start)> accept;
-        /// The refresh ends without an answer.
+        /// The refresh failed.
         std::function<void(const MenuState& failure)> fail;
-        /// GitHub's secondary limit was hit, also when the refresh was cancelled.
+        /// GitHub's secondary limit was hit; called even after cancellation.
         std::function<void()> refused;
     };
 
-    /// Requires: all of them.
+    /// Requires: nothing is null.
     RefreshCycle(
         std::shared_ptr<const PullRequestKit::PullRequestProvider> provider,
         std::shared_ptr<Clock> clock,
@@ -48,17 +48,16 @@ public:
 
     RefreshEnd lastEnd() const { return _end; }
 
-    /// One refresh; returns at once while another one runs. Resumes when it has ended.
+    /// Refreshes once and resumes at its end. Does nothing while another refresh is running.
     QCoro::Task<> refresh();
 
-    /// Starts a refresh in place of a running one that was started or scheduled.
+    /// Starts a refresh and cancels one that was started or scheduled.
     void start();
 
-    /// The same for one that must not be left out: it waits for `delay` and for the end of a
-    /// running one, whose answer no longer is the right one.
+    /// Like `start`, but waits for `delay` and for the end of a running refresh.
     void schedule(std::chrono::milliseconds delay);
 
-    /// Cancels what runs. There are no further refreshes.
+    /// Cancels the current refresh and allows no further ones.
     void stop();
 
 Q_SIGNALS:
@@ -77,7 +76,7 @@ private:
     Steps _steps;
     bool _isRefreshing = false;
     RefreshEnd _end = RefreshEnd::none;
-    std::stop_token _running;  ///< The one that `_isRefreshing` speaks of.
+    std::stop_token _running;  ///< The token of the current refresh.
     std::stop_source _lifetime;
     CancellableTask _task;
 };

@@ -4,11 +4,10 @@
 
 namespace Tarnwick {
 
-/// What kept a refresh from bringing a list.
 enum class RefreshFailure {
-    signedOut,      ///< Signing in with `gh` helps.
+    signedOut,      ///< Can be fixed by signing in with `gh`.
     ghUnavailable,  ///< `gh` is missing or does not run.
-    requestFailed,  ///< Neither: GitHub was not reached or did not answer as it should.
+    requestFailed,  ///< GitHub was unreachable or gave an unexpected answer.
 };
 
 /// Requires: the state is `signedOut`, `unavailable` or `failed`. Safe from any thread.

@@ -98,7 +98,7 @@ void RefreshNews::tellTurns(
     keepTurns();
 }
 
-/// Nobody is told of what is muted, nor later that it was unblocked meanwhile.
+/// Muted pull requests are left out, and are not reported later either.
 std::vector<PullRequest> RefreshNews::unblockedToTell(
     const std::vector<PullRequest>& listed, Date now)
 {

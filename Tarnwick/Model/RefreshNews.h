@@ -17,8 +17,8 @@
 
 namespace Tarnwick {
 
-/// Which news of a refresh the user is notified of, and what is kept of it for the next start.
-/// Main thread only.
+/// Decides which changes of a refresh to notify of, and stores what the next start needs. Main
+/// thread only.
 class RefreshNews final : public QObject {
     Q_OBJECT
 
@@ -27,29 +27,28 @@ public:
         PullRequestNotifications& notifications;
         SnapshotWriter& writer;
         const Settings& settings;
-        std::optional<BlockedPullRequestsFile> blocked;  ///< Without it, nothing is kept.
-        std::optional<KnownTurnsFile> turns;  ///< Without it, nobody is told whose turn it is.
+        std::optional<BlockedPullRequestsFile> blocked;  ///< Without it, nothing is stored.
+        std::optional<KnownTurnsFile> turns;             ///< Without it, turns are not reported.
     };
 
-    /// Requires: the parts outlive this object.
+    /// Requires: the parts outlive it.
     explicit RefreshNews(Parts parts);
 
     bool tellsOfTurns() const { return _parts.turns.has_value(); }
 
-    /// To be called before a refresh is taken over. The first call brings back what was kept, and
-    /// what is listed as blocked, which `tarnwick list` may have found since.
+    /// Call before a refresh is applied. The first call loads what was stored, and the blocked ones
+    /// among `listed`, which `tarnwick list` may have found since.
     void recall(
         const std::vector<PullRequestKit::PullRequest>& listed,
         std::optional<PullRequestKit::Date> listedAt);
 
-    /// A refresh was taken over: tells of new and of unblocked pull requests. `inSight` are the
-    /// listed ones that are shown.
+    /// Call after a refresh was applied: reports new and unblocked pull requests.
     void tell(
         const std::vector<PullRequestKit::PullRequestRow>& inSight,
         const std::vector<PullRequestKit::PullRequest>& listed,
         NewPullRequestBaseline baseline);
 
-    /// The facts of that refresh are known: tells of turns, where the user wants it.
+    /// Call once the facts of that refresh are known: reports turns if the user wants it.
     void tellTurns(
         const std::vector<PullRequestKit::PullRequestRow>& inSight,
         const TurnSources& sources,
@@ -65,7 +64,7 @@ private:
 
     Parts _parts;
     bool _hasRecalled = false;
-    bool _isTelling = false;  ///< What is settled meanwhile is kept at the end.
+    bool _isTelling = false;  ///< Changes are stored at the end.
     std::optional<NewPullRequestBaseline> _baseline;
     BlockedPullRequests _blocked;
     bool _hasBlockedOnDisk = false;

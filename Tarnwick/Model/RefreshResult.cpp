@@ -19,7 +19,7 @@ std::set<std::string> reviewFilterTexts(const std::set<ReviewFilter>& filters)
     return texts;
 }
 
-/// Drafts are open pull requests too, so any status lets open ones through and nothing else.
+/// Drafts are open too: any status passes open pull requests only.
 std::set<PullRequestState> statesLetThrough(const std::set<StatusFilter>& statuses)
 {
     return statuses.empty() ? std::set<PullRequestState>{}

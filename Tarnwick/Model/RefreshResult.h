@@ -17,28 +17,28 @@ namespace Tarnwick {
 
 using SharedPullRequests = std::shared_ptr<const std::vector<PullRequestKit::PullRequest>>;
 
-/// What a refresh starts from.
+/// The inputs for preparing a fetched answer.
 struct RefreshStart {
     std::optional<std::string> account;
     std::shared_ptr<const Settings> settings;
-    PullRequestKit::SharedFacts facts = nullptr;  ///< What is known so far; null is nothing.
+    PullRequestKit::SharedFacts facts = nullptr;  ///< Known so far; may be null.
 };
 
-/// What a refresh found, made ready for the list, the notifications and the cache.
+/// A fetched answer, prepared for the list, the notifications and the cache.
 struct RefreshResult {
     SharedPullRequests pullRequests;        ///< Not null.
     PullRequestKit::SharedDetails details;  ///< Not null.
-    ArrangedRows list;                      ///< What the settings leave.
-    HiddenCounts hidden;                    ///< What they hide.
-    NewPullRequestBaseline baseline;        ///< Its time is still to be set.
-    CachedPullRequestSnapshot snapshot;     ///< Likewise.
+    ArrangedRows list;                      ///< Visible rows.
+    HiddenCounts hidden;
+    NewPullRequestBaseline baseline;     ///< Without its time.
+    CachedPullRequestSnapshot snapshot;  ///< Without its time.
     std::optional<Truncation> truncation;
 };
 
 /// Takes several milliseconds for a thousand pull requests. Safe from any thread.
 RefreshResult refreshResult(FetchedPullRequests fetched, const RefreshStart& start);
 
-/// The same pull requests for other settings than those that they were made ready for.
+/// Prepares the same pull requests for other settings.
 RefreshResult refreshResult(RefreshResult result, const RefreshStart& start);
 
 }  // namespace Tarnwick

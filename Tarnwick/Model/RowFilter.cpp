@@ -59,7 +59,7 @@ bool passesReview(const PullRequest& pullRequest, const Settings& settings)
               });
 }
 
-/// What of the filters hides the pull request.
+/// Considers the filters but not mutes.
 Sight sightByFilters(const PullRequest& pullRequest, const Settings& settings)
 {
     if (!passesStatus(pullRequest, settings)) {
@@ -75,13 +75,13 @@ Sight sightByFilters(const PullRequest& pullRequest, const Settings& settings)
                                                                     : Sight::hiddenByChecks;
 }
 
-/// The other rows of a stack keep their order; what stands on a muted row stands on what is below
-/// it, or begins a stack.
+/// Removes muted rows. Their children move up to the nearest ancestor that is left, or start a
+/// stack.
 std::vector<PullRequestRow> withoutMuted(std::vector<PullRequestRow> rows, const Settings& settings)
 {
     std::vector<PullRequestRow> left;
     left.reserve(rows.size());
-    std::vector<std::int64_t> depths;  // At which the children of the row and of those below stand.
+    std::vector<std::int64_t> depths;  // Depths of the current ancestors' children.
     for (PullRequestRow& row : rows) {
         depths.resize(static_cast<std::size_t>(row.depth));
         row.depth = depths.empty() ? 0 : depths.back();
@@ -133,7 +133,7 @@ FilteredRows filteredRows(const std::vector<PullRequest>& pullRequests, const Se
             shown.push_back(pullRequest);
         } else if (isMuted(sight)) {
             ++hidden.muted;
-            // It keeps the stack together that it is taken from.
+            // Keeps the stack of the muted pull request together.
             if (sightByFilters(pullRequest, settings) == Sight::inSight) {
                 shown.push_back(pullRequest);
                 hasMuted = true;

@@ -8,10 +8,9 @@
 
 namespace Tarnwick {
 
-/// Whether a fetched pull request is in sight, and what hides it otherwise: the first of these that
-/// holds.
+/// Whether a fetched pull request is visible, or the first reason that hides it.
 enum class Sight {
-    otherRepository,  ///< Its repository is not selected: it is not listed, nor counted as hidden.
+    otherRepository,  ///< Not selected; not counted as hidden.
     muted,
     authorMuted,
     hiddenByStatus,
@@ -31,27 +30,26 @@ constexpr bool isMuted(Sight sight)
     return sight == Sight::muted || sight == Sight::authorMuted;
 }
 
-/// Which one case of the checks filter a pull request belongs to. Safe from any thread.
+/// The only case of the checks filter that a pull request matches. Safe from any thread.
 ChecksFilter checksCase(const PullRequestKit::ProgressCount& checks);
 
-/// The one place that decides what is in sight. An empty selection of repositories, statuses,
-/// checks or mergeabilities lets nothing through; no review filter lets everything through.
-/// Safe from any thread.
+/// The single place that decides visibility. An empty selection of repositories, statuses, checks
+/// or mergeabilities matches nothing; an empty review filter matches everything. Safe from any
+/// thread.
 Sight sightOf(const PullRequestKit::PullRequest& pullRequest, const Settings& settings);
 
-/// What is in sight, ordered and stacked, and how much is not. A muted pull request is taken from
-/// its stack, whose other ones keep their places.
+/// The visible rows in order, and the number of hidden ones. Removing a muted pull request keeps
+/// the rest of its stack in place.
 struct FilteredRows {
     std::vector<PullRequestKit::PullRequestRow> rows;
     HiddenCounts hidden;
 };
 
-/// Requires: each pull request is there once. Safe from any thread.
+/// Requires: no duplicates. Safe from any thread.
 FilteredRows filteredRows(
     const std::vector<PullRequestKit::PullRequest>& pullRequests, const Settings& settings);
 
-/// The rows that there would be if nothing were hidden: each hidden pull request has the place in
-/// the order and in its stack that is its own. Safe from any thread.
+/// All rows, with each hidden pull request in its place. Safe from any thread.
 std::vector<PullRequestKit::PullRequestRow> rowsWithHidden(
     const std::vector<PullRequestKit::PullRequest>& pullRequests, const Settings& settings);
 

@@ -14,13 +14,12 @@
 
 namespace Tarnwick {
 
-/// Everything that the user has set, as plain values. The initial values are those of a fresh
-/// installation.
+/// All user settings. The initial values are the defaults.
 struct Settings {
-    std::set<std::string> selectedRepositories;  ///< owner/name; an empty set shows nothing.
+    std::set<std::string> selectedRepositories;  ///< owner/name; empty shows nothing.
     std::set<StatusFilter> statuses{StatusFilter::open};
     std::set<ChecksFilter> checks = everyCase<ChecksFilter>();
-    std::set<ReviewFilter> reviewFilters;  ///< An empty set filters nothing.
+    std::set<ReviewFilter> reviewFilters;  ///< Empty filters nothing.
     std::set<MergeabilityFilter> mergeabilities = everyCase<MergeabilityFilter>();
     ReviewerFilter reviewerFilter = ReviewerFilter::myself;
     Arrangement arrangement = Arrangement::byReviewState;
@@ -29,8 +28,8 @@ struct Settings {
     bool unblockedNotificationsEnabled = false;
     bool newPullRequestNotificationsEnabled = false;
     bool yourTurnNotificationsEnabled = false;
-    bool darkMode = false;  ///< The panel's appearance.
-    /// The user has answered to what is said about the list by whose turn it is.
+    bool darkMode = false;
+    /// The hint on the arrangement by turn was dismissed.
     bool isInvolvedExplained = false;
     Mutes mutes = {};
     Logins mutedAuthors = {};
@@ -38,48 +37,42 @@ struct Settings {
     bool operator==(const Settings&) const = default;
 };
 
-/// Whether every filter is as in a fresh installation, whatever repositories are selected.
+/// Whether every filter has its default, regardless of the selected repositories.
 bool hasDefaultFilters(const Settings& settings);
 
-/// Whether a notification of any kind is turned on.
 bool notifies(const Settings& settings);
 
-/// Whether the user is still to be told that the list by whose turn it is has only what asks for a
-/// review.
+/// Whether to show the hint that the list by turn only includes review requests.
 bool isInvolvedHintDue(const Settings& settings);
 
-/// The settings in the user's defaults, each under a key of its own, and the one place where they
-/// are changed: every change is read, made and written as one step against other processes, and
-/// writes the keys of what it changed and no others. Main thread only.
+/// Loads and stores the settings. Every change is a transaction across processes and writes only
+/// the keys that changed. Main thread only.
 class SettingsStore {
 public:
-    /// Requires: `defaults` outlives the store.
+    /// Requires: `defaults` outlives it.
     explicit SettingsStore(DefaultsStore& defaults);
 
-    /// Reads every setting and brings older forms up to date, which is all that it writes: loading
-    /// again yields the same settings and writes nothing. Unknown texts and values of a foreign
-    /// type are passed over.
+    /// Reads all settings and migrates older forms, which is all it writes. Ignores unknown texts
+    /// and values of a wrong type.
     Settings load();
 
-    /// What `load` yields, but nothing is written, whoever may be writing the file just now.
+    /// Like `load`, without writing.
     Settings current();
 
-    /// Reads what is stored, has `change` change it, and writes what is different, and `chosen`,
-    /// the key of a setting that is written even if it stays the same. Yields what is stored then.
+    /// Rereads the settings, applies `change` and writes the differences. The key `chosen` is
+    /// written even if unchanged. Returns the stored settings.
     Settings change(
         const std::function<void(Settings&)>& change,
         const std::optional<std::string_view>& chosen = {});
 
-    /// The same for the selection of repositories, which counts as configured even if it stays the
-    /// same.
+    /// The same for the selected repositories, which then count as configured.
     Settings selectRepositories(const std::vector<std::string>& names, bool isSelected);
     Settings setSelectedRepositories(const std::set<std::string>& names);
 
-    /// Whether a selection of repositories has been written at least once, by this process or by
-    /// another.
+    /// Whether the selection was ever stored by any process.
     bool isRepositorySelectionConfigured() const;
 
-    /// Writes an empty selection unless one has been written before; whether it did.
+    /// Stores an empty selection unless one was ever stored. Returns whether it did.
     bool resetUnconfiguredSelection();
 
 private:

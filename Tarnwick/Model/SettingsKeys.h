@@ -23,10 +23,10 @@ inline constexpr std::string_view projectDirectory = "editor.projectDirectory";
 inline constexpr std::string_view darkMode = "appearance.darkMode";
 inline constexpr std::string_view mutedAuthors = "mutes.authors";
 
-/// Each mute has a key of its own: this and the pull request's storage key.
+/// Followed by the storage key of the pull request.
 inline constexpr std::string_view mutePrefix = "mutes.pullRequest.";
 
-// Older forms, which are read to be translated and never written.
+// Older keys, migrated and never written.
 inline constexpr std::string_view reviewQuery = "filters.reviewQuery";
 inline constexpr std::string_view mergeable = "filters.mergeable";
 inline constexpr std::string_view mergeConflicts = "filters.mergeConflicts";

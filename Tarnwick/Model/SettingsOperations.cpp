@@ -7,7 +7,7 @@
 namespace Tarnwick {
 namespace {
 
-/// How long a project directory that is being typed stays off the disk.
+/// The delay before an edited project directory is stored.
 constexpr std::chrono::milliseconds directoryRest{200};
 
 std::string_view keyOfNotifications(bool Settings::* flag)
@@ -140,7 +140,7 @@ void SettingsOperations::store(
     adopt(std::move(stored), effect);
 }
 
-/// Each signal goes out once, with every setting in its new state.
+/// Emits each signal once, after all settings have changed.
 void SettingsOperations::adopt(Settings settings, Effect effect)
 {
     const Settings before = std::exchange(_settings, std::move(settings));

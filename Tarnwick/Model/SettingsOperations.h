@@ -17,20 +17,19 @@
 
 namespace Tarnwick {
 
-/// How the filters and settings change, by the user and by other processes. Each change of the user
-/// starts from what is stored by then and is stored at once, but for the project directory; the
-/// signals say what follows from it. A toggle takes a value out of its set, or puts it in. Main
-/// thread only.
+/// Changes settings on behalf of the user and follows changes by other processes. A change is
+/// applied to the stored settings and stored at once, except for the project directory. Main thread
+/// only.
 class SettingsOperations final : public QObject {
     Q_OBJECT
 
 public:
-    /// Requires: `settings` and `store` outlive this object, and a clock.
+    /// Requires: `settings` and `store` outlive it, and `clock` is not null.
     SettingsOperations(Settings& settings, SettingsStore& store, std::shared_ptr<Clock> clock);
 
     void change(const std::function<void(Settings&)>& change) { store(change); }
 
-    /// Of what the user sees, even if another process has just done the same.
+    /// Adds or removes the value, depending on what the user currently sees.
     template<typename E>
     void toggle(std::set<E> Settings::* filter, E value)
     {
@@ -43,7 +42,7 @@ public:
         });
     }
 
-    /// Nothing happens when the value is the current one.
+    /// Does nothing if the value is unchanged.
     template<typename Value>
     void set(Value Settings::* setting, std::type_identity_t<Value> value)
     {
@@ -52,43 +51,41 @@ public:
         }
     }
 
-    /// Every filter gets its default; the repositories stay selected.
+    /// Resets all filters; the selected repositories stay.
     void resetFilters();
 
     void toggleRepository(const std::string& name);
     void selectRepositories(const std::vector<std::string>& names, bool selected);
     void setSelectedRepositories(const std::set<std::string>& names);
 
-    /// Selects nothing on a first run, as long as no selection was ever stored; having been stored,
-    /// the selection is the user's.
+    /// Stores an empty selection unless one was ever stored.
     void resetUnconfiguredSelection();
 
     void setPollingInterval(PollingInterval interval);
 
-    /// One of the flags of the notifications.
     void setNotifications(bool Settings::* flag, bool isOn);
 
-    /// Takes effect at once. It changes with every key that the user presses, so it is stored with
-    /// the next change, by `flush`, or 200 ms later.
+    /// Takes effect at once, but is stored with the next change, by `flush`, or after 200 ms,
+    /// because it changes with every keystroke.
     void setProjectDirectory(const std::string& directory);
     void flush();
 
-    /// Takes over what other processes have stored, and writes nothing.
+    /// Applies the changes of other processes without writing.
     void readAgain();
 
 Q_SIGNALS:
-    /// Some setting changed; each of the others goes with this one.
+    /// Emitted with each of the others.
     void changed();
-    void filtersChanged();      ///< Other rows pass.
-    void selectionChanged();    ///< Other repositories are to be fetched.
-    void reviewersChanged();    ///< Other pull requests are to be fetched.
+    void filtersChanged();      ///< Other rows are visible.
+    void selectionChanged();    ///< Other repositories have to be fetched.
+    void reviewersChanged();    ///< Other pull requests have to be fetched.
     void arrangementChanged();  ///< The same rows in another order.
     void pollingIntervalChanged();
     void darkModeChanged();
-    void flushed();  ///< The project directory was written by itself, or could not be.
+    void flushed();  ///< The project directory alone was written, or failed to be.
 
 private:
-    /// What follows from a change, whether or not a value is another one.
+    /// Effects that apply even if no value changed.
     enum class Effect {
         none,
         selection,

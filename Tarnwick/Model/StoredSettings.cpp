@@ -13,7 +13,7 @@ namespace {
 
 namespace Keys = SettingsKeys;
 
-/// The name under which "Any" was stored before.
+/// The former stored name of "Any".
 constexpr std::string_view olderNameOfAny = "All";
 
 template<typename Texts>
@@ -22,8 +22,7 @@ std::vector<std::string> listOf(const Texts& texts)
     return {texts.begin(), texts.end()};
 }
 
-/// Calls `function` with the key and the member of each setting that has one key and nothing
-/// beside it.
+/// Calls `function` with the key and member of each setting that is stored under one key alone.
 template<typename Function>
 void forEachSetting(const Function& function)
 {
@@ -43,8 +42,8 @@ void forEachSetting(const Function& function)
     function(Keys::mutedAuthors, &Settings::mutedAuthors);
 }
 
-/// A mute until a time is a date, one until change a list: when the pull request was last listed,
-/// then what was seen of it. Nothing for anything else.
+/// A mute until a time is stored as a date. A mute until change is stored as a list: the time it
+/// was last listed, then the seen state. Nothing for anything else.
 std::optional<Mute> readMute(const DefaultsStore& defaults, std::string_view key)
 {
     if (const auto time = readDate(defaults, key)) {
@@ -71,8 +70,7 @@ void writeMute(DefaultsStore& defaults, std::string_view key, const Mute& mute)
     writeTextList(defaults, key, texts);
 }
 
-/// Reads one setting after the other and notes what is to be corrected. A setting that is not
-/// stored keeps its initial value.
+/// Reads the settings and collects corrections. Missing settings keep their initial values.
 class Reader {
 public:
     explicit Reader(const DefaultsStore& defaults)
@@ -135,8 +133,7 @@ private:
         logins.erase(std::string());
     }
 
-    /// Texts of which none is known count as absent. A list that is not in its regular form is to
-    /// be written in it.
+    /// A set without any known text counts as absent. An irregular list is corrected.
     template<typename E>
     void readSet(std::string_view key, std::set<E>& values)
     {

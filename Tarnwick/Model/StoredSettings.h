@@ -10,26 +10,26 @@
 
 namespace Tarnwick {
 
-/// The settings as the defaults hold them, older forms translated.
+/// The stored settings after migration.
 struct StoredSettings {
     Settings settings;
 
-    /// What is to be written, in this order, so that nothing is left to translate.
+    /// The writes that complete the migration, in order.
     std::vector<std::pair<std::string_view, std::string>> corrections;
 };
 
-/// Unknown texts and values of a foreign type are passed over. Writes nothing.
+/// Ignores unknown texts and values of a wrong type. Writes nothing.
 StoredSettings readSettings(const DefaultsStore& defaults);
 
-/// Writes the settings in which the two differ, each under its own key, and the one whose key is
-/// `chosen` in any case. A selection of repositories counts as configured from then on.
+/// Writes the settings that differ, and the one with the key `chosen` in any case. A written
+/// selection of repositories counts as configured.
 void writeDifferences(
     DefaultsStore& defaults,
     const Settings& before,
     const Settings& after,
     const std::optional<std::string_view>& chosen);
 
-/// Writes the selection, and that there is one.
+/// Writes the selection and marks it as configured.
 void persistRepositories(DefaultsStore& defaults, const std::set<std::string>& names);
 
 }  // namespace Tarnwick

@@ -10,7 +10,6 @@ using namespace PullRequestKit;
 
 namespace {
 
-/// Takes over one refresh.
 class Update {
 public:
     Update(KnownTurns& known, const RefreshedTurns& refreshed)
@@ -32,7 +31,7 @@ public:
         const auto head = headOf(pullRequest);
         const bool isUsers = turn.whose == Whose::you || turn.whose == Whose::ready;
         if (!head && turn.whose != Whose::you) {
-            // Without facts of this version that is not certain.
+            // Without facts of this version the turn is uncertain.
             entry.whose = before;
             return;
         }
