@@ -9,10 +9,9 @@
 
 namespace Tarnwick {
 
-/// What the model stands on in a program with a panel: the standard collaborators, with the
-/// notifications of the desktop, which open what is clicked, the user's autostart entry, and the
-/// panel dismissed when something is opened.
-/// Requires: an application object. Main thread only.
+/// The standard collaborators, extended for a program with a panel by desktop notifications, the
+/// autostart entry and the dismissal of the panel. Main thread only. Requires: an application
+/// object.
 PullRequestMenuModel::Collaborators desktopCollaborators(
     const std::map<std::string, std::string>& environment,
     const QDBusConnection& bus,

@@ -37,7 +37,7 @@ void openSettings(const Surroundings& surroundings)
     }
 }
 
-/// Takes the surroundings along, because whoever asked may be gone before the editor runs.
+/// Holds the surroundings, because the caller may be gone before the editor starts.
 QCoro::Task<> prepareAndOpen(
     std::shared_ptr<const Surroundings> surroundings,
     std::filesystem::path clone,
@@ -89,8 +89,8 @@ Surroundings ExternalNavigation::desktop(
     return surroundings;
 }
 
-// `QDesktopServices` is not asked: it passes on no token, and where it goes through the portal it
-// waits for the answer on the main thread (Qt 6.4).
+// Not `QDesktopServices`: it passes on no token, and through the portal it blocks the main thread
+// (Qt 6.4).
 void ExternalNavigation::open(
     const PullRequestKit::Url& url, const std::string& activationToken, PanelFate fate) const
 {

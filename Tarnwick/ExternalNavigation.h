@@ -12,12 +12,12 @@
 
 namespace Tarnwick {
 
-/// Leaving the program: a web page in the browser, the desktop's notification settings, a worktree
-/// in the editor.
+/// Opens web pages in the browser, the desktop's notification settings, and worktrees in the
+/// editor.
 class ExternalNavigation {
 public:
-    /// What leaving touches of the world. All are required; all are called on the main thread but
-    /// the runners.
+    /// The functions through which the outside is reached. All are required. All but the runners
+    /// are called on the main thread.
     struct Surroundings {
         std::shared_ptr<const GitHub::CommandRunning> gitRunner;
         std::shared_ptr<const GitHub::CommandRunning> editorRunner;
@@ -25,18 +25,18 @@ public:
         GitHub::IsExecutable isExecutable;
         PanelDismissal dismissPanel;
         std::function<void(const Launch&)> launch;
-        /// Opens a link where there is no `xdg-open`.
+        /// Opens a link when there is no `xdg-open`.
         std::function<void(const PullRequestKit::Url&, const std::string&)> openThroughPortal;
     };
 
     explicit ExternalNavigation(Surroundings surroundings);
 
-    /// The desktop around this process. Constructing it asks nothing of the desktop.
+    /// The real desktop. Does not access it yet.
     static Surroundings desktop(GitHub::Environment environment, PanelDismissal dismissPanel);
 
-    /// Dismisses the panel, unless it is to stay, and has the desktop open the address; nobody
-    /// waits for that, and nothing is reported. The token, if there is one, lets the browser come
-    /// to the front. Main thread only.
+    /// Opens the URL in the browser and dismisses the panel unless it is to stay. Errors are not
+    /// reported. The token, which may be empty, lets the browser come to the front. Main thread
+    /// only.
     void open(
         const PullRequestKit::Url& url,
         const std::string& activationToken = {},
@@ -45,14 +45,14 @@ public:
     /// Whether the desktop has notification settings that can be opened. Safe from any thread.
     bool hasNotificationSettings() const;
 
-    /// Soon dismisses the panel and opens the desktop's notification settings; nothing happens
-    /// where none are found. Safe from any thread.
+    /// Dismisses the panel and opens the desktop's notification settings, if there are any. Returns
+    /// at once. Safe from any thread.
     void openNotificationSettings() const;
 
-    /// Makes sure that there is a worktree on the branch and opens it in a new window of Visual
-    /// Studio Code. Ends when the editor was launched. Throws `ExternalNavigationError`, what the
-    /// runner throws, and `CancellationError` once `stopToken` is stopped. Main thread only.
-    /// Requires: `progress` can be called.
+    /// Creates a worktree on the branch if necessary and opens it in a new window of Visual Studio
+    /// Code. Ends when the editor was started. Throws `ExternalNavigationError`, what the runner
+    /// throws, and `CancellationError` once `stopToken` is stopped. Main thread only. Requires:
+    /// `progress` can be called.
     QCoro::Task<> openInCode(
         std::filesystem::path clone,
         std::string branch,

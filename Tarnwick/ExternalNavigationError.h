@@ -5,8 +5,8 @@
 
 namespace Tarnwick {
 
-/// Something outside the program could not be opened or prepared; `message` is the English text the
-/// user reads, unchanged. It may have a second line with what a command said. `what()` is the same.
+/// Something outside the program could not be opened or prepared. `message` is an English text for
+/// the user; further lines may hold the output of a command.
 class ExternalNavigationError : public std::runtime_error {
 public:
     explicit ExternalNavigationError(const std::string& message)

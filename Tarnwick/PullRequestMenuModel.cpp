@@ -100,8 +100,8 @@ void PullRequestMenuModel::followSettings()
     connect(&_operations, &Operations::arrangementChanged, this, arrangeAnew);
     connect(&_operations, &Operations::selectionChanged, &_list, &PullRequestList::rebuild);
     connect(&_operations, &Operations::selectionChanged, this, &Model::scheduleRepositoryRefresh);
-    // The rows stay, and go on to be filtered, until the answer for the other reviewers is there:
-    // an empty list would say that there are none.
+    // The rows stay until the answer for the other reviewers arrives: an empty list would claim
+    // that there are none.
     connect(&_operations, &Operations::reviewersChanged, this, [this] { scheduleRefresh(0ms); });
     connect(&_operations, &Operations::pollingIntervalChanged, this, &Model::schedulePolling);
     if (_parts.settingsWatcher) {
@@ -150,8 +150,6 @@ void PullRequestMenuModel::followNotifications()
     }
 }
 
-// The list
-
 void PullRequestMenuModel::showLastList()
 {
     auto list = _parts.preload ? _parts.preload->takeList() : lastList(_parts.cache, _settings);
@@ -180,8 +178,6 @@ void PullRequestMenuModel::showLastList()
     }
 }
 
-// Refreshes
-
 void PullRequestMenuModel::menuOpened()
 {
     readLaunchAtLogin();
@@ -194,7 +190,7 @@ void PullRequestMenuModel::menuOpened()
 
 void PullRequestMenuModel::scheduleRefresh(std::chrono::milliseconds delay)
 {
-    // The list will be another one.
+    // The list is about to change.
     _facts.cancel();
     _refreshCycle.schedule(delay);
 }
@@ -216,8 +212,7 @@ RefreshStart PullRequestMenuModel::signedIn(const std::optional<std::string>& ac
     return {account, std::make_shared<const Settings>(_settings), _facts.facts()};
 }
 
-/// The refresh ends without an answer: what is in sight stays, with a text that says so; with
-/// nothing in sight the state says it.
+/// A failed refresh keeps the visible rows and adds an error; without rows it becomes the state.
 void PullRequestMenuModel::cannotRefresh(const MenuState& failure)
 {
     assign(_lastFailure, failure, &Model::lastFailureChanged);
@@ -233,7 +228,7 @@ void PullRequestMenuModel::cannotRefresh(const MenuState& failure)
 
 bool PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& start)
 {
-    // The change that made the answer stale has scheduled the refresh that fetches the right one.
+    // Outdated: the change has already scheduled another refresh.
     if (start.settings->reviewerFilter != _settings.reviewerFilter
         || start.settings->selectedRepositories != _settings.selectedRepositories) {
         return false;
@@ -241,7 +236,7 @@ bool PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
     assign(_repositories, result.snapshot.repositories, &Model::repositoriesChanged);
     _operations.resetUnconfiguredSelection();
     if (_settings != *start.settings || start.facts != _facts.facts()) {
-        // The user has chosen something else since, or an earlier question was answered.
+        // Other settings or facts changed meanwhile.
         result = refreshResult(
             std::move(result),
             {start.account, std::make_shared<const Settings>(_settings), _facts.facts()});
@@ -267,8 +262,6 @@ bool PullRequestMenuModel::accept(RefreshResult result, const RefreshStart& star
     _facts.setListed(_list.all());
     return true;
 }
-
-// Facts
 
 QCoro::Task<> PullRequestMenuModel::askForFacts()
 {
@@ -297,8 +290,6 @@ void PullRequestMenuModel::saveFacts(const SharedFacts& facts)
     }
 }
 
-// Settings
-
 void PullRequestMenuModel::selectAllRepositories(bool all)
 {
     std::set<std::string> names;
@@ -325,7 +316,7 @@ void PullRequestMenuModel::readSettingsAgain()
     }
 }
 
-/// Says after each change that settings cannot be kept, and takes it back when they can.
+/// Called after each change: sets or clears the error that settings cannot be stored.
 void PullRequestMenuModel::showSettingsProblem()
 {
     auto text = _parts.defaults->problem();
@@ -350,8 +341,6 @@ void PullRequestMenuModel::toggleLaunchAtLogin()
     }
     readLaunchAtLogin();
 }
-
-// Leaving the list
 
 void PullRequestMenuModel::recordVisit(const PullRequestID& id)
 {

@@ -31,17 +31,16 @@ namespace Tarnwick {
 
 class NotificationPresentationDelegate;
 
-/// What the list shows and how it comes about: the pull requests, the state of the refresh, the
-/// filters and the settings. Views and commands read it, call it and follow its signals; each
-/// signal says that the property of its name changed. Main thread only; nothing blocks but changes
-/// of settings, for as long as a small file takes to write, and the destructor, which waits until
-/// the last snapshot is on disk.
+/// The state behind the list: the pull requests, the refresh, the filters and the settings. Views
+/// and commands read it, call it and connect to its signals. Each signal says that the property of
+/// its name changed. Main thread only. Only two things block: changes of settings, while a small
+/// file is written, and the destructor, until the last snapshot is on disk.
 class PullRequestMenuModel final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(PullRequestMenuModel)
 
 public:
-    /// What the model stands on. All are required but those that say what is so without them.
+    /// Required unless a comment says otherwise.
     struct Collaborators {
         std::shared_ptr<const PullRequestKit::PullRequestProvider> provider;
         std::shared_ptr<DefaultsStore> defaults;
@@ -50,26 +49,24 @@ public:
         std::shared_ptr<LoginItem> loginItem;
         std::shared_ptr<Clock> clock;
         std::shared_ptr<const ExternalNavigation> navigation;
-        /// Where `defaults` and `cache` are being read already; without it, the model reads them.
+        /// Reads `defaults` and `cache` in advance. Optional.
         std::shared_ptr<Preload> preload = nullptr;
-        /// Tells when `defaults` are to be read again; without it, that happens when the list is
-        /// opened and with each change.
+        /// Reports changes of `defaults` by other processes. Without it they are noticed when the
+        /// list is opened and on each change.
         std::shared_ptr<FileWatcher> settingsWatcher = nullptr;
-        /// Whether what a refresh finds is kept for the next start.
+        /// Whether to store the results of refreshes.
         bool keepsList = true;
-        /// Where a program that notifies keeps what was blocked. Others have none: what they find
-        /// unblocked, nobody was told.
+        /// Set in a program that shows notifications.
         std::optional<BlockedPullRequestsFile> blocked = std::nullopt;
-        /// Where a program that notifies keeps whose turn it was. Others have none, and ask nothing
-        /// for the sake of notifications.
+        /// Set in a program that shows notifications. Without it notifications need no facts.
         std::optional<KnownTurnsFile> turns = std::nullopt;
-        /// Tells when the machine has slept; without it, the clock alone does.
+        /// Reports that the machine woke up. Without it only the clock does.
         std::shared_ptr<MachineEvents> machine = nullptr;
-        /// Who opens what is clicked among the notifications, which counts as a visit.
+        /// Opens clicked notifications, which count as visits. Optional.
         std::shared_ptr<NotificationPresentationDelegate> notificationDelegate = nullptr;
     };
 
-    /// Reads and migrates the settings, shows the last snapshot if it was taken for the same
+    /// Loads and migrates the settings, shows the last snapshot if it was fetched for the same
     /// reviewers, and starts polling.
     explicit PullRequestMenuModel(Collaborators collaborators);
 
@@ -77,18 +74,17 @@ public:
 
     const MenuState& state() const { return _state; }
 
-    /// The listed pull requests, those of them that are shown, and what is said of them.
     const PullRequestList& list() const { return _list; }
 
     const std::vector<PullRequestKit::PullRequestRow>& rows() const { return _list.rows(); }
 
-    /// What was asked for apart from the list, by identity; empty while nothing needs it. Not null.
+    /// Empty while no setting needs facts. Not null.
     const PullRequestKit::SharedFacts& facts() const { return _facts.facts(); }
 
-    /// What GitHub granted when it last told.
+    /// GitHub's quota as last reported.
     const std::optional<PullRequestKit::Quota>& quota() const { return _pollingRest.quota(); }
 
-    /// Set while polling rests because little of it is left.
+    /// Set while polling rests because of the quota.
     const std::optional<PullRequestKit::Quota>& restingQuota() const
     {
         return _pollingRest.restingQuota();
@@ -113,67 +109,63 @@ public:
 
     const std::optional<std::string>& refreshError() const { return _refreshError; }
 
-    /// Why the last refresh that ended has renewed nothing, until one succeeds. Unlike the texts
-    /// above it stays while the next one runs.
+    /// Why the last finished refresh failed; cleared by a successful one. Unlike the errors above
+    /// it stays during a refresh.
     const std::optional<MenuState>& lastFailure() const { return _lastFailure; }
 
-    /// The time of day that everything in the list is reckoned from.
+    /// The time that ages in the list are relative to.
     PullRequestKit::Date now() const { return _parts.clock->now(); }
 
-    /// The filters and settings as they are now.
     const Settings& settings() const { return _settings; }
 
-    /// Set while the provider knows of more pull requests than it listed.
+    /// Set while the provider has more pull requests than it listed.
     const std::optional<Truncation>& truncation() const { return _truncation; }
 
     const VisitStore& visits() const { return _visits; }
 
-    /// What has changed since the user last looked at the pull request.
+    /// What changed since the user last opened the pull request.
     SinceVisit sinceVisit(const PullRequestKit::PullRequest& pullRequest) const
     {
         return _visits.sinceVisit(pullRequest, _facts.of(pullRequest.id));
     }
 
-    /// The user looks at the pull request as it is listed, or says so, now.
+    /// Marks the pull request as seen in its current state.
     void recordVisit(const PullRequestKit::PullRequestID& id);
 
-    /// As if the user had never looked at it.
     void forgetVisit(const PullRequestKit::PullRequestID& id);
 
-    /// The same for the pull request with this page. Nothing happens when none has it.
+    /// Marks the pull request with this page as seen. Does nothing for other URLs.
     void recordVisit(const PullRequestKit::Url& page);
 
-    /// What the user mutes, and until when.
     MuteOperations& mutes() { return _mutes; }
 
     const MuteOperations& mutes() const { return _mutes; }
 
-    /// The way out of the program, for whoever shows the model.
     const ExternalNavigation& navigation() const { return *_parts.navigation; }
 
-    /// Opens a worktree on the pull request's head branch in the editor; `progress` is told what is
-    /// done meanwhile. Yields what went wrong as a text for the user, or nothing.
+    /// Opens a worktree on the pull request's head branch in the editor and reports the progress.
+    /// Returns an error for the user, or nothing.
     QCoro::Task<std::optional<std::string>> openInEditor(
         PullRequestKit::PullRequest pullRequest, ProgressSink progress);
 
-    /// To be called each time the list comes in sight: starts a refresh in place of a running one
-    /// that an earlier call started.
+    /// Call each time the list becomes visible: starts a refresh and cancels one that an earlier
+    /// call started.
     void menuOpened();
 
-    /// One refresh; returns at once while another one runs. Resumes when it has ended.
+    /// Refreshes once and resumes at its end. Does nothing while another refresh is running.
     QCoro::Task<> refresh() { return _refreshCycle.refresh(); }
 
-    /// Asks for the facts of the rows that want some, whatever the settings are; resumes when
-    /// nothing is being asked for. Nothing happens before a refresh has brought a list.
+    /// Requests missing facts regardless of the settings, and resumes when they have arrived. Does
+    /// nothing before the first refresh.
     QCoro::Task<> askForFacts();
 
-    /// Asks everything that runs to stop, child processes included, and waits for nothing. The
-    /// model refreshes no more. For the end of the process.
+    /// Cancels all work, including child processes, without waiting. Allows no further refreshes.
+    /// Call at the end of the process.
     void stop();
 
     void toggleRepository(const std::string& name) { _operations.toggleRepository(name); }
 
-    /// Selects every repository that is known, or none.
+    /// Selects all known repositories, or none.
     void selectAllRepositories(bool all);
 
     void selectRepositories(const std::vector<std::string>& names, bool selected)
@@ -195,17 +187,15 @@ public:
         _operations.toggle(&Settings::mergeabilities, value);
     }
 
-    /// Nothing happens when the value is the current one.
     void setArrangement(Arrangement value) { _operations.set(&Settings::arrangement, value); }
 
-    /// The user has answered to what is said about the list by whose turn it is.
+    /// Dismisses the hint on the arrangement by turn.
     void setInvolvedExplained() { _operations.set(&Settings::isInvolvedExplained, true); }
 
-    /// Sets every filter to its default but for the selection of repositories.
+    /// Resets all filters; the selected repositories stay.
     void resetFilters() { _operations.resetFilters(); }
 
-    /// Fetches anew, because other pull requests are asked for. Nothing happens when the value is
-    /// the current one.
+    /// Does nothing if the value is unchanged; otherwise refreshes.
     void setReviewerFilter(ReviewerFilter value)
     {
         _operations.set(&Settings::reviewerFilter, value);
@@ -213,8 +203,8 @@ public:
 
     void setPollingInterval(PollingInterval interval) { _operations.setPollingInterval(interval); }
 
-    /// The setting changes at once; it is on disk within 300 ms, with the next change of another
-    /// setting, or when `flushSettings` is called or the model stops.
+    /// Takes effect at once. Stored after 200 ms, with the next change, by `flushSettings` or by
+    /// `stop`.
     void setProjectDirectory(const std::string& directory)
     {
         _operations.setProjectDirectory(directory);
@@ -222,8 +212,7 @@ public:
 
     void flushSettings() { _operations.flush(); }
 
-    /// Takes over what other processes have stored since. Nothing is fetched, and nobody notified,
-    /// unless a setting is another one than before.
+    /// Applies the settings of other processes. Refreshes only if a setting changed.
     void readSettingsAgain();
 
     void setDarkMode(bool isDark) { _operations.set(&Settings::darkMode, isDark); }
@@ -260,7 +249,7 @@ public:
 Q_SIGNALS:
     void stateChanged();
     void rowsChanged();
-    /// Another number of pull requests is hidden, or others are, or they changed.
+    /// The hidden pull requests or their number changed.
     void hiddenChanged();
     void repositoriesChanged();
     void accountChanged();
@@ -275,11 +264,11 @@ Q_SIGNALS:
     void truncationChanged();
     void lastFailureChanged();
     void visitsChanged();
-    /// Other processes have stored something; it may be what the model knows nothing of.
+    /// Other processes changed the stored data, possibly beyond the settings.
     void settingsReadAgain();
-    /// The rows are as before: otherwise `rowsChanged` alone says that both changed.
+    /// Not emitted together with `rowsChanged`, which implies it.
     void detailsChanged();
-    /// Turns or groups of the same rows: otherwise `rowsChanged` alone says that both changed.
+    /// The same rows have other turns or groups. `rowsChanged` implies it.
     void turnsChanged();
     void factsChanged();
     void quotaChanged();
@@ -312,7 +301,7 @@ private:
 
     void scheduleRefresh(std::chrono::milliseconds delay);
 
-    /// The selection of repositories has to rest before it is fetched for.
+    /// Waits until the user has finished selecting.
     void scheduleRepositoryRefresh() { scheduleRefresh(std::chrono::milliseconds{250}); }
 
     void followList();
@@ -339,7 +328,7 @@ private:
     std::optional<PullRequestKit::Date> _lastRefreshed;
     bool _launchAtLoginEnabled = false;
     std::optional<std::string> _settingsError;
-    std::optional<std::string> _settingsProblem;  ///< Why the settings are not kept.
+    std::optional<std::string> _settingsProblem;  ///< Why the settings cannot be stored.
     std::optional<std::string> _refreshError;
     std::optional<Truncation> _truncation;
     std::optional<MenuState> _lastFailure;
@@ -348,7 +337,7 @@ private:
     FactsQuestions _facts;
     PollingRest _pollingRest;
     bool _hasSnapshot = false;
-    std::stop_source _lifetime;  ///< Stopped when the model goes.
+    std::stop_source _lifetime;  ///< Stopped on destruction.
     RefreshCycle _refreshCycle;
     Polling _polling;
 };

@@ -25,7 +25,7 @@
 namespace Tarnwick {
 namespace {
 
-/// How long a browser may take until it has the focus.
+/// The time a browser may take to get the focus.
 constexpr std::chrono::seconds browserComesWithin{10};
 
 }  // namespace
@@ -153,7 +153,7 @@ void PullRequestMenuView::connectList()
     });
 }
 
-/// Not before it is wanted: the list is to be in sight soon.
+/// Created on demand, so that the list appears sooner.
 void PullRequestMenuView::makeFindBar()
 {
     _findBar = new FindBar(_page);
@@ -166,7 +166,7 @@ void PullRequestMenuView::makeFindBar()
         _header->find().setOpen(false);
         _content->setFocus();
     });
-    // As by Tab, so that a row is chosen for the next key.
+    // Tab focus selects a row.
     connect(_findBar, &FindBar::leftForList, this, [this] { _list->setFocus(Qt::TabFocusReason); });
     connect(_findBar, &FindBar::hitRequested, _list, &PullRequestListView::openHit);
     QWidget* before = &_header->options();
@@ -181,7 +181,7 @@ void PullRequestMenuView::connectModel()
 {
     connect(&_model, &PullRequestMenuModel::rowsChanged, this, &PullRequestMenuView::showRows);
     connect(&_model, &PullRequestMenuModel::visitsChanged, this, &PullRequestMenuView::showRows);
-    // They tell of new commits.
+    // Facts contain new commits.
     connect(&_model, &PullRequestMenuModel::factsChanged, this, &PullRequestMenuView::showRows);
     connect(
         &_model, &PullRequestMenuModel::hiddenChanged, this, &PullRequestMenuView::followHidden);
@@ -304,7 +304,7 @@ void PullRequestMenuView::find(const QString& text)
     }
 }
 
-/// From elsewhere than the field the key leads into it.
+/// From outside the field, the key moves the focus into it.
 void PullRequestMenuView::toggleFind()
 {
     if (isFinding() && _findBar->isAncestorOf(focusWidget())) {
@@ -381,8 +381,8 @@ void PullRequestMenuView::act(RowAction action, const PullRequestKit::PullReques
     }
 }
 
-/// Whichever page it is, the user looks at the pull request. The page is a value because the visit
-/// has the rows made anew that it may come from.
+/// Any page of a pull request counts as a visit. `page` is a copy because the visit can replace the
+/// rows that own it.
 void PullRequestMenuView::open(
     const PullRequestKit::PullRequest& pullRequest,
     PullRequestKit::Url page,  // NOLINT(performance-unnecessary-value-param)
@@ -405,7 +405,7 @@ void PullRequestMenuView::updateUse()
     const bool isUsable = !_alerts->isAnyShown();
     _page->setEnabled(isUsable);
     if (!isUsable) {
-        // It stays open while settings are chosen in it, and would hide what one of them led to.
+        // The menu stays open for check marks, and would cover what an item opens.
         _menu->close();
     }
     if (isUsable && _page->isVisible()) {
@@ -422,7 +422,7 @@ void PullRequestMenuView::changeEvent(QEvent* event)
     if (isActiveWindow()) {
         _stays = QDeadlineTimer(0);
     } else {
-        // The next pull request is to be opened from it, too.
+        // The user may open more pull requests from it.
         window()->raise();
     }
 }

@@ -25,40 +25,39 @@ class RepositoryPicker;
 class InfoBarStack;
 enum class RowAction;
 
-/// What the panel shows: header, content by the model's state, footer, options menu, alerts and the
-/// editor's overlay. It decides nothing: every action is an operation of the model or of the
-/// desktop. Main thread only.
+/// The panel: header, content, footer, options menu, alerts and the editor's overlay. All actions
+/// are operations of the model or the desktop. Main thread only.
 class PullRequestMenuView final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Requires: `model` lives longer than the view.
+    /// Requires: `model` outlives the view.
     explicit PullRequestMenuView(PullRequestMenuModel& model, QWidget* parent = nullptr);
 
     /// Without an action the options menu has no "Check for Updates…".
     void setUpdateCheck(bool canCheckForUpdates, std::function<void()> checkForUpdates);
 
-    /// Whether a menu, an alert, a dialog or the editor's overlay is up, so that the panel must not
-    /// close when it loses the focus.
+    /// Whether a menu, an alert, a dialog or the editor's overlay is open, so that the panel must
+    /// not close when it loses the focus.
     bool keepsOpen() const;
 
-    /// Says, in the place of what stands in the panel, that the program keeps running when its
-    /// window is closed. Returns false, and shows nothing, when that or another card is up.
+    /// Explains that the program keeps running after its window is closed. Returns false if this or
+    /// another card is already shown.
     bool explainClosing();
 
-    /// Opens the find bar with this text, if there is a list to find it in.
+    /// Opens the find bar with this text, if there is a list.
     void find(const QString& text);
 
-    /// To be called when the panel comes in sight and when it goes: nothing ticks in between.
+    /// Call when the panel is shown and hidden; timers run only in between.
     void panelShown();
     void panelHidden();
 
 Q_SIGNALS:
     void closeRequested();
     void quitRequested();
-    /// The user has read what `explainClosing` says and closes the window.
+    /// The user confirmed `explainClosing`.
     void closingConfirmed();
-    /// Something that the user asked for has failed and is told, maybe with the panel out of sight.
+    /// An action of the user failed; the panel may be hidden.
     void attentionRequested();
 
 protected:
@@ -95,11 +94,11 @@ private:
     void updateUse();
 
     PullRequestMenuModel& _model;
-    QWidget* _page;  ///< Everything that is out of use while a card is up.
+    QWidget* _page;  ///< Disabled while a card is shown.
     PanelHeader* _header;
     QVBoxLayout* _column = nullptr;  ///< Of the page.
-    FindBar* _findBar = nullptr;     ///< From when something was first to be found.
-    bool _showsHidden = false;       ///< What is hidden stands in the list, dimmed.
+    FindBar* _findBar = nullptr;     ///< Created on first use.
+    bool _showsHidden = false;       ///< The list includes hidden pull requests, dimmed.
     PullRequestListModel* _rows;
     PullRequestListView* _list;
     ContentArea* _content;
@@ -108,8 +107,8 @@ private:
     OptionsMenu* _menu;
     EditorFlow* _editorFlow;
     PanelAlerts* _alerts;
-    QDeadlineTimer _stays{0};  ///< Until then the focus may leave the panel without closing it.
-    QPointer<RepositoryPicker> _picker;  ///< In the place of the page while it is up.
+    QDeadlineTimer _stays{0};            ///< Until then the panel stays open without the focus.
+    QPointer<RepositoryPicker> _picker;  ///< Replaces the page while it is open.
 };
 
 }  // namespace Tarnwick

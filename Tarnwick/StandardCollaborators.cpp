@@ -17,7 +17,7 @@ namespace {
 
 using PullRequestKit::PullRequest;
 
-/// Stands in where there is no desktop to start the program: it is off, and switching it on fails.
+/// Used without a desktop: always off, and switching it on fails.
 class AbsentLoginItem final : public LoginItem {
 public:
     bool isEnabled() const override { return false; }
@@ -30,8 +30,7 @@ public:
     void unregisterItem() override {}
 };
 
-/// Stands in where nobody is to be notified, as on a terminal. Permission counts as granted, so
-/// that the notification settings stay as they are.
+/// Used on a terminal. Grants permission, so that the notification settings stay.
 class SilentNotifier final : public PullRequestNotifying {
 public:
     QCoro::Task<NotificationAuthorization> authorization() override

@@ -10,14 +10,13 @@
 
 namespace Tarnwick {
 
-/// Calls a function once, after a while on a clock. It does not once the alarm was cancelled or is
-/// gone. Main thread only.
+/// Calls a function once after a delay, unless cancelled or destroyed before. Main thread only.
 class Alarm {
 public:
-    /// Requires: a clock, and an action, which throws nothing.
+    /// Requires: `clock` is not null, and `action` does not throw.
     Alarm(std::shared_ptr<Clock> clock, std::function<void()> action);
 
-    /// In place of what was waited for before. Requires: `delay` is positive.
+    /// Replaces a running alarm. Requires: `delay` is positive.
     void ringAfter(std::chrono::milliseconds delay);
 
     void cancel() { _task.cancel(); }

@@ -7,8 +7,8 @@
 
 namespace Tarnwick {
 
-/// A place for one coroutine at a time. Starting another, or the end of the place, asks the one
-/// before to stop; it notices when it next resumes. Main thread only.
+/// Runs one coroutine at a time. Starting another, or destruction, requests the previous one to
+/// stop; it notices when it next resumes. Main thread only.
 class CancellableTask {
 public:
     CancellableTask() = default;
@@ -17,8 +17,8 @@ public:
 
     ~CancellableTask() { cancel(); }
 
-    /// `body` takes a stop token and returns a `QCoro::Task<>` that throws nothing. It runs at once
-    /// up to where it first waits.
+    /// `body` takes a stop token and returns a `QCoro::Task<>` that does not throw. It runs at once
+    /// up to its first suspension.
     template<typename Body>
     void start(Body body)
     {

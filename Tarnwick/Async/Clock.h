@@ -19,16 +19,15 @@ public:
 
     virtual PullRequestKit::Date now() const = 0;
 
-    /// What has passed since some moment in the past. Nobody sets this clock, and it counts on
-    /// while the machine sleeps.
+    /// A monotonic time that includes the time the machine sleeps.
     virtual std::chrono::milliseconds elapsed() const = 0;
 
-    /// How much of that the machine has slept.
+    /// The part of `elapsed` during which the machine slept.
     virtual std::chrono::milliseconds asleep() const = 0;
 
-    /// Finishes once `duration` has passed by `elapsed`, or at once when `stopToken` is stopped:
-    /// whoever awaits it asks the token which it was. What falls due while the machine sleeps
-    /// finishes when it wakes. The token must be stopped on the main thread.
+    /// Finishes after `duration` of `elapsed`, or at once when `stopToken` is stopped. What becomes
+    /// due while the machine sleeps finishes when it wakes. The token must be stopped on the main
+    /// thread.
     virtual QFuture<void> sleep(std::chrono::milliseconds duration, std::stop_token stopToken) = 0;
 };
 

@@ -15,7 +15,7 @@ namespace Tarnwick {
 
 namespace Detail {
 
-/// How a task ended, shared with the coroutine that follows it: whoever waits may be gone first.
+/// The result of a task. Shared with the coroutine that awaits it, which may outlive the caller.
 template<typename Result>
 struct TaskEnd {
     QEventLoop loop;
@@ -42,9 +42,9 @@ QCoro::Task<> follow(QCoro::Task<Result> task, std::shared_ptr<TaskEnd<Result>> 
 
 }  // namespace Detail
 
-/// Runs an event loop until the task has ended, which it may have done already, and yields what it
-/// yields. Throws what it throws, and `CancellationError` when the application's event loops are
-/// ended before. (`QCoro::waitFor` never returns from a task that throws; 0.8.) Main thread only.
+/// Runs an event loop until the task has ended and returns its result. Throws what the task throws,
+/// and `CancellationError` if the application's event loops end before. (`QCoro::waitFor` never
+/// returns from a task that throws; 0.8.) Main thread only.
 template<typename Result>
 Result runUntilDone(QCoro::Task<Result> task)
 {

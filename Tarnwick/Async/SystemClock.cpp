@@ -25,12 +25,12 @@ std::chrono::nanoseconds timeBy(clockid_t clock)
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
-/// A timer that counts on while the machine sleeps, as Qt's do not. Not open when there can be
-/// none.
+/// Unlike Qt's timers, this one includes the time the machine sleeps. Not open if the system
+/// refuses it.
 GitHub::FileDescriptor openTimer(std::chrono::milliseconds duration)
 {
     GitHub::FileDescriptor timer(::timerfd_create(CLOCK_BOOTTIME, TFD_CLOEXEC | TFD_NONBLOCK));
-    // A timer that is set to nothing would not run.
+    // A zero value would disarm the timer.
     const std::chrono::nanoseconds wait =
         std::max<std::chrono::nanoseconds>(duration, std::chrono::nanoseconds(1));
     const auto seconds = std::chrono::floor<std::chrono::seconds>(wait);
@@ -40,7 +40,7 @@ GitHub::FileDescriptor openTimer(std::chrono::milliseconds duration)
     return timer;
 }
 
-/// One sleep. It owns itself and goes once it is over.
+/// One sleep. Deletes itself at its end.
 class Sleep final : public QObject {
 public:
     Sleep(std::chrono::milliseconds duration, const std::stop_token& stopToken)

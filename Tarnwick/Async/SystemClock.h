@@ -4,7 +4,7 @@
 
 namespace Tarnwick {
 
-/// The system's clocks; sleeping needs a running event loop. Nothing wakes up before it is due.
+/// The system's clocks. Sleeping needs a running event loop but no periodic wake-ups.
 class SystemClock final : public Clock {
 public:
     PullRequestKit::Date now() const override;

@@ -8,9 +8,8 @@
 namespace Tarnwick {
 namespace {
 
-/// Work on its way to the pool. It passes through a mutex of this program, and not through the
-/// pool's own queue, because the thread sanitizer sees no locks inside Qt's libraries and would
-/// take every hand-over for a race.
+/// Work on its way to the pool. It is handed over under a mutex of this program, because the thread
+/// sanitizer does not see the locks inside Qt and would report a race in the pool's own queue.
 struct WorkQueue {
     std::mutex mutex;
     std::deque<std::function<void()>> works;

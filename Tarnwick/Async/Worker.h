@@ -17,7 +17,7 @@ namespace Tarnwick {
 
 namespace Detail {
 
-/// Work that goes to a worker thread, and what comes back of it.
+/// Work for a worker thread, and its result.
 template<typename Work>
 struct Job {
     explicit Job(Work newWork)
@@ -44,25 +44,24 @@ struct Job {
     QPromise<void> promise;
 };
 
-/// Has a worker thread call `work` soon, by way of the hand-over. Safe from any thread.
+/// Has a worker thread call `work`. Safe from any thread.
 void handOver(std::function<void()> work);
 
 }  // namespace Detail
 
-/// Has a worker thread call what it is given, which may be done before the hand-over returns.
+/// Has a worker thread call `work`, possibly before it returns.
 using HandOver = std::function<void(std::function<void()> work)>;
 
-/// Has a thread of the global pool call `work` soon. Safe from any thread.
+/// Has a thread of the global pool call `work`. Safe from any thread.
 void runOnPool(std::function<void()> work);
 
-/// Hands work over in another way than by `runOnPool`, for tests of what depends on the moment at
-/// which work ends. To be called before there is any work.
+/// Replaces `runOnPool` in tests that depend on when work ends. Call before any work is handed
+/// over.
 void setHandOver(HandOver handOver);
 
-/// Runs `work`, a function without arguments that may block, on a thread of the global pool, and
-/// resumes on the thread that awaits, with what it returned or threw. Work that is done by then
-/// does not suspend the caller at all. Nothing cancels the work from outside: it looks at a stop
-/// token of its own.
+/// Runs `work`, which may block, on a thread of the global pool. Resumes on the awaiting thread
+/// with the result or exception; does not suspend if the work is done by then. The work itself has
+/// to check a stop token.
 template<typename Work>
 QCoro::Task<std::invoke_result_t<Work>> onWorker(Work work)
 {

@@ -13,11 +13,10 @@ namespace Tarnwick {
 namespace AutostartEntry {
 namespace {
 
-/// With one of these in it, an argument of a command line stands in quotes.
+/// An argument with one of these characters must be quoted.
 constexpr std::string_view reserved = " \t\n\r\"'\\><~|&;$*?#()`";
 
-/// The part of a command line that means exactly this path. In quotes, some characters have a
-/// backslash before them; anywhere, "%" is doubled.
+/// Quotes a path for a command line: backslashes before some characters in quotes, and "%" doubled.
 std::string quoted(const std::string& path)
 {
     std::string text;
@@ -32,7 +31,7 @@ std::string quoted(const std::string& path)
     return path.find_first_of(reserved) == std::string::npos ? text : '"' + text + '"';
 }
 
-/// A value as an entry holds it, in which a backslash begins an escape.
+/// Escapes backslashes in the value of an entry.
 std::string escaped(const std::string& value)
 {
     std::string text;
@@ -57,7 +56,7 @@ std::string escaped(const std::string& value)
     return text;
 }
 
-/// The value of a key in the entry's first group, which is the one that counts.
+/// The value of a key in the entry's first group; other groups are ignored.
 std::optional<std::string> valueOf(std::string_view entry, std::string_view key)
 {
     bool isInGroup = false;
@@ -81,7 +80,7 @@ std::optional<std::string> valueOf(std::string_view entry, std::string_view key)
 
 std::filesystem::path file(const GitHub::Environment& environment)
 {
-    // A folder that is not absolute counts as none.
+    // A relative path is invalid here.
     std::filesystem::path folder = GitHub::valueIn(environment, "XDG_CONFIG_HOME");
     if (!folder.is_absolute()) {
         folder = std::filesystem::path(GitHub::valueIn(environment, "HOME")) / ".config";

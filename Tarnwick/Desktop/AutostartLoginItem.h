@@ -9,33 +9,31 @@
 
 namespace Tarnwick {
 
-/// What stands in an autostart entry. Safe from any thread.
+/// The contents of an autostart entry. Safe from any thread.
 namespace AutostartEntry {
 
-/// The file of the program's own entry in the user's folder of autostart entries.
+/// The program's entry in the user's autostart folder.
 std::filesystem::path file(const GitHub::Environment& environment);
 
 /// An entry that starts this executable hidden.
 std::string text(const std::filesystem::path& executable);
 
-/// Whether desktops start the program of this entry: they leave out those that are marked as hidden
-/// or switched off.
+/// Whether desktops start this entry: it is neither hidden nor disabled.
 bool isEnabled(std::string_view entry);
 
 }  // namespace AutostartEntry
 
-/// The program's entry among those that the desktop starts at login.
+/// The program's autostart entry.
 class AutostartLoginItem final : public LoginItem {
 public:
     AutostartLoginItem(std::filesystem::path file, std::filesystem::path executable);
 
-    /// Nothing counts as enabled that cannot be read.
+    /// False if the entry cannot be read.
     bool isEnabled() const override;
 
-    /// Puts an entry in the place of whatever was there.
+    /// Replaces an existing entry.
     void registerItem() override;
 
-    /// Removes the entry, whoever wrote it.
     void unregisterItem() override;
 
 private:

@@ -14,7 +14,7 @@ QFuture<QDBusMessage> callBus(
     const auto promise = std::make_shared<QPromise<QDBusMessage>>();
     promise->start();
     if (!bus.isConnected()) {
-        // A call on such a bus never ends (Qt 6.4).
+        // Qt 6.4 never finishes a call on a bus that is not connected.
         promise->addResult(QDBusMessage::createError(
             QDBusError::errorString(QDBusError::Disconnected),
             QStringLiteral("The bus is not connected.")));

@@ -8,8 +8,8 @@
 
 namespace Tarnwick {
 
-/// Sends a method call and yields the answer: a reply, or an error message, as which a bus that is
-/// not connected and a limit that has passed come, too. Never blocks. Main thread only.
+/// Calls a D-Bus method. Returns the reply or an error message, also for a timeout or a bus that is
+/// not connected. Never blocks. Main thread only.
 QFuture<QDBusMessage> callBus(
     const QDBusConnection& bus, const QDBusMessage& message, std::chrono::milliseconds limit);
 

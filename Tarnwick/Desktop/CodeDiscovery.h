@@ -7,8 +7,8 @@
 
 namespace Tarnwick {
 
-/// The editor's command `code`: the first executable of four fixed places, the last of them below
-/// HOME, and the folders of PATH. Safe from any thread.
+/// Finds the editor's command `code` in four fixed places, the last below HOME, and then on PATH.
+/// Safe from any thread.
 std::optional<std::filesystem::path> codeExecutable(
     const GitHub::Environment& environment,
     const GitHub::IsExecutable& isExecutable = GitHub::isExecutableFile);

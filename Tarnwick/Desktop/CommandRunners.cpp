@@ -15,8 +15,8 @@ constexpr std::chrono::seconds commandTimeout{30};
 
 std::shared_ptr<const GitHub::CommandRunning> toolRunner()
 {
-    // Nothing is set against questions of ssh: without a terminal it asks by an askpass program or
-    // fails, and its batch mode would forbid the askpass program as well.
+    // Ssh needs no batch mode: without a terminal it uses an askpass program, which batch mode
+    // would forbid, or fails.
     const ChildSettings settings{
         .variables = {{"GIT_TERMINAL_PROMPT", "0"}, {"GH_PROMPT_DISABLED", "1"}},
         .reach = ChildSettings::Reach::group};

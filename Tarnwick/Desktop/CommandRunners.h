@@ -6,14 +6,12 @@
 
 namespace Tarnwick {
 
-/// Runs `gh` and `git`, each for at most 30 seconds. They have no terminal and ask nothing on one:
-/// what needs an answer fails and says so. Whatever they have started is asked to end with them.
-/// An askpass program with a window of its own may still ask.
+/// Runs `gh` and `git` with a timeout of 30 seconds and without a terminal: a prompt fails, unless
+/// an askpass program shows a window. Terminates their child processes with them.
 std::shared_ptr<const GitHub::CommandRunning> toolRunner();
 
-/// Runs the editor's command for at most 30 seconds, with this program's variables as they are,
-/// because the editor hands them to the terminals inside it. What the command has started outlives
-/// it.
+/// Runs the editor's command with a timeout of 30 seconds and an unchanged environment, because the
+/// editor passes it on to its terminals. Child processes of the command outlive it.
 std::shared_ptr<const GitHub::CommandRunning> editorRunner();
 
 }  // namespace Tarnwick

@@ -18,13 +18,13 @@ using GitHub::CommandRunning;
 
 namespace {
 
-/// Not looked up on PATH.
+/// Not searched on PATH.
 constexpr const char* gitExecutable = "/usr/bin/git";
 
-/// `git show-ref --verify` says with it that there is no such branch.
+/// The exit status of `git show-ref --verify` for a missing branch.
 constexpr std::int32_t noSuchReference = 1;
 
-/// Git in one clone. The steps are announced before they run.
+/// Runs git in one clone and reports each step before it runs.
 class Git {
 public:
     Git(std::filesystem::path clone,
@@ -57,9 +57,8 @@ private:
     std::stop_token _stopToken;
 };
 
-/// Git refuses most names that are no branch's, but `git worktree add -b NAME` (2.39) hands the
-/// name on to `git branch`, which takes one that begins with "-" for an option: "-m" renames the
-/// branch that is checked out.
+/// Git rejects most invalid names. But `git worktree add -b NAME` (2.39) passes the name on to `git
+/// branch`, which takes a leading "-" for an option: "-m" renames the current branch.
 void requireUsable(const std::string& branch)
 {
     if (branch.empty()) {
@@ -71,8 +70,7 @@ void requireUsable(const std::string& branch)
     }
 }
 
-/// What git and ssh say when they cannot ask for a name, a password, a passphrase or whether a host
-/// is known, as they cannot without a terminal.
+/// Messages of git and ssh that result from a prompt without a terminal.
 bool mayHaveWantedAnAnswer(std::string_view errors)
 {
     constexpr std::array signs{
@@ -97,7 +95,7 @@ void checkFetched(const CommandResult& fetched, const std::filesystem::path& clo
     }
 }
 
-/// The command that makes the worktree, chosen by what looking for the local branch came to.
+/// The command that adds the worktree, depending on whether the local branch exists.
 std::vector<std::string> addCommand(
     const CommandResult& localBranch,
     const std::filesystem::path& worktree,

@@ -6,8 +6,8 @@
 
 namespace Tarnwick {
 
-/// Asks the desktop portal to open an address, as sandboxes and slim desktops offer it. Does not
-/// wait for the answer; without a session bus or a portal nothing happens. Main thread only.
+/// Opens a URL through the desktop portal, for sandboxes and slim desktops. Does not wait; does
+/// nothing without a session bus or a portal. Main thread only.
 void openThroughPortal(const PullRequestKit::Url& url, const std::string& activationToken);
 
 }  // namespace Tarnwick

@@ -2,7 +2,7 @@
 
 namespace Tarnwick {
 
-/// Whether the program starts when the user logs in, as the desktop keeps it. Main thread only.
+/// Whether the program starts at login. Main thread only.
 class LoginItem {
 public:
     LoginItem() = default;
@@ -12,13 +12,13 @@ public:
 
     virtual bool isEnabled() const = 0;
 
-    /// Throws `std::exception` with a sentence for the user when the desktop refuses.
+    /// Throws `std::exception` with a message for the user.
     virtual void registerItem() = 0;
 
-    /// Throws as `registerItem` does.
+    /// Throws like `registerItem`.
     virtual void unregisterItem() = 0;
 
-    /// Throws as these do.
+    /// Throws like `registerItem`.
     void toggle() { isEnabled() ? unregisterItem() : registerItem(); }
 };
 

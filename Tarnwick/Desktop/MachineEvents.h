@@ -4,12 +4,12 @@
 
 namespace Tarnwick {
 
-/// What happens to the machine and makes the list out of date. Main thread only.
+/// Events of the machine that make the list outdated. Main thread only.
 class MachineEvents : public QObject {
     Q_OBJECT
 
 Q_SIGNALS:
-    /// The machine has woken up. Its network may not be there yet.
+    /// The machine has woken up. Its network may still be missing.
     void woke();
     /// The machine has a network again.
     void networkReturned();

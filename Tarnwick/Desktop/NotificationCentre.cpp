@@ -19,20 +19,19 @@ const QString service = QStringLiteral("org.freedesktop.Notifications");
 const QString path = QStringLiteral("/org/freedesktop/Notifications");
 const QString busService = QStringLiteral("org.freedesktop.DBus");
 
-/// Long enough for a server that has yet to start.
+/// Includes the time a server may take to start.
 constexpr std::chrono::milliseconds answerLimit = 10s;
 
-/// How long a session may take until its notification server is there.
+/// A notification server may start this late in a session.
 constexpr std::chrono::seconds sessionStart = 10s;
 
-/// Calls go to the server's unique name, so that only this server can have given the answer: an
-/// answer itself tells nothing of its sender from Qt 6.8 on.
+/// Calls are addressed to the server's unique name, so that no other program can answer: since Qt
+/// 6.8 a reply does not tell its sender.
 QDBusMessage serverCall(const QString& server, const QString& method)
 {
     return QDBusMessage::createMethodCall(server, path, service, method);
 }
 
-/// A question about the server's name.
 QDBusMessage busCall(const QString& method, const QVariantList& arguments = {service})
 {
     QDBusMessage call = QDBusMessage::createMethodCall(
@@ -46,7 +45,7 @@ bool isError(const QDBusMessage& reply)
     return reply.type() != QDBusMessage::ReplyMessage;
 }
 
-/// Nobody has the name, and nobody could be started to take it.
+/// The name has no owner and cannot be activated.
 bool saysThatNoneIsThere(const QDBusMessage& reply)
 {
     const QString name = reply.errorName();
@@ -101,7 +100,7 @@ NotificationCentre::NotificationCentre(QDBusConnection bus, std::shared_ptr<Cloc
     }
 }
 
-/// No sender is named, because Qt would look up its owner and wait for the answer.
+/// Connects without a sender's name, which Qt would look up in a blocking call.
 void NotificationCentre::listen()
 {
     _bus.connect(
@@ -228,7 +227,7 @@ QCoro::Task<QDBusMessage> NotificationCentre::askCapabilities()
         if (!isError(reply)) {
             _capabilities = reply.arguments().value(0).toStringList();
         } else if (saysThatNoneIsThere(reply)) {
-            // The news of its end has yet to come.
+            // The signal of its end has yet to arrive.
             follow({});
         }
     }
@@ -241,7 +240,7 @@ QCoro::Task<> NotificationCentre::add(NotificationRequest request)
     auto delivering = deliver(request);
     QDBusMessage reply = co_await delivering;
     if (isError(reply) && !server.isEmpty() && server != _server) {
-        // That server has ended meanwhile; there may be another one.
+        // That server has ended; another one may have started.
         auto deliveringAgain = deliver(request);
         reply = co_await deliveringAgain;
     }
@@ -274,7 +273,7 @@ QCoro::Task<QDBusMessage> NotificationCentre::deliver(NotificationRequest reques
     co_return reply;
 }
 
-/// Numbers and capabilities are those of one server, and end with it.
+/// Ids and capabilities belong to one server and are discarded with it.
 void NotificationCentre::follow(const QString& server)
 {
     if (server != _server) {
@@ -291,12 +290,12 @@ void NotificationCentre::ownerChanged(
         follow(newOwner);
         std::exchange(_waiting, std::stop_source()).request_stop();
     } else if (oldOwner == _server) {
-        // An answer of the next server may have overtaken the news of this one's end.
+        // A reply of the next server may overtake the signal of this one's end.
         follow({});
     }
 }
 
-/// Every program on the bus can send these signals; only those of the server count.
+/// Any program on the bus can send these signals; only the server's count.
 ShownNotifications::Entry* NotificationCentre::shown(quint32 id, const QDBusMessage& message)
 {
     return message.service() == _server ? _shown.find(id) : nullptr;

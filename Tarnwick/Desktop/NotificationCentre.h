@@ -16,40 +16,38 @@
 
 namespace Tarnwick {
 
-/// What the bus says of a notification server.
 enum class NotificationServerStatus {
     running,
-    startable,  ///< The bus starts it at the first call.
+    startable,  ///< By D-Bus activation.
     absent,
-    unknown,  ///< The bus cannot be asked.
+    unknown,  ///< The bus did not answer.
 };
 
-/// A server that runs or that can be started shows notifications, so permission is granted; nobody
-/// has to be asked for it.
+/// Permission is granted if a server is running or startable.
 NotificationAuthorization authorizationOf(NotificationServerStatus status);
 
-/// The notification server of the desktop, `org.freedesktop.Notifications`. Whoever calls keeps it
-/// alive until the task has ended. Main thread only; nothing blocks.
+/// The desktop's notification server, `org.freedesktop.Notifications`. Callers keep it alive until
+/// their task has ended. Never blocks. Main thread only.
 class NotificationCentre final : public QObject {
     Q_OBJECT
 
 public:
-    /// Takes no notice of whether the bus is connected.
+    /// The bus need not be connected.
     NotificationCentre(QDBusConnection bus, std::shared_ptr<Clock> clock);
 
-    /// Whom the user's responses are told. Without one they are dropped.
+    /// Receives the user's responses. Without one they are dropped.
     void setDelegate(std::shared_ptr<const NotificationPresentationDelegate> delegate);
 
-    /// Starts no server.
+    /// Does not start a server.
     QCoro::Task<NotificationServerStatus> status();
 
-    /// Whether a server answers; it is started if need be. In the first seconds of the program's
-    /// life, which may be those of the whole session, a missing server is waited for. Throws
-    /// `std::runtime_error` with a sentence for the user when there is one that does not answer.
+    /// Whether a server answers; it is started if necessary. Just after the program's start, which
+    /// may be that of the session, waits for a missing server. Throws `std::runtime_error` with a
+    /// message for the user when the server does not answer.
     QCoro::Task<bool> requestAuthorization();
 
-    /// Shows a notification, in the place of a shown one with the same identifier. Throws
-    /// `std::runtime_error` with a sentence for the user when it cannot be delivered.
+    /// Shows a notification or replaces the one with the same identifier. Throws
+    /// `std::runtime_error` with a message for the user.
     QCoro::Task<> add(NotificationRequest request);
 
 private Q_SLOTS:
@@ -60,7 +58,7 @@ private Q_SLOTS:
 
 private:
     void listen();
-    /// Starts the server if need be. Yields its unique name, or an error.
+    /// Starts the server if necessary. Returns its unique name or an error.
     QCoro::Task<QDBusMessage> findServer();
     QCoro::Task<QDBusMessage> askCapabilities();
     QCoro::Task<QDBusMessage> deliver(NotificationRequest request);
@@ -70,13 +68,13 @@ private:
 
     QDBusConnection _bus;
     std::shared_ptr<Clock> _clock;
-    std::chrono::milliseconds _start;  ///< By the clock's `elapsed`.
+    std::chrono::milliseconds _start;  ///< By `Clock::elapsed`.
     std::shared_ptr<const NotificationPresentationDelegate> _delegate;
 
-    QString _server;  ///< Its unique name, or nothing. Its numbers are those shown.
-    std::optional<QStringList> _capabilities;  ///< The server's.
+    QString _server;                           ///< Its unique name, or empty.
+    std::optional<QStringList> _capabilities;  ///< Of the server.
     ShownNotifications _shown;
-    std::stop_source _waiting;  ///< Stopped when a server comes.
+    std::stop_source _waiting;  ///< Stopped when a server appears.
 };
 
 }  // namespace Tarnwick

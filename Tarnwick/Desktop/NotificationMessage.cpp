@@ -5,10 +5,10 @@
 namespace Tarnwick::NotificationMessage {
 namespace {
 
-/// Names the program's launcher and its icon.
+/// The name of the desktop file and the icon.
 const QString applicationId = QStringLiteral("dev.tarnwick.Tarnwick");
 
-/// The server decides how long the notification stays.
+/// The server's default.
 constexpr int serversTimeout = -1;
 
 QString bodyText(const std::string& text, const QStringList& capabilities)
@@ -22,12 +22,12 @@ QStringList actions(const QStringList& capabilities)
     if (!capabilities.contains(QStringLiteral("actions"))) {
         return {};
     }
-    // Some servers (xfce4-notifyd 0.7) give every action that has a name a button, the default one
-    // too, which then is there twice.
+    // xfce4-notifyd 0.7 shows a button for every named action. Naming the default action would
+    // duplicate "Open".
     return {defaultAction, QString(), openAction, QStringLiteral("Open")};
 }
 
-/// No hint for groups is in general use, so the thread goes under a name of this program's.
+/// There is no standard hint for groups.
 QVariantMap hints(const NotificationRequest& request, const QStringList& capabilities)
 {
     QVariantMap hints{

@@ -6,18 +6,17 @@
 #include <QStringList>
 #include <QVariantList>
 
-/// How notifications are put for `org.freedesktop.Notifications`. Everything here is safe from any
-/// thread.
+/// Messages for `org.freedesktop.Notifications`. All functions are safe from any thread.
 namespace Tarnwick::NotificationMessage {
 
-/// The plain click on a notification.
+/// A click on the notification.
 inline const QString defaultAction = QStringLiteral("default");
 
-/// The button that does the same where the server draws buttons.
+/// The button with the same effect.
 inline const QString openAction = QStringLiteral("open");
 
-/// The arguments of `Notify` for a server with these capabilities. `replacedId` is 0 or the
-/// server's number of the notification whose place this one takes.
+/// The arguments of `Notify` for a server with these capabilities. `replacedId` is the id of the
+/// notification to replace, or 0.
 QVariantList notifyArguments(
     const NotificationRequest& request, const QStringList& capabilities, quint32 replacedId);
 

@@ -10,29 +10,27 @@
 
 namespace Tarnwick {
 
-/// What the user did with a notification.
 struct NotificationResponse {
     std::string actionIdentifier;
     std::map<std::string, std::string> userInfo;
-    std::string activationToken;  ///< Empty when the server gave none.
+    std::string activationToken;  ///< May be empty.
 };
 
-/// The identifier of the default action, which is the plain click and the "Open" button.
+/// The action of a click and of the "Open" button.
 inline constexpr const char* defaultActionIdentifier = "default";
 
-/// Opens the pull request of a notification that the user clicks. Servers show notifications
-/// whether or not the program is in front, with banner, list and sound, so it has no part in that.
+/// Opens the pull request of a clicked notification.
 class NotificationPresentationDelegate {
 public:
-    /// Requires: `navigation`.
+    /// Requires: `navigation` is not null.
     explicit NotificationPresentationDelegate(std::shared_ptr<const ExternalNavigation> navigation);
 
-    /// Whom the address is told that a click opens, on the main thread. To be called before the
+    /// `opened` is called on the main thread with each URL that a click opens. Call before the
     /// first response can arrive.
     void setOpened(std::function<void(const PullRequestKit::Url&)> opened);
 
-    /// Opens the address soon if the action is the default one and the address one of the web;
-    /// otherwise does nothing. Safe from any thread.
+    /// Opens the URL if it is a web address and the action is the default one. Returns at once.
+    /// Safe from any thread.
     void didReceive(const NotificationResponse& response) const;
 
 private:

@@ -5,17 +5,16 @@
 
 namespace Tarnwick {
 
-/// The key of the pull request's address in a notification's user info.
+/// The key of the pull request's URL in a notification's user info.
 inline constexpr const char* pullRequestUrlKey = "pullRequestURL";
 
-/// A notification as the program means it, to be shown at once. Another one with the same
-/// identifier takes its place.
+/// A notification. It replaces an earlier one with the same identifier.
 struct NotificationRequest {
     std::string identifier;
     std::string title;
     std::string subtitle;
-    std::string sound;             ///< By its name in the sound theme.
-    std::string threadIdentifier;  ///< Notifications with the same one form a group.
+    std::string sound;             ///< A name of the sound theme.
+    std::string threadIdentifier;  ///< Groups notifications.
     std::map<std::string, std::string> userInfo;
 
     bool operator==(const NotificationRequest&) const = default;

@@ -15,7 +15,7 @@ struct Pane {
     std::string_view argument;
 };
 
-/// In the order in which one desktop's programs are tried.
+/// In the order of preference per desktop.
 constexpr std::array panes{
     Pane{"GNOME", "gnome-control-center", "notifications"},
     Pane{"Unity", "gnome-control-center", "notifications"},
@@ -62,7 +62,7 @@ std::optional<Launch> paneOf(
 std::optional<Launch> notificationSettingsPane(
     const GitHub::Environment& environment, const IsExecutable& isExecutable)
 {
-    // A list, most particular name first, such as "ubuntu:GNOME".
+    // A list from the most to the least specific name, such as "ubuntu:GNOME".
     const std::string desktops = GitHub::valueIn(environment, "XDG_CURRENT_DESKTOP");
     std::string_view rest = desktops;
     while (!rest.empty()) {

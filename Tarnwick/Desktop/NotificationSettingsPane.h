@@ -7,8 +7,8 @@
 
 namespace Tarnwick {
 
-/// The command that shows the notification settings of the desktop that XDG_CURRENT_DESKTOP names,
-/// or nothing where the desktop has none or its program is not installed. Safe from any thread.
+/// The command that shows the notification settings of the desktop in XDG_CURRENT_DESKTOP; nothing
+/// when there is none or it is not installed. Safe from any thread.
 std::optional<Launch> notificationSettingsPane(
     const GitHub::Environment& environment, const GitHub::IsExecutable& isExecutable);
 

@@ -8,15 +8,14 @@
 
 namespace Tarnwick {
 
-/// What the desktop says of the program's notifications.
+/// Whether the desktop shows the program's notifications.
 enum class NotificationAuthorization {
     authorized,
     denied,
     notDetermined,
 };
 
-/// Shows notifications. Which pull requests deserve one is decided elsewhere. Main thread only;
-/// nothing blocks.
+/// Shows notifications; the caller decides which. Never blocks. Main thread only.
 class PullRequestNotifying {
 public:
     PullRequestNotifying() = default;
@@ -26,19 +25,17 @@ public:
 
     virtual QCoro::Task<NotificationAuthorization> authorization() = 0;
 
-    /// Asks for permission to show alerts and play sounds; yields whether it is granted. Throws
-    /// `std::exception` with a sentence for the user when it cannot be asked for.
+    /// Requests permission and returns whether it is granted. Throws `std::exception` with a
+    /// message for the user.
     virtual QCoro::Task<bool> requestAuthorization() = 0;
 
-    /// Says that the pull request became unblocked. Throws `std::exception` with a sentence for the
-    /// user when it cannot be delivered.
+    /// Throws `std::exception` with a message for the user when it cannot be delivered.
     virtual QCoro::Task<> notifyUnblocked(PullRequestKit::PullRequest pullRequest) = 0;
 
-    /// Says that the pull request is new. Throws as `notifyUnblocked` does.
+    /// Throws like `notifyUnblocked`.
     virtual QCoro::Task<> notifyNew(PullRequestKit::PullRequest pullRequest) = 0;
 
-    /// Says that it is the user's turn, and why: such as "Your review". Throws as `notifyUnblocked`
-    /// does.
+    /// `reason` is such as "Your review". Throws like `notifyUnblocked`.
     virtual QCoro::Task<> notifyTurn(
         PullRequestKit::PullRequest pullRequest, std::string reason) = 0;
 };

@@ -9,8 +9,7 @@
 
 namespace Tarnwick {
 
-/// What a notification server shows of this program's, by the server's own numbers.
-/// Main thread only.
+/// The program's visible notifications by the server's ids. Main thread only.
 class ShownNotifications {
 public:
     struct Entry {
@@ -24,7 +23,7 @@ public:
         _entries.insert_or_assign(id, Entry{request.identifier, request.userInfo, {}});
     }
 
-    /// The server's number of the one with this identifier, or 0.
+    /// The id of the notification with this identifier, or 0.
     std::uint32_t idOf(const std::string& identifier) const
     {
         for (const auto& [id, entry] : _entries) {
@@ -35,7 +34,7 @@ public:
         return 0;
     }
 
-    /// Nothing when no such notification is shown.
+    /// Null when it is not shown.
     Entry* find(std::uint32_t id)
     {
         const auto found = _entries.find(id);

@@ -19,10 +19,10 @@ namespace {
 const QString sleepService = QStringLiteral("org.freedesktop.login1");
 const QString networkService = QStringLiteral("org.freedesktop.NetworkManager");
 
-/// NetworkManager's number for "connected, but perhaps not to the Internet".
+/// NetworkManager's NM_STATE_CONNECTED_SITE: connected, but perhaps not to the Internet.
 constexpr quint32 connectedToSite = 60;
 
-/// The program shows first.
+/// Not needed before the first frame.
 constexpr auto startDelay = 2s;
 
 constexpr std::chrono::milliseconds answerLimit = 10s;
@@ -50,7 +50,7 @@ SystemMachineEvents::SystemMachineEvents(const QDBusConnection& bus)
     listen(bus);
 }
 
-/// Connecting waits for the bus, so a worker does it.
+/// Connecting blocks, so it is done on a worker thread.
 QCoro::Task<> SystemMachineEvents::listenToSystem()
 {
     const QPointer<SystemMachineEvents> self(this);
@@ -61,7 +61,7 @@ QCoro::Task<> SystemMachineEvents::listenToSystem()
     }
 }
 
-/// No sender is named, because Qt would look up its owner and wait for the answer.
+/// Connects without a sender's name, which Qt would look up in a blocking call.
 void SystemMachineEvents::listen(const QDBusConnection& bus)
 {
     _bus = bus;
@@ -95,7 +95,7 @@ void SystemMachineEvents::networkStateChanged(quint32 state, const QDBusMessage&
     }
 }
 
-/// Everybody on the system bus may send such a signal, and each costs requests.
+/// Any program can send such a signal, and each one costs requests, so the sender is checked.
 QCoro::Task<> SystemMachineEvents::sayIfSentBy(
     QString service, QDBusMessage signal, void (MachineEvents::*happened)())
 {

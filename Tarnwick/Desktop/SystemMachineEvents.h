@@ -10,13 +10,13 @@
 
 namespace Tarnwick {
 
-/// What logind and NetworkManager say on the system bus. A signal counts if its sender owns their
-/// name. Without a system bus, or without them, nothing is ever said. Main thread only.
+/// Events from logind and NetworkManager on the system bus, with verified senders. Emits nothing
+/// without the bus or its services. Main thread only.
 class SystemMachineEvents final : public MachineEvents {
     Q_OBJECT
 
 public:
-    /// Listens on the machine's system bus, once the program has started; nothing waits for it.
+    /// Listens on the system bus, after the program has started. Does not block.
     SystemMachineEvents();
 
     /// Listens on this bus, for tests.

@@ -13,13 +13,13 @@ constexpr const char* notificationSound = "message-new-instant";
 
 constexpr const char* threadIdentifier = "tarnwick.pull-requests";
 
-/// Dates are whole seconds; the fraction is a part of the identifier's form.
+/// The identifier's format has a fraction.
 std::string secondsText(PullRequestKit::Date date)
 {
     return std::to_string(date.time_since_epoch().count()) + ".0";
 }
 
-// The tasks keep the centre alive, whoever asked for them.
+// The tasks keep the centre alive.
 
 QCoro::Task<NotificationAuthorization> askStatus(std::shared_ptr<NotificationCentre> centre)
 {

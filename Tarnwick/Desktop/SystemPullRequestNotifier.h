@@ -7,14 +7,14 @@
 
 namespace Tarnwick {
 
-/// Shows notifications of pull requests on the desktop.
+/// Shows notifications of pull requests through a notification server.
 class SystemPullRequestNotifier final : public PullRequestNotifying {
 public:
-    /// Requires: `centre`.
+    /// Requires: `centre` is not null.
     explicit SystemPullRequestNotifier(std::shared_ptr<NotificationCentre> centre);
 
-    /// What is shown of a pull request. `kind` is a part of the identifier, as is the time of the
-    /// last change, so that each change is shown anew. Safe from any thread.
+    /// The notification for a pull request. Its identifier contains `kind` and the time of the last
+    /// update, so that each update is shown. Safe from any thread.
     static NotificationRequest request(
         const PullRequestKit::PullRequest& pullRequest,
         std::string_view kind,

@@ -7,8 +7,8 @@
 
 namespace Tarnwick::EditorWorktree {
 
-/// The worktree on exactly this branch in the output of `git worktree list --porcelain -z`, or
-/// nothing. Safe from any thread.
+/// Finds the worktree on exactly this branch in the output of `git worktree list --porcelain -z`.
+/// Safe from any thread.
 std::optional<std::filesystem::path> existingWorktree(
     std::string_view listing, const std::string& branch);
 
