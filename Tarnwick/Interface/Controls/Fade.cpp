@@ -21,7 +21,7 @@ Fade::Fade(QWidget& widget, int milliseconds, std::function<void()> follow)
     _animation.setEasingCurve(QEasingCurve::OutCubic);
     const auto takeValue = [this] { set(_animation.currentValue().toDouble()); };
     QObject::connect(&_animation, &QVariantAnimation::valueChanged, &_animation, takeValue);
-    // A way of no length has no steps.
+    // An animation from a value to itself has no steps.
     QObject::connect(&_animation, &QVariantAnimation::finished, &_animation, takeValue);
 }
 

@@ -8,18 +8,18 @@ class QWidget;
 
 namespace Tarnwick {
 
-/// A number between 0 and 1 that goes to either end in a moment, repainting its widget on the way;
-/// at once where the desktop wants no motion or the widget is out of sight. Main thread only.
+/// Animates a number between 0 and 1 and repaints its widget. Jumps at once if the desktop wants no
+/// motion or the widget is hidden. Main thread only.
 class Fade {
 public:
-    /// How long fills of buttons and rows take.
+    /// The duration of fills of buttons and rows.
     static constexpr int fillMilliseconds = 80;
-    /// How long what slides or rises takes.
+    /// The duration of sliding and rising.
     static constexpr int slideMilliseconds = 120;
 
     explicit Fade(QWidget& widget, int milliseconds = fillMilliseconds);
 
-    /// The same for a number that `follow` is told of instead.
+    /// Calls `follow` with the number instead of repainting.
     Fade(QWidget& widget, int milliseconds, std::function<void()> follow);
 
     void setOn(bool isOn);
@@ -38,7 +38,7 @@ private:
     bool _isOn = false;
 };
 
-/// The color between two, `share` of the way from the first.
+/// Blends the colors: 0 is `from`, 1 is `to`.
 QColor mixed(const QColor& from, const QColor& to, double share);
 
 }  // namespace Tarnwick

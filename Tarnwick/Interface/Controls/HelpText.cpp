@@ -8,7 +8,7 @@
 namespace Tarnwick {
 namespace {
 
-/// In logical pixels. Qt itself wraps at about 80 letters, but short texts into a column.
+/// In logical pixels. By itself, Qt wraps even short texts into a column.
 constexpr int widestLine = 360;
 
 bool fitsWithoutWrapping(const QString& plain)

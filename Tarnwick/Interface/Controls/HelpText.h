@@ -4,9 +4,8 @@
 
 namespace Tarnwick {
 
-/// A plain text in the form that Qt's help texts take: it is shown as it stands, whatever signs of
-/// markup it holds, in one line where that is not too wide and else wrapped. Empty stays empty.
-/// Main thread only.
+/// Escapes a plain text for a Qt tool tip, and wraps it if it is too wide for one line. Empty stays
+/// empty. Main thread only.
 QString helpMarkup(const QString& plain);
 
 }  // namespace Tarnwick

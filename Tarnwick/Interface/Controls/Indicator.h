@@ -6,8 +6,8 @@
 
 namespace Tarnwick {
 
-/// The base of what moves to say that something is under way. It moves only while it can be seen,
-/// and stands still where the desktop wants no motion. Main thread only.
+/// Base of activity indicators. Animates only while visible and if the desktop wants motion. Main
+/// thread only.
 class Indicator : public QWidget {
 public:
     explicit Indicator(QWidget* parent);
@@ -15,7 +15,7 @@ public:
     bool isRunning() const { return _timer.isActive(); }
 
 protected:
-    /// How far the motion is in its present round of so many milliseconds: from 0 to below 1.
+    /// The progress of the current round of this duration: from 0 to below 1.
     double phase(int milliseconds) const;
 
     void timerEvent(QTimerEvent* event) override;

@@ -14,7 +14,7 @@ Menu::Menu(const QString& title, QWidget* parent)
     : QMenu(title, parent)
 {
     setWindowFlags(windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
-    // A screen reader's press leaves the menu open, which suits choices and nothing else.
+    // When a screen reader triggers an item, Qt leaves the menu open, which only suits check marks.
     connect(this, &QMenu::triggered, this, [this](const QAction* action) {
         if (!action->isCheckable()) {
             close();
@@ -38,9 +38,9 @@ bool Menu::chooseCheckable(QAction* action)
     return true;
 }
 
-/// A press where the mouse was when the menu opened closes it. Qt 6.8 does not know that place
-/// before the program's first event of the mouse, and then takes every press for one there, unless
-/// the mouse has moved more than six times.
+/// A click where the mouse was when the menu opened closes it. Qt 6.8 does not know that place
+/// before the first mouse event. Until the mouse has moved more than six times, it takes every
+/// click for one there.
 void Menu::mousePressEvent(QMouseEvent* event)
 {
     const QPoint distance = event->globalPosition().toPoint() - _mouseAtOpening;
@@ -80,7 +80,7 @@ void Menu::keyPressEvent(QKeyEvent* event)
 void Menu::showEvent(QShowEvent* event)
 {
     _mouseAtOpening = QCursor::pos();
-    // Item widths are cached until the font changes, and the menu's own font is never drawn with.
+    // Setting the font clears the cached item widths; the font itself is not used for drawing.
     setFont(appearance().line(TextStyle::body, TextWeight::regular).font);
     if (appearance().blendsWindows()) {
         clearMask();

@@ -4,15 +4,13 @@
 
 namespace Tarnwick {
 
-/// A menu of the program. Choosing an item that can be checked leaves it open, so that several can
-/// be changed at one go.
+/// A menu that stays open when a checkable item is triggered.
 class Menu : public QMenu {
     Q_OBJECT
 
 public:
     Menu(const QString& title, QWidget* parent);
 
-    /// Adds a submenu that looks and behaves as this one.
     Menu* addSubmenu(const QString& title);
 
 protected:

@@ -8,9 +8,9 @@
 
 namespace Tarnwick {
 
-/// A vertical scroll bar that is nothing but its handle, in the gutter at the right of a scroll
-/// area, where it takes no room. It grows under the pointer. The area's own bar keeps the values
-/// and is not shown. Main thread only.
+/// A vertical scroll bar that consists of a handle at the right of a scroll area and takes no space
+/// in its layout. It grows under the pointer. The area's own bar is hidden but keeps the values.
+/// Main thread only.
 class OverlayScrollBar final : public QWidget {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ public:
     /// Becomes a child of the area.
     explicit OverlayScrollBar(QAbstractScrollArea& area);
 
-    /// Logical pixels at both ends of the area that the handle keeps clear of.
+    /// The space above and below the handle, in logical pixels.
     void setInsets(int top, int bottom);
 
     /// In the bar's own coordinates, whose left edge is 12 pixels from the area's right one.
@@ -43,7 +43,7 @@ private:
     Fade _growth;
     int _topInset = 2;
     int _bottomInset = 2;
-    std::optional<int> _grip;  ///< While dragged: how far below the handle's top it is held.
+    std::optional<int> _grip;  ///< While dragged: the pointer's distance from the handle's top.
 };
 
 }  // namespace Tarnwick

@@ -4,8 +4,7 @@
 
 namespace Tarnwick {
 
-/// A thin bar of unknown length to go: a third of it sweeps along; full and pale where the desktop
-/// wants no motion.
+/// A thin indeterminate progress bar. Without motion it is full and pale.
 class ProgressBar final : public Indicator {
 public:
     explicit ProgressBar(QWidget* parent);

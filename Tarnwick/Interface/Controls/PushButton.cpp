@@ -42,7 +42,7 @@ PushButton::PushButton(const QString& text, Kind kind, QWidget* parent, Size siz
     , _size(size)
     , _hover(*this)
 {
-    // Not before: Qt 6.8 asks at once for what assistive programs see, and keeps it.
+    // Set last: Qt 6.8 then creates the accessible interface and caches it.
     setText(text);
     setAccessibleName(text);
     setAutoDefault(true);

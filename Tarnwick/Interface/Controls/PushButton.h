@@ -9,8 +9,8 @@
 
 namespace Tarnwick {
 
-/// A button with a text, or with a symbol in place of one. It fades under the pointer, takes Return
-/// beside Space, and has a ring around it for those who use the keyboard.
+/// A button with a text or a symbol. It fades under the pointer, responds to Return as to Space,
+/// and has a focus ring for keyboard users.
 class PushButton : public QPushButton {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(PushButton)
@@ -19,9 +19,9 @@ public:
     enum class Kind {
         plain,
         primary,
-        link,   ///< Nothing but its words, in the color of links.
-        chip,   ///< Words on a quiet fill.
-        quiet,  ///< A symbol, with a fill under the pointer and while it is held open.
+        link,   ///< Text in the color of links.
+        chip,   ///< Text on a subtle fill.
+        quiet,  ///< A symbol, filled under the pointer and while open.
     };
     enum class Size {
         regular,
@@ -31,29 +31,28 @@ public:
     PushButton(const QString& text, Kind kind, QWidget* parent, Size size = Size::regular);
     ~PushButton() override;
 
-    /// Shows a system symbol; the text is for those who cannot see it.
+    /// Shows a system symbol. The text becomes the accessible name.
     void setSymbol(const QString& symbol);
 
-    /// A button that opens and shuts tells screen readers which of both it is.
+    /// Screen readers report whether a toggle is open.
     void setToggle(bool isToggle) { _isToggle = isToggle; }
 
     bool isToggle() const { return _isToggle; }
 
     bool isOpen() const { return _isOpen; }
 
-    /// While what the button opened is in sight it stays filled.
+    /// The button stays filled while what it opened is visible.
     void setOpen(bool isOpen);
 
     QSize sizeHint() const override;
 
 protected:
-    /// Draws all but the ring. The base draws what the kind asks for.
+    /// Draws everything but the focus ring, depending on the kind.
     virtual void paintFace(QPainter& painter);
 
-    /// Under the pointer, while it is pressed and while it is open.
+    /// The fill under the pointer and while pressed or open.
     void paintQuietFill(QPainter& painter);
 
-    /// From 0 to 1.
     double filled() const { return _isOpen || isDown() ? 1 : _hover.value(); }
 
     double radius() const;

@@ -4,10 +4,10 @@
 
 namespace Tarnwick {
 
-/// A turning ring; a half ring where the desktop wants no motion.
+/// A turning ring. Without motion it is a half ring.
 class Spinner final : public Indicator {
 public:
-    /// `size` is the ring's diameter at text scale 1.
+    /// `size` is the diameter at text scale 1.
     Spinner(int size, QWidget* parent);
 
     QSize sizeHint() const override;

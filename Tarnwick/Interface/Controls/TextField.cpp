@@ -12,7 +12,7 @@ namespace {
 constexpr double radius = 7;
 constexpr int padding = 8;
 constexpr int symbolSize = 16;
-/// What a line edit keeps free at both ends of its text on its own.
+/// The margin that Qt's line edits add to their text.
 constexpr int editMargin = 2;
 
 QFont textFont()
@@ -20,8 +20,8 @@ QFont textFont()
     return appearance().line(TextStyle::body, TextWeight::regular).font;
 }
 
-/// A line edit measures its font at once, and the desktop's own, which nothing else here is written
-/// in, takes milliseconds to load.
+/// A line edit measures its font on creation. Loading the desktop's font, which nothing else uses,
+/// takes milliseconds.
 QWidget* withTextFont(QWidget* parent)
 {
     parent->setFont(textFont());

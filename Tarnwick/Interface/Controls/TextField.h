@@ -4,16 +4,16 @@
 
 namespace Tarnwick {
 
-/// A field to type into, with a frame that shows the focus and, if wanted, a symbol at its start.
-/// Room can be kept free at its end for what the owner puts there.
+/// A text field with a focus frame, an optional symbol at its start and space at its end for its
+/// owner.
 class TextField final : public QLineEdit {
     Q_OBJECT
 
 public:
-    /// `designHeight` at text scale 1.
+    /// `designHeight` is at text scale 1.
     TextField(const QString& symbol, int designHeight, QWidget* parent);
 
-    /// Logical pixels at the end that the text keeps clear of.
+    /// The space after the text, in logical pixels.
     void setTrailingRoom(int room);
 
     QSize sizeHint() const override;

@@ -27,7 +27,7 @@ void TextLine::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     const LineStyle style = lineStyle();
     const QRectF line(0, (height() - style.height) / 2.0, width(), style.height);
-    // Half a pixel: the widths that the size was reckoned from are rounded.
+    // Half a pixel makes up for rounded widths.
     const QString shown =
         QFontMetricsF(style.font).elidedText(text(), Qt::ElideRight, width() + 0.5);
     Painting::text(

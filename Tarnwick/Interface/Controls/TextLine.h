@@ -6,8 +6,7 @@
 
 namespace Tarnwick {
 
-/// One line of text in a style of the design. It ends in "…" where it is too long.
-/// Main thread only.
+/// A line of text in a style of the design, elided if too long. Main thread only.
 class TextLine final : public QLabel {
     Q_OBJECT
 

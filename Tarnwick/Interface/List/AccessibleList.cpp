@@ -11,7 +11,7 @@
 namespace Tarnwick {
 namespace {
 
-/// A row, wherever it goes.
+/// Follows its row when rows move.
 class AccessibleRow final : public QAccessibleInterface {
 public:
     AccessibleRow(PullRequestListView* view, const QModelIndex& index)
@@ -120,7 +120,7 @@ public:
         }
     }
 
-    /// It may be asked for before the list has its model.
+    /// May be called before the list has its model.
     int childCount() const override
     {
         return _view->model() == nullptr ? 0 : _view->model()->rowCount();
@@ -182,7 +182,7 @@ public:
         return row != nullptr && row->state().selected && clear();
     }
 
-    /// One row at most is selected.
+    /// At most one row is selected.
     bool selectAll() override { return false; }
 
     bool clear() override

@@ -9,14 +9,14 @@ class QPainter;
 
 namespace Tarnwick {
 
-/// Counts such as "2/2/3", drawn figure by figure in cells of equal width: the figures of Geist are
-/// not equally wide, and counts below each other shall stand in columns.
+/// Draws counts such as "2/2/3" in cells of equal width, so that they form columns: the digits of
+/// Geist differ in width.
 namespace CountFigures {
 
-/// The width of a count in multiples of the font's size.
+/// In multiples of the font's size.
 double widthInEm(const QString& label);
 
-/// Draws it with the first cell's left edge and the line's top at `topLeft`.
+/// `topLeft` is the left edge of the first cell and the top of the line.
 void draw(
     QPainter& painter,
     const QPointF& topLeft,

@@ -7,13 +7,12 @@
 
 namespace Tarnwick {
 
-/// What the counts of a row are made of, one fact a line. Names are other people's texts: they come
-/// out without control and direction characters, and none turns the direction of what follows it.
-/// Pure functions, safe from any thread.
+/// Describes what the counts of a row consist of, one fact per line. Untrusted names lose control
+/// and direction characters and cannot change the direction of following text. Safe from any
+/// thread.
 namespace CountWording {
 
-/// "Changes requested: …", "Approved: …" and so on: who has reviewed and who is asked to. Empty
-/// where there is nobody.
+/// "Changes requested: …", "Approved: …" and so on. Empty without reviewers.
 QStringList reviewLines(const PullRequestKit::PullRequestDetails& details);
 
 /// "1 of 4 passed", "Failed: …", "Running: …". Empty without checks.

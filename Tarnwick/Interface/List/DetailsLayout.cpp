@@ -16,7 +16,7 @@ const QString draft = QStringLiteral("Draft");
 const QString ellipsis = QStringLiteral("…");
 const QString slash = QStringLiteral("/");
 
-/// What is left of a repository and of an author beside a reason, at text scale 1.
+/// Minimum widths of repository and author beside a reason, at text scale 1.
 constexpr double leastRepository = 48;
 constexpr double leastAuthor = 32;
 
@@ -65,14 +65,14 @@ public:
     }
 
 private:
-    /// Most pieces are asked for several times.
+    /// A cache, because most pieces are measured several times.
     double widthOf(const QString& piece)
     {
         const auto known = _widths.constFind(piece);
         return known == _widths.constEnd() ? *_widths.insert(piece, _measure.width(piece)) : *known;
     }
 
-    /// The reason as it is left.
+    /// The reason as shortened so far.
     QString reason() const { return RowWording::reasonText(_details.reason) + _furtherNames; }
 
     double widthOfReason()
@@ -86,7 +86,7 @@ private:
 
     double separator() { return 2 * _room.gap + widthOf(dot); }
 
-    /// By how much the line is too long.
+    /// The width that exceeds the available one.
     double excess()
     {
         double width = widthOf(_details.owner + _details.repository) + _room.gap
@@ -103,7 +103,7 @@ private:
         return width - _room.width;
     }
 
-    /// To no less than `least`, which is a width at text scale 1.
+    /// `least` is the minimum width at text scale 1.
     void shorten(QString& piece, Qt::TextElideMode mode, double least)
     {
         const double tooMuch = excess();
@@ -135,7 +135,7 @@ private:
         _details.owner = (cut.isEmpty() ? ellipsis : cut) + slash;
     }
 
-    /// All names of the reason but the first become their number.
+    /// Replaces all names of the reason but the first with their number.
     void countNames()
     {
         const auto further = _details.reason.names.size() - 1;
@@ -147,7 +147,7 @@ private:
         _isElided = true;
     }
 
-    /// What was cut off it comes back where something else has gone since.
+    /// Starts from the whole name: other pieces may have been shortened since it was last cut.
     void shortenFirstName()
     {
         if (_details.reason.names.isEmpty()) {
@@ -165,7 +165,7 @@ private:
         _isElided = true;
     }
 
-    /// Of owner and repository as they are shown.
+    /// Matches in owner and repository as shown.
     std::vector<TextRange> nameMarks() const
     {
         auto marks = rangesShown(_ownerMarks, _whole.owner, _details.owner);
@@ -210,7 +210,7 @@ private:
         return layout;
     }
 
-    /// Where even the shortest pieces are too long together.
+    /// If even the shortest pieces do not fit.
     void endWithEllipsis(DetailsLayout& layout)
     {
         std::vector<DetailsLayout::Piece>& pieces = layout.pieces;
@@ -230,7 +230,7 @@ private:
     }
 
     const Details& _whole;
-    Details _details;  ///< What is left of it.
+    Details _details;  ///< As shortened so far.
     LineRoom _room;
     const TextMeasure& _measure;
     const TextMeasure& _reasonMeasure;

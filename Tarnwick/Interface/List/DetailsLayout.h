@@ -8,47 +8,47 @@
 
 namespace Tarnwick {
 
-/// The quiet line below a title, piece by piece. Where room is short the owner goes first, then the
-/// repository is elided in its middle, then the author at the end; number and age always stay.
-/// With a reason, its names but the first become a number before the repository is touched, and
-/// repository and author keep a few letters at first; then its first name is elided at the end, the
-/// author goes, then all of the repository, and at last the line ends in "…".
+/// The line of details below a title, piece by piece. To fit, it drops the owner, then elides the
+/// repository in its middle, then the author at its end. Number and age always stay. With a reason,
+/// it first replaces all names but the first with their number, and repository and author keep a
+/// minimum width; then it elides the first name, drops the author and then the repository, and
+/// finally ends the line in "…".
 struct DetailsLayout {
     struct Piece {
         QString text;
         double left = 0;                    ///< From the start of the line, in logical pixels.
-        std::vector<TextRange> marks = {};  ///< What of the text was looked for.
-        bool isStrong = false;              ///< A reason that asks something of the user.
+        std::vector<TextRange> marks = {};  ///< Matches of the search.
+        bool isStrong = false;              ///< A reason that the user can act on.
     };
 
     std::vector<Piece> pieces;
-    bool isElided = false;  ///< Whether something was left out or cut.
+    bool isElided = false;  ///< Something was dropped or elided.
 
-    /// What is shown as one text, for tests and screen readers.
+    /// The whole line, for tests and screen readers.
     QString text() const;
 };
 
-/// How texts are measured and cut.
+/// Measures and elides texts.
 struct TextMeasure {
     std::function<double(const QString&)> width;
     std::function<QString(const QString&, Qt::TextElideMode, double)> elided;
 };
 
-/// Of the line, and of a strong reason in it.
+/// For the line and for a strong reason in it.
 struct LineMeasure {
     TextMeasure plain;
     TextMeasure strong;
 };
 
-/// What a line has, in logical pixels.
+/// In logical pixels.
 struct LineRoom {
     double width = 0;
-    double gap = 0;    ///< On both sides of each "·" and between repository and number.
-    double scale = 1;  ///< Of the text.
+    double gap = 0;    ///< Around each "·" and between repository and number.
+    double scale = 1;  ///< The text scale.
 };
 
-/// `findWords` are folded. An owner in which one of them stands is elided instead of left out.
-/// Main thread only.
+/// `findWords` are folded. An owner that contains one of them is elided instead of dropped. Main
+/// thread only.
 DetailsLayout layOutDetails(
     const RowWording::Details& details,
     const LineRoom& room,

@@ -98,7 +98,7 @@ void FindBar::close()
     Q_EMIT closed();
 }
 
-/// While the bar slides, what is in it comes and goes with its lower edge.
+/// The content moves with the bar's lower edge while it slides.
 void FindBar::place()
 {
     setFixedHeight(static_cast<int>(std::lround(_slide.value() * openHeight())));

@@ -14,43 +14,43 @@ class PushButton;
 class TextField;
 class TextLine;
 
-/// The bar between header and list in which the user types what to find. It slides open and shut,
-/// at once where the desktop wants no motion. Main thread only.
+/// The search bar between header and list. It slides open and shut if the desktop wants motion.
+/// Main thread only.
 class FindBar final : public QWidget {
     Q_OBJECT
 
 public:
-    /// It is closed at first.
+    /// Initially closed.
     explicit FindBar(QWidget* parent = nullptr);
 
     bool isOpen() const { return _slide.isOn(); }
 
-    /// The widgets that Tab stops at, in order.
+    /// The tab stops, in order.
     std::vector<QWidget*> stops() const;
 
     QString text() const;
     void setText(const QString& text);
 
-    /// Opens it with the caret in the field.
+    /// Opens it and focuses the field.
     void open();
 
     /// Clears the text and closes it.
     void close();
 
-    /// Says how many of all rows match, while there is something to find.
+    /// Shows the number of matches while there is a text.
     void setMatches(int shown, int total);
 
     QSize sizeHint() const override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
-    /// Whenever another text is to be found, also when it is cleared.
+    /// Also emitted when the text is cleared.
     void findTextChanged(const QString& text);
-    /// The user goes on to the list.
+    /// The user moves on to the list.
     void leftForList();
-    /// The user wants the first hit, or the selected one, opened.
+    /// The user wants to open the selected or first hit.
     void hitRequested();
-    /// The bar was closed by the user.
+    /// The user closed the bar.
     void closed();
 
 protected:
@@ -66,7 +66,7 @@ private:
     TextField* _field;
     TextLine* _matches;
     PushButton* _closeButton;
-    Fade _slide;  ///< How much of the height is open.
+    Fade _slide;  ///< The visible part of the height.
 };
 
 }  // namespace Tarnwick

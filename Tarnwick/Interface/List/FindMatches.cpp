@@ -11,11 +11,10 @@ namespace {
 
 constexpr QChar ellipsis(0x2026);
 
-/// A folded text that knows from which letter each of its characters comes: folding makes letters
-/// longer or shorter.
+/// A folded text with the source letter of each character, because folding changes lengths.
 struct FoldedLetters {
     QString text;
-    std::vector<TextRange> letters;  ///< For each character of `text`.
+    std::vector<TextRange> letters;  ///< Per character of `text`.
 };
 
 FoldedLetters foldedLetters(const QString& text)

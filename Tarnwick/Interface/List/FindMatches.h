@@ -7,7 +7,7 @@
 
 namespace Tarnwick {
 
-/// Characters of a text from `start` up to but without `end`.
+/// Characters of a text from `start` up to but not including `end`.
 struct TextRange {
     qsizetype start = 0;
     qsizetype end = 0;
@@ -15,19 +15,18 @@ struct TextRange {
     bool operator==(const TextRange&) const = default;
 };
 
-/// Where one of the words, which are folded, stands in the text: whole letters in ascending order;
-/// ranges that touch are one. Safe from any thread.
+/// Matches of the folded words: whole letters in ascending order, with adjacent ranges merged. Safe
+/// from any thread.
 std::vector<TextRange> matchesIn(const QString& text, const QStringList& foldedWords);
 
-/// What is left of ranges of `whole` in `shown`, which is the same text or has a "…" in place of
-/// some of it. Safe from any thread.
+/// Maps ranges of `whole` to `shown`, the same text or an elided form of it. Safe from any thread.
 std::vector<TextRange> rangesShown(
     const std::vector<TextRange>& ranges, const QString& whole, const QString& shown);
 
-/// The part of the ranges that lies within, counted from its start. Safe from any thread.
+/// The parts of the ranges inside `within`, relative to its start. Safe from any thread.
 std::vector<TextRange> rangesWithin(const std::vector<TextRange>& ranges, const TextRange& within);
 
-/// Adds a range behind the others. Requires: it starts where or behind where the last one does.
+/// Appends a range. Requires: it does not start before the last one.
 void appendRange(std::vector<TextRange>& ranges, const TextRange& range);
 
 }  // namespace Tarnwick

@@ -10,7 +10,7 @@ constexpr double aside = 1;
 constexpr double belowTop = 2;
 constexpr double aboveBottom = 1;
 
-/// Those that touch are one.
+/// Adjacent boxes become one plate.
 std::vector<QRectF> platesOf(const std::vector<QRectF>& letters)
 {
     std::vector<QRectF> plates;

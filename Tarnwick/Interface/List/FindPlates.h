@@ -10,9 +10,9 @@
 
 namespace Tarnwick {
 
-/// Marks letters of a line that has been drawn. Each of `letters` is a box as wide as the letters
-/// that match and as high as their line, in ascending order; `draw` draws the line again in the
-/// pen's color, of which only what lies on the plates is seen. Main thread only.
+/// Highlights matches in a line that has been drawn. `letters` are the boxes of the matching
+/// letters, as high as the line and in ascending order. `draw` draws the line again in the pen's
+/// color; it is clipped to the plates. Main thread only.
 void paintFindPlates(
     QPainter& painter,
     const std::vector<QRectF>& letters,

@@ -35,7 +35,7 @@ QString searchText(const PullRequestKit::PullRequest& pullRequest)
         text(pullRequest.author),
         text(pullRequest.head.name),
         text(pullRequest.base.name)};
-    // No word holds a line break.
+    // Words contain no line breaks, so none matches across two fields.
     return folded(fields.join(QLatin1Char('\n')));
 }
 

@@ -4,11 +4,11 @@
 
 namespace Tarnwick {
 
-/// What a group of rows stands under.
+/// The heading of a group of rows.
 struct GroupHeading {
     PullRequestKit::Whose whose = PullRequestKit::Whose::others;
-    int rowCount = 0;     ///< Pull requests below it; dimmed ones do not count.
-    int earnedCount = 0;  ///< Those of them that are themselves what the heading says.
+    int rowCount = 0;     ///< Without dimmed rows.
+    int earnedCount = 0;  ///< Rows whose own turn is this one.
 
     bool operator==(const GroupHeading&) const = default;
 };

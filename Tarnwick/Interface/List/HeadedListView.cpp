@@ -20,10 +20,10 @@ namespace {
 
 constexpr int wheelStep = 20;
 
-/// How far below the place that it is given Qt shows a help text, at least.
+/// The minimum offset of Qt's tool tips below the given position.
 constexpr int helpBelowPointer = 16;
 
-/// Tells Qt's layout what the view knows of its rows. The view makes them as wide as it is.
+/// Passes the view's row heights to Qt's layout. The view stretches the widths.
 class RowSizes final : public QAbstractItemDelegate {
 public:
     explicit RowSizes(HeadedListView& view)
@@ -95,8 +95,6 @@ void HeadedListView::changeEvent(QEvent* event)
     }
 }
 
-// A new list
-
 HeadedListView::Places HeadedListView::placesInSight() const
 {
     Places places;
@@ -113,7 +111,7 @@ HeadedListView::Places HeadedListView::placesInSight() const
     return places;
 }
 
-/// Goes by the first row that is still there, of those that have not gone far among the others.
+/// Keeps the row in place that moved least among those that are left.
 void HeadedListView::restore(const Places& places)
 {
     Places still = places;
@@ -164,8 +162,6 @@ void HeadedListView::resizeEvent(QResizeEvent* event)
         restore(places);
     }
 }
-
-// Where rows are
 
 std::optional<HeadedListView::StuckHeading> HeadedListView::stuck() const
 {
@@ -249,15 +245,13 @@ void HeadedListView::scrollContentsBy(int dx, int dy)
 {
     QListView::scrollContentsBy(dx, dy);
     if (coveredHeight() > 0) {
-        // The heading at the top does not go with the rows.
+        // The sticky heading does not scroll with the rows.
         viewport()->update();
     }
     if (viewport()->underMouse()) {
         followPointer(viewport()->mapFromGlobal(QCursor::pos()));
     }
 }
-
-// The selected row
 
 int HeadedListView::selectedRow() const
 {
@@ -291,8 +285,8 @@ void HeadedListView::move(ListCommand command)
 
 void HeadedListView::focusInEvent(QFocusEvent* event)
 {
-    // Not the item view's own, which makes the first row current where none is: what is not seen to
-    // be selected must not be opened by Return.
+    // Skips QAbstractItemView's handler, which would make the first row current without showing it
+    // as selected; Return would then open it.
     QAbstractScrollArea::focusInEvent(event);
     const bool isByKey =
         event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
@@ -317,8 +311,6 @@ void HeadedListView::hideEvent(QHideEvent* event)
     _hover.setRow({});
     QListView::hideEvent(event);
 }
-
-// The pointer
 
 bool HeadedListView::isHovered(int row) const
 {
@@ -370,7 +362,7 @@ void HeadedListView::mouseReleaseEvent(QMouseEvent* event)
 
 void HeadedListView::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    // The first click has done what there is to do.
+    // The first click has already been handled.
     event->accept();
 }
 
@@ -388,7 +380,7 @@ void HeadedListView::showHelp(const QPoint& position, const QPoint& globalPositi
         return;
     }
     const QRect place = visualRect(indexOf(row));
-    // Below the row, or it would hide what the user is about to read.
+    // Below the row, so that the tool tip does not cover it.
     const int below = viewport()->mapToGlobal(place.bottomLeft()).y() + 1 - helpBelowPointer;
     QToolTip::showText(
         QPoint(globalPosition.x(), std::max(globalPosition.y(), below)),

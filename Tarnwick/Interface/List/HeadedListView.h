@@ -13,32 +13,31 @@
 
 namespace Tarnwick {
 
-/// What the program's lists share. Rows stand under headings, of which the one that belongs to the
-/// first row in sight stays at the top until the next pushes it out; the rows in sight stay where
-/// they are when others come and go, but for a list at its top. One row is selected, with a focus
-/// ring from the first key on. A row may have one button. Main thread only.
+/// A list with groups under headings and at most one button per row. The heading of the first
+/// visible row sticks to the top until the next one pushes it out. Visible rows stay in place when
+/// others are added or removed, except in a list scrolled to its top. One row is selected; it has a
+/// focus ring once the keyboard is used. Main thread only.
 class HeadedListView : public QListView {
     Q_OBJECT
 
 public:
     explicit HeadedListView(QWidget* parent);
 
-    /// The row's place in the viewport. That of a heading that stays at the top is there.
+    /// The row's place in the viewport. That of a sticky heading is its current place.
     QRect visualRect(const QModelIndex& index) const override;
     QModelIndex indexAt(const QPoint& position) const override;
 
-    /// A row that is scrolled to stands clear of the heading above it.
+    /// Keeps the row clear of the sticky heading.
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
     virtual int rowHeight(int row) const = 0;
     virtual void paintRow(QPainter& painter, int row, const QRect& place) const = 0;
 
-    /// The help text for a point of the viewport; empty where there is no row.
+    /// The tool tip at a point of the viewport; empty outside of rows.
     QString helpTextAt(const QPoint& position) const;
 
 protected:
-    /// To be called once, when the rest of the view is made. Requires: `model` lives longer than
-    /// the view.
+    /// Call once, when the subclass is set up. Requires: `model` outlives the view.
     void begin(RowListModel& model);
 
     virtual int headingHeight() const = 0;
@@ -46,23 +45,23 @@ protected:
     /// `position` is relative to the row's upper left corner.
     virtual bool isOnButton(int row, const QPoint& position) const = 0;
     virtual QString helpText(int row, const QPoint& position) const = 0;
-    /// Where the help text holds, likewise.
+    /// The area in which the tool tip stays, also relative to the row.
     virtual QRect helpPlace(int row, const QPoint& position) const = 0;
 
-    /// A press and release on the row, on its button or beside it.
+    /// A click on the row, on or beside its button.
     virtual void clicked(int row, bool onButton, const QMouseEvent& event) = 0;
 
     virtual bool takes(Qt::MouseButton button) const { return button == Qt::LeftButton; }
 
     virtual Qt::CursorShape cursorOver(bool onButton) const = 0;
 
-    /// When the view begins, and with another appearance.
+    /// Called by `begin` and when the appearance changes.
     virtual void applyAppearance();
 
-    /// The row that Tab leads to when none is selected.
+    /// The row that Tab selects if none is selected.
     virtual int rowToBegin() const { return firstRowInSight(); }
 
-    /// The next list leaves the rows that are in sight at their heights, also in a list at its top.
+    /// The next list keeps visible rows in place, even if scrolled to its top.
     void holdTop() { _holdsTop = true; }
 
     void move(ListCommand command);
@@ -106,7 +105,7 @@ protected Q_SLOTS:
     virtual void takeInList();
 
 private:
-    /// A row in sight and how far it goes among the others in a new list.
+    /// A visible row, and how many rows it moves by in a new list.
     struct Place {
         QPersistentModelIndex index;
         int top = 0;
@@ -117,7 +116,7 @@ private:
 
     struct StuckHeading {
         int row = 0;
-        int top = 0;  ///< 0, or above it when pushed out.
+        int top = 0;  ///< 0, or negative while being pushed out.
     };
 
     std::optional<StuckHeading> stuck() const;
@@ -132,16 +131,16 @@ private:
     void followPointer(const QPoint& position);
     void showHelp(const QPoint& position, const QPoint& globalPosition);
 
-    const RowListModel* _rows = nullptr;  ///< From when the view begins.
+    const RowListModel* _rows = nullptr;  ///< Set by `begin`.
     OverlayScrollBar _scrollBar;
     RowHover _hover;
     bool _isOnButton = false;
     QPersistentModelIndex _pressed;
     bool _isButtonPressed = false;
-    /// Whether the selected row has a focus ring: not before the keyboard is used.
+    /// False until the keyboard is used.
     bool _usesKeyboard = false;
     bool _holdsTop = false;
-    Places _anchor;  ///< While a new list is taken in.
+    Places _anchor;  ///< Set while a new list is applied.
 };
 
 }  // namespace Tarnwick

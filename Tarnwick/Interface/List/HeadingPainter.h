@@ -9,11 +9,11 @@ class QPainter;
 
 namespace Tarnwick {
 
-/// How high a heading is, in logical pixels. Main thread only.
+/// In logical pixels. Main thread only.
 int headingHeight();
 
-/// Paints the heading of a group; the line above it is drawn everywhere but at the upper edge,
-/// where `place` begins at 0 or above. Main thread only.
+/// Paints a group's heading, with a line above it unless it is at the top of the view. Main thread
+/// only.
 void paintHeading(QPainter& painter, const QRect& place, const GroupHeading& heading);
 
 }  // namespace Tarnwick

@@ -6,17 +6,17 @@
 
 namespace Tarnwick {
 
-/// The words of a group's heading. Pure functions, safe from any thread.
+/// The texts of a group's heading. Safe from any thread.
 namespace HeadingWording {
 
 /// Such as "Waiting on You".
 QString title(PullRequestKit::Whose whose);
 
-/// The figure behind the title; empty where only dimmed rows stand below it.
+/// The count behind the title; empty if all rows are dimmed.
 QString count(const GroupHeading& heading);
 
-/// As a screen reader says it: "Waiting on You, 3 of 5 pull requests", or "Ready to Merge, 1 pull
-/// request" where all below it are what it says.
+/// For screen readers: "Waiting on You, 3 of 5 pull requests", or "Ready to Merge, 1 pull request"
+/// if the heading applies to all of them.
 QString sentence(const GroupHeading& heading);
 
 }  // namespace HeadingWording

@@ -32,7 +32,7 @@ std::optional<ListCommand> plainCommand(int key)
     }
 }
 
-/// What starts work or leaves the panel open takes Ctrl: letters alone only move.
+/// Ctrl is required for commands that start work or leave the panel open.
 std::optional<ListCommand> controlCommand(int key)
 {
     switch (key) {
@@ -61,7 +61,7 @@ std::optional<ListCommand> listCommand(const QKeyEvent& event)
     if (modifiers == Qt::ControlModifier) {
         return controlCommand(event.key());
     }
-    // Where the slash is depends on the layout, and on some it takes Shift.
+    // The slash needs Shift on some keyboard layouts.
     const bool isText = (modifiers & ~Qt::ShiftModifier) == Qt::NoModifier;
     if (isText && event.text() == QLatin1String("/")) {
         return ListCommand::find;

@@ -6,7 +6,7 @@ class QKeyEvent;
 
 namespace Tarnwick {
 
-/// What the list does on a key.
+/// The list's reaction to a key.
 enum class ListCommand {
     up,
     down,
@@ -23,7 +23,7 @@ enum class ListCommand {
     showMenu,
 };
 
-/// Nothing for keys that are the panel's. Safe from any thread.
+/// Nothing for keys that the panel handles. Safe from any thread.
 std::optional<ListCommand> listCommand(const QKeyEvent& event);
 
 }  // namespace Tarnwick

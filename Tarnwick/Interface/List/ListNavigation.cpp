@@ -8,7 +8,7 @@ bool isStop(int row, const ListExtent& list)
     return !list.isHeading || !list.isHeading(row);
 }
 
-/// The next row that is a stop, or -1. `direction` is 1 or -1.
+/// The next row that is not a heading, or -1. `direction` is 1 or -1.
 int nextStop(int row, int direction, const ListExtent& list)
 {
     for (int next = row + direction; next >= 0 && next < list.count; next += direction) {
@@ -19,7 +19,7 @@ int nextStop(int row, int direction, const ListExtent& list)
     return -1;
 }
 
-/// At least one row further, where there is one.
+/// Moves by at least one row if possible.
 int rowAPageFrom(int row, int direction, const ListExtent& list)
 {
     const QRect start = list.placeOf(row);
@@ -60,7 +60,7 @@ int firstOfGroupBefore(int row, const ListExtent& list)
     return nextStop(headingFrom(heading - 1, -1, list), 1, list);
 }
 
-/// -1 where there is none.
+/// -1 if there is none.
 int wantedRow(ListCommand command, int selected, const ListExtent& list)
 {
     switch (command) {

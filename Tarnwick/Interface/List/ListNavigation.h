@@ -8,19 +8,19 @@
 
 namespace Tarnwick {
 
-/// What moving through a list needs to know of it.
+/// The properties of a list that navigation depends on.
 struct ListExtent {
-    int count = 0;  ///< At least 1 that is no heading.
+    int count = 0;  ///< At least one row is not a heading.
     int firstInSight = 0;
-    int pageHeight = 0;                 ///< In logical pixels.
-    std::function<QRect(int)> placeOf;  ///< Of a row.
-    /// Headings are passed; they are what groups begin with. Without it no row is one.
+    int pageHeight = 0;  ///< In logical pixels.
+    std::function<QRect(int)> placeOf;
+    /// Whether a row is a heading; such rows are skipped. Empty if there are no headings.
     std::function<bool(int)> isHeading = {};
 };
 
-/// The row that a key leads to from the selected one, or from none, which is -1: then the first row
-/// in sight begins. A page ends with the last row that fits into it whole. Back by a group is to
-/// the first row of the group, and from there to that of the one before. Safe from any thread.
+/// The row that a key leads to. `selected` may be -1; navigation then starts at the first visible
+/// row. A page ends with the last row that fits entirely. Back by a group leads to the first row of
+/// the group, and from there to that of the previous one. Safe from any thread.
 int targetRow(ListCommand command, int selected, const ListExtent& list);
 
 }  // namespace Tarnwick

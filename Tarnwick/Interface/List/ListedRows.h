@@ -12,8 +12,8 @@ enum class HiddenRows {
     areDimmed,
 };
 
-/// What the model has to list, with all that the rows of the list tell. They keep what they are
-/// made of, also when the model has other rows. Main thread only.
+/// The model's rows with everything they show. They stay valid when the model changes. Main thread
+/// only.
 std::vector<ListedRow> listedRows(const PullRequestMenuModel& model, HiddenRows hidden);
 
 }  // namespace Tarnwick

@@ -17,7 +17,7 @@ using PullRequestKit::PullRequestID;
 
 namespace {
 
-/// The place of each identity in a list. The list must stay while the map is used.
+/// The positions of identities in a list. Requires: the list outlives it.
 template<typename Contents>
 class Places {
 public:
@@ -30,7 +30,7 @@ public:
         }
     }
 
-    /// -1 when it is not there.
+    /// -1 if absent.
     int of(const PullRequestID& id) const
     {
         const auto found = _places.find(&id);
@@ -52,7 +52,7 @@ private:
     struct Hash {
         std::size_t operator()(const PullRequestID* id) const
         {
-            // Repositories repeat; the number alone tells most rows apart.
+            // A cheap hash: the number alone distinguishes most rows.
             return std::hash<std::string>()(id->repository) * 31
                    + static_cast<std::size_t>(id->number);
         }
@@ -68,7 +68,7 @@ private:
     std::unordered_map<const PullRequestID*, int, Hash, Equal> _places;
 };
 
-/// No pull request has it, because repositories have names.
+/// An identity without a repository, which no pull request has.
 const PullRequestID& headingKey(PullRequestKit::Whose whose)
 {
     using PullRequestKit::Whose;
@@ -111,7 +111,7 @@ void PullRequestListModel::setRows(std::vector<ListedRow> rows)
     _all = contentsOf(rows);
     _countWidths = {};
     for (std::size_t place = 0; place < rows.size(); ++place) {
-        // The rows of the list before can go, whose words stay.
+        // Releases the previous list's row; the prepared texts stay.
         _all[place]->replace(std::move(rows[place]));
         const CountWidths widths = _all[place]->countWidths();
         _countWidths.reviews = std::max(_countWidths.reviews, widths.reviews);
@@ -120,7 +120,7 @@ void PullRequestListModel::setRows(std::vector<ListedRow> rows)
     show(found());
 }
 
-/// Those that are there already for the rows that are as before, and new ones for the others.
+/// Reuses the contents of unchanged rows.
 PullRequestListModel::Contents PullRequestListModel::contentsOf(
     const std::vector<ListedRow>& rows) const
 {
@@ -150,7 +150,7 @@ std::vector<PullRequestListModel::ShownRow> PullRequestListModel::found() const
     constexpr std::int64_t notFound = -1;
     std::vector<ShownRow> rows;
     rows.reserve(_all.size());
-    std::vector<std::int64_t> depths;  // As shown, of the row and those above it in its stack.
+    std::vector<std::int64_t> depths;  // The shown depths of the row and its ancestors.
     for (const auto& content : _all) {
         const std::int64_t depth = content->row().depth;
         if (_words.isEmpty()) {

@@ -13,69 +13,65 @@
 
 namespace Tarnwick {
 
-/// The rows that the list shows: those it was given, or of them the ones that match what the user
-/// wants to find. Where rows have turns, a row of its own stands before each group as its heading;
-/// while something is found, only hits count in it. A new list is taken in as the removals, moves,
-/// insertions and changes that lead to it, by the identity of the pull requests and headings. Main
-/// thread only.
-///
+/// The rows of the list: all rows, or those that match the search text. Rows with turns are
+/// preceded by a heading per group; during a search it counts hits only. A new list is applied as
+/// removals, moves, insertions and changes by identity. Main thread only.
 /// `Qt::DisplayRole` is the title or the heading, `Qt::AccessibleTextRole` the row as one sentence,
-/// and `Qt::AccessibleDescriptionRole` the line of details and what the counts consist of.
+/// and `Qt::AccessibleDescriptionRole` the line of details and the composition of the counts.
 class PullRequestListModel final : public RowListModel {
     Q_OBJECT
 
 public:
     using Now = std::function<PullRequestKit::Date()>;
 
-    /// `now` tells the current time, which ages are reckoned from.
+    /// `now` is the clock that ages are relative to.
     explicit PullRequestListModel(Now now, QObject* parent = nullptr);
 
-    /// Requires: no two rows have the same pull request, and rows with the same heading follow each
-    /// other.
+    /// Requires: no duplicate pull requests, and rows with the same heading are adjacent.
     void setRows(std::vector<ListedRow> rows);
 
-    /// Shows the rows that hold every word of the text; all for a text without words. A hit whose
-    /// parent is none stands without indentation.
+    /// Shows the rows that contain every word of the text, or all rows without words. A hit whose
+    /// parents are hidden is not indented.
     void setFindText(const QString& text);
 
-    /// How many pull requests there are, found or not.
+    /// The number of pull requests, matching or not.
     int totalCount() const { return static_cast<int>(_all.size()); }
 
-    /// How many of them are shown.
+    /// The number of pull requests shown.
     int foundCount() const { return static_cast<int>(_shown.size() - _headingRows.size()); }
 
-    /// How many of those are not dimmed.
+    /// The number of those that are not dimmed.
     int countInSight() const;
 
     const std::vector<int>& headingRows() const override { return _headingRows; }
 
     bool isHeading(int row) const { return shown(row).content == nullptr; }
 
-    /// Requires: the row is one.
+    /// Requires: `isHeading(row)`.
     const GroupHeading& heading(int row) const { return shown(row).heading; }
 
-    /// The first row that is no heading; -1 where there is none.
+    /// The first row that is not a heading, or -1.
     int firstPullRequest() const;
 
-    /// The words that are to be found, folded.
+    /// The words of the search, folded.
     const QStringList& findWords() const { return _words; }
 
     bool isFinding() const { return !_words.isEmpty(); }
 
-    /// Of all rows, found or not, so that columns stand still while the user types.
+    /// Of all rows, so that columns do not move during a search.
     CountWidths countWidths() const { return _countWidths; }
 
     PullRequestKit::Date now() const { return _now(); }
 
-    /// Requires: the row is no heading.
+    /// Requires: the row is not a heading.
     const RowContent& content(int row) const { return *shown(row).content; }
 
-    /// How far the row is indented; less than in its stack while its parents are not found.
+    /// The indentation, which is reduced while ancestors are hidden.
     std::int64_t depth(int row) const { return shown(row).depth; }
 
     const RowContent& content(const QModelIndex& index) const { return content(index.row()); }
 
-    /// Invalid when the pull request is not among the rows shown.
+    /// Invalid if the pull request is not shown.
     QModelIndex indexOf(const PullRequestKit::PullRequestID& id) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;

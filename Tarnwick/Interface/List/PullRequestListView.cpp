@@ -39,8 +39,6 @@ PullRequestListView::PullRequestListView(PullRequestListModel& model, QWidget* p
     begin(model);
 }
 
-// A new list
-
 void PullRequestListView::startTaking()
 {
     const int selected = selectedRow();
@@ -58,8 +56,8 @@ void PullRequestListView::takeInList()
     followFinding();
 }
 
-/// When the selected row goes, Qt takes the next one, which may be a heading. That has a row below
-/// it.
+/// Qt replaces a removed selection with the next row, which may be a heading. A heading always has
+/// a row below it.
 void PullRequestListView::leaveHeading()
 {
     const QModelIndex current = currentIndex();
@@ -68,8 +66,8 @@ void PullRequestListView::leaveHeading()
     }
 }
 
-/// A selected row that is no hit is selected no longer, so that Return opens what one sees; it is
-/// again when there is nothing more to find.
+/// A selected row that does not match is deselected, so that Return opens what the user sees. It is
+/// selected again after the search.
 void PullRequestListView::followFinding()
 {
     const QStringList before = std::exchange(_words, _model.findWords());
@@ -100,8 +98,6 @@ void PullRequestListView::doItemsLayout()
     _rows.setWidth(viewport()->width());
     HeadedListView::doItemsLayout();
 }
-
-// Rows
 
 int PullRequestListView::rowHeight(int row) const
 {
@@ -166,8 +162,6 @@ QRect PullRequestListView::helpPlace(int row, const QPoint& position) const
 {
     return _rows.place(row, _rows.partAt(row, position));
 }
-
-// What is done
 
 void PullRequestListView::keyPressEvent(QKeyEvent* event)
 {
@@ -253,7 +247,7 @@ void PullRequestListView::clicked(int row, bool onButton, const QMouseEvent& eve
 void PullRequestListView::contextMenuEvent(QContextMenuEvent* event)
 {
     const int row = rowAt(event->pos());
-    // The menu key is the panel's.
+    // The panel handles the menu key.
     if (event->reason() == QContextMenuEvent::Keyboard || row < 0) {
         event->ignore();
         return;
@@ -271,8 +265,6 @@ void PullRequestListView::showMenu(int row, const QPoint& globalPosition)
     _menu = makeRowMenu(_model.content(row).listed(), _account, choose, this);
     _menu->popup(globalPosition);
 }
-
-// The ages
 
 void PullRequestListView::showEvent(QShowEvent* event)
 {

@@ -12,30 +12,30 @@
 
 namespace Tarnwick {
 
-/// The list of pull requests. It shows the model's rows, follows keys and pointer and says what the
-/// user wants done with a row; it does none of it but copying. Main thread only.
+/// The list of pull requests. It shows the model's rows and reports what the user wants to do with
+/// them; only copying is done here. Main thread only.
 class PullRequestListView final : public HeadedListView {
     Q_OBJECT
 
 public:
-    /// Requires: `model` lives longer than the view.
+    /// Requires: `model` outlives the view.
     explicit PullRequestListView(PullRequestListModel& model, QWidget* parent = nullptr);
 
     const RowDelegate& rows() const { return _rows; }
 
-    /// How a row is painted now.
+    /// The current state in which a row is painted.
     RowState situation(int row) const;
 
-    /// The user's login, or empty when it is not known.
+    /// The user's login; empty when unknown.
     void setAccount(const std::string& account) { _account = account; }
 
-    /// Whether the menu of a row is up.
+    /// Whether the context menu of a row is open.
     bool isMenuOpen() const { return _menu != nullptr && _menu->isVisible(); }
 
-    /// Opens the row that is filled while something is found. Does nothing where there is no hit.
+    /// Opens the filled row during a search, if there is a hit.
     void openHit();
 
-    /// The next list leaves the rows that are in sight at their heights, also in a list at its top.
+    /// The next list keeps visible rows in place, even if scrolled to its top.
     void holdRows() { holdTop(); }
 
     void doItemsLayout() override;
@@ -43,7 +43,7 @@ public:
     void paintRow(QPainter& painter, int row, const QRect& place) const override;
 
 Q_SIGNALS:
-    /// By key, pointer or the row's menu.
+    /// By key, pointer or context menu.
     void actionRequested(RowAction action, const PullRequestKit::PullRequest& pullRequest);
     void findRequested();
 
@@ -79,12 +79,13 @@ private:
 
     PullRequestListModel& _model;
     RowDelegate _rows;
-    QStringList _words;  ///< What was to be found before the list changed.
-    std::optional<PullRequestKit::PullRequestID> _selected;  ///< Likewise.
+    QStringList _words;  ///< The search before the list changed.
+    std::optional<PullRequestKit::PullRequestID>
+        _selected;  ///< The selection before the list changed.
     std::optional<PullRequestKit::PullRequestID> _selectedBeforeFinding;
     std::string _account;
     QPointer<QMenu> _menu;
-    QBasicTimer _ageTimer;  ///< Runs while the list is in sight.
+    QBasicTimer _ageTimer;  ///< Active while the list is visible.
 };
 
 }  // namespace Tarnwick

@@ -9,9 +9,9 @@
 
 namespace Tarnwick {
 
-/// What the user does with a row at this moment.
+/// The interactive state of a row.
 struct RowState {
-    double hover = 0;  ///< From 0 to 1 while the fill comes and goes.
+    double hover = 0;  ///< The opacity of the fill, from 0 to 1.
     bool isSelected = false;
     bool hasFocusRing = false;
     bool showsEditorButton = false;
@@ -19,8 +19,8 @@ struct RowState {
     bool hasLineAbove = false;
 };
 
-/// Paints one row where its geometry says, with plates behind what is to be found. It is made for
-/// one frame of rows. Main thread only.
+/// Paints a row by its geometry, with search matches highlighted. Created for one frame. Main
+/// thread only.
 class PullRequestRowView {
 public:
     PullRequestRowView(
@@ -37,14 +37,14 @@ public:
         const RowState& situation);
 
 private:
-    /// The color, or that of everything in a dimmed row.
+    /// Returns the common color of a dimmed row, or `color`.
     QColor unlessDimmed(const RowContent& content, const QColor& color) const;
     void paintFill(const RowGeometry& geometry, const RowState& situation);
     void paintStart(const RowContent& content, const RowGeometry& geometry);
     void paintDot(const RowContent& content, const RowGeometry& geometry);
     void paintBadges(const RowContent& content, const RowGeometry& geometry);
     void paintCount(const QRect& place, const QString& label, const QColor& color);
-    /// What is marked in the row; dimmed rows carry no marks.
+    /// The words to highlight; none in dimmed rows.
     const QStringList& wordsIn(const RowContent& content) const;
     void paintDetails(const RowContent& content, const QRect& place);
     void paintEditorButton(const RowGeometry& geometry, const RowState& situation);

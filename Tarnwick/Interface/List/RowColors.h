@@ -7,8 +7,8 @@
 
 namespace Tarnwick {
 
-/// The colors that tell a pull request's state. Green, red, purple and draft grey are the same in
-/// both appearances. Safe from any thread.
+/// The colors of a pull request's state. Green, red, purple and draft grey are the same in light
+/// and dark. Safe from any thread.
 namespace RowColors {
 
 inline const QColor green = QColor::fromRgbF(0.102F, 0.498F, 0.216F);
@@ -20,11 +20,11 @@ QColor stateColor(const PullRequestKit::PullRequest& pullRequest);
 
 QColor reviewColor(PullRequestKit::ReviewState state, const Palette& palette);
 
-/// A failure shows before everything else has ended.
+/// A failure shows even while other checks are running.
 QColor checkColor(const PullRequestKit::ProgressCount& checks, const Palette& palette);
 
-/// Whether small figures of this color are hard to read on a dark surface, so that whoever asks
-/// for more contrast gets them in white on a plate of the color.
+/// Whether small text in this color is hard to read on a dark surface. With high contrast it is
+/// then white on a plate of this color.
 bool wantsPlate(const QColor& color);
 
 }  // namespace RowColors

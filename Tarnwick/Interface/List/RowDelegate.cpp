@@ -8,7 +8,7 @@
 namespace Tarnwick {
 namespace {
 
-/// Where the parts are, the ones on top of others first.
+/// From top to bottom in stacking order.
 constexpr std::array<std::pair<RowPart, QRect RowGeometry::*>, 9> partPlaces{{
     {RowPart::editorButton, &RowGeometry::editorHitArea},
     {RowPart::stateIcon, &RowGeometry::stateIcon},

@@ -9,7 +9,7 @@
 
 namespace Tarnwick {
 
-/// The parts of a row that a pointer can be on.
+/// The parts of a row under the pointer.
 enum class RowPart {
     row,
     stateIcon,
@@ -23,18 +23,19 @@ enum class RowPart {
     editorButton,
 };
 
-/// Gives the list its rows: their sizes, their pictures, and what is at a point of them, all from
-/// one geometry. Layouts are kept as long as width, text size and counts stay. Main thread only.
+/// Sizes, paints and hit-tests rows by one geometry. Caches layouts for the current width, text
+/// size and counts. Main thread only.
 class RowDelegate {
 public:
     explicit RowDelegate(const PullRequestListModel& model);
 
-    /// To be called before rows of another width, text size or widest count are asked for.
+    /// Call before other functions if the width, the text size or the widest count may have
+    /// changed.
     void setWidth(int width);
 
     const RowMetrics& metrics() const { return _metrics; }
 
-    /// Requires for this and what follows: the row is no heading.
+    /// Requires, also for the following functions: the row is not a heading.
     int height(int row) const { return rowHeight(_metrics, shape(row)); }
 
     RowGeometry geometry(int row) const;
@@ -42,10 +43,10 @@ public:
     /// `position` is relative to the row's upper left corner.
     RowPart partAt(int row, const QPoint& position) const;
 
-    /// Where a part is, relative to the row's upper left corner.
+    /// Relative to the row's upper left corner.
     QRect place(int row, RowPart part) const;
 
-    /// What to say about a part; for cut texts the whole of them. Plain text.
+    /// The tool tip of a part, including the whole of an elided text. Plain text.
     QString helpText(int row, RowPart part) const;
 
     void paint(QPainter& painter, int row, const RowState& situation) const;
@@ -62,7 +63,7 @@ private:
     CountWidths _counts;
     RowMetrics _metrics;
     mutable TitleCache _titles;
-    mutable std::optional<TitleCache> _dimmedTitles;  ///< From when there was a dimmed row.
+    mutable std::optional<TitleCache> _dimmedTitles;  ///< Created for the first dimmed row.
 };
 
 }  // namespace Tarnwick

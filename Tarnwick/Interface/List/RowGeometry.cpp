@@ -45,7 +45,7 @@ int conflictLeft(const RowMetrics& metrics)
     return reviewLeft(metrics) - gap - metrics.icon;
 }
 
-/// The top of something that stands in the middle of the title's first line.
+/// The top of something centered in the title's first line.
 int inFirstLine(const RowMetrics& metrics, int height)
 {
     return padding + (metrics.title.height - height) / 2;

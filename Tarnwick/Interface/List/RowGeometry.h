@@ -8,28 +8,27 @@
 
 namespace Tarnwick {
 
-/// What a row looks like before anything is known of its words.
+/// The parts of a row that do not depend on its texts.
 struct RowShape {
     std::int64_t depth = 0;
     int titleLines = 1;
     bool hasWarning = false;
 };
 
-/// Where everything of one row is, in logical pixels from the row's upper left corner. Size hint,
-/// painting, hit tests and help texts all go by it. What a row does not have is empty.
-/// Safe from any thread.
+/// The places of a row's parts, in logical pixels from its upper left corner. Used for size hint,
+/// painting, hit tests and tool tips. Absent parts are empty. Safe from any thread.
 struct RowGeometry {
     int height = 0;
-    QRect fill;  ///< Under the pointer, when selected, and inside the focus ring.
+    QRect fill;  ///< For hover, selection and focus ring.
     QRect blockedBar;
     QRect arrow;
     QRect stateIcon;
-    QRect dot;      ///< The mark of what has changed.
-    QRect dotHelp;  ///< Where it says what has.
+    QRect dot;      ///< The mark of a changed row.
+    QRect dotHelp;  ///< The area of its tool tip.
     QRect title;
     QRect warning;
     QRect details;
-    QRect detailsBesideButton;  ///< What is left of `details` while the editor button shows.
+    QRect detailsBesideButton;  ///< `details` while the editor button is shown.
     QRect conflict;
     QRect review;  ///< The whole badge.
     QRect reviewIcon;
@@ -40,7 +39,7 @@ struct RowGeometry {
     QRect editorButton;
     QRect editorIcon;
     QRect editorHitArea;
-    QRect line;  ///< Above the row, of no height: it is one device pixel.
+    QRect line;  ///< Above the row. Without height: it is painted one device pixel high.
 
     bool operator==(const RowGeometry&) const = default;
 };

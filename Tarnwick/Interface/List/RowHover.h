@@ -7,11 +7,11 @@ class QWidget;
 
 namespace Tarnwick {
 
-/// Which row is under the pointer, and how far its fill has come and the fill of the row before has
-/// gone. Without motion both are immediate. Main thread only.
+/// The row under the pointer, with a fill that fades in on it and out on the previous one if the
+/// desktop wants motion. Main thread only.
 class RowHover {
 public:
-    /// Repaints `widget` while a fill changes.
+    /// Repaints `widget` during the animation.
     explicit RowHover(QWidget& widget);
 
     /// An invalid index for none.
@@ -26,7 +26,7 @@ private:
     QWidget& _widget;
     QPersistentModelIndex _current;
     QPersistentModelIndex _before;
-    double _beforeFill = 0;  ///< Of the row before, when the pointer left it.
+    double _beforeFill = 0;  ///< The previous row's fill when the pointer left it.
     QVariantAnimation _animation;
     double _progress = 1;
 };

@@ -8,7 +8,7 @@
 
 namespace Tarnwick {
 
-/// Rows `first` to `last`, both included.
+/// Rows `first` to `last`, inclusive.
 struct RowRange {
     int first = 0;
     int last = 0;
@@ -16,36 +16,35 @@ struct RowRange {
     bool operator==(const RowRange&) const = default;
 };
 
-/// Places that follow each other, put together to ranges. Requires: `rows` ascends.
+/// Merges adjacent rows into ranges. Requires: `rows` is in ascending order.
 std::vector<RowRange> ranges(const std::vector<int>& rows);
 
-/// The base of flat item models whose rows lie in a vector and that take in a new list row by row:
-/// what is selected, or in sight, stays so wherever it goes. Main thread only.
+/// Base of flat item models that apply a new list row by row, so that selection and scroll position
+/// follow their rows. Main thread only.
 class RowListModel : public QAbstractListModel {
     Q_OBJECT
 
 public:
     using QAbstractListModel::QAbstractListModel;
 
-    /// Where headings stand, in ascending order.
+    /// In ascending order.
     virtual const std::vector<int>& headingRows() const = 0;
 
 Q_SIGNALS:
-    /// Around all the changes that one new list brings.
+    /// Emitted before the changes of a new list.
     void listAboutToChange();
     void listChanged();
-    /// Before rows change places: `newRows` holds for each where it will stand.
+    /// Emitted before rows move: `newRows` holds the new position of each row.
     void rowsAboutToBeSorted(const std::vector<int>& newRows);
 
 protected:
-    /// Removes, reorders and inserts in `shown` until it has the rows of `wanted` where they stand
-    /// there. `places` holds for each row shown its place among the wanted ones, or -1 where it
-    /// goes.
+    /// Removes, moves and inserts rows in `shown` until it matches `wanted`. `places` holds the
+    /// position of each shown row in `wanted`, or -1 if it is removed.
     template<typename Row>
     void takeIn(std::vector<Row>& shown, std::vector<int> places, const std::vector<Row>& wanted)
     {
         std::vector<RowRange> gone = ranges(rowsWhere(places, -1));
-        // From the end, so that no removal shifts the rows of the next.
+        // From the end, so that removals do not shift the remaining ranges.
         std::ranges::reverse(gone);
         for (const auto& [first, last] : gone) {
             beginRemoveRows({}, first, last);
@@ -67,13 +66,13 @@ protected:
         }
     }
 
-    /// Tells that these rows have other data. Requires: `rows` ascends.
+    /// Emits `dataChanged` for these rows. Requires: `rows` is in ascending order.
     void announceData(const std::vector<int>& rows);
 
 private:
     static std::vector<int> rowsWhere(const std::vector<int>& values, int value);
 
-    /// Sorts both, and takes the persistent indexes along.
+    /// Sorts both and updates the persistent indexes.
     template<typename Row>
     void sortByPlace(std::vector<Row>& shown, std::vector<int>& places)
     {

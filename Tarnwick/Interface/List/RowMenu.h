@@ -7,10 +7,10 @@
 
 namespace Tarnwick {
 
-/// What the user can want done with a row.
+/// The actions on a row.
 enum class RowAction {
     open,
-    openAndStay,  ///< While the panel stays; not in the menu.
+    openAndStay,  ///< Leaves the panel open; not in the menu.
     openInEditor,
     openFiles,
     openChecks,
@@ -23,9 +23,9 @@ enum class RowAction {
     unmuteAuthor,
 };
 
-/// The menu of a row, which deletes itself when it has been closed. It copies to the clipboard by
-/// itself and tells `choose` of everything else. Pull requests of `account`, the user's login or
-/// empty, are not muted with all others by their author. Main thread only.
+/// The context menu of a row. It deletes itself when closed. Copying is done here; other actions go
+/// to `choose`. There is no item to mute the author `account`, the user's login, which may be
+/// empty. Main thread only.
 Menu* makeRowMenu(
     const ListedRow& row,
     const std::string& account,

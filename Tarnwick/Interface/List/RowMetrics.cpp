@@ -39,9 +39,9 @@ RowMetrics rowMetrics(int width, CountWidths counts)
     metrics.width = width;
     metrics.heading = headingHeight();
     metrics.icon = appearance().scaled(16);
-    // Odd at text scale 1, so it follows the text by a rule of its own: 11, 14, 16.
+    // An odd size at text scale 1, so it has a rule of its own: 11, 14, 16.
     metrics.arrow = static_cast<int>(std::ceil(11 * appearance().textScale() - 0.5));
-    // Even as the icon, whose middle it shares: 6, 8, 10.
+    // Even, like the icon that it is centered on: 6, 8, 10.
     metrics.dot = 2 * static_cast<int>(std::round(3 * appearance().textScale()));
     metrics.dotHelpWidth = appearance().scaled(24);
     metrics.editorButton = QSize(appearance().scaled(28), appearance().scaled(20));

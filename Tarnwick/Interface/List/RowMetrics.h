@@ -6,8 +6,8 @@
 
 namespace Tarnwick {
 
-/// How wide the widest counts of a list are, in multiples of the font's size, so that the badges of
-/// all rows stand in columns.
+/// The widths of the widest counts of a list, in multiples of the font's size. They align the
+/// badges in columns.
 struct CountWidths {
     double reviews = 0;
     double checks = 0;
@@ -15,12 +15,12 @@ struct CountWidths {
     bool operator==(const CountWidths&) const = default;
 };
 
-/// The sizes that all rows of a list share. Logical pixels; lengths are whole.
+/// Sizes that all rows of a list share, in whole logical pixels.
 struct RowMetrics {
     LineStyle title;
     LineStyle dimmedTitle;
     LineStyle caption;  ///< The warning and the line of details.
-    LineStyle count;    ///< And a reason that asks something of the user.
+    LineStyle count;    ///< Also for a reason that the user can act on.
     int width = 0;      ///< Of the row.
     int heading = 0;    ///< The height of a group's heading.
     int icon = 0;
@@ -34,8 +34,8 @@ struct RowMetrics {
     int checkWidth = 0;
 };
 
-/// For rows of this width. Where little room is left for titles, badges give up some of their gaps.
-/// Main thread only.
+/// The sizes for rows of this width. Narrow rows have smaller gaps in their badges. Main thread
+/// only.
 RowMetrics rowMetrics(int width, CountWidths counts);
 
 }  // namespace Tarnwick

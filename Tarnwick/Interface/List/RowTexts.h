@@ -6,16 +6,16 @@
 
 namespace Tarnwick {
 
-/// A row's small texts cut to the room they have. Main thread only.
+/// The small texts of a row. Main thread only.
 namespace RowTexts {
 
 QString elided(const QString& text, const LineStyle& style, double width);
 
-/// The pieces of the row's line of details, in the user's time zone.
+/// The pieces of the line of details, in the local time zone.
 RowWording::Details details(const RowContent& content, PullRequestKit::Date now);
 
-/// What has changed since the user last opened it, in the user's time zone. Requires: the row has
-/// changed.
+/// The changes since the user last opened it, in the local time zone. Requires:
+/// `content.hasChanged()`.
 QString sinceSentence(const RowContent& content, PullRequestKit::Date now);
 
 /// `findWords` are folded.

@@ -11,7 +11,7 @@ using namespace PullRequestKit;
 
 constexpr std::size_t mostChanges = 4;
 
-/// How a count that became another one is told, with places for both.
+/// A format for a changed count with placeholders for both values.
 using CountForm = QString;
 
 QString change(const Change& change, const CountForm& form)

@@ -7,19 +7,18 @@
 
 namespace Tarnwick {
 
-/// The words for what has changed since the user last opened a pull request. Pure functions, safe
-/// from any thread.
+/// Texts on what has changed since the user last opened a pull request. Safe from any thread.
 namespace SinceWording {
 
-/// When it was: "14:05" on the same day, "yesterday", "Tuesday" up to six days ago, then "12 Mar",
-/// and "12 Mar 2025" in another year. `instant` is not after `now`.
+/// "14:05" on the same day, "yesterday", "Tuesday" up to six days ago, then "12 Mar", and "12 Mar
+/// 2025" in another year. Requires: `instant` is not after `now`.
 QString day(PullRequestKit::Date instant, PullRequestKit::Date now, const QTimeZone& zone);
 
-/// Such as "Since Tuesday: approved, checks 4/4 → 2/4, new commits", with four changes at most. A
-/// visit after which the clock was set back has no time: "Since you looked: approved".
+/// Such as "Since Tuesday: approved, checks 4/4 → 2/4, new commits", with at most four changes. If
+/// the clock was set back since: "Since you looked: approved".
 QString sentence(const SinceVisit& since, PullRequestKit::Date now, const QTimeZone& zone);
 
-/// The same for a screen reader: "checks from 4/4 to 2/4".
+/// The same for screen readers: "checks from 4/4 to 2/4".
 QString spokenSentence(const SinceVisit& since, PullRequestKit::Date now, const QTimeZone& zone);
 
 }  // namespace SinceWording

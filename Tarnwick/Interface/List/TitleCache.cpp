@@ -3,7 +3,7 @@
 namespace Tarnwick {
 namespace {
 
-/// A few screens full of rows.
+/// A few screens of rows.
 constexpr qsizetype mostLayouts = 200;
 
 }  // namespace

@@ -10,8 +10,7 @@
 
 namespace Tarnwick {
 
-/// Titles of one style: how many lines each takes, and the layouts of those that were last painted.
-/// Main thread only.
+/// The line counts of titles in one style and the layouts last painted. Main thread only.
 class TitleCache {
 public:
     explicit TitleCache(const LineStyle& style)
@@ -19,7 +18,7 @@ public:
         , _measure(style)
     {}
 
-    /// 1 or 2, in a column of `width` logical pixels.
+    /// 1 or 2. `width` is in logical pixels.
     int lineCount(const QString& title, int width) { return _measure.lineCount(title, width); }
 
     std::shared_ptr<const TitleLayout> layout(const QString& title, int width);

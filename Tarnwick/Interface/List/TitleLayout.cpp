@@ -13,7 +13,7 @@
 namespace Tarnwick {
 namespace {
 
-/// Wider than any line: a line that is cut to fit already must not break again.
+/// Wider than any line, so that an elided line does not break again.
 constexpr double endless = 1 << 20;
 
 QTextOption optionFor(bool isRightToLeft)
@@ -21,7 +21,7 @@ QTextOption optionFor(bool isRightToLeft)
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     option.setTextDirection(isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-    // Lines are moved to the right where they are drawn: the last one may have no edge there.
+    // Left-aligned, because `draw` positions the lines itself.
     option.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
     return option;
 }
@@ -67,10 +67,10 @@ void TitleLayout::elideLastLine(const QString& title, double width)
     _isElided = true;
     _layout.setText(title.left(start) + rest);
     _layout.beginLayout();
-    // It breaks where it did before. A number of columns would not tell where: letters that the
-    // font draws as one count for one.
+    // Lays out the elided text with the same break. A number of characters would not determine it,
+    // because ligatures count as one.
     for (const double most : {width, endless}) {
-        // Without room for the ellipsis there is no second line.
+        // Without space for the ellipsis there is no second line.
         if (QTextLine line = _layout.createLine(); line.isValid()) {
             line.setLineWidth(most);
         }

@@ -13,49 +13,46 @@ class QPainter;
 
 namespace Tarnwick {
 
-/// A title set in at most two lines of a column. It is aligned to the side on which its first
-/// strong character has it begin; what does not fit ends in "…". Main thread only.
+/// A title in at most two lines, elided if it does not fit. It is aligned by the direction of its
+/// first strong character. Main thread only.
 class TitleLayout {
 public:
     static constexpr int mostLines = 2;
 
-    /// `width` in logical pixels.
+    /// `width` is in logical pixels.
     TitleLayout(const QString& title, const LineStyle& style, int width);
 
     int lineCount() const { return _layout.lineCount(); }
 
-    /// Whether part of the title is not shown.
     bool isElided() const { return _isElided; }
 
     bool isRightToLeft() const { return _isRightToLeft; }
 
-    /// What is shown, without the line break.
+    /// The visible text, without the line break.
     QString shownText() const { return _layout.text(); }
 
-    /// What stands in one line, with the space at which it breaks. Requires: `number` is less than
-    /// `lineCount()`.
+    /// The text of one line, including the space at which it breaks. Requires: `number` is less
+    /// than `lineCount()`.
     QString lineText(int number) const;
 
-    /// Draws it with the upper left corner of its column at `topLeft`. Every line keeps its
-    /// height, whatever fonts its characters need.
+    /// `topLeft` is the upper left corner of the column. Fallback fonts do not change the line
+    /// height.
     void draw(QPainter& painter, const QPointF& topLeft, const QColor& color) const;
 
-    /// Draws plates behind these ranges of the title, as far as it shows them, and their letters
-    /// again. To be called after `draw`.
+    /// Highlights the visible parts of these ranges of the title. Call after `draw`.
     void drawMarks(
         QPainter& painter,
         const QPointF& topLeft,
         const std::vector<TextRange>& ranges,
         const Palette& palette) const;
 
-    /// Boxes around these ranges of the title, line by line, in a column that begins at `topLeft`.
-    /// Where the direction turns a range has several.
+    /// The boxes of these ranges within a line. With mixed directions a range has several.
     std::vector<QRectF> boxesOf(int line, const std::vector<TextRange>& ranges) const;
 
 private:
     void elideLastLine(const QString& title, double width);
 
-    /// Where the line's text begins, in a painter that draws the column at `topLeft`.
+    /// The origin of the line's text.
     QPointF lineOrigin(const QPainter& painter, const QPointF& topLeft, int line) const;
     void drawLine(QPainter& painter, const QPointF& origin, int line) const;
 
@@ -67,7 +64,7 @@ private:
     bool _isRightToLeft = false;
 };
 
-/// A title as it is set: line breaks and other control characters become spaces.
+/// The title in one line, with control characters replaced by spaces.
 QString titleText(const std::string& title);
 
 }  // namespace Tarnwick

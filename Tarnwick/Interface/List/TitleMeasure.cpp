@@ -9,11 +9,11 @@
 namespace Tarnwick {
 namespace {
 
-/// How far a line may be from the sum of its letters, for kerning: "AVATo" is drawn together by
-/// more than a tenth.
+/// How much a line's width may differ from the sum of its letters because of kerning: more than a
+/// tenth for "AVATo".
 constexpr double tolerance = 0.25;
 
-/// The same with the pairs taken into account, for what three letters make of each other.
+/// The same with pair kerning included; covers effects of three letters.
 constexpr double pairedTolerance = 0.015;
 constexpr float unknown = std::numeric_limits<float>::infinity();
 

@@ -27,7 +27,7 @@ public:
     }
 };
 
-/// It tells no value, because nobody knows how much is done.
+/// It has no value, because the progress is unknown.
 class AccessibleBar final : public QAccessibleWidget {
 public:
     explicit AccessibleBar(ProgressBar* bar)
@@ -42,7 +42,7 @@ public:
     }
 };
 
-/// It tells whether what it opens is open.
+/// Reports whether it is open.
 class AccessibleToggle final : public QAccessibleWidget {
 public:
     explicit AccessibleToggle(PushButton* button)
@@ -101,7 +101,7 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
 
 void installAccessibleParts()
 {
-    // The same factory again is not taken.
+    // Qt ignores a factory that is already installed.
     QAccessible::installFactory(makeInterface);
 }
 

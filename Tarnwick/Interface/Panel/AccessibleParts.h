@@ -2,10 +2,9 @@
 
 namespace Tarnwick {
 
-/// Gives the parts of the panel that are drawn here the roles that assistive technologies know:
-/// cards are dialogs, info bars are alerts or notifications, and the bar of a card is a progress
-/// bar; buttons that open and shut something tell which of both it is. Main thread only; calling it
-/// again changes nothing.
+/// Gives the panel's parts accessible roles: cards are dialogs, info bars are alerts or
+/// notifications, a card's bar is a progress bar, and toggles report whether they are open. Further
+/// calls do nothing. Main thread only.
 void installAccessibleParts();
 
 }  // namespace Tarnwick

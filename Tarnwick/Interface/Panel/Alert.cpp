@@ -98,7 +98,7 @@ void Alert::keyPressEvent(QKeyEvent* event)
         Q_EMIT cancelled();
         break;
     default:
-        // Keys of the panel behind must not reach it.
+        // Keys must not reach the panel behind.
         event->accept();
     }
 }

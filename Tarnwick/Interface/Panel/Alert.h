@@ -7,17 +7,16 @@ namespace Tarnwick {
 
 class MessageText;
 
-/// A message that has to be answered. Return presses the primary button, Esc the one that changes
-/// nothing.
+/// A modal message. Return presses the primary button, Esc the one that changes nothing.
 class Alert final : public CardOverlay {
     Q_OBJECT
 
 public:
     struct Buttons {
         QString primary;
-        QString cancel;      ///< Empty where the primary button changes nothing either.
-        QString copyHelp;    ///< Empty where there is nothing to copy.
-        QString other = {};  ///< Another way out; empty where there is none.
+        QString cancel;      ///< Empty if the primary button changes nothing.
+        QString copyHelp;    ///< Empty if there is nothing to copy.
+        QString other = {};  ///< An alternative; may be empty.
     };
 
     Alert(const QString& title, const Buttons& buttons, QWidget* parent);
@@ -26,12 +25,12 @@ public:
     QString message() const;
     void setMessage(const QString& message);
 
-    /// Whether the other way out is offered; at first it is.
+    /// Whether to show the button `other`; it is initially shown.
     void setOffersOther(bool offersOther);
 
 Q_SIGNALS:
     void primaryTriggered();
-    /// Esc or the button that changes nothing.
+    /// By Esc or the button that changes nothing.
     void cancelled();
     void copyTriggered();
     void otherTriggered();
@@ -42,7 +41,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    /// Null without a text.
+    /// Returns null for an empty text.
     PushButton* addButton(
         const QString& text,
         const char* name,

@@ -4,7 +4,7 @@
 
 namespace Tarnwick {
 
-/// The program's mark and name, which lead to its web site.
+/// The program's logo and name, which link to its web site.
 class BrandButton final : public PushButton {
     Q_OBJECT
 

@@ -7,24 +7,23 @@ namespace Tarnwick {
 
 class RiseEffect;
 
-/// A card over the whole panel, which is dimmed: nothing else can be used until it is gone. The
-/// focus stays inside. It appears with a short fade and rise, and leaves with the reverse, which it
-/// takes no part in: it is out of use at once.
+/// A modal card over the dimmed panel. The focus stays inside. It appears and disappears with a
+/// short animation, and is disabled as soon as it disappears.
 class CardOverlay : public QWidget {
     Q_OBJECT
 
 public:
-    /// `cardWidth` at text scale 1.
+    /// `cardWidth` is at text scale 1.
     CardOverlay(int cardWidth, QWidget* parent);
 
-    /// The card, in the overlay's coordinates.
+    /// The card in the overlay's coordinates.
     QRect card() const;
 
 protected:
-    /// What stands in the card, from the top.
+    /// The layout of the card's content.
     QVBoxLayout& content() { return *_content; }
 
-    /// Gives the card's texts this width, which is the card's inner one.
+    /// Sets the width of the card's texts to the card's inner width.
     virtual void fit(int width) = 0;
     void layOut();
     void paintEvent(QPaintEvent* event) override;
@@ -44,7 +43,7 @@ private:
     RiseEffect* _rise;    ///< Enabled while the overlay appears.
     QSpacerItem* _width;  ///< Of the content.
     QVBoxLayout* _content;
-    bool _isPicturing = false;  ///< Without the scrim, for the picture that it leaves.
+    bool _isPicturing = false;  ///< While the final picture is rendered, without the scrim.
 };
 
 }  // namespace Tarnwick

@@ -8,15 +8,15 @@ namespace Tarnwick {
 
 class Notice;
 
-/// What stands between header and footer, chosen by the model's state. Main thread only.
+/// The panel between header and footer, depending on the model's state. Main thread only.
 class ContentArea final : public QStackedWidget {
     Q_OBJECT
 
 public:
-    /// `list` shows the rows; the area takes it over.
+    /// `list` shows the rows; it becomes a child.
     ContentArea(PullRequestMenuModel& model, QWidget* list, QWidget* parent);
 
-    /// Lists what is hidden, too, in place of saying that there is nothing.
+    /// Hidden pull requests count as content.
     void setShowsHidden(bool showsHidden);
 
     bool showsList() const { return currentWidget() == _list; }

@@ -9,7 +9,7 @@
 
 namespace Tarnwick {
 
-/// Opens a pull request in the editor, one at a time, and keeps what there is to show of it. Main
+/// Opens one pull request at a time in the editor and holds the progress and error to show. Main
 /// thread only.
 class EditorFlow final : public QObject {
     Q_OBJECT
@@ -17,13 +17,13 @@ class EditorFlow final : public QObject {
 public:
     explicit EditorFlow(PullRequestMenuModel& model, QObject* parent = nullptr);
 
-    /// What is under way, such as "Fetching origin…"; set while the flow runs.
+    /// Such as "Fetching origin…"; set while running.
     const std::optional<QString>& editorProgress() const { return _editorProgress; }
 
-    /// Why the last flow failed, until it is dismissed.
+    /// The last error, until dismissed.
     const std::optional<QString>& externalActionError() const { return _externalActionError; }
 
-    /// Does nothing while a flow runs.
+    /// Does nothing while running.
     void open(const PullRequestKit::PullRequest& pullRequest);
 
     void dismissError();
@@ -31,7 +31,6 @@ public:
     /// Title and message of the error, for the clipboard.
     QString errorReport() const;
 
-    /// The alert's title.
     static QString errorTitle();
 
 Q_SIGNALS:

@@ -48,7 +48,7 @@ void EditorOverlay::fit(int width)
 
 void EditorOverlay::keyPressEvent(QKeyEvent* event)
 {
-    // Nothing can be done but wait.
+    // Nothing can be cancelled.
     event->accept();
 }
 

@@ -7,7 +7,7 @@ namespace Tarnwick {
 class MessageText;
 class TextLine;
 
-/// Stands over the panel while a worktree is made ready and opened.
+/// Covers the panel while a worktree is prepared and opened.
 class EditorOverlay final : public CardOverlay {
     Q_OBJECT
 

@@ -40,7 +40,7 @@ HintText::HintText(QWidget* parent)
     setTextFormat(Qt::PlainText);
 }
 
-/// What stands between backquotes is code, and stays in one piece.
+/// Text between backquotes is code and forms a single piece.
 std::vector<HintText::Piece> HintText::words() const
 {
     std::vector<Piece> words;

@@ -6,15 +6,14 @@
 
 namespace Tarnwick {
 
-/// A centered sentence in which what stands between backquotes is set as code on a chip that is
-/// never broken.
+/// A centered sentence. Text between backquotes is shown as an unbreakable code chip.
 class HintText final : public QLabel {
     Q_OBJECT
 
 public:
     explicit HintText(QWidget* parent);
 
-    /// Gives the sentence this width and the height that it takes.
+    /// Sets the width and the resulting height.
     void fit(int width);
 
 protected:

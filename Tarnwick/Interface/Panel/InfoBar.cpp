@@ -77,7 +77,7 @@ void InfoBar::followSlide()
     updateGeometry();
 }
 
-/// A hidden button would pass the focus on to whatever is next, such as the brand.
+/// A hidden button would pass the focus on to the next widget, such as the brand.
 void InfoBar::releaseFocus()
 {
     if (isAncestorOf(window()->focusWidget())) {
@@ -142,7 +142,7 @@ void InfoBar::layOut()
     setToolTip(isWhole ? QString() : _text);
     const int middle = padding + textStyle().height / 2;
     const QSize cross = _dismiss->sizeHint();
-    // The cross itself, which is smaller than its box, ends at the side margin.
+    // The cross, which is smaller than its box, is aligned with the side margin.
     const int overhang = (cross.width() - appearance().scaled(12)) / 2;
     int end = width() - sideMargin + overhang;
     _dismiss->setGeometry(QRect(QPoint(end - cross.width(), middle - cross.height() / 2), cross));
@@ -155,7 +155,7 @@ void InfoBar::layOut()
 
 bool InfoBar::event(QEvent* event)
 {
-    // What gh says is not to be taken for markup.
+    // Output of gh is not markup.
     if (event->type() == QEvent::ToolTip && !toolTip().isEmpty()) {
         const auto* const help = static_cast<QHelpEvent*>(event);
         QToolTip::showText(help->globalPos(), helpMarkup(toolTip()), this);

@@ -9,9 +9,8 @@ namespace Tarnwick {
 class PushButton;
 class WrappedText;
 
-/// A line above the footer that says what went wrong or is left out, and can be put away. It slides
-/// open and shut. A text of several lines is set as one paragraph; as it came, and whole, it is in
-/// the help text. Main thread only.
+/// A dismissible message above the footer. It slides open and shut. A text of several lines is
+/// shown as one paragraph, with the original in the tool tip. Main thread only.
 class InfoBar final : public QWidget {
     Q_OBJECT
 
@@ -23,14 +22,14 @@ public:
 
     InfoBar(Tone tone, const QString& name, QWidget* parent);
 
-    /// An empty text shuts the info bar, which keeps painting the last one meanwhile.
+    /// An empty text closes the bar, which shows the last text while it slides.
     void setText(const QString& text);
 
     QString text() const { return _text; }
 
     Tone tone() const { return _tone; }
 
-    /// A button beside the text. Without one there is only the one that puts the info bar away.
+    /// Shows a button beside the text; none if empty.
     void setAction(const QString& title);
 
     QSize sizeHint() const override;
@@ -42,7 +41,7 @@ public:
 Q_SIGNALS:
     void actionTriggered();
     void dismissed();
-    /// A button was used that had the focus, or the info bar goes with it.
+    /// The focus has to move: a focused button was used, or the bar is closing.
     void focusReleased();
 
 protected:
@@ -61,8 +60,8 @@ private:
 
     Tone _tone;
     QString _text;
-    QString _paragraph;  ///< As it is painted.
-    Fade _slide;         ///< How much of the height is open.
+    QString _paragraph;  ///< The text as painted.
+    Fade _slide;         ///< The visible part of the height.
     PushButton* _action = nullptr;
     PushButton* _dismiss;
 };

@@ -57,8 +57,8 @@ InfoBarStack::InfoBarStack(PullRequestMenuModel& model, QWidget* parent)
     follow(&Model::settingsChanged, &InfoBarStack::showInvolvedHint);
 }
 
-/// The model takes its text back when the next refresh begins. The info bar stays until one
-/// succeeds, because until then it says what is so, and would come and go with every poll.
+/// The model clears its error when the next refresh starts. The bar stays until one succeeds, so
+/// that it does not flicker with every poll.
 void InfoBarStack::showRefreshError()
 {
     if (_model.refreshError() || !_model.lastFailure()) {

@@ -8,9 +8,8 @@ namespace Tarnwick {
 
 class InfoBar;
 
-/// The info bars above the footer: what went wrong with the refresh and with a setting, that
-/// polling rests, what GitHub left out, and, once, what the list by whose turn leaves out. At most
-/// one of each. Main thread only.
+/// The info bars above the footer, at most one of each: errors of refreshes and settings, resting
+/// polling, truncated results, and the hint on the list by turn. Main thread only.
 class InfoBarStack final : public QWidget {
     Q_OBJECT
 
@@ -18,7 +17,7 @@ public:
     InfoBarStack(PullRequestMenuModel& model, QWidget* parent);
 
 Q_SIGNALS:
-    /// The focus was in a info bar whose button was used, or that goes.
+    /// The focus was in an info bar whose button was used or that is closing.
     void focusReleased();
 
 private:

@@ -6,13 +6,13 @@
 
 namespace Tarnwick {
 
-/// A picture of a card that has gone: it fades out over what it was drawn on, sinks by a few pixels
-/// meanwhile, takes neither focus nor mouse, and deletes itself at the end. Main thread only.
+/// A picture of a closed card that fades out, sinks by a few pixels and then deletes itself.
+/// Ignores focus and mouse. Main thread only.
 class LeavingPicture final : public QWidget {
     Q_OBJECT
 
 public:
-    /// `card` lies over the whole of `parent`, as `scrim` does, which does not move.
+    /// `card` and `scrim` cover the whole of `parent`; the scrim does not move.
     LeavingPicture(const QPixmap& card, const QColor& scrim, QWidget* parent);
 
 protected:

@@ -50,7 +50,7 @@ void MessageText::fit(int width, bool isBalanced, int mostHeight)
     setFocusPolicy(_scrolls ? Qt::TabFocus : Qt::NoFocus);
 }
 
-/// The handle stands beside the text.
+/// Leaves space for the scroll handle.
 int MessageText::textWidth() const
 {
     return _scrolls ? width() - handleWidth - handleGap : width();
@@ -68,7 +68,7 @@ void MessageText::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     const Palette& palette = appearance().palette();
     const WrappedText lines = laidOut();
-    // Lists, such as those that gh prints, are read by where their lines begin.
+    // Lists, such as those of gh, are aligned left.
     const bool isList = text().contains(QLatin1Char('\n'));
     lines.draw(
         painter,

@@ -9,7 +9,7 @@
 
 namespace Tarnwick {
 
-/// A wrapped text of any length: it takes a number of lines at most and scrolls beyond that.
+/// A wrapped text with a maximum number of lines, beyond which it scrolls.
 class MessageText final : public QLabel {
     Q_OBJECT
 
@@ -27,8 +27,8 @@ public:
 
     MessageText(const Setting& setting, QWidget* parent);
 
-    /// Gives the text this width, or the least in which it takes no more lines, and its height.
-    /// Beyond `mostHeight` it scrolls, too; one line is always seen.
+    /// Sets the width, or the least one with the same number of lines, and the resulting height.
+    /// Scrolls beyond `mostHeight`; at least one line is visible.
     void fit(int width, bool isBalanced, int mostHeight = QWIDGETSIZE_MAX);
 
 protected:

@@ -29,7 +29,7 @@ constexpr int sidePadding = 40;
 constexpr int widestTitle = 300;
 constexpr int widestMessage = 320;
 constexpr int leastMargin = 12;
-/// Of the message, below the icon.
+/// Of the message.
 constexpr int leastLines = 2;
 constexpr int copiedMilliseconds = 1200;
 
@@ -56,7 +56,7 @@ Notice::Notice(QWidget* parent)
     _hint->setObjectName(QStringLiteral("noticeHint"));
     _spinner->setObjectName(QStringLiteral("noticeSpinner"));
     auto* const column = new QVBoxLayout(this);
-    // It takes the room that there is.
+    // The notice takes the size it is given.
     column->setSizeConstraint(QLayout::SetNoConstraint);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     column->setContentsMargins(0, leastMargin, 0, leastMargin);
@@ -116,10 +116,10 @@ void Notice::show(const NoticeContent& content)
     }
     const int rowGap = content.hasSpinner ? spinnerGap : content.actions.empty() ? 0 : buttonGap;
     _row->setContentsMargins(0, std::max(0, rowGap - textGap), 0, 0);
-    // The longest text stands alone, below "Try Again".
+    // The longest button has a row of its own below "Try Again".
     const bool isStacked = _buttons.at(NoticeAction::chooseRepositories)->isVisibleTo(this);
     _row->setDirection(isStacked ? QBoxLayout::BottomToTop : QBoxLayout::LeftToRight);
-    // With nothing to press it holds the focus itself, until there is something to pass it on to.
+    // Without buttons the notice holds the focus itself.
     setFocusProxy(content.actions.empty() ? nullptr : _buttons.at(content.actions.front()));
     setAccessibleName(content.title);
     setAccessibleDescription(content.message);

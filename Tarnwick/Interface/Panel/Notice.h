@@ -16,10 +16,9 @@ class MessageText;
 class PushButton;
 class Spinner;
 
-/// One thing to say in the middle of its place: an icon, a title, a message, and a spinner or what
-/// can be done. What stands below the message always fits: in a low window the message scrolls, or
-/// the title where there is none, and where hardly a line would be left of a message, the icon
-/// goes.
+/// A centered notice: an icon, a title, a message, and a spinner or buttons. What is below the
+/// message always fits. In a low window the message scrolls, or the title if there is no message;
+/// the icon is dropped if hardly a line of the message would be left.
 class Notice final : public QWidget {
     Q_OBJECT
 

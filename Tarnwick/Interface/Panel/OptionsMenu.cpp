@@ -21,12 +21,12 @@ OptionsMenu::OptionsMenu(PullRequestMenuModel& model, QWidget* parent)
 {
     setObjectName(QStringLiteral("optionsMenu"));
     setAccessibleName(title());
-    // The divider above "Filters" stays although the label is one, too.
+    // The divider above "Filters" stays, although a section title follows.
     setSeparatorsCollapsible(false);
 
     QAction* const reload =
         addAction(QStringLiteral("Reload"), this, &OptionsMenu::reloadRequested);
-    // Shown, and told by screen readers; the key itself is the panel's. So is that of "Quit".
+    // For display and screen readers only: the panel handles the key. The same goes for "Quit".
     reload->setShortcut(Qt::Key_R);
     addPolling();
     addNotifications();
@@ -78,7 +78,7 @@ void OptionsMenu::addChoice(
     _choices.push_back({action, std::move(isChecked)});
     connect(action, &QAction::triggered, this, [this, choose] {
         choose();
-        // Qt has turned the mark over already; what was chosen may not have come about.
+        // Qt has already toggled the check mark, but the action may have failed.
         updateCheckMarks();
     });
 }
@@ -96,7 +96,7 @@ void OptionsMenu::addChoices(const QString& title, IsChosen isChosen, Choose cho
     }
 }
 
-/// `toggle` is an operation of the model.
+/// `toggle` is a member function of the model.
 template<auto toggle, typename E>
 void OptionsMenu::addFilter(const QString& title, std::set<E> Settings::* filter)
 {
@@ -169,11 +169,11 @@ void OptionsMenu::addFilters()
         addAction(QStringLiteral("Reset Filters"), this, [this] { _model.resetFilters(); });
 }
 
-/// Only while there are some: an author without pull requests could not be unmuted otherwise.
+/// Even authors without pull requests can be unmuted here. Not shown when empty.
 void OptionsMenu::addMutedAuthors()
 {
     _mutedAuthors = addSubmenu(QStringLiteral("Muted Authors"));
-    // Not while it is open: who was unmuted by mistake is still there to be muted again.
+    // Not while the menu is open, so that an author unmuted by mistake can be muted again.
     connect(this, &QMenu::aboutToShow, this, &OptionsMenu::listMutedAuthors);
     listMutedAuthors();
 }

@@ -8,8 +8,7 @@
 
 namespace Tarnwick {
 
-/// The panel's menu: what the list does, what it leaves out, and the program itself. Its check
-/// marks follow the model. Main thread only.
+/// The panel's options menu. Its check marks follow the model. Main thread only.
 class OptionsMenu final : public Menu {
     Q_OBJECT
 
@@ -26,16 +25,16 @@ Q_SIGNALS:
     void quitRequested();
 
 private:
-    /// An item whose check mark says what `isChecked` says.
+    /// Adds an item with the check mark `isChecked`.
     void addChoice(
         Menu& menu,
         const QString& title,
         std::function<bool()> isChecked,
         const std::function<void()>& choose);
-    /// A submenu of the values of an enumeration.
+    /// Adds a submenu with the values of an enumeration.
     template<typename E, typename IsChosen, typename Choose>
     void addChoices(const QString& title, IsChosen isChosen, Choose choose);
-    /// A submenu of the values of a filter, each of which is in it or not.
+    /// Adds a submenu with the values of a filter.
     template<auto toggle, typename E>
     void addFilter(const QString& title, std::set<E> Settings::* filter);
 

@@ -34,7 +34,7 @@ PanelAlerts::PanelAlerts(PullRequestMenuModel& model, EditorFlow& editorFlow, QW
     update();
 }
 
-/// Where the desktop has no settings to open, nothing but a missing service is the reason.
+/// If the desktop has no settings to open, the notification service must be missing.
 void PanelAlerts::makeNotificationsAlert()
 {
     const bool hasSettings = _model.navigation().hasNotificationSettings();
@@ -138,7 +138,7 @@ bool PanelAlerts::isAnyShown() const
 
 void PanelAlerts::update()
 {
-    // What is below is put out of use before a card takes the focus, and back after it has gone.
+    // The panel is disabled before a card takes the focus, and enabled after it is gone.
     if (isAnyShown()) {
         Q_EMIT shownChanged();
     }

@@ -12,27 +12,28 @@ class Alert;
 class EditorFlow;
 class EditorOverlay;
 
-/// What stands over the panel at times: the alerts, and the overlay while the editor is opened.
-/// Main thread only.
+/// The cards over the panel: the alerts, and the overlay while the editor is opened. Main thread
+/// only.
 class PanelAlerts final : public QObject {
     Q_OBJECT
 
 public:
     PanelAlerts(PullRequestMenuModel& model, EditorFlow& editorFlow, QWidget* panel);
 
-    /// Says that the program keeps running when its window is closed, and asks whether it shall.
+    /// Explains that the program keeps running after its window is closed, and asks for
+    /// confirmation.
     void explainClosing();
 
     bool explainsClosing() const { return _explainsClosing; }
 
-    /// Whether any of them is up, so that nothing below can be used.
+    /// Whether a card is shown, so that the panel below is disabled.
     bool isAnyShown() const;
 
 Q_SIGNALS:
     void shownChanged();
-    /// The editor could not be opened for want of a project directory that the user now sets.
+    /// The editor needs a project directory, which the user now wants to set.
     void projectDirectoryRequested();
-    /// The user's answers to `explainClosing`.
+    /// The user confirmed `explainClosing`.
     void closingConfirmed();
     void quitRequested();
 
@@ -47,9 +48,9 @@ private:
     PullRequestMenuModel& _model;
     QWidget* _panel;
     EditorFlow& _editorFlow;
-    Alert* _notificationsDisabled = nullptr;  ///< By what the desktop has when it is shown.
+    Alert* _notificationsDisabled = nullptr;  ///< Its buttons depend on the desktop.
     Alert* _editorError;
-    Alert* _closing = nullptr;  ///< From when it was first needed, which is rarely.
+    Alert* _closing = nullptr;  ///< Created on first use.
     bool _explainsClosing = false;
     EditorOverlay* _editorOverlay;
 };

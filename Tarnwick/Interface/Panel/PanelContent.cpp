@@ -31,7 +31,7 @@ NoticeContent signIn(const char* symbol, const QString& title, const QString& me
         .actions = {NoticeAction::copyLogin, NoticeAction::tryAgain}};
 }
 
-/// Signing in is no way out where GitHub itself does not answer.
+/// Does not offer to sign in when GitHub is unreachable.
 NoticeContent cannotAsk(const MenuState& state)
 {
     const QString message = QString::fromStdString(state.message);

@@ -10,7 +10,7 @@
 
 namespace Tarnwick {
 
-/// What a notice offers to do.
+/// A button of a notice.
 enum class NoticeAction {
     tryAgain,
     chooseRepositories,
@@ -18,25 +18,23 @@ enum class NoticeAction {
     copyLogin,
 };
 
-/// One thing to say in the place of a list. Empty texts are left out.
+/// The content of a notice. Empty texts are left out.
 struct NoticeContent {
     QString symbol = {};  ///< A system symbol.
-    QString image = {};   ///< A resource icon, in the place of a symbol.
+    QString image = {};   ///< A resource icon instead of a symbol.
     QString title = {};
     QString message = {};
-    QString hint = {};  ///< What stands between backquotes is code.
+    QString hint = {};  ///< Text between backquotes is code.
     bool hasSpinner = false;
     std::vector<NoticeAction> actions = {};  ///< The first one gets the focus.
 
     bool operator==(const NoticeContent&) const = default;
 };
 
-/// The command that signs in.
 inline const QString loginCommand = QStringLiteral("gh auth login");
 
-/// What stands between header and footer in the place of the list; nothing while that is shown.
-/// `hasRows` says that there is something to list, dimmed rows included, `choosesNothing` that no
-/// repository is selected.
+/// The notice shown instead of the list, or nothing. `hasRows` includes dimmed rows;
+/// `choosesNothing` means that no repository is selected.
 std::optional<NoticeContent> panelContent(
     const MenuState& state, bool hasRows, bool choosesNothing, const HiddenCounts& hidden = {});
 

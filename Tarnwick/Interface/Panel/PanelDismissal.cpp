@@ -8,14 +8,13 @@
 namespace Tarnwick {
 namespace {
 
-/// Such a dialog leads the user through something that goes on without the panel.
+/// A dialog without a parent window does not depend on the panel.
 bool isOnItsOwn(const QWindow& window)
 {
     return window.type() == Qt::Dialog && window.transientParent() == nullptr;
 }
 
-/// Help texts, menus and the like never have the focus, and hosts of tray icons embed a window that
-/// must stay.
+/// Excludes tool tips, menus and the window embedded by a tray host.
 bool canHaveFocus(const QWindow& window)
 {
     const Qt::WindowFlags never =
@@ -42,8 +41,8 @@ QWindow* firstVisibleWindow()
     return nullptr;
 }
 
-/// A widget has to be told itself: hidden through its window it would still take itself for shown,
-/// and never come back (Qt 6.4).
+/// Hides the widget if there is one: hidden through its window it would still count as visible and
+/// never come back (Qt 6.4).
 void hide(QWindow& window)
 {
     const QWidgetList widgets = QApplication::topLevelWidgets();
@@ -70,7 +69,7 @@ void dismissPanel(PanelSearch search)
     if (!window) {
         return;
     }
-    // A dialog without its panel would stay in front of what is opened.
+    // A dialog of a hidden panel would stay in front.
     if (QWindow* const owner = window->transientParent()) {
         hide(*owner);
     }

@@ -4,9 +4,8 @@
 
 namespace Tarnwick {
 
-/// Hides the window that has the focus and, when that belongs to another one, such as a dialog of
-/// the panel, that one too; where none has it, what `search` says. A dialog that belongs to no
-/// other window is not the panel's and stays. Main thread only.
+/// Hides the window with the focus and the window it belongs to, as a dialog belongs to the panel.
+/// Without a focus, `search` decides. A dialog without a parent window stays. Main thread only.
 void dismissPanel(PanelSearch search);
 
 }  // namespace Tarnwick

@@ -13,16 +13,16 @@ namespace Tarnwick {
 
 class PushButton;
 
-/// The panel's foot: how many pull requests are in sight, a button that says how many are hidden
-/// and shows or hides them again, and how old the list is. A click leaves the keyboard where it is.
-/// The clock is looked at only while the footer can be seen and its text is about to change.
+/// The panel's footer: the number of visible pull requests, a button that shows or hides the hidden
+/// ones, and the age of the list. Clicks do not take the focus. A timer runs only while it is
+/// visible and only until its text changes.
 class PanelFooter final : public QWidget {
     Q_OBJECT
 
 public:
     PanelFooter(std::function<PullRequestKit::Date()> now, QWidget* parent);
 
-    /// Nothing while no list is known, which is not the same as an empty one.
+    /// Nothing while no list is known.
     void setCount(std::optional<std::size_t> pullRequests);
     void setHidden(const HiddenCounts& hidden, bool areShown);
     void setRefreshed(std::optional<PullRequestKit::Date> refreshed);
@@ -32,7 +32,7 @@ public:
     /// Empty before the first refresh.
     QString updatedText() const;
 
-    /// Whether there is room for `updatedText`.
+    /// Whether there is space for `updatedText`.
     bool showsUpdated() const;
 
     bool isTicking() const { return _timer.isActive(); }
@@ -40,7 +40,7 @@ public:
     QSize sizeHint() const override;
 
 Q_SIGNALS:
-    /// The hidden pull requests are to be shown, or hidden again.
+    /// The user wants to show or hide the hidden pull requests.
     void hiddenToggled();
 
 protected:
@@ -53,7 +53,7 @@ protected:
 private:
     void refreshText();
     void layOut();
-    /// Where the chip ends, or the count where there is no chip.
+    /// The end of the chip, or of the count without a chip.
     double leftEnd() const;
 
     std::function<PullRequestKit::Date()> _now;

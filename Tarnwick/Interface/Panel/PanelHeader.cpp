@@ -12,7 +12,7 @@ namespace {
 
 constexpr int panelHeight = 44;
 constexpr int brandStart = 12;
-/// The options button's symbol, not its box, ends at the side margin.
+/// The options button's symbol, not its box, is aligned with the side margin.
 constexpr int optionsEnd = 10;
 constexpr int buttonGap = 4;
 constexpr int spinnerGap = 8;

@@ -7,8 +7,8 @@ namespace Tarnwick {
 class PushButton;
 class Spinner;
 
-/// The panel's top: the program's name, a sign that a refresh runs, and the buttons for finding,
-/// where there is a list, and for the options. A click on a button leaves the keyboard where it is.
+/// The panel's header: the program's name, a refresh indicator, and the buttons for searching, if
+/// there is a list, and for the options. Clicks do not take the focus.
 class PanelHeader final : public QWidget {
     Q_OBJECT
 

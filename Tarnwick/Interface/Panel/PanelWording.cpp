@@ -24,7 +24,7 @@ const QLocale& english()
     return locale;
 }
 
-/// The clock was set back since, so how long ago it was is not known.
+/// The clock was set back, so the age is unknown.
 bool isToCome(seconds age)
 {
     return age < -minutes{1};
@@ -139,7 +139,7 @@ QString paragraph(const QString& text)
         }
         if (!result.isEmpty()) {
             const bool isEnded = QStringLiteral(".:;,!?…").contains(result.back());
-            // What is set in below a line belongs to it.
+            // An indented line belongs to the one above it.
             const QChar end = indent > before ? QLatin1Char(':') : QLatin1Char('.');
             result += isEnded ? QString() : QString(end);
             result += QLatin1Char(' ');

@@ -13,39 +13,37 @@
 
 namespace Tarnwick {
 
-/// What the panel says in its own words.
+/// The panel's own texts.
 namespace PanelWording {
 
 /// Such as "1 pull request" or "12 pull requests".
 QString count(std::size_t pullRequests);
 
-/// What the footer's chip says: "3 hidden", or "Hide 3" while they are shown.
+/// The footer's chip: "3 hidden", or "Hide 3" while they are shown.
 QString hiddenChip(const HiddenCounts& hidden, bool areShown);
 
-/// The same for a screen reader: "Show 3 hidden pull requests" or "Hide 3 pull requests".
+/// For screen readers: "Show 3 hidden pull requests" or "Hide 3 pull requests".
 QString hiddenChipName(const HiddenCounts& hidden, bool areShown);
 
-/// What hides them, such as "2 by filters, 1 muted".
+/// Such as "2 by filters, 1 muted".
 QString hiddenHelp(const HiddenCounts& hidden);
 
-/// Such as "Updated 2 minutes ago"; the day by the user's time zone once it is over a day old, or
-/// when it is still to come, because the clock was set back.
+/// Such as "Updated 2 minutes ago"; a local date after a day, or if it is in the future because the
+/// clock was set back.
 QString updated(PullRequestKit::Date refreshed, PullRequestKit::Date now);
 
-/// After how long `updated` next says something else; nothing when it never does.
+/// The time until `updated` returns another text; nothing if it never does.
 std::optional<std::chrono::seconds> untilUpdatedChanges(
     PullRequestKit::Date refreshed, PullRequestKit::Date now);
 
-/// That GitHub found more than it gives, such as "GitHub found 1,240 pull requests; 1,000 are
-/// listed."
+/// Such as "GitHub found 1,240 pull requests; 1,000 are listed."
 QString truncated(std::int64_t found, std::int64_t listed);
 
-/// That little is left of what GitHub grants, such as "GitHub quota 312 of 5,000 until 14:20;
-/// polling rests."; the time by the user's time zone.
+/// Such as "GitHub quota 312 of 5,000 until 14:20; polling rests.", in local time.
 QString resting(const PullRequestKit::Quota& quota);
 
-/// A text of several lines, such as those that gh prints, as one paragraph: without indentation and
-/// marks before the lines, and with a full stop after each that has none.
+/// Joins the lines of a text, such as gh's output, into one paragraph: without indentation and
+/// bullets, and with a full stop after each line that has none.
 QString paragraph(const QString& text);
 
 }  // namespace PanelWording

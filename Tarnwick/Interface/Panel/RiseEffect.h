@@ -5,14 +5,13 @@
 
 namespace Tarnwick {
 
-/// How a card over the panel appears: it fades in while it rises by a few pixels, with everything
-/// in it, and the scrim below it fades in with it. Enabled only meanwhile, so that it costs nothing
-/// afterwards; never where the desktop wants no motion. Main thread only.
+/// Fades a card in while it rises by a few pixels, and its scrim with it. Enabled only during the
+/// animation, because it is expensive; never without motion. Main thread only.
 class RiseEffect final : public QGraphicsEffect {
     Q_OBJECT
 
 public:
-    /// How far the card moves, in logical pixels.
+    /// In logical pixels.
     static constexpr double distance = 4;
 
     explicit RiseEffect(QObject* parent);

@@ -6,7 +6,7 @@
 
 namespace Tarnwick {
 
-/// The product's web site, which the build names. Safe from any thread.
+/// The product's web site, set by the build. Safe from any thread.
 PullRequestKit::Url webSite();
 
 /// Such as "Open tarnwick.dev".

@@ -11,7 +11,7 @@
 namespace Tarnwick {
 namespace {
 
-/// Keeps the parts of a path together where a line has room for all of it.
+/// Keeps a path in one piece if it fits into a line.
 constexpr QChar wordJoiner(0x2060);
 
 QStringList wrapped(QString paragraph, const QFont& font, double width)
@@ -31,7 +31,7 @@ QStringList wrapped(QString paragraph, const QFont& font, double width)
     }
     layout.endLayout();
     if (!lines.isEmpty()) {
-        // Tells the paragraph's end from a break within a word where lines come together again.
+        // Distinguishes the end of a paragraph from a break within a word when lines are joined.
         lines.last().append(QLatin1Char(' '));
     }
     return lines;

@@ -9,8 +9,8 @@ class QPainter;
 
 namespace Tarnwick {
 
-/// A text laid out in lines of one style: wrapped between words or, where a word is too long,
-/// anywhere. When it takes more lines than it may, the last ends in an ellipsis.
+/// A text wrapped into lines of one style, if necessary within words. Beyond the maximum number of
+/// lines, the last one ends in an ellipsis.
 class WrappedText {
 public:
     static constexpr int anyNumber = 10000;
@@ -26,7 +26,7 @@ public:
 
     bool isElided() const { return _isElided; }
 
-    /// `width` is the one that lines are aligned in.
+    /// Lines are aligned within `width`.
     void draw(
         QPainter& painter,
         const QPointF& topLeft,
@@ -40,8 +40,8 @@ private:
     bool _isElided = false;
 };
 
-/// The least width in which the text takes no more lines than it takes in `width`, so that no
-/// single word is left over on the last one.
+/// The least width with as many lines as in `width`, so that no single word is left on the last
+/// one.
 double balancedWidth(const QString& text, const LineStyle& style, double width);
 
 }  // namespace Tarnwick

@@ -17,7 +17,7 @@ const void* identityOf(const PickerRow& row)
     return row.isOwner() ? static_cast<const void*>(row.owner) : row.repository;
 }
 
-/// For each old row its place among the new ones, or -1.
+/// The new position of each old row, or -1.
 std::vector<int> placesIn(const std::vector<PickerRow>& after, const std::vector<PickerRow>& before)
 {
     std::unordered_map<const void*, int> places;
@@ -143,7 +143,7 @@ std::vector<PickerRow> PickerListModel::wantedRows() const
         if (!row.isOwner() && !holdsAll(row.repository->searchText, _words)) {
             continue;
         }
-        // An owner gives way to the next when nothing of it has matched.
+        // Drops an owner without matching repositories.
         if (row.isOwner() && !wanted.empty() && wanted.back().isOwner()) {
             wanted.pop_back();
         }

@@ -12,43 +12,42 @@
 
 namespace Tarnwick {
 
-/// The repositories that can be chosen, each owner's label before its repositories. What changes is
-/// announced row by row. It keeps no selection of its own: a changed check box is a request, and
-/// `setSelection` tells what has come of it. Main thread only.
-///
+/// The available repositories, below the labels of their owners. Changes are applied row by row.
+/// Setting a check state only emits a request; `setSelection` sets the result. Main thread only.
 /// `Qt::DisplayRole` is the owner or the repository's name, `Qt::AccessibleTextRole` the row in
-/// words, `Qt::CheckStateRole` whether the repository, all of the owner's or some are selected.
+/// words, and `Qt::CheckStateRole` whether the repository, or all or some of the owner's, are
+/// selected.
 class PickerListModel final : public RowListModel {
     Q_OBJECT
 
 public:
     explicit PickerListModel(QObject* parent = nullptr);
 
-    /// Of repositories with the same full name the first counts.
+    /// Of duplicates the first counts.
     void setRepositories(const std::vector<PullRequestKit::RepositorySummary>& repositories);
 
-    /// Full names; those that are not listed do not matter.
+    /// Full names; unknown ones are ignored.
     void setSelection(const std::set<std::string>& selected);
 
-    /// Lists the repositories whose full names hold every word of the text, letter case aside, and
-    /// of the owners those that have one. A text without words lists all.
+    /// Lists the repositories whose full names contain every word of the text, ignoring case, and
+    /// their owners. Without words all are listed.
     void setFindText(const QString& text);
 
     bool isFinding() const { return !_words.isEmpty(); }
 
-    /// Whether there are no repositories at all, listed or not.
+    /// Whether there are no repositories at all.
     bool isEmpty() const { return _all.empty(); }
 
     const PickerRow& row(int number) const { return _shown[static_cast<std::size_t>(number)]; }
 
     const std::vector<int>& headingRows() const override { return _ownerRows; }
 
-    /// The full names of the repositories that are listed; of this owner alone, if one is given.
+    /// The full names of the listed repositories, optionally of one owner only.
     std::vector<std::string> shownNames(const RepositoryOwnerLabel* owner = nullptr) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
-    /// Asks for the check state. True when it is the row's afterwards.
+    /// Requests the check state. Returns whether it took effect.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
@@ -62,7 +61,7 @@ private:
     void countSelected();
     void announceChanges();
 
-    // Nodes of these maps stay where they are while others come and go, and rows point to them.
+    // Rows point into these maps, whose nodes do not move.
     std::unordered_map<std::string, RepositoryLabel> _repositories;
     std::unordered_map<std::string, RepositoryOwnerLabel> _owners;
     std::vector<PickerRow> _all;

@@ -10,11 +10,11 @@ namespace {
 
 /// Below the last row, so that it ends above the window's round corners.
 constexpr int bottomRoom = 8;
-/// The scroll bar's handle keeps clear of the same corners.
+/// Keeps the scroll handle clear of the round corners.
 constexpr int scrollBarEnd = 10;
 constexpr int scrollBarMargin = 2;
 
-/// What a key types into a field, or nothing.
+/// The text that a key would type into a field, or nothing.
 QString typedText(const QKeyEvent& event)
 {
     const Qt::KeyboardModifiers others =
@@ -100,7 +100,7 @@ void PickerListView::press(int row)
     _model.setData(_model.index(row), isChecked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
 }
 
-/// Of a label only its button can be pressed, of a repository everything.
+/// A label reacts only on its button, a repository everywhere.
 void PickerListView::clicked(int row, bool onButton, const QMouseEvent& /*event*/)
 {
     if (onButton || !_model.row(row).isOwner()) {
@@ -108,7 +108,7 @@ void PickerListView::clicked(int row, bool onButton, const QMouseEvent& /*event*
     }
 }
 
-/// Two quick clicks are two.
+/// A double click counts as two clicks.
 void PickerListView::mouseDoubleClickEvent(QMouseEvent* event)
 {
     mousePressEvent(event);

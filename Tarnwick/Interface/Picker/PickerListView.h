@@ -6,19 +6,18 @@
 
 namespace Tarnwick {
 
-/// The list of the picker: repositories under the labels of their owners, which have a button each.
-/// Main thread only.
-///
-/// Up, Down, Home, End and the page keys move, Space ticks a repository; Space and Return press an
-/// owner's button. Everything else that can be typed goes to `typed`.
+/// The list of repositories below the labels of their owners, which have a button each. Main thread
+/// only.
+/// The arrow keys, Home, End and the page keys move, Space toggles a repository, and Space and
+/// Return press an owner's button. Other text input goes to `typed`.
 class PickerListView final : public HeadedListView {
     Q_OBJECT
 
 public:
-    /// Requires: `model` lives longer than the view.
+    /// Requires: `model` outlives the view.
     PickerListView(PickerListModel& model, QWidget* parent);
 
-    /// Takes the focus; without a current row the first repository becomes it.
+    /// Takes the focus. Selects the first repository if no row is selected.
     void enter();
 
     void keyboardSearch(const QString& search) override;
@@ -26,7 +25,7 @@ public:
     void paintRow(QPainter& painter, int row, const QRect& place) const override;
 
 Q_SIGNALS:
-    /// A key that moves up was pressed in the first row.
+    /// The user pressed an upward key in the first row.
     void leftUpwards();
     void typed(const QString& text);
 

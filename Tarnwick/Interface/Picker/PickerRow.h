@@ -6,34 +6,34 @@
 
 namespace Tarnwick {
 
-/// A repository as the picker lists it.
+/// A repository in the picker.
 struct RepositoryLabel {
     PullRequestKit::RepositorySummary repository;
     QString name;        ///< Without its owner.
     QString details;     ///< The second line.
-    QString searchText;  ///< The full name without regard to letter case.
+    QString searchText;  ///< The full name, folded.
     bool isPrivate = false;
     bool isSelected = false;
-    bool isChanged = false;  ///< Since the row was last announced.
+    bool isChanged = false;  ///< Since the last `dataChanged`.
 
     explicit RepositoryLabel(const PullRequestKit::RepositorySummary& summary);
 };
 
-/// An owner's label above its repositories.
+/// An owner's label above the repositories.
 struct RepositoryOwnerLabel {
     QString owner;
-    int shownCount = 0;     ///< Of its repositories, those that are listed.
-    int selectedCount = 0;  ///< Of these, the selected ones.
+    int shownCount = 0;     ///< Listed repositories.
+    int selectedCount = 0;  ///< Selected ones among them.
     bool isChanged = false;
 
-    /// Whether its button takes the selection back.
+    /// The owner's button then deselects them.
     bool allSelected() const { return shownCount > 0 && selectedCount == shownCount; }
 };
 
-/// A row of the picker: an owner's label, or a repository below it. Main thread only.
+/// A row of the picker: an owner's label, or a repository. Main thread only.
 struct PickerRow {
     RepositoryOwnerLabel* owner = nullptr;
-    RepositoryLabel* repository = nullptr;  ///< Null in the owner's own row.
+    RepositoryLabel* repository = nullptr;  ///< Null in an owner's row.
 
     bool isOwner() const { return repository == nullptr; }
 

@@ -6,11 +6,11 @@
 
 namespace Tarnwick {
 
-/// The sizes that the picker's rows share. Logical pixels.
+/// Sizes that the picker's rows share, in logical pixels.
 struct PickerRowMetrics {
-    LineStyle name;    ///< Of repositories and of owners.
+    LineStyle name;    ///< Of repositories and owners.
     LineStyle detail;  ///< The second line.
-    LineStyle button;  ///< An owner's.
+    LineStyle button;  ///< Of an owner.
     int checkBox = 0;
     int eye = 0;
     int repositoryHeight = 0;
@@ -19,20 +19,19 @@ struct PickerRowMetrics {
     PickerRowMetrics();
 };
 
-/// Where the parts of a row lie, from the row's upper left corner on, in whole logical pixels.
-/// Painting, hit tests and help texts all go by it. What a row does not have is empty.
-/// Safe from any thread.
+/// The places of a row's parts from its upper left corner, in whole logical pixels. Used for
+/// painting, hit tests and tool tips. Absent parts are empty. Safe from any thread.
 struct PickerRowGeometry {
     QRect row;
-    QRect fill;  ///< Of the row under the pointer or the current one.
+    QRect fill;  ///< For hover and selection.
     QRect checkBox;
     QRect name;
     QRect eye;
     QRect detail;
     QRect button;
-    QRect buttonHit;  ///< Where a click counts for the button.
+    QRect buttonHit;  ///< The clickable area of the button.
 
-    /// `nameWidth` is what the whole name needs; it gets what there is.
+    /// `nameWidth` is the width of the whole name, which is limited to the available space.
     static PickerRowGeometry ofRepository(
         int width, int nameWidth, bool hasEye, const PickerRowMetrics& metrics);
     static PickerRowGeometry ofOwner(int width, int buttonWidth, const PickerRowMetrics& metrics);

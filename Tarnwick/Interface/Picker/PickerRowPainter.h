@@ -7,28 +7,28 @@ class QPainter;
 
 namespace Tarnwick {
 
-/// Measures and draws the picker's rows. Main thread only.
+/// Measures and paints the picker's rows. Main thread only.
 class PickerRowPainter {
 public:
-    /// What the user does to a row.
+    /// The interactive state of a row.
     struct State {
         bool isHovered = false;
         bool isButtonHovered = false;
         bool isCurrent = false;
-        bool hasRing = false;  ///< The current row of a list that is used by keyboard.
+        bool hasRing = false;  ///< The selected row of a list used by keyboard.
     };
 
-    /// To be called when the appearance has changed.
+    /// Call when the appearance has changed.
     void applyAppearance();
 
     const PickerRowMetrics& metrics() const { return _metrics; }
 
     PickerRowGeometry geometryOf(const PickerRow& row, int width) const;
 
-    /// The whole name where the row has no room for it, else nothing.
+    /// The whole name if it is elided, else empty.
     QString helpText(const PickerRow& row, int width) const;
 
-    /// Draws the row, `origin` being its upper left corner.
+    /// `origin` is the row's upper left corner.
     void draw(QPainter& painter, const PickerRow& row, const QPoint& origin, int width, State state)
         const;
 

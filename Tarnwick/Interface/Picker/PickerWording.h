@@ -8,28 +8,26 @@
 
 namespace Tarnwick {
 
-/// What the repository picker says. Pure functions.
+/// The texts of the repository picker.
 namespace PickerWording {
 
-/// Whether the repository has the closed eye beside its name.
+/// Whether the name is followed by a closed eye.
 bool isPrivate(const PullRequestKit::RepositorySummary& repository);
 
 /// "Private", "Internal" and so on, or "Unknown visibility".
 QString visibility(const PullRequestKit::RepositorySummary& repository);
 
-/// The second line: visibility, language where there is one, "Archived" where it is.
+/// The second line: visibility, language if known, and "Archived".
 QString details(const PullRequestKit::RepositorySummary& repository);
 
-/// The row in words: its whole name and what the second line says.
+/// The full name and the second line.
 QString sentence(const PullRequestKit::RepositorySummary& repository);
 
 QString selectedCount(std::size_t count);
 
-/// The button of an owner.
 QString ownerButton(bool isAllSelected);
 
-/// The note that tells where repositories lie, in three pieces, of which the middle one may be
-/// shortened.
+/// A note on the project directory in three pieces. The middle one may be elided.
 struct DirectoryNote {
     QString before;
     QString directory;
@@ -38,10 +36,10 @@ struct DirectoryNote {
     QString text() const { return before + directory + after; }
 };
 
-/// An empty directory is spelled as its place in the sentence.
+/// An empty directory is shown as a placeholder.
 DirectoryNote directoryNote(const QString& directory);
 
-/// That the directory does not exist.
+/// The directory does not exist.
 DirectoryNote missingNote(const QString& directory);
 
 }  // namespace PickerWording

@@ -24,7 +24,7 @@ constexpr int lineGap = 6;
 constexpr int buttonGap = 8;
 constexpr int fieldHeight = 32;
 
-/// The folder that a dialog starts in. A dialog knows no "~".
+/// The initial folder of the dialog, with "~" expanded.
 QString startFolder(const QString& directory)
 {
     if (directory == QLatin1String("~") || directory.startsWith(QLatin1String("~/"))) {
@@ -103,8 +103,8 @@ void ProjectDirectorySection::showSetting()
     showNote();
 }
 
-/// On a worker thread: a folder on a network may take its time. Whatever was typed meanwhile has
-/// been looked for, too.
+/// On a worker thread, because a network folder may be slow. Checks again if the text changed
+/// meanwhile.
 QCoro::Task<> ProjectDirectorySection::lookForFolder()
 {
     const QPointer<ProjectDirectorySection> self(this);
@@ -121,7 +121,7 @@ QCoro::Task<> ProjectDirectorySection::lookForFolder()
     }
 }
 
-/// A note too long for its line is shortened within the path.
+/// Elides the path if the note is too long.
 void ProjectDirectorySection::showNote()
 {
     const bool isMissing = !_missing.isEmpty() && _missing == setting();
@@ -159,7 +159,7 @@ void ProjectDirectorySection::resizeEvent(QResizeEvent* /*event*/)
     showNote();
 }
 
-/// The folder may have come or gone since it was last looked for.
+/// The folder may have been created or removed since.
 void ProjectDirectorySection::showEvent(QShowEvent* /*event*/)
 {
     lookForFolder();

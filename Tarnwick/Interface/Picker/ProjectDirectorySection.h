@@ -15,14 +15,14 @@ class PushButton;
 class TextField;
 class TextLine;
 
-/// Where the user's clones lie: a field with a button that opens the desktop's folder dialog, and a
-/// note that tells where repositories are looked for, or that the folder does not exist. What is
-/// typed is the setting at once. Main thread only.
+/// The project directory: a text field, a button for the folder dialog, and a note on where
+/// repositories are expected or that the folder does not exist. Edits apply to the setting at once.
+/// Main thread only.
 class ProjectDirectorySection final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Requires: both live longer than the widget.
+    /// Requires: `model` outlives the widget.
     ProjectDirectorySection(PullRequestMenuModel& model, QWidget* parent);
 
     /// Whether the folder dialog is open.
@@ -47,7 +47,7 @@ private:
     PushButton* _choose;
     TextLine* _note;
     QPointer<QFileDialog> _dialog;
-    QString _missing;  ///< The setting whose folder was found not to exist.
+    QString _missing;  ///< The setting whose folder does not exist.
 };
 
 }  // namespace Tarnwick

@@ -31,8 +31,7 @@ std::vector<RepositoryGroup> repositoryGroups(const std::vector<RepositorySummar
             groups.push_back({.owner = std::string(owner), .repositories = {}});
         }
     }
-    // Setting up the comparison costs more than a group's few comparisons, so all are sorted at
-    // once; what a group takes from a sorted list is sorted.
+    // Sorted at once, because setting up the comparison is expensive.
     std::vector<const RepositorySummary*> sorted;
     sorted.reserve(repositories.size());
     for (const RepositorySummary& repository : repositories) {

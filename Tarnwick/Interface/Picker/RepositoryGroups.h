@@ -8,7 +8,7 @@
 
 namespace Tarnwick {
 
-/// The repositories of one owner. Its identity is `owner`.
+/// The repositories of one owner, identified by `owner`.
 struct RepositoryGroup {
     std::string owner;
     std::vector<PullRequestKit::RepositorySummary> repositories;
@@ -18,15 +18,14 @@ struct RepositoryGroup {
     bool operator==(const RepositoryGroup&) const = default;
 };
 
-/// The part before the first "/", or the whole name when it has none.
+/// The part before the first "/", or the whole name without one.
 std::string_view ownerOf(std::string_view fullName);
 
-/// The part after the first "/", or the whole name when there is none.
+/// The part after the first "/", or the whole name without one.
 std::string_view nameOf(std::string_view fullName);
 
-/// Groups by owner, the groups in the order of their owners and each group's repositories in that
-/// of their full names, both as a file browser orders names. Names that compare equal keep their
-/// order. Safe from any thread.
+/// Groups the repositories by owner. Groups are sorted by owner and repositories by full name, both
+/// as in `sortByLocalizedName`. Safe from any thread.
 std::vector<RepositoryGroup> repositoryGroups(
     const std::vector<PullRequestKit::RepositorySummary>& repositories);
 

@@ -72,8 +72,8 @@ RepositoryPicker::RepositoryPicker(PullRequestMenuModel& model, QWidget* parent)
 
 RepositoryPicker::~RepositoryPicker()
 {
-    // The list before the rows that it shows, and a field with the focus while there still is
-    // somebody to hear what it says on losing it.
+    // The list must not outlive its rows. A focused field emits a signal when it loses the focus,
+    // so it must not outlive its receiver.
     delete _list;
     delete _directory;
 }
@@ -95,7 +95,7 @@ void RepositoryPicker::nameParts()
 
 void RepositoryPicker::layOutParts()
 {
-    // They get what the rest leaves.
+    // The list takes the remaining space.
     _list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     auto* const sections = new QVBoxLayout;
     sections->setContentsMargins(sideMargin, findGap, sideMargin, sectionGap);
@@ -167,8 +167,6 @@ bool RepositoryPicker::keepsOpen() const
     return _directory->isChoosing();
 }
 
-// What is shown
-
 void RepositoryPicker::showRepositories()
 {
     _rows.setRepositories(_model.repositories());
@@ -195,8 +193,7 @@ void RepositoryPicker::showRows()
     } else {
         _notice->show({.message = QStringLiteral("No matches")});
     }
-    // "Select All" without rows would take the selection away, and "Select None" takes back no
-    // more than what was found.
+    // Without rows "Select All" would clear the selection. A search limits both to its hits.
     _selectAll->setEnabled(hasRows);
     _selectNone->setEnabled(hasRows || !_rows.isFinding());
 }
@@ -207,8 +204,6 @@ void RepositoryPicker::find(const QString& text)
     _list->scrollToTop();
     showRows();
 }
-
-// What is done
 
 void RepositoryPicker::selectShown(bool selected)
 {
@@ -224,7 +219,7 @@ void RepositoryPicker::finish()
     Q_EMIT done();
 }
 
-/// One step out: what is to be found, then the picker.
+/// Clears the search text first, then closes the picker.
 void RepositoryPicker::goBack()
 {
     if (!_find->text().isEmpty()) {

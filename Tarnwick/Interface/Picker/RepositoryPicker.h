@@ -16,19 +16,18 @@ class PushButton;
 class TextField;
 class TextLine;
 
-/// Where the user chooses the repositories whose pull requests are listed, and the folder of the
-/// clones. Everything that is chosen goes to the model at once. It takes the whole of the window,
-/// and the focus goes to its find field. Main thread only.
+/// Lets the user select repositories and set the project directory. Changes apply to the model at
+/// once. It covers the window and focuses its find field. Main thread only.
 class RepositoryPicker final : public QWidget {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(RepositoryPicker)
 
 public:
-    /// Requires: `model` lives longer than the picker.
+    /// Requires: `model` outlives the picker.
     explicit RepositoryPicker(PullRequestMenuModel& model, QWidget* parent = nullptr);
     ~RepositoryPicker() override;
 
-    /// Puts the caret into the field of the project directory.
+    /// Focuses the field of the project directory.
     void editProjectDirectory();
 
     /// Whether the folder dialog is open, so that the panel must not close when it loses the focus.

@@ -36,7 +36,7 @@ void registerBundledFonts()
     AppResources::bundle();
     for (const QString& file :
          AppResources::files(QStringLiteral("Fonts"), QStringLiteral("ttf"))) {
-        // Nothing is copied: Qt and FreeType read the font where the bundle is mapped.
+        // No copy: Qt and FreeType read the font from the mapped bundle.
         QFontDatabase::addApplicationFontFromData(QResource(file).uncompressedData());
     }
 }
@@ -45,7 +45,7 @@ double desktopPointSize()
 {
     constexpr double usual = 10;
     const QFont desktop = QGuiApplication::font();
-    // Qt's own choice where no desktop names a font (6.4: "Sans Serif" at 9, or none at all).
+    // Qt's default when no desktop names a font (6.4: "Sans Serif" at 9, or none at all).
     const bool isUnnamed =
         desktop.family() == QLatin1String("Sans Serif") && desktop.pointSizeF() == 9;
     return isUnnamed || desktop.pointSizeF() <= 0 ? usual : desktop.pointSizeF();

@@ -6,20 +6,19 @@
 
 namespace Tarnwick {
 
-/// The fonts that the program brings. Main thread only.
+/// The bundled fonts. Main thread only.
 namespace AppFonts {
 
-/// Makes the bundle's fonts known to this process. Later calls do nothing; a font that cannot be
-/// read is left out.
+/// Registers the bundled fonts. Further calls do nothing; unreadable fonts are skipped.
 void registerBundledFonts();
 
-/// The size of the desktop's own font in points. A desktop that names none counts as 10.
+/// The size of the desktop's font in points; 10 if it has none.
 double desktopPointSize();
 
-/// The size of a style's text in points, which follows the desktop's text size.
+/// The size of a style's text in points, relative to the desktop's font.
 double preferredPointSize(TextStyle style);
 
-/// Geist at this size; where it could not be bundled, the desktop's font.
+/// Geist at this size, or the desktop's font if Geist is not bundled.
 QFont font(double pointSize, TextWeight weight);
 
 }  // namespace AppFonts

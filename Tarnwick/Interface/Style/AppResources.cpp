@@ -48,7 +48,7 @@ QStringList AppResources::files(const QString& folder, const QString& extension)
 {
     const QDir directory(root + folder);
     QStringList paths;
-    // A filter by name would load Qt's regular expressions.
+    // A name filter would load Qt's regular expressions.
     for (const QString& name : directory.entryList(QDir::Files, QDir::Name)) {
         if (name.endsWith(QLatin1Char('.') + extension)) {
             paths.append(directory.filePath(name));

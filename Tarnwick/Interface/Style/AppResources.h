@@ -5,27 +5,25 @@
 
 namespace Tarnwick {
 
-/// The program's drawings and fonts, a Qt resource file named "Tarnwick_Tarnwick.bundle" in the
-/// program's resource folder. Main thread only.
+/// The program's drawings and fonts in the Qt resource file "Tarnwick_Tarnwick.bundle". Main thread
+/// only.
 class AppResources {
 public:
-    /// Loads the bundle at the first call. Throws `std::runtime_error` that names the places looked
-    /// at when it is in none of them; the program cannot go on without.
+    /// Loads the bundle at the first call. Throws `std::runtime_error` that names the searched
+    /// places if it is in none of them.
     static const AppResources& bundle();
 
-    /// The same for these files, of which the first that is a bundle is taken.
+    /// Loads the first of these files that is a bundle.
     explicit AppResources(const QStringList& candidates);
 
-    /// Where the bundle may lie for a program in this folder: in the share folder of the same
-    /// installation, or beside the program where that was built.
+    /// Where the bundle may be for a program in this folder: in the share folder of the
+    /// installation, or beside the program in a build folder.
     static QStringList candidates(const QString& programFolder);
 
-    /// The path of a file in the bundle, such as ":/tarnwick/stack.svg", whether or not it is
-    /// there.
+    /// The path of a file in the bundle, such as ":/tarnwick/stack.svg". The file need not exist.
     static QString path(const QString& name, const QString& extension);
 
-    /// The files of a folder within the bundle that have this extension, in the order of their
-    /// names.
+    /// The files with this extension in a folder of the bundle, sorted by name.
     static QStringList files(const QString& folder, const QString& extension);
 };
 

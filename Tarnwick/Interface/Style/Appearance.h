@@ -10,8 +10,7 @@
 
 namespace Tarnwick {
 
-/// How a line of text is set: its font, the height of the line and the place of the baseline below
-/// the line's top, in logical pixels.
+/// The font of a line of text, its height and its baseline from the top, in logical pixels.
 struct LineStyle {
     QFont font;
     int height = 0;
@@ -19,13 +18,13 @@ struct LineStyle {
     double pixelSize = 0;
 };
 
-/// How everything on screen looks: light or dark, how large the desktop wants its text, whether it
-/// wants motion and how much contrast. It belongs to the application's style. Main thread only.
+/// Light or dark, text size, motion and contrast. Belongs to the application's style. Main thread
+/// only.
 class Appearance final : public QObject {
     Q_OBJECT
 
 public:
-    /// What the desktop asks for beside the size of its font.
+    /// The desktop's preferences other than its font.
     struct Preferences {
         bool reducedMotion = false;
         bool higherContrast = false;
@@ -33,8 +32,7 @@ public:
         bool operator==(const Preferences&) const = default;
     };
 
-    /// Text is as large as the desktop's font makes it, or has a scale that does not follow the
-    /// desktop. 1 is a font of 10 points.
+    /// A given text scale does not follow the desktop; 1 is a font of 10 points.
     explicit Appearance(std::optional<double> textScale);
 
     bool isDark() const { return _isDark; }
@@ -47,7 +45,7 @@ public:
 
     bool higherContrast() const { return _preferences.higherContrast; }
 
-    /// Whether windows can be translucent, so that round corners need not be cut out of them.
+    /// Whether windows can be translucent, so that round corners need no mask.
     bool blendsWindows() const { return _blendsWindows; }
 
     void setBlendsWindows(bool blends) { _blendsWindows = blends; }
@@ -59,7 +57,8 @@ public:
 
     void setTextScale(double textScale);
 
-    /// A length of the design at text scale 1, in logical pixels, made to fit the text and even.
+    /// Scales a length at text scale 1 with the text and rounds it to an even number of logical
+    /// pixels.
     int scaled(int length) const;
 
     LineStyle line(TextStyle style, TextWeight weight) const;
@@ -76,9 +75,9 @@ private:
     double _textScale = 1;
 };
 
-/// That of the application's style. Widgets take colors, fonts and sizes from it when they lay out
-/// and paint, and get `QEvent::StyleChange` when it has changed. Requires: `setApplicationStyle`
-/// was called. Main thread only.
+/// The appearance of the application's style. Widgets use it when they lay out and paint, and get
+/// `QEvent::StyleChange` when it changes. Requires: `setApplicationStyle` was called. Main thread
+/// only.
 const Appearance& appearance();
 
 }  // namespace Tarnwick

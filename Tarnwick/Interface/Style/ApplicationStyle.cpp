@@ -16,7 +16,7 @@ namespace {
 
 constexpr double helpRadius = 6;
 
-/// Around a help text. Qt adds a pixel.
+/// The padding of tool tips, without the pixel that Qt adds.
 constexpr int helpPadding = 5;
 
 QPalette qtPalette(const Palette& colors)
@@ -68,7 +68,7 @@ void ApplicationStyle::polish(QApplication* /*application*/)
     QToolTip::setFont(_appearance.line(TextStyle::caption, TextWeight::regular).font);
 }
 
-/// As Qt does when the application gets another style. A widget may delete others on hearing of it.
+/// Like Qt when the style changes. Widgets may delete others in response.
 void ApplicationStyle::announce()
 {
     polish(qApp);
@@ -85,7 +85,7 @@ void ApplicationStyle::announce()
 void ApplicationStyle::polish(QWidget* widget)
 {
     QProxyStyle::polish(widget);
-    // The label of help texts has no public class.
+    // The class of tool tips is private.
     if (widget->inherits("QTipLabel") || widget->inherits("QMenu")) {
         widget->setAttribute(Qt::WA_TranslucentBackground);
     }
@@ -119,7 +119,7 @@ void ApplicationStyle::drawPrimitive(
         break;
     case PE_PanelMenu:
         if (!isBlended) {
-            // What a cut at whole pixels leaves of the corners' outside would be black.
+            // The corners are cut at whole pixels; what remains outside would be black.
             painter->fillRect(option->rect, palette.strongLine);
         }
         drawCard(*painter, QRectF(option->rect), MenuItems::cornerRadius, palette);

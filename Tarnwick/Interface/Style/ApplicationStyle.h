@@ -6,14 +6,13 @@
 
 namespace Tarnwick {
 
-/// The one style of the program: Fusion in the colors of the appearance, with menus, help texts and
-/// rings around what has the focus in the design's form. Belongs to the application, and the
-/// appearance to it. Main thread only.
+/// The program's style: Fusion with the appearance's colors and its own menus, tool tips and focus
+/// rings. Owned by the application; owns the appearance. Main thread only.
 class ApplicationStyle final : public QProxyStyle {
     Q_OBJECT
 
 public:
-    /// Between a widget and the outer edge of its focus ring, in logical pixels.
+    /// The distance from a widget to the outer edge of its focus ring, in logical pixels.
     static constexpr int ringRoom = 4;
 
     explicit ApplicationStyle(std::optional<double> textScale = {});
@@ -53,10 +52,9 @@ private:
     Appearance _appearance;
 };
 
-/// Gives the application this style, and every widget, Qt's own dialogs included, its palette. Best
-/// before the first widget, since each is polished anew. The appearance that it returns lives as
-/// long as the style. Text is as large as the desktop's font makes it, but for a given scale. Main
-/// thread only.
+/// Sets the application's style and palette, which Qt's own dialogs use, too. Best called before
+/// the first widget is created, since each is polished again. The returned appearance lives as long
+/// as the style. `textScale` overrides the desktop's text size. Main thread only.
 Appearance& setApplicationStyle(std::optional<double> textScale = {});
 
 }  // namespace Tarnwick

@@ -10,14 +10,13 @@ class QDBusPendingCallWatcher;
 
 namespace Tarnwick {
 
-/// What the desktop's settings portal says of motion and contrast, handed on to the appearance now
-/// and whenever it changes. Asks asynchronously; without a bus or a portal nothing is wished. Main
-/// thread only.
+/// Applies the preferences for motion and contrast from the desktop's settings portal, now and on
+/// each change. Asynchronous; without a bus or a portal nothing is changed. Main thread only.
 class DesktopPreferences final : public QObject {
     Q_OBJECT
 
 public:
-    /// Requires: `appearance` lives longer than this.
+    /// Requires: `appearance` outlives it.
     DesktopPreferences(
         Appearance& appearance, const QDBusConnection& bus, QObject* parent = nullptr);
 

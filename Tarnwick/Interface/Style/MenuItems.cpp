@@ -17,7 +17,7 @@ constexpr int checkPlace = 16;
 constexpr int chevronSize = 12;
 constexpr int dividerRoom = 5;
 
-/// The text before the tab, without the marks of mnemonics.
+/// The text before the tab, without mnemonics.
 QString titleOf(const QStyleOptionMenuItem& item)
 {
     QString title = item.text.section(QLatin1Char('\t'), 0, 0);
@@ -30,7 +30,7 @@ QString shortcutOf(const QStyleOptionMenuItem& item)
     return item.text.section(QLatin1Char('\t'), 1);
 }
 
-/// A divider with a text is the label of what follows.
+/// A separator with a text is a section title.
 bool isLabel(const QStyleOptionMenuItem& item)
 {
     return item.menuItemType == QStyleOptionMenuItem::Separator && !item.text.isEmpty();
@@ -94,7 +94,7 @@ void draw(QPainter& painter, const QStyleOptionMenuItem& item)
 
 QSize size(const QStyleOptionMenuItem& item)
 {
-    // Qt leaves out items without a width.
+    // Qt skips items without a width.
     if (isLabel(item)) {
         return {1, appearance().scaled(24)};
     }

@@ -7,10 +7,10 @@ class QStyleOptionMenuItem;
 
 namespace Tarnwick {
 
-/// The items of menus, as the application's style draws them. Main thread only.
+/// Draws and measures menu items for the application's style. Main thread only.
 namespace MenuItems {
 
-/// Of a menu's corners.
+/// Of a menu.
 constexpr double cornerRadius = 10;
 
 /// Between a menu's edge and its items.

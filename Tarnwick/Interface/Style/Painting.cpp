@@ -89,8 +89,7 @@ double width(const QString& text, const LineStyle& style)
 
 QRegion roundedShape(const QSize& size, double radius)
 {
-    // Row by row the pixels whose centres lie inside, which are those that a line along the edge
-    // covers most.
+    // Row by row, the pixels whose centers are inside.
     const int height = static_cast<int>(std::ceil(radius));
     QRegion shape(0, height, size.width(), size.height() - 2 * height);
     for (int row = 0; row < height; ++row) {

@@ -6,22 +6,22 @@
 
 namespace Tarnwick {
 
-/// Drawing on whole device pixels, at any scale factor. Rectangles are in logical pixels.
+/// Draws on whole device pixels at any scale factor. Rectangles are in logical pixels.
 namespace Painting {
 
-/// The rectangle with its edges moved to the nearest device pixels, still in logical pixels.
+/// The rectangle with its edges moved to the nearest device pixels.
 QRectF aligned(const QPainter& painter, const QRectF& rectangle);
 
 void fillRounded(QPainter& painter, const QRectF& rectangle, double radius, const QColor& color);
 
-/// A line of this width along the inside of the rectangle's edge, `radius` being the outer one.
+/// Strokes the inside of the rectangle's edge. `radius` is the outer one.
 void strokeInside(
     QPainter& painter, const QRectF& rectangle, double radius, double width, const QColor& color);
 
 /// One device pixel high, its upper edge at `y`.
 void hairline(QPainter& painter, double x, double y, double width, const QColor& color);
 
-/// One line of text with its top at the rectangle's. It is not elided.
+/// One line of text at the top of the rectangle, not elided.
 void text(
     QPainter& painter,
     const QRectF& line,
@@ -32,7 +32,7 @@ void text(
 
 double width(const QString& text, const LineStyle& style);
 
-/// A shape of this size with round corners, for windows that cannot be translucent.
+/// A rounded mask for windows that cannot be translucent.
 QRegion roundedShape(const QSize& size, double radius);
 
 }  // namespace Painting

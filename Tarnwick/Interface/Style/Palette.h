@@ -4,8 +4,7 @@
 
 namespace Tarnwick {
 
-/// The colors of one appearance by what they are for. Views take all their colors from here but
-/// for the fixed ones that carry a pull request's state.
+/// The colors of an appearance by purpose, except for those of a pull request's state.
 struct Palette {
     QColor surfaceList;
     QColor surfaceChrome;  ///< Header, footer, owner labels.
@@ -18,10 +17,10 @@ struct Palette {
     QColor infoBarLine;
     QColor button;
     QColor buttonLine;
-    QColor chip;       ///< Code, and the header's buttons under the pointer.
-    QColor findMatch;  ///< Behind letters that were looked for.
+    QColor chip;       ///< Code, and hovered header buttons.
+    QColor findMatch;  ///< Behind search matches.
     QColor hairline;
-    QColor strongLine;   ///< Around menus and cards; the track of a spinner.
+    QColor strongLine;   ///< Borders of menus and cards; the track of a spinner.
     QColor controlLine;  ///< Fields, check boxes, scroll bars.
     QColor textPrimary;
     QColor textSecondary;
@@ -32,7 +31,7 @@ struct Palette {
     QColor onAccent;
     QColor amber;
     QColor scrim;
-    QColor innerBorder;  ///< Inside the window's black border; transparent where none is needed.
+    QColor innerBorder;  ///< Inside the window's black border; may be transparent.
 
     bool operator==(const Palette&) const = default;
 

@@ -8,13 +8,13 @@ class QPainter;
 
 namespace Tarnwick {
 
-/// An icon file of the resource bundle. Where it is missing or cannot be read, the system symbol
-/// "questionmark.square.dashed" stands in its place.
+/// An icon of the resource bundle. If it is missing or invalid, the system symbol
+/// "questionmark.square.dashed" replaces it.
 struct ResourceIcon {
     QString name;            ///< The file's base name.
     bool isTemplate = true;  ///< Whether the icon takes the foreground color.
 
-    /// Fills the rectangle, in logical pixels; `foreground` counts for templates.
+    /// Fills the rectangle, in logical pixels. `foreground` only applies to templates.
     void draw(QPainter& painter, const QRectF& rectangle, const QColor& foreground) const;
 };
 

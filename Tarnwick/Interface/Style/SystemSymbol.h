@@ -10,16 +10,15 @@ class QPainter;
 
 namespace Tarnwick {
 
-/// An outlined sign of the program's own family by its name, such as "tray" or
-/// "exclamationmark.triangle". It always takes the foreground color.
+/// A symbol of the program's own set by its name, such as "tray" or "exclamationmark.triangle". It
+/// takes the foreground color.
 struct SystemSymbol {
     QString name;
-    /// Of the outlines on a grid of 24. Nothing chooses it by the size: thin when large, strong
-    /// when small.
+    /// The width of the outlines on a grid of 24. Nothing derives it from the size: thin if large,
+    /// strong if small.
     std::optional<double> strokeWidth = {};
 
-    /// Fills the rectangle, in logical pixels. A name that is not in the family draws
-    /// "questionmark.square.dashed".
+    /// Fills the rectangle, in logical pixels. An unknown name draws "questionmark.square.dashed".
     void draw(QPainter& painter, const QRectF& rectangle, const QColor& foreground) const;
 };
 

@@ -2,7 +2,7 @@
 
 namespace Tarnwick {
 
-/// The desktop's text styles. Sizes follow the desktop's font.
+/// Text styles with sizes relative to the desktop's font.
 enum class TextStyle {
     largeTitle,
     title,
@@ -26,12 +26,12 @@ enum class TextWeight {
 /// The size of a style as a multiple of the desktop font's.
 double sizeFactor(TextStyle style);
 
-/// The height of a line of text of this size; both in logical pixels. Even, so that an icon of even
-/// height is centred in it on whole pixels.
+/// The line height for a text size, both in logical pixels. Even, so that icons of even height are
+/// centered on whole pixels.
 int lineHeightOf(double pixelSize);
 
-/// How far below the top of its line the baseline of a text of this size lies, by the extents of
-/// Geist whatever font a script needs, so that a line never moves for a fall-back font.
+/// The distance of the baseline from the top of the line. Based on Geist, so that fallback fonts do
+/// not move it.
 double baselineOf(double pixelSize, int lineHeight);
 
 }  // namespace Tarnwick

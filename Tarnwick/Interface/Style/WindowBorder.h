@@ -5,7 +5,7 @@
 
 namespace Tarnwick {
 
-/// The thin black line around the panel, with rounded corners. It lets the pointer through.
+/// The thin black line around the panel, with rounded corners. Transparent for the pointer.
 class WindowBorderOverlayView final : public QWidget {
 public:
     WindowBorderOverlayView(bool isDark, QWidget* parent);
@@ -17,15 +17,14 @@ private:
     bool _isDark = false;
 };
 
-/// Keeps a border overlay over the whole window that it stands in, above everything else there.
-/// Itself it takes no room and shows nothing.
+/// Keeps a border overlay on top of the whole window. It takes no space and paints nothing itself.
 class WindowBorderView final : public QWidget {
 public:
     explicit WindowBorderView(QWidget* parent);
 
     void setDark(bool isDark);
 
-    /// Ordinary windows have the desktop's own border.
+    /// False in ordinary windows, which have the desktop's border.
     void setShown(bool isShown);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -39,7 +38,7 @@ private:
     bool _isShown = true;
 };
 
-/// Gives a window its border, in the colors of the appearance. It takes no room either.
+/// Gives a window its border in the colors of the appearance. It takes no space.
 class WindowBorderConfigurator final : public QWidget {
 public:
     explicit WindowBorderConfigurator(QWidget* window);
