@@ -7,7 +7,7 @@ namespace TarnwickDirect {
 
 void drain()
 {
-    // A signal that comes meanwhile is an event.
+    // Signals are processed as events meanwhile.
     constexpr int milliseconds = 50;
     QThreadPool& pool = *QThreadPool::globalInstance();
     do {

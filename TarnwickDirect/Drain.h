@@ -2,9 +2,8 @@
 
 namespace TarnwickDirect {
 
-/// Waits until cancelled work has ended, child processes included, and lets the coroutines that
-/// awaited it come to their ends. Main thread only; runs the event loop, so that a second signal
-/// still ends the process at once.
+/// Waits until cancelled work, including child processes and awaiting coroutines, has ended. Runs
+/// the event loop, so that a second signal still ends the process at once. Main thread only.
 void drain();
 
 }  // namespace TarnwickDirect

@@ -17,10 +17,9 @@ void prepareEnvironment()
          {"CLICOLOR_FORCE", "GH_FORCE_TTY", "GH_DEBUG", "DEBUG", "GH_HOST"}) {
         qunsetenv(name);
     }
-    // A `gh` that is signed in to github.com asks it by itself. A token from the environment can go
-    // with a configuration that knows another host alone, and then that host would be asked. Where
-    // nobody is signed in, a host from the environment makes gh 2.23 speak of a token in a file
-    // that is not there, in place of saying that nobody is.
+    // A `gh` that is signed in to github.com uses it by default. With a token from the environment
+    // it may use another host from its configuration. If nobody is signed in, GH_HOST would make gh
+    // 2.23 report an invalid token in a missing file instead.
     if (!qEnvironmentVariableIsEmpty("GH_TOKEN") || !qEnvironmentVariableIsEmpty("GITHUB_TOKEN")) {
         qputenv("GH_HOST", GitHub::publicHost);
     }

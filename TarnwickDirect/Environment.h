@@ -5,12 +5,12 @@
 
 namespace TarnwickDirect {
 
-/// Takes out of the process's environment what makes `gh` print something else than JSON, or ask
-/// another host than github.com. Children inherit it. To be called before any thread starts,
-/// because the environment cannot be changed safely afterwards.
+/// Removes variables that make `gh` print anything but JSON or use another host than github.com.
+/// Child processes inherit the environment. Call before any thread starts, because changing the
+/// environment is not thread-safe.
 void prepareEnvironment();
 
-/// The environment as it is. Requires: no thread changes it.
+/// The current environment. Requires: no other thread changes it.
 std::map<std::string, std::string> environment();
 
 }  // namespace TarnwickDirect

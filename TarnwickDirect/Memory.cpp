@@ -9,7 +9,7 @@ namespace TarnwickDirect::Memory {
 void holdLittle()
 {
 #ifdef __GLIBC__
-    // By itself the threshold rises with the largest block that was ever freed, up to 32 MiB.
+    // By default the threshold grows up to 32 MiB with the largest freed block.
     constexpr int largeBlock = 128 * 1024;
     mallopt(M_MMAP_THRESHOLD, largeBlock);
     mallopt(M_ARENA_MAX, 1);

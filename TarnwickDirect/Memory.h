@@ -1,13 +1,13 @@
 #pragma once
 
-/// How the allocator is to deal with a program that needs much for a moment and little for hours.
+/// Configures the allocator for short peaks of memory use between long idle times.
 namespace TarnwickDirect::Memory {
 
-/// To be called before other threads start: large blocks go back to the system as soon as they are
-/// free, and all threads share what is left of small ones.
+/// Returns large blocks to the system when freed, and shares one arena between all threads. Call
+/// before other threads start.
 void holdLittle();
 
-/// Gives back what is free. Takes some milliseconds. Safe from any thread.
+/// Returns free memory to the system. Takes some milliseconds. Safe from any thread.
 void giveBack();
 
 }  // namespace TarnwickDirect::Memory

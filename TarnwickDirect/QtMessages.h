@@ -2,8 +2,8 @@
 
 namespace TarnwickDirect {
 
-/// Leaves one of Qt's messages out: from 6.5 on it writes at every start in a locale without UTF-8
-/// that it uses UTF-8 all the same, and so does everything here. To be called before Qt is used.
+/// Suppresses the message of Qt 6.5 and later that it uses UTF-8 despite the locale. Call before Qt
+/// is used.
 void leaveOutLocaleMessage();
 
 }  // namespace TarnwickDirect

@@ -2,7 +2,7 @@
 
 namespace TarnwickDirect {
 
-/// What the last check for updates found.
+/// The result of the last check for updates.
 enum class UpdateAvailability {
     unknown,
     checking,

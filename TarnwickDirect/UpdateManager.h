@@ -10,35 +10,33 @@
 
 namespace TarnwickDirect {
 
-/// What the program knows of its updates: whether a check is possible now, and what the last one
-/// found. Main thread only, but for the delegate's calls, which may come from any thread.
+/// The program's view of its updates. Main thread only, except for the delegate's functions, which
+/// are safe from any thread.
 class UpdateManager final
     : public QObject
     , public UpdaterDelegate {
     Q_OBJECT
 
 public:
-    /// Makes an updater that has started and reports to this delegate, or none, where the program
-    /// has no updater.
+    /// Creates and starts an updater that reports to this delegate; null if the program has none.
     using MakeController = std::function<std::unique_ptr<UpdaterController>(UpdaterDelegate&)>;
 
-    /// Starts the updater at once. What it says comes with the event loop's next turns.
+    /// Creates the updater at once. Its results arrive through the event loop.
     explicit UpdateManager(const MakeController& makeController);
 
     bool canCheckForUpdates() const { return _canCheckForUpdates; }
 
     UpdateAvailability updateAvailability() const { return _updateAvailability; }
 
-    /// Whether the program has an updater at all.
     bool hasUpdater() const { return _updaterController != nullptr; }
 
-    /// A check that the user asked for. Without an updater nothing comes of it.
+    /// Starts a check by the user. Does nothing without an updater.
     void checkForUpdates();
 
     /// Brings the updater's dialog to the front, if there is one.
     void bringToFront();
 
-    /// For the end of the process: a download leaves nothing behind. No other call may follow.
+    /// Removes unfinished downloads. Call at the end of the process; no other call may follow.
     void stop();
 
     void updaterDidFindValidUpdate(const QString& version) override;
@@ -48,7 +46,7 @@ Q_SIGNALS:
     void canCheckForUpdatesChanged();
     void updateAvailabilityChanged();
 
-    /// These two carry what is heard to the main thread.
+    /// Pass results on to the main thread.
     void canCheckForUpdatesHeard(bool canCheckForUpdates, QPrivateSignal);
     void updateAvailabilityHeard(
         TarnwickDirect::UpdateAvailability updateAvailability, QPrivateSignal);

@@ -34,7 +34,7 @@ int print(const std::string& text)
     return output.finish();
 }
 
-/// What needs no desktop must not pay for one.
+/// Commands do not initialize the desktop part.
 int runInTerminal(const Command& command, int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
@@ -56,7 +56,7 @@ int runInTerminal(const Command& command, int argc, char** argv)
     return status;
 }
 
-/// Empty where the program was built without a feed, and so without the module.
+/// Empty if the program was built without a feed and thus without the module.
 MakeUpdater programUpdater()
 {
 #ifdef TARNWICK_UPDATE_MODULE

@@ -85,7 +85,7 @@ bool ApplicationService::handleOwn(const QDBusMessage& message, const QDBusConne
         return true;
     }
     if (member == QLatin1String("Open")) {
-        // Tarnwick opens no files: whoever tries gets to see the panel.
+        // Tarnwick opens no files; it shows the panel instead.
         if (hasSignature(message, connection, "asa{sv}")) {
             connection.send(message.createReply());
             Q_EMIT activateRequested(lastArgument(message));

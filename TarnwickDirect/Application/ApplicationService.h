@@ -10,29 +10,27 @@
 
 namespace TarnwickDirect {
 
-/// The program on the session bus: org.freedesktop.Application at /dev/tarnwick/Tarnwick, with the
-/// actions "toggle", "reload", "quit" and, where the program has an updater, "check-for-updates",
-/// and beside it the interface of `StatusService` and those that are added. Calls are answered at
-/// once and become signals here. Main thread only.
+/// org.freedesktop.Application at /dev/tarnwick/Tarnwick on the session bus, with the actions
+/// "toggle", "reload", "quit" and optionally "check-for-updates". Also serves `StatusService` and
+/// added interfaces. Calls are answered at once and emitted as signals. Main thread only.
 class ApplicationService final : public QDBusVirtualObject {
     Q_OBJECT
 
 public:
     using QDBusVirtualObject::QDBusVirtualObject;
 
-    /// Whether there is the action "check-for-updates". Not at first.
+    /// Whether the action "check-for-updates" exists; initially it does not.
     void setChecksForUpdates(bool checksForUpdates) { _checksForUpdates = checksForUpdates; }
 
     StatusService& status() { return _status; }
 
-    /// Adds another interface to the object. Requires: it lives longer than the registration of the
-    /// object, or is removed.
+    /// Adds another interface. Requires: it outlives the object's registration, or is removed.
     void add(BusInterface& interface) { _interfaces.push_back(&interface); }
 
     void remove(BusInterface& interface) { std::erase(_interfaces, &interface); }
 
-    /// Gives the program's name back and refuses every call that comes from now on, because the
-    /// program ends: whoever starts it meanwhile becomes the first. Waits for nothing.
+    /// Releases the program's bus name and refuses further calls, because the program ends: the
+    /// next start becomes the first instance. Does not block.
     void leave(const QDBusConnection& bus);
 
     QString introspect(const QString& path) const override;

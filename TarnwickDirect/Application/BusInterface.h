@@ -6,7 +6,7 @@
 
 namespace TarnwickDirect {
 
-/// An interface that the program's object on the session bus has beside its own.
+/// A further D-Bus interface of the program's object.
 class BusInterface {
 public:
     BusInterface() = default;
@@ -14,14 +14,14 @@ public:
     BusInterface& operator=(const BusInterface&) = delete;
     virtual ~BusInterface() = default;
 
-    /// In the form of D-Bus's introspection.
+    /// The interface as introspection XML.
     virtual QString introspection() const = 0;
 
-    /// Answers a method call that is for this interface. Returns whether it was.
+    /// Answers a method call of this interface. Returns false for other calls.
     virtual bool handle(const QDBusMessage& call, const QDBusConnection& bus) = 0;
 };
 
-/// Answers with an error, and returns false, when the arguments are not of these types.
+/// Replies with an error and returns false if the arguments have other types.
 bool hasSignature(const QDBusMessage& call, const QDBusConnection& bus, const char* signature);
 
 }  // namespace TarnwickDirect

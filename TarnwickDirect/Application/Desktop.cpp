@@ -36,13 +36,13 @@ void describeApplication()
     QApplication::setQuitOnLastWindowClosed(false);
 }
 
-/// The session starts the program again by its autostart entry, if the user wants it at all.
+/// The autostart entry already starts the program, if the user wants it.
 void stayOutOfSavedSessions(QSessionManager& session)
 {
     session.setRestartHint(QSessionManager::RestartNever);
 }
 
-/// What the user started the program for, and what the launcher handed on.
+/// The user's request and the launcher's data.
 struct Wish {
     ShowPanel::Manner manner = ShowPanel::Manner::show;
     PlatformData platformData;
@@ -83,7 +83,7 @@ int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int a
         throw std::runtime_error("There is no display to show the panel on; \"tarnwick list\" "
                                  "prints the pull requests.");
     }
-    // Qt looks for fonts on the main thread, too, and then finds that done.
+    // Qt would otherwise initialize fontconfig on the main thread.
     const auto preload = std::make_shared<Tarnwick::Preload>(
         &Tarnwick::openStandardDefaults, Tarnwick::PullRequestDiskCache{}, [] { FcInit(); });
     const Wish wish{.manner = command.manner, .platformData = PlatformData::fromEnvironment()};
@@ -92,7 +92,7 @@ int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int a
     QDBusConnection bus = QDBusConnection::sessionBus();
     ApplicationService service;
     if (bus.isConnected()) {
-        // Before the name, so that whoever finds the name finds the object.
+        // Before the name is claimed, so that clients of the name find the object.
         bus.registerVirtualObject(QString::fromLatin1(BusNames::path), &service);
     }
     if (startOrForward(bus, wish.manner, wish.platformData) == Start::forwarded) {

@@ -5,10 +5,9 @@
 
 namespace TarnwickDirect {
 
-/// Runs the program on the desktop until the user or the session ends it, or hands over to the one
-/// that runs already. Yields the exit status; a signal that came has ended the process by itself.
-/// `makeUpdater` is empty where the program has no updater. Throws `std::runtime_error` where there
-/// is no display. To be called from `main`, once.
+/// Runs the program until the user or the session ends it, or forwards the command to a running
+/// instance. Returns the exit status; a signal ends the process itself. `makeUpdater` is empty
+/// without an updater. Throws `std::runtime_error` without a display. Call once, from `main`.
 int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int argc, char** argv);
 
 }  // namespace TarnwickDirect

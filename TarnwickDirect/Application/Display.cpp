@@ -32,7 +32,7 @@ bool hasWayland()
 
 bool hasDisplay()
 {
-    // Whoever names a platform gets it, offscreen ones too.
+    // A platform set by the user is used as it is, even offscreen.
     return !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || hasWayland() || hasX11();
 }
 

@@ -2,8 +2,8 @@
 
 namespace TarnwickDirect {
 
-/// Whether there is a display to put windows on. Qt ends the process when it finds none. To be
-/// asked before there is a `QApplication`; blocks as long as the display takes to answer.
+/// Whether there is a display. Qt would end the process without one. Call before `QApplication` is
+/// created; blocks until the display answers.
 bool hasDisplay();
 
 }  // namespace TarnwickDirect

@@ -12,7 +12,7 @@
 namespace TarnwickDirect {
 namespace {
 
-/// Empty while there is no guard.
+/// Empty without a guard.
 std::function<void()>& action()
 {
     static std::function<void()> current;
@@ -31,7 +31,7 @@ void act(int status, void* /*argument*/)
 
 void registerOnce()
 {
-    // What `exit` does runs backwards: what is used here must be there before.
+    // Must exist before the exit handler is registered, because `exit` destroys in reverse order.
     QThreadPool::globalInstance();
     action();
     [[maybe_unused]] static const int registered = ::on_exit(act, nullptr);

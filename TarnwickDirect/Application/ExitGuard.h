@@ -4,16 +4,16 @@
 
 namespace TarnwickDirect {
 
-/// Has something done when the process ends by `exit` while the guard lives, as Qt has it end when
-/// the display goes away: then nothing that is on the stack is destroyed. The global thread pool is
-/// waited for, and the process ends at once, before threads that still run miss what `exit`
-/// destroys. One at a time. Main thread only.
+/// Runs an action if the process calls `exit()` while the guard lives, as Qt does when the display
+/// is lost; objects on the stack are then not destroyed. Also waits for the global thread pool, and
+/// then ends the process before running threads use what `exit` destroys. At most one at a time.
+/// Main thread only.
 class ExitGuard {
 public:
     explicit ExitGuard(std::function<void()> action);
     ~ExitGuard();
 
-    /// Has it done before `exit` destroys what libraries have set up so far, when some were loaded
+    /// Registers the action again, so that it runs before the exit handlers of libraries loaded
     /// since.
     static void renew();
 

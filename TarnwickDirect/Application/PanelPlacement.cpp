@@ -9,8 +9,8 @@ namespace {
 /// Between the panel and the edges of the free area.
 constexpr int margin = 4;
 
-/// Between the panel and a click within the free area, which is on an icon of a tray that hides
-/// itself or that the desktop does not count as its own.
+/// Between the panel and a click inside the free area, on a tray that hides itself or that the
+/// desktop does not reserve space for.
 constexpr int iconReach = 16;
 
 enum class Edge {
@@ -33,7 +33,7 @@ const ScreenArea& screenAt(const QPoint& point, const QList<ScreenArea>& screens
         screens, {}, [&](const ScreenArea& screen) { return distance(screen.whole, point); });
 }
 
-/// The edge that the tray lies at: where the click left the free area, else the nearest.
+/// The edge of the tray: where the click is outside of the free area, else the nearest.
 Edge edgeOf(const QRect& area, const QPoint& click)
 {
     const int top = click.y() - area.top();
@@ -50,7 +50,7 @@ Edge edgeOf(const QRect& area, const QPoint& click)
     return nearest == left ? Edge::left : Edge::right;
 }
 
-/// The corner in which a tray usually lies.
+/// The usual corner of a tray.
 QPoint usualTray(const ScreenArea& screen)
 {
     const bool isAtBottom =

@@ -9,16 +9,16 @@
 
 namespace TarnwickDirect {
 
-/// A screen in logical pixels: all of it, and the part that the desktop's own panels leave free.
+/// A screen in logical pixels, and the part not reserved by the desktop's panels.
 struct ScreenArea {
     QRect whole;
     QRect free;
 };
 
-/// Where the panel goes that a click at `click` opens: beside the edge that the tray lies at, as
-/// near to the click as the free area of its screen lets it. Where there was no click, it goes to
-/// the end of the edge with the desktop's panel on the first screen, where trays are. The size is
-/// cut to what is free. Requires: there is a screen. Safe from any thread.
+/// The panel's place for a click at `click`: beside the tray's edge, within the free area of the
+/// screen and as close to the click as possible. Without a click: the usual corner of a tray on the
+/// first screen. The size is limited to the free area. Requires: at least one screen. Safe from any
+/// thread.
 QRect panelPlace(const QSize& size, std::optional<QPoint> click, const QList<ScreenArea>& screens);
 
 }  // namespace TarnwickDirect

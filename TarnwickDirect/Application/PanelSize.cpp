@@ -18,7 +18,7 @@ QString textOf(const QSize& size)
     return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
 }
 
-/// Nothing unless it is as `textOf` writes it.
+/// Nothing if the text is not from `textOf`.
 std::optional<QSize> parsed(const QString& text)
 {
     constexpr int least = 10;

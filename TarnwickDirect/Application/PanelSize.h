@@ -6,11 +6,10 @@
 
 namespace TarnwickDirect {
 
-/// The panel's size in logical pixels, as the user left it. Stored under `panel.size` as text such
-/// as "440x620".
+/// The panel's last size in logical pixels, stored under `panel.size` as text such as "440x620".
 namespace PanelSize {
 
-/// What is stored, or, where that is nothing or makes no sense, the first size at this text scale.
+/// The stored size, or the default size at this text scale if missing or invalid.
 QSize read(const Tarnwick::DefaultsStore& store, double textScale);
 
 void write(Tarnwick::DefaultsStore& store, const QSize& size);

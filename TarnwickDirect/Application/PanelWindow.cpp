@@ -23,7 +23,7 @@ constexpr QSize smallestSize(360, 320);
 QList<ScreenArea> currentScreens()
 {
     QList<ScreenArea> areas;
-    // The primary screen stands first.
+    // The primary screen comes first.
     for (const QScreen* const screen : QGuiApplication::screens()) {
         areas.append({screen->geometry(), screen->availableGeometry()});
     }
@@ -38,7 +38,7 @@ PanelWindow::PanelWindow(
     , _keepsOpen(std::move(keepsOpen))
     , _appearance(appearance)
 {
-    // Before the title: Qt 6.8 asks at once for what assistive programs see, and keeps it.
+    // Before the title: setting it makes Qt 6.8 create and cache the accessible interface.
     installAccessiblePanel();
     setObjectName(QStringLiteral("panelWindow"));
     setWindowTitle(QStringLiteral("Tarnwick"));
@@ -80,7 +80,7 @@ void PanelWindow::applyForm()
     _form = _wantedForm;
     const bool isPanel = _form == Form::panel;
     _isTranslucent = isPanel && (!X11::isInUse() || X11::hasOwner(X11::compositorSelection()));
-    // These count when the native window is made, which is when it is next shown.
+    // Applied when the native window is next created.
     destroy();
     setAttribute(Qt::WA_TranslucentBackground, _isTranslucent);
     setAttribute(Qt::WA_NoSystemBackground, _isTranslucent);
@@ -174,8 +174,8 @@ bool PanelWindow::event(QEvent* event)
 
 bool PanelWindow::nativeEvent(const QByteArray& type, void* message, qintptr* result)
 {
-    // Qt takes a keyboard that is only borrowed for a focus that has left, 0.1 s later, and then
-    // does not tell when it really leaves.
+    // After 0.1 s Qt takes a keyboard grab for a lost focus, and then does not report when the
+    // focus is really lost.
     switch (X11::focusChange(type, message)) {
     case X11::FocusChange::none:
         break;
@@ -194,7 +194,7 @@ bool PanelWindow::nativeEvent(const QByteArray& type, void* message, qintptr* re
     return QWidget::nativeEvent(type, message, result);
 }
 
-/// The focus may have gone to another window of the program before it leaves.
+/// The focus may have moved to another window of the program before.
 void PanelWindow::applicationStateChanged(Qt::ApplicationState state)
 {
     if (state == Qt::ApplicationInactive && !isActiveWindow() && !X11::hasFocus()) {
@@ -207,8 +207,8 @@ void PanelWindow::focusLeft()
     if (_form != Form::panel || !isVisible()) {
         return;
     }
-    // Who has the focus now is known only when the event has been dealt with; by then the panel may
-    // have been hidden and shown anew.
+    // The new focus is only known after the event. By then the panel may have been hidden and shown
+    // again.
     const auto close = [this, presentation = _presentation] {
         if (presentation == _presentation) {
             closeUnlessKept();
@@ -262,7 +262,7 @@ void PanelWindow::changeEvent(QEvent* event)
 
 void PanelWindow::keyPressEvent(QKeyEvent* event)
 {
-    // What the content has no use for.
+    // Only if the content did not handle it.
     if (event->key() == Qt::Key_Escape && !_keepsOpen()) {
         leave();
         return;
@@ -290,7 +290,7 @@ void PanelWindow::hideEvent(QHideEvent* event)
     rememberSize();
     updateSight();
     if (_isWanted) {
-        // Whoever hid the window is not done with it yet.
+        // Deferred, because the code that hid the window is still running.
         QMetaObject::invokeMethod(this, &PanelWindow::steppedAside, Qt::QueuedConnection);
     }
 }
@@ -302,8 +302,8 @@ void PanelWindow::closeEvent(QCloseEvent* event)
         return;
     }
     _isWanted = false;
-    // Accepting hides the window and leaves the rest to whoever listens. Refusing would stand in
-    // the way of the session's end.
+    // Accepting hides the window; others react to `closed`. Refusing would block the end of the
+    // session.
     event->accept();
     QMetaObject::invokeMethod(this, &PanelWindow::closed, Qt::QueuedConnection);
 }

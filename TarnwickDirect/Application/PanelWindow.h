@@ -14,40 +14,40 @@
 
 namespace TarnwickDirect {
 
-/// The window that holds the panel's content. Main thread only.
+/// The window with the panel's content. Main thread only.
 class PanelWindow final : public QWidget {
     Q_OBJECT
 
 public:
     enum class Form {
-        panel,   ///< Without a frame, near the tray; closes when the focus leaves it.
-        window,  ///< An ordinary window, which the desktop frames and places.
+        panel,   ///< Frameless, near the tray; closes when it loses the focus.
+        window,  ///< An ordinary window with a frame.
     };
 
     using Clock = std::chrono::steady_clock;
 
-    /// How long after the focus has left the panel a click on the tray icon counts as the one that
-    /// took it, and opens nothing.
+    /// After a loss of focus, a click on the tray icon within this time counts as its cause and
+    /// does not open the panel again.
     static constexpr std::chrono::milliseconds clickThatClosed{300};
 
-    /// Takes the content over. `keepsOpen` tells whether the content has something up that must
-    /// not be closed when the focus leaves. Requires: `appearance` lives longer.
+    /// Takes ownership of the content. `keepsOpen` tells whether the panel must stay open without
+    /// the focus. Requires: `appearance` outlives it.
     PanelWindow(
         QWidget* content, std::function<bool()> keepsOpen, Tarnwick::Appearance& appearance);
 
     QWidget* content() const { return _content; }
 
-    /// Takes effect at once, or, while the window is in sight, when it next is not.
+    /// Takes effect at once, or when a visible window is next hidden.
     void setForm(Form form);
 
     Form form() const { return _form; }
 
-    /// The size to have when shown, as far as the screen allows.
+    /// The size to use when shown, as far as the screen allows.
     void setPreferredSize(const QSize& size);
 
     QSize preferredSize() const { return _preferredSize; }
 
-    /// What Esc does: minimizes the window or, as at first, closes it.
+    /// The effect of Esc: minimize, or close (the default).
     enum class Leaving {
         close,
         minimize
@@ -58,40 +58,38 @@ public:
     /// Does what Esc does.
     void leave();
 
-    /// Asked each time the user closes the window; while it says true, the window stays. It must
-    /// not do so once the program ends, because Qt ends no program whose windows stay.
+    /// Called each time the user closes the window; returning true keeps it open. Must return false
+    /// once the program ends, because Qt does not quit while windows stay open.
     void setKeepsFromClosing(std::function<bool()> keepsFromClosing);
 
-    /// Hides it, as closing does, but nobody is told that it was closed.
+    /// Hides the window without emitting `closed`.
     void dismiss();
 
-    /// Comes to the front with the focus; a panel is placed by the click, if there was one.
+    /// Shows the window in front with the focus. A panel is placed by the click, if any.
     void present(std::optional<QPoint> click, const PlatformData& platformData);
 
-    /// Shown and not minimised.
+    /// Shown and not minimized.
     bool isInSight() const { return _isInSight; }
 
-    /// Shown with the focus, and not minimised. A panel without the focus counts too.
+    /// In sight with the focus. A panel counts even without the focus.
     bool isInFront() const;
 
-    /// Whether a click on the tray icon at this time is the one that took the focus away.
+    /// Whether a click on the tray icon at this time caused the loss of focus.
     bool hasJustLostFocus(Clock::time_point now = Clock::now()) const;
 
 Q_SIGNALS:
-    /// It came in sight or went, minimised windows being out of sight.
+    /// `isInSight` changed.
     void shown();
     void hidden();
-    /// Its first picture since it came in sight is on the screen: the time for what the user need
-    /// not wait for.
+    /// Emitted after the first frame since the window came in sight, for work that can wait.
     void painted();
-    /// It is hidden, neither by its user nor by `dismiss`: something that was opened from it wants
-    /// the place.
+    /// The window was hidden to make room for something opened from it.
     void steppedAside();
-    /// The user closed the window, which is hidden now.
+    /// The user closed the window, which is now hidden.
     void closed();
-    /// The user pressed Ctrl+Q, whatever has the focus in the window.
+    /// The user pressed Ctrl+Q.
     void quitRequested();
-    /// The user gave it another size.
+    /// The user resized the window.
     void preferredSizeChanged();
 
 protected:
@@ -127,11 +125,11 @@ private:
     Leaving _leaving = Leaving::close;
     bool _isTranslucent = false;
     QSize _preferredSize;
-    QSize _givenSize;  ///< What the window was last shown with.
+    QSize _givenSize;  ///< The size when it was last shown.
     bool _isInSight = false;
-    bool _awaitsPainting = false;  ///< From when it came in sight to its first picture.
+    bool _awaitsPainting = false;  ///< True from coming in sight until the first frame.
     bool _isFocusBorrowed = false;
-    bool _isWanted = false;     ///< Presented, and neither closed nor dismissed since.
+    bool _isWanted = false;     ///< Presented, and not closed or dismissed since.
     quint64 _presentation = 0;  ///< Counts the calls of `present`.
     std::optional<QPoint> _lastClick;
     std::optional<Clock::time_point> _focusLost;

@@ -6,24 +6,24 @@
 
 namespace TarnwickDirect {
 
-/// What a launcher hands on so that the window it asks for may come to the front. Both may be
-/// empty. Safe from any thread.
+/// The launcher's data that lets a window come to the front. Both may be empty. Safe from any
+/// thread.
 struct PlatformData {
-    QString activationToken;  ///< On Wayland.
-    QString startupId;        ///< On X11, by the startup notification protocol.
+    QString activationToken;  ///< For Wayland.
+    QString startupId;        ///< For X11.
 
     bool operator==(const PlatformData&) const = default;
 
-    /// From and to the last argument of the methods of org.freedesktop.Application.
+    /// Converts from and to the argument `platform_data` of org.freedesktop.Application.
     static PlatformData from(const QVariantMap& map);
     QVariantMap toMap() const;
 
-    /// What this process was started with. Requires: there is no `QApplication` yet, which takes
-    /// these variables out of the environment.
+    /// The data of this process. Requires: no `QApplication` exists yet, because it removes these
+    /// variables from the environment.
     static PlatformData fromEnvironment();
 
-    /// The time of the user's action within the startup id, in the X server's milliseconds; 0 when
-    /// there is none.
+    /// The X server's time of the user's action, in milliseconds, from the startup id; 0 if it has
+    /// none.
     quint32 startupTime() const;
 };
 

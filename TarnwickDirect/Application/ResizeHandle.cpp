@@ -33,7 +33,7 @@ ResizeHandle::ResizeHandle(Qt::Edges edges, QWidget* window)
 QList<ResizeHandle*> ResizeHandle::makeAll(QWidget* window)
 {
     QList<ResizeHandle*> grips;
-    // Corners come last, to lie above the edges.
+    // Corners come last, on top of the edges.
     for (const Qt::Edges edges :
          {Qt::Edges(Qt::TopEdge),
           Qt::Edges(Qt::BottomEdge),

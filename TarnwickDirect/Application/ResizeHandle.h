@@ -4,19 +4,18 @@
 
 namespace TarnwickDirect {
 
-/// An edge or a corner of a window without a frame, by which the user changes its size. It shows
-/// nothing but the pointer's form. Main thread only.
+/// An invisible handle at an edge or corner of a frameless window, for resizing. Main thread only.
 class ResizeHandle final : public QWidget {
 public:
     ResizeHandle(Qt::Edges edges, QWidget* window);
 
-    /// One grip for each edge and corner of the window.
+    /// One handle for each edge and corner.
     static QList<ResizeHandle*> makeAll(QWidget* window);
 
-    /// Where the grip of these edges lies in a window of this size.
+    /// The place of a handle in a window of this size.
     static QRect place(Qt::Edges edges, const QSize& window);
 
-    /// To be called when the window's size has changed.
+    /// Call after the window was resized.
     void moveToEdge();
 
 protected:

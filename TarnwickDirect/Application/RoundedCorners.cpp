@@ -52,7 +52,7 @@ void RoundedCorners::paintEvent(QPaintEvent* /*event*/)
 
 void RoundedCorners::resizeEvent(QResizeEvent* /*event*/)
 {
-    // Scrolling below it stays cheap where the mask says that nothing lies over it.
+    // The mask keeps scrolling below the overlay cheap.
     setMask(squares(size()));
 }
 

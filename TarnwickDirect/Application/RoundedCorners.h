@@ -5,23 +5,22 @@
 
 namespace TarnwickDirect {
 
-/// Rounds off the window that it lies over, above everything else there but the border. It lets the
-/// pointer through. Main thread only.
+/// An overlay that rounds the corners of a window, below its border only. Transparent for the
+/// pointer. Main thread only.
 class RoundedCorners final : public QWidget {
 public:
     static constexpr int radius = 16;
 
     explicit RoundedCorners(QWidget* window);
 
-    /// What stands in the corners of a translucent window is cleared away. In those of an opaque
-    /// one, which are cut off at whole pixels, it is covered with the border's black, or the steps
-    /// of the cut would shine.
+    /// The corners of a translucent window are cleared. Those of an opaque one, which is masked at
+    /// whole pixels, are painted in the border's black to hide the steps of the mask.
     void setTranslucent(bool isTranslucent);
 
-    /// The corners' squares in an area of this size, outside of which nothing is touched.
+    /// The corner squares of an area of this size; nothing else is painted.
     static QRegion squares(const QSize& size);
 
-    /// A shape of this size with round corners, for windows that cannot be translucent.
+    /// The mask of an opaque window.
     static QRegion shape(const QSize& size);
 
 protected:

@@ -12,19 +12,18 @@ namespace TarnwickDirect {
 namespace {
 
 constexpr int busLimit = 2'000;       ///< Milliseconds for the bus itself.
-constexpr int instanceLimit = 5'000;  ///< Milliseconds for another Tarnwick, which may be starting.
+constexpr int instanceLimit = 5'000;  ///< Milliseconds for another instance, which may be starting.
 
-/// How often the process with the name may go away before it is asked.
+/// The name's owner may disappear this often before it is called.
 constexpr int attempts = 5;
 
-/// What the bus makes of a request for a name.
 enum class Claim {
     granted,
     taken,
     impossible,
 };
 
-/// A call of the bus itself that is about the program's name.
+/// A call to the bus about the program's name.
 QDBusMessage nameCall(const char* member)
 {
     return QDBusMessage::createMethodCall(
@@ -67,7 +66,7 @@ QDBusMessage messageFor(ShowPanel::Manner manner, const PlatformData& platformDa
     return call("Activate") << platformData.toMap();
 }
 
-/// Whether the process that holds the name took the message; nothing when nobody holds it any more.
+/// Whether the name's owner took the message; nothing if there is no owner any more.
 std::optional<bool> deliver(const QDBusConnection& bus, const QDBusMessage& message)
 {
     const QDBusMessage reply = bus.call(message, QDBus::Block, instanceLimit);
@@ -81,8 +80,8 @@ std::optional<bool> deliver(const QDBusConnection& bus, const QDBusMessage& mess
     default:
         break;
     }
-    // The bus answers "NoReply" in the place of a process that ends meanwhile, and Qt says the same
-    // when the time is up. Only in the first case the name is free.
+    // "NoReply" means either that the owner ended or a timeout. The name is free only if the owner
+    // ended.
     return claimName(bus) == Claim::granted ? std::nullopt : std::optional<bool>(false);
 }
 

@@ -7,21 +7,18 @@
 
 namespace TarnwickDirect {
 
-/// How a start of the program goes on.
 enum class Start {
-    first,      ///< This process is the one that others will find.
-    forwarded,  ///< Another one runs and has been told what was asked for.
+    first,      ///< This process owns the name.
+    forwarded,  ///< A running instance took the request.
 };
 
-/// Takes the program's name on the bus, or has the process that holds it do what was asked for.
-/// Where there is no bus, every start is the first. Blocks, for a few seconds at most: to be called
-/// once, at the start, when the object that answers is registered already. Throws
-/// `std::runtime_error` when another process holds the name and does not answer.
+/// Claims the program's bus name, or forwards the request to the process that owns it. Without a
+/// bus every process is the first. Blocks for a few seconds at most. Call once, after the bus
+/// object is registered. Throws `std::runtime_error` when the owner does not answer.
 Start startOrForward(
     const QDBusConnection& bus, ShowPanel::Manner manner, const PlatformData& platformData);
 
-/// Lets another process have the name. The bus does so before it passes on anything that is sent
-/// later. Waits for nothing.
+/// Releases the name. Later messages can no longer reach this process by it. Does not block.
 void giveUpName(const QDBusConnection& bus);
 
 }  // namespace TarnwickDirect

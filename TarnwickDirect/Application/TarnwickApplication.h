@@ -2,14 +2,14 @@
 
 namespace TarnwickDirect {
 
-/// What the program needs before anything of it is on screen.
+/// Set-up before the first window.
 namespace TarnwickApplication {
 
-/// Makes the bundled fonts known. To be called once, before the first window and the first
-/// notification. Main thread only.
+/// Registers the bundled fonts. Call once, before the first window and the first notification. Main
+/// thread only.
 void initialize();
 
-/// What lists of windows show. It takes several milliseconds to draw.
+/// The icon in window lists. Takes several milliseconds.
 void setWindowIcon();
 
 }  // namespace TarnwickApplication

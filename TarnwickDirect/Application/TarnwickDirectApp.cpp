@@ -33,18 +33,18 @@ namespace {
 /// Stored: do not rename.
 constexpr std::string_view closingExplainedKey = "window.closingExplained";
 
-/// How long a program that the bus has started waits for the next question.
+/// The idle time after which a program started by the bus ends.
 constexpr std::chrono::seconds answersFor{30};
 
-/// Fonts are to be known before the first widget asks for one.
+/// Registers the fonts before the first widget is created.
 PullRequestMenuModel::Collaborators initialized(PullRequestMenuModel::Collaborators collaborators)
 {
     TarnwickApplication::initialize();
     return collaborators;
 }
 
-/// The same goes for the style, and for what assistive programs see: Qt 6.8 asks for that while a
-/// widget is being made, and keeps it.
+/// Likewise for the style and the accessible interfaces, which Qt 6.8 caches when a widget is
+/// created.
 Tarnwick::Appearance& styled()
 {
     Tarnwick::installAccessibleParts();
@@ -57,7 +57,7 @@ std::string nameOf(const PullRequestKit::PullRequestID& id)
     return id.repository + "#" + std::to_string(id.number);
 }
 
-/// Windows of Wayland are placed by the compositor.
+/// On Wayland the compositor places windows.
 bool canPlaceWindows()
 {
     return X11::isInUse();
@@ -109,7 +109,7 @@ TarnwickDirectApp::~TarnwickDirectApp()
     _service.remove(_gnomeSearch);
     _service.remove(_krunnerSearch);
     _service.status().setOpen({});
-    // What the window tells while it goes finds nobody any more.
+    // Signals from the window's destruction must not arrive here.
     _window.disconnect(this);
     _trayHost.disconnect(this);
     _updateManager.disconnect(this);
@@ -135,7 +135,7 @@ void TarnwickDirectApp::connectPanel()
     connect(_view, &PullRequestMenuView::closingConfirmed, &_window, &QWidget::close);
     connect(_view, &PullRequestMenuView::quitRequested, this, &TarnwickDirectApp::quitRequested);
     connect(_view, &PullRequestMenuView::attentionRequested, this, [this] {
-        // It made room for what did not come.
+        // The window made room for something that failed to open.
         if (!_window.isInSight()) {
             _window.present(std::nullopt, {});
         }
@@ -155,7 +155,7 @@ void TarnwickDirectApp::connectPanel()
     _window.setKeepsFromClosing([this] { return explainsClosing(); });
     qApp->installEventFilter(this);
     connect(&_window, &PanelWindow::steppedAside, this, [this] {
-        // Without an icon there would be nothing left to click.
+        // Without an icon the user could not reach the program.
         if (!_trayHost.isPresent()) {
             _window.showMinimized();
         }
@@ -168,7 +168,7 @@ void TarnwickDirectApp::connectPanel()
     });
 }
 
-/// A refresh takes many times the memory of what it leaves.
+/// A refresh uses many times the memory that its result needs.
 void TarnwickDirectApp::connectMemory()
 {
     // By then the snapshot is on disk, too.
@@ -234,7 +234,7 @@ SearchSource TarnwickDirectApp::searchSource()
             }};
 }
 
-/// Somebody asks: a program that is there for that alone is needed for another while.
+/// A program that only answers calls stays for another while.
 void TarnwickDirectApp::answer()
 {
     if (_isAnswering) {
@@ -242,7 +242,7 @@ void TarnwickDirectApp::answer()
     }
 }
 
-/// From now on it is the program that the user has started.
+/// The program now counts as started by the user.
 void TarnwickDirectApp::wakeUp()
 {
     if (std::exchange(_isAnswering, false)) {
@@ -263,7 +263,7 @@ void TarnwickDirectApp::show(const PlatformData& platformData)
     }
 }
 
-/// With the tray known, the window has its form from the beginning.
+/// Deferred until the tray is known, so that the window has the right form from the start.
 void TarnwickDirectApp::presentWhenSettled(const PlatformData& platformData)
 {
     connect(
@@ -274,7 +274,7 @@ void TarnwickDirectApp::presentWhenSettled(const PlatformData& platformData)
         Qt::SingleShotConnection);
 }
 
-/// From outside of the panel, which may be open and stays so. Whether one of the rows is meant.
+/// Opens a page from outside of the panel, which stays open. Returns whether a row matches.
 bool TarnwickDirectApp::openListed(const std::function<bool(const PullRequestRow&)>& isMeant)
 {
     const auto& rows = _model.rows();
@@ -282,7 +282,7 @@ bool TarnwickDirectApp::openListed(const std::function<bool(const PullRequestRow
     if (found == rows.end()) {
         return false;
     }
-    // The visit has the rows made anew.
+    // A copy, because the visit replaces the rows.
     const PullRequestKit::PullRequest pullRequest = found->pullRequest;
     _model.recordVisit(pullRequest.id);
     _model.navigation().open(pullRequest.url, {}, Tarnwick::PanelFate::stays);
@@ -292,7 +292,7 @@ bool TarnwickDirectApp::openListed(const std::function<bool(const PullRequestRow
 void TarnwickDirectApp::connectUpdates(ApplicationService& service)
 {
     service.setChecksForUpdates(_updateManager.hasUpdater());
-    // A call that has started the program comes before the manager has heard that it can check.
+    // A call that started the program comes before the update manager is ready.
     connect(
         &service,
         &ApplicationService::checkForUpdatesRequested,
@@ -332,7 +332,7 @@ TarnwickMenuContent TarnwickDirectApp::menuContent()
     return content;
 }
 
-/// One that runs already is shown to whoever asks for another.
+/// A check that is already running is brought to the front.
 void TarnwickDirectApp::checkForUpdates(const PlatformData& platformData)
 {
     wakeUp();
@@ -353,7 +353,7 @@ void TarnwickDirectApp::start(ShowPanel::Manner manner, const PlatformData& plat
     }
     _staysInBackground = manner == ShowPanel::Manner::background;
     if (_staysInBackground) {
-        // Nobody opens the list, but its icon and its notifications are to be right.
+        // The list is hidden, but the icon and notifications need its data.
         _model.menuOpened();
     } else {
         presentWhenSettled(platformData);
@@ -390,7 +390,7 @@ void TarnwickDirectApp::makeTrayItem()
 
 void TarnwickDirectApp::trayClicked()
 {
-    // Hosts that take the focus have closed the panel before they tell of the click.
+    // Tray hosts that take the focus have closed the panel before they report the click.
     if (!_window.hasJustLostFocus()) {
         toggle(QCursor::pos(), {});
     }
@@ -415,7 +415,7 @@ void TarnwickDirectApp::reload()
 
 void TarnwickDirectApp::panelClosed()
 {
-    // A window that is gone for good would leave a program that nobody sees.
+    // A closed window without a tray icon would leave an invisible program.
     if (!_trayHost.isPresent() && !outlivesItsWindow()) {
         Q_EMIT quitRequested();
     }
@@ -426,7 +426,7 @@ bool TarnwickDirectApp::outlivesItsWindow() const
     return _staysInBackground || Tarnwick::notifies(_model.settings());
 }
 
-/// Tells once what closing the window does where nothing of the program stays in sight.
+/// Explains once what closing the window does if no tray icon remains.
 bool TarnwickDirectApp::explainsClosing()
 {
     if (_isEnding || _trayHost.isPresent() || _staysInBackground || !outlivesItsWindow()
@@ -441,7 +441,7 @@ bool TarnwickDirectApp::explainsClosing()
     return isShown;
 }
 
-/// Of the panel and of menus, before they are first seen.
+/// For the panel and for menus, before they are first shown.
 void TarnwickDirectApp::castShadow(QObject* shown)
 {
     const bool isMenu = qobject_cast<Tarnwick::Menu*>(shown) != nullptr;

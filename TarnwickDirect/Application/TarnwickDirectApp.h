@@ -24,16 +24,16 @@
 
 namespace TarnwickDirect {
 
-/// The application record: the model, the panel on it, the icon in the tray, the object on the bus
-/// and the update manager, and how they act on each other. Ending it ends what runs, child
-/// processes included. Main thread only.
+/// The application: the model, the panel, the tray icon, the bus object and the update manager,
+/// connected to each other. Destruction cancels all work, including child processes. Main thread
+/// only.
 class TarnwickDirectApp final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(TarnwickDirectApp)
 
 public:
-    /// Nothing is in sight yet, and the service of which others may ask waits. `makeUpdater` is
-    /// empty where the program has no updater. Requires: `service` lives longer.
+    /// Shows nothing yet, and keeps calls of the service waiting. `makeUpdater` is empty without an
+    /// updater. Requires: `service` outlives it.
     TarnwickDirectApp(
         Tarnwick::PullRequestMenuModel::Collaborators collaborators,
         const QDBusConnection& bus,
@@ -41,10 +41,10 @@ public:
         const MakeUpdater& makeUpdater);
     ~TarnwickDirectApp() override;
 
-    /// Looks for a tray and then does what the user started the program for.
+    /// Looks for a tray, then does what the user asked for.
     void start(ShowPanel::Manner manner, const PlatformData& platformData);
 
-    /// Asks everything that runs to stop, child processes included, and waits for nothing.
+    /// Cancels all work, including child processes, without waiting.
     void stop();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -86,16 +86,16 @@ private:
     StatusFeed _status;
     Tarnwick::Appearance& _appearance;
     Tarnwick::DesktopPreferences _preferences;
-    PlatformData _checkRequest;  ///< What the last check that was asked for came with.
+    PlatformData _checkRequest;  ///< Of the last requested check.
     UpdateManager _updateManager;
-    Tarnwick::PullRequestMenuView* _view = nullptr;  ///< The window's.
+    Tarnwick::PullRequestMenuView* _view = nullptr;  ///< Owned by the window.
     PanelWindow _window;
     TrayHost _trayHost;
     std::unique_ptr<TrayItem> _trayItem;
     ApplicationService& _service;
     GnomeSearch _gnomeSearch;
     KRunnerSearch _krunnerSearch;
-    QTimer _unneeded;  ///< Runs while the program only answers, and ends it.
+    QTimer _unneeded;  ///< Ends a program that only answers calls.
     bool _isAnswering = false;
     bool _staysInBackground = false;
     bool _isEnding = false;

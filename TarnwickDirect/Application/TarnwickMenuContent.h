@@ -6,16 +6,15 @@
 
 namespace TarnwickDirect {
 
-/// The panel's content as the program has it: what the shell knows of software updates goes in, and
-/// the menu view on the shared model comes out. Main thread only.
+/// Creates the panel's content and tells it about software updates. Main thread only.
 struct TarnwickMenuContent {
     bool canCheckForUpdates = false;
-    std::function<void()> checkForUpdates;  ///< Empty where the program has no updater.
+    std::function<void()> checkForUpdates;  ///< Empty without an updater.
 
-    /// Requires: `model` lives longer than the view.
+    /// Requires: `model` outlives the view.
     Tarnwick::PullRequestMenuView* makeView(Tarnwick::PullRequestMenuModel& model) const;
 
-    /// Has a view that was made before follow.
+    /// Updates an existing view.
     void update(Tarnwick::PullRequestMenuView& view) const;
 };
 

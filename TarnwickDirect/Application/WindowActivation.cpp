@@ -7,8 +7,8 @@
 namespace TarnwickDirect {
 namespace {
 
-/// Shown in the front of others by the token, which Qt takes from the environment when it asks the
-/// compositor. It must lie there by itself: Qt 6.4 has no other way for it.
+/// Qt takes the token from the environment when it asks the compositor. Qt 6.4 has no other way to
+/// pass it.
 void passOn(const QString& activationToken)
 {
     if (!activationToken.isEmpty()) {

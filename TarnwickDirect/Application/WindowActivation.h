@@ -6,8 +6,8 @@ class QWidget;
 
 namespace TarnwickDirect {
 
-/// Shows a window, minimised or hidden before, in front of the others and gives it the focus, as
-/// far as what the launcher handed on allows that. Main thread only.
+/// Shows a hidden or minimized window in front with the focus, as far as the launcher's data
+/// allows. Main thread only.
 void bringToFront(QWidget& window, const PlatformData& platformData);
 
 }  // namespace TarnwickDirect

@@ -18,7 +18,7 @@ constexpr int blur = 48;
 constexpr double lightStrength = 0.22;
 constexpr double darkStrength = 0.5;
 
-/// The blur is worked out at a fourth of the size, where nobody sees the difference.
+/// The blur is computed at a fourth of the size, without a visible difference.
 constexpr int reduction = 4;
 
 QPainterPath rounded(const QRectF& rectangle, double radius)
@@ -30,7 +30,7 @@ QPainterPath rounded(const QRectF& rectangle, double radius)
 
 using Row = std::vector<int>;
 
-/// The mean over `reach` values at either side.
+/// Replaces each value with the mean of `reach` values on either side.
 void smooth(Row& values, int reach)
 {
     const Row before = values;
@@ -48,7 +48,7 @@ void smooth(Row& values, int reach)
     }
 }
 
-/// Three means in a row are as good as a bell curve.
+/// Three box blurs approximate a Gaussian.
 void blurRow(Row& values)
 {
     constexpr int reach = blur / reduction / 3;
@@ -80,7 +80,7 @@ void blurImage(QImage& alpha)
     }
 }
 
-/// What is covered by a window of this size, blurred, at a fourth of the size.
+/// The blurred coverage of a window, at a fourth of the size.
 QImage blurred(const QSize& whole, const QRect& window, double radius)
 {
     QImage coverage(
@@ -99,7 +99,7 @@ QImage blurred(const QSize& whole, const QRect& window, double radius)
 
 }  // namespace
 
-/// Not a widget, so that neither the focus nor a screen reader finds it.
+/// Not a widget, so that it has no focus and no accessible interface.
 class WindowShadow::Surface final : public QRasterWindow {
 public:
     Surface()
@@ -184,7 +184,7 @@ bool WindowShadow::isShown() const
     return _surface && _surface->isVisible();
 }
 
-/// Above all other windows, it would fall on those that come in front of the panel.
+/// Only for a window in front: the shadow stays on top and would cover other windows.
 bool WindowShadow::isWanted() const
 {
     const bool isInFront = _window.windowType() == Qt::Popup || _window.isActiveWindow();
@@ -216,7 +216,7 @@ bool WindowShadow::eventFilter(QObject* watched, QEvent* event)
     case QEvent::WindowActivate:
     case QEvent::WindowDeactivate:
     case QEvent::WindowStateChange:
-        // The window has dealt with it by then.
+        // Deferred until the window has handled the event.
         QMetaObject::invokeMethod(this, &WindowShadow::follow, Qt::QueuedConnection);
         break;
     default:

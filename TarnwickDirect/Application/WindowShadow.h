@@ -11,26 +11,24 @@ class QRasterWindow;
 
 namespace TarnwickDirect {
 
-/// The shadow around a window with round corners, where the window system blends windows and draws
-/// no shadow of its own. It is a window beside it that lets the pointer through, so that neither
-/// the size nor the place of the other one changes. Window managers are asked to draw none.
-/// Main thread only.
+/// Draws a shadow around a rounded window if the window system blends windows but draws no shadow.
+/// It is a separate window that ignores the pointer, so the window's size and place stay the same.
+/// Asks window managers not to draw their own. Main thread only.
 class WindowShadow final : public QObject {
     Q_OBJECT
 
 public:
-    /// Belongs to `window`, which is a top-level one. Requires: `appearance` lives longer.
+    /// Becomes a child of `window`, a top-level one. Requires: `appearance` outlives it.
     WindowShadow(QWidget& window, double radius, const Tarnwick::Appearance& appearance);
     ~WindowShadow() override;
 
-    /// Where the shadow of a window at this place is seen.
+    /// The place of the shadow of a window at this place.
     static QRect place(const QRect& window);
 
-    /// The shadow of a window of this size, as large as `place` says, with a hole where the window
-    /// is; black with the alpha that the shadow has in this appearance.
+    /// The shadow of a window of this size, as large as `place` says, with a hole for the window.
+    /// Black with varying alpha.
     static QImage picture(const QSize& window, double radius, bool isDark);
 
-    /// Whether it is in sight.
     bool isShown() const;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -44,7 +42,7 @@ private:
     QWidget& _window;
     double _radius;
     const Tarnwick::Appearance& _appearance;
-    std::unique_ptr<Surface> _surface;  ///< From when it was first in sight.
+    std::unique_ptr<Surface> _surface;  ///< Created when first shown.
 };
 
 }  // namespace TarnwickDirect

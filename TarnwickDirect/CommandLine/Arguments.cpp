@@ -34,9 +34,8 @@ Every request is a run of the GitHub CLI (gh); sign in with: gh auth login
 "list" exits with 0 if the refresh succeeded and 1 if not; invalid usage with 2.
 )";
 
-/// The words of one command, taken apart into options and the rest. An option that is given to the
-/// constructor with a "=" at its end takes a value, after a "=" or as the next word. A lone "--"
-/// ends the options.
+/// The arguments of a command, split into options and other words. Options passed to the
+/// constructor with a final "=" take a value, after "=" or as the next word. "--" ends the options.
 class Words {
 public:
     Words(const std::vector<std::string>& words, std::initializer_list<std::string_view> options)
@@ -58,7 +57,7 @@ public:
 
     bool has(std::string_view option) const { return value(option).has_value(); }
 
-    /// The last value of an option that was given; empty for one that takes none.
+    /// The last value of an option; empty for an option without values.
     std::optional<std::string> value(std::string_view option) const
     {
         std::optional<std::string> found;
@@ -179,7 +178,7 @@ Command parseRepositories(std::vector<std::string> words)
     return ListRepositories{parsed.has("--json")};
 }
 
-/// What stands without a command.
+/// Parses arguments without a command.
 Command parseOptions(const std::vector<std::string>& arguments)
 {
     const Words parsed(arguments, {"--version", "--background", "--toggle", "--service"});

@@ -15,14 +15,14 @@ struct ShowHelp {};
 
 struct ShowVersion {};
 
-/// `tarnwick` without a command: the program on the desktop.
+/// `tarnwick` without a command.
 struct ShowPanel {
     enum class Manner {
-        show,        ///< Start it, or bring the running one into sight.
+        show,        ///< Start it, or show the running instance.
         background,  ///< `--background`: start it without its panel.
-        toggle,      ///< `--toggle`: show the panel of the running one, or hide it.
-        /// `--service`, as the bus starts it: out of sight, without asking GitHub, and only for as
-        /// long as it is asked something, unless its panel is wanted.
+        toggle,      ///< `--toggle`: show or hide the panel.
+        /// `--service`, as started by the bus: hidden, without refreshes, and only while it is
+        /// called, unless the panel is requested.
         service,
     };
 
@@ -32,9 +32,9 @@ struct ShowPanel {
 /// `tarnwick list`
 struct ListPullRequests {
     bool asJson = false;
-    bool isCached = false;  ///< `--cached`: what was last known, without asking.
-    bool byTurn = false;    ///< `--by-turn`: whatever the setting says.
-    /// `--reviewers`: in the place of the setting, for once.
+    bool isCached = false;  ///< `--cached`: the stored list, without a refresh.
+    bool byTurn = false;    ///< `--by-turn`: overrides the setting.
+    /// `--reviewers`: overrides the setting.
     std::optional<Tarnwick::ReviewerFilter> reviewers = std::nullopt;
 };
 
@@ -70,7 +70,7 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// What the words after the program's name ask for. Throws `UsageError`.
+/// Throws `UsageError`.
 Command parseArguments(const std::vector<std::string>& arguments);
 
 /// The text of `--help`.

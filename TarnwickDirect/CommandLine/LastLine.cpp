@@ -19,7 +19,7 @@ bool isPipe(int descriptor)
     return ::fstat(descriptor, &status) == 0 && S_ISFIFO(status.st_mode);
 }
 
-/// What holds for the descriptor now, of these events.
+/// The pending events of the descriptor.
 short eventsOf(int descriptor, short events)
 {
     pollfd entry{.fd = descriptor, .events = events, .revents = 0};
@@ -33,12 +33,12 @@ LastLine::LastLine(int descriptor, QObject* parent)
     , _descriptor(descriptor)
     , _room(descriptor, QSocketNotifier::Write)
 {
-    // Writing to a reader that is gone yields an error instead.
+    // Writing to a closed pipe returns an error instead.
     std::signal(SIGPIPE, SIG_IGN);
     _room.setEnabled(false);
     connect(&_room, &QSocketNotifier::activated, this, &LastLine::pump);
     if (isPipe(descriptor)) {
-        // Nothing is ever to be read from this end: it tells that the other one was closed.
+        // The write end becomes readable only when the reader closes the pipe.
         _reader = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
         connect(_reader.get(), &QSocketNotifier::activated, this, &LastLine::lookForReader);
     }
@@ -56,7 +56,7 @@ void LastLine::write(std::string text)
     pump();
 }
 
-/// Whether a piece of up to PIPE_BUF bytes can be written without waiting.
+/// Whether up to PIPE_BUF bytes can be written without blocking.
 bool LastLine::isWritable() const
 {
     return (eventsOf(_descriptor, POLLOUT) & (POLLOUT | POLLERR)) != 0;

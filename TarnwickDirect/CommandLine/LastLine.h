@@ -10,9 +10,9 @@
 
 namespace TarnwickDirect {
 
-/// Standard output for a reader that wants the last line alone. A reader that is slow or does not
-/// read at all blocks nothing: of the lines that wait for it only the last one is kept. The end of
-/// the reader is noticed at once, without anything being written. Main thread only.
+/// Standard output for a reader that only needs the latest line. Never blocks: a line that cannot
+/// be written yet is replaced by the next one. Notices at once when the reader closes the pipe.
+/// Main thread only.
 class LastLine final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(LastLine)
@@ -22,11 +22,11 @@ public:
     explicit LastLine(int descriptor, QObject* parent = nullptr);
     ~LastLine() override = default;
 
-    /// Writes the text and the end of the line, as soon as the reader takes it.
+    /// Writes the text and a line feed as soon as possible.
     void write(std::string text);
 
 Q_SIGNALS:
-    /// Nothing more can be written; the error's number, or EPIPE when nobody reads.
+    /// Writing has failed. `error` is EPIPE when the reader is gone.
     void ended(int error);
 
 private:

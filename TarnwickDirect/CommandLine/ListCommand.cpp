@@ -26,7 +26,7 @@ using Tarnwick::PullRequestMenuModel;
 
 namespace {
 
-/// The same settings, of which one has the value with this name for once.
+/// Overrides one setting.
 template<typename Value>
 void setForOnce(
     std::shared_ptr<Tarnwick::DefaultsStore>& defaults, std::string_view key, Value value)
@@ -37,7 +37,7 @@ void setForOnce(
         Tarnwick::IniValue::encodeText(PullRequestKit::nameOf(value)));
 }
 
-/// The user's settings and cache. What is listed for other reviewers is not kept.
+/// The user's settings and cache. A list for other reviewers is not stored.
 PullRequestMenuModel::Collaborators collaborators(const ListPullRequests& command)
 {
     auto parts = Tarnwick::standardCollaborators(environment());
@@ -57,7 +57,7 @@ bool isLoaded(const PullRequestMenuModel& model)
     return model.state().kind == MenuState::Kind::loaded && !model.refreshError();
 }
 
-/// Makes one refresh and says meanwhile what it does. A signal stops it.
+/// Refreshes once and reports the progress. A signal stops it.
 void refreshOnce(PullRequestMenuModel& model, const SignalHandler& signalHandler)
 {
     ProgressLine progress;
@@ -78,7 +78,7 @@ void refreshOnce(PullRequestMenuModel& model, const SignalHandler& signalHandler
     }
 }
 
-/// What there is to say beside the rows.
+/// Prints what there is to say besides the rows.
 void explain(const PullRequestMenuModel& model)
 {
     const MenuState& state = model.state();

@@ -5,8 +5,8 @@
 
 namespace TarnwickDirect {
 
-/// Makes one refresh as opening the panel does and prints what it shows. Yields the exit status: 0
-/// when the list is loaded without an error, else 1. Runs the event loop.
+/// Refreshes and prints the list like the panel. Returns the exit status: 0 if the list was loaded
+/// without an error, else 1. Runs the event loop.
 int listPullRequests(const ListPullRequests& command, const SignalHandler& signalHandler);
 
 }  // namespace TarnwickDirect

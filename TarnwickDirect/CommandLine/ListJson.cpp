@@ -14,7 +14,7 @@ using Tarnwick::PullRequestMenuModel;
 
 namespace {
 
-/// A refresh has ended by the time a list is written, so only four states are left.
+/// The states that are possible after a refresh.
 std::string_view stateName(MenuState::Kind kind)
 {
     switch (kind) {
@@ -62,7 +62,7 @@ boost::json::array texts(const std::vector<SharedText>& names)
     return list;
 }
 
-/// Null where the names behind the counts are not known.
+/// Null when unknown.
 boost::json::value detailsOf(const PullRequestMenuModel& model, const PullRequestID& id)
 {
     const auto found = model.list().details()->find(id);
@@ -94,7 +94,7 @@ void addTurn(boost::json::object& row, const Turn& turn)
     }
 }
 
-/// What stands behind the rows.
+/// The part after the rows.
 boost::json::object footer(const PullRequestMenuModel& model)
 {
     const Tarnwick::HiddenCounts& hidden = model.list().hidden();

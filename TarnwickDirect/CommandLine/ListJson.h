@@ -7,9 +7,8 @@
 
 namespace TarnwickDirect {
 
-/// Writes the list, and what the model tells beside it, as one JSON object and a line feed. Rows
-/// are written one at a time, so that a long list takes little memory. Texts are other people's, as
-/// they are.
+/// Writes the list and the model's state as a JSON object and a line feed. Rows are written one at
+/// a time to save memory. Texts are unmodified and untrusted.
 void writeListJson(
     std::ostream& stream, const Tarnwick::PullRequestMenuModel& model, const ShownList& list);
 

@@ -16,13 +16,13 @@ namespace {
 constexpr std::string_view gap = "  ";
 constexpr int gapWidth = 2;
 
-/// Titles that have this much need no further line for their details.
+/// With this width for titles, details stay on the same line.
 constexpr int ampleTitle = 50;
 
-/// Reasons are shortened to half of the terminal, of which this much is enough.
+/// Reasons are limited to half of the terminal and to this many columns.
 constexpr int ampleReason = 40;
 
-/// Without a terminal titles are not cut, but longer ones do not move the other rows' columns.
+/// Without a terminal titles are not cut, but longer ones do not widen the column.
 constexpr int alignedTitle = 72;
 
 struct Entry {
@@ -32,9 +32,9 @@ struct Entry {
     Cell warning;
 };
 
-/// Where things stand when each pull request has one line.
+/// The columns when each pull request has one line.
 struct Columns {
-    int title = 0;  ///< With the tree in front of it.
+    int title = 0;  ///< Includes the tree.
     std::vector<int> details;
 };
 
@@ -77,7 +77,7 @@ std::vector<Entry> entriesOf(
     return entries;
 }
 
-/// As wide as what stands in them.
+/// The widths of the contents.
 Columns naturalColumns(const std::vector<Entry>& entries)
 {
     Columns columns;
@@ -92,7 +92,7 @@ Columns naturalColumns(const std::vector<Entry>& entries)
     return columns;
 }
 
-/// How wide the column of titles has to be so that each of them has its share of the terminal.
+/// The width of the title column that gives each title its share of the terminal.
 int neededTitleColumn(const std::vector<Entry>& entries, int terminalColumns)
 {
     const int share = std::min((terminalColumns + 1) / 2, ampleTitle);
@@ -103,7 +103,7 @@ int neededTitleColumn(const std::vector<Entry>& entries, int terminalColumns)
     return needed;
 }
 
-/// The list with one line to a pull request.
+/// Prints one line per pull request.
 class OneLineEach {
 public:
     OneLineEach(Columns columns, const TerminalTraits& terminal)
@@ -157,7 +157,7 @@ private:
     TerminalTraits _terminal;
 };
 
-/// A pull request with its title on the first line and the rest on as many lines as it takes.
+/// Prints the title on the first line and the details on further ones.
 std::string drawFolded(const Entry& entry, const TerminalTraits& terminal)
 {
     const int treeLimit = terminal.columns / 2;
@@ -188,7 +188,7 @@ std::string drawFolded(const Entry& entry, const TerminalTraits& terminal)
     return text + "\n";
 }
 
-/// The headings of the groups that begin at this row, as whole lines.
+/// The heading lines before this row.
 std::string drawHeading(const ShownList& list, std::size_t row, const TerminalTraits& terminal)
 {
     std::string text;
@@ -206,8 +206,7 @@ std::string drawHeading(const ShownList& list, std::size_t row, const TerminalTr
     return text;
 }
 
-/// Where things stand when each pull request has one line; nothing where that leaves the titles too
-/// little.
+/// The columns for one line per pull request; nothing if the titles get too narrow.
 std::optional<Columns> columnsOf(const std::vector<Entry>& entries, const TerminalTraits& terminal)
 {
     Columns columns = naturalColumns(entries);

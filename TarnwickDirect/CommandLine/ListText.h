@@ -8,12 +8,11 @@
 
 namespace TarnwickDirect {
 
-/// The rows as a tree for a terminal: number and title, repository, state, reviews, checks; a
-/// warning stands below. By whose turn, each group has its heading, and the reason stands in front
-/// of the repository. No line is wider than the terminal. Titles keep half of its width, of which
-/// 50 columns are enough: where that leaves too little for the details, these stand on lines of
-/// their own. Without a terminal nothing is cut and each pull request has one line. `isVisited`
-/// tells which pull requests the user has seen since they changed.
+/// Formats the rows as a tree: number and title, repository, state, reviews and checks, with
+/// warnings below. By turn, groups have headings, and the reason precedes the repository. Lines do
+/// not exceed the terminal's width. Titles get half of the width but need at most 50 columns; if
+/// the details do not fit beside them, they go on further lines. Without a terminal nothing is cut
+/// and each pull request has one line.
 std::string listText(
     const ShownList& list,
     const std::function<bool(const PullRequestKit::PullRequest&)>& isVisited,

@@ -14,7 +14,7 @@ constexpr std::string_view lastBranch = "└─ ";
 constexpr std::string_view nothing = "   ";
 constexpr std::string_view ellipsis = "…  ";
 
-/// Whether a later row stands on the same level under the same parent.
+/// Whether a later row has the same parent.
 bool hasLaterSibling(std::span<const PullRequestRow> rows, std::size_t index)
 {
     const std::int64_t depth = rows[index].depth;

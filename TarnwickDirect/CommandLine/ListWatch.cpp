@@ -17,7 +17,7 @@ using Tarnwick::PullRequestMenuModel;
 
 namespace {
 
-/// The cache is replaced as a whole, so there is nothing to wait for.
+/// The cache is replaced as a whole, so a short delay is enough.
 constexpr std::chrono::milliseconds cacheRest{20};
 
 }  // namespace
@@ -43,7 +43,7 @@ ListWatch::ListWatch(WatchFormat format, LastLine& output)
     show();
 }
 
-/// The model shows what lies on disk as soon as it is made. It is gone before it could ask GitHub.
+/// A new model shows what is on disk. It is destroyed before it could refresh.
 void ListWatch::readFiles()
 {
     {
@@ -60,14 +60,14 @@ void ListWatch::readFiles()
                 model,
                 {model.rows(), model.list().arranged()->turns, model.list().arranged()->groups});
             _json = text.str();
-            _json.pop_back();  // The end of the line.
+            _json.pop_back();  // The line feed.
         }
     }
     Memory::giveBack();
 }
 
-/// A program that has not fetched anything yet knows less than the files. Files that no program
-/// renews are stale when two refreshes have been left out.
+/// Before its first refresh, the program knows less than the files. Without a program, the files
+/// are stale after two missed refreshes.
 Status ListWatch::current()
 {
     _staleTimer.stop();

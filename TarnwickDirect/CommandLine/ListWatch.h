@@ -15,14 +15,14 @@
 
 namespace TarnwickDirect {
 
-/// Writes a line for each state of the list: the numbers are those of the running program; what
-/// stands on disk tells the rest, and everything where no program runs. Main thread only.
+/// Writes a line for each state of the list. The numbers come from the running program, the rest,
+/// and everything without a running program, from the files. Main thread only.
 class ListWatch final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(ListWatch)
 
 public:
-    /// Requires: `output` lives longer.
+    /// Requires: `output` outlives it.
     ListWatch(WatchFormat format, LastLine& output);
     ~ListWatch() override = default;
 
@@ -36,11 +36,11 @@ private:
     RunningProgram _program;
     Tarnwick::FileWatcher _cache;
     Tarnwick::FileWatcher _settings;
-    QTimer _staleTimer;  ///< Runs only while no program does.
+    QTimer _staleTimer;  ///< Active only without a running program.
     std::vector<PullRequestKit::PullRequestRow> _rows;
     std::vector<PullRequestKit::Turn> _turns;
     Status _onDisk;
-    std::chrono::seconds _interval{0};  ///< Between two refreshes.
+    std::chrono::seconds _interval{0};  ///< The polling interval.
     std::string _json;
     std::string _shown;
 };

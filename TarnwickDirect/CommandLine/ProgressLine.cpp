@@ -20,7 +20,7 @@ ProgressLine::ProgressLine()
 void ProgressLine::show(std::string_view text)
 {
     if (_terminal.canErase) {
-        // What reaches the last column may wrap, and then only its end could be taken back.
+        // A full line may wrap, and then could not be erased completely.
         std::cerr << eraseLine << elided(text, _terminal.columns - 1) << std::flush;
         _isShown = true;
     }

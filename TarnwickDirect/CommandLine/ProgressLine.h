@@ -6,8 +6,8 @@
 
 namespace TarnwickDirect {
 
-/// One line on standard error that says what is being waited for and goes again. Nothing is shown
-/// where standard error is no terminal or one that cannot erase.
+/// A temporary progress line on standard error. Shows nothing if that is not a terminal or cannot
+/// erase.
 class ProgressLine {
 public:
     ProgressLine();

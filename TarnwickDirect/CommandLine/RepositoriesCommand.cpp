@@ -25,8 +25,7 @@ namespace {
 
 using Repositories = std::vector<RepositorySummary>;
 
-/// Lists the repositories. Blocks. Throws `ProviderError` with what the user has to do when `gh` is
-/// missing or not signed in.
+/// Blocks. Throws `ProviderError` with advice for the user when `gh` is missing or not signed in.
 Repositories askForRepositories(const PullRequestProvider& provider, std::stop_token stopToken)
 {
     const AuthenticationStatus status = provider.authenticationStatus(stopToken);
@@ -39,8 +38,8 @@ Repositories askForRepositories(const PullRequestProvider& provider, std::stop_t
     return provider.repositories(stopToken);
 }
 
-/// Lists the repositories while the event loop runs. Nothing, when that failed and has been said
-/// or when a signal has stopped it.
+/// Fetches the repositories while running the event loop. Nothing after a reported error or a
+/// signal.
 std::optional<Repositories> fetchRepositories(
     const std::shared_ptr<const PullRequestProvider>& provider, const SignalHandler& signalHandler)
 {
@@ -88,7 +87,7 @@ std::set<std::string> namesOf(const Repositories& repositories)
     return names;
 }
 
-/// The first of the names that is not among the known ones.
+/// The first unknown name.
 std::optional<std::string> firstUnknown(
     const std::vector<std::string>& names, const std::set<std::string>& known)
 {

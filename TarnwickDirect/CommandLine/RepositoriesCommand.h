@@ -5,13 +5,13 @@
 
 namespace TarnwickDirect {
 
-/// Lists the available repositories and marks the selected ones. Yields the exit status: 0, or 1
-/// with a sentence on standard error when they cannot be listed, or that of `StandardOutput`. Runs
-/// the event loop.
+/// Lists the available repositories and marks the selected ones. Returns the exit status: 0, 1 with
+/// a message on standard error, or that of `StandardOutput`. Runs the event loop.
 int listRepositories(const ListRepositories& command, const SignalHandler& signalHandler);
 
-/// Selects or unselects. A name that GitHub did not list changes nothing and yields 1, as do
-/// repositories that cannot be listed and settings that cannot be written. Runs the event loop.
+/// Selects or unselects repositories. Returns 1 and changes nothing for a name that GitHub did not
+/// list, or when the repositories cannot be listed or the settings not be written. Runs the event
+/// loop.
 int changeSelection(const ChangeSelection& command, const SignalHandler& signalHandler);
 
 }  // namespace TarnwickDirect

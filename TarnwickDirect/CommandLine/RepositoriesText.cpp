@@ -34,7 +34,7 @@ std::string details(const RepositorySummary& repository)
     return singleLine(text);
 }
 
-/// How wide the names are that the details stand beside, which is at most half of the terminal.
+/// The width of the column of names, at most half of the terminal.
 int nameColumn(const std::vector<RepositorySummary>& repositories, int terminalColumns)
 {
     int width = 0;

@@ -9,9 +9,8 @@
 
 namespace TarnwickDirect {
 
-/// The repositories for a terminal, one to a line, the selected ones marked. Names are never cut,
-/// for they are there to be typed; details that do not fit beside one stand below it. Safe from any
-/// thread.
+/// One repository per line, with the selected ones marked. Names are never cut, because users
+/// retype them; details that do not fit go below. Safe from any thread.
 std::string repositoriesText(
     const std::vector<PullRequestKit::RepositorySummary>& repositories,
     const std::set<std::string>& selected,

@@ -8,11 +8,11 @@
 
 namespace TarnwickDirect {
 
-/// What a command prints of the list. Requires: what is referred to outlives this.
+/// The list as printed by a command. Requires: everything referred to outlives it.
 struct ShownList {
     std::span<const PullRequestKit::PullRequestRow> rows;
-    std::span<const PullRequestKit::Turn> turns = {};  ///< One for each row; empty by review state.
-    std::span<const Tarnwick::TurnGroup> groups = {};  ///< Likewise.
+    std::span<const PullRequestKit::Turn> turns = {};  ///< One per row; empty by review state.
+    std::span<const Tarnwick::TurnGroup> groups = {};  ///< Empty by review state.
 };
 
 }  // namespace TarnwickDirect

@@ -13,10 +13,11 @@
 namespace TarnwickDirect {
 namespace {
 
-/// A terminal that goes away says so to this program, and no longer to its children.
+/// A closed terminal sends SIGHUP to this program but not to its children, which have sessions of
+/// their own.
 constexpr int endingSignals[] = {SIGHUP, SIGINT, SIGTERM};
 
-/// Where the handler writes; all that it may use.
+/// Set for the handler, which may use nothing else.
 std::atomic<int> pipeEnd = -1;
 static_assert(std::atomic<int>::is_always_lock_free);
 
@@ -24,12 +25,12 @@ void handle(int number)
 {
     const int savedError = errno;
     const auto byte = static_cast<unsigned char>(number);
-    // A full pipe has told of enough signals already.
+    // A full pipe already holds enough notifications.
     [[maybe_unused]] const auto written = ::write(pipeEnd, &byte, 1);
     errno = savedError;
 }
 
-/// `nohup` has it ignored, which holds.
+/// Keeps SIGHUP ignored, as set by `nohup`.
 bool isKept(int number)
 {
     struct sigaction current{};
@@ -37,7 +38,7 @@ bool isKept(int number)
     return number == SIGHUP && current.sa_handler == SIG_IGN;
 }
 
-/// The signals are let through too, whatever the parent had done with them.
+/// Also unblocks the signals, which the parent may have blocked.
 void setHandlers(void (*handler)(int))
 {
     struct sigaction action{};
@@ -60,7 +61,7 @@ void setHandlers(void (*handler)(int))
 
 SignalHandler::SignalHandler()
 {
-    // Where a parent had it ignored, ended children would vanish together with their statuses.
+    // If SIGCHLD is ignored, exit statuses of children are lost.
     std::signal(SIGCHLD, SIG_DFL);
     int ends[2] = {-1, -1};
     if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) {
@@ -86,7 +87,7 @@ void SignalHandler::read()
     unsigned char byte = 0;
     while (::read(_descriptor, &byte, 1) == 1) {
         if (_signal) {
-            // Whoever asks a second time does not want to wait for a child that takes its time.
+            // With a second signal the user does not want to wait for slow children.
             endProcess();
         }
         _signal = byte;

@@ -8,9 +8,8 @@
 
 namespace TarnwickDirect {
 
-/// Turns SIGHUP, SIGINT and SIGTERM into a call on the main thread. The signals are handled and not
-/// blocked, so programs that this one starts get them as usual. Requires: an event loop, and no
-/// other instance.
+/// Reports SIGHUP, SIGINT and SIGTERM on the main thread. The signals are not blocked, so child
+/// processes receive them as usual. Requires: an event loop, and no other instance.
 class SignalHandler final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(SignalHandler)
@@ -19,10 +18,11 @@ public:
     SignalHandler();
     ~SignalHandler() override;
 
-    /// The signal that has come, if one has.
+    /// The signal received, if any.
     std::optional<int> signal() const { return _signal; }
 
-    /// Ends the process by the signal that has come, as its parent expects. Requires: one has.
+    /// Ends the process with the received signal, as its parent expects. Requires: one was
+    /// received.
     [[noreturn]] void endProcess() const;
 
 Q_SIGNALS:

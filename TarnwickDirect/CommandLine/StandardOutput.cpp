@@ -15,11 +15,11 @@ namespace {
 
 constexpr int statusOfSignal = 128;
 
-/// Whether writing can go on after this error.
+/// Whether writing can be retried after this error.
 bool isPassing(int error)
 {
     if (error == EAGAIN) {
-        // Somebody who shares the stream has made it non-blocking.
+        // Another process that shares the stream has made it non-blocking.
         pollfd waiting{.fd = STDOUT_FILENO, .events = POLLOUT, .revents = 0};
         ::poll(&waiting, 1, -1);
         return true;
@@ -27,7 +27,7 @@ bool isPassing(int error)
     return error == EINTR;
 }
 
-/// Yields 0 or the error.
+/// Returns 0 or the error.
 int write(std::string_view text)
 {
     while (!text.empty()) {
@@ -47,7 +47,7 @@ void StandardOutput::holdPlaces()
 {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (::fcntl(stream, F_GETFD) == -1 && errno == EBADF) {
-            // It gets the lowest free number, which is this one. Children inherit it.
+            // Gets the lowest free number, which is this one. Inheritable.
             static_cast<void>(::open("/dev/null", O_RDONLY));
         }
     }
@@ -88,7 +88,7 @@ StandardOutput::int_type StandardOutput::overflow(int_type character)
     return traits_type::not_eof(character);
 }
 
-/// What comes after an error is dropped.
+/// After an error, output is dropped.
 int StandardOutput::sync()
 {
     if (_error == 0) {

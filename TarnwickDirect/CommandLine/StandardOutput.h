@@ -6,14 +6,13 @@
 
 namespace TarnwickDirect {
 
-/// Standard output as the commands use it: what cannot be printed is noticed. While one lives, a
-/// reader that goes away does not end the process, which may have files to finish. Main thread
-/// only.
+/// Standard output with error reporting. While an instance exists, a reader that goes away does not
+/// end the process, which may still have to write files. Main thread only.
 class StandardOutput final : private std::streambuf {
 public:
-    /// Gives each of the three standard streams that the parent has closed a stand-in on which
-    /// reading yields nothing and writing fails. Otherwise the next file that is opened, such as
-    /// the cache, gets the stream's number and what is printed. Call it before any file is opened.
+    /// Opens a placeholder for each standard stream that the parent has closed; reading from it
+    /// yields nothing, and writing fails. Otherwise the next opened file, such as the cache, would
+    /// get the stream's number and its output. Call before any file is opened.
     static void holdPlaces();
 
     StandardOutput();
@@ -21,11 +20,11 @@ public:
     StandardOutput& operator=(const StandardOutput&) = delete;
     ~StandardOutput() override;
 
-    /// What is written here is printed by `finish` at the latest.
+    /// Flushed by `finish` at the latest.
     std::ostream& stream() { return _stream; }
 
-    /// Yields 0, or the exit status after a failure: 1, with the reason on standard error, or that
-    /// of a process that SIGPIPE has ended when nobody reads any more, which needs no words.
+    /// Returns 0 or an exit status: 1 with a message on standard error, or silently that of SIGPIPE
+    /// if the reader is gone.
     int finish();
 
 private:

@@ -26,7 +26,7 @@ std::string utf8(const icu::UnicodeString& text)
     return bytes;
 }
 
-/// A terminal that does not tell its width has the usual one.
+/// Used when the terminal does not report its width.
 constexpr int usualColumns = 80;
 
 constexpr UChar32 replacement = 0xFFFD;
@@ -37,7 +37,7 @@ bool isIn(UChar32 character, UChar32 first, UChar32 last)
     return character >= first && character <= last;
 }
 
-/// Asks for the colored form of the character before it, which takes two columns.
+/// Selects the colored form of the character before it, which takes two columns.
 constexpr UChar32 emojiSelector = 0xFE0F;
 
 bool isSteering(UChar32 character)
@@ -46,8 +46,7 @@ bool isSteering(UChar32 character)
            || character == 0x2028 || character == 0x2029;
 }
 
-/// Whether a character of the category of invisible ones is drawn all the same, by some terminals
-/// at least: the marks of annotations and those that join hieroglyphs.
+/// Format characters that some terminals draw: annotation marks and hieroglyph joiners.
 bool isDrawnFormat(UChar32 character)
 {
     return character == softHyphen || isIn(character, 0xFFF9, 0xFFFB)
@@ -55,7 +54,7 @@ bool isDrawnFormat(UChar32 character)
            || u_hasBinaryProperty(character, UCHAR_PREPENDED_CONCATENATION_MARK) != 0;
 }
 
-/// Numbers and hexagrams that terminals draw wide, though Unicode 15 did not say so.
+/// Characters that terminals draw wide although Unicode 15 did not say so: numbers and hexagrams.
 bool isDrawnWide(UChar32 character)
 {
     return isIn(character, 0x3248, 0x324F) || isIn(character, 0x4DC0, 0x4DFF)
@@ -74,7 +73,7 @@ int columnsOf(UChar32 character)
     return width == U_EA_WIDE || width == U_EA_FULLWIDTH || isDrawnWide(character) ? 2 : 1;
 }
 
-/// Of the characters from `first` up to `last`, which are those of whole clusters.
+/// Requires: the range consists of whole clusters.
 int columnsOf(const icu::UnicodeString& text, std::int32_t first, std::int32_t last)
 {
     int columns = 0;

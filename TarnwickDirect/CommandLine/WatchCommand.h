@@ -5,9 +5,9 @@
 
 namespace TarnwickDirect {
 
-/// `tarnwick watch`: prints the state of the list at once and again at every change, one line each,
-/// until nobody reads any more or a signal comes. Follows the running program, or the files where
-/// none runs. Asks GitHub nothing and starts nothing. Returns the exit status.
+/// `tarnwick watch`: prints a line with the state of the list now and after every change, until the
+/// reader is gone or a signal arrives. Follows the running program, or else the files. Sends no
+/// requests and starts nothing. Returns the exit status.
 int watch(const WatchList& command, const SignalHandler& signalHandler);
 
 }  // namespace TarnwickDirect

@@ -4,17 +4,17 @@
 
 namespace TarnwickDirect {
 
-/// What reads the lines of `tarnwick watch`.
+/// The reader of `tarnwick watch`.
 enum class WatchFormat {
     json,    ///< A script.
     waybar,  ///< Waybar's module "custom" with "return-type": "json".
     i3,      ///< i3status-rust's block "custom" with json = true.
-    line,    ///< A bar that shows the last line as it is.
+    line,    ///< A bar that shows the last line unchanged.
 };
 
 }  // namespace TarnwickDirect
 
-// Words of the command line.
+// Values on the command line.
 template<>
 struct PullRequestKit::EnumNames<TarnwickDirect::WatchFormat> {
     static constexpr auto names = enumNames<TarnwickDirect::WatchFormat>({

@@ -15,7 +15,7 @@ using namespace PullRequestKit;
 
 namespace {
 
-/// What is the case, the most urgent first: a list that may be wrong says so before all.
+/// The most urgent first; a list that may be outdated is reported before all else.
 enum class Situation {
     stale,
     waiting,
@@ -34,7 +34,7 @@ Situation situationOf(const Status& status)
     return status.blocked > 0 ? Situation::blocked : Situation::calm;
 }
 
-/// Waybar's class, by which a user's style sheet colors the module.
+/// Waybar's CSS class.
 std::string_view nameOf(Situation situation)
 {
     switch (situation) {
@@ -97,10 +97,10 @@ std::string summary(const WatchedList& list, const QDateTime& now, const QLocale
     return statusText(list.status, now, locale).toStdString();
 }
 
-/// More rows than this would not fit on a screen.
+/// Enough to fit on a screen.
 constexpr std::size_t tooltipRows = 20;
 
-/// The summary, and below it what waits for the user, each on a line of its own.
+/// The summary and a line for each pull request that waits for the user.
 std::string tooltip(const WatchedList& list, const QDateTime& now, const QLocale& locale)
 {
     std::string text = summary(list, now, locale);
@@ -121,7 +121,7 @@ std::string tooltip(const WatchedList& list, const QDateTime& now, const QLocale
     return markup(text);
 }
 
-/// How many of a hundred listed ones wait for the user.
+/// The percentage of pull requests that wait for the user.
 std::int64_t percentage(const Status& status)
 {
     return status.listed > 0 ? std::int64_t{100} * status.waitingOnYou / status.listed : 0;

@@ -13,16 +13,15 @@
 
 namespace TarnwickDirect {
 
-/// What a bar shows of the list.
+/// The list as shown by a bar.
 struct WatchedList {
     Status status;
     std::span<const PullRequestKit::PullRequestRow> rows;
-    std::span<const PullRequestKit::Turn> turns;  ///< One for each of the rows.
+    std::span<const PullRequestKit::Turn> turns;  ///< One per row.
 };
 
-/// One line for a bar, without its end. Strangers' texts are escaped as the bar's markup wants it
-/// and have no control or direction characters. Requires: the format is not `json`. Safe from any
-/// thread.
+/// One line for a bar, without line feed. Untrusted texts are escaped for the bar's markup and have
+/// no control or direction characters. Requires: the format is not `json`. Safe from any thread.
 std::string watchLine(
     WatchFormat format, const WatchedList& list, const QDateTime& now, const QLocale& locale);
 

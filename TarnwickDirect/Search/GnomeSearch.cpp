@@ -86,7 +86,7 @@ QStringList GnomeSearch::keysOf(const QStringList& terms) const
     return keys;
 }
 
-/// Results that are not listed any more are left out.
+/// Leaves out results that are not listed any more.
 QList<QVariantMap> GnomeSearch::describe(const QStringList& keys) const
 {
     QHash<QString, const PullRequestRow*> rows;
@@ -123,7 +123,7 @@ bool GnomeSearch::handle(const QDBusMessage& call, const QDBusConnection& bus)
     return true;
 }
 
-/// Requires: the arguments are the method's.
+/// Requires: arguments of the right types.
 void GnomeSearch::answer(const QDBusMessage& call, const QDBusConnection& bus)
 {
     const auto reply = [&](const QVariant& value) { bus.send(call.createReply(value)); };

@@ -5,7 +5,7 @@
 
 namespace TarnwickDirect {
 
-/// The search of GNOME's overview: org.gnome.Shell.SearchProvider2. Main thread only.
+/// org.gnome.Shell.SearchProvider2, the search of GNOME's overview. Main thread only.
 class GnomeSearch final : public BusInterface {
 public:
     explicit GnomeSearch(SearchSource source);

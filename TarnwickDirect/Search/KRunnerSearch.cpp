@@ -16,13 +16,13 @@ namespace {
 
 constexpr const char* interface = "org.kde.krunner1";
 
-/// More would push the launcher's other results off the screen.
+/// More would crowd out the launcher's other results.
 constexpr std::size_t mostMatches = 10;
 
 /// The entry that opens the panel.
 const QString allKey = QStringLiteral("all");
 
-/// As the launcher numbers its kinds of matches.
+/// The type `PossibleMatch` of the D-Bus interface.
 constexpr int possibleMatch = 30;
 
 struct Match {
@@ -65,7 +65,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, Action& /*action*
     return argument;  // NOLINT(bugprone-return-const-ref-from-parameter): nobody sends one.
 }
 
-/// The launcher takes some markup for its own.
+/// The launcher interprets some markup.
 QString escaped(const QString& text)
 {
     return text.toHtmlEscaped();
@@ -108,7 +108,7 @@ void KRunnerSearch::match(const QDBusMessage& call, const QDBusConnection& bus) 
         if (static_cast<std::size_t>(matches.size()) == mostMatches) {
             break;
         }
-        // The order of the list, which is what relevance there is.
+        // Decreasing, so that the list's order is kept.
         const double relevance = 0.9 - 0.01 * static_cast<double>(matches.size());
         matches.append(
             {.id = QString::fromStdString(row->id().storageKey()),

@@ -5,7 +5,7 @@
 
 namespace TarnwickDirect {
 
-/// The search of Plasma's launcher: org.kde.krunner1. Main thread only.
+/// org.kde.krunner1, the search of Plasma's launcher. Main thread only.
 class KRunnerSearch final : public BusInterface {
 public:
     explicit KRunnerSearch(SearchSource source);
@@ -17,7 +17,7 @@ private:
     void match(const QDBusMessage& call, const QDBusConnection& bus) const;
 
     SearchSource _source;
-    QString _text;  ///< What was last looked for.
+    QString _text;  ///< The last search text.
 };
 
 }  // namespace TarnwickDirect

@@ -9,15 +9,14 @@
 
 namespace TarnwickDirect {
 
-/// What the launcher's search asks, and what it can have done. All are required. Main thread only.
+/// The data and actions of the launcher search. All are required. Main thread only.
 struct SearchSource {
     std::function<std::span<const PullRequestKit::PullRequestRow>()> rows;
 
-    /// Opens the page of a row, by its storage key. Of one that is not listed any more nothing
-    /// comes.
+    /// Opens the page of a row by its storage key. Ignores unknown keys.
     std::function<void(const QString& key)> open;
 
-    /// Shows the panel with this text to be found.
+    /// Shows the panel with this search text.
     std::function<void(const QString& text)> showAll;
 };
 

@@ -21,7 +21,7 @@ std::optional<std::uint64_t> lengthIn(const QString& text)
     return isNumber ? std::optional<std::uint64_t>(length) : std::nullopt;
 }
 
-/// By its name with the prefix, for feeds declare all kinds of namespaces under it.
+/// Looks up the qualified name, because feeds bind the prefix to various namespaces.
 QString attribute(const QXmlStreamReader& xml, QStringView name)
 {
     for (const QXmlStreamAttribute& attribute : xml.attributes()) {
@@ -32,8 +32,8 @@ QString attribute(const QXmlStreamReader& xml, QStringView name)
     return {};
 }
 
-/// The place for the text of an element or attribute of an item, or none. What an item says beside
-/// its enclosures is in `common`.
+/// Where to store the text of an element or attribute of an item; null if it is ignored. `common`
+/// holds what the item says outside of its enclosures.
 QString* placeFor(QStringView name, AppcastItem& item, AppcastEnclosure& common)
 {
     const std::pair<QStringView, QString*> places[] = {
@@ -99,7 +99,7 @@ AppcastItem readItem(QXmlStreamReader& xml)
     return item;
 }
 
-/// Goes to the root element, before which a document type declaration stands.
+/// Moves to the root element; a document type declaration would come before it.
 void enterDocument(QXmlStreamReader& xml)
 {
     while (!xml.atEnd() && !xml.isStartElement()) {
@@ -158,7 +158,7 @@ Appcast readAppcast(const QByteArray& feed)
             }
         }
     }
-    // What follows the root element is read as well, so that garbage there is noticed.
+    // Reads to the end to detect garbage after the root element.
     while (!xml.atEnd()) {
         xml.readNext();
     }

@@ -17,7 +17,7 @@ constexpr std::chrono::seconds feedTimeLimit{60};
 
 const QString errorTitle = QStringLiteral("Update Error");
 
-/// Lets go of an object that may be the one that is calling.
+/// Deletes an object that may be the caller.
 template<typename Object>
 void discard(std::unique_ptr<Object>& object)
 {
@@ -27,7 +27,7 @@ void discard(std::unique_ptr<Object>& object)
     }
 }
 
-/// What a feed gives: an update, none, or the message of what is wrong with the feed.
+/// The result of a feed: an update, none, or an error message.
 using Finding = std::variant<UpdateOffer, NoUpdate, QString>;
 
 Finding findingOf(const QByteArray& feed, const UpdateNeeds& needs)
@@ -99,8 +99,8 @@ QCoro::Task<> AppcastUpdater::check(Occasion occasion, std::stop_token stopToken
     }
 }
 
-/// The package may have been replaced since this process began, by the installer that it was handed
-/// to or by hand. Later checks compare with what would run after the next start.
+/// The package may have been updated since this process started. Later checks compare with the
+/// version that a restart would run.
 void AppcastUpdater::noteInstalledPackage()
 {
     if (compareVersions(_installation.packageVersion, _host.version) > 0) {
@@ -146,7 +146,7 @@ QCoro::Task<> AppcastUpdater::choose(std::stop_token stopToken)
     }
 }
 
-/// Whoever asks for a check hears of a skipped version as well.
+/// A check by the user reports skipped versions, too.
 UpdateNeeds AppcastUpdater::needs() const
 {
     return {
@@ -209,7 +209,7 @@ QNetworkAccessManager& AppcastUpdater::network()
     return *_network;
 }
 
-/// With it end its threads and its connections. One of its replies may be the one that is calling.
+/// Ends the network's threads and connections. Deferred, because a reply may be the caller.
 void AppcastUpdater::endNetwork()
 {
     if (_network && !_fetch && !_download) {

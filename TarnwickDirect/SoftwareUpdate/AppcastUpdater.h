@@ -10,9 +10,8 @@
 
 namespace TarnwickDirect {
 
-/// Finds, downloads and verifies updates from a feed. What the user sees and does is here, and how
-/// it looks elsewhere. Main thread only. Destroying the object ends what runs and leaves nothing
-/// behind.
+/// Finds, downloads and verifies updates from a feed. Holds the state and actions of the user
+/// interface. Destruction cancels all work and removes temporary files. Main thread only.
 class AppcastUpdater final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(AppcastUpdater)
@@ -21,51 +20,50 @@ public:
     struct Settings {
         UpdateSource source;
         QString systemVersion;  ///< The kernel's, such as "6.1.0".
-        std::function<Installation(std::stop_token)> findInstallation;  ///< Called on a worker.
+        std::function<Installation(std::stop_token)>
+            findInstallation;  ///< Called on a worker thread.
     };
 
-    /// Requires: the delegate lives longer.
+    /// Requires: the delegate outlives it.
     AppcastUpdater(ModuleHost host, Settings settings, UpdaterDelegate& delegate);
     ~AppcastUpdater() override;
 
-    /// Whether the user can ask for a check now.
+    /// Whether the user can start a check now.
     bool canCheckForUpdates() const;
 
-    /// A check that the user asked for. Does nothing while none is possible.
+    /// Starts a check by the user. Does nothing while none is possible.
     void checkForUpdates();
 
-    /// A check that nobody asked for, where a downloaded package could be installed and the user
-    /// sees nothing that it could disturb.
+    /// Starts an automatic check, if a package could be installed and no update is being shown.
     void checkInBackground();
 
     const UpdateState& state() const { return _state; }
 
-    /// As the last check found it.
+    /// From the last check.
     const Installation& installation() const { return _installation; }
 
-    /// Ends the check or the download that the user sees.
+    /// Cancels the visible check or download.
     void cancel();
 
-    /// The user has read what is shown, or wants to be reminded of the update later.
+    /// Closes the current message, or postpones the update.
     void dismiss();
 
-    /// The user does not want to hear of this version again, unless by asking for a check.
-    /// Requires: an update is available that is not critical.
+    /// Skips this version in automatic checks. Requires: a non-critical update is available.
     void skip();
 
-    /// Downloads and verifies. Requires: an update is available, and this installation takes
+    /// Downloads and verifies. Requires: an update is available, and the installation takes
     /// packages.
     void install();
 
-    /// For the end of the process: removes an unfinished download and touches nothing else, of
-    /// which parts may be gone already. No other call may follow.
+    /// Removes an unfinished download. Call at the end of the process, when other parts may be gone
+    /// already; no other call may follow.
     void stop();
 
 Q_SIGNALS:
     void canCheckForUpdatesChanged(bool canCheckForUpdates);
     void stateChanged();
 
-    /// A verified package file waits for the system's installer.
+    /// A verified package is ready for the system's installer.
     void packageReady(const std::filesystem::path& file);
 
 private:
@@ -94,11 +92,11 @@ private:
     ModuleHost _host;
     Settings _settings;
     UpdaterDelegate& _delegate;
-    std::unique_ptr<QNetworkAccessManager> _network;  ///< While something is fetched.
+    std::unique_ptr<QNetworkAccessManager> _network;  ///< Only during transfers.
     Installation _installation;
     UpdateState _state;
-    QString _installedVersion;          ///< What runs after a restart, where that is newer.
-    std::optional<Occasion> _occasion;  ///< Of the check that runs.
+    QString _installedVersion;          ///< The version after a restart, if newer.
+    std::optional<Occasion> _occasion;  ///< Of the running check.
     std::unique_ptr<HttpsFetch> _fetch;
     QByteArray _feed;
     std::unique_ptr<UpdateDownload> _download;

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::chrono::seconds timeLimit{30};
 
-/// How soon a program that is no longer wanted is noticed.
+/// How often the stop token is checked.
 constexpr int milliseconds = 50;
 
 }  // namespace

@@ -8,12 +8,11 @@
 
 namespace TarnwickDirect {
 
-/// What a program prints, or an empty text when it fails, takes more than 30 seconds, is not there,
-/// or is no longer wanted. Blocks; call on a worker thread.
+/// The output of a program; empty if it fails, is missing, exceeds 30 seconds or is stopped.
+/// Blocks; call on a worker thread.
 QString outputOf(
     const QString& program, const QStringList& arguments, const std::stop_token& stopToken);
 
-/// Runs a program as `outputOf` does.
 using RunCommand = std::function<QString(const QString& program, const QStringList& arguments)>;
 
 }  // namespace TarnwickDirect

@@ -49,7 +49,7 @@ QCoro::Task<> DailySchedule::run(std::stop_token stopToken)
     }
 }
 
-/// A time in the future is not one at which anything was checked.
+/// Ignores a last check in the future.
 std::chrono::milliseconds DailySchedule::untilDue() const
 {
     const auto now = _clock->now();

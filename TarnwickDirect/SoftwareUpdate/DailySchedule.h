@@ -9,17 +9,17 @@
 
 namespace TarnwickDirect {
 
-/// Says when a check is due that nobody asks for: 24 hours after the last one of any kind, but not
-/// in the first minute. In between it sleeps. Main thread only.
+/// Reports when an automatic check is due: 24 hours after the last check of any kind, but not in
+/// the first minute. Main thread only.
 class DailySchedule {
 public:
-    /// Requires: all are there.
+    /// Requires: no null arguments.
     DailySchedule(
         std::shared_ptr<Tarnwick::DefaultsStore> defaults,
         std::shared_ptr<Tarnwick::Clock> clock,
         std::function<void()> onDue);
 
-    /// A check begins now, whoever asked for it.
+    /// Call when any check begins.
     void noteCheck();
 
 private:

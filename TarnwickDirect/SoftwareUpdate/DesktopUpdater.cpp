@@ -13,7 +13,7 @@
 namespace TarnwickDirect {
 namespace {
 
-/// Has the program that opens files of any kind open the package, if there is one.
+/// Opens the package with the desktop's default program, if there is one.
 void openPackage(const std::filesystem::path& package)
 {
     QProcess opener;

@@ -5,12 +5,12 @@
 
 namespace TarnwickDirect {
 
-/// An updater with its dialog, which opens packages in the system's installer. Main thread only.
+/// An updater with a dialog. Opens packages in the system's installer. Main thread only.
 class DesktopUpdater final : public UpdaterController {
 public:
     using OpenPackage = std::function<void(const std::filesystem::path&)>;
 
-    /// Requires: the delegate lives longer.
+    /// Requires: the delegate outlives it.
     DesktopUpdater(
         const ModuleHost& host,
         AppcastUpdater::Settings settings,
@@ -29,7 +29,7 @@ public:
 
     AppcastUpdater& updater() { return _updater; }
 
-    /// Made when it is first needed.
+    /// Created on first use.
     UpdateDialog& dialog();
 
 private:
@@ -41,8 +41,8 @@ private:
     std::unique_ptr<UpdateDialog> _dialog;
 };
 
-/// An updater of this program as it runs on this system. The caller owns it. Requires: the delegate
-/// lives longer.
+/// Creates the updater for this program and system. The caller owns it. Requires: the delegate
+/// outlives it.
 DesktopUpdater* makeDesktopUpdater(
     const UpdateSource& source, const ModuleHost& host, UpdaterDelegate& delegate);
 

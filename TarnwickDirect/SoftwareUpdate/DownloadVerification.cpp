@@ -8,7 +8,7 @@
 namespace TarnwickDirect {
 namespace {
 
-/// What is wrong with the bytes, as the end of a sentence, or nothing.
+/// Checks length and signature. Returns the error as the end of a sentence, or nothing.
 QString byteProblem(QFile& file, const UpdateOffer& offer, const Ed25519::PublicKey& key)
 {
     if (!file.open(QIODevice::ReadOnly)) {
@@ -27,8 +27,8 @@ QString byteProblem(QFile& file, const UpdateOffer& offer, const Ed25519::Public
     return {};
 }
 
-/// The same for what the package says of itself. A signature is of the file alone, so without this
-/// an old release could be offered under a new number.
+/// Checks the package's own control data: the signature covers only the file, so an old release
+/// could be offered under a new version.
 QString packageProblem(
     const QFile& file, const UpdateOffer& offer, const QString& package, const RunCommand& run)
 {

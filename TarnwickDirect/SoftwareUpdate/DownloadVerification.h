@@ -7,16 +7,15 @@
 
 namespace TarnwickDirect {
 
-/// What a download is checked against, beside the offer.
+/// What a download is verified against, besides the offer.
 struct Trust {
     Ed25519::PublicKey key{};
-    QString package;  ///< The name of the package that is updated.
+    QString package;  ///< The name of the installed package.
 };
 
-/// Makes sure that a downloaded file is what was offered: as long, to the byte, signed by the owner
-/// of the key, and, by its own signed control data, the package and the version that it is offered
-/// as. Otherwise the file is deleted, and an `UpdateError` names it and tells why. `run` asks
-/// dpkg-deb. Blocks for as long as it takes to read the file; call on a worker thread.
+/// Verifies the length and signature of a downloaded file, and that its signed control data has the
+/// expected package name and version. Otherwise deletes the file and throws `UpdateError` with the
+/// reason. `run` runs dpkg-deb. Blocks while it reads the file; call on a worker thread.
 void verifyDownload(
     const std::filesystem::path& file,
     const UpdateOffer& offer,

@@ -7,20 +7,20 @@
 #include <optional>
 #include <span>
 
-/// Signatures of updates. Everything here is safe from any thread.
+/// Signatures of updates. Safe from any thread.
 namespace TarnwickDirect::Ed25519 {
 
 using PublicKey = std::array<std::uint8_t, 32>;
 using Signature = std::array<std::uint8_t, 64>;
 
-/// Reads exactly 32 bytes from their Base64 text, padding included.
+/// Decodes exactly 32 bytes from padded Base64.
 std::optional<PublicKey> publicKeyFrom(QStringView base64);
 
-/// Reads exactly 64 bytes from their Base64 text, padding included.
+/// Decodes exactly 64 bytes from padded Base64.
 std::optional<Signature> signatureFrom(QStringView base64);
 
-/// Whether the owner of the key has signed these bytes. Throws `std::runtime_error` on a system
-/// that has no randomness, where the library cannot start.
+/// Verifies a signature. Throws `std::runtime_error` if the library cannot be initialized, for lack
+/// of randomness.
 bool isSignedBy(
     const PublicKey& key, const Signature& signature, std::span<const std::uint8_t> bytes);
 

@@ -40,8 +40,8 @@ QNetworkRequest networkRequest(const FetchRequest& request)
           QNetworkRequest::AuthenticationReuseAttribute}) {
         result.setAttribute(attribute, QNetworkRequest::Manual);
     }
-    // With an encoding of its own choice, Qt would unpack what comes: the limit and the signature
-    // are of the bytes as they are.
+    // By default Qt negotiates and decodes a content encoding, but limit and signature apply to the
+    // raw bytes.
     result.setRawHeader("Accept-Encoding", "identity");
     result.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Tarnwick"));
     return result;
@@ -112,7 +112,7 @@ void HttpsFetch::start()
 void HttpsFetch::read()
 {
     const QByteArray bytes = _reply->readAll();
-    // What comes with another status is a page for people.
+    // Bodies of other statuses are error pages.
     if (statusOf(*_reply) != 200 || bytes.isEmpty()) {
         return;
     }
@@ -150,7 +150,7 @@ void HttpsFetch::stop()
     if (QNetworkReply* const reply = std::exchange(_reply, nullptr)) {
         reply->disconnect(this);
         reply->abort();
-        // It may be the one that is calling.
+        // Deferred, because the reply may be the caller.
         reply->deleteLater();
     }
 }

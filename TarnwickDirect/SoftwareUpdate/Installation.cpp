@@ -8,8 +8,8 @@ namespace {
 const QString dpkgQuery = QStringLiteral("/usr/bin/dpkg-query");
 const QString aptCache = QStringLiteral("/usr/bin/apt-cache");
 
-/// The package in a line such as "tarnwick:amd64: /usr/bin/tarnwick", or nothing. The lines of
-/// several packages and of diversions have spaces before the path.
+/// The package in a line such as "tarnwick:amd64: /usr/bin/tarnwick". Nothing for lines with
+/// several packages or diversions, which contain spaces.
 QString packageIn(const QString& listing)
 {
     const QString line = listing.section(u'\n', 0, 0);

@@ -4,19 +4,19 @@
 
 namespace TarnwickDirect {
 
-/// How this copy of the program was installed, and so who brings it up to date.
+/// How this copy of the program was installed, and thus how it is updated.
 struct Installation {
     enum class Kind {
-        debianPackage,      ///< A package file that was installed by hand.
-        repositoryPackage,  ///< A package that the system's package manager updates.
-        source,             ///< Built on this machine, or unpacked from somewhere.
+        debianPackage,      ///< From a manually installed package file.
+        repositoryPackage,  ///< From a repository of the package manager.
+        source,             ///< Built locally or unpacked from an archive.
     };
 
     Kind kind = Kind::source;
-    QString package = {};  ///< The name of the package, with both kinds of them.
+    QString package = {};  ///< For both kinds of packages.
 
-    /// The program's version in the package; only with `debianPackage`. It differs from the one
-    /// that runs when another was installed meanwhile.
+    /// The version in the package; only with `debianPackage`. Newer than the running version after
+    /// an update.
     QString packageVersion = {};
 
     bool operator==(const Installation&) const = default;
@@ -25,8 +25,7 @@ struct Installation {
     bool takesPackages() const { return kind == Kind::debianPackage; }
 };
 
-/// Finds out which. What dpkg owns is a package, and apt knows whether a repository has it. Blocks;
-/// call on a worker thread.
+/// Asks dpkg for the package and apt for its repository. Blocks; call on a worker thread.
 Installation findInstallation(const QString& executable, const RunCommand& run);
 
 }  // namespace TarnwickDirect

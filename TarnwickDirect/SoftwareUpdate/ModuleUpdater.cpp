@@ -42,7 +42,7 @@ ModuleUpdater::ModuleUpdater(QString path, const UpdaterHost& host, UpdaterDeleg
     , _delegate(delegate)
     , _schedule(host.defaults, host.clock, [this] { checkInBackground(); })
 {
-    // What a program that was killed has left, and packages that were handed over.
+    // Removes leftovers of killed processes and packages already handed over.
     std::error_code ignored;
     std::filesystem::remove_all(downloadFolder(), ignored);
 }
@@ -108,8 +108,8 @@ ModuleHost ModuleUpdater::moduleHost() const
         .takeFocusBack = _host.takeFocusBack};
 }
 
-/// Loads the module unless it is there; why that is impossible, or an empty text. A module of
-/// another version is there when the program was replaced since it was started.
+/// Loads the module unless already loaded. Returns an error, or an empty text. The module has
+/// another version if the program was updated while running.
 QString ModuleUpdater::load()
 {
     if (_updater) {

@@ -7,13 +7,13 @@
 
 namespace TarnwickDirect {
 
-/// The updater in a module, which is loaded at the first check: what it stands on, the network
-/// above all, takes a dozen libraries. It is due once a day. Where the module cannot be loaded,
-/// whoever asks for a check is told so. Downloads go to `dev.tarnwick.Tarnwick/updates` in the
-/// user's cache folder, which is removed at the start. Main thread only.
+/// Loads the updater's module at the first check, because it needs a dozen libraries, above all the
+/// network. Checks daily. If loading fails, checks by the user report it. Downloads go to
+/// `dev.tarnwick.Tarnwick/updates` in the user's cache folder, which is removed at the start. Main
+/// thread only.
 class ModuleUpdater final : public UpdaterController {
 public:
-    /// Requires: the delegate lives longer.
+    /// Requires: the delegate outlives it.
     ModuleUpdater(QString path, const UpdaterHost& host, UpdaterDelegate& delegate);
 
     bool canCheckForUpdates() const override;
@@ -30,12 +30,12 @@ private:
     QString _path;
     UpdaterHost _host;
     UpdaterDelegate& _delegate;
-    std::unique_ptr<UpdaterController> _updater;  ///< Once the module is loaded.
+    std::unique_ptr<UpdaterController> _updater;  ///< Set once the module is loaded.
     std::unique_ptr<QMessageBox> _problem;
     DailySchedule _schedule;
 };
 
-/// Makes updaters of the module that belongs to the program, beside the folder of the programs.
+/// Creates updaters from the program's module, which is in the library folder of the installation.
 MakeUpdater updaterFromModule(const QString& name);
 
 }  // namespace TarnwickDirect

@@ -11,7 +11,7 @@ namespace {
 
 constexpr qsizetype lengthLimit = 20'000;
 
-/// What stands before an item of a list.
+/// The bullet or number of a list item.
 QString markOf(const QTextBlock& block)
 {
     const QTextList* const list = block.textList();
@@ -22,7 +22,7 @@ QString markOf(const QTextBlock& block)
     return isNumbered ? list->itemText(block) + u' ' : QStringLiteral("• ");
 }
 
-/// The document is never laid out, which is when it would load what the text names.
+/// The document is never laid out, so it never loads linked resources.
 QString textOfHtml(const QString& html)
 {
     QTextDocument document;

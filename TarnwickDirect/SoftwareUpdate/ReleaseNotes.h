@@ -4,9 +4,8 @@
 
 namespace TarnwickDirect {
 
-/// Release notes as text alone: HTML loses its marks, its pictures and its links, and nothing is
-/// fetched. Characters that turn or hide text are left out, and what is longer than 20,000
-/// characters ends in an ellipsis. Main thread only.
+/// Release notes as plain text, without markup, pictures and links; nothing is fetched. Invisible
+/// characters are removed. Truncated to 20,000 characters. Main thread only.
 QString plainReleaseNotes(const QString& notes);
 
 }  // namespace TarnwickDirect

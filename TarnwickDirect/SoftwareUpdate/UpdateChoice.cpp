@@ -7,7 +7,7 @@
 namespace TarnwickDirect {
 namespace {
 
-/// Whether the file is a Debian package for Linux, by its media type or else by its name.
+/// Whether the file is a Debian package for Linux, by media type or else by name.
 bool isSuitable(const AppcastEnclosure& enclosure)
 {
     const bool suitsSystem =

@@ -7,15 +7,14 @@
 
 namespace TarnwickDirect {
 
-/// What an update has to suit.
+/// The requirements for an update.
 struct UpdateNeeds {
     QString ownVersion;
     QString systemVersion;       ///< The kernel's, such as "6.1.0".
-    std::set<QString> channels;  ///< Those that the user has asked for.
-    QString skippedVersion;      ///< Empty where none is to be left out.
+    std::set<QString> channels;  ///< Selected by the user.
+    QString skippedVersion;      ///< May be empty.
 };
 
-/// Why a feed offers nothing.
 struct NoUpdate {
     QString message;  ///< One sentence for the user.
     bool isUpToDate = false;
@@ -23,11 +22,10 @@ struct NoUpdate {
     bool operator==(const NoUpdate&) const = default;
 };
 
-/// Chooses the newest item that is newer than this version, for this system, of a channel that the
-/// user takes and has a Debian package; of equal ones the first. It is critical where any suitable
-/// item that is newer than this version is. A version older than or equal to this one is never
-/// offered, and a critical one is not skipped. Throws `UpdateError` when the chosen item's file
-/// cannot be verified, rather than taking an older one. Safe from any thread.
+/// Chooses the newest item for this system that is newer than this version, in one of the user's
+/// channels, and has a Debian package; of equal ones the first. The update is critical if any
+/// suitable newer item is. Critical updates cannot be skipped. Throws `UpdateError` when the chosen
+/// file cannot be verified, instead of choosing an older one. Safe from any thread.
 std::variant<UpdateOffer, NoUpdate> chooseUpdate(const Appcast& feed, const UpdateNeeds& needs);
 
 }  // namespace TarnwickDirect

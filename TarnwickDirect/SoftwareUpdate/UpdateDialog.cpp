@@ -15,14 +15,14 @@
 namespace TarnwickDirect {
 namespace {
 
-/// It can be put aside while something is downloaded, and has one size.
+/// Minimizable, for downloads, and of fixed size.
 constexpr Qt::WindowFlags windowKind = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint
                                        | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
 
-/// In average characters, as text scales.
+/// In average characters, which scale with the text.
 constexpr int columns = 64;
 
-/// In lines. With large text on a low screen the notes have less, so that the buttons are seen.
+/// In lines; fewer if the buttons would not fit on the screen.
 constexpr int mostNotes = 12;
 
 QLabel* addLabel(const char* name, QWidget* parent)
@@ -101,17 +101,17 @@ void UpdateDialog::showPage(const UpdatePage& page)
     setText(*_notes, page.notes);
     _notesFrame->setVisible(!page.notes.isEmpty());
     _progress->setVisible(page.isBusy || page.progress);
-    // A range of nothing is shown as going on.
+    // Qt shows an empty range as indeterminate.
     _progress->setRange(0, page.isBusy ? 0 : 100);
     _progress->setValue(int(page.progress.value_or(0) * 100));
 }
 
-/// Skipping stands apart at the left.
+/// "Skip" is on the left, apart from the others.
 void UpdateDialog::makeButtons(const std::vector<UpdateAction>& actions)
 {
     while (QLayoutItem* const item = _buttons->takeAt(0)) {
         if (QWidget* const button = item->widget()) {
-            // It may be the one that is calling.
+            // Deferred, because the button may be the caller.
             button->hide();
             button->deleteLater();
         }
@@ -130,7 +130,7 @@ void UpdateDialog::makeButtons(const std::vector<UpdateAction>& actions)
     _buttons->insertStretch(canSkip ? 1 : 0);
 }
 
-/// A window whose text is wrapped has a width, and a height that follows from it.
+/// Wrapped text needs a fixed width to determine the height.
 void UpdateDialog::fit()
 {
     const int width =

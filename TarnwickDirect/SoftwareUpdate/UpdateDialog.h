@@ -13,8 +13,8 @@ class QScrollArea;
 
 namespace TarnwickDirect {
 
-/// The window in which the user follows an update. It is as large as its page needs. Return presses
-/// the last button; Esc and the window's own button close it in the way that decides nothing.
+/// The dialog of an update, sized to its page. Return presses the last button; Esc and the close
+/// button take the neutral action of the page. Main thread only.
 class UpdateDialog final : public QDialog {
     Q_OBJECT
 
@@ -22,12 +22,12 @@ public:
     /// Requires: `bringToFront` can be called.
     explicit UpdateDialog(std::function<void(QWidget&)> bringToFront);
 
-    /// Shows the page, or nothing. A dialog that was not in sight comes to the front with a page
-    /// that the user asked for. The focus is never taken from another window with a page that
-    /// follows later, or that nobody asked for: keys that are meant for others must decide nothing.
+    /// Shows the page, or hides the dialog. A hidden dialog comes to the front if the user asked
+    /// for the page. Otherwise it never takes the focus, because keys meant for other windows must
+    /// not trigger an action.
     void setPage(const std::optional<UpdatePage>& page);
 
-    /// What Esc and the window's own button do.
+    /// Called by Esc and the close button.
     void reject() override;
 
 Q_SIGNALS:

@@ -7,7 +7,7 @@
 namespace TarnwickDirect {
 namespace {
 
-/// The message of what is wrong with the file, or an empty text.
+/// The error of the verification, or an empty text.
 QString verificationProblem(
     const std::filesystem::path& file,
     const UpdateOffer& offer,
@@ -62,7 +62,7 @@ bool UpdateDownload::prepareFile()
         return false;
     }
     _file.setFileName(_folder->filePath(_offer.fileName));
-    // Unbuffered, so that a full disk is noticed at the write that it fails.
+    // Unbuffered, so that a full disk is reported by the failing write.
     if (!_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
         fail(QStringLiteral("The update could not be saved: %1.").arg(_file.errorString()));
         return false;
@@ -72,7 +72,7 @@ bool UpdateDownload::prepareFile()
 
 void UpdateDownload::write(const QByteArray& bytes)
 {
-    // A full disk takes a part of the bytes and reports that as success.
+    // A write to a full disk may succeed in part.
     for (qint64 written = 0; written < bytes.size();) {
         const qint64 count = _file.write(bytes.constData() + written, bytes.size() - written);
         if (count <= 0) {
@@ -117,7 +117,7 @@ QCoro::Task<> UpdateDownload::verify(std::stop_token stopToken)
 void UpdateDownload::fail(const QString& message)
 {
     if (_fetch) {
-        // It may be the one that is calling.
+        // Deferred, because the fetch may be the caller.
         _fetch->disconnect(this);
         _fetch.release()->deleteLater();
     }

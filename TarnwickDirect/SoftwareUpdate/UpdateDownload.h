@@ -9,38 +9,37 @@
 
 namespace TarnwickDirect {
 
-/// Downloads what was offered into a folder of its own, which only the user can enter, and verifies
-/// it there. Destroying the object, at any moment, ends the download and removes the folder, and no
-/// signal comes. Main thread only.
+/// Downloads an offer into a private temporary folder and verifies it. Destruction cancels the
+/// download and removes the folder, without a signal. Main thread only.
 class UpdateDownload final : public QObject {
     Q_OBJECT
 
 public:
     struct Settings {
-        std::filesystem::path folder;  ///< Where the download's own is made.
+        std::filesystem::path folder;  ///< The parent of the temporary folder.
         Trust trust;
         QByteArray authorities;  ///< As in `FetchRequest`.
     };
 
-    /// Signals come once the event loop runs. Requires: `network` lives longer.
+    /// Signals are emitted from the event loop. Requires: `network` outlives it.
     UpdateDownload(QNetworkAccessManager& network, UpdateOffer offer, Settings settings);
 
-    /// Has the verified file outlive the object. Requires: it has finished.
+    /// Keeps the verified file after destruction. Requires: `finished` was emitted.
     void keepFile() { _folder->setAutoRemove(false); }
 
-    /// For the end of the process: removes the file. No other call may follow.
+    /// Removes the file. Call at the end of the process; no other call may follow.
     void discardFile();
 
 Q_SIGNALS:
     void progressed(quint64 receivedBytes);
 
-    /// Everything has come and is being verified.
+    /// The download is complete and being verified.
     void verifying();
 
-    /// The file is what was offered. It lives as long as this object.
+    /// The file is verified. It is removed on destruction, unless `keepFile` was called.
     void finished(const std::filesystem::path& file);
 
-    /// There is no file, and nothing more comes; the message is one English sentence.
+    /// The download has ended without a file; `message` is one English sentence.
     void failed(const QString& message);
 
 private:

@@ -6,8 +6,8 @@
 
 namespace TarnwickDirect {
 
-/// An update could not be found, fetched, verified or installed; `message` is the English sentence
-/// the user reads, unchanged. `what()` is the same text.
+/// An update could not be found, fetched, verified or installed. `message` is an English sentence
+/// for the user.
 class UpdateError : public std::runtime_error {
 public:
     explicit UpdateError(const QString& message)

@@ -9,8 +9,7 @@ extern "C" Q_DECL_EXPORT const char* tarnwickUpdaterVersion()
     return TARNWICK_VERSION;
 }
 
-/// Where updates come from and who signs them is part of the build: nothing that a running program
-/// is told.
+/// The feed and the key are fixed at build time; a running program cannot change them.
 extern "C" Q_DECL_EXPORT UpdaterController* tarnwickUpdater(
     const ModuleHost& host, UpdaterDelegate& delegate)
 {

@@ -9,16 +9,16 @@
 
 namespace TarnwickDirect {
 
-/// What the module has of the program that loads it: values and functions, because the module
-/// shares no code with the program. All are there. Main thread only.
+/// What the module gets from the program: only values and functions, because it shares no code with
+/// the program. All are set. Main thread only.
 struct ModuleHost {
-    QString version;                       ///< Of the program that runs.
-    std::filesystem::path downloadFolder;  ///< Of this program alone.
+    QString version;                       ///< Of the running program.
+    std::filesystem::path downloadFolder;  ///< Used by this program only.
 
-    /// The channels of the feed that the user takes beside the common one.
+    /// The additional channels selected by the user.
     std::function<std::set<QString>()> channels;
 
-    /// The version that the user does not want to hear of; empty for none.
+    /// The version to skip; may be empty.
     std::function<QString()> skippedVersion;
     std::function<void(const QString& version)> skip;
 
@@ -27,8 +27,8 @@ struct ModuleHost {
     std::function<void()> takeFocusBack;
 };
 
-/// What the module offers: under the name "tarnwickUpdaterVersion" the version of the program that
-/// it belongs to, and under "tarnwickUpdater" an updater that belongs to the caller.
+/// The module's exports: "tarnwickUpdaterVersion" returns the version of its program, and
+/// "tarnwickUpdater" creates an updater owned by the caller.
 using VersionOfModule = const char* (*)();
 using MakeUpdaterOfModule = UpdaterController* (*)(const ModuleHost&, UpdaterDelegate&);
 

@@ -5,31 +5,31 @@
 
 namespace TarnwickDirect {
 
-/// A version of the program that can be downloaded, with all that the download is checked against.
+/// A downloadable version of the program, with the data to verify the download.
 struct UpdateOffer {
     QString version;
-    QString displayedVersion;  ///< What the user reads.
-    QString releaseNotes;      ///< HTML or plain text; empty where the feed has none.
+    QString displayedVersion;  ///< Shown to the user.
+    QString releaseNotes;      ///< HTML or plain text; may be empty.
     bool isCritical = false;   ///< Cannot be skipped.
     QUrl url;                  ///< HTTPS.
-    QString fileName;          ///< A plain name.
+    QString fileName;          ///< Without a path.
     std::uint64_t length = 0;
     Ed25519::Signature signature{};
 
     bool operator==(const UpdateOffer&) const = default;
 };
 
-/// The largest file, in bytes, that is downloaded.
+/// The largest downloaded file, in bytes.
 inline constexpr std::uint64_t downloadSizeLimit = std::uint64_t{1} << 30;
 
-/// Makes an offer of an item and one of its files. Throws `UpdateError` unless the address is an
-/// HTTPS one with a plain file name, the length is given and within the limit, and there is a
-/// signature of the right form. Safe from any thread.
+/// Validates an item and one of its files. Throws `UpdateError` unless the URL is HTTPS with a
+/// valid file name, the length is given and within the limit, and the signature is well-formed.
+/// Safe from any thread.
 UpdateOffer makeOffer(const AppcastItem& item, const AppcastEnclosure& enclosure, bool isCritical);
 
-/// The name of the file at an address: the last part of its path, if that is a plain name. Throws
-/// `UpdateError` where it is empty, hidden, too long for a file system, or contains a path or
-/// characters that cannot be seen, literally or as "%2F". Safe from any thread.
+/// The file name in a URL's path. Throws `UpdateError` if it is empty, hidden, too long, or
+/// contains a path separator or invisible characters, literally or percent-encoded. Safe from any
+/// thread.
 QString downloadName(const QUrl& url);
 
 }  // namespace TarnwickDirect

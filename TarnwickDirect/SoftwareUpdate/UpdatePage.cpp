@@ -10,7 +10,7 @@ namespace {
 
 using Kind = UpdateState::Kind;
 
-/// How an update comes to this installation, as a sentence.
+/// How this installation is updated, as a sentence.
 QString wayOf(const Installation& installation)
 {
     switch (installation.kind) {

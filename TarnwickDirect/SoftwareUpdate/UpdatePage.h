@@ -5,7 +5,7 @@
 
 namespace TarnwickDirect {
 
-/// What the user can answer.
+/// The user's choices.
 enum class UpdateAction {
     okay,
     cancel,
@@ -14,26 +14,26 @@ enum class UpdateAction {
     install
 };
 
-/// The text of the action's button.
+/// The label of the action's button.
 QString textOf(UpdateAction action);
 
-/// What the dialog shows.
+/// The content of the dialog.
 struct UpdatePage {
     QString title;
     QString message = {};
-    QString notes = {};                      ///< Release notes as text.
+    QString notes = {};                      ///< Plain text.
     std::optional<double> progress = {};     ///< From 0 to 1.
-    bool wasAskedFor = true;                 ///< Else it does not take the focus.
-    bool isBusy = false;                     ///< Something runs, and nobody knows for how long.
-    std::vector<UpdateAction> actions = {};  ///< The last one is the most likely.
+    bool wasAskedFor = true;                 ///< Otherwise it does not take the focus.
+    bool isBusy = false;                     ///< The progress is indeterminate.
+    std::vector<UpdateAction> actions = {};  ///< The last one is the default.
 
     bool operator==(const UpdatePage&) const = default;
 
-    /// What closing the dialog means: the action that decides nothing.
+    /// The action of closing the dialog, which decides nothing.
     UpdateAction closing() const;
 };
 
-/// The page for a state, or nothing where there is nothing to show. Main thread only.
+/// The page for a state, or nothing if there is nothing to show. Main thread only.
 std::optional<UpdatePage> updatePage(
     const UpdateState& state, const Installation& installation, const QString& ownVersion);
 

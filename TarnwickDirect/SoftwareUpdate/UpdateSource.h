@@ -10,7 +10,7 @@
 
 namespace TarnwickDirect {
 
-/// Where the program's updates come from, and who signs them.
+/// The feed of the program's updates and their signing key.
 struct UpdateSource {
     QUrl feed;  ///< HTTPS.
     Ed25519::PublicKey key{};
@@ -19,8 +19,7 @@ struct UpdateSource {
     bool operator==(const UpdateSource&) const = default;
 };
 
-/// The source that an address and a key in Base64 give, or nothing unless both are right. Safe from
-/// any thread.
+/// Nothing unless the URL and the Base64 key are valid. Safe from any thread.
 std::optional<UpdateSource> updateSource(std::string_view feed, std::string_view key);
 
 }  // namespace TarnwickDirect

@@ -6,23 +6,23 @@
 
 namespace TarnwickDirect {
 
-/// What an updater shows to the user.
+/// The visible state of an updater.
 struct UpdateState {
     enum class Kind {
-        idle,         ///< Nothing, also during a check that the user did not ask for.
+        idle,         ///< Also during automatic checks.
         checking,     ///< Can be cancelled.
-        told,         ///< How a check or a download has ended without an update.
+        told,         ///< A check or download ended without an update.
         available,    ///< Waits for the user's decision.
         downloading,  ///< Can be cancelled.
         verifying,    ///< Can be cancelled.
-        handedOver,   ///< The system's installer has it now.
+        handedOver,   ///< Opened in the system's installer.
     };
 
     Kind kind = Kind::idle;
     QString title = {};                  ///< With `told`.
     QString message = {};                ///< With `told`: one sentence.
     UpdateOffer offer = {};              ///< From `available` on.
-    bool wasAskedFor = true;             ///< Only a check in the background finds unasked.
+    bool wasAskedFor = true;             ///< False for an update found by an automatic check.
     std::uint64_t receivedBytes = 0;     ///< While downloading.
     std::filesystem::path package = {};  ///< With `handedOver`: the verified file.
 

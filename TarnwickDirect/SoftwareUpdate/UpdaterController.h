@@ -14,32 +14,32 @@ class DefaultsStore;
 
 namespace TarnwickDirect {
 
-/// An updater at work: it checks for updates from time to time, and when the user asks, and leads
-/// the user through what it finds. Main thread only.
+/// Checks for updates automatically and on request, and guides the user through an update. Main
+/// thread only.
 class UpdaterController : public QObject {
     Q_OBJECT
 
 public:
-    /// Whether the user can ask for a check now.
+    /// Whether the user can start a check now.
     virtual bool canCheckForUpdates() const = 0;
 
-    /// A check that the user asked for and sees. Does nothing while none is possible.
+    /// Starts a visible check. Does nothing while none is possible.
     virtual void checkForUpdates() = 0;
 
-    /// A check that nobody asked for. It ends in silence or with an update.
+    /// Starts an automatic check, which is only visible if it finds an update.
     virtual void checkInBackground() = 0;
 
     /// Brings the updater's dialog to the front, if there is one.
     virtual void bringToFront() = 0;
 
-    /// For the end of the process: removes unfinished downloads. No other call may follow.
+    /// Removes unfinished downloads. Call at the end of the process; no other call may follow.
     virtual void stop() = 0;
 
 Q_SIGNALS:
     void canCheckForUpdatesChanged(bool canCheckForUpdates);
 };
 
-/// Hears what an updater's checks find, on any thread.
+/// Receives the results of an updater's checks, on any thread.
 class UpdaterDelegate {
 public:
     UpdaterDelegate() = default;
@@ -49,24 +49,24 @@ public:
 
     virtual void updaterDidFindValidUpdate(const QString& version) = 0;
 
-    /// `error` is one English sentence: that there is no update, or what went wrong.
+    /// `error` is one English sentence: an error, or that there is no update.
     virtual void updaterDidNotFindUpdate(const QString& error) = 0;
 };
 
-/// What an updater has of the program around it. All are there. Main thread only.
+/// What an updater uses of the program. All are set. Main thread only.
 struct UpdaterHost {
     std::shared_ptr<Tarnwick::DefaultsStore> defaults;
     std::shared_ptr<Tarnwick::Clock> clock;
 
-    /// Shows a window in front of the others, with the focus, because the user asked for it.
+    /// Shows a window in front with the focus, on the user's request.
     std::function<void(QWidget&)> bringToFront;
 
-    /// A window of the updater that had the focus is gone.
+    /// A window of the updater that had the focus was closed.
     std::function<void()> takeFocusBack;
 };
 
-/// Makes an updater that has started; empty where the program has none. The host and the delegate
-/// live longer than the updater.
+/// Creates and starts an updater; empty if the program has none. The host and the delegate outlive
+/// the updater.
 using MakeUpdater =
     std::function<std::unique_ptr<UpdaterController>(const UpdaterHost&, UpdaterDelegate&)>;
 

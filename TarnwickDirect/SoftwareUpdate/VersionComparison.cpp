@@ -17,7 +17,7 @@ bool isWordLetter(QChar character)
     return !isDigit(character) && (character.isLetterOrNumber() || character.isSurrogate());
 }
 
-/// Takes the characters at the beginning that fulfil a condition away from the text.
+/// Removes and returns the longest prefix of characters that satisfy the condition.
 template<typename Condition>
 QStringView takeWhile(QStringView& text, const Condition& condition)
 {
@@ -29,10 +29,10 @@ QStringView takeWhile(QStringView& text, const Condition& condition)
 
 struct Segment {
     bool isWord = false;
-    QStringView text;  ///< A number without leading zeros, so that zero is empty.
+    QStringView text;  ///< Numbers without leading zeros; zero is empty.
 };
 
-/// Takes the next segment away from the text, which has zeros after its end.
+/// Removes and returns the next segment; zero at the end of the text.
 Segment takeSegment(QStringView& text)
 {
     takeWhile(

@@ -1,6 +1,6 @@
 #pragma once
 
-/// What the program is called on the session bus.
+/// The program's names on the session bus.
 namespace TarnwickDirect::BusNames {
 
 inline constexpr const char* service = "dev.tarnwick.Tarnwick";

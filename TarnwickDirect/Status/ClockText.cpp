@@ -5,8 +5,8 @@
 namespace TarnwickDirect {
 namespace {
 
-/// Some locales, such as "C", write seconds in the short form too. They go with what stands before
-/// them.
+/// The locale's short time format. Some locales, such as "C", include seconds, which are removed
+/// with their separator.
 QString clockFormat(const QLocale& locale)
 {
     QString format;

@@ -10,7 +10,7 @@
 namespace TarnwickDirect {
 namespace {
 
-/// The file of the session bus's socket, where its address names one.
+/// The socket file of the session bus, if its address names one.
 QString busSocket()
 {
     const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
@@ -31,7 +31,7 @@ QString busSocket()
     return {};
 }
 
-/// Where nobody says where the bus is, looking for it would start one.
+/// Without a known address, connecting would start a bus.
 bool isBusKnown()
 {
     return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") || QFile::exists(busSocket());
@@ -78,7 +78,7 @@ void RunningProgram::lookForBus()
     if (const QString socket = busSocket(); !_socket && !socket.isEmpty()) {
         _socket = std::make_unique<Tarnwick::FileWatcher>(QFile::encodeName(socket).toStdString());
         connect(_socket.get(), &Tarnwick::FileWatcher::changed, this, &RunningProgram::lookForBus);
-        lookForBus();  // It may have come meanwhile.
+        lookForBus();  // It may have appeared meanwhile.
     }
 }
 
@@ -119,7 +119,7 @@ bool RunningProgram::connectToBus()
     return true;
 }
 
-/// What it says comes by itself from then on.
+/// Further changes arrive as signals.
 void RunningProgram::ask()
 {
     QDBusMessage message = QDBusMessage::createMethodCall(
@@ -143,7 +143,7 @@ void RunningProgram::ask()
 void RunningProgram::propertiesChanged(
     const QString& interface, const QVariantMap& values, const QStringList& /*others*/)
 {
-    // Before the first answer there is nothing that could have changed.
+    // Changes before the first answer are ignored.
     if (interface == QLatin1String(BusNames::status) && _status) {
         QVariantMap all = _values;
         all.insert(values);

@@ -13,9 +13,8 @@
 
 namespace TarnwickDirect {
 
-/// The numbers of the program that runs in the user's session, as it tells them on the session bus.
-/// Starts no program and no bus. Nothing wakes up while nothing changes: a bus that is not there is
-/// connected to when its socket comes. Main thread only.
+/// The status of the running program, read from the session bus. Starts neither a program nor a
+/// bus. Does not poll: connects when the bus's socket appears. Main thread only.
 class RunningProgram final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(RunningProgram)
@@ -24,15 +23,15 @@ public:
     explicit RunningProgram(QObject* parent = nullptr);
     ~RunningProgram() override;
 
-    /// Nothing while none runs or nothing has been heard of it yet.
+    /// Nothing while no program runs or none has answered yet.
     const std::optional<Status>& status() const { return _status; }
 
-    /// Connects to the bus where there was none. For when something else shows that a program runs,
-    /// which counts where the bus has no socket among the files.
+    /// Connects to the bus if not connected. Call when a program is known to run; needed if the bus
+    /// has no socket file.
     void lookForBus();
 
 Q_SIGNALS:
-    /// The numbers are other ones, or the program has come or gone.
+    /// The status changed, or the program started or ended.
     void changed();
 
 private Q_SLOTS:
@@ -46,14 +45,14 @@ private:
     void take(const QVariantMap& values);
     void forget();
 
-    QString _busName;                                ///< Of this object's own connection.
-    std::unique_ptr<QDBusServiceWatcher> _watcher;   ///< While there is a bus.
-    std::unique_ptr<Tarnwick::FileWatcher> _socket;  ///< Once there was none.
+    QString _busName;                                ///< Of this connection.
+    std::unique_ptr<QDBusServiceWatcher> _watcher;   ///< While connected.
+    std::unique_ptr<Tarnwick::FileWatcher> _socket;  ///< If there was no bus.
     QVariantMap _values;
     std::optional<Status> _status;
 };
 
-/// What the properties say. Those that are missing or of other types count as nothing. Safe from
+/// Converts the properties. Missing values and those of wrong types get their defaults. Safe from
 /// any thread.
 Status statusFrom(const QVariantMap& properties);
 

@@ -9,8 +9,8 @@
 
 namespace TarnwickDirect {
 
-/// The numbers of the model's list, counted anew when the control is back in the event loop after
-/// something has changed. Requires: the model and its trouble live longer. Main thread only.
+/// The status of the model's list. After a change it is counted once, from the event loop.
+/// Requires: the model and its trouble outlive it. Main thread only.
 class StatusFeed final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(StatusFeed)

@@ -18,7 +18,7 @@ void refuse(
     bus.send(message.createErrorReply(kind, text));
 }
 
-/// Of the values, those that are others than before.
+/// The values that changed.
 QVariantMap differences(const QVariantMap& before, const QVariantMap& after)
 {
     QVariantMap found;
@@ -35,7 +35,7 @@ QVariantMap differences(const QVariantMap& before, const QVariantMap& after)
 QString StatusService::introspection() const
 {
     const auto document = QString::fromUtf8(statusIntrospection);
-    // The object's other interfaces stand beside it.
+    // Other interfaces of the object are added elsewhere.
     const qsizetype first = document.indexOf(QStringLiteral("  <interface"));
     const qsizetype last = document.lastIndexOf(QStringLiteral("</node>"));
     return document.mid(first, last - first);
@@ -114,7 +114,7 @@ bool StatusService::handleMethod(const QDBusMessage& message, const QDBusConnect
     return false;
 }
 
-/// Properties of other interfaces are not there. None can be written.
+/// Only this interface has properties, all read-only.
 bool StatusService::handleProperties(const QDBusMessage& message, const QDBusConnection& bus)
 {
     const bool isOne = message.member() == QLatin1String("Get");

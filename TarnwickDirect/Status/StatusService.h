@@ -14,9 +14,8 @@
 
 namespace TarnwickDirect {
 
-/// The interface dev.tarnwick.Tarnwick.Status of the program's object on the session bus: the
-/// numbers of the list as properties, and the methods Refresh, Show and OpenPullRequest. Main
-/// thread only.
+/// The D-Bus interface dev.tarnwick.Tarnwick.Status: the status as properties, and the methods
+/// Refresh, Show and OpenPullRequest. Main thread only.
 class StatusService final
     : public QObject
     , public BusInterface {
@@ -27,18 +26,16 @@ public:
 
     QString introspection() const override;
 
-    /// The properties by their names, in the types in which they go over the bus.
+    /// The properties with their D-Bus types.
     static QVariantMap properties(const Status& status);
 
-    /// What the properties say from now on. Those that changed are announced on the bus, in one
-    /// signal.
+    /// Updates the properties and emits one change signal for those that changed.
     void setStatus(const Status& status, const QDBusConnection& bus);
 
-    /// Answers as well what reads the object's properties, of which no other interface has any.
+    /// Also handles the object's org.freedesktop.DBus.Properties; no other interface has any.
     bool handle(const QDBusMessage& message, const QDBusConnection& bus) override;
 
-    /// What opens a listed pull request; it tells whether there is one by that name. Until then
-    /// there is none.
+    /// Opens a listed pull request; returns false if unknown. Without it, all are unknown.
     using Open = std::function<bool(const QString& which)>;
 
     void setOpen(Open open) { _open = std::move(open); }

@@ -7,9 +7,9 @@
 
 namespace TarnwickDirect {
 
-/// Whether the list is in trouble: signed out, or `gh` is missing, or refreshes fail and the list
-/// is old. Follows the model, which must live longer. A timer runs only as long as a failure has
-/// not become trouble, so that at rest nothing wakes up. Main thread only.
+/// Whether the list is in trouble: signed out, `gh` missing, or refreshes failing while the list
+/// gets old. A timer runs only until a failure becomes trouble. Requires: the model outlives it.
+/// Main thread only.
 class Trouble final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(Trouble)

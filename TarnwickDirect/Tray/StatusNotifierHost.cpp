@@ -33,7 +33,7 @@ StatusNotifierHost::StatusNotifierHost(const QDBusConnection& bus, QObject* pare
 
 void StatusNotifierHost::start()
 {
-    // A call on a bus that is not there is never answered.
+    // Qt never answers a call on a bus that is not connected.
     if (!_bus.isConnected()) {
         take(false);
         return;
@@ -52,7 +52,7 @@ void StatusNotifierHost::start()
                 ask();
             }
         });
-    // Qt waits for the bus when a signal's sender is given by a name.
+    // Without a sender's name, which Qt would look up in a blocking call.
     _bus.connect(
         QString(),
         watcherPath,

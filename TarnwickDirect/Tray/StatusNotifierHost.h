@@ -5,8 +5,7 @@
 
 namespace TarnwickDirect {
 
-/// Whether somebody on the bus shows status notifier items. Asks once and then listens; every call
-/// is asynchronous. Main thread only.
+/// Whether a host for status notifier items is on the bus. Asynchronous. Main thread only.
 class StatusNotifierHost final : public QObject {
     Q_OBJECT
 
@@ -15,11 +14,11 @@ public:
 
     bool isPresent() const { return _isPresent; }
 
-    /// Begins to ask; `answered` follows in any case.
+    /// Starts asking; `answered` follows in any case.
     void start();
 
 Q_SIGNALS:
-    /// The first answer is there.
+    /// Emitted after the first answer.
     void answered();
     void changed();
 
@@ -31,7 +30,7 @@ private:
     QDBusConnection _bus;
     bool _isPresent = false;
     bool _hasAnswered = false;
-    quint64 _question = 0;  ///< Answers to earlier ones no longer count.
+    quint64 _question = 0;  ///< The current request; earlier ones are ignored.
 };
 
 }  // namespace TarnwickDirect

@@ -12,15 +12,15 @@ namespace {
 
 constexpr int sizes[] = {16, 22, 24, 32, 44, 48, 64};
 
-/// A drawing of its own for this size alone: less detail, on whole pixels.
+/// A size with a simplified drawing of its own.
 constexpr int smallSize = 16;
 
 struct Colours {
-    std::optional<QColor> drop;  ///< Nothing leaves the drawing in its own colours.
+    std::optional<QColor> drop;  ///< Nothing keeps the drawing's own colors.
     QColor dot;
 };
 
-/// In pixels: the dot's diameter, and how far around it the drop is cleared away.
+/// In pixels: the dot's diameter and the clear space around it.
 struct Dot {
     double diameter = 0;
     double gap = 0;

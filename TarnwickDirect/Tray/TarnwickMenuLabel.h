@@ -6,33 +6,33 @@
 
 namespace TarnwickDirect {
 
-/// The icon in the tray.
+/// The tray icon.
 namespace TarnwickMenuLabel {
 
-/// What the icon stands on. Where nobody tells, it takes a colour that light and dark bear.
+/// The tray's background. If unknown, the icon has a color for both light and dark.
 enum class Background {
     unknown,
     dark,
     light,
 };
 
-/// The panel's colour on a desktop of this name, as XDG_CURRENT_DESKTOP has it. Only GNOME's own
-/// bar is always dark; elsewhere themes decide, and no tray tells.
+/// The tray's background on the desktop in XDG_CURRENT_DESKTOP. Only GNOME's bar is always dark;
+/// elsewhere it depends on the theme, which trays do not report.
 Background backgroundOf(const QString& desktop);
 
-/// What the icon says beside being there.
+/// The icon's additional marks.
 struct Mark {
     bool isBlocked = false;  ///< A dot in the upper right corner.
-    bool isTrouble = false;  ///< The drop is hollow, with an exclamation mark in it.
+    bool isTrouble = false;  ///< A hollow drop with an exclamation mark.
 
     bool operator==(const Mark&) const = default;
 };
 
-/// The icon `size` pixels wide, drawn for that size. Without the drawing in the bundle it is empty
-/// but for the dot. Main thread only.
+/// The icon at this size in pixels. If the drawing is missing, it contains only the dot. Main
+/// thread only.
 QImage image(int size, Background background, Mark mark);
 
-/// The same in every size that trays ask for: 16, 22, 24 and 32 pixels and twice these.
+/// The same in the sizes that trays use: 16, 22, 24 and 32 pixels and twice these.
 QIcon icon(Background background, Mark mark);
 
 }  // namespace TarnwickMenuLabel

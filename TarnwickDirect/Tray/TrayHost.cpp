@@ -7,8 +7,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A desktop's panel that announces itself on X11 takes status notifier items too, in most cases,
-/// and says so a little later. They are the better kind.
+/// A tray on X11 usually supports status notifier items too, which are preferred, but announces
+/// them a little later.
 constexpr std::chrono::milliseconds graceForItems = 500ms;
 
 }  // namespace

@@ -7,25 +7,24 @@
 
 namespace TarnwickDirect {
 
-/// Whether there is a tray to put an icon into, of either kind. Qt settles on one kind for the
-/// whole run the first time that its tray icon is touched, even to ask whether there is a tray, so
-/// that must wait until this says so. Main thread only.
+/// Whether there is a tray of either kind. Qt chooses the kind for the whole run when its tray icon
+/// is first used, even for a query, so that must wait for `settled`. Main thread only.
 class TrayHost final : public QObject {
     Q_OBJECT
 
 public:
     explicit TrayHost(const QDBusConnection& bus, QObject* parent = nullptr);
 
-    /// Looks for a tray; `settled` follows, perhaps before this returns.
+    /// Looks for a tray; `settled` follows, possibly before this returns.
     void start();
 
     bool isPresent() const;
 
 Q_SIGNALS:
-    /// What was there from the beginning is known.
+    /// The initial state is known.
     void settled();
-    /// To be told again each time a tray comes or goes; not of a tray of X11 that goes, which
-    /// `isPresent` alone notices.
+    /// A tray appeared or disappeared. Not emitted when an X11 tray disappears; only `isPresent`
+    /// notices that.
     void changed();
 
 private:

@@ -43,7 +43,7 @@ TrayItem::TrayItem(PullRequestMenuModel& model, const Trouble& trouble, QObject*
         &QSystemTrayIcon::activated,
         this,
         [this](QSystemTrayIcon::ActivationReason reason) {
-            // Of two quick clicks, an icon on X11 tells the second as a double one.
+            // X11 icons report the second of two quick clicks as a double click.
             if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) {
                 Q_EMIT clicked();
             }
@@ -78,7 +78,7 @@ void TrayItem::fillMenu()
         &TrayItem::quitRequested);
 }
 
-/// Hosts show what the menu held when they last asked, so it is kept up to date while it is closed.
+/// Hosts cache the menu, so it is kept up to date while closed.
 void TrayItem::updateMenu()
 {
     const TrayStatus now = status();

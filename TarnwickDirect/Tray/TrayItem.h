@@ -15,10 +15,10 @@
 
 namespace TarnwickDirect {
 
-/// The program's icon in the tray with its menu and its tooltip, which follow the model. The menu
-/// begins with what the tooltip says, because some desktops show none, and with what asks something
-/// of the user. Requires:
-/// there is a tray (`TrayHost`), and the model and its trouble live longer. Main thread only.
+/// The tray icon with its menu and tooltip, which follow the model. The menu begins with the
+/// tooltip's text, because some desktops show no tooltips, and with the rows from `trayRows`.
+/// Requires: there is a tray (`TrayHost`), and the model and its trouble outlive it. Main thread
+/// only.
 class TrayItem final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(TrayItem)
@@ -28,11 +28,10 @@ public:
         Tarnwick::PullRequestMenuModel& model, const Trouble& trouble, QObject* parent = nullptr);
     ~TrayItem() override;
 
-    /// While the panel is open, the icon has no tooltip, which would lie over it.
+    /// While the panel is open there is no tooltip, which would cover it.
     void setPanelOpen(bool isOpen);
 
 Q_SIGNALS:
-    /// The user clicked the icon.
     void clicked();
     void openRequested();
     void reloadRequested();
@@ -51,13 +50,13 @@ private:
     const Trouble& _trouble;
     QMenu _menu;
     QAction* _summary = nullptr;    ///< The menu's first line.
-    QAction* _separator = nullptr;  ///< Below the rows, or hidden without them.
+    QAction* _separator = nullptr;  ///< Below the rows; hidden without them.
     std::vector<TrayRow> _rows;
     std::vector<QAction*> _rowActions;
-    QTimer _menuSoon;  ///< Changes come in groups.
+    QTimer _menuSoon;  ///< Batches changes.
     QSystemTrayIcon _icon;
     bool _isPanelOpen = false;
-    std::optional<TarnwickMenuLabel::Mark> _mark;  ///< As the icon shows it.
+    std::optional<TarnwickMenuLabel::Mark> _mark;  ///< The mark currently shown.
 };
 
 }  // namespace TarnwickDirect

@@ -11,11 +11,11 @@ using namespace PullRequestKit;
 
 namespace {
 
-/// Menus are as wide as their longest entry.
+/// Limits the width of the menu.
 constexpr int longestTitle = 40;
 constexpr int longestReason = 40;
 
-/// At most this many characters as a reader sees them, without ones that steer.
+/// At most this many visible characters, without control characters.
 QString shortened(const std::string& text, int most)
 {
     QString line = QString::fromStdString(singleLine(text)).simplified();
@@ -30,7 +30,7 @@ QString shortened(const std::string& text, int most)
     return end == line.size() ? line : line.left(end).trimmed() + QStringLiteral("…");
 }
 
-/// It stands in the middle of a line.
+/// In lower case, because it is in the middle of a line.
 QString lowered(QString reason)
 {
     if (!reason.isEmpty()) {
@@ -46,7 +46,7 @@ QString textOf(const PullRequest& pullRequest, const Turn& turn)
                              .arg(
                                  shortened(pullRequest.title, longestTitle),
                                  lowered(shortened(reasonText(turn), longestReason)));
-    // A single "&" would underline the letter behind it.
+    // A single "&" would mark a mnemonic.
     return QString(text).replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 

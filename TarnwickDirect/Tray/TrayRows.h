@@ -11,7 +11,7 @@
 
 namespace TarnwickDirect {
 
-/// An entry of the tray's menu that opens a pull request.
+/// A menu entry that opens a pull request.
 struct TrayRow {
     QString text;  ///< Such as "#412 Split bookings… — your review".
     PullRequestKit::PullRequestID id;
@@ -19,9 +19,8 @@ struct TrayRow {
     bool operator==(const TrayRow&) const = default;
 };
 
-/// Of the rows in sight the ones that ask something of the user: first those that wait for the
-/// user, then those that are ready, then the teams', each in the list's order; this many at most.
-/// Requires: a turn for each row. Safe from any thread.
+/// The visible rows that the user can act on: the user's turn, then ready, then the teams', each in
+/// the list's order, up to a maximum. Requires: one turn per row. Safe from any thread.
 std::vector<TrayRow> trayRows(
     std::span<const PullRequestKit::PullRequestRow> rows,
     std::span<const PullRequestKit::Turn> turns,

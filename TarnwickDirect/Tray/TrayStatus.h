@@ -10,11 +10,10 @@
 
 namespace TarnwickDirect {
 
-/// A list that no refresh has renewed for this long is trouble; a minute without a network is not.
+/// A list that was not refreshed for this long counts as trouble; short failures do not.
 constexpr std::chrono::minutes oldList{10};
 
-/// What the tray icon tells of the list. `failure` is what kept the last refresh from renewing it,
-/// until one succeeds.
+/// What the tray icon shows of the list. `failure` is set until a refresh succeeds.
 struct TrayStatus {
     Tarnwick::MenuState state = {};
     std::size_t shownPullRequests = 0;
@@ -23,17 +22,15 @@ struct TrayStatus {
     bool isTrouble = false;
 };
 
-/// How long it takes until the failure is trouble that the icon shows: no time where there is no
-/// list or the user has to do something about `gh`, else until the list is old. Nothing without a
-/// failure. A clock that was set back counts as no time since the last refresh. Safe from any
-/// thread.
+/// The time until the failure becomes trouble: zero without a list or if the user has to fix `gh`,
+/// else until the list is old. Nothing without a failure. If the clock was set back, the list
+/// counts as just refreshed. Safe from any thread.
 std::optional<std::chrono::seconds> untilTrouble(
     std::optional<Tarnwick::RefreshFailure> failure,
     std::optional<PullRequestKit::Date> lastRefreshed,
     PullRequestKit::Date now);
 
-/// Whether a dot may say that a pull request is blocked: nothing is known of them while the user is
-/// signed out or `gh` is missing.
+/// Whether the dot for blocked pull requests may be shown: not while signed out or without `gh`.
 bool knowsPullRequests(const TrayStatus& status);
 
 }  // namespace TarnwickDirect

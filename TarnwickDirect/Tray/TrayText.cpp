@@ -30,7 +30,7 @@ QString failureText(RefreshFailure failure)
     return QStringLiteral("Pull requests could not be loaded");
 }
 
-/// What the tooltip begins with.
+/// The beginning of the tooltip.
 QString subject(const TrayStatus& status)
 {
     if (status.failure && (!knowsPullRequests(status) || !status.lastRefreshed)) {
@@ -45,7 +45,7 @@ QString subject(const TrayStatus& status)
 QString trayText(const TrayStatus& status, const QDateTime& now, const QLocale& locale)
 {
     QString what = subject(status);
-    // Without a list there is nothing that a time would belong to.
+    // Without a list there is no time to show.
     if (!status.lastRefreshed || what == programName) {
         return what;
     }

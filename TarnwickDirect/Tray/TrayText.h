@@ -8,12 +8,11 @@
 
 namespace TarnwickDirect {
 
-/// What the tray icon's tooltip says: how many pull requests are shown and when they were fetched,
-/// such as "12 pull requests · Updated 14:32", or "12 pull requests · Not updated since 14:05"
-/// while there is trouble, or why there are none to count. All of it is the program's own wording,
-/// because some trays read markup in it. The time is that of a clock and not an age, because trays
-/// keep the text for as long as they like. After midnight the day stands before it.
-/// `lastRefreshed` counts in `now`'s time zone. Safe from any thread.
+/// The tooltip: the number of pull requests and the time of the refresh, such as "12 pull requests
+/// · Updated 14:32", or "12 pull requests · Not updated since 14:05" in trouble, or why there is no
+/// list. It contains no untrusted text, because some trays interpret markup. It has a time instead
+/// of an age, because trays may keep it for long; on another day the date precedes it. Times are in
+/// `now`'s time zone. Safe from any thread.
 QString trayText(const TrayStatus& status, const QDateTime& now, const QLocale& locale);
 
 }  // namespace TarnwickDirect

@@ -11,7 +11,7 @@
 namespace TarnwickDirect {
 namespace {
 
-/// Set in the type of events that a client sent.
+/// Set in the type of events sent by clients.
 constexpr std::uint8_t sentFlag = 0x80;
 
 }  // namespace
@@ -21,7 +21,7 @@ TrayAnnouncement::TrayAnnouncement(std::function<void()> announced)
     , _manager(X11::atom("MANAGER"))
     , _selection(X11::atom(X11::traySelection()))
 {
-    // Qt has the events of the root window sent to it for its own tray icons.
+    // Qt already selects the root window's events for its own tray icons.
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
 

@@ -7,7 +7,7 @@
 
 namespace TarnwickDirect {
 
-/// Hears on X11 when a program becomes the screen's tray. Main thread only.
+/// Detects when a program becomes the X11 tray of the screen. Main thread only.
 class TrayAnnouncement final : public QAbstractNativeEventFilter {
 public:
     explicit TrayAnnouncement(std::function<void()> announced);

@@ -47,7 +47,7 @@ QByteArray ofScreen(const char* selection)
     return selection + QByteArray::number(screenNumber());
 }
 
-/// Quotes and backslashes stand behind backslashes in messages of startup notification.
+/// Escapes quotes and backslashes for startup notification messages.
 QByteArray quoted(const QByteArray& text)
 {
     QByteArray quoted;
@@ -91,7 +91,7 @@ std::optional<quint32> atom(const QByteArray& name)
     if (server == nullptr) {
         return std::nullopt;
     }
-    // They stay what they are as long as the server runs, and each question is a wait for it.
+    // Cached, because atoms never change and each lookup waits for the server.
     static QHash<QByteArray, quint32> known;
     if (const auto found = known.constFind(name); found != known.constEnd()) {
         return *found;
@@ -128,7 +128,7 @@ FocusChange focusChange(const QByteArray& type, const void* message)
     case XCB_FOCUS_IN:
         return FocusChange::came;
     case XCB_FOCUS_OUT:
-        // Of a focus that follows the pointer alone.
+        // Caused by the pointer only.
         if (event->detail == XCB_NOTIFY_DETAIL_POINTER) {
             return FocusChange::none;
         }
@@ -159,7 +159,7 @@ void declineShadow(WId window)
     if (server == nullptr || !name) {
         return;
     }
-    // A window that has a frame of its own, if only one without a width, is left alone.
+    // A window with its own frame, even of zero width, is left alone.
     constexpr quint32 noExtents[] = {0, 0, 0, 0};
     xcb_change_property(
         server,
@@ -179,8 +179,8 @@ void activate(WId window, quint32 time)
     if (server == nullptr || !type) {
         return;
     }
-    // Window managers weigh an application's wish against what the user does elsewhere, and the
-    // time that Qt knows is that of this program's last input. A pager's wish is the user's.
+    // Window managers compare an application's request with the user's activity elsewhere, and Qt
+    // only knows this program's last input. A pager's request counts as the user's.
     constexpr quint32 fromPager = 2;
     xcb_client_message_event_t event{};
     event.response_type = XCB_CLIENT_MESSAGE;
@@ -213,7 +213,7 @@ void endStartup(const QByteArray& startupId)
     const xcb_window_t sender = xcb_generate_id(server);
     xcb_create_window(
         server, 0, sender, root, -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, 0, 0, nullptr);
-    // The text goes with its final zero, in pieces of 20 bytes.
+    // The text is sent with its terminating zero in pieces of 20 bytes.
     QByteArray text = "remove: ID=" + quoted(startupId);
     text.append('\0');
     xcb_client_message_event_t event{};

@@ -9,9 +9,8 @@ struct xcb_connection_t;
 
 namespace TarnwickDirect {
 
-/// What Qt does not say about the X server or ask of it. Every function does nothing and finds
-/// nothing where the program's windows are not X11's. The questions wait for the server's answer,
-/// which is on its way at once. Main thread only.
+/// Functions of the X server that Qt lacks. All do nothing if the program's windows are not on X11.
+/// Queries wait for the server's reply. Main thread only.
 namespace X11 {
 
 /// Qt's connection, or null.
@@ -20,38 +19,39 @@ xcb_connection_t* connection();
 /// Whether a client can place its own windows here.
 bool isInUse();
 
-/// The selection whose owner is the tray, or the compositing manager, of the program's screen.
+/// The selections that the tray and the compositing manager of the program's screen own.
 QByteArray traySelection();
 QByteArray compositorSelection();
 
 bool hasOwner(const QByteArray& selection);
 
-/// The atom of this name, made if there is none.
+/// The atom of this name, created if necessary.
 std::optional<quint32> atom(const QByteArray& name);
 
-/// What an event says of a window's focus.
+/// How an event changes a window's focus.
 enum class FocusChange {
     none,
     came,
     left,
-    /// Somebody reads the keyboard for a while, such as a window manager that resizes the window.
+    /// The keyboard is grabbed for a while, for example by a window manager that resizes the
+    /// window.
     borrowed,
 };
 
-/// Of an event as `QWidget::nativeEvent` gets it.
+/// For an event from `QWidget::nativeEvent`.
 FocusChange focusChange(const QByteArray& type, const void* message);
 
-/// Whether one of the program's windows has the focus, borrowed or not.
+/// Whether one of the program's windows has the focus, even if the keyboard is grabbed.
 bool hasFocus();
 
-/// Asks compositing managers to draw no shadow around the window, as those do that draw their own.
+/// Asks compositing managers to draw no shadow around the window.
 void declineShadow(WId window);
 
-/// Has the window manager bring the window to the front and give it the focus, as the user wants
-/// it at this time (in the server's milliseconds, 0 for now).
+/// Asks the window manager to raise and focus the window, as the user requested at this time (the
+/// server's, in milliseconds; 0 for now).
 void activate(WId window, quint32 time);
 
-/// Tells the desktop that the start with this id is over, so that it shows no more that it waits.
+/// Ends the desktop's startup feedback for this id.
 void endStartup(const QByteArray& startupId);
 
 }  // namespace X11
