@@ -5,8 +5,7 @@
 
 namespace SampleGitHub {
 
-/// Base 64 with the padding that GitHub's cursors have, in the alphabet that is safe in addresses.
-/// Safe from any thread.
+/// Encodes as padded, URL-safe Base64. Safe from any thread.
 std::string encodeBase64(std::string_view bytes);
 
 }  // namespace SampleGitHub

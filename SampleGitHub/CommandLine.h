@@ -11,7 +11,7 @@
 
 namespace SampleGitHub {
 
-/// What `tarnwick-sample-github` is asked to do.
+/// The arguments of `tarnwick-sample-github`.
 struct CommandLine {
     bool isHelpWanted = false;
     std::string scenario = "everyday";
@@ -20,12 +20,12 @@ struct CommandLine {
     std::optional<std::filesystem::path> record;
     std::optional<PullRequestKit::Date> now;
     std::vector<Fault> faults;
-    std::optional<std::string> account;  ///< Who is signed in; empty: whom the scenario names.
+    std::optional<std::string> account;  ///< The account signed in; empty: the scenario's.
     GitHubOptions gitHub;
-    std::vector<std::string> command;  ///< What stands behind --exec; empty: serve until a signal.
+    std::vector<std::string> command;  ///< After --exec; empty: serve until a signal.
 };
 
-/// Reads the arguments without the program's name. Throws `std::invalid_argument` with one English
+/// Parses the arguments without the program's name. Throws `std::invalid_argument` with one English
 /// sentence.
 CommandLine parseCommandLine(const std::vector<std::string>& arguments);
 

@@ -8,10 +8,9 @@
 
 namespace SampleGitHub {
 
-/// Runs a command, found through PATH, and waits for its end; the other signals that come meanwhile
-/// are passed on to it. Yields its exit status, or 128 and the number of the signal that ended it.
-/// Requires: `signals` has SIGCHLD. Throws `std::runtime_error` with one English sentence when the
-/// command cannot be started.
+/// Runs a command, found on PATH, waits for its end and passes other signals on to it. Returns its
+/// exit status, or 128 plus the signal number. Requires: `signals` has SIGCHLD. Throws
+/// `std::runtime_error` with one English sentence when the command cannot be started.
 int runCommand(
     const std::vector<std::string>& command,
     const Environment& environment,

@@ -12,7 +12,7 @@ namespace {
 
 namespace json = boost::json;
 
-/// The repository of this name, or the one that had it once.
+/// Finds a repository by its current or a former name.
 const Repository* repositoryNamed(const Scenario& scenario, const std::string& fullName)
 {
     const auto found = std::ranges::find_if(scenario.repositories, [&](const Repository& known) {
@@ -57,7 +57,7 @@ json::value answerRow(
     return answer;
 }
 
-/// A hundred lists that a document asks for cost a point, and every document costs one at least.
+/// The cost is a point per hundred requested lists, and at least one per document.
 json::object renderQuota(
     const Quota& quota, const FactsDocument& document, PullRequestKit::Date now)
 {

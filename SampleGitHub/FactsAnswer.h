@@ -9,8 +9,8 @@
 
 namespace SampleGitHub {
 
-/// What GitHub answers to a document that asks for pull requests by their names: data, errors, or
-/// both. Safe from any thread.
+/// GitHub's answer to a document that requests pull requests by name: data, errors, or both. Safe
+/// from any thread.
 std::string answerFacts(
     const GraphQlRequest& request,
     const Scenario& scenario,

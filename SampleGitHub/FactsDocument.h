@@ -9,7 +9,7 @@
 
 namespace SampleGitHub {
 
-/// One pull request that a document asks for: `alias: repository(owner:"…", name:"…") { …
+/// A pull request in a facts document: `alias: repository(owner:"…", name:"…") { …
 /// pullRequest(number:…) { ...facts } }`.
 struct FactsRow {
     std::string alias;
@@ -20,21 +20,20 @@ struct FactsRow {
     bool operator==(const FactsRow&) const = default;
 };
 
-/// A document that asks for pull requests by their names and numbers.
+/// A document that requests pull requests by name and number.
 struct FactsDocument {
     std::vector<FactsRow> rows;
-    std::vector<std::string> fields;  ///< Of the fragment, in its order.
+    std::vector<std::string> fields;  ///< Of the fragment, in order.
     bool hasRateLimit = false;
 
     bool operator==(const FactsDocument&) const = default;
 };
 
-/// Throws `SearchError` with one English sentence where GitHub would refuse the document too.
-/// Safe from any thread.
+/// Throws `SearchError` with one English sentence for a document that GitHub would reject. Safe
+/// from any thread.
 FactsDocument readFactsDocument(const GraphQlRequest& request);
 
-/// GitHub's errors about the fields that it does not know, or that it is told not to know; empty
-/// when there are none.
+/// GitHub's errors on fields that it does not know or that `withoutFields` disables.
 boost::json::array unknownFieldErrors(
     const FactsDocument& document, const std::set<std::string>& withoutFields);
 

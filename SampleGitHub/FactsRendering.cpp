@@ -10,9 +10,9 @@ namespace {
 namespace json = boost::json;
 using PullRequestKit::Date;
 
-constexpr std::int64_t threadLimit = 100;  // What the facts document asks for at most.
+constexpr std::int64_t threadLimit = 100;  // The facts document's limit.
 
-/// Forty letters of a hash, the same for the same text.
+/// A made-up hash that depends on the text.
 std::string madeUpCommit(std::string_view text)
 {
     constexpr std::size_t length = 40;

@@ -10,19 +10,18 @@
 
 namespace SampleGitHub {
 
-/// What GitHub tells of a pull request apart from the search: these fields of it, as the user sees
-/// them. Safe from any thread.
+/// These fields of a pull request in GitHub's form, as seen by the account. Safe from any thread.
 boost::json::object renderFacts(
     const PullRequest& pullRequest,
     const Scenario& scenario,
     const std::vector<std::string>& fields,
     PullRequestKit::Date now);
 
-/// The hash of the head's commit: the scenario's, or one that is made up.
+/// The hash of the head commit, from the scenario or made up.
 std::string headCommit(const PullRequest& pullRequest);
 
-/// "APPROVED", "CHANGES_REQUESTED", "REVIEW_REQUIRED", or nothing where the base branch requires no
-/// review: the scenario's, or what its rules and the reviews make.
+/// "APPROVED", "CHANGES_REQUESTED", "REVIEW_REQUIRED", or nothing when no review is required; from
+/// the scenario, or derived from rules and reviews.
 std::optional<std::string> reviewDecision(const PullRequest& pullRequest, const Scenario& scenario);
 
 }  // namespace SampleGitHub

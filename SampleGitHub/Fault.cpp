@@ -19,7 +19,7 @@ bool takesValue(FaultKind kind)
     return kind == FaultKind::delay || kind == FaultKind::padding || kind == FaultKind::usedUp;
 }
 
-/// Cuts off what stands behind the last `mark`; nothing when there is none.
+/// Removes and returns the text after the last `mark`; nothing without one.
 std::optional<std::string_view> takeSuffix(std::string_view& text, char mark)
 {
     const std::size_t place = text.rfind(mark);
@@ -42,7 +42,7 @@ std::optional<std::int64_t> readNumber(std::string_view text)
     return isNumber ? std::optional(number) : std::nullopt;
 }
 
-/// What each fault does, in the order of the kinds.
+/// In the order of the kinds.
 constexpr std::array descriptions{
     std::string_view("status 401"),
     std::string_view("status 403 with the text about the rate limit"),

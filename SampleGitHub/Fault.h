@@ -9,7 +9,7 @@
 
 namespace SampleGitHub {
 
-/// What can go wrong between GitHub and `gh`; `describeFaults` says what each does.
+/// Failures between GitHub and `gh`; see `describeFaults`.
 enum class FaultKind {
     unauthorized,
     rateLimit,
@@ -34,21 +34,20 @@ enum class FaultKind {
     padding,
 };
 
-/// A fault that is switched on.
 struct Fault {
     FaultKind kind = FaultKind::serverError;
     std::int64_t value = 0;           ///< For `delay`, `padding` and `used-up`.
-    std::optional<RequestKind> only;  ///< The requests it strikes; empty: all.
-    std::optional<std::int64_t> nth;  ///< Of those, the one with this number, from 1; empty: all.
+    std::optional<RequestKind> only;  ///< The affected requests; empty: all.
+    std::optional<std::int64_t> nth;  ///< The affected one of these, from 1; empty: all.
 
     bool operator==(const Fault&) const = default;
 };
 
-/// Reads `NAME[=VALUE][@KIND][#NUMBER]`, such as `rate-limit@search#2` or `delay=1500`. Throws
+/// Parses `NAME[=VALUE][@KIND][#NUMBER]`, such as `rate-limit@search#2` or `delay=1500`. Throws
 /// `std::invalid_argument` with one English sentence. Safe from any thread.
 Fault parseFault(std::string_view text);
 
-/// One line per fault, for a help text: its name and what it does.
+/// A help text with one line per fault.
 std::string describeFaults();
 
 }  // namespace SampleGitHub

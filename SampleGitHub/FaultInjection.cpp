@@ -22,7 +22,7 @@ bool isGraphQl(RequestKind kind)
     return kind == RequestKind::search || kind == RequestKind::rules || kind == RequestKind::facts;
 }
 
-/// Every member of this name, wherever it stands, in the order of the text.
+/// Finds all members of this name at any depth, in document order.
 void addMembers(std::vector<json::value*>& found, json::value& value, std::string_view name)
 {
     if (json::array* const array = value.if_array()) {
@@ -62,7 +62,7 @@ void replaceEach(json::value& value, std::string_view name, const json::value& r
     }
 }
 
-/// Each node of the list at the top of an answer replaced.
+/// Replaces each node of the top-level list.
 void replaceNodes(json::value& value, const json::value& replacement)
 {
     const auto lists = membersNamed(value, "nodes");
@@ -71,10 +71,10 @@ void replaceNodes(json::value& value, const json::value& replacement)
     }
 }
 
-/// The members that faults of a single value spoil.
+/// The members that faults of a single value change.
 struct SpoiltMembers {
-    std::string_view text;   ///< It gets a byte that is not UTF-8.
-    std::string_view typed;  ///< It gets a value of another type.
+    std::string_view text;   ///< Gets a byte that is not UTF-8.
+    std::string_view typed;  ///< Gets a value of another type.
 };
 
 SpoiltMembers spoiltMembers(RequestKind kind)
@@ -96,7 +96,7 @@ SpoiltMembers spoiltMembers(RequestKind kind)
     return {};
 }
 
-/// What `rate_limit` says of a limit: nothing remains.
+/// Sets the remaining requests of a limit to zero.
 void useUp(json::value& limits, std::int64_t seconds)
 {
     const auto end = std::chrono::system_clock::now() + std::chrono::seconds(seconds);
@@ -104,7 +104,7 @@ void useUp(json::value& limits, std::int64_t seconds)
     replaceEach(limits, "reset", std::chrono::system_clock::to_time_t(end));
 }
 
-/// Edits the values of a body; what is no JSON stays as it is.
+/// Edits a JSON body; any other body is left unchanged.
 template<typename Edit>
 void editJson(std::string& body, const Edit& edit)
 {
@@ -128,7 +128,7 @@ void answerStatus(Response& response, int status, std::string_view text)
     response.headers.erase("Link");
 }
 
-/// Faults of the connection and of the status line, which strike any request.
+/// Faults of the connection and the status line, for any request.
 bool applyToTransport(Delivery& delivery, const Fault& fault)
 {
     Response& response = delivery.response;
@@ -157,7 +157,7 @@ bool applyToTransport(Delivery& delivery, const Fault& fault)
     return true;
 }
 
-/// Faults of what only an answer of GraphQL can say.
+/// Faults specific to GraphQL.
 void applyToGraphQl(json::value& answer, RequestKind kind, FaultKind fault)
 {
     const bool isSearch = kind == RequestKind::search;
@@ -182,7 +182,7 @@ void applyToGraphQl(json::value& answer, RequestKind kind, FaultKind fault)
     }
 }
 
-/// Faults of what an answer's values say.
+/// Faults of an answer's values.
 void applyToValues(json::value& answer, RequestKind kind, FaultKind fault)
 {
     if (fault == FaultKind::wrongType) {

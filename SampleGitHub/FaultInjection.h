@@ -9,16 +9,16 @@
 
 namespace SampleGitHub {
 
-/// How an answer is to be sent.
 struct Delivery {
     Response response;
     std::chrono::milliseconds delay{0};
-    std::optional<std::size_t> cutOffAt;  ///< Bytes of the body after which the connection ends.
-    bool isHungUp = false;                ///< It ends without an answer.
+    std::optional<std::size_t>
+        cutOffAt;           ///< Closes the connection after this many bytes of the body.
+    bool isHungUp = false;  ///< Closes the connection without an answer.
 };
 
-/// Spoils answers with the faults that are switched on, in their order, and counts the requests
-/// that each was meant for. Not for several threads at once.
+/// Applies the active faults to answers, in order, and counts the requests that each applies to.
+/// Not safe across threads.
 class FaultInjection {
 public:
     FaultInjection() = default;

@@ -78,7 +78,7 @@ void addReviews(PullRequest& pullRequest, std::int64_t index, const Scenario& sc
 PullRequest makePullRequest(std::int64_t index, const Scenario& scenario)
 {
     const std::int64_t busy = std::max<std::int64_t>(1, scenario.generated.busyRepositories);
-    const std::int64_t place = index / busy;  // Among those of the same repository.
+    const std::int64_t place = index / busy;  // Within the repository.
     PullRequest pullRequest;
     pullRequest.repository = repositoryName(index % busy);
     pullRequest.number = firstNumber + index;
@@ -91,7 +91,7 @@ PullRequest makePullRequest(std::int64_t index, const Scenario& scenario)
     pullRequest.mergeability =
         index % 11 == 3 ? PullRequestMergeability::conflicting : PullRequestMergeability::mergeable;
     pullRequest.head = "step-" + std::to_string(place + 1);
-    // Stacks of three: every first of three targets main, the others their predecessor.
+    // Stacks of three: the first targets main, the others their predecessor.
     pullRequest.base = place % 3 == 0 ? "main" : "step-" + std::to_string(place);
     addReviews(pullRequest, index, scenario);
     for (std::int64_t check = 0; check < scenario.generated.checks; ++check) {

@@ -4,9 +4,8 @@
 
 namespace SampleGitHub {
 
-/// Adds the repositories and pull requests that `scenario.generated` asks for. Everything follows
-/// from these counts, so that two runs give the same. A hundred checks make a pull request of about
-/// 32 kB. Counts of 0 and less add nothing.
+/// Adds the repositories and pull requests of `scenario.generated`. Deterministic. A pull request
+/// with a hundred checks takes about 32 kB. Counts below 1 add nothing.
 void generate(Scenario& scenario);
 
 }  // namespace SampleGitHub

@@ -50,7 +50,7 @@ void writeGhConfiguration(
         throw std::runtime_error(
             "The folder " + folder.string() + " could not be made: " + error.message() + ".");
     }
-    // With the version given, newer `gh` sees nothing to migrate.
+    // The version keeps newer `gh` from migrating the file.
     const std::string path = std::filesystem::absolute(socket).string();
     writeFile(
         folder / "config.yml",

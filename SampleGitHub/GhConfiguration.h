@@ -7,10 +7,9 @@
 
 namespace SampleGitHub {
 
-/// Writes the two files of a `GH_CONFIG_DIR` folder that make `gh` talk to this socket: config.yml
-/// and, when somebody is signed in, hosts.yml with the account and a token that opens nothing. The
-/// folder is made when it is missing; files that are there already are kept, and refused. Throws
-/// `std::runtime_error` with one English sentence.
+/// Writes a `GH_CONFIG_DIR` folder that makes `gh` use this socket: config.yml and, if signed in,
+/// hosts.yml with the account and a fake token. Creates a missing folder. Throws
+/// `std::runtime_error` with one English sentence, also if a file exists already.
 void writeGhConfiguration(
     const std::filesystem::path& folder,
     const std::filesystem::path& socket,

@@ -15,7 +15,7 @@ namespace {
 
 namespace json = boost::json;
 
-constexpr std::int64_t searchLimit = 1000;  // Results that GitHub's search gives of any query.
+constexpr std::int64_t searchLimit = 1000;  // GitHub's maximum per query.
 constexpr std::int64_t largestPage = 100;
 constexpr std::size_t idLimit = 100;
 constexpr std::int64_t firstRepositoryId = 700'000'000;
@@ -193,7 +193,7 @@ std::vector<std::size_t> GitHub::matches(
     return search(_scenario, parseSearchQuery(*text, type, _options.terms));
 }
 
-/// Several searches under aliases, of each of which only the number of matches is asked.
+/// Several searches under aliases that request only the number of matches.
 std::string GitHub::searchCounts(const GraphQlRequest& request) const
 {
     std::string counts;

@@ -20,22 +20,22 @@ namespace SampleGitHub {
 struct GraphQlField;
 struct GraphQlRequest;
 
-/// The token that the sample takes for its user's.
+/// The token of the sample's user.
 inline constexpr std::string_view accountToken = "gho_tokenOfTheSampleGitHub";
 
-/// What GitHub says is left of the hour's requests, however many are made.
+/// GitHub's rate limit; it does not decrease.
 struct Quota {
     std::int64_t remaining = 5000;
     std::int64_t limit = 5000;
-    std::chrono::seconds end{3600};  ///< After the instant from which ages count back.
+    std::chrono::seconds end{3600};  ///< After the instant that ages are relative to.
 
     bool operator==(const Quota&) const = default;
 };
 
-/// In what one GitHub differs from another.
+/// The variations of GitHub.
 struct GitHubOptions {
     RepositoryTerms terms = RepositoryTerms::any;
-    std::set<std::string> withoutFields;  ///< Which facts it does not know.
+    std::set<std::string> withoutFields;  ///< The facts it does not know.
     Quota quota;
 };
 
@@ -44,10 +44,9 @@ struct Answer {
     Response response;
 };
 
-/// What GitHub would answer: a function of a scenario, an instant and the request. It interprets
-/// the request (search terms, cursors, ids, pages) and knows only what Tarnwick has `gh` ask; every
-/// other request gets GitHub's "Not Found". Everything is rendered on construction, so that an
-/// answer of 1.6 MB is put together in about a millisecond. Safe from any thread.
+/// Answers requests from a scenario and an instant. Interprets search terms, cursors, ids and
+/// pages, but knows only Tarnwick's requests; all others get "Not Found". Renders everything on
+/// construction, so that an answer of 1.6 MB takes about a millisecond. Safe from any thread.
 class GitHub {
 public:
     GitHub(Scenario scenario, PullRequestKit::Date now, GitHubOptions options = {});

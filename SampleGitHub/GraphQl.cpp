@@ -17,7 +17,7 @@ bool isNameCharacter(char character)
            || (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
 }
 
-/// Where the first field of the operation begins: behind the brace that no parenthesis encloses.
+/// The start of the operation's first field: after the first brace outside of parentheses.
 std::size_t startOfFirstField(std::string_view document)
 {
     int depth = 0;
@@ -52,8 +52,8 @@ std::string takeName(std::string_view& text)
     return name;
 }
 
-/// What stands between this opening character and its closing one; nothing where the text does not
-/// begin with it.
+/// Removes and returns the text between the opening and the matching closing character; nothing if
+/// the text does not start with the opening one.
 std::string_view takeEnclosed(std::string_view& text, char opening, char closing)
 {
     if (!text.starts_with(opening)) {
@@ -147,7 +147,7 @@ GraphQlRequest parseGraphQlRequest(std::string_view body)
     request.document = readText(*query, path.member("query"));
     request.fields = topFields(request.document);
     if (const json::value* const variables = presentMember(object, "variables")) {
-        // A copy, because the document's memory goes away.
+        // A copy, because the document is destroyed.
         request.variables = readObject(*variables, path.member("variables"));
     }
     return request;

@@ -5,7 +5,6 @@
 
 namespace SampleGitHub {
 
-/// A request as it came over the socket.
 struct Request {
     std::string method;
     std::string target;                          ///< Path and query.
@@ -15,7 +14,7 @@ struct Request {
 
 struct Response {
     int status = 200;
-    std::map<std::string, std::string> headers;  ///< Beside content type and length.
+    std::map<std::string, std::string> headers;  ///< Without content type and length.
     std::string body;
 };
 

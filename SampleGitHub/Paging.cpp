@@ -8,7 +8,7 @@
 namespace SampleGitHub {
 namespace {
 
-constexpr std::int64_t largestCursor = 1000;  // GitHub's search has no results behind that.
+constexpr std::int64_t largestCursor = 1000;  // GitHub's search returns no further results.
 
 }  // namespace
 

@@ -6,16 +6,16 @@
 #include <string>
 #include <string_view>
 
-/// How GitHub cuts lists into pages. Safe from any thread.
+/// GitHub's pagination. Safe from any thread.
 namespace SampleGitHub {
 
-/// The search cursor behind so many results.
+/// The search cursor after this many results.
 std::string cursorBehind(std::int64_t count);
 
-/// How many results lie before a cursor; nothing for a text that is none.
+/// The number of results before a cursor; nothing for an invalid one.
 std::optional<std::int64_t> resultsBefore(std::string_view cursor);
 
-/// The parameters of an address' query as they stand there. Of one name the last value counts.
+/// The undecoded parameters of a URL's query. Of duplicates the last value counts.
 std::map<std::string, std::string> queryParameters(std::string_view query);
 
 /// A positive number among the parameters, or `fallback`.
@@ -24,8 +24,8 @@ std::int64_t positiveParameter(
     const std::string& name,
     std::int64_t fallback);
 
-/// The value of a Link header for page `page` of `pageCount`, with the other parameters kept; empty
-/// when there is only one page. `address` is what stands before the question mark.
+/// The Link header of page `page` of `pageCount` with the other parameters kept; empty for a single
+/// page. `address` is the URL without its query.
 std::string linkHeader(
     std::string_view address,
     std::map<std::string, std::string> parameters,

@@ -16,10 +16,9 @@ using PullRequestKit::PullRequestState;
 
 namespace json = boost::json;
 
-constexpr std::size_t reviewLimit = 50;  // What the search document asks for at most.
+constexpr std::size_t reviewLimit = 50;  // The search document's limit.
 constexpr std::size_t checkLimit = 100;
 
-/// An object with one member.
 json::value member(std::string_view key, json::value value)
 {
     json::object object;
@@ -130,7 +129,7 @@ json::value commits(const PullRequest& pullRequest, Date now)
 {
     json::value rollup = nullptr;
     if (!pullRequest.checks.empty()) {
-        // Later check runs have larger numbers, and no two pull requests share one.
+        // Increases from check to check and is unique among pull requests.
         std::int64_t databaseId = 20'000'000'000 + pullRequest.number * 1000;
         json::array list;
         list.reserve(std::min(pullRequest.checks.size(), checkLimit));
@@ -168,7 +167,7 @@ void addAddress(json::object& object, const std::string& address, const std::str
     object.emplace(name + "_url", address + "/" + name + "{/more}");
 }
 
-/// As much text as the addresses that GitHub puts into every repository, which nobody asks for.
+/// Adds as much text as the URLs in GitHub's repositories, which no client uses.
 void addAddresses(json::object& object, const std::string& address)
 {
     constexpr int count = 50;

@@ -6,19 +6,19 @@
 #include <cstdint>
 #include <string>
 
-/// The JSON texts in which GitHub tells of a record. Safe from any thread.
+/// GitHub's JSON for records. Safe from any thread.
 namespace SampleGitHub {
 
-/// GitHub's id of a branch, as far as anyone can tell one from an opaque text.
+/// A branch's id in the style of GitHub's opaque ids.
 std::string refId(const std::string& repository, const std::string& branch);
 
-/// A search hit with the fields that Tarnwick's search document asks for.
+/// A search hit with the fields of Tarnwick's search document.
 std::string renderSearchNode(const PullRequest& pullRequest, PullRequestKit::Date now);
 
-/// A branch with its rules, as the rules document asks for them.
+/// A branch and its rules with the fields of the rules document.
 std::string renderRefNode(const std::string& id, const BranchRules& rules);
 
-/// A repository as the REST interface tells of it. `id` is GitHub's number of the repository.
+/// A repository in the REST API. `id` is GitHub's number of the repository.
 std::string renderRepository(
     const Repository& repository, std::int64_t id, PullRequestKit::Date now);
 

@@ -4,13 +4,13 @@
 
 namespace SampleGitHub {
 
-/// What a request is about.
+/// The purpose of a request.
 enum class RequestKind {
-    authentication,  ///< What `gh auth status` asks: the token's scopes and the user's login.
+    authentication,  ///< By `gh auth status`: the token's scopes and the user's login.
     search,
-    rules,  ///< Nodes by their ids.
+    rules,  ///< Nodes by id.
     repositories,
-    facts,  ///< Pull requests by their repositories and numbers.
+    facts,  ///< Pull requests by repository and number.
     other,
 };
 

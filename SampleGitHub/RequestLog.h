@@ -6,8 +6,8 @@
 
 namespace SampleGitHub {
 
-/// A recorded request as one line of JSON without its line feed: kind, method, target, headers,
-/// body. Safe from any thread.
+/// The request as one line of JSON without line feed: kind, method, target, headers, body. Safe
+/// from any thread.
 std::string renderRequest(const RecordedRequest& recorded);
 
 }  // namespace SampleGitHub

@@ -12,20 +12,19 @@
 #include <string_view>
 #include <vector>
 
-/// What the sample GitHub holds, as scenario files tell it. A member that the field table calls
-/// defaulted may be left out of the file. Ages count back from the server's "now"; each is given as
-/// a text (see `parseAge`) and kept beside it in seconds.
+/// The contents of the sample GitHub as described in scenario files. Fields that the field tables
+/// call defaulted are optional. Ages are relative to the server's "now"; each is stored as text
+/// (see `parseAge`) and in seconds.
 namespace SampleGitHub {
 
-/// The one user who is signed in.
 struct Account {
     std::string login;
-    std::vector<std::string> teams;  ///< Names of the teams whose review requests reach the user.
+    std::vector<std::string> teams;  ///< The teams whose review requests concern the user.
 
     bool operator==(const Account&) const = default;
 };
 
-/// How many approvals a branch asks for.
+/// How many approvals a branch requires.
 struct BranchRules {
     std::string name;
     std::optional<std::int64_t> protection;  ///< By classic branch protection.
@@ -36,47 +35,46 @@ struct BranchRules {
 
 struct Repository {
     std::string fullName;
-    std::vector<std::string> formerNames;  ///< Full names that lead here since it was renamed.
+    std::vector<std::string> formerNames;  ///< Full names before renames.
     std::string description;
     std::string visibility = "public";
     std::optional<std::string> language;
     std::string defaultBranch = "main";
     bool isArchived = false;
-    std::string affiliation = "organization_member";  ///< Or "owner", or "collaborator".
-    std::vector<BranchRules> branches;                ///< Those with rules.
+    std::string affiliation = "organization_member";  ///< Or "owner" or "collaborator".
+    std::vector<BranchRules> branches;                ///< Branches with rules.
 
     bool operator==(const Repository&) const = default;
 };
 
 /// The latest review of one reviewer.
 struct Review {
-    std::string state;                  ///< In GitHub's vocabulary, such as "APPROVED".
+    std::string state;                  ///< In GitHub's terms, such as "APPROVED".
     std::optional<std::string> author;  ///< Empty for a deleted account.
-    std::string commit = "head";        ///< That was reviewed: "head", "older", or "gone".
+    std::string commit = "head";        ///< The reviewed commit: "head", "older" or "gone".
     std::string age = "1d";
     std::chrono::seconds ageInSeconds{0};
 
     bool operator==(const Review&) const = default;
 };
 
-/// One entry of the last commit's checks: a check run when it has a name, a commit status when it
-/// has a context.
+/// A check of the last commit: a check run if it has a name, a commit status if it has a context.
 struct Check {
     std::optional<std::string> name;
     std::optional<std::string> context;
-    std::string state;  ///< A run's conclusion (empty while it runs), or a commit status' state.
+    std::string state;  ///< A run's conclusion (empty while running) or a status's state.
     std::string app = "actions";
-    std::string workflow;         ///< File name below .github/workflows; empty for other apps.
+    std::string workflow;         ///< File name in .github/workflows; empty for other apps.
     std::int64_t run = 0;         ///< The workflow run's number.
     std::int64_t attempt = 1;     ///< The run's attempt.
-    std::int64_t databaseId = 0;  ///< 0: one is made up.
+    std::int64_t databaseId = 0;  ///< 0: made up.
     std::string age = "1h";
     std::chrono::seconds ageInSeconds{0};
 
     bool operator==(const Check&) const = default;
 };
 
-/// A place in one of the stacks that GitHub itself keeps.
+/// A position in one of GitHub's own stacks.
 struct StackPlace {
     std::int64_t number = 1;  ///< Of the stack.
     std::int64_t position = 1;
@@ -100,15 +98,15 @@ struct PullRequest {
         PullRequestKit::PullRequestMergeability::mergeable;
     std::string head;
     std::string base = "main";
-    std::optional<std::string> fork;  ///< The head's repository where it is another one.
+    std::optional<std::string> fork;  ///< The head's repository, if another one.
     bool isForkDeleted = false;
-    bool isBaseDeleted = false;  ///< The base branch is gone.
+    bool isBaseDeleted = false;  ///< The base branch was deleted.
     std::vector<std::string> requestedUsers;
     std::vector<std::string> requestedTeams;
     std::vector<Review> reviews;
     std::vector<Check> checks;
-    std::optional<std::string> headCommit;           ///< Empty: one is made up.
-    std::optional<std::string> reviewDecision;       ///< Empty: what rules and reviews make.
+    std::optional<std::string> headCommit;           ///< Empty: made up.
+    std::optional<std::string> reviewDecision;       ///< Empty: derived from rules and reviews.
     std::optional<std::int64_t> mergeQueuePosition;  ///< Empty: not in the merge queue.
     bool isAutoMerge = false;
     std::int64_t threads = 0;
@@ -118,19 +116,20 @@ struct PullRequest {
     bool operator==(const PullRequest&) const = default;
 };
 
-/// How many of everything is made up, beside what the file tells one by one.
+/// The numbers of generated records, in addition to the listed ones.
 struct Generated {
     std::int64_t repositories = 0;
     std::int64_t pullRequests = 0;
-    std::int64_t busyRepositories = 1;  ///< The pull requests are spread over the first so many.
-    std::int64_t checks = 0;            ///< Of each pull request.
+    std::int64_t busyRepositories =
+        1;                    ///< Pull requests are distributed over this many repositories.
+    std::int64_t checks = 0;  ///< Per pull request.
 
     bool operator==(const Generated&) const = default;
 };
 
 struct Scenario {
     std::optional<Account> account;      ///< Empty: nobody is signed in.
-    std::vector<Account> otherAccounts;  ///< Who else could be.
+    std::vector<Account> otherAccounts;  ///< Others that can be signed in.
     std::vector<Repository> repositories;
     std::vector<PullRequest> pullRequests;
     Generated generated;
@@ -138,20 +137,18 @@ struct Scenario {
     bool operator==(const Scenario&) const = default;
 };
 
-/// Reads a scenario file's text and makes up what it asks to be generated. Throws
-/// `PullRequestKit::DecodingError` with the path of the offending value.
+/// Parses a scenario file and generates what it asks for. Throws `PullRequestKit::DecodingError`.
 Scenario parseScenario(std::string_view text);
 
-/// Signs in the account of this login, which is one of the scenario's. Throws `std::runtime_error`
-/// with one English sentence.
+/// Signs in one of the scenario's accounts. Throws `std::runtime_error` with one English sentence.
 void signIn(Scenario& scenario, const std::string& login);
 
-/// Where a scenario lies: the file of this name in the folder of scenarios or, when the text has a
-/// slash or a dot in it, that file.
+/// The path of a scenario: a file in the scenario folder by name, or a path if the text contains a
+/// slash or a dot.
 std::filesystem::path scenarioFile(const std::string& nameOrFile);
 
-/// Reads a scenario by its name ("everyday", "involved", "large", "signed-out", "empty") or its
-/// file, as `scenarioFile` tells them apart. Throws `std::runtime_error` with one English sentence.
+/// Loads a scenario by its name ("everyday", "involved", "large", "signed-out", "empty") or path.
+/// Throws `std::runtime_error` with one English sentence.
 Scenario loadScenario(const std::string& nameOrFile);
 
 }  // namespace SampleGitHub

@@ -8,17 +8,17 @@
 
 namespace SampleGitHub {
 
-/// A scenario's file, which may be changed while it is served. Belongs to one thread.
+/// A scenario file that may change while it is served. Belongs to one thread.
 class ScenarioFile {
 public:
-    /// `nameOrFile` as `loadScenario` takes it; with a login, that of one of the scenario's
-    /// accounts is signed in. Throws `std::runtime_error` with one English sentence.
+    /// `nameOrFile` is as for `loadScenario`; `login` overrides the account signed in. Throws
+    /// `std::runtime_error` with one English sentence.
     ScenarioFile(std::string nameOrFile, std::optional<std::string> login);
 
     const Scenario& scenario() const { return _scenario; }
 
-    /// The scenario when the file has changed since it was last read. A file that cannot be read,
-    /// because it is being written perhaps, counts as unchanged and is tried again.
+    /// The scenario if the file has changed since the last call. An unreadable file, which may be
+    /// being written, counts as unchanged and is retried.
     std::optional<Scenario> changed();
 
 private:
@@ -34,7 +34,7 @@ private:
 
     std::string _nameOrFile;
     std::optional<std::string> _login;
-    Stamp _stamp;  ///< From before the reading, so that no later change is missed.
+    Stamp _stamp;  ///< Taken before reading, so that no later change is missed.
     Scenario _scenario;
 };
 

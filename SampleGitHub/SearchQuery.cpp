@@ -33,8 +33,7 @@ void readTerm(SearchQuery& query, std::string_view term)
     }
 }
 
-/// Reads `(repo:a OR repo:b)`, the only kind of group that the sample knows, and returns the text
-/// behind it.
+/// Parses `(repo:a OR repo:b)`, the only supported group, and returns the remaining text.
 std::string_view readGroup(SearchQuery& query, std::string_view text)
 {
     constexpr std::string_view joint = " OR ";
@@ -57,7 +56,6 @@ std::string_view readGroup(SearchQuery& query, std::string_view text)
     return text.substr(end + 1);
 }
 
-/// The full names of the repositories that the search may look into.
 std::unordered_set<std::string_view> searched(const Scenario& scenario, const SearchQuery& query)
 {
     std::unordered_set<std::string_view> names;
@@ -81,7 +79,7 @@ bool isRequestedFrom(const PullRequest& pullRequest, const Account& account)
            || std::ranges::any_of(pullRequest.requestedTeams, isOfUser);
 }
 
-/// A review that is begun and not submitted does not count yet.
+/// A review that was not submitted does not count.
 bool isReviewedBy(const PullRequest& pullRequest, const Account& account)
 {
     return std::ranges::any_of(pullRequest.reviews, [&](const Review& review) {

@@ -12,30 +12,29 @@
 
 namespace SampleGitHub {
 
-/// A search text that GitHub would not understand either, or that only the sample does not know.
+/// A search text that GitHub rejects or that the sample does not support.
 class SearchError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// What several `repo:` terms mean. GitHub has announced to go from the one to the other.
+/// The meaning of several `repo:` terms. GitHub has announced to change it from `any` to `all`.
 enum class RepositoryTerms {
     any,
-    all,  ///< Which no pull request matches.
+    all,  ///< Matches no pull request.
 };
 
-/// Which of GitHub's searches.
 enum class SearchType {
     issue,
-    issueAdvanced,  ///< It knows groups such as `(repo:a OR repo:b)`.
+    issueAdvanced,  ///< Supports groups such as `(repo:a OR repo:b)`.
 };
 
-/// GitHub's search for pull requests, as far as Tarnwick uses it: the repositories, and the terms
-/// `is:pr`, `is:open`, `archived:false`, `author:@me`, `-author:@me`, `review-requested:@me`,
+/// A parsed search for pull requests. Supports repositories and Tarnwick's terms: `is:pr`,
+/// `is:open`, `archived:false`, `author:@me`, `-author:@me`, `review-requested:@me`,
 /// `reviewed-by:@me` and `sort:updated-desc`.
 struct SearchQuery {
     std::unordered_set<std::string> repositories;  ///< Empty: any.
-    bool isImpossible = false;                     ///< A hit would have to be in two repositories.
+    bool isImpossible = false;                     ///< Requires two repositories at once.
     std::set<std::string, std::less<>> terms;
 };
 
@@ -46,7 +45,7 @@ SearchQuery parseSearchQuery(
     RepositoryTerms terms = RepositoryTerms::any);
 
 /// The indexes of the matches in `scenario.pullRequests`, in the scenario's order or, with
-/// `sort:updated-desc`, the last updated first. Safe from any thread.
+/// `sort:updated-desc`, last updated first. Safe from any thread.
 std::vector<std::size_t> search(const Scenario& scenario, const SearchQuery& query);
 
 }  // namespace SampleGitHub

@@ -33,8 +33,8 @@ PullRequestKit::Date currentTime()
     return std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
 }
 
-/// What the server keeps beside its sockets. Requests are answered on the server's thread; the
-/// tests look in from theirs.
+/// The server's state apart from sockets. Requests are answered on the server's thread; tests
+/// access it from theirs.
 class Desk {
 public:
     explicit Desk(ServerOptions options)
@@ -85,7 +85,7 @@ public:
 private:
     PullRequestKit::Date _now;
     GitHubOptions _options;
-    std::unique_ptr<GitHub> _gitHub;  // Of the server's thread alone.
+    std::unique_ptr<GitHub> _gitHub;  // Used by the server's thread only.
     std::function<std::optional<Scenario>()> _changedScenario;
     std::function<void(const RecordedRequest&)> _onRequest;
     mutable std::mutex _mutex;
@@ -111,8 +111,8 @@ Request toRequest(http::request<http::string_body> message)
     return request;
 }
 
-/// One connection: a request is read, answered, perhaps after a delay, and so on until the client
-/// has enough. It keeps itself alive through the operation it waits for.
+/// A connection: reads and answers requests until the client closes it. Kept alive by its pending
+/// operation.
 class Connection : public std::enable_shared_from_this<Connection> {
 public:
     Connection(Protocol::socket socket, Desk& desk)
@@ -184,7 +184,7 @@ private:
     asio::steady_timer _timer;
     Desk& _desk;
     boost::beast::flat_buffer _buffer;
-    std::unique_ptr<Parser> _parser;  // One reads one request.
+    std::unique_ptr<Parser> _parser;  // For a single request.
     http::response<http::string_body> _message;
     bool _isKeptAlive = false;
 };
@@ -197,7 +197,7 @@ void checkLength(const std::filesystem::path& socket)
     }
 }
 
-/// Removes the file of a socket that nobody listens at any more.
+/// Removes a socket file without a server.
 void removeStaleSocket(const std::filesystem::path& path)
 {
     std::error_code ignored;
@@ -246,7 +246,7 @@ public:
             _context->stop();
             _thread.join();
             _acceptor.reset();
-            _context.reset();  // Takes all connections with it.
+            _context.reset();  // Destroys all connections.
             std::error_code ignored;
             std::filesystem::remove(_path, ignored);
         }

@@ -15,44 +15,45 @@
 
 namespace SampleGitHub {
 
-/// A request that the server got. Its headers are without the token.
+/// A received request; headers are without the token.
 struct RecordedRequest {
     RequestKind kind = RequestKind::other;
     Request request;
 };
 
 struct ServerOptions {
-    std::filesystem::path socket;  ///< At most 107 bytes long.
+    std::filesystem::path socket;  ///< At most 107 bytes.
     Scenario scenario;
     std::vector<Fault> faults;
     GitHubOptions gitHub;
-    std::optional<PullRequestKit::Date> now;  ///< What ages count back from; empty: the start.
-    /// Called on the server's thread before each answer: what is served from here on, when it has
-    /// changed. Ages go on counting back from the same instant.
+    std::optional<PullRequestKit::Date>
+        now;  ///< The instant that ages are relative to; empty: the start.
+    /// Called on the server's thread before each answer. Returns the scenario if it has changed;
+    /// ages stay relative to the same instant.
     std::function<std::optional<Scenario>()> changedScenario;
-    /// Called for every request on the server's thread, before the answer is sent.
+    /// Called on the server's thread for every request, before the answer is sent.
     std::function<void(const RecordedRequest&)> onRequest;
 };
 
-/// The sample GitHub, serving plain HTTP on a Unix socket from a thread of its own. It serves from
-/// the end of the constructor to `stop()`; the socket's file lives as long. Several connections may
-/// be open at once. All functions are safe from any thread.
+/// The sample GitHub as an HTTP server on a Unix socket, on a thread of its own. It serves from the
+/// end of the constructor until `stop()`, which also removes the socket. All functions are safe
+/// from any thread.
 class Server {
 public:
-    /// Throws `std::runtime_error` with one English sentence when the socket cannot be made. A
-    /// socket's file that nobody serves any more is replaced.
+    /// Replaces a socket file without a server. Throws `std::runtime_error` with one English
+    /// sentence.
     explicit Server(ServerOptions options);
     Server(const Server&) = delete;
     Server& operator=(const Server&) = delete;
     ~Server();
 
-    /// Ends all connections and the thread. Answers that are being delayed are not sent.
+    /// Closes all connections and ends the thread. Delayed answers are dropped.
     void stop();
 
-    /// Replaces the faults that are switched on; the numbers of requests count anew from here.
+    /// Replaces the active faults and restarts their counts.
     void setFaults(const std::vector<Fault>& faults);
 
-    /// Everything that was asked so far, in order.
+    /// All requests so far, in order.
     std::vector<RecordedRequest> requests() const;
 
     void forgetRequests();

@@ -5,8 +5,8 @@
 
 namespace SampleGitHub {
 
-/// Blocks signals for this thread and those it starts, so that they are taken by `wait()`. Make one
-/// before any other thread; the signals are as before when it goes.
+/// Blocks signals in this thread and those started later, for `wait()`. Create before any other
+/// thread. The destructor restores the previous signals.
 class Signals {
 public:
     Signals(std::initializer_list<int> signals);
@@ -14,10 +14,10 @@ public:
     Signals& operator=(const Signals&) = delete;
     ~Signals();
 
-    /// Blocks until one of the signals comes, and tells its number.
+    /// Blocks until one of the signals arrives and returns its number.
     int wait() const;
 
-    /// What was blocked before, for children to inherit.
+    /// The signals blocked before, for children to inherit.
     const sigset_t& before() const { return _before; }
 
 private:

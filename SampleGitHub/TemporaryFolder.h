@@ -4,11 +4,11 @@
 
 namespace SampleGitHub {
 
-/// A new folder for its owner alone, removed with all it holds at the end of its life. Its path is
-/// short enough for a socket inside it.
+/// A new private folder with a path short enough for a socket. Removed with its contents on
+/// destruction.
 class TemporaryFolder {
 public:
-    /// In `TMPDIR`, or in /tmp where that is unset or too long. Throws `std::system_error`.
+    /// In `TMPDIR`, or in /tmp if that is unset or too long. Throws `std::system_error`.
     TemporaryFolder();
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
