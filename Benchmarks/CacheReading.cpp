@@ -26,8 +26,7 @@ Tarnwick::CachedPullRequestSnapshot makeSnapshot()
     return snapshot;
 }
 
-/// What stands between the start of the program and a full list: from the name of a cache file of
-/// 1,000 pull requests and as many repositories to rows.
+/// From the cache file of 1,000 pull requests and repositories to rows, as at the program's start.
 void rowsFromTheCache(benchmark::State& state)
 {
     const auto folder =

@@ -1,5 +1,5 @@
-// The floor under the panel's costs: a window of the panel's first size with nothing in it, in a
-// program that has the same shared libraries to load.
+// The baseline of the panel's costs: an empty window of the same size with the same shared
+// libraries.
 
 #include <QApplication>
 #include <QWidget>

@@ -11,7 +11,7 @@ using namespace PullRequestKit;
 
 constexpr std::size_t perRepository = 50;
 
-// The engine's numbers are fixed by the language, unlike those of its distributions.
+// The language defines the numbers of its engines, but not those of its distributions.
 class Draw {
 public:
     std::size_t below(std::size_t end) { return _engine() % end; }
@@ -71,7 +71,7 @@ std::vector<PullRequest> makePullRequests(std::size_t count)
             pullRequests.back().base = pullRequests[place - 1].head;
         }
     }
-    // GitHub's answers come by date of update, not by repository.
+    // GitHub's answers are ordered by date of update, not by repository.
     for (std::size_t place = count; place > 1; --place) {
         std::swap(pullRequests[place - 1], pullRequests[draw.below(place)]);
     }

@@ -7,9 +7,9 @@
 
 namespace Benchmarks {
 
-/// As many pull requests as a busy organisation has: of every 50 in a repository, a third stand in
-/// stacks of two to four, some come from forks, some are merged or closed; checks and reviews are
-/// in all states, and a page's worth shares each second of update. The same ones at each call.
+/// Pull requests of a busy organization, 50 per repository: a third in stacks of two to four, some
+/// from forks, some merged or closed, with checks and reviews in all states, and a page's worth per
+/// second of update. Deterministic.
 std::vector<PullRequestKit::PullRequest> makePullRequests(std::size_t count);
 
 }  // namespace Benchmarks

@@ -31,7 +31,7 @@ std::vector<ListedRow> listed(std::vector<PullRequest> pullRequests)
     return rows;
 }
 
-/// The rows under the headings that `heading` tells by their numbers, stacks in pieces.
+/// Puts each row under the heading that `heading` returns for its number; this splits stacks.
 std::vector<ListedRow> byTurn(
     std::vector<ListedRow> rows, const std::function<Whose(std::int64_t number)>& heading)
 {
@@ -45,7 +45,7 @@ std::vector<ListedRow> byTurn(
     return rows;
 }
 
-/// The list as it stands in the panel, and a picture that it is painted to as to a screen.
+/// The list as in the panel, painted to an image.
 class ShownList {
 public:
     explicit ShownList(std::vector<ListedRow> rows)
@@ -71,7 +71,7 @@ private:
     QImage _screen{440, 544, QImage::Format_ARGB32_Premultiplied};
 };
 
-/// From the first page to the last and over again; the first round lays out every title.
+/// From the first page to the last, repeatedly. The first round lays out all titles.
 void scrollingAPage(benchmark::State& state)
 {
     ShownList list(listed(Benchmarks::makePullRequests(rowCount)));
@@ -93,7 +93,7 @@ void scrollingAPage(benchmark::State& state)
 
 BENCHMARK(scrollingAPage)->Iterations(300)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-/// Letter by letter, and everything shown again.
+/// Types letter by letter, then clears the search.
 void aKeystrokeOfFinding(benchmark::State& state)
 {
     ShownList list(listed(Benchmarks::makePullRequests(rowCount)));
@@ -112,8 +112,7 @@ void aKeystrokeOfFinding(benchmark::State& state)
 
 BENCHMARK(aKeystrokeOfFinding)->Iterations(140)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-/// A refresh after which a tenth of the rows says something else and stands elsewhere, a few are
-/// gone and a few are new.
+/// A refresh that changes and moves a tenth of the rows, and removes and adds a few.
 void aRefreshResult(benchmark::State& state)
 {
     std::vector<PullRequest> before = Benchmarks::makePullRequests(rowCount);
@@ -142,7 +141,7 @@ void aRefreshResult(benchmark::State& state)
 
 BENCHMARK(aRefreshResult)->Iterations(60)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-/// The same under headings, after which besides a tenth of the rows stand under another one.
+/// The same under headings, with a tenth of the rows moving to another heading.
 void aRefreshResultByTurn(benchmark::State& state)
 {
     std::vector<PullRequest> before = Benchmarks::makePullRequests(rowCount);
@@ -180,7 +179,7 @@ void aRefreshResultByTurn(benchmark::State& state)
 
 BENCHMARK(aRefreshResultByTurn)->Iterations(60)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-/// The list from rows that the model of the menu has to the first picture.
+/// From the model's rows to the first frame of the list.
 void theFirstFrame(benchmark::State& state)
 {
     const std::vector<ListedRow> rows =

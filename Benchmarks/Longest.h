@@ -8,7 +8,7 @@
 
 namespace Benchmarks {
 
-/// Keeps the longest of the times of one run and says so, beside the time that a frame may take.
+/// Reports the longest time of a run beside the time available for a frame.
 class Longest {
 public:
     explicit Longest(benchmark::State& state)

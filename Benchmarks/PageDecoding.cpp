@@ -1,4 +1,4 @@
-// What decoding a search page into records costs, beside Boost.JSON's bare parse of the same text.
+// The cost of decoding a search page into records, beside Boost.JSON's bare parse of the same text.
 
 #include "Benchmarks/SearchPages.h"
 #include "GitHubProvider/PullRequestMapping.h"
@@ -66,7 +66,7 @@ void pageDecodingAndMapping(benchmark::State& state)
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
 
-/// The time of the processor, not of the day, so that other programs do not count.
+/// Processor time, which other programs do not add to.
 double processorSeconds()
 {
     timespec time{};
@@ -88,7 +88,7 @@ double median(std::vector<double> values)
     return values[values.size() / 2];
 }
 
-/// Both by turns, so that whatever slows the machine meets both. The aim is a ratio up to 1.6.
+/// Alternates the two, so that disturbances affect both. The aim is a ratio of at most 1.6.
 void pageDecodingOverBareParse(benchmark::State& state)
 {
     const std::string text = Benchmarks::searchPage();

@@ -25,7 +25,7 @@ using Benchmarks::TurningProvider;
 constexpr QSize panelSize(440, 620);
 constexpr int repositoryCount = 3'000;
 
-/// A widget of the panel's size and a picture that it is painted to as to a screen.
+/// A widget of the panel's size, painted to an image.
 template<typename Shown>
 class OnScreen {
 public:
@@ -44,7 +44,7 @@ public:
 
     void paint() { _shown.render(&_screen); }
 
-    /// Whether the picture is another one than at the last call.
+    /// Whether the image differs from the last call.
     bool hasChanged() { return std::exchange(_seen, _screen.copy()) != _screen; }
 
     ModelOnProvider& model() { return _model; }
@@ -67,7 +67,6 @@ private:
     QImage _seen;
 };
 
-/// Counts how often a widget is painted.
 class Paintings final : public QObject {
 public:
     explicit Paintings(QWidget& widget) { widget.installEventFilter(this); }
@@ -84,8 +83,7 @@ private:
     int _count = 0;
 };
 
-/// What the answer to a refresh takes of the main thread, from its arrival to the new picture,
-/// which the window paints by itself as on a screen.
+/// The main thread's time for the answer to a refresh, from its arrival to the new frame.
 void aRefreshResultInThePanel(benchmark::State& state, Arrangement arrangement)
 {
     OnScreen<PullRequestMenuView> panel;
@@ -139,7 +137,7 @@ void scrollingThePicker(benchmark::State& state)
 
 BENCHMARK(scrollingThePicker)->Iterations(300)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-/// Letter by letter, and everything shown again.
+/// Types letter by letter, then clears the search.
 void aKeystrokeInThePicker(benchmark::State& state)
 {
     OnScreen<RepositoryPicker> picker;

@@ -21,7 +21,7 @@ using namespace Tarnwick;
 
 namespace {
 
-/// Everything is selected and nothing filtered away.
+/// Selects everything and filters nothing.
 void writeSettings(
     const std::filesystem::path& file, const std::vector<RepositorySummary>& repositories)
 {
@@ -102,12 +102,12 @@ std::vector<RepositorySummary> makeRepositories(std::size_t count)
 
 std::vector<TurningProvider::PullRequests> listBeforeAndAfter()
 {
-    // As many as give about 1,000 that are open.
+    // Results in about 1,000 open pull requests.
     constexpr std::size_t rows = 1'100;
     constexpr std::ptrdiff_t changed = 20;
     TurningProvider::PullRequests before = makePullRequests(rows + changed);
     for (PullRequest& pullRequest : before) {
-        // Their turns differ, then, when they are arranged by them.
+        // Makes the turns differ.
         if (pullRequest.id.number % 3 == 0) {
             pullRequest.author = "mona";
         }

@@ -12,8 +12,7 @@
 
 namespace Benchmarks {
 
-/// A service that answers at once: its lists in turn, one more refresh one list further. To be made
-/// on the main thread.
+/// Answers at once, with the next of its lists at each refresh. Create on the main thread.
 class TurningProvider final : public PullRequestKit::PullRequestProvider {
 public:
     using PullRequests = std::vector<PullRequestKit::PullRequest>;
@@ -22,7 +21,7 @@ public:
         std::vector<PullRequests> lists,
         std::vector<PullRequestKit::RepositorySummary> repositories);
 
-    /// The processor's time that the main thread had used when the last request was answered.
+    /// The main thread's processor time at the last answer.
     Seconds mainThreadAtAnswer() const { return Seconds(_mainThreadAtAnswer.load()); }
 
     std::string_view id() const override;
@@ -44,22 +43,20 @@ private:
     mutable std::size_t _next = 0;  ///< Used by one refresh at a time.
 };
 
-/// As many as a large account can choose from, under a few dozen owners.
+/// The repositories of a large account with a few dozen owners.
 std::vector<PullRequestKit::RepositorySummary> makeRepositories(std::size_t count);
 
-/// A list of 1,000, and the same after a tenth of it says something else and stands elsewhere, a
-/// few are gone and a few are new.
+/// A list of 1,000, and the same with a tenth changed and moved, a few removed and a few added.
 std::vector<TurningProvider::PullRequests> listBeforeAndAfter();
 
-/// A model on the provider, with every repository of both selected, files of its own and nothing
-/// else of the desktop.
+/// A model with this provider, all repositories selected, temporary files and no desktop.
 class ModelOnProvider {
 public:
     explicit ModelOnProvider(std::shared_ptr<TurningProvider> provider);
 
     Tarnwick::PullRequestMenuModel& model() { return *_model; }
 
-    /// From the start of one refresh to its end, events in between included.
+    /// From the start of a refresh to its end, including events.
     void refresh();
 
 private:

@@ -14,9 +14,8 @@ using namespace PullRequestKit;
 using Benchmarks::Seconds;
 using Benchmarks::timeOf;
 
-/// The time to make rows of a list, and beside it how many times that of sorting the same list.
-/// The two take turns, so that what else the machine does falls on both. The least time is that of
-/// the iteration which other programs disturbed least.
+/// The time to build the rows of a list, as a multiple of the time to sort it. Alternates the two,
+/// so that disturbances affect both. The minimum is from the least disturbed iteration.
 void rowsBesideSorting(benchmark::State& state)
 {
     const auto input = Benchmarks::makePullRequests(static_cast<std::size_t>(state.range(0)));

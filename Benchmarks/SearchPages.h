@@ -4,8 +4,8 @@
 
 namespace Benchmarks {
 
-/// An answer of the search as GitHub gives it for busy repositories: 50 pull requests, each with
-/// 100 checks, about 1.6 MB. Always the same text.
+/// GitHub's answer to a search in busy repositories: 50 pull requests with 100 checks each, about
+/// 1.6 MB. Deterministic.
 std::string searchPage();
 
 }  // namespace Benchmarks

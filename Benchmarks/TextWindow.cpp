@@ -1,5 +1,5 @@
-// The floor under a panel that shows text: a window of the panel's first size in which eleven rows
-// of text are drawn in the panel's fonts, with nothing else to read, to make or to paint.
+// The baseline of a panel with text: a window of the same size that paints eleven rows of text in
+// the panel's fonts and does nothing else.
 
 #include "Tarnwick/Interface/Style/AppFonts.h"
 

@@ -8,7 +8,6 @@ namespace Benchmarks {
 
 using Seconds = std::chrono::duration<double>;
 
-/// What one of the system's clocks shows.
 inline Seconds timeOn(clockid_t clock)
 {
     timespec time{};
@@ -16,8 +15,7 @@ inline Seconds timeOn(clockid_t clock)
     return Seconds(static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec));
 }
 
-/// The processor's time that `action` takes of the calling thread, to which other programs do not
-/// add.
+/// The calling thread's processor time for `action`, which other programs do not add to.
 template<typename Action>
 Seconds timeOf(Action action)
 {

@@ -19,7 +19,7 @@ using Benchmarks::timeOf;
 
 constexpr std::size_t rowCount = 1'000;
 
-/// A list in which every rule has something to do: a third of the pull requests are the user's own.
+/// A list that exercises every rule; a third of the pull requests are the user's own.
 struct List {
     std::vector<PullRequest> listed = Benchmarks::makePullRequests(rowCount);
     DetailsByID details;
@@ -60,7 +60,7 @@ private:
     }
 };
 
-/// Keeps the mean and the least of the times of one run, and says so beside the aim.
+/// Reports the mean and the minimum of a run beside the aim.
 class Figures {
 public:
     explicit Figures(benchmark::State& state)
@@ -84,7 +84,7 @@ private:
     Seconds _least = Seconds::max();
 };
 
-/// The rules alone: what is known of each pull request is at hand.
+/// The rules alone, with all data in memory.
 void turnOfEach(benchmark::State& state)
 {
     const List list;

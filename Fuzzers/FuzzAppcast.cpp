@@ -7,8 +7,7 @@ using namespace TarnwickDirect;
 
 namespace {
 
-/// Whatever a feed says, nothing is offered that is older, goes another way than HTTPS or has a
-/// path in its name.
+/// No feed can offer an older version, a URL without HTTPS or a file name with a path.
 void requireSafety(const UpdateOffer& offer, const UpdateNeeds& needs)
 {
     Fuzzers::require(compareVersions(offer.version, needs.ownVersion) > 0);

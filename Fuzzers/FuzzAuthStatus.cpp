@@ -12,8 +12,8 @@ namespace {
 using GitHub::CommandResult;
 using GitHub::CommandRunning;
 
-/// A `gh` that prints what the fuzzer says as its login status, and nothing about limits. An odd
-/// first byte makes it an older one, which does not know `--active`.
+/// A `gh` that prints the input as its login status, and no rate limits. An odd first byte
+/// simulates an older version that does not know `--active`.
 class FuzzedGh final : public CommandRunning {
 public:
     explicit FuzzedGh(std::string_view input)

@@ -6,7 +6,7 @@
 
 namespace AutostartEntry = Tarnwick::AutostartEntry;
 
-/// Taken as an entry that somebody wrote, and as the path of the program in one of our own.
+/// Reads the input as an existing entry, and writes an entry with the input as the program's path.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string text(Fuzzers::textOf(data, size));

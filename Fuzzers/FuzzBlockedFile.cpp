@@ -8,8 +8,7 @@
 using Tarnwick::BlockedPullRequests;
 using Tarnwick::BlockedPullRequestsFile;
 
-/// A file that somebody wrote is read without an error, and what it says is kept when it is
-/// written.
+/// Any file is read without an error, and its contents are preserved when written.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const std::filesystem::path folder =

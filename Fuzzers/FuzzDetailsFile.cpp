@@ -16,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     try {
         const auto details = Tarnwick::detailsOf(*std::move(kept));
-        // What was read is kept again as it is.
+        // Writing preserves what was read.
         Fuzzers::require(Tarnwick::detailsOf(Tarnwick::keptForm(snapshot, details)) == details);
     } catch (const std::out_of_range&) {
         return 0;

@@ -13,7 +13,7 @@ namespace {
 constexpr std::string_view key = "filters.status";
 constexpr std::string_view otherKey = "panel.size";
 
-/// A value keeps its meaning when it is written, and then says it in one line.
+/// Writing a value preserves its meaning and results in a single line.
 std::string requireKept(std::string_view value)
 {
     const auto date = IniValue::decodeDate(value);
@@ -27,7 +27,7 @@ std::string requireKept(std::string_view value)
 
 }  // namespace
 
-/// Taken as a file, and as the value of a key.
+/// Reads the input as a file and as the value of a key.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string_view text = Fuzzers::textOf(data, size);

@@ -10,7 +10,7 @@ using namespace TarnwickDirect;
 
 namespace {
 
-/// Each line of the text is a title; the first byte of the line tells on which branch it stands.
+/// Each line of the text is a title; its first byte selects the branch.
 std::vector<PullRequest> pullRequestsIn(std::string_view text)
 {
     std::vector<PullRequest> pullRequests;
@@ -36,8 +36,8 @@ bool isControl(char character)
 
 }  // namespace
 
-/// The first byte is the terminal's width. No line is wider, none can steer the terminal, and every
-/// pull request is there.
+/// The first byte is the terminal's width. No line is wider or contains control characters, and
+/// every pull request is listed.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string_view input = Fuzzers::textOf(data, size);

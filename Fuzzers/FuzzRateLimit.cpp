@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Fuzzers::roundTrip<GitHub::RequestLimits>(answer.standardOutput);
     const std::chrono::system_clock::time_point now{std::chrono::seconds(1'772'366'400)};
     const auto problem = GitHub::obstacle(answer, now);
-    // What strangers print decides which sentence it is, and is no part of it.
+    // Untrusted output selects the sentence but is not part of it.
     constexpr std::string_view usedUp = "GitHub's limit for your account is used up";
     Fuzzers::require(
         !problem || *problem == "GitHub cannot be reached."

@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerInitialize(int* count, char*** arguments)
     return 0;
 }
 
-/// Whatever a feed says, a reader gets text of a bounded length in which nothing is hidden.
+/// Any notes become text of limited length without invisible characters.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QString notes = TarnwickDirect::plainReleaseNotes(

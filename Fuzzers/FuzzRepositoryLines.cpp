@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             Fuzzers::require(names.insert(summary.fullName).second);
         }
     } catch (const PullRequestKit::DecodingError&) {
-        // Refused, which is as good.
+        // Refusing the input is fine.
     }
     return 0;
 }

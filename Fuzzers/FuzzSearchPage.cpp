@@ -6,8 +6,7 @@
 
 namespace {
 
-/// What is made of a hit are records that the files can hold, and no more names than the counts
-/// say.
+/// The records of a hit can be stored, and have no more names than their counts say.
 void requireConsistent(const GitHub::Node& node)
 {
     PullRequestKit::SharedTexts texts;

@@ -14,7 +14,6 @@ namespace IniValue = Tarnwick::IniValue;
 
 namespace {
 
-/// A settings file in memory.
 class FileInMemory : public Tarnwick::DefaultsStore {
 public:
     explicit FileInMemory(std::string_view text)
@@ -59,7 +58,7 @@ private:
 
 }  // namespace
 
-/// Loading brings older forms up to date: loading again yields the same and writes nothing.
+/// Loading migrates older forms: loading again yields the same and writes nothing.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     FileInMemory file(Fuzzers::textOf(data, size));

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-/// An address is kept to the byte, and holds nothing that could end a line or an argument.
+/// A URL is kept unchanged and contains nothing that could end a line or an argument.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string_view text = Fuzzers::textOf(data, size);

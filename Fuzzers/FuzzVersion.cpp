@@ -19,7 +19,7 @@ void requireOrder(const QString& a, const QString& b, const QString& c)
 
 }  // namespace
 
-/// Three versions on a line each are in one order, whichever way round they are compared.
+/// Comparing three versions, one per line, is consistent and transitive.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QString text =

@@ -16,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string listing =
         std::string("\0", 1) + GitHub::decodeText(input.substr(std::min(end + 1, size)));
 
-    // Whatever is found is named by the listing, and nothing hides what git lists first.
+    // The result is in the listing, and later entries do not hide earlier ones.
     if (const auto found = existingWorktree(listing, branch)) {
         const std::string field = std::string("\0", 1) + "worktree " + found->string();
         Fuzzers::require(listing.find(field) != std::string::npos);

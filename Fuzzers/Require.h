@@ -7,7 +7,7 @@
 
 namespace Fuzzers {
 
-/// Ends the program, which the fuzzer reports together with the input that led here.
+/// Ends the program, so that the fuzzer reports the input.
 inline void require(bool condition)
 {
     if (!condition) {
@@ -15,7 +15,7 @@ inline void require(bool condition)
     }
 }
 
-/// The fuzzer's bytes as a text.
+/// The fuzzer's input as text.
 inline std::string_view textOf(const std::uint8_t* data, std::size_t size)
 {
     return {reinterpret_cast<const char*>(data), size};

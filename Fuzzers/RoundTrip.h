@@ -8,8 +8,8 @@
 
 namespace Fuzzers {
 
-/// What the text decodes to, having made sure that it is written and read back as the same value;
-/// nothing when it is refused.
+/// Decodes the text and requires that encoding and decoding yield the same value. Nothing when the
+/// text is invalid.
 template<typename Value>
 std::optional<Value> roundTrip(std::string_view text)
 {

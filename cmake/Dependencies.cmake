@@ -1,4 +1,4 @@
-# The libraries the modules stand on.
+# The libraries that the modules use.
 
 find_package(Boost 1.81 CONFIG REQUIRED COMPONENTS json)
 find_package(ICU 70 REQUIRED COMPONENTS i18n uc)
@@ -8,7 +8,7 @@ if(TARNWICK_QT)
     find_package(QCoro6 0.8 REQUIRED COMPONENTS Core)
     find_package(Fontconfig REQUIRED)
 
-    # The X server's own protocol, for the little that Qt does not say of it.
+    # For X11 features that Qt lacks.
     find_path(XCB_INCLUDE_DIR xcb/xcb.h REQUIRED)
     find_library(XCB_LIBRARY xcb REQUIRED)
     mark_as_advanced(XCB_INCLUDE_DIR XCB_LIBRARY)
@@ -18,7 +18,7 @@ if(TARNWICK_QT)
         INTERFACE_INCLUDE_DIRECTORIES "${XCB_INCLUDE_DIR}")
 endif()
 if(TARNWICK_QT OR TARNWICK_FUZZERS)
-    # The signatures of updates.
+    # For the signatures of updates.
     find_path(SODIUM_INCLUDE_DIR sodium.h REQUIRED)
     find_library(SODIUM_LIBRARY sodium REQUIRED)
     mark_as_advanced(SODIUM_INCLUDE_DIR SODIUM_LIBRARY)

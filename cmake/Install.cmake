@@ -1,4 +1,4 @@
-# What "cmake --install" puts where.
+# The rules of "cmake --install".
 
 include(GNUInstallDirs)
 if(NOT TARNWICK_QT)
@@ -13,7 +13,7 @@ set(drawings "${CMAKE_SOURCE_DIR}/Tarnwick/Resources")
 
 install(TARGETS tarnwick RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 if(TARNWICK_UPDATE_FEED)
-    # Not in lib/tarnwick itself, where CPack takes it for a library that the linker is to know.
+    # Not in lib/tarnwick itself, where CPack would take it for a shared library to register.
     install(TARGETS TarnwickUpdates LIBRARY DESTINATION lib/tarnwick/modules)
 endif()
 install(FILES "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${TARNWICK_BUNDLE}" DESTINATION "${data}/tarnwick")

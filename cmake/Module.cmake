@@ -1,17 +1,16 @@
-# A module sees its own headers and those of the modules it names, and no others: every module has
-# an include directory of its own in the build tree, in which a link leads to each of its headers.
+# A module sees its own headers and those of the modules it links, and no others: each has an include
+# directory in the build tree with a link to each of its headers.
 
-# Lists the files of a FOLDER that match a PATTERN, and configures again when a file comes or goes. The
-# folder's own time tells; with CONFIGURE_DEPENDS every build would list it anew, and "ninja -n" could
-# not tell that there is nothing to do.
+# Lists the files of a FOLDER that match a PATTERN, and reconfigures when files are added or removed. It
+# depends on the folder's time stamp: with CONFIGURE_DEPENDS every build would list the folder, and "ninja -n"
+# could not tell that there is nothing to do.
 function(tarnwick_glob variable folder pattern)
     file(GLOB found "${folder}/${pattern}")
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${folder}")
     set(${variable} "${found}" PARENT_SCOPE)
 endfunction()
 
-# Of each of the ROOMS, which are folders, all files make part of a library or program; of others only
-# those that are listed. EXCEPT names files of rooms that do not.
+# Adds all files of the ROOMS, which are folders, except for those in EXCEPT.
 function(tarnwick_rooms variable pattern)
     cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "ROOMS;EXCEPT")
     set(files ${${variable}})
@@ -27,8 +26,7 @@ function(tarnwick_rooms variable pattern)
     set(${variable} ${files} PARENT_SCOPE)
 endfunction()
 
-# The HEADERS are those without a source of the same name. A second library of the same folder gives
-# the FOLDER's name.
+# HEADERS lists headers without a source of the same name. FOLDER is needed for a second library of a folder.
 function(tarnwick_module name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER" "ROOMS;EXCEPT;SOURCES;HEADERS;PUBLIC;PRIVATE;PRECOMPILE")
     if(NOT arg_FOLDER)
@@ -57,7 +55,7 @@ function(tarnwick_module name)
     endif()
 endfunction()
 
-# Makes the FOLDER anew, with a link to each of these headers and nothing else.
+# Recreates the FOLDER with links to these headers only.
 function(tarnwick_link_headers folder)
     file(REMOVE_RECURSE "${folder}")
     foreach(header IN LISTS ARGN)
@@ -73,8 +71,7 @@ function(tarnwick_precompile target)
     endif()
 endfunction()
 
-# Compiles each header as the only line of a source file, which fails when it leans on another
-# header having been included before it.
+# Compiles each header on its own, which fails if it depends on earlier includes.
 function(tarnwick_check_headers name folder)
     set(sources)
     foreach(header IN LISTS ARGN)
@@ -88,8 +85,8 @@ function(tarnwick_check_headers name folder)
     target_compile_options(${name}Headers PRIVATE -fsyntax-only)
 endfunction()
 
-# A test program whose tests CTest lists one by one under the program's name as their label.
-# PROPERTIES are further properties of each test.
+# Adds a test program. CTest runs its tests one by one, labeled with the program's name. PROPERTIES are
+# further properties of each test.
 function(tarnwick_tests name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "ROOMS;EXCEPT;SOURCES;LIBRARIES;PRECOMPILE;PROPERTIES")
     tarnwick_rooms(arg_SOURCES "*.cpp" ROOMS ${arg_ROOMS} EXCEPT ${arg_EXCEPT})
@@ -102,16 +99,16 @@ function(tarnwick_tests name)
         PROPERTIES TIMEOUT 60 LABELS ${name} ${arg_PROPERTIES})
 endfunction()
 
-# Runs a whole test program once more with work that is done before whoever starts it goes on. It
-# has WorkerTiming among its libraries.
+# Runs a whole test program again with work that is done before its caller continues. Requires the library
+# WorkerTiming.
 function(tarnwick_early_workers name)
     add_test(NAME ${name}.earlyWorkers COMMAND ${name} --gtest_brief=1)
     set_tests_properties(${name}.earlyWorkers PROPERTIES
         TIMEOUT 300 LABELS ${name} ENVIRONMENT "TARNWICK_TEST_WORKERS=early;QT_QPA_PLATFORM=offscreen")
 endfunction()
 
-# A libFuzzer target, run as a test: over the inputs that lie in Corpora/ under its name, and then
-# for a few seconds wherever they lead. What it finds worth keeping stays in the build tree.
+# Adds a libFuzzer target as a test: runs the inputs in Corpora/ and then fuzzes for a few seconds. New inputs
+# stay in the build tree.
 function(tarnwick_fuzzer name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
     add_executable(${name} ${arg_SOURCES})

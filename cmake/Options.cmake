@@ -1,4 +1,4 @@
-# What is built, and the settings that every target shares.
+# Build options and the settings that all targets share.
 
 option(TARNWICK_QT "Build the floors that need Qt" ON)
 option(TARNWICK_SAMPLE "Build the sample GitHub" ON)
@@ -12,7 +12,7 @@ set(TARNWICK_UPDATE_FEED "" CACHE STRING "The HTTPS address of the update feed; 
 set(TARNWICK_UPDATE_KEY "" CACHE STRING "The Ed25519 public key that updates are signed for, in Base64")
 set(TARNWICK_SANITIZERS "" CACHE STRING "Sanitizers for every target, such as address,undefined")
 
-# A program with one of them or with a wrong one would quietly have no updater.
+# If only one of them is set, or one is invalid, the program would silently have no updater.
 set(feedForm "^https://[^/\"\\ ]+(/[^\"\\ ]*)?$")
 set(keyForm "^[A-Za-z0-9+/]+=$")
 string(LENGTH "${TARNWICK_UPDATE_KEY}" keyLength)
@@ -36,7 +36,7 @@ endif()
 
 find_program(TARNWICK_CCACHE ccache)
 if(TARNWICK_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    # A precompiled header is only cached when its time stamps and macros are left out of the key.
+    # ccache caches precompiled headers only if time stamps and macros are ignored.
     set(CMAKE_CXX_COMPILER_LAUNCHER
         "${CMAKE_COMMAND}" -E env "CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime"
         "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" "CCACHE_NOHASHDIR=1" "${TARNWICK_CCACHE}")
@@ -50,8 +50,8 @@ if(TARNWICK_PRECOMPILE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(TarnwickSettings INTERFACE -fpch-preprocess)
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-    # libstdc++ 12 calls its own deprecated get_temporary_buffer within std::stable_sort. GCC
-    # builds keep the warning.
+    # libstdc++ 12 uses its own deprecated get_temporary_buffer in std::stable_sort. GCC builds keep the
+    # warning.
     target_compile_options(TarnwickSettings INTERFACE -Wno-deprecated-declarations)
 endif()
 if(TARNWICK_SANITIZERS)

@@ -1,7 +1,6 @@
-# What "cpack" makes: a Debian package. tools/package runs it.
+# The Debian package that "cpack" builds; see tools/package.
 
-# While CHANGELOG.md has no section for the version, the package is one of its development and sorts
-# before it.
+# Without a section in CHANGELOG.md, the version is in development and sorts before the release.
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/CHANGELOG.md")
 string(REPLACE "." "\\." versionPattern "${PROJECT_VERSION}")
 file(STRINGS "${CMAKE_SOURCE_DIR}/CHANGELOG.md" section REGEX "^## \\[${versionPattern}\\]")
@@ -16,7 +15,7 @@ set(CPACK_PACKAGE_VENDOR "The Tarnwick authors")
 set(CPACK_PACKAGE_CONTACT "${TARNWICK_MAINTAINER}")
 set(CPACK_PACKAGE_DIRECTORY "${CMAKE_SOURCE_DIR}/build/package")
 set(CPACK_STRIP_FILES ON)
-# The installation learns the folder that the package goes to, not the one it is put together in.
+# Sets the install prefix to the package's target folder instead of the staging folder.
 set(CPACK_SET_DESTDIR ON)
 set(CPACK_INSTALL_PREFIX "/usr")
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
@@ -30,7 +29,7 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "${TARNWICK_WEB_SITE}")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "gh (>= 2.21)")
-# In this order: worktrees, the launcher's actions, links, a native window under Wayland, the bus.
+# In order, for: worktrees, the launcher's actions, links, native Wayland windows, the bus.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
     "git, libglib2.0-bin, xdg-utils, qt6-wayland, default-dbus-session-bus | dbus-session-bus")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "GitHub pull requests in the tray and in the terminal")

@@ -1,6 +1,5 @@
-# The resource bundle: one binary file beside the program, in whose place another can be put, that
-# the kernel maps instead of copying. It holds this program's own drawings and, where they could be
-# had, the fonts and icons that tools/stage-assets takes from their packages.
+# The resource bundle: a binary file beside the program. It is replaceable, and mapped instead of copied. It
+# contains the program's drawings and, if available, the fonts and icons from tools/stage-assets.
 
 set(TARNWICK_BUNDLE "Tarnwick_Tarnwick.bundle")
 set(TARNWICK_ASSETS "${CMAKE_SOURCE_DIR}/build/assets")
@@ -16,7 +15,7 @@ if(stagingFailed)
         "The program is built without Geist and Octicons: it uses the desktop's font, and a "
         "placeholder stands for those icons. Configure again once they can be fetched.")
 endif()
-# Staging puts another folder in its place, which configures again.
+# Staging replaces this folder, which triggers a reconfiguration.
 file(MAKE_DIRECTORY "${TARNWICK_ASSETS}")
 
 function(tarnwick_resource_bundle target)

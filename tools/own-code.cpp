@@ -1,6 +1,5 @@
-// A plugin for clang-tidy 19: its checks look at the declarations of this project and at no others.
-// What they find in headers of the system is not shown anyway, but looking for it there takes most
-// of the time.
+// A plugin for clang-tidy 19 that restricts its checks to the project's declarations. Findings in
+// system headers are not shown anyway but take most of the time.
 
 #include <memory>
 #include <string>

@@ -1,1 +1,1 @@
-"""What the scripts that watch the program from outside have in common."""
+"""Shared by the scripts that measure the program from outside."""

@@ -1,4 +1,4 @@
-"""When a window is painted, as the X server tells it."""
+"""Times at which a window is painted, from the X server."""
 
 import select
 import time
@@ -7,12 +7,12 @@ from Xlib import X
 from Xlib.display import Display
 from Xlib.ext import damage
 
-# Of a window's area, so that a blinking cursor or a host's clock counts for nothing.
+# Of a window's area, to ignore blinking cursors and clocks.
 MOST = 0.5
 
 
 class PaintingWatch:
-    """Waits for the painting of most of an area of `size`, on the whole screen or in one window."""
+    """Waits until most of an area of `size` is painted, on the whole screen or in one window."""
 
     def __init__(self, display, size, window=None):
         self._display = Display(display)
@@ -25,13 +25,13 @@ class PaintingWatch:
         self.forget()
 
     def forget(self):
-        """What was painted until now is not waited for."""
+        """Ignores what was painted so far."""
         self._display.sync()
         while self._display.pending_events():
             self._display.next_event()
 
     def wait(self, limit=20):
-        """The time on the monotonic clock at which the next painting was told."""
+        """The time of the next painting by the monotonic clock."""
         deadline = time.monotonic() + limit
         painted = 0
         while True:

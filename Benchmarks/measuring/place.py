@@ -1,4 +1,4 @@
-"""A desktop session in which the program finds the large sample account, or what it kept of it."""
+"""A desktop session with the large sample account, or with its cache only."""
 
 import os
 import sys
@@ -19,13 +19,13 @@ filters.status=Draft, Open
 polling.interval=1800
 """
 
-# The panel's first size, and that of the empty window.
+# The panel's first size, also used for the baseline windows.
 SIZE = (440, 620)
 
 
 class Place:
-    """A session with a display and a bus. Its home holds settings that select everything and the
-    cache of a refresh."""
+    """A session with a display and a bus, settings that select everything, and the cache of a
+    refresh."""
 
     def __init__(self, programs):
         self.programs = programs
@@ -56,11 +56,11 @@ class Place:
         return os.path.join(self.session.environment["XDG_CONFIG_HOME"], NAME, "settings.ini")
 
     def lose_github(self):
-        """From here on `gh` finds nobody who answers."""
+        """Disconnects `gh` from the sample."""
         self.github.end()
 
     def keep_details(self, is_kept):
-        """Whether programs that start from here on find what was last known beside the rows."""
+        """Whether programs started from now on find the stored details."""
         data = os.path.join(self.session.environment["XDG_DATA_HOME"], NAME, "pull-request-details.json")
         away = f"{data}.away"
         if is_kept and os.path.exists(away):
@@ -73,12 +73,12 @@ class Place:
         return self.session.environment["DISPLAY"]
 
     def start_tray(self):
-        """A window manager and a desktop's panel that shows the icon."""
+        """Starts a window manager and a desktop panel with a tray."""
         self.session.start_window_manager("xfwm4", "--compositor=off")
         self.session.start_xfce_panel()
 
     def panel(self):
-        """The panel's window once it is in sight."""
+        """Waits for the panel and returns its window."""
         return self.session.screen.wait_for_window()
 
     def start(self, program, *arguments):
@@ -92,7 +92,7 @@ class Place:
 
 
 class Bus:
-    """Speaks to the running program, without starting a program for it."""
+    """Calls the running program without starting a process."""
 
     def __init__(self, session):
         flags = (
@@ -104,7 +104,7 @@ class Bus:
         )
 
     def toggle(self):
-        """Has the panel shown or hidden. Does not wait for it."""
+        """Shows or hides the panel without waiting."""
         arguments = GLib.Variant("(sava{sv})", ("toggle", [], {}))
         self._connection.call(
             NAME,
