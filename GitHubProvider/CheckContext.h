@@ -13,8 +13,7 @@
 
 namespace GitHub {
 
-/// A check of a commit: a check run or a commit status, depending on `typeName`. Each kind has its
-/// own fields.
+/// A check of a commit: a check run or a commit status, which differ in their fields.
 struct CheckContext {
     struct App {
         std::optional<std::string> id;
@@ -74,9 +73,8 @@ struct CheckContext {
     bool operator==(const CheckContext&) const = default;
 };
 
-/// The latest entry of every check: after a rerun the list still contains older ones. Entries
-/// without an identity come first, all of them. The result points into `contexts`. Safe from any
-/// thread.
+/// The latest entry of every check: after a rerun the list still has older ones. Entries without an
+/// identity come first. The result points into `contexts`. Safe from any thread.
 std::vector<const CheckContext*> effectiveContexts(std::span<const CheckContext> contexts);
 
 /// The number of checks that passed and failed, and their names, which point into the contexts. The

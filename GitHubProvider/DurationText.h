@@ -5,8 +5,7 @@
 
 namespace GitHub {
 
-/// A duration such as "0.25 seconds": the shortest exact decimal, without an exponent. Safe from
-/// any thread.
+/// A duration such as "0.25 seconds": exact and without an exponent. Safe from any thread.
 std::string durationText(std::chrono::nanoseconds duration);
 
 }  // namespace GitHub

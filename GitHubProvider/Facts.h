@@ -15,8 +15,8 @@
 
 namespace GitHub {
 
-/// Requests the facts of pull requests, fifty at a time. Remembers the fields that the host does
-/// not know. Safe from any thread.
+/// Requests facts, fifty at a time, and remembers which fields the host lacks. Safe from any
+/// thread.
 class Facts {
 public:
     static constexpr std::size_t batchSize = 50;
@@ -27,8 +27,8 @@ public:
     /// `gh` and the clock must outlive it.
     Facts(const Gh& gh, std::string host, const WallClock& clock);
 
-    /// Pull requests of other hosts have no facts. What fails twice is left out. Stops after two
-    /// failed batches in a row or at a rate limit. Blocks; call on a worker thread. Throws only
+    /// Facts of this host's pull requests. What fails twice is left out; two failed batches in a
+    /// row or a rate limit end it. Blocks; call on a worker thread. Throws only
     /// `CancellationError`.
     PullRequestKit::FactsAnswer ask(
         std::span<const PullRequestKit::PullRequest> pullRequests,

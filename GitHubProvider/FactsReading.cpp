@@ -16,7 +16,6 @@ namespace json = boost::json;
 using PullRequestKit::PullRequest;
 using PullRequestKit::PullRequestFacts;
 
-/// The index of this name in `factsFields`.
 std::optional<std::size_t> placeOf(std::string_view name)
 {
     const auto* const found = std::ranges::find(factsFields, name, &FactsField::name);

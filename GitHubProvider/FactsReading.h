@@ -18,10 +18,9 @@ struct FactsPage {
     bool isSecondaryLimit = false;
 };
 
-/// Parses an answer on these pull requests. Never throws: text that is not JSON has no data, a pull
-/// request that is null or lacks required fields has no facts, and other invalid values count as
-/// absent. Facts belong to the repository named in the answer, which differs after a rename. Safe
-/// from any thread.
+/// Parses an answer on these pull requests. Never throws: text that is not JSON has no data, a null
+/// or incomplete pull request has no facts, and other invalid values count as absent. Facts belong
+/// to the repository named in the answer, which differs after a rename. Safe from any thread.
 FactsPage readFacts(
     std::string_view answer,
     std::span<const PullRequestKit::PullRequest* const> pullRequests,

@@ -18,8 +18,7 @@ namespace GitHub {
 std::optional<std::filesystem::path> findGH(
     const Environment& environment, const IsExecutable& isExecutable = isExecutableFile);
 
-/// Finds the executable `gh`; nothing while it is not installed. Called from several threads, one
-/// at a time.
+/// Finds the executable `gh`, or nothing. Called from several threads, one at a time.
 using FindGh = std::function<std::optional<std::filesystem::path>()>;
 
 /// The GitHub command-line client. It is located when first needed, and again after it was not

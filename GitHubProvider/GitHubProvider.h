@@ -29,8 +29,7 @@ inline constexpr const char* publicHost = "github.com";
 /// branches and the fields that the host does not know.
 class GitHubProvider final : public PullRequestKit::PullRequestProvider {
 public:
-    /// Each search logs its steps to `log` and stores what it learns in `memory`. Requires: no null
-    /// arguments.
+    /// Logs the steps of searches to `log`. Requires: no null arguments.
     GitHubProvider(
         std::string host,
         FindGh findGh,

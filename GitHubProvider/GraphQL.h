@@ -9,7 +9,6 @@
 
 namespace GitHub {
 
-/// An entry of `errors` in a GraphQL answer.
 struct GraphQLFailure {
     std::string message;
 

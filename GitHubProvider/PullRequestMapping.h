@@ -19,8 +19,7 @@ struct MappedPullRequest {
     PullRequestKit::PullRequestDetails details;
 };
 
-/// Like `makePullRequest`, with details. The names of checks are shared through `texts`. Safe from
-/// any thread.
+/// Like `makePullRequest`, with details that share texts through `texts`. Safe from any thread.
 std::optional<MappedPullRequest> mapPullRequest(
     Node node,
     const std::string& host,

@@ -56,7 +56,6 @@ constexpr bool isTimeOfDay(int hour, int minute, int second)
     return hour <= 23 && minute <= 59 && second <= 59;
 }
 
-/// The zone's offset from UTC; nothing when the text is not a zone.
 std::optional<std::chrono::minutes> scanZone(Scanner& scanner)
 {
     if (scanner.skip('Z')) {

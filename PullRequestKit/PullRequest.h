@@ -82,8 +82,7 @@ struct Json::Fields<PullRequest> {
         field("requiredApprovingReviewCount", &PullRequest::requiredApprovingReviewCount),
     };
 
-    /// Upgrades older documents: "hasMergeConflict" instead of "mergeability", and a missing or
-    /// older "reviewActivity".
+    /// Upgrades older documents: "hasMergeConflict", and a missing or older "reviewActivity".
     static void finish(
         PullRequest& pullRequest, const boost::json::object& object, const Path& path);
 };

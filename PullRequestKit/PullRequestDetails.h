@@ -46,8 +46,7 @@ struct PullRequestDetails {
     std::optional<std::int64_t> reviewLimit;
     std::optional<std::int64_t> checkLimit;
 
-    /// The pull request requests a review from the user or one of the user's teams. False means
-    /// unknown.
+    /// The user or one of the user's teams is a requested reviewer. False means unknown.
     bool asksForUser = false;
 
     bool isCutOff() const { return requestLimit || reviewLimit || checkLimit; }

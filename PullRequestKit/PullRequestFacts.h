@@ -35,8 +35,7 @@ struct StackPlace {
     bool operator==(const StackPlace&) const = default;
 };
 
-/// Additional data of a pull request, requested separately from the list. A pull request may have
-/// no facts.
+/// Additional data, requested separately from the list. A pull request may have none.
 struct PullRequestFacts {
     Date askedAt;    ///< Time of the request.
     Date updatedAt;  ///< `updatedAt` of the pull request at the request.
@@ -65,7 +64,6 @@ struct Quota {
     bool operator==(const Quota&) const = default;
 };
 
-/// The result of requesting facts.
 struct FactsAnswer {
     FactsByID facts;             ///< Only pull requests with facts have an entry.
     std::optional<Quota> quota;  ///< From the last answer that contained it.

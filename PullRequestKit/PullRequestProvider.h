@@ -30,8 +30,9 @@ struct PullRequestList {
     std::vector<PullRequestDetails> details;
 };
 
-/// A code-hosting service. All requests block; call them on a worker thread. Several threads may
-/// call at once. A stopped token ends a request soon with `CancellationError`.
+/// A code-hosting service. Requests block; call them on a worker thread. Several threads may call
+/// at once. A stopped token soon ends a request with `CancellationError`. The lists also throw
+/// `ProviderError` and `DecodingError`.
 class PullRequestProvider {
 public:
     PullRequestProvider() = default;
@@ -47,12 +48,10 @@ public:
     /// Never throws: every problem, cancellation included, is a status with a message for the user.
     virtual AuthenticationStatus authenticationStatus(std::stop_token stopToken) const = 0;
 
-    /// The repositories available to the user. Throws `ProviderError`, `DecodingError`,
-    /// `CancellationError`.
+    /// The repositories available to the user.
     virtual std::vector<RepositorySummary> repositories(std::stop_token stopToken) const = 0;
 
-    /// The pull requests of these repositories, in any order. Throws `ProviderError`,
-    /// `DecodingError`, `CancellationError`.
+    /// The pull requests of these repositories, in any order.
     virtual std::vector<PullRequest> pullRequests(
         ReviewerScope reviewerScope,
         const std::set<std::string>& repositories,
@@ -67,9 +66,9 @@ public:
         return {pullRequests(reviewerScope, repositories, std::move(stopToken)), std::nullopt, {}};
     }
 
-    /// The facts of these pull requests; unavailable facts are left out. Facts of a renamed
-    /// repository are listed under its new name. Throws only `CancellationError`. The default
-    /// returns none.
+    /// The facts of these pull requests; unavailable ones are left out, and those of a renamed
+    /// repository are under its new name. Throws only `CancellationError`. The default returns
+    /// none.
     virtual FactsAnswer facts(
         std::span<const PullRequest> /*pullRequests*/, std::stop_token /*stopToken*/) const
     {

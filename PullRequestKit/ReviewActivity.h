@@ -7,7 +7,6 @@
 
 namespace PullRequestKit {
 
-/// The overall result of the reviews.
 enum class ReviewState {
     none,     ///< No reviews and no review requests.
     pending,  ///< Requested, or reviewed without a verdict.

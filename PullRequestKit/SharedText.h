@@ -8,8 +8,7 @@
 
 namespace PullRequestKit {
 
-/// An immutable text that shares its memory with its copies. Compares by content. Safe from any
-/// thread.
+/// An immutable text whose copies share its memory. Compares by content. Safe from any thread.
 class SharedText {
 public:
     SharedText() = default;
@@ -38,8 +37,7 @@ private:
     std::shared_ptr<const std::string> _text;
 };
 
-/// Returns one `SharedText` for all equal texts. Not safe across threads; the results may outlive
-/// it.
+/// Returns one `SharedText` for all equal texts. Belongs to one thread; results may outlive it.
 class SharedTexts {
 public:
     SharedText share(std::string_view text)

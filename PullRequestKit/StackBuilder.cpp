@@ -15,7 +15,6 @@ namespace {
 constexpr const char* ambiguousBase = "Ambiguous base branch";
 constexpr const char* cyclicDependency = "Cyclic branch dependency";
 
-// An index into the list of unique pull requests.
 using Position = std::size_t;
 constexpr Position none = std::numeric_limits<Position>::max();
 

@@ -11,7 +11,6 @@
 
 namespace SampleGitHub {
 
-/// The arguments of `tarnwick-sample-github`.
 struct CommandLine {
     bool isHelpWanted = false;
     std::string scenario = "everyday";
@@ -25,8 +24,7 @@ struct CommandLine {
     std::vector<std::string> command;  ///< After --exec; empty: serve until a signal.
 };
 
-/// Parses the arguments without the program's name. Throws `std::invalid_argument` with one English
-/// sentence.
+/// Takes no program name. Throws `std::invalid_argument` with one English sentence.
 CommandLine parseCommandLine(const std::vector<std::string>& arguments);
 
 std::string helpText();

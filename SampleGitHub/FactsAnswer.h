@@ -9,8 +9,7 @@
 
 namespace SampleGitHub {
 
-/// GitHub's answer to a document that requests pull requests by name: data, errors, or both. Safe
-/// from any thread.
+/// GitHub's answer to a facts document: data, errors, or both. Safe from any thread.
 std::string answerFacts(
     const GraphQlRequest& request,
     const Scenario& scenario,

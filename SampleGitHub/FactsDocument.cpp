@@ -23,7 +23,6 @@ constexpr std::array<std::string_view, 9> pullRequestFields{
     "stackEntry",
     "stack"};
 
-/// The value of a string argument.
 std::string textArgument(std::string_view arguments, std::string_view name)
 {
     const std::string key = std::string(name) + ":";

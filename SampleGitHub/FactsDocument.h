@@ -29,8 +29,7 @@ struct FactsDocument {
     bool operator==(const FactsDocument&) const = default;
 };
 
-/// Throws `SearchError` with one English sentence for a document that GitHub would reject. Safe
-/// from any thread.
+/// Throws `SearchError` with one English sentence where GitHub would. Safe from any thread.
 FactsDocument readFactsDocument(const GraphQlRequest& request);
 
 /// GitHub's errors on fields that it does not know or that `withoutFields` disables.

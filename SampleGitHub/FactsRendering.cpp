@@ -12,7 +12,6 @@ using PullRequestKit::Date;
 
 constexpr std::int64_t threadLimit = 100;  // The facts document's limit.
 
-/// A made-up hash that depends on the text.
 std::string madeUpCommit(std::string_view text)
 {
     constexpr std::size_t length = 40;

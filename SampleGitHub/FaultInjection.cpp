@@ -62,7 +62,6 @@ void replaceEach(json::value& value, std::string_view name, const json::value& r
     }
 }
 
-/// Replaces each node of the top-level list.
 void replaceNodes(json::value& value, const json::value& replacement)
 {
     const auto lists = membersNamed(value, "nodes");
@@ -96,7 +95,6 @@ SpoiltMembers spoiltMembers(RequestKind kind)
     return {};
 }
 
-/// Sets the remaining requests of a limit to zero.
 void useUp(json::value& limits, std::int64_t seconds)
 {
     const auto end = std::chrono::system_clock::now() + std::chrono::seconds(seconds);
@@ -128,7 +126,6 @@ void answerStatus(Response& response, int status, std::string_view text)
     response.headers.erase("Link");
 }
 
-/// Faults of the connection and the status line, for any request.
 bool applyToTransport(Delivery& delivery, const Fault& fault)
 {
     Response& response = delivery.response;
@@ -157,7 +154,6 @@ bool applyToTransport(Delivery& delivery, const Fault& fault)
     return true;
 }
 
-/// Faults specific to GraphQL.
 void applyToGraphQl(json::value& answer, RequestKind kind, FaultKind fault)
 {
     const bool isSearch = kind == RequestKind::search;
@@ -182,7 +178,6 @@ void applyToGraphQl(json::value& answer, RequestKind kind, FaultKind fault)
     }
 }
 
-/// Faults of an answer's values.
 void applyToValues(json::value& answer, RequestKind kind, FaultKind fault)
 {
     if (fault == FaultKind::wrongType) {

@@ -6,7 +6,6 @@
 
 namespace SampleGitHub {
 
-/// Environment variables by name.
 using Environment = std::map<std::string, std::string>;
 
 Environment currentEnvironment();

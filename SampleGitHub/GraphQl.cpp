@@ -79,7 +79,6 @@ std::string_view takeEnclosed(std::string_view& text, char opening, char closing
     return std::exchange(text, {});
 }
 
-/// The value of an argument up to the next one.
 std::string_view argument(std::string_view arguments, std::string_view name)
 {
     const std::size_t place = arguments.find(name);

@@ -4,7 +4,6 @@
 
 namespace SampleGitHub {
 
-/// The purpose of a request.
 enum class RequestKind {
     authentication,  ///< By `gh auth status`: the token's scopes and the user's login.
     search,

@@ -6,8 +6,7 @@
 
 namespace SampleGitHub {
 
-/// The request as one line of JSON without line feed: kind, method, target, headers, body. Safe
-/// from any thread.
+/// One line of JSON without line feed: kind, method, target, headers, body. Safe from any thread.
 std::string renderRequest(const RecordedRequest& recorded);
 
 }  // namespace SampleGitHub

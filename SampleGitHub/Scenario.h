@@ -143,8 +143,7 @@ Scenario parseScenario(std::string_view text);
 /// Signs in one of the scenario's accounts. Throws `std::runtime_error` with one English sentence.
 void signIn(Scenario& scenario, const std::string& login);
 
-/// The path of a scenario: a file in the scenario folder by name, or a path if the text contains a
-/// slash or a dot.
+/// A text with a slash or a dot is a path, any other the name of a file in the scenario folder.
 std::filesystem::path scenarioFile(const std::string& nameOrFile);
 
 /// Loads a scenario by its name ("everyday", "involved", "large", "signed-out", "empty") or path.

@@ -197,7 +197,6 @@ void checkLength(const std::filesystem::path& socket)
     }
 }
 
-/// Removes a socket file without a server.
 void removeStaleSocket(const std::filesystem::path& path)
 {
     std::error_code ignored;

@@ -35,13 +35,11 @@ struct ServerOptions {
     std::function<void(const RecordedRequest&)> onRequest;
 };
 
-/// The sample GitHub as an HTTP server on a Unix socket, on a thread of its own. It serves from the
-/// end of the constructor until `stop()`, which also removes the socket. All functions are safe
-/// from any thread.
+/// The sample GitHub as an HTTP server on a Unix socket, on a thread of its own. It serves until
+/// `stop()`, which also removes the socket. All functions are safe from any thread.
 class Server {
 public:
-    /// Replaces a socket file without a server. Throws `std::runtime_error` with one English
-    /// sentence.
+    /// Replaces a stale socket file. Throws `std::runtime_error` with one English sentence.
     explicit Server(ServerOptions options);
     Server(const Server&) = delete;
     Server& operator=(const Server&) = delete;
@@ -53,7 +51,6 @@ public:
     /// Replaces the active faults and restarts their counts.
     void setFaults(const std::vector<Fault>& faults);
 
-    /// All requests so far, in order.
     std::vector<RecordedRequest> requests() const;
 
     void forgetRequests();

@@ -4,8 +4,7 @@
 
 namespace SampleGitHub {
 
-/// A new private folder with a path short enough for a socket. Removed with its contents on
-/// destruction.
+/// A private folder with a path short enough for a socket. Removed on destruction.
 class TemporaryFolder {
 public:
     /// In `TMPDIR`, or in /tmp if that is unset or too long. Throws `std::system_error`.

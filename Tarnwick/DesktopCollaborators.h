@@ -9,9 +9,8 @@
 
 namespace Tarnwick {
 
-/// The standard collaborators, extended for a program with a panel by desktop notifications, the
-/// autostart entry and the dismissal of the panel. Main thread only. Requires: an application
-/// object.
+/// The standard collaborators, with desktop notifications, the autostart entry and a panel to
+/// dismiss. Main thread only. Requires: an application object.
 PullRequestMenuModel::Collaborators desktopCollaborators(
     const std::map<std::string, std::string>& environment,
     const QDBusConnection& bus,

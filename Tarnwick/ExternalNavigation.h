@@ -12,8 +12,7 @@
 
 namespace Tarnwick {
 
-/// Opens web pages in the browser, the desktop's notification settings, and worktrees in the
-/// editor.
+/// Opens web pages, the desktop's notification settings, and worktrees in the editor.
 class ExternalNavigation {
 public:
     /// The functions through which the outside is reached. All are required. All but the runners
@@ -35,8 +34,7 @@ public:
     static Surroundings desktop(GitHub::Environment environment, PanelDismissal dismissPanel);
 
     /// Opens the URL in the browser and dismisses the panel unless it is to stay. Errors are not
-    /// reported. The token, which may be empty, lets the browser come to the front. Main thread
-    /// only.
+    /// reported. `activationToken` may be empty. Main thread only.
     void open(
         const PullRequestKit::Url& url,
         const std::string& activationToken = {},
@@ -49,10 +47,9 @@ public:
     /// at once. Safe from any thread.
     void openNotificationSettings() const;
 
-    /// Creates a worktree on the branch if necessary and opens it in a new window of Visual Studio
-    /// Code. Ends when the editor was started. Throws `ExternalNavigationError`, what the runner
-    /// throws, and `CancellationError` once `stopToken` is stopped. Main thread only. Requires:
-    /// `progress` can be called.
+    /// Opens a worktree on the branch, created if necessary, in a new window of Visual Studio Code.
+    /// Ends when the editor was started. Throws `ExternalNavigationError`, `CancellationError` and
+    /// what the runner throws. Main thread only. Requires: `progress` can be called.
     QCoro::Task<> openInCode(
         std::filesystem::path clone,
         std::string branch,

@@ -148,8 +148,7 @@ public:
     QCoro::Task<std::optional<std::string>> openInEditor(
         PullRequestKit::PullRequest pullRequest, ProgressSink progress);
 
-    /// Call each time the list becomes visible: starts a refresh and cancels one that an earlier
-    /// call started.
+    /// Call each time the list becomes visible: starts a refresh in place of an earlier call's.
     void menuOpened();
 
     /// Refreshes once and resumes at its end. Does nothing while another refresh is running.
@@ -203,8 +202,7 @@ public:
 
     void setPollingInterval(PollingInterval interval) { _operations.setPollingInterval(interval); }
 
-    /// Takes effect at once. Stored after 200 ms, with the next change, by `flushSettings` or by
-    /// `stop`.
+    /// Takes effect at once. Stored after 200 ms, on the next change, by `flushSettings` or `stop`.
     void setProjectDirectory(const std::string& directory)
     {
         _operations.setProjectDirectory(directory);

@@ -2,8 +2,7 @@
 
 namespace TarnwickDirect {
 
-/// Suppresses the message of Qt 6.5 and later that it uses UTF-8 despite the locale. Call before Qt
-/// is used.
+/// Suppresses the message of Qt 6.5 about a locale without UTF-8. Call before Qt is used.
 void leaveOutLocaleMessage();
 
 }  // namespace TarnwickDirect

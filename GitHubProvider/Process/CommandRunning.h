@@ -26,9 +26,9 @@ public:
     virtual ~CommandRunning() = default;
 
     /// Runs `executable` with `arguments` (without the program's name) and waits for its end.
-    /// Blocks; call on a worker thread. Safe from any thread. Throws `ProviderError` on a timeout
-    /// or a failed pipe, `std::system_error` when the program cannot be started, and
-    /// `CancellationError` once `stopToken` is stopped.
+    /// Blocks; call on a worker thread; safe from any thread. Throws `ProviderError` on a timeout
+    /// or a failed pipe, `std::system_error` when the start fails, and `CancellationError` once
+    /// `stopToken` is stopped.
     virtual CommandResult run(
         const std::filesystem::path& executable,
         const std::vector<std::string>& arguments,

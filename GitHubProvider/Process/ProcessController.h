@@ -19,8 +19,7 @@ public:
     virtual void terminate() const = 0;
 };
 
-/// Cancels one command, even before its process exists. Its flags are never reset. Safe from any
-/// thread.
+/// Cancels one command, even before its process exists. Single use. Safe from any thread.
 class ProcessController {
 public:
     /// Sets the launched process; terminates it at once after `cancel`.

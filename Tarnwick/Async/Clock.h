@@ -25,9 +25,8 @@ public:
     /// The part of `elapsed` during which the machine slept.
     virtual std::chrono::milliseconds asleep() const = 0;
 
-    /// Finishes after `duration` of `elapsed`, or at once when `stopToken` is stopped. What becomes
-    /// due while the machine sleeps finishes when it wakes. The token must be stopped on the main
-    /// thread.
+    /// Finishes after `duration` of `elapsed` (if the machine sleeps then, when it wakes), or at
+    /// once when `stopToken` is stopped. Requires: it is stopped on the main thread.
     virtual QFuture<void> sleep(std::chrono::milliseconds duration, std::stop_token stopToken) = 0;
 };
 

@@ -17,7 +17,6 @@ namespace Tarnwick {
 
 namespace Detail {
 
-/// Work for a worker thread, and its result.
 template<typename Work>
 struct Job {
     explicit Job(Work newWork)
@@ -55,13 +54,12 @@ using HandOver = std::function<void(std::function<void()> work)>;
 /// Has a thread of the global pool call `work`. Safe from any thread.
 void runOnPool(std::function<void()> work);
 
-/// Replaces `runOnPool` in tests that depend on when work ends. Call before any work is handed
-/// over.
+/// Replaces `runOnPool` in tests that depend on when work ends. Call before any work starts.
 void setHandOver(HandOver handOver);
 
 /// Runs `work`, which may block, on a thread of the global pool. Resumes on the awaiting thread
-/// with the result or exception; does not suspend if the work is done by then. The work itself has
-/// to check a stop token.
+/// with its result or exception, without suspending if it is done. Work has to check a stop token
+/// itself.
 template<typename Work>
 QCoro::Task<std::invoke_result_t<Work>> onWorker(Work work)
 {

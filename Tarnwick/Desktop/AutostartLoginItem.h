@@ -23,7 +23,6 @@ bool isEnabled(std::string_view entry);
 
 }  // namespace AutostartEntry
 
-/// The program's autostart entry.
 class AutostartLoginItem final : public LoginItem {
 public:
     AutostartLoginItem(std::filesystem::path file, std::filesystem::path executable);

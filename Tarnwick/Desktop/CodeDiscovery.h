@@ -7,8 +7,7 @@
 
 namespace Tarnwick {
 
-/// Finds the editor's command `code` in four fixed places, the last below HOME, and then on PATH.
-/// Safe from any thread.
+/// Finds the editor's `code` in fixed places, one below HOME, then on PATH. Safe from any thread.
 std::optional<std::filesystem::path> codeExecutable(
     const GitHub::Environment& environment,
     const GitHub::IsExecutable& isExecutable = GitHub::isExecutableFile);

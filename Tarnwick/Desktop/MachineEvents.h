@@ -11,7 +11,6 @@ class MachineEvents : public QObject {
 Q_SIGNALS:
     /// The machine has woken up. Its network may still be missing.
     void woke();
-    /// The machine has a network again.
     void networkReturned();
 };
 

@@ -25,12 +25,11 @@ public:
     /// Requires: `navigation` is not null.
     explicit NotificationPresentationDelegate(std::shared_ptr<const ExternalNavigation> navigation);
 
-    /// `opened` is called on the main thread with each URL that a click opens. Call before the
-    /// first response can arrive.
+    /// `opened` is called on the main thread with each opened URL. Call before any response
+    /// arrives.
     void setOpened(std::function<void(const PullRequestKit::Url&)> opened);
 
-    /// Opens the URL if it is a web address and the action is the default one. Returns at once.
-    /// Safe from any thread.
+    /// Opens a web address if the action is the default one. Returns at once. Safe from any thread.
     void didReceive(const NotificationResponse& response) const;
 
 private:

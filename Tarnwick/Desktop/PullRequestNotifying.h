@@ -8,7 +8,6 @@
 
 namespace Tarnwick {
 
-/// Whether the desktop shows the program's notifications.
 enum class NotificationAuthorization {
     authorized,
     denied,
@@ -25,8 +24,7 @@ public:
 
     virtual QCoro::Task<NotificationAuthorization> authorization() = 0;
 
-    /// Requests permission and returns whether it is granted. Throws `std::exception` with a
-    /// message for the user.
+    /// Requests permission; false if denied. Throws `std::exception` with a message for the user.
     virtual QCoro::Task<bool> requestAuthorization() = 0;
 
     /// Throws `std::exception` with a message for the user when it cannot be delivered.

@@ -7,8 +7,7 @@
 
 namespace Tarnwick::EditorWorktree {
 
-/// Finds the worktree on exactly this branch in the output of `git worktree list --porcelain -z`.
-/// Safe from any thread.
+/// Finds this branch in the output of `git worktree list --porcelain -z`. Safe from any thread.
 std::optional<std::filesystem::path> existingWorktree(
     std::string_view listing, const std::string& branch);
 

@@ -15,7 +15,6 @@ using namespace PullRequestKit;
 
 namespace {
 
-/// A branch within the repository of a pull request.
 struct BranchOf {
     const PullRequestID& id;
     const BranchReference& branch;
@@ -171,7 +170,6 @@ void putInOrder(std::vector<Value>& values, const std::vector<std::size_t>& orde
     }
 }
 
-/// Collects the rows of each heading.
 class Groups {
 public:
     Groups(const std::vector<Turn>& turns, const InSight& isInSight)

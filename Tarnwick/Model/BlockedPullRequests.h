@@ -23,8 +23,7 @@ struct BlockedPullRequests {
     PullRequestKit::Date updatedAt{};  ///< The last refresh taken into account.
     std::vector<Entry> entries;        ///< One per pull request.
 
-    /// Applies a refresh. Returns the pull requests that became unblocked, again on each refresh
-    /// until `settle`.
+    /// Applies a refresh. Returns what became unblocked, again on each refresh until `settle`.
     std::vector<PullRequestKit::PullRequest> update(
         const std::vector<PullRequestKit::PullRequest>& current, PullRequestKit::Date now);
 

@@ -52,8 +52,7 @@ public:
     /// Requests missing facts if they are useful; otherwise `settled` follows at once.
     void setListed(std::shared_ptr<const std::vector<PullRequestKit::PullRequest>> listed);
 
-    /// Requests missing facts until none are missing. Does nothing before the first list or while
-    /// already running.
+    /// Requests missing facts until none are missing. Does nothing before the first list.
     void ask();
     void askWhereUseful();
 
@@ -68,8 +67,7 @@ public:
 Q_SIGNALS:
     void factsChanged();
     void quotaTold(const PullRequestKit::Quota& quota);
-    /// No facts are missing, or GitHub refuses requests. `isRefreshed` is true the first time after
-    /// a refresh.
+    /// No facts are missing, or GitHub refuses. `isRefreshed`: the first time after a refresh.
     void settled(bool hitSecondaryLimit, bool isRefreshed);
 
 private:

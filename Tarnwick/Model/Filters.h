@@ -38,8 +38,7 @@ enum class MergeabilityFilter {
     unknown,
 };
 
-/// Which pull requests are fetched: those that request the user's review, all, or those that
-/// involve the user.
+/// Which pull requests are fetched: review requests to the user, all, or all that involve the user.
 enum class ReviewerFilter {
     myself,
     any,

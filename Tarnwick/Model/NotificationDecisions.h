@@ -11,8 +11,7 @@
 
 namespace Tarnwick {
 
-/// The settings that determine what is visible. Pull requests that appear because these changed are
-/// not new.
+/// The settings behind the visible list. What appears because they changed is not new.
 struct NotificationScope {
     std::optional<std::string> account;
     PullRequestKit::ReviewerScope reviewer = PullRequestKit::ReviewerScope::myself;
@@ -47,8 +46,7 @@ std::vector<PullRequestKit::PullRequest> newPullRequests(
     const NotificationScope& scope,
     const std::optional<NewPullRequestBaseline>& baseline);
 
-/// The pull requests blocked in `previous` and unblocked in `current`, without duplicates. Safe
-/// from any thread.
+/// Blocked in `previous` and unblocked in `current`, without duplicates. Safe from any thread.
 std::vector<PullRequestKit::PullRequest> newlyUnblockedPullRequests(
     const std::vector<PullRequestKit::PullRequest>& current,
     const std::vector<PullRequestKit::PullRequest>& previous);

@@ -14,8 +14,7 @@ namespace Tarnwick {
 std::filesystem::path projectFolder(const std::string& setting);
 
 /// Opens a worktree on the pull request's head branch in the editor. Returns an error for the user;
-/// nothing on success or cancellation. Main thread only. Requires: `navigation`, and `progress` can
-/// be called.
+/// nothing on success or cancellation. Main thread only. Requires: no null arguments.
 QCoro::Task<std::optional<std::string>> openInEditor(
     std::shared_ptr<const ExternalNavigation> navigation,
     std::string projectDirectory,
@@ -23,8 +22,7 @@ QCoro::Task<std::optional<std::string>> openInEditor(
     ProgressSink progress,
     std::stop_token stopToken);
 
-/// Whether the error of `openInEditor` calls for setting the project directory. Safe from any
-/// thread.
+/// Whether this error of `openInEditor` calls for a project directory. Safe from any thread.
 bool asksForProjectDirectory(std::string_view problem);
 
 }  // namespace Tarnwick

@@ -12,7 +12,6 @@
 
 namespace Tarnwick {
 
-/// The result of the last refresh.
 enum class RefreshEnd {
     none,  ///< Running, cancelled, or none yet.
     fresh,

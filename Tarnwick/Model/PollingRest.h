@@ -15,8 +15,7 @@ namespace Tarnwick {
 /// Whether less than a tenth of the hourly quota is left.
 bool isNearlyUsedUp(const PullRequestKit::Quota& quota);
 
-/// The time without polling after this many refusals in a row: 1, 2, 4 … 30 minutes. Requires: at
-/// least one.
+/// The time without polling after this many refusals in a row, from 1: 1, 2, 4 … 30 minutes.
 std::chrono::minutes restAfterRefusals(int times);
 
 /// Decides when polling pauses, in order to leave quota for the user's other programs and not to

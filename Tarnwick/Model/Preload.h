@@ -31,8 +31,7 @@ public:
     /// As from `SettingsStore::load`. Blocks until they are read.
     const Settings& settings() { return read().settings; }
 
-    /// As from `lastList`. Blocks until it is read. Call once, after the other functions: this
-    /// releases what was read.
+    /// As from `lastList`. Blocks until it is read. Call once, last: this releases what was read.
     std::optional<LastList> takeList();
 
 private:

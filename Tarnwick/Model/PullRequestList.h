@@ -34,8 +34,7 @@ public:
 
     const std::vector<PullRequestKit::PullRequestRow>& rows() const { return _arranged->rows; }
 
-    /// The visible rows with their turns and groups. Shared ownership, for callers that outlive the
-    /// next change. Not null.
+    /// The visible rows. Shared ownership, for callers that outlive the next change. Not null.
     const std::shared_ptr<const ArrangedRows>& arranged() const { return _arranged; }
 
     /// Includes hidden rows in their places; they do not count. Computed at each call. Not null.

@@ -32,7 +32,6 @@ public:
         std::function<RefreshStart(const std::optional<std::string>& account)> start;
         /// Applies the answer. Returns false if it is outdated.
         std::function<bool(RefreshResult result, const RefreshStart& start)> accept;
-        /// The refresh failed.
         std::function<void(const MenuState& failure)> fail;
         /// GitHub's secondary limit was hit; called even after cancellation.
         std::function<void()> refused;

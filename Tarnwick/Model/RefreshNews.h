@@ -17,8 +17,7 @@
 
 namespace Tarnwick {
 
-/// Decides which changes of a refresh to notify of, and stores what the next start needs. Main
-/// thread only.
+/// Decides what to notify of, and stores what the next start needs. Main thread only.
 class RefreshNews final : public QObject {
     Q_OBJECT
 

@@ -33,9 +33,8 @@ constexpr bool isMuted(Sight sight)
 /// The only case of the checks filter that a pull request matches. Safe from any thread.
 ChecksFilter checksCase(const PullRequestKit::ProgressCount& checks);
 
-/// The single place that decides visibility. An empty selection of repositories, statuses, checks
-/// or mergeabilities matches nothing; an empty review filter matches everything. Safe from any
-/// thread.
+/// The single place that decides visibility. An empty set of repositories, statuses, checks or
+/// mergeabilities matches nothing; an empty review filter matches everything. Safe from any thread.
 Sight sightOf(const PullRequestKit::PullRequest& pullRequest, const Settings& settings);
 
 /// The visible rows in order, and the number of hidden ones. Removing a muted pull request keeps

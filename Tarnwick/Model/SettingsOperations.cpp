@@ -7,7 +7,6 @@
 namespace Tarnwick {
 namespace {
 
-/// The delay before an edited project directory is stored.
 constexpr std::chrono::milliseconds directoryRest{200};
 
 std::string_view keyOfNotifications(bool Settings::* flag)

@@ -17,9 +17,8 @@
 
 namespace Tarnwick {
 
-/// Changes settings on behalf of the user and follows changes by other processes. A change is
-/// applied to the stored settings and stored at once, except for the project directory. Main thread
-/// only.
+/// Changes settings for the user and follows other processes. Changes are applied to the stored
+/// settings and, except for the project directory, stored at once. Main thread only.
 class SettingsOperations final : public QObject {
     Q_OBJECT
 

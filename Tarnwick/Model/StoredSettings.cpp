@@ -13,7 +13,6 @@ namespace {
 
 namespace Keys = SettingsKeys;
 
-/// The former stored name of "Any".
 constexpr std::string_view olderNameOfAny = "All";
 
 template<typename Texts>

@@ -43,8 +43,7 @@ struct KnownTurns {
         PullRequestKit::PullRequestID id;
         PullRequestKit::Date listedAt{};             ///< The last refresh that listed it.
         std::optional<PullRequestKit::Whose> whose;  ///< Nothing while uncertain.
-        /// The head commit of the last notification, empty when unknown; nothing without a
-        /// notification.
+        /// The head commit of the last notification, empty if unknown; nothing without one.
         std::optional<std::string> toldHead;
 
         bool operator==(const Entry&) const = default;

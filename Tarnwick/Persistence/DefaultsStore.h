@@ -23,8 +23,8 @@ public:
     /// The value of the key; nothing when absent.
     virtual std::optional<std::string> value(std::string_view key) const = 0;
 
-    /// Stores an encoded value. Never throws: if it cannot be stored, `value` still returns it and
-    /// `problem` says why.
+    /// Stores an encoded value. Never throws: on a failure `value` still returns it and `problem`
+    /// says why.
     virtual void set(std::string_view key, const std::string& value) = 0;
 
     /// Removes the key. Fails like `set`.

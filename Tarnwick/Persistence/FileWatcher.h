@@ -19,8 +19,7 @@ class FileWatcher final : public QObject {
     Q_DISABLE_COPY_MOVE(FileWatcher)
 
 public:
-    /// Editors truncate a file before they write it, so a change is reported after this time
-    /// without further changes.
+    /// The time without changes before a report: editors truncate a file before they write it.
     static constexpr std::chrono::milliseconds rest{150};
 
     /// The maximum delay of a report during continuous changes.

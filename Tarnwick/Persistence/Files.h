@@ -12,8 +12,7 @@
 #include <sys/types.h>
 #include <time.h>
 
-/// Reads and writes whole files. All functions block, are safe from any thread and throw
-/// `std::system_error`.
+/// Whole files. All functions block, are safe from any thread and throw `std::system_error`.
 namespace Tarnwick::Files {
 
 inline constexpr mode_t ownerOnly = 0600;
@@ -23,9 +22,8 @@ inline constexpr mode_t ownerOnly = 0600;
 std::optional<std::string> read(const std::filesystem::path& path, std::size_t limit);
 
 /// Replaces the file atomically and durably. After an error the old file is unchanged and no
-/// temporary file remains. Also removes temporary files that killed processes left more than a
-/// minute ago; beside a JSON file, those of all JSON files. Follows symbolic links and creates
-/// missing folders.
+/// temporary file remains. Also removes temporary files of killed processes after a minute; beside
+/// a JSON file, those of all JSON files. Follows symbolic links and creates missing folders.
 void replace(const std::filesystem::path& path, std::string_view contents, mode_t permissions);
 
 /// Detects whether a file changed, without reading it.
@@ -41,13 +39,11 @@ struct Stamp {
 /// The stamp of the target of the path; the initial stamp if there is none. Never throws.
 Stamp stampOf(const std::filesystem::path& path);
 
-/// Holds an exclusive lock on the folder of a file against other processes. Creates a missing
-/// folder. The system releases the lock when a process ends. Does nothing on file systems without
-/// locks.
+/// An exclusive lock on a file's folder against other processes. Creates a missing folder. The
+/// system releases it when a process ends. Does nothing on file systems without locks.
 class FolderLock {
 public:
-    /// A write takes far less, so a process that holds the lock this long is stopped. The
-    /// constructor then throws.
+    /// The wait for the lock, after which the constructor throws. A write takes far less.
     static constexpr std::chrono::seconds limit{5};
 
     explicit FolderLock(const std::filesystem::path& file);

@@ -15,7 +15,6 @@ constexpr std::string_view digits = "0123456789ABCDEF";
 constexpr std::string_view emptyList = "@Empty()";
 constexpr std::string_view datePrefix = "@Date(";
 
-/// Escape letters and the characters they stand for.
 constexpr std::array<std::pair<char, char>, 5> escapes{
     {{'n', '\n'}, {'r', '\r'}, {'t', '\t'}, {'"', '"'}, {'\\', '\\'}}};
 
@@ -61,7 +60,6 @@ public:
         : _rest(text)
     {}
 
-    /// The next element of a list and the comma after it.
     std::string element()
     {
         skipSpaces();

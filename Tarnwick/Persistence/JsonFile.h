@@ -13,8 +13,7 @@
 /// JSON documents in files of their own. All functions block and are safe from any thread.
 namespace Tarnwick::JsonFile {
 
-/// Nothing when the file is missing, unreadable, larger than `limit` or not such a document. Never
-/// throws.
+/// Nothing when the file is missing, unreadable, invalid or larger than `limit`. Never throws.
 template<typename Document>
 std::optional<Document> load(const std::filesystem::path& path, std::size_t limit) noexcept
 {

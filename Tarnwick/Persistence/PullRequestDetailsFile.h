@@ -28,8 +28,7 @@ struct KeptDetails {
     bool operator==(const KeptDetails&) const = default;
 };
 
-/// The stored data of one pull request. Each part is optional, so that later versions can add
-/// parts.
+/// The stored data of a pull request. Each part is optional, for changes in later versions.
 struct KeptPullRequest {
     PullRequestKit::PullRequestID id;
     std::optional<KeptDetails> details;
@@ -55,8 +54,7 @@ KeptPullRequests keptForm(
     const CachedPullRequestSnapshot& snapshot, const PullRequestKit::DetailsByID& details);
 PullRequestKit::DetailsByID detailsOf(KeptPullRequests kept);
 
-/// The stored details of the last snapshot. Without the file only the names are missing. Blocks;
-/// safe from any thread.
+/// The details of the last snapshot; without them names are missing. Blocks; safe from any thread.
 struct PullRequestDetailsFile {
     /// Larger files are not read, because they would delay the start.
     static constexpr std::size_t largestFile = std::size_t{32} * 1024 * 1024;

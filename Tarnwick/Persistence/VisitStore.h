@@ -55,8 +55,7 @@ public:
         const PullRequestKit::PullRequestFacts* facts) const;
 
     /// Call with the pull requests of each refresh. Once a day it marks them as listed and forgets
-    /// those not listed for long. Also corrects visits in the future, which result from setting the
-    /// clock back.
+    /// those not listed for long. Also corrects visits in the future, after the clock was set back.
     void noteListed(std::span<const PullRequestKit::PullRequest> pullRequests);
 
 private:

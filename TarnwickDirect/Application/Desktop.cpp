@@ -42,7 +42,6 @@ void stayOutOfSavedSessions(QSessionManager& session)
     session.setRestartHint(QSessionManager::RestartNever);
 }
 
-/// The user's request and the launcher's data.
 struct Wish {
     ShowPanel::Manner manner = ShowPanel::Manner::show;
     PlatformData platformData;

@@ -13,8 +13,7 @@ public:
     explicit ExitGuard(std::function<void()> action);
     ~ExitGuard();
 
-    /// Registers the action again, so that it runs before the exit handlers of libraries loaded
-    /// since.
+    /// Registers the action again, to run before the exit handlers of libraries loaded since.
     static void renew();
 
     ExitGuard(const ExitGuard&) = delete;

@@ -50,7 +50,6 @@ Edge edgeOf(const QRect& area, const QPoint& click)
     return nearest == left ? Edge::left : Edge::right;
 }
 
-/// The usual corner of a tray.
 QPoint usualTray(const ScreenArea& screen)
 {
     const bool isAtBottom =

@@ -15,10 +15,9 @@ struct ScreenArea {
     QRect free;
 };
 
-/// The panel's place for a click at `click`: beside the tray's edge, within the free area of the
-/// screen and as close to the click as possible. Without a click: the usual corner of a tray on the
-/// first screen. The size is limited to the free area. Requires: at least one screen. Safe from any
-/// thread.
+/// The panel's place for a click: beside the tray's edge, in the free area and as close to the
+/// click as possible. Without a click: the usual corner of a tray on the first screen. Limits the
+/// size to the free area. Requires: at least one screen. Safe from any thread.
 QRect panelPlace(const QSize& size, std::optional<QPoint> click, const QList<ScreenArea>& screens);
 
 }  // namespace TarnwickDirect

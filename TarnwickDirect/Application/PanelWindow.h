@@ -89,7 +89,6 @@ Q_SIGNALS:
     void closed();
     /// The user pressed Ctrl+Q.
     void quitRequested();
-    /// The user resized the window.
     void preferredSizeChanged();
 
 protected:

@@ -6,8 +6,7 @@
 
 namespace TarnwickDirect {
 
-/// The launcher's data that lets a window come to the front. Both may be empty. Safe from any
-/// thread.
+/// The launcher's data that lets a window come to the front; may be empty. Safe from any thread.
 struct PlatformData {
     QString activationToken;  ///< For Wayland.
     QString startupId;        ///< For X11.
@@ -22,8 +21,7 @@ struct PlatformData {
     /// variables from the environment.
     static PlatformData fromEnvironment();
 
-    /// The X server's time of the user's action, in milliseconds, from the startup id; 0 if it has
-    /// none.
+    /// The time of the user's action from the startup id: the X server's, in milliseconds, or 0.
     quint32 startupTime() const;
 };
 

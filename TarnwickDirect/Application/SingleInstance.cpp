@@ -23,7 +23,6 @@ enum class Claim {
     impossible,
 };
 
-/// A call to the bus about the program's name.
 QDBusMessage nameCall(const char* member)
 {
     return QDBusMessage::createMethodCall(

@@ -2,11 +2,9 @@
 
 namespace TarnwickDirect {
 
-/// Set-up before the first window.
 namespace TarnwickApplication {
 
-/// Registers the bundled fonts. Call once, before the first window and the first notification. Main
-/// thread only.
+/// Registers the fonts. Call once, before windows and notifications. Main thread only.
 void initialize();
 
 /// The icon in window lists. Takes several milliseconds.

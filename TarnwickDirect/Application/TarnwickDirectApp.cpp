@@ -51,7 +51,6 @@ Tarnwick::Appearance& styled()
     return Tarnwick::setApplicationStyle();
 }
 
-/// Such as owner/name#12.
 std::string nameOf(const PullRequestKit::PullRequestID& id)
 {
     return id.repository + "#" + std::to_string(id.number);

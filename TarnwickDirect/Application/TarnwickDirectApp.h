@@ -24,9 +24,8 @@
 
 namespace TarnwickDirect {
 
-/// The application: the model, the panel, the tray icon, the bus object and the update manager,
-/// connected to each other. Destruction cancels all work, including child processes. Main thread
-/// only.
+/// The application: model, panel, tray icon, bus object and update manager, connected to each
+/// other. Destruction cancels all work, including child processes. Main thread only.
 class TarnwickDirectApp final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(TarnwickDirectApp)

@@ -6,8 +6,7 @@ class QWidget;
 
 namespace TarnwickDirect {
 
-/// Shows a hidden or minimized window in front with the focus, as far as the launcher's data
-/// allows. Main thread only.
+/// Shows a window in front with the focus, as far as the launcher's data allows. Main thread only.
 void bringToFront(QWidget& window, const PlatformData& platformData);
 
 }  // namespace TarnwickDirect

@@ -25,8 +25,7 @@ public:
     /// The place of the shadow of a window at this place.
     static QRect place(const QRect& window);
 
-    /// The shadow of a window of this size, as large as `place` says, with a hole for the window.
-    /// Black with varying alpha.
+    /// The shadow of a window of this size, in the size of `place`, with a hole for the window.
     static QImage picture(const QSize& window, double radius, bool isDark);
 
     bool isShown() const;

@@ -178,7 +178,6 @@ Command parseRepositories(std::vector<std::string> words)
     return ListRepositories{parsed.has("--json")};
 }
 
-/// Parses arguments without a command.
 Command parseOptions(const std::vector<std::string>& arguments)
 {
     const Words parsed(arguments, {"--version", "--background", "--toggle", "--service"});

@@ -73,7 +73,6 @@ public:
 /// Throws `UsageError`.
 Command parseArguments(const std::vector<std::string>& arguments);
 
-/// The text of `--help`.
 std::string helpText();
 
 }  // namespace TarnwickDirect

@@ -19,7 +19,6 @@ bool isPipe(int descriptor)
     return ::fstat(descriptor, &status) == 0 && S_ISFIFO(status.st_mode);
 }
 
-/// The pending events of the descriptor.
 short eventsOf(int descriptor, short events)
 {
     pollfd entry{.fd = descriptor, .events = events, .revents = 0};
@@ -38,7 +37,7 @@ LastLine::LastLine(int descriptor, QObject* parent)
     _room.setEnabled(false);
     connect(&_room, &QSocketNotifier::activated, this, &LastLine::pump);
     if (isPipe(descriptor)) {
-        // The write end becomes readable only when the reader closes the pipe.
+        // The notifier reports when the reader closes the pipe; nothing is ever read from this end.
         _reader = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
         connect(_reader.get(), &QSocketNotifier::activated, this, &LastLine::lookForReader);
     }

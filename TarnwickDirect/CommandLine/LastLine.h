@@ -10,9 +10,8 @@
 
 namespace TarnwickDirect {
 
-/// Standard output for a reader that only needs the latest line. Never blocks: a line that cannot
-/// be written yet is replaced by the next one. Notices at once when the reader closes the pipe.
-/// Main thread only.
+/// Standard output for a reader that only needs the latest line. Never blocks: a new line replaces
+/// one that cannot be written yet. Notices at once when the reader is gone. Main thread only.
 class LastLine final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(LastLine)

@@ -26,7 +26,6 @@ using Tarnwick::PullRequestMenuModel;
 
 namespace {
 
-/// Overrides one setting.
 template<typename Value>
 void setForOnce(
     std::shared_ptr<Tarnwick::DefaultsStore>& defaults, std::string_view key, Value value)
@@ -78,7 +77,6 @@ void refreshOnce(PullRequestMenuModel& model, const SignalHandler& signalHandler
     }
 }
 
-/// Prints what there is to say besides the rows.
 void explain(const PullRequestMenuModel& model)
 {
     const MenuState& state = model.state();

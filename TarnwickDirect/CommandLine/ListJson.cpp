@@ -62,7 +62,6 @@ boost::json::array texts(const std::vector<SharedText>& names)
     return list;
 }
 
-/// Null when unknown.
 boost::json::value detailsOf(const PullRequestMenuModel& model, const PullRequestID& id)
 {
     const auto found = model.list().details()->find(id);
@@ -94,7 +93,6 @@ void addTurn(boost::json::object& row, const Turn& turn)
     }
 }
 
-/// The part after the rows.
 boost::json::object footer(const PullRequestMenuModel& model)
 {
     const Tarnwick::HiddenCounts& hidden = model.list().hidden();

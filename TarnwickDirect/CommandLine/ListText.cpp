@@ -32,7 +32,6 @@ struct Entry {
     Cell warning;
 };
 
-/// The columns when each pull request has one line.
 struct Columns {
     int title = 0;  ///< Includes the tree.
     std::vector<int> details;
@@ -77,7 +76,6 @@ std::vector<Entry> entriesOf(
     return entries;
 }
 
-/// The widths of the contents.
 Columns naturalColumns(const std::vector<Entry>& entries)
 {
     Columns columns;
@@ -103,7 +101,6 @@ int neededTitleColumn(const std::vector<Entry>& entries, int terminalColumns)
     return needed;
 }
 
-/// Prints one line per pull request.
 class OneLineEach {
 public:
     OneLineEach(Columns columns, const TerminalTraits& terminal)
@@ -188,7 +185,6 @@ std::string drawFolded(const Entry& entry, const TerminalTraits& terminal)
     return text + "\n";
 }
 
-/// The heading lines before this row.
 std::string drawHeading(const ShownList& list, std::size_t row, const TerminalTraits& terminal)
 {
     std::string text;

@@ -6,8 +6,7 @@
 
 namespace TarnwickDirect {
 
-/// A temporary progress line on standard error. Shows nothing if that is not a terminal or cannot
-/// erase.
+/// A temporary progress line on standard error, if that is a terminal that can erase.
 class ProgressLine {
 public:
     ProgressLine();

@@ -87,7 +87,6 @@ std::set<std::string> namesOf(const Repositories& repositories)
     return names;
 }
 
-/// The first unknown name.
 std::optional<std::string> firstUnknown(
     const std::vector<std::string>& names, const std::set<std::string>& known)
 {

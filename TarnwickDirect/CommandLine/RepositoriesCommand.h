@@ -9,9 +9,8 @@ namespace TarnwickDirect {
 /// a message on standard error, or that of `StandardOutput`. Runs the event loop.
 int listRepositories(const ListRepositories& command, const SignalHandler& signalHandler);
 
-/// Selects or unselects repositories. Returns 1 and changes nothing for a name that GitHub did not
-/// list, or when the repositories cannot be listed or the settings not be written. Runs the event
-/// loop.
+/// Selects or unselects repositories. Returns 1 and changes nothing for an unknown name, or when
+/// listing or writing fails. Runs the event loop.
 int changeSelection(const ChangeSelection& command, const SignalHandler& signalHandler);
 
 }  // namespace TarnwickDirect

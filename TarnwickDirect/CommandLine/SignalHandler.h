@@ -18,11 +18,9 @@ public:
     SignalHandler();
     ~SignalHandler() override;
 
-    /// The signal received, if any.
     std::optional<int> signal() const { return _signal; }
 
-    /// Ends the process with the received signal, as its parent expects. Requires: one was
-    /// received.
+    /// Ends the process by the received signal, as its parent expects. Requires: `signal()`.
     [[noreturn]] void endProcess() const;
 
 Q_SIGNALS:

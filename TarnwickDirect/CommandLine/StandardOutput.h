@@ -23,8 +23,7 @@ public:
     /// Flushed by `finish` at the latest.
     std::ostream& stream() { return _stream; }
 
-    /// Returns 0 or an exit status: 1 with a message on standard error, or silently that of SIGPIPE
-    /// if the reader is gone.
+    /// Returns 0, 1 with a message on standard error, or silently the status of SIGPIPE.
     int finish();
 
 private:

@@ -26,23 +26,20 @@ enum class Style {
     purple,
 };
 
-/// Adds escape sequences for the style. Returns the plain text for `plain`, empty text, or without
-/// colors.
+/// Adds the style's escape sequences, except for `plain`, empty text or without colors.
 std::string styled(std::string_view text, Style style, bool hasColors);
 
-/// Makes a text safe for one line of a terminal: control and direction characters become "�".
-/// Requires: UTF-8.
+/// One line that is safe for a terminal: control and direction characters become "�". Requires:
+/// UTF-8.
 std::string singleLine(std::string_view text);
 
 /// Like `singleLine`, but keeps line breaks; tabs become spaces. Requires: UTF-8.
 std::string message(std::string_view text);
 
-/// The maximum number of terminal columns of the text; terminals differ, for example on emoji.
-/// Requires: UTF-8.
+/// The maximum of columns that terminals use for the text. Requires: UTF-8.
 int displayWidth(std::string_view text);
 
-/// The text, cut between grapheme clusters and ended with "…" if wider than `columns`. Requires:
-/// UTF-8.
+/// The text, cut between grapheme clusters and ended with "…" if too wide. Requires: UTF-8.
 std::string elided(std::string_view text, int columns);
 
 }  // namespace TarnwickDirect

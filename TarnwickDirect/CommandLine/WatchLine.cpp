@@ -121,7 +121,6 @@ std::string tooltip(const WatchedList& list, const QDateTime& now, const QLocale
     return markup(text);
 }
 
-/// The percentage of pull requests that wait for the user.
 std::int64_t percentage(const Status& status)
 {
     return status.listed > 0 ? std::int64_t{100} * status.waitingOnYou / status.listed : 0;

@@ -13,7 +13,6 @@
 
 namespace TarnwickDirect {
 
-/// The list as shown by a bar.
 struct WatchedList {
     Status status;
     std::span<const PullRequestKit::PullRequestRow> rows;

@@ -28,7 +28,6 @@ public:
     AppcastUpdater(ModuleHost host, Settings settings, UpdaterDelegate& delegate);
     ~AppcastUpdater() override;
 
-    /// Whether the user can start a check now.
     bool canCheckForUpdates() const;
 
     /// Starts a check by the user. Does nothing while none is possible.
@@ -51,8 +50,7 @@ public:
     /// Skips this version in automatic checks. Requires: a non-critical update is available.
     void skip();
 
-    /// Downloads and verifies. Requires: an update is available, and the installation takes
-    /// packages.
+    /// Downloads and verifies. Requires: an available update, and `takesPackages()`.
     void install();
 
     /// Removes an unfinished download. Call at the end of the process, when other parts may be gone

@@ -41,8 +41,7 @@ private:
     std::unique_ptr<UpdateDialog> _dialog;
 };
 
-/// Creates the updater for this program and system. The caller owns it. Requires: the delegate
-/// outlives it.
+/// For this program and system; owned by the caller. Requires: the delegate outlives it.
 DesktopUpdater* makeDesktopUpdater(
     const UpdateSource& source, const ModuleHost& host, UpdaterDelegate& delegate);
 

@@ -19,8 +19,7 @@ std::optional<PublicKey> publicKeyFrom(QStringView base64);
 /// Decodes exactly 64 bytes from padded Base64.
 std::optional<Signature> signatureFrom(QStringView base64);
 
-/// Verifies a signature. Throws `std::runtime_error` if the library cannot be initialized, for lack
-/// of randomness.
+/// Verifies a signature. Throws `std::runtime_error` if the system has no randomness.
 bool isSignedBy(
     const PublicKey& key, const Signature& signature, std::span<const std::uint8_t> bytes);
 

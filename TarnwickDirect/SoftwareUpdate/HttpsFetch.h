@@ -10,7 +10,6 @@ class QNetworkAccessManager;
 
 namespace TarnwickDirect {
 
-/// What to fetch, and its limits.
 struct FetchRequest {
     QUrl url;
     QString subject;  ///< The beginning of error messages, such as "The update feed".

@@ -15,8 +15,7 @@ struct Installation {
     Kind kind = Kind::source;
     QString package = {};  ///< For both kinds of packages.
 
-    /// The version in the package; only with `debianPackage`. Newer than the running version after
-    /// an update.
+    /// With `debianPackage`; after an update newer than the running version.
     QString packageVersion = {};
 
     bool operator==(const Installation&) const = default;

@@ -11,7 +11,6 @@ namespace {
 
 constexpr qsizetype lengthLimit = 20'000;
 
-/// The bullet or number of a list item.
 QString markOf(const QTextBlock& block)
 {
     const QTextList* const list = block.textList();

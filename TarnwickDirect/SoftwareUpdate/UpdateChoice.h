@@ -7,7 +7,6 @@
 
 namespace TarnwickDirect {
 
-/// The requirements for an update.
 struct UpdateNeeds {
     QString ownVersion;
     QString systemVersion;       ///< The kernel's, such as "6.1.0".

@@ -23,8 +23,8 @@ public:
     explicit UpdateDialog(std::function<void(QWidget&)> bringToFront);
 
     /// Shows the page, or hides the dialog. A hidden dialog comes to the front if the user asked
-    /// for the page. Otherwise it never takes the focus, because keys meant for other windows must
-    /// not trigger an action.
+    /// for the page. Otherwise it never takes the focus: keys meant for others must not trigger an
+    /// action.
     void setPage(const std::optional<UpdatePage>& page);
 
     /// Called by Esc and the close button.

@@ -6,8 +6,7 @@
 
 namespace TarnwickDirect {
 
-/// An update could not be found, fetched, verified or installed. `message` is an English sentence
-/// for the user.
+/// An update step failed. `message` is an English sentence for the user.
 class UpdateError : public std::runtime_error {
 public:
     explicit UpdateError(const QString& message)

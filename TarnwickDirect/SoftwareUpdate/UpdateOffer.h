@@ -23,12 +23,12 @@ struct UpdateOffer {
 inline constexpr std::uint64_t downloadSizeLimit = std::uint64_t{1} << 30;
 
 /// Validates an item and one of its files. Throws `UpdateError` unless the URL is HTTPS with a
-/// valid file name, the length is given and within the limit, and the signature is well-formed.
-/// Safe from any thread.
+/// valid file name, the length within the limit, and the signature well-formed. Safe from any
+/// thread.
 UpdateOffer makeOffer(const AppcastItem& item, const AppcastEnclosure& enclosure, bool isCritical);
 
 /// The file name in a URL's path. Throws `UpdateError` if it is empty, hidden, too long, or
-/// contains a path separator or invisible characters, literally or percent-encoded. Safe from any
+/// contains a separator or invisible characters, literally or percent-encoded. Safe from any
 /// thread.
 QString downloadName(const QUrl& url);
 

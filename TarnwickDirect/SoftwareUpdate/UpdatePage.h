@@ -5,7 +5,6 @@
 
 namespace TarnwickDirect {
 
-/// The user's choices.
 enum class UpdateAction {
     okay,
     cancel,
@@ -14,10 +13,8 @@ enum class UpdateAction {
     install
 };
 
-/// The label of the action's button.
 QString textOf(UpdateAction action);
 
-/// The content of the dialog.
 struct UpdatePage {
     QString title;
     QString message = {};

@@ -14,13 +14,11 @@ class DefaultsStore;
 
 namespace TarnwickDirect {
 
-/// Checks for updates automatically and on request, and guides the user through an update. Main
-/// thread only.
+/// Checks for updates and guides the user through them. Main thread only.
 class UpdaterController : public QObject {
     Q_OBJECT
 
 public:
-    /// Whether the user can start a check now.
     virtual bool canCheckForUpdates() const = 0;
 
     /// Starts a visible check. Does nothing while none is possible.
@@ -65,8 +63,7 @@ struct UpdaterHost {
     std::function<void()> takeFocusBack;
 };
 
-/// Creates and starts an updater; empty if the program has none. The host and the delegate outlive
-/// the updater.
+/// Starts an updater; empty without one. The host and the delegate outlive it.
 using MakeUpdater =
     std::function<std::unique_ptr<UpdaterController>(const UpdaterHost&, UpdaterDelegate&)>;
 

@@ -26,8 +26,8 @@ public:
     /// Nothing while no program runs or none has answered yet.
     const std::optional<Status>& status() const { return _status; }
 
-    /// Connects to the bus if not connected. Call when a program is known to run; needed if the bus
-    /// has no socket file.
+    /// Connects to the bus if not connected. For buses without a socket file, call it when a
+    /// program is known to run.
     void lookForBus();
 
 Q_SIGNALS:
@@ -52,8 +52,7 @@ private:
     std::optional<Status> _status;
 };
 
-/// Converts the properties. Missing values and those of wrong types get their defaults. Safe from
-/// any thread.
+/// Missing values and those of wrong types get their defaults. Safe from any thread.
 Status statusFrom(const QVariantMap& properties);
 
 }  // namespace TarnwickDirect

@@ -18,7 +18,6 @@ void refuse(
     bus.send(message.createErrorReply(kind, text));
 }
 
-/// The values that changed.
 QVariantMap differences(const QVariantMap& before, const QVariantMap& after)
 {
     QVariantMap found;

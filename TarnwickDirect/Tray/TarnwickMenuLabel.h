@@ -6,7 +6,6 @@
 
 namespace TarnwickDirect {
 
-/// The tray icon.
 namespace TarnwickMenuLabel {
 
 /// The tray's background. If unknown, the icon has a color for both light and dark.
@@ -28,8 +27,7 @@ struct Mark {
     bool operator==(const Mark&) const = default;
 };
 
-/// The icon at this size in pixels. If the drawing is missing, it contains only the dot. Main
-/// thread only.
+/// The icon at this size in pixels. Without its drawing only the dot. Main thread only.
 QImage image(int size, Background background, Mark mark);
 
 /// The same in the sizes that trays use: 16, 22, 24 and 32 pixels and twice these.

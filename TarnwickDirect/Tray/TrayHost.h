@@ -23,8 +23,7 @@ public:
 Q_SIGNALS:
     /// The initial state is known.
     void settled();
-    /// A tray appeared or disappeared. Not emitted when an X11 tray disappears; only `isPresent`
-    /// notices that.
+    /// A tray came or went. Not emitted when an X11 tray goes; only `isPresent` notices that.
     void changed();
 
 private:

@@ -30,7 +30,6 @@ QString failureText(RefreshFailure failure)
     return QStringLiteral("Pull requests could not be loaded");
 }
 
-/// The beginning of the tooltip.
 QString subject(const TrayStatus& status)
 {
     if (status.failure && (!knowsPullRequests(status) || !status.lastRefreshed)) {

@@ -28,13 +28,11 @@ bool hasOwner(const QByteArray& selection);
 /// The atom of this name, created if necessary.
 std::optional<quint32> atom(const QByteArray& name);
 
-/// How an event changes a window's focus.
 enum class FocusChange {
     none,
     came,
     left,
-    /// The keyboard is grabbed for a while, for example by a window manager that resizes the
-    /// window.
+    /// The keyboard is grabbed, for example by a window manager that resizes the window.
     borrowed,
 };
 

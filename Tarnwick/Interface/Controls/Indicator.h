@@ -6,8 +6,7 @@
 
 namespace Tarnwick {
 
-/// Base of activity indicators. Animates only while visible and if the desktop wants motion. Main
-/// thread only.
+/// Base of activity indicators. Animates only while visible, if motion is on. Main thread only.
 class Indicator : public QWidget {
 public:
     explicit Indicator(QWidget* parent);

@@ -8,9 +8,8 @@
 
 namespace Tarnwick {
 
-/// A vertical scroll bar that consists of a handle at the right of a scroll area and takes no space
-/// in its layout. It grows under the pointer. The area's own bar is hidden but keeps the values.
-/// Main thread only.
+/// A vertical scroll bar that is only a handle over a scroll area's right edge. It grows under the
+/// pointer. The area's own bar is hidden but keeps the values. Main thread only.
 class OverlayScrollBar final : public QWidget {
     Q_OBJECT
 

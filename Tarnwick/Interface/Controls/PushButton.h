@@ -50,7 +50,6 @@ protected:
     /// Draws everything but the focus ring, depending on the kind.
     virtual void paintFace(QPainter& painter);
 
-    /// The fill under the pointer and while pressed or open.
     void paintQuietFill(QPainter& painter);
 
     double filled() const { return _isOpen || isDown() ? 1 : _hover.value(); }

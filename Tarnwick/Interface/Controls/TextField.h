@@ -4,8 +4,7 @@
 
 namespace Tarnwick {
 
-/// A text field with a focus frame, an optional symbol at its start and space at its end for its
-/// owner.
+/// A text field with a focus frame, an optional symbol, and space at its end for its owner.
 class TextField final : public QLineEdit {
     Q_OBJECT
 

@@ -7,9 +7,8 @@
 
 namespace Tarnwick {
 
-/// Describes what the counts of a row consist of, one fact per line. Untrusted names lose control
-/// and direction characters and cannot change the direction of following text. Safe from any
-/// thread.
+/// Describes what the counts of a row consist of, one fact per line. Untrusted names cannot hide
+/// text or change its direction. Safe from any thread.
 namespace CountWording {
 
 /// "Changes requested: …", "Approved: …" and so on. Empty without reviewers.

@@ -72,7 +72,6 @@ private:
         return known == _widths.constEnd() ? *_widths.insert(piece, _measure.width(piece)) : *known;
     }
 
-    /// The reason as shortened so far.
     QString reason() const { return RowWording::reasonText(_details.reason) + _furtherNames; }
 
     double widthOfReason()
@@ -86,7 +85,6 @@ private:
 
     double separator() { return 2 * _room.gap + widthOf(dot); }
 
-    /// The width that exceeds the available one.
     double excess()
     {
         double width = widthOf(_details.owner + _details.repository) + _room.gap
@@ -135,7 +133,6 @@ private:
         _details.owner = (cut.isEmpty() ? ellipsis : cut) + slash;
     }
 
-    /// Replaces all names of the reason but the first with their number.
     void countNames()
     {
         const auto further = _details.reason.names.size() - 1;
@@ -165,7 +162,6 @@ private:
         _isElided = true;
     }
 
-    /// Matches in owner and repository as shown.
     std::vector<TextRange> nameMarks() const
     {
         auto marks = rangesShown(_ownerMarks, _whole.owner, _details.owner);
@@ -210,7 +206,6 @@ private:
         return layout;
     }
 
-    /// If even the shortest pieces do not fit.
     void endWithEllipsis(DetailsLayout& layout)
     {
         std::vector<DetailsLayout::Piece>& pieces = layout.pieces;

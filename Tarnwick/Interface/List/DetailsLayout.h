@@ -28,7 +28,6 @@ struct DetailsLayout {
     QString text() const;
 };
 
-/// Measures and elides texts.
 struct TextMeasure {
     std::function<double(const QString&)> width;
     std::function<QString(const QString&, Qt::TextElideMode, double)> elided;
@@ -47,8 +46,7 @@ struct LineRoom {
     double scale = 1;  ///< The text scale.
 };
 
-/// `findWords` are folded. An owner that contains one of them is elided instead of dropped. Main
-/// thread only.
+/// `findWords` are folded; an owner that matches is elided, not dropped. Main thread only.
 DetailsLayout layOutDetails(
     const RowWording::Details& details,
     const LineRoom& room,

@@ -14,8 +14,7 @@ class PushButton;
 class TextField;
 class TextLine;
 
-/// The search bar between header and list. It slides open and shut if the desktop wants motion.
-/// Main thread only.
+/// The search bar between header and list. It slides open and shut. Main thread only.
 class FindBar final : public QWidget {
     Q_OBJECT
 
@@ -50,7 +49,6 @@ Q_SIGNALS:
     void leftForList();
     /// The user wants to open the selected or first hit.
     void hitRequested();
-    /// The user closed the bar.
     void closed();
 
 protected:

@@ -15,8 +15,7 @@ struct TextRange {
     bool operator==(const TextRange&) const = default;
 };
 
-/// Matches of the folded words: whole letters in ascending order, with adjacent ranges merged. Safe
-/// from any thread.
+/// Matches of the folded words, as whole letters, ascending and merged. Safe from any thread.
 std::vector<TextRange> matchesIn(const QString& text, const QStringList& foldedWords);
 
 /// Maps ranges of `whole` to `shown`, the same text or an elided form of it. Safe from any thread.

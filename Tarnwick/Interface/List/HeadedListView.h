@@ -137,7 +137,6 @@ private:
     bool _isOnButton = false;
     QPersistentModelIndex _pressed;
     bool _isButtonPressed = false;
-    /// False until the keyboard is used.
     bool _usesKeyboard = false;
     bool _holdsTop = false;
     Places _anchor;  ///< Set while a new list is applied.

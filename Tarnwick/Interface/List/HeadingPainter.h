@@ -12,8 +12,7 @@ namespace Tarnwick {
 /// In logical pixels. Main thread only.
 int headingHeight();
 
-/// Paints a group's heading, with a line above it unless it is at the top of the view. Main thread
-/// only.
+/// Includes the line above, unless at the top of the view. Main thread only.
 void paintHeading(QPainter& painter, const QRect& place, const GroupHeading& heading);
 
 }  // namespace Tarnwick

@@ -19,7 +19,6 @@ int nextStop(int row, int direction, const ListExtent& list)
     return -1;
 }
 
-/// Moves by at least one row if possible.
 int rowAPageFrom(int row, int direction, const ListExtent& list)
 {
     const QRect start = list.placeOf(row);
@@ -60,7 +59,6 @@ int firstOfGroupBefore(int row, const ListExtent& list)
     return nextStop(headingFrom(heading - 1, -1, list), 1, list);
 }
 
-/// -1 if there is none.
 int wantedRow(ListCommand command, int selected, const ListExtent& list)
 {
     switch (command) {

@@ -12,8 +12,7 @@ enum class HiddenRows {
     areDimmed,
 };
 
-/// The model's rows with everything they show. They stay valid when the model changes. Main thread
-/// only.
+/// The model's rows, valid even after the model changes. Main thread only.
 std::vector<ListedRow> listedRows(const PullRequestMenuModel& model, HiddenRows hidden);
 
 }  // namespace Tarnwick

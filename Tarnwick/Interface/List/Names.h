@@ -8,12 +8,10 @@
 
 namespace Tarnwick {
 
-/// Makes untrusted names, such as those of reviewers, teams and checks, safe to show in a line.
-/// Safe from any thread.
+/// Makes untrusted names of reviewers, teams and checks safe to show. Safe from any thread.
 namespace Names {
 
-/// The name in one line, without invisible characters, truncated to this many letters. May be
-/// empty.
+/// One line without invisible characters, truncated to this many letters. May be empty.
 QString shown(const std::string& name, qsizetype mostLetters = 60);
 
 /// Without names that become empty.

@@ -23,13 +23,11 @@ public:
 
     const RowDelegate& rows() const { return _rows; }
 
-    /// The current state in which a row is painted.
     RowState situation(int row) const;
 
     /// The user's login; empty when unknown.
     void setAccount(const std::string& account) { _account = account; }
 
-    /// Whether the context menu of a row is open.
     bool isMenuOpen() const { return _menu != nullptr && _menu->isVisible(); }
 
     /// Opens the filled row during a search, if there is a hit.

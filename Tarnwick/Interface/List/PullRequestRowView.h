@@ -19,8 +19,7 @@ struct RowState {
     bool hasLineAbove = false;
 };
 
-/// Paints a row by its geometry, with search matches highlighted. Created for one frame. Main
-/// thread only.
+/// Paints a row by its geometry, with matches highlighted. Made for one frame. Main thread only.
 class PullRequestRowView {
 public:
     PullRequestRowView(

@@ -82,8 +82,7 @@ public:
     /// "stack" or "git-pull-request".
     QString stateIconName() const;
 
-    /// Whether every folded word is in the title, the repository, "#" and number, the author or a
-    /// branch.
+    /// Whether every folded word is in the `searchText` of the pull request.
     bool matches(const QStringList& foldedWords) const;
 
 private:

@@ -9,7 +9,6 @@
 
 namespace Tarnwick {
 
-/// The parts of a row under the pointer.
 enum class RowPart {
     row,
     stateIcon,
@@ -29,8 +28,7 @@ class RowDelegate {
 public:
     explicit RowDelegate(const PullRequestListModel& model);
 
-    /// Call before other functions if the width, the text size or the widest count may have
-    /// changed.
+    /// Call before other functions if the width, text size or widest count may have changed.
     void setWidth(int width);
 
     const RowMetrics& metrics() const { return _metrics; }

@@ -7,7 +7,6 @@
 
 namespace Tarnwick {
 
-/// The actions on a row.
 enum class RowAction {
     open,
     openAndStay,  ///< Leaves the panel open; not in the menu.

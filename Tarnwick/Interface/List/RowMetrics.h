@@ -6,8 +6,7 @@
 
 namespace Tarnwick {
 
-/// The widths of the widest counts of a list, in multiples of the font's size. They align the
-/// badges in columns.
+/// The widest counts of a list, in multiples of the font's size, to align badges in columns.
 struct CountWidths {
     double reviews = 0;
     double checks = 0;
@@ -34,8 +33,7 @@ struct RowMetrics {
     int checkWidth = 0;
 };
 
-/// The sizes for rows of this width. Narrow rows have smaller gaps in their badges. Main thread
-/// only.
+/// The sizes for this width; narrow rows have smaller gaps. Main thread only.
 RowMetrics rowMetrics(int width, CountWidths counts);
 
 }  // namespace Tarnwick

@@ -14,8 +14,7 @@ QString elided(const QString& text, const LineStyle& style, double width);
 /// The pieces of the line of details, in the local time zone.
 RowWording::Details details(const RowContent& content, PullRequestKit::Date now);
 
-/// The changes since the user last opened it, in the local time zone. Requires:
-/// `content.hasChanged()`.
+/// The changes since the last visit, in the local time zone. Requires: `content.hasChanged()`.
 QString sinceSentence(const RowContent& content, PullRequestKit::Date now);
 
 /// `findWords` are folded.

@@ -26,8 +26,7 @@ QString reviewPhrase(PullRequestKit::ReviewState state);
 /// The row as a sentence for screen readers.
 QString accessibilityLabel(const PullRequestKit::PullRequest& pullRequest);
 
-/// The tool tips of the badges: the meaning of each count and what it consists of. `details` may be
-/// null.
+/// The tool tips of the badges: what is counted, and in detail. `details` may be null.
 QString reviewHelpText(
     const PullRequestKit::PullRequest& pullRequest,
     const PullRequestKit::PullRequestDetails* details);

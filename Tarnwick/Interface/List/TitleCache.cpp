@@ -3,7 +3,6 @@
 namespace Tarnwick {
 namespace {
 
-/// A few screens of rows.
 constexpr qsizetype mostLayouts = 200;
 
 }  // namespace

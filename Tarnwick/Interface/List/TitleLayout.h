@@ -31,12 +31,10 @@ public:
     /// The visible text, without the line break.
     QString shownText() const { return _layout.text(); }
 
-    /// The text of one line, including the space at which it breaks. Requires: `number` is less
-    /// than `lineCount()`.
+    /// One line, including the space at its end. Requires: `number` is less than `lineCount()`.
     QString lineText(int number) const;
 
-    /// `topLeft` is the upper left corner of the column. Fallback fonts do not change the line
-    /// height.
+    /// `topLeft` is that of the column. Fallback fonts do not change the line height.
     void draw(QPainter& painter, const QPointF& topLeft, const QColor& color) const;
 
     /// Highlights the visible parts of these ranges of the title. Call after `draw`.

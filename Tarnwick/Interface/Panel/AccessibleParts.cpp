@@ -42,7 +42,6 @@ public:
     }
 };
 
-/// Reports whether it is open.
 class AccessibleToggle final : public QAccessibleWidget {
 public:
     explicit AccessibleToggle(PushButton* button)

@@ -9,8 +9,7 @@
 
 namespace Tarnwick {
 
-/// Opens one pull request at a time in the editor and holds the progress and error to show. Main
-/// thread only.
+/// Opens one pull request at a time in the editor. Holds progress and error. Main thread only.
 class EditorFlow final : public QObject {
     Q_OBJECT
 

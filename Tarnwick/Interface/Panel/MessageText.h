@@ -22,7 +22,6 @@ public:
         QColor Palette::* color = &Palette::textSecondary;
     };
 
-    /// The title of a card or a dialog.
     static Setting cardTitle();
 
     MessageText(const Setting& setting, QWidget* parent);

@@ -31,10 +31,8 @@ private:
         const QString& title,
         std::function<bool()> isChecked,
         const std::function<void()>& choose);
-    /// Adds a submenu with the values of an enumeration.
     template<typename E, typename IsChosen, typename Choose>
     void addChoices(const QString& title, IsChosen isChosen, Choose choose);
-    /// Adds a submenu with the values of a filter.
     template<auto toggle, typename E>
     void addFilter(const QString& title, std::set<E> Settings::* filter);
 

@@ -12,16 +12,14 @@ class Alert;
 class EditorFlow;
 class EditorOverlay;
 
-/// The cards over the panel: the alerts, and the overlay while the editor is opened. Main thread
-/// only.
+/// The cards over the panel: alerts, and the overlay of the editor. Main thread only.
 class PanelAlerts final : public QObject {
     Q_OBJECT
 
 public:
     PanelAlerts(PullRequestMenuModel& model, EditorFlow& editorFlow, QWidget* panel);
 
-    /// Explains that the program keeps running after its window is closed, and asks for
-    /// confirmation.
+    /// Explains that the program outlives its window, and asks for confirmation.
     void explainClosing();
 
     bool explainsClosing() const { return _explainsClosing; }

@@ -10,7 +10,6 @@
 
 namespace Tarnwick {
 
-/// A button of a notice.
 enum class NoticeAction {
     tryAgain,
     chooseRepositories,

@@ -13,7 +13,6 @@
 
 namespace Tarnwick {
 
-/// The panel's own texts.
 namespace PanelWording {
 
 /// Such as "1 pull request" or "12 pull requests".
@@ -28,8 +27,7 @@ QString hiddenChipName(const HiddenCounts& hidden, bool areShown);
 /// Such as "2 by filters, 1 muted".
 QString hiddenHelp(const HiddenCounts& hidden);
 
-/// Such as "Updated 2 minutes ago"; a local date after a day, or if it is in the future because the
-/// clock was set back.
+/// Such as "Updated 2 minutes ago"; a local date after a day, or if it is in the future.
 QString updated(PullRequestKit::Date refreshed, PullRequestKit::Date now);
 
 /// The time until `updated` returns another text; nothing if it never does.

@@ -40,8 +40,7 @@ private:
     bool _isElided = false;
 };
 
-/// The least width with as many lines as in `width`, so that no single word is left on the last
-/// one.
+/// The least width that keeps the number of lines, to avoid a single word on the last one.
 double balancedWidth(const QString& text, const LineStyle& style, double width);
 
 }  // namespace Tarnwick

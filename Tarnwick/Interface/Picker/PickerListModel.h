@@ -12,11 +12,10 @@
 
 namespace Tarnwick {
 
-/// The available repositories, below the labels of their owners. Changes are applied row by row.
-/// Setting a check state only emits a request; `setSelection` sets the result. Main thread only.
+/// The available repositories below their owners. Changes are applied row by row. Setting a check
+/// state only emits a request; `setSelection` sets the result. Main thread only.
 /// `Qt::DisplayRole` is the owner or the repository's name, `Qt::AccessibleTextRole` the row in
-/// words, and `Qt::CheckStateRole` whether the repository, or all or some of the owner's, are
-/// selected.
+/// words, and `Qt::CheckStateRole` whether all, some or none are selected.
 class PickerListModel final : public RowListModel {
     Q_OBJECT
 

@@ -6,10 +6,9 @@
 
 namespace Tarnwick {
 
-/// The list of repositories below the labels of their owners, which have a button each. Main thread
-/// only.
-/// The arrow keys, Home, End and the page keys move, Space toggles a repository, and Space and
-/// Return press an owner's button. Other text input goes to `typed`.
+/// Repositories below their owners, which have a button each. Main thread only.
+/// The arrow keys, Home, End and the page keys move. Space toggles a repository; Space and Return
+/// press an owner's button. Other text input goes to `typed`.
 class PickerListView final : public HeadedListView {
     Q_OBJECT
 

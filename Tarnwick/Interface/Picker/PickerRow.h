@@ -6,7 +6,6 @@
 
 namespace Tarnwick {
 
-/// A repository in the picker.
 struct RepositoryLabel {
     PullRequestKit::RepositorySummary repository;
     QString name;        ///< Without its owner.

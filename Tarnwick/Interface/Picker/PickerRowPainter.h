@@ -10,7 +10,6 @@ namespace Tarnwick {
 /// Measures and paints the picker's rows. Main thread only.
 class PickerRowPainter {
 public:
-    /// The interactive state of a row.
     struct State {
         bool isHovered = false;
         bool isButtonHovered = false;

@@ -15,9 +15,8 @@ class PushButton;
 class TextField;
 class TextLine;
 
-/// The project directory: a text field, a button for the folder dialog, and a note on where
-/// repositories are expected or that the folder does not exist. Edits apply to the setting at once.
-/// Main thread only.
+/// The project directory: a text field, a button for the folder dialog, and a note. Edits apply to
+/// the setting at once. Main thread only.
 class ProjectDirectorySection final : public QWidget {
     Q_OBJECT
 

@@ -95,7 +95,6 @@ void RepositoryPicker::nameParts()
 
 void RepositoryPicker::layOutParts()
 {
-    // The list takes the remaining space.
     _list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     auto* const sections = new QVBoxLayout;
     sections->setContentsMargins(sideMargin, findGap, sideMargin, sectionGap);

@@ -34,7 +34,6 @@ public:
     bool keepsOpen() const;
 
 Q_SIGNALS:
-    /// The user has finished.
     void done();
 
 protected:

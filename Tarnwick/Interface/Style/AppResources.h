@@ -5,8 +5,7 @@
 
 namespace Tarnwick {
 
-/// The program's drawings and fonts in the Qt resource file "Tarnwick_Tarnwick.bundle". Main thread
-/// only.
+/// The drawings and fonts in the resource file "Tarnwick_Tarnwick.bundle". Main thread only.
 class AppResources {
 public:
     /// Loads the bundle at the first call. Throws `std::runtime_error` that names the searched

@@ -18,8 +18,7 @@ struct LineStyle {
     double pixelSize = 0;
 };
 
-/// Light or dark, text size, motion and contrast. Belongs to the application's style. Main thread
-/// only.
+/// Light or dark, text size, motion and contrast. Owned by the style. Main thread only.
 class Appearance final : public QObject {
     Q_OBJECT
 
@@ -57,8 +56,7 @@ public:
 
     void setTextScale(double textScale);
 
-    /// Scales a length at text scale 1 with the text and rounds it to an even number of logical
-    /// pixels.
+    /// A length at text scale 1, scaled and rounded to an even number of logical pixels.
     int scaled(int length) const;
 
     LineStyle line(TextStyle style, TextWeight weight) const;
@@ -75,9 +73,8 @@ private:
     double _textScale = 1;
 };
 
-/// The appearance of the application's style. Widgets use it when they lay out and paint, and get
-/// `QEvent::StyleChange` when it changes. Requires: `setApplicationStyle` was called. Main thread
-/// only.
+/// The appearance of the application's style, for layout and painting. Its changes are announced by
+/// `QEvent::StyleChange`. Requires: `setApplicationStyle` was called. Main thread only.
 const Appearance& appearance();
 
 }  // namespace Tarnwick

@@ -14,8 +14,7 @@ namespace Tarnwick {
 /// takes the foreground color.
 struct SystemSymbol {
     QString name;
-    /// The width of the outlines on a grid of 24. Nothing derives it from the size: thin if large,
-    /// strong if small.
+    /// Of the outlines on a grid of 24. Choose thin for large symbols and strong for small ones.
     std::optional<double> strokeWidth = {};
 
     /// Fills the rectangle, in logical pixels. An unknown name draws "questionmark.square.dashed".

@@ -30,8 +30,7 @@ double sizeFactor(TextStyle style);
 /// centered on whole pixels.
 int lineHeightOf(double pixelSize);
 
-/// The distance of the baseline from the top of the line. Based on Geist, so that fallback fonts do
-/// not move it.
+/// The distance of the baseline from the top of the line. Fallback fonts do not change it.
 double baselineOf(double pixelSize, int lineHeight);
 
 }  // namespace Tarnwick
