@@ -62,14 +62,14 @@ std::optional<RequestLimits> readLimits(const std::string& text)
 std::optional<std::int64_t> endOfUsedUpLimit(const RequestLimits& limits)
 {
     std::optional<std::int64_t> end;
-    const auto regard = [&](const std::optional<RequestLimit>& limit) {
+    const auto consider = [&](const std::optional<RequestLimit>& limit) {
         if (limit && limit->remaining <= 0) {
             end = std::max(end.value_or(limit->reset), limit->reset);
         }
     };
     if (limits.resources) {
-        regard(limits.resources->core);
-        regard(limits.resources->graphql);
+        consider(limits.resources->core);
+        consider(limits.resources->graphql);
     }
     return end;
 }

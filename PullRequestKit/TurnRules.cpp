@@ -63,7 +63,7 @@ private:
     bool isOwn() const { return isSameLogin(_pullRequest.author, _login); }
 
     Found ofOwn() const;
-    Found toMend() const;
+    Found toFix() const;
     Found ofSomebodyElses() const;
     Turn ofOthers() const;
 
@@ -88,7 +88,7 @@ std::optional<Turn> Judgement::ofOwn() const
     if (_pullRequest.isDraft) {
         return Turn{Whose::others, TurnReason::draft};
     }
-    if (auto found = toMend()) {
+    if (auto found = toFix()) {
         return found;
     }
     if (_basedOn) {
@@ -105,7 +105,7 @@ std::optional<Turn> Judgement::ofOwn() const
 }
 
 /// What blocks the user's own pull request until the user acts.
-std::optional<Turn> Judgement::toMend() const
+std::optional<Turn> Judgement::toFix() const
 {
     const auto yours = [](TurnReason reason) { return Turn{Whose::you, reason}; };
     if (auto names = standingRequestsForChanges(); !names.empty()) {

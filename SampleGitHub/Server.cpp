@@ -35,9 +35,9 @@ PullRequestKit::Date currentTime()
 
 /// The server's state apart from sockets. Requests are answered on the server's thread; tests
 /// access it from theirs.
-class Desk {
+class State {
 public:
-    explicit Desk(ServerOptions options)
+    explicit State(ServerOptions options)
         : _now(options.now.value_or(currentTime()))
         , _options(std::move(options.gitHub))
         , _gitHub(std::make_unique<GitHub>(std::move(options.scenario), _now, _options))
@@ -115,10 +115,10 @@ Request toRequest(http::request<http::string_body> message)
 /// operation.
 class Connection : public std::enable_shared_from_this<Connection> {
 public:
-    Connection(Protocol::socket socket, Desk& desk)
+    Connection(Protocol::socket socket, State& state)
         : _socket(std::move(socket))
         , _timer(_socket.get_executor())
-        , _desk(desk)
+        , _state(state)
     {}
 
     void read()
@@ -139,7 +139,7 @@ private:
     void answer()
     {
         _isKeptAlive = _parser->get().keep_alive();
-        Delivery delivery = _desk.serve(toRequest(_parser->release()));
+        Delivery delivery = _state.serve(toRequest(_parser->release()));
         if (delivery.isHungUp) {
             error_code ignored;
             std::ignore = _socket.close(ignored);
@@ -182,7 +182,7 @@ private:
 
     Protocol::socket _socket;
     asio::steady_timer _timer;
-    Desk& _desk;
+    State& _state;
     boost::beast::flat_buffer _buffer;
     std::unique_ptr<Parser> _parser;  // For a single request.
     http::response<http::string_body> _message;
@@ -230,7 +230,7 @@ class Server::Implementation {
 public:
     explicit Implementation(ServerOptions options)
         : _path(options.socket)
-        , _desk(std::move(options))
+        , _state(std::move(options))
         , _context(std::make_unique<asio::io_context>())
         , _acceptor(std::make_unique<Protocol::acceptor>(listenAt(*_context, _path)))
     {
@@ -251,7 +251,7 @@ public:
         }
     }
 
-    Desk& desk() { return _desk; }
+    State& state() { return _state; }
 
     const std::filesystem::path& path() const { return _path; }
 
@@ -260,7 +260,7 @@ private:
     {
         _acceptor->async_accept([this](error_code error, Protocol::socket socket) {
             if (!error) {
-                std::make_shared<Connection>(std::move(socket), _desk)->read();
+                std::make_shared<Connection>(std::move(socket), _state)->read();
             }
             accept();
         });
@@ -268,7 +268,7 @@ private:
 
     std::filesystem::path _path;
     std::mutex _stopMutex;
-    Desk _desk;
+    State _state;
     std::unique_ptr<asio::io_context> _context;
     std::unique_ptr<Protocol::acceptor> _acceptor;
     std::thread _thread;
@@ -290,17 +290,17 @@ void Server::stop()
 
 void Server::setFaults(const std::vector<Fault>& faults)
 {
-    _implementation->desk().setFaults(faults);
+    _implementation->state().setFaults(faults);
 }
 
 std::vector<RecordedRequest> Server::requests() const
 {
-    return _implementation->desk().requests();
+    return _implementation->state().requests();
 }
 
 void Server::forgetRequests()
 {
-    _implementation->desk().forgetRequests();
+    _implementation->state().forgetRequests();
 }
 
 const std::filesystem::path& Server::socket() const

@@ -71,7 +71,7 @@ void requireUsable(const std::string& branch)
 }
 
 /// Messages of git and ssh that result from a prompt without a terminal.
-bool mayHaveWantedAnAnswer(std::string_view errors)
+bool mayBeFailedPrompt(std::string_view errors)
 {
     constexpr std::array signs{
         "terminal prompts disabled",
@@ -86,7 +86,7 @@ void checkFetched(const CommandResult& fetched, const std::filesystem::path& clo
     try {
         check(fetched, "Fetching origin");
     } catch (const ExternalNavigationError& error) {
-        if (!mayHaveWantedAnAnswer(fetched.standardError)) {
+        if (!mayBeFailedPrompt(fetched.standardError)) {
             throw;
         }
         throw ExternalNavigationError(

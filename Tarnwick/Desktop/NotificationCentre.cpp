@@ -46,7 +46,7 @@ bool isError(const QDBusMessage& reply)
 }
 
 /// The name has no owner and cannot be activated.
-bool saysThatNoneIsThere(const QDBusMessage& reply)
+bool isServerMissing(const QDBusMessage& reply)
 {
     const QString name = reply.errorName();
     return name == QDBusError::errorString(QDBusError::ServiceUnknown)
@@ -57,7 +57,7 @@ bool saysThatNoneIsThere(const QDBusMessage& reply)
 
 std::string problemOf(const QDBusMessage& reply)
 {
-    if (saysThatNoneIsThere(reply)) {
+    if (isServerMissing(reply)) {
         return "There is no notification service on this desktop.";
     }
     const QString name = reply.errorName();
@@ -166,13 +166,13 @@ QCoro::Task<bool> NotificationCentre::requestAuthorization()
 {
     auto asking = askCapabilities();
     QDBusMessage answer = co_await asking;
-    if (saysThatNoneIsThere(answer) && _bus.isConnected()) {
+    if (isServerMissing(answer) && _bus.isConnected()) {
         auto waiting = waitForServer();
         co_await waiting;
         auto askingAgain = askCapabilities();
         answer = co_await askingAgain;
     }
-    if (saysThatNoneIsThere(answer)) {
+    if (isServerMissing(answer)) {
         co_return false;
     }
     requireReply(answer);
@@ -193,7 +193,7 @@ QCoro::Task<QDBusMessage> NotificationCentre::findServer()
     const QDBusMessage question = busCall(QStringLiteral("GetNameOwner"));
     const QFuture<QDBusMessage> asking = callBus(_bus, question, answerLimit);
     QDBusMessage owner = co_await asking;
-    if (saysThatNoneIsThere(owner)) {
+    if (isServerMissing(owner)) {
         const QDBusMessage start =
             busCall(QStringLiteral("StartServiceByName"), {service, quint32(0)});
         const QFuture<QDBusMessage> starting = callBus(_bus, start, answerLimit);
@@ -226,7 +226,7 @@ QCoro::Task<QDBusMessage> NotificationCentre::askCapabilities()
     if (server == _server) {
         if (!isError(reply)) {
             _capabilities = reply.arguments().value(0).toStringList();
-        } else if (saysThatNoneIsThere(reply)) {
+        } else if (isServerMissing(reply)) {
             // The signal of its end has yet to arrive.
             follow({});
         }
@@ -266,7 +266,7 @@ QCoro::Task<QDBusMessage> NotificationCentre::deliver(NotificationRequest reques
     if (server == _server) {
         if (!isError(reply)) {
             _shown.insert(reply.arguments().value(0).toUInt(), request);
-        } else if (saysThatNoneIsThere(reply)) {
+        } else if (isServerMissing(reply)) {
             follow({});
         }
     }

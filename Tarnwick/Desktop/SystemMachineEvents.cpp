@@ -84,19 +84,19 @@ void SystemMachineEvents::listen(const QDBusConnection& bus)
 void SystemMachineEvents::prepareForSleep(bool isFallingAsleep, const QDBusMessage& signal)
 {
     if (!isFallingAsleep) {
-        sayIfSentBy(sleepService, signal, &MachineEvents::woke);
+        emitIfSentBy(sleepService, signal, &MachineEvents::woke);
     }
 }
 
 void SystemMachineEvents::networkStateChanged(quint32 state, const QDBusMessage& signal)
 {
     if (state >= connectedToSite) {
-        sayIfSentBy(networkService, signal, &MachineEvents::networkReturned);
+        emitIfSentBy(networkService, signal, &MachineEvents::networkReturned);
     }
 }
 
 /// Any program can send such a signal, and each one costs requests, so the sender is checked.
-QCoro::Task<> SystemMachineEvents::sayIfSentBy(
+QCoro::Task<> SystemMachineEvents::emitIfSentBy(
     QString service, QDBusMessage signal, void (MachineEvents::*happened)())
 {
     if (!_bus) {

@@ -29,7 +29,7 @@ private Q_SLOTS:
 private:
     QCoro::Task<> listenToSystem();
     void listen(const QDBusConnection& bus);
-    QCoro::Task<> sayIfSentBy(
+    QCoro::Task<> emitIfSentBy(
         QString service, QDBusMessage signal, void (MachineEvents::*happened)());
 
     std::optional<QDBusConnection> _bus;

@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 namespace {
 
 /// How often a refresh that waits for another one checks for its end.
-constexpr std::chrono::milliseconds lookAgain = 50ms;
+constexpr std::chrono::milliseconds checkInterval = 50ms;
 
 }  // namespace
 
@@ -60,7 +60,7 @@ QCoro::Task<> RefreshCycle::refreshWhenIdle(
         co_await rest;
     }
     while (!stopToken.stop_requested() && _isRefreshing) {
-        const QFuture<void> pause = clock->sleep(lookAgain, stopToken);
+        const QFuture<void> pause = clock->sleep(checkInterval, stopToken);
         co_await pause;
     }
     if (!stopToken.stop_requested()) {
@@ -78,7 +78,7 @@ QCoro::Task<> RefreshCycle::refreshUntilStopped(std::stop_token stopToken)
         if (!_running.stop_requested()) {
             co_return;
         }
-        const QFuture<void> pause = _clock->sleep(lookAgain, stopToken);
+        const QFuture<void> pause = _clock->sleep(checkInterval, stopToken);
         co_await pause;
         if (!self || stopToken.stop_requested()) {
             co_return;

@@ -57,13 +57,13 @@ void SettingsOperations::toggleRepository(const std::string& name)
 void SettingsOperations::selectRepositories(const std::vector<std::string>& names, bool selected)
 {
     storeDirectory();
-    adopt(_store.selectRepositories(names, selected), Effect::selection);
+    apply(_store.selectRepositories(names, selected), Effect::selection);
 }
 
 void SettingsOperations::setSelectedRepositories(const std::set<std::string>& names)
 {
     storeDirectory();
-    adopt(_store.setSelectedRepositories(names), Effect::selection);
+    apply(_store.setSelectedRepositories(names), Effect::selection);
 }
 
 void SettingsOperations::resetUnconfiguredSelection()
@@ -119,7 +119,7 @@ void SettingsOperations::readAgain()
     if (_unsavedDirectory) {
         settings.projectDirectory = *_unsavedDirectory;
     }
-    adopt(std::move(settings));
+    apply(std::move(settings));
 }
 
 void SettingsOperations::store(
@@ -136,11 +136,11 @@ void SettingsOperations::store(
         change(settings);
     };
     Settings stored = _store.change(changeAll, chosen);
-    adopt(std::move(stored), effect);
+    apply(std::move(stored), effect);
 }
 
 /// Emits each signal once, after all settings have changed.
-void SettingsOperations::adopt(Settings settings, Effect effect)
+void SettingsOperations::apply(Settings settings, Effect effect)
 {
     const Settings before = std::exchange(_settings, std::move(settings));
     const Settings now = _settings;

@@ -96,7 +96,7 @@ private:
         Effect effect = Effect::none,
         const std::optional<std::string_view>& chosen = {});
     void storeDirectory();
-    void adopt(Settings settings, Effect effect = Effect::none);
+    void apply(Settings settings, Effect effect = Effect::none);
 
     Settings& _settings;
     SettingsStore& _store;

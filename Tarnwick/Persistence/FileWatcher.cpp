@@ -66,14 +66,13 @@ FileWatcher::FileWatcher(fs::path file, std::chrono::milliseconds restBefore)
     , _stamp(Files::stampOf(_file))
 {
     _rest.setSingleShot(true);
-    connect(&_rest, &QTimer::timeout, this, &FileWatcher::look);
-    connect(&_watcher, &QFileSystemWatcher::fileChanged, this, &FileWatcher::somethingHappened);
-    connect(
-        &_watcher, &QFileSystemWatcher::directoryChanged, this, &FileWatcher::somethingHappened);
+    connect(&_rest, &QTimer::timeout, this, &FileWatcher::check);
+    connect(&_watcher, &QFileSystemWatcher::fileChanged, this, &FileWatcher::noteChange);
+    connect(&_watcher, &QFileSystemWatcher::directoryChanged, this, &FileWatcher::noteChange);
     watch();
 }
 
-void FileWatcher::somethingHappened()
+void FileWatcher::noteChange()
 {
     const auto now = std::chrono::steady_clock::now();
     const auto first = _first.value_or(now);
@@ -82,7 +81,7 @@ void FileWatcher::somethingHappened()
     _rest.start(std::clamp(left, std::chrono::milliseconds{0}, _restBefore));
 }
 
-void FileWatcher::look()
+void FileWatcher::check()
 {
     _first.reset();
     // A watch ends with its file or folder, and follows one that is moved. The stamp catches

@@ -33,8 +33,8 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void somethingHappened();
-    void look();
+    void noteChange();
+    void check();
     void watch();
 
     std::filesystem::path _file;

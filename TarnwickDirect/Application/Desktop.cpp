@@ -42,13 +42,13 @@ void stayOutOfSavedSessions(QSessionManager& session)
     session.setRestartHint(QSessionManager::RestartNever);
 }
 
-struct Wish {
+struct Request {
     ShowPanel::Manner manner = ShowPanel::Manner::show;
     PlatformData platformData;
 };
 
 int runFirst(
-    const Wish& wish,
+    const Request& request,
     const MakeUpdater& makeUpdater,
     const QDBusConnection& bus,
     ApplicationService& service,
@@ -70,7 +70,7 @@ int runFirst(
     QObject::connect(&signalHandler, &SignalHandler::interrupted, qApp, &QCoreApplication::quit);
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, &app, stayOutOfSavedSessions);
     QObject::connect(qApp, &QGuiApplication::saveStateRequest, &app, stayOutOfSavedSessions);
-    app.start(wish.manner, wish.platformData);
+    app.start(request.manner, request.platformData);
     return QApplication::exec();
 }
 
@@ -85,7 +85,8 @@ int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int a
     // Qt would otherwise initialize fontconfig on the main thread.
     const auto preload = std::make_shared<Tarnwick::Preload>(
         &Tarnwick::openStandardDefaults, Tarnwick::PullRequestDiskCache{}, [] { FcInit(); });
-    const Wish wish{.manner = command.manner, .platformData = PlatformData::fromEnvironment()};
+    const Request request{
+        .manner = command.manner, .platformData = PlatformData::fromEnvironment()};
     const QApplication application(argc, argv);
     const SignalHandler signalHandler;
     QDBusConnection bus = QDBusConnection::sessionBus();
@@ -94,11 +95,11 @@ int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int a
         // Before the name is claimed, so that clients of the name find the object.
         bus.registerVirtualObject(QString::fromLatin1(BusNames::path), &service);
     }
-    if (startOrForward(bus, wish.manner, wish.platformData) == Start::forwarded) {
-        X11::endStartup(wish.platformData.startupId.toUtf8());
+    if (startOrForward(bus, request.manner, request.platformData) == Start::forwarded) {
+        X11::endStartup(request.platformData.startupId.toUtf8());
         return 0;
     }
-    const int status = runFirst(wish, makeUpdater, bus, service, signalHandler, preload);
+    const int status = runFirst(request, makeUpdater, bus, service, signalHandler, preload);
     drain();
     if (signalHandler.signal()) {
         signalHandler.endProcess();

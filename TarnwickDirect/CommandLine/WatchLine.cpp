@@ -16,50 +16,50 @@ using namespace PullRequestKit;
 namespace {
 
 /// The most urgent first; a list that may be outdated is reported before all else.
-enum class Situation {
+enum class BarState {
     stale,
     waiting,
     blocked,
     calm,
 };
 
-Situation situationOf(const Status& status)
+BarState barStateOf(const Status& status)
 {
     if (status.isStale || !status.lastRefreshed) {
-        return Situation::stale;
+        return BarState::stale;
     }
     if (status.waitingOnYou > 0) {
-        return Situation::waiting;
+        return BarState::waiting;
     }
-    return status.blocked > 0 ? Situation::blocked : Situation::calm;
+    return status.blocked > 0 ? BarState::blocked : BarState::calm;
 }
 
 /// Waybar's CSS class.
-std::string_view nameOf(Situation situation)
+std::string_view nameOf(BarState state)
 {
-    switch (situation) {
-    case Situation::stale:
+    switch (state) {
+    case BarState::stale:
         return "stale";
-    case Situation::waiting:
+    case BarState::waiting:
         return "waiting";
-    case Situation::blocked:
+    case BarState::blocked:
         return "blocked";
-    case Situation::calm:
+    case BarState::calm:
         return "calm";
     }
     return {};
 }
 
 /// The states that i3status-rust has colors for.
-std::string_view i3State(Situation situation)
+std::string_view i3State(BarState state)
 {
-    switch (situation) {
-    case Situation::stale:
-    case Situation::blocked:
+    switch (state) {
+    case BarState::stale:
+    case BarState::blocked:
         return "Warning";
-    case Situation::waiting:
+    case BarState::waiting:
         return "Info";
-    case Situation::calm:
+    case BarState::calm:
         break;
     }
     return "Idle";
@@ -131,7 +131,7 @@ std::int64_t percentage(const Status& status)
 std::string watchLine(
     WatchFormat format, const WatchedList& list, const QDateTime& now, const QLocale& locale)
 {
-    const Situation situation = situationOf(list.status);
+    const BarState state = barStateOf(list.status);
     boost::json::object object;
     switch (format) {
     case WatchFormat::json:
@@ -140,14 +140,14 @@ std::string watchLine(
         return summary(list, now, locale);
     case WatchFormat::waybar:
         object["text"] = std::to_string(list.status.waitingOnYou);
-        object["alt"] = nameOf(situation);
+        object["alt"] = nameOf(state);
         object["tooltip"] = tooltip(list, now, locale);
-        object["class"] = nameOf(situation);
+        object["class"] = nameOf(state);
         object["percentage"] = percentage(list.status);
         break;
     case WatchFormat::i3:
         object["icon"] = "github";
-        object["state"] = i3State(situation);
+        object["state"] = i3State(state);
         object["text"] = std::to_string(list.status.waitingOnYou);
         break;
     }

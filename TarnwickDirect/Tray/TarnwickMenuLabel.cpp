@@ -15,7 +15,7 @@ constexpr int sizes[] = {16, 22, 24, 32, 44, 48, 64};
 /// A size with a simplified drawing of its own.
 constexpr int smallSize = 16;
 
-struct Colours {
+struct Colors {
     std::optional<QColor> drop;  ///< Nothing keeps the drawing's own colors.
     QColor dot;
 };
@@ -26,7 +26,7 @@ struct Dot {
     double gap = 0;
 };
 
-Colours coloursOn(Background background)
+Colors colorsOn(Background background)
 {
     switch (background) {
     case Background::unknown:
@@ -54,7 +54,7 @@ Dot dotFor(int size)
     return size < 32 ? Dot{8, 2} : Dot{10, 2};
 }
 
-void drawDot(QPainter& painter, int size, const QColor& colour)
+void drawDot(QPainter& painter, int size, const QColor& color)
 {
     const Dot dot = dotFor(size);
     const QRectF circle(size - dot.diameter, 0, dot.diameter, dot.diameter);
@@ -64,7 +64,7 @@ void drawDot(QPainter& painter, int size, const QColor& colour)
     painter.setCompositionMode(QPainter::CompositionMode_Clear);
     painter.drawEllipse(circle.adjusted(-dot.gap, -dot.gap, dot.gap, dot.gap));
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    painter.setBrush(colour);
+    painter.setBrush(color);
     painter.drawEllipse(circle);
 }
 
@@ -77,19 +77,19 @@ Background backgroundOf(const QString& desktop)
 
 QImage image(int size, Background background, Mark mark)
 {
-    const Colours colours = coloursOn(background);
+    const Colors colors = colorsOn(background);
     QString name = QStringLiteral("tarnwick-tray-");
     if (mark.isTrouble) {
         name += QStringLiteral("trouble-");
     }
-    name += colours.drop ? QStringLiteral("symbolic") : QStringLiteral("color");
+    name += colors.drop ? QStringLiteral("symbolic") : QStringLiteral("color");
     if (size == smallSize) {
         name += QStringLiteral("-16");
     }
     Tarnwick::AppResources::bundle();
     const QPixmap drop = Tarnwick::rendered(
         {.path = Tarnwick::AppResources::path(name, QStringLiteral("svg")),
-         .tint = colours.drop,
+         .tint = colors.drop,
          .strokeWidth = std::nullopt},
         QSizeF(size, size),
         1);
@@ -98,7 +98,7 @@ QImage image(int size, Background background, Mark mark)
     QPainter painter(&image);
     painter.drawPixmap(0, 0, drop);
     if (mark.isBlocked) {
-        drawDot(painter, size, colours.dot);
+        drawDot(painter, size, colors.dot);
     }
     return image;
 }

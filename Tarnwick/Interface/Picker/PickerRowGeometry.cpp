@@ -13,7 +13,7 @@ constexpr int eyeGap = 6;
 constexpr int buttonGap = 12;
 constexpr int buttonReach = 8;
 
-QRect centred(int x, int width, int height, int within)
+QRect centered(int x, int width, int height, int within)
 {
     return {x, (within - height) / 2, width, height};
 }
@@ -42,7 +42,7 @@ PickerRowGeometry PickerRowGeometry::ofRepository(
     PickerRowGeometry geometry;
     geometry.row = QRect(0, 0, width, height);
     geometry.fill = QRect(fillMargin, 1, width - 2 * fillMargin, height - 2);
-    geometry.checkBox = centred(sideMargin, metrics.checkBox, metrics.checkBox, height);
+    geometry.checkBox = centered(sideMargin, metrics.checkBox, metrics.checkBox, height);
     geometry.name = QRect(start, rowMargin, nameRoom, metrics.name.height);
     if (hasEye) {
         const int eyeTop = rowMargin + (metrics.name.height - metrics.eye) / 2;
@@ -61,9 +61,9 @@ PickerRowGeometry PickerRowGeometry::ofOwner(
     PickerRowGeometry geometry;
     geometry.row = QRect(0, 0, width, height);
     geometry.fill = QRect(fillMargin, 1, width - 2 * fillMargin, height - 2);
-    geometry.name = centred(
+    geometry.name = centered(
         sideMargin, std::max(0, buttonStart - buttonGap - sideMargin), metrics.name.height, height);
-    geometry.button = centred(buttonStart, buttonWidth, metrics.button.height, height);
+    geometry.button = centered(buttonStart, buttonWidth, metrics.button.height, height);
     geometry.buttonHit =
         QRect(buttonStart - buttonReach, 0, buttonWidth + buttonReach + sideMargin, height);
     return geometry;
