@@ -12,7 +12,7 @@ PullRequestKit::Date readDate(const std::string& text)
 {
     const auto date = PullRequestKit::parseDate(text);
     if (!date) {
-        throw std::invalid_argument("The instant " + text + " is not an ISO 8601 date.");
+        throw std::invalid_argument("The --now value " + text + " is not an ISO 8601 date.");
     }
     return *date;
 }
@@ -21,7 +21,8 @@ RepositoryTerms readRepositoryTerms(const std::string& text)
 {
     const auto terms = PullRequestKit::enumNamed<RepositoryTerms>(text);
     if (!terms) {
-        throw std::invalid_argument("Several repo: terms mean any or all, not " + text + ".");
+        throw std::invalid_argument(
+            "The option --repo-terms must be any or all, not " + text + ".");
     }
     return *terms;
 }
@@ -96,7 +97,7 @@ CommandLine parseCommandLine(const std::vector<std::string>& arguments)
         }
         const auto option = options().find(*argument);
         if (option == options().end()) {
-            throw std::invalid_argument("The argument " + *argument + " is not known.");
+            throw std::invalid_argument("Unknown argument " + *argument + ".");
         }
         if (argument + 1 == arguments.end()) {
             throw std::invalid_argument("The option " + *argument + " needs a value.");
@@ -104,7 +105,7 @@ CommandLine parseCommandLine(const std::vector<std::string>& arguments)
         option->second(line, *++argument);
     }
     if (!line.socket) {
-        throw std::invalid_argument("Either --socket or --exec is needed.");
+        throw std::invalid_argument("Give --socket or --exec.");
     }
     return line;
 }
@@ -117,21 +118,21 @@ A stand-in for GitHub that gh talks to through a Unix socket.
 
   --socket PATH       serve on this socket until SIGINT or SIGTERM
   --scenario NAME     everyday (the default), involved, large, signed-out, empty, or
-                      a file, which is read again when it has changed
+                      a file, which is reread when it changes
   --account LOGIN     sign in another of the scenario's accounts
-  --fault FAULT       switch a fault on; may be given several times
-  --config-dir DIR    write the files that make gh, with GH_CONFIG_DIR=DIR, use the socket
-  --record FILE       append every request as a line of JSON
-  --now INSTANT       what ages count back from, such as 2026-03-01T12:00:00Z
+  --fault FAULT       inject a fault; may be repeated
+  --config-dir DIR    write a gh configuration that uses the socket, for GH_CONFIG_DIR=DIR
+  --record FILE       append each request to FILE as a line of JSON
+  --now INSTANT       count ages back from INSTANT, such as 2026-03-01T12:00:00Z
   --repo-terms NAME   what several repo: terms of a search mean: any (the default) or all
-  --without-field NAME  do not know this field of the facts, such as stack; may be given
-                      several times
-  --quota R/LIMIT@S   say that R requests of LIMIT are left, until S seconds from the start
-  --exec COMMAND      run COMMAND with gh's environment set, end with its status
-  --help              print this
+  --without-field NAME  do not support this field of the facts, such as stack;
+                      may be repeated
+  --quota R/LIMIT@S   report R of LIMIT requests left, until S seconds from the start
+  --exec COMMAND      run COMMAND with gh's environment set; exit with its status
+  --help              print this help
 
 A FAULT is NAME[@KIND][#NUMBER]: KIND is authentication, search, rules, repositories
-or facts, NUMBER strikes only that request of the kind. NAME is one of
+or facts; NUMBER limits the fault to that request of the kind. NAME is one of
 )" + describeFaults();
 }
 

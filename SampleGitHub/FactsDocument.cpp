@@ -57,7 +57,7 @@ std::int64_t pullRequestNumber(const GraphQlField& field)
             return number;
         }
     }
-    throw SearchError("The sample GitHub wants a pullRequest(number:) in every repository.");
+    throw SearchError("The sample GitHub needs a pullRequest(number:) in every repository.");
 }
 
 json::object unknownField(const std::string& name, bool isOfPullRequest)

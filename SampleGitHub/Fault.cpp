@@ -51,20 +51,20 @@ constexpr std::array descriptions{
     std::string_view("GraphQL errors beside the data"),
     std::string_view("GraphQL errors and no data"),
     std::string_view("the answer comes after VALUE milliseconds"),
-    std::string_view("as rate-limit, and rate_limit tells that it ends in VALUE seconds"),
-    std::string_view("the connection ends instead of an answer"),
-    std::string_view("the connection ends in the middle of the body"),
-    std::string_view("half of the body, announced as the whole"),
+    std::string_view("as rate-limit, and rate_limit says that it ends in VALUE seconds"),
+    std::string_view("the connection closes without an answer"),
+    std::string_view("the connection closes in the middle of the body"),
+    std::string_view("half of the body, declared as the whole"),
     std::string_view("a search page with a next page but no cursor"),
-    std::string_view("every node of a search or rules answer, every pull request is null"),
-    std::string_view("every search hit is an object without members, facts are of others"),
-    std::string_view("a GraphQL answer that is an empty object"),
+    std::string_view("null for every node or pull request of a search, rules or facts answer"),
+    std::string_view("every search hit is an empty object; facts belong to other pull requests"),
+    std::string_view("an empty object as the GraphQL answer"),
     std::string_view("no body at all"),
-    std::string_view("a body that is no JSON"),
-    std::string_view("a byte that is no UTF-8 in the first text"),
-    std::string_view("a text in the place of a number, or the reverse"),
+    std::string_view("a body that is not JSON"),
+    std::string_view("an invalid UTF-8 byte in the first text"),
+    std::string_view("a text in place of a number, or the reverse"),
     std::string_view("lists nested 5,000 deep"),
-    std::string_view("VALUE MiB of blanks before the answer"),
+    std::string_view("VALUE MiB of spaces before the answer"),
 };
 static_assert(descriptions.size() == PullRequestKit::EnumNames<FaultKind>::names.size());
 
@@ -77,19 +77,19 @@ Fault parseFault(std::string_view text)
     if (const auto number = takeSuffix(rest, '#')) {
         fault.nth = readNumber(*number);
         if (!fault.nth) {
-            throwInvalid(text, "has no request number behind its #");
+            throwInvalid(text, "needs a request number after #");
         }
     }
     if (const auto only = takeSuffix(rest, '@')) {
         fault.only = enumNamed<RequestKind>(*only);
         if (!fault.only) {
-            throwInvalid(text, "names no kind of request behind its @");
+            throwInvalid(text, "needs a known kind of request after @");
         }
     }
     const auto value = takeSuffix(rest, '=');
     const auto kind = enumNamed<FaultKind>(rest);
     if (!kind) {
-        throwInvalid(text, "is not known");
+        throwInvalid(text, "is unknown");
     }
     fault.kind = *kind;
     if (value.has_value() != takesValue(*kind)) {
@@ -98,7 +98,7 @@ Fault parseFault(std::string_view text)
     if (value) {
         const auto number = readNumber(*value);
         if (!number) {
-            throwInvalid(text, "has a value that is no positive whole number");
+            throwInvalid(text, "needs a positive whole number as its value");
         }
         fault.value = *number;
     }

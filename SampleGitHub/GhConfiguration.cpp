@@ -13,7 +13,7 @@ namespace {
 void writeFile(const std::filesystem::path& file, const std::string& text)
 {
     if (std::filesystem::exists(file)) {
-        throw std::runtime_error("The file " + file.string() + " is there already.");
+        throw std::runtime_error("The file " + file.string() + " already exists.");
     }
     std::ofstream stream(file, std::ios::binary);
     stream << text;
@@ -48,7 +48,7 @@ void writeGhConfiguration(
     std::filesystem::create_directories(folder, error);
     if (error) {
         throw std::runtime_error(
-            "The folder " + folder.string() + " could not be made: " + error.message() + ".");
+            "The folder " + folder.string() + " could not be created: " + error.message() + ".");
     }
     // The version keeps newer `gh` from migrating the file.
     const std::string path = std::filesystem::absolute(socket).string();

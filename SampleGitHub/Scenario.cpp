@@ -46,7 +46,7 @@ void Fields<SampleGitHub::Review>::finish(
     SampleGitHub::Review& review, const boost::json::object& /*object*/, const Path& path)
 {
     if (review.commit != "head" && review.commit != "older" && review.commit != "gone") {
-        throwDecodingError(path.member("commit"), "is neither head nor older nor gone");
+        throwDecodingError(path.member("commit"), "is not one of head, older and gone");
     }
     review.ageInSeconds = readAge(review.age, path.member("age"));
 }
@@ -55,7 +55,7 @@ void Fields<SampleGitHub::Check>::finish(
     SampleGitHub::Check& check, const boost::json::object& /*object*/, const Path& path)
 {
     if (check.name.has_value() == check.context.has_value()) {
-        throwDecodingError(path, "has not just one of a name and a context");
+        throwDecodingError(path, "needs either a name or a context");
     }
     check.ageInSeconds = readAge(check.age, path.member("age"));
 }
@@ -69,7 +69,7 @@ void Fields<SampleGitHub::PullRequest>::finish(
         throwDecodingError(path.member("updated"), "is before the creation");
     }
     if (pullRequest.openThreads > pullRequest.threads) {
-        throwDecodingError(path.member("openThreads"), "is more than there are threads");
+        throwDecodingError(path.member("openThreads"), "exceeds the number of threads");
     }
 }
 
@@ -85,7 +85,7 @@ void Fields<SampleGitHub::Scenario>::finish(
     for (std::size_t index = 0; index < scenario.pullRequests.size(); ++index) {
         if (!names.contains(scenario.pullRequests[index].repository)) {
             const Path element = list.element(index);
-            throwDecodingError(element.member("repository"), "is none of the repositories");
+            throwDecodingError(element.member("repository"), "is not one of the repositories");
         }
     }
 }

@@ -220,7 +220,8 @@ Protocol::acceptor listenAt(asio::io_context& context, const std::filesystem::pa
         return {context, Protocol::endpoint(path.string())};
     } catch (const boost::system::system_error& error) {
         throw std::runtime_error(
-            "The socket " + path.string() + " could not be made: " + error.code().message() + ".");
+            "The socket " + path.string() + " could not be created: " + error.code().message()
+            + ".");
     }
 }
 

@@ -24,7 +24,7 @@ TemporaryFolder::TemporaryFolder()
     std::string path = place() + "/tarnwick-XXXXXX";
     if (mkdtemp(path.data()) == nullptr) {
         throw std::system_error(
-            errno, std::generic_category(), "A temporary folder could not be made");
+            errno, std::generic_category(), "A temporary folder could not be created");
     }
     _path = path;
 }

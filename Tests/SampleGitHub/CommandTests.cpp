@@ -53,14 +53,14 @@ TEST_F(SampleCommand, helpNamesTheScenariosAndFaults)
 TEST_F(SampleCommand, wrongArgumentsEndWithStatusTwoAndASentence)
 {
     const std::string name = "tarnwick-sample-github: ";
-    EXPECT_EQ(run({}).errors, name + "Either --socket or --exec is needed. Try --help.\n");
-    EXPECT_EQ(run({"--loud"}).errors, name + "The argument --loud is not known. Try --help.\n");
+    EXPECT_EQ(run({}).errors, name + "Give --socket or --exec. Try --help.\n");
+    EXPECT_EQ(run({"--loud"}).errors, name + "Unknown argument --loud. Try --help.\n");
     EXPECT_EQ(run({"--socket"}).errors, name + "The option --socket needs a value. Try --help.\n");
     EXPECT_EQ(run({"--exec"}).errors, name + "The option --exec needs a command. Try --help.\n");
-    EXPECT_EQ(run({"--fault", "fire"}).errors, name + "The fault fire is not known. Try --help.\n");
+    EXPECT_EQ(run({"--fault", "fire"}).errors, name + "The fault fire is unknown. Try --help.\n");
     EXPECT_EQ(
         run({"--now", "noon"}).errors,
-        name + "The instant noon is not an ISO 8601 date. Try --help.\n");
+        name + "The --now value noon is not an ISO 8601 date. Try --help.\n");
     for (const char* quota : {"312", "312/5000", "312/5000@", "9/5@1", "1/2@3x", "-1/2@3"}) {
         EXPECT_EQ(
             run({"--quota", quota}).errors,
@@ -159,7 +159,7 @@ TEST_F(SampleCommand, aConfigurationThatIsThereIsKept)
     const Result result = run({"--config-dir", (folder() / "mine").string(), "--exec", "true"});
 
     EXPECT_EQ(result.status, 1);
-    EXPECT_THAT(result.errors, EndsWith("config.yml is there already.\n"));
+    EXPECT_THAT(result.errors, EndsWith("config.yml already exists.\n"));
     EXPECT_EQ(std::filesystem::file_size(folder() / "mine" / "config.yml"), 11U);
 }
 

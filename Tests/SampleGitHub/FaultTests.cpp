@@ -26,18 +26,16 @@ TEST(Fault, isANameWithAValueAKindAndANumber)
 
 TEST(Fault, isRefusedWithASentence)
 {
-    EXPECT_EQ(refusal("earthquake"), "The fault earthquake is not known.");
-    EXPECT_EQ(refusal(""), "The fault  is not known.");
+    EXPECT_EQ(refusal("earthquake"), "The fault earthquake is unknown.");
+    EXPECT_EQ(refusal(""), "The fault  is unknown.");
     EXPECT_EQ(refusal("delay"), "The fault delay needs a value, such as delay=500.");
     EXPECT_EQ(
-        refusal("delay=soon"),
-        "The fault delay=soon has a value that is no positive whole number.");
-    EXPECT_EQ(
-        refusal("delay=0"), "The fault delay=0 has a value that is no positive whole number.");
+        refusal("delay=soon"), "The fault delay=soon needs a positive whole number as its value.");
+    EXPECT_EQ(refusal("delay=0"), "The fault delay=0 needs a positive whole number as its value.");
     EXPECT_EQ(refusal("cut-off=3"), "The fault cut-off=3 takes no value.");
     EXPECT_EQ(
-        refusal("cut-off@lunch"), "The fault cut-off@lunch names no kind of request behind its @.");
-    EXPECT_EQ(refusal("cut-off#0"), "The fault cut-off#0 has no request number behind its #.");
+        refusal("cut-off@lunch"), "The fault cut-off@lunch needs a known kind of request after @.");
+    EXPECT_EQ(refusal("cut-off#0"), "The fault cut-off#0 needs a request number after #.");
 }
 
 }  // namespace

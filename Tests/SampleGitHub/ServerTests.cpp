@@ -61,11 +61,11 @@ TEST(SampleServer, whatElseStandsAtTheSocketsPlaceIsKept)
 {
     const TemporaryFolder folder;
     const Server first(emptyAt(folder.path() / "s"));
-    EXPECT_THAT(refusal(folder.path() / "s"), HasSubstr("could not be made"));
+    EXPECT_THAT(refusal(folder.path() / "s"), HasSubstr("could not be created"));
     EXPECT_TRUE(std::filesystem::is_socket(folder.path() / "s"));
 
     std::ofstream(folder.path() / "file") << "precious";
-    EXPECT_THAT(refusal(folder.path() / "file"), HasSubstr("could not be made"));
+    EXPECT_THAT(refusal(folder.path() / "file"), HasSubstr("could not be created"));
     EXPECT_EQ(std::filesystem::file_size(folder.path() / "file"), 8U);
 }
 
