@@ -130,14 +130,14 @@ class ReadingTests(PanelTest):
         def are(brightness):
             return all(brightness(sum(self.screen.pixels(spot)[0][0])) for spot in (below, menu))
 
-        self.assertTrue(are(lambda sum_of_colours: sum_of_colours > 700))
+        self.assertTrue(are(lambda sum_of_colors: sum_of_colors > 700))
         self.assertEqual(self.checked(), [])
         self.reader.press("menu item", "Dark Mode")
-        wait_until(lambda: are(lambda sum_of_colours: sum_of_colours < 150), "the dark")
+        wait_until(lambda: are(lambda sum_of_colors: sum_of_colors < 150), "the dark")
         self.assertEqual(self.checked(), ["Dark Mode"])
         self.assertEqual(self.setting("appearance.darkMode"), "true")
         self.reader.press("menu item", "Dark Mode")
-        wait_until(lambda: are(lambda sum_of_colours: sum_of_colours > 700), "the light")
+        wait_until(lambda: are(lambda sum_of_colors: sum_of_colors > 700), "the light")
         self.assertEqual(self.setting("appearance.darkMode"), "false")
 
 

@@ -317,8 +317,8 @@ def tooltip(session):
     return texts[1] if len(texts) > 1 else value
 
 
-def is_not_black(*colour):
-    return max(colour) > 60
+def is_not_black(*color):
+    return max(color) > 60
 
 
 def is_dot(red, green, blue):

@@ -58,10 +58,10 @@ def _picture(dump):
     """Reads a window dump of version 7 with the lowest byte of a pixel first."""
     words = struct.unpack(">25I", dump[:100])
     header_size, version, _, depth, width, height, _, byte_order = words[:8]
-    bits, stride, colours = words[11], words[12], words[19]
+    bits, stride, colors = words[11], words[12], words[19]
     if version != 7 or byte_order != 0:
         raise AssertionError("the display's window dumps have an unknown form")
-    pixels = bytearray(dump[header_size + 12 * colours :])
+    pixels = bytearray(dump[header_size + 12 * colors :])
     if depth != 32 or bits != 32 or len(pixels) != stride * height or stride != 4 * width:
         return None
     pixels[0::4], pixels[2::4] = pixels[2::4], pixels[0::4]
@@ -70,7 +70,7 @@ def _picture(dump):
 
 
 def _divide_by_opacity(pixels):
-    """Windows hold colours times opacity, pictures hold colours."""
+    """Windows hold colors times opacity, pictures hold colors."""
     for place, opacity in enumerate(pixels[3::4]):
         if 0 < opacity < 255:
             for index in range(4 * place, 4 * place + 3):

@@ -106,7 +106,7 @@ class Screen:
         self._processes.run("import", "-window", "root", file)
 
     def pixels(self, area):
-        """The colours in the area: rows of (red, green, blue)."""
+        """The colors in the area: rows of (red, green, blue)."""
         size = f"{area.width}x{area.height}+{area.x}+{area.y}"
         file = os.path.join(self._processes.logs, "pixels.ppm")
         self._processes.run("import", "-window", "root", "-crop", size, "-depth", "8", file)
@@ -119,12 +119,12 @@ class Screen:
         return [values[row * width : (row + 1) * width] for row in range(height)]
 
     def find(self, area, is_sought):
-        """The box around all pixels of the area whose colour is sought, or None."""
+        """The box around all pixels of the area whose color is sought, or None."""
         found = [
             (x, y)
             for y, row in enumerate(self.pixels(area))
-            for x, colour in enumerate(row)
-            if is_sought(*colour)
+            for x, color in enumerate(row)
+            if is_sought(*color)
         ]
         if not found:
             return None
