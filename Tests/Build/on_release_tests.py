@@ -37,7 +37,7 @@ class OnReleaseTest(unittest.TestCase):
         for arguments in ((), ("",), ("../trixie",), ("--keep",)):
             self.assertEqual(
                 self.said_by(TEST, "--on", *arguments),
-                (2, "tools/test: --on wants the name of a release, such as trixie.\n"),
+                (2, "tools/test: --on needs the name of a release, such as trixie.\n"),
             )
 
     @unittest.skipIf(shutil.which("debootstrap") is None or os.geteuid() != 0, "needs root and debootstrap")

@@ -11,10 +11,10 @@ from desktop.case import PROGRAMS, ROOT
 from desktop.processes import output_of
 
 SIGNED_OUT = (
-    "tools/run: gh is not signed in, so this is the sample GitHub; "
-    '"gh auth login" signs in.\n'
+    "tools/run: gh is not signed in, so this runs on the sample GitHub. "
+    'Sign in with "gh auth login".\n'
 )
-NO_DISPLAY = "tools/run: There is no display for the panel, so this is the list.\n"
+NO_DISPLAY = "tools/run: No display is available; printing the list.\n"
 BUILDING = "tools/run: Building…\n"
 SHOWS_SAMPLE = (
     "tools/run: The panel shows the sample GitHub (scenario everyday) until you choose Quit or "
@@ -125,7 +125,7 @@ class RunTests(ToolsTest):
         self.assertEqual(answer.returncode, 1)
         self.assertEqual(
             answer.stderr,
-            "tools/run: Tarnwick runs already and would come up in the place of the sample; "
+            "tools/run: Tarnwick is already running and would open instead of the sample; "
             "quit it first.\n",
         )
         self.assertEqual(self.screen.windows(), [])
@@ -155,7 +155,7 @@ class RunTests(ToolsTest):
             self.assertEqual(answer.returncode, 2)
             self.assertEqual(
                 answer.stderr,
-                "tools/run: --scenario wants the name of a scenario, such as everyday.\n",
+                "tools/run: --scenario needs the name of a scenario, such as everyday.\n",
             )
 
 
@@ -222,8 +222,8 @@ class ScreenshotTests(ToolsTest):
     def size_of(self, file):
         return self.session.processes.run("identify", "-format", "%wx%h", file).stdout
 
-    def colours_of(self, file, *points):
-        """The colours at these points, as hexadecimal digits for red, green, blue and opacity."""
+    def colors_of(self, file, *points):
+        """The colors at these points, as hexadecimal digits for red, green, blue and opacity."""
         found = []
         for x, y in points:
             pixel = f"{file}[1x1+{x}+{y}]"
@@ -234,7 +234,7 @@ class ScreenshotTests(ToolsTest):
     def testThePictureIsThePanelAlone(self):
         picture = self.screenshot("light.png")
         self.assertEqual(self.size_of(picture), "440x620")
-        corner, border, header, content = self.colours_of(
+        corner, border, header, content = self.colors_of(
             picture, (0, 0), (220, 0), (220, 22), (220, 48)
         )
         self.assertTrue(corner.endswith("00"), corner)
@@ -247,21 +247,21 @@ class ScreenshotTests(ToolsTest):
         options += ("--scenario", "signed-out")
         first, second = (self.screenshot(name, *options) for name in ("first.png", "second.png"))
         self.assertEqual(self.size_of(first), "600x750")
-        self.assertEqual(self.colours_of(first, (300, 33)), ["141A18FF"])
-        colours = self.session.processes.run(
+        self.assertEqual(self.colors_of(first, (300, 33)), ["141A18FF"])
+        colors = self.session.processes.run(
             "convert", first, "-depth", "8", "-format", "%c", "histogram:info:-"
         )
         # The button that copies the command for signing in.
-        self.assertIn("#3CCB9BFF", colours.stdout)
+        self.assertIn("#3CCB9BFF", colors.stdout)
         self.assertTrue(filecmp.cmp(first, second, shallow=False))
 
     def testBadArgumentsAreToldInASentence(self):
         for arguments, sentence in (
             ((), "The following arguments are required: FILE."),
-            (("/nowhere/x.png",), "There is no folder /nowhere."),
-            (("x.png", "--scale", "9"), "--scale wants a factor from 1 to 4."),
-            (("x.png", "--scenario", "../x"), "--scenario wants the name of a scenario, such as everyday."),
-            (("x.png", "--set", "dark"), "--set wants a key and a value, such as polling.interval=60."),
+            (("/nowhere/x.png",), "The folder /nowhere does not exist."),
+            (("x.png", "--scale", "9"), "--scale needs a factor from 1 to 4."),
+            (("x.png", "--scenario", "../x"), "--scenario needs the name of a scenario, such as everyday."),
+            (("x.png", "--set", "dark"), "--set needs a key and a value, such as polling.interval=60."),
         ):
             answer = self.start_screenshot(*arguments)
             self.assertEqual(answer.returncode, 2)
