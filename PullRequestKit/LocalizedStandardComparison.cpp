@@ -35,7 +35,7 @@ std::unique_ptr<icu::Collator> makeCollator()
     }
     if (U_FAILURE(status) != 0) {
         throw std::runtime_error(
-            std::string("The order of names could not be set up: ") + u_errorName(status) + ".");
+            std::string("Name sorting could not be set up: ") + u_errorName(status) + ".");
     }
     return collator;
 }

@@ -24,7 +24,7 @@ public:
 
     void registerItem() override
     {
-        throw std::runtime_error("There is no desktop session to start the program.");
+        throw std::runtime_error("There is no desktop session that could start the program.");
     }
 
     void unregisterItem() override {}

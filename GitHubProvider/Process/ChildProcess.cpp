@@ -246,7 +246,7 @@ std::int32_t ChildProcess::wait()
     int status = 0;
     if (::waitpid(std::exchange(_id, -1), &status, 0) < 0) {
         throw std::system_error(
-            errno, std::generic_category(), "Could not learn how a program ended");
+            errno, std::generic_category(), "Could not read the exit status of a program");
     }
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }

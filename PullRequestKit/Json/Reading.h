@@ -167,7 +167,7 @@ void read(Value& target, const boost::json::value& value, const Path& path)
     } else if constexpr (NamedEnum<Value>) {
         const auto named = enumNamed<Value>(readTextView(value, path));
         if (!named) {
-            throwDecodingError(path, "is none of the known values");
+            throwDecodingError(path, "is not one of the known values");
         }
         target = *named;
     } else if constexpr (std::is_same_v<Value, Date>) {

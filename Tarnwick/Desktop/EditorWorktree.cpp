@@ -66,7 +66,7 @@ void requireUsable(const std::string& branch)
     }
     if (branch.starts_with('-')) {
         throw ExternalNavigationError(
-            "The pull request's head branch begins with \"-\", which git takes for an option.");
+            "The pull request's head branch begins with \"-\", so git would read it as an option.");
     }
 }
 
@@ -90,7 +90,8 @@ void checkFetched(const CommandResult& fetched, const std::filesystem::path& clo
             throw;
         }
         throw ExternalNavigationError(
-            error.message() + "\nTarnwick cannot ask for a password or a host's key. Run `git -C "
+            error.message()
+            + "\nTarnwick cannot ask for a password or confirm a host key. Run `git -C "
             + clone.string() + " fetch origin` in a terminal first.");
     }
 }

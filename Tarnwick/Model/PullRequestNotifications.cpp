@@ -157,7 +157,7 @@ QCoro::Task<> PullRequestNotifications::deliverEach(
         Q_EMIT turnSettled(move);
         auto delivery = report(
             _notifier->notifyTurn(move.pullRequest, reasonText(move.turn)),
-            "A notification of your turn could not be delivered: ",
+            "A \"Your turn\" notification could not be delivered: ",
             stopToken);
         co_await delivery;
     }

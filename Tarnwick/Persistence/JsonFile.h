@@ -44,7 +44,7 @@ void save(const Document& document, const std::filesystem::path& path, const std
         Files::replace(path, text, Files::ownerOnly);
     } catch (const std::system_error& error) {
         throw CacheWriteError(
-            subject + " could not be kept in " + path.string() + ": " + error.code().message()
+            subject + " could not be saved in " + path.string() + ": " + error.code().message()
             + ".");
     }
 }

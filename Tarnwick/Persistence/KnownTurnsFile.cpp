@@ -60,7 +60,7 @@ void KnownTurnsFile::save(const KnownTurns& turns) const
         .updatedAt = turns.updatedAt,
         .scope = turns.scope,
         .pullRequests = turns.entries};
-    JsonFile::save(document, path, "Whose turn it was");
+    JsonFile::save(document, path, "The known turns");
 }
 
 KnownTurns KnownTurnsFile::load() const noexcept

@@ -27,7 +27,7 @@ void SearchMemoryFile::save(const SearchKnowledge& knowledge)
 {
     SearchMemory::save(knowledge);
     try {
-        JsonFile::save(knowledge, _file, "What is known of the search");
+        JsonFile::save(knowledge, _file, "The search memory");
     } catch (const CacheWriteError&) {
         return;
     }

@@ -63,7 +63,7 @@ bool ApplicationService::handleMessage(
     }
     if (_hasLeft) {
         connection.send(message.createErrorReply(
-            QDBusError::UnknownObject, QStringLiteral("The program is ending.")));
+            QDBusError::UnknownObject, QStringLiteral("Tarnwick is quitting.")));
         return true;
     }
     if (isOurs && handleOwn(message, connection)) {
@@ -120,7 +120,7 @@ void ApplicationService::activateAction(
         Q_EMIT quitRequested();
     } else {
         connection.send(message.createErrorReply(
-            QDBusError::InvalidArgs, QStringLiteral("There is no action \"%1\".").arg(action)));
+            QDBusError::InvalidArgs, QStringLiteral("Unknown action \"%1\".").arg(action)));
     }
 }
 

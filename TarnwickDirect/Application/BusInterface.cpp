@@ -11,7 +11,7 @@ bool hasSignature(const QDBusMessage& call, const QDBusConnection& bus, const ch
     }
     bus.send(call.createErrorReply(
         QDBusError::InvalidArgs,
-        QStringLiteral("%1 takes arguments of the types \"%2\".")
+        QStringLiteral("%1 expects arguments of the types \"%2\".")
             .arg(call.member(), QLatin1String(signature))));
     return false;
 }

@@ -79,8 +79,8 @@ int runFirst(
 int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int argc, char** argv)
 {
     if (!hasDisplay()) {
-        throw std::runtime_error("There is no display to show the panel on; \"tarnwick list\" "
-                                 "prints the pull requests.");
+        throw std::runtime_error("No display is available. \"tarnwick list\" prints the pull "
+                                 "requests in a terminal.");
     }
     // Qt would otherwise initialize fontconfig on the main thread.
     const auto preload = std::make_shared<Tarnwick::Preload>(

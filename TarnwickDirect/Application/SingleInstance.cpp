@@ -107,7 +107,7 @@ Start startOrForward(
             break;
         }
     }
-    throw std::runtime_error("Tarnwick is running already but does not answer.");
+    throw std::runtime_error("Tarnwick is already running but does not respond.");
 }
 
 void giveUpName(const QDBusConnection& bus)

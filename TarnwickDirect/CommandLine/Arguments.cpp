@@ -14,15 +14,15 @@ constexpr std::string_view help = R"(Tarnwick keeps your open GitHub pull reques
 Usage:
   tarnwick [--background | --toggle]
         Start Tarnwick in the tray and open its panel, or show the panel of the
-        running one. With --background the panel stays closed; --toggle closes
-        it when it is open, for a key binding.
+        running instance. --background leaves the panel closed; --toggle hides
+        it if it is open, for a key binding.
   tarnwick list [--by-turn] [--reviewers myself | any | involved] [--json]
-        Refresh once and print the pull requests, stacked branches as a tree.
-        --by-turn and --reviewers take the place of the settings for once.
+        Refresh once and print the pull requests; stacked branches form a tree.
+        --by-turn and --reviewers override the settings for this run.
   tarnwick list --cached [--by-turn] [--json]
-        Print what was last known.
+        Print the last known list, without asking GitHub.
   tarnwick watch [--format json | waybar | i3 | line]
-        Print the state of the list, and again at every change, for a bar.
+        Print the state of the list now and at every change, for a status bar.
   tarnwick repositories [--json]
         List the available repositories and mark the selected ones.
   tarnwick repositories select NAME… | --all
@@ -48,7 +48,7 @@ public:
                 _rest.push_back(*word);
             } else if (addOption(*word, options)) {
                 if (++word == words.end()) {
-                    throw UsageError(_options.back().first + " takes a value.");
+                    throw UsageError(_options.back().first + " needs a value.");
                 }
                 _options.back().second = *word;
             }
@@ -109,7 +109,7 @@ std::optional<Tarnwick::ReviewerFilter> readReviewers(const std::optional<std::s
             return filter;
         }
     }
-    throw UsageError("--reviewers is one of myself, any and involved.");
+    throw UsageError("--reviewers must be myself, any or involved.");
 }
 
 Command parseList(const std::vector<std::string>& words)
@@ -120,7 +120,7 @@ Command parseList(const std::vector<std::string>& words)
     }
     parsed.requireNoRest();
     if (parsed.has("--cached") && parsed.has("--reviewers")) {
-        throw UsageError("Give either --cached or --reviewers, not both.");
+        throw UsageError("Give --cached or --reviewers, not both.");
     }
     return ListPullRequests{
         .asJson = parsed.has("--json"),
@@ -140,7 +140,7 @@ Command parseWatch(const std::vector<std::string>& words)
     if (const auto name = parsed.value("--format")) {
         const auto format = PullRequestKit::enumNamed<WatchFormat>(*name);
         if (!format) {
-            throw UsageError("--format is one of json, waybar, i3 and line.");
+            throw UsageError("--format must be json, waybar, i3 or line.");
         }
         watch.format = *format;
     }
@@ -155,10 +155,10 @@ Command parseSelection(bool select, const std::vector<std::string>& words)
     }
     const bool all = parsed.has("--all");
     if (all && !parsed.rest().empty()) {
-        throw UsageError("Give either names of repositories or --all, not both.");
+        throw UsageError("Give repository names or --all, not both.");
     }
     if (!all && parsed.rest().empty()) {
-        throw UsageError("Give the names of repositories, such as owner/name, or --all.");
+        throw UsageError("Give repository names (owner/name) or --all.");
     }
     return ChangeSelection{select, all, parsed.rest()};
 }
@@ -189,7 +189,7 @@ Command parseOptions(const std::vector<std::string>& arguments)
         return ShowVersion{};
     }
     if (parsed.has("--background") && parsed.has("--toggle")) {
-        throw UsageError("Give either --background or --toggle, not both.");
+        throw UsageError("Give --background or --toggle, not both.");
     }
     if (parsed.has("--background")) {
         return ShowPanel{ShowPanel::Manner::background};

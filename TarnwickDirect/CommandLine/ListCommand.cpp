@@ -95,10 +95,10 @@ void explain(const PullRequestMenuModel& model)
         return;
     }
     if (model.settings().selectedRepositories.empty()) {
-        std::cerr << "No repositories are selected. \"tarnwick repositories\" lists them, "
-                     "\"tarnwick repositories select NAME…\" or \"… select --all\" selects.\n";
+        std::cerr << "No repositories are selected. List them with \"tarnwick repositories\"; "
+                     "select with \"tarnwick repositories select NAME…\" or \"… select --all\".\n";
     } else if (!model.lastRefreshed()) {
-        std::cerr << "Nothing is known yet. \"tarnwick list\" asks GitHub.\n";
+        std::cerr << "No list has been saved yet. Run \"tarnwick list\" first.\n";
     } else {
         std::cerr << "No pull requests involving you were found.";
         if (model.list().hidden().total() > 0) {

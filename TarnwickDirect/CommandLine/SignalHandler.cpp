@@ -65,7 +65,7 @@ SignalHandler::SignalHandler()
     std::signal(SIGCHLD, SIG_DFL);
     int ends[2] = {-1, -1};
     if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) {
-        throw std::system_error(errno, std::generic_category(), "Signals cannot be received");
+        throw std::system_error(errno, std::generic_category(), "Could not set up signal handling");
     }
     _descriptor = ends[0];
     pipeEnd = ends[1];

@@ -74,7 +74,7 @@ int StandardOutput::finish()
     if (_error == EPIPE) {
         return statusOfSignal + SIGPIPE;
     }
-    std::cerr << "Standard output cannot be written (" << std::generic_category().message(_error)
+    std::cerr << "Cannot write to standard output (" << std::generic_category().message(_error)
               << ").\n";
     return 1;
 }

@@ -19,7 +19,7 @@ int watch(const WatchList& command, const SignalHandler& signalHandler)
     int status = 0;
     QObject::connect(&output, &LastLine::ended, qApp, [&status](int error) {
         if (error != EPIPE) {
-            std::cerr << "Standard output cannot be written ("
+            std::cerr << "Cannot write to standard output ("
                       << std::generic_category().message(error) << ").\n";
             status = 1;
         }

@@ -117,10 +117,10 @@ void throwIfMalformed(const QXmlStreamReader& xml)
 {
     if (xml.error() == QXmlStreamReader::PrematureEndOfDocumentError) {
         throw UpdateError(
-            QStringLiteral("The update feed is cut off in line %1.").arg(xml.lineNumber()));
+            QStringLiteral("The update feed ends too early, at line %1.").arg(xml.lineNumber()));
     }
     if (xml.hasError()) {
-        throw UpdateError(QStringLiteral("The update feed is not well-formed XML in line %1.")
+        throw UpdateError(QStringLiteral("The update feed is not well-formed XML at line %1.")
                               .arg(xml.lineNumber()));
     }
 }

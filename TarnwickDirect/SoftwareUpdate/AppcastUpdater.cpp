@@ -172,8 +172,7 @@ void AppcastUpdater::foundNone(const NoUpdate& reason)
     if (!_installedVersion.isEmpty()) {
         endCheck(
             QStringLiteral("Update Installed"),
-            QStringLiteral("Tarnwick %1 runs once Tarnwick is started again.")
-                .arg(_installedVersion));
+            QStringLiteral("Restart Tarnwick to use version %1.").arg(_installedVersion));
     } else {
         endCheck(
             reason.isUpToDate ? QStringLiteral("You're up to date!")

@@ -41,10 +41,10 @@ QString packageProblem(
         return QStringLiteral("dpkg-deb cannot read it");
     }
     if (described[0] != package) {
-        return QStringLiteral("it is the package %1 and not %2").arg(described[0], package);
+        return QStringLiteral("it is the package %1, not %2").arg(described[0], package);
     }
     if (compareVersions(upstreamVersion(described[1]), offer.version) != 0) {
-        return QStringLiteral("it is version %1 and not %2").arg(described[1], offer.version);
+        return QStringLiteral("it is version %1, not %2").arg(described[1], offer.version);
     }
     return {};
 }

@@ -47,7 +47,7 @@ bool isSignedBy(
     static_assert(sizeof(PublicKey) == crypto_sign_PUBLICKEYBYTES);
     static_assert(sizeof(Signature) == crypto_sign_BYTES);
     if (sodium_init() < 0) {
-        throw std::runtime_error("The library that checks signatures could not be started.");
+        throw std::runtime_error("The signature library could not be initialized.");
     }
     return crypto_sign_verify_detached(signature.data(), bytes.data(), bytes.size(), key.data())
            == 0;

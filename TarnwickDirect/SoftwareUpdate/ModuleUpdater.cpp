@@ -121,14 +121,14 @@ QString ModuleUpdater::load()
         reinterpret_cast<VersionOfModule>(module.resolve("tarnwickUpdaterVersion"));
     const auto make = reinterpret_cast<MakeUpdaterOfModule>(module.resolve("tarnwickUpdater"));
     if (versionOf != nullptr && versionOf() != version()) {
-        return QStringLiteral("Updates cannot be checked until Tarnwick is started again, because "
-                              "another version was installed meanwhile.");
+        return QStringLiteral("Restart Tarnwick before checking for updates; another version was "
+                              "installed meanwhile.");
     }
     if (versionOf != nullptr && make != nullptr) {
         _updater.reset(make(moduleHost(), _delegate));
     }
     if (!_updater) {
-        return QStringLiteral("Updates cannot be checked because \"%1\" cannot be loaded.")
+        return QStringLiteral("Tarnwick cannot check for updates because \"%1\" cannot be loaded.")
             .arg(_path);
     }
     connect(

@@ -61,8 +61,9 @@ NoUpdate noUpdate(const AppcastItem* newest, const UpdateNeeds& needs)
         newest->shortVersion.isEmpty() ? newest->version : newest->shortVersion;
     const auto order = compareVersions(newest->version, needs.ownVersion);
     if (order > 0) {
-        return {QStringLiteral("Tarnwick %1 needs Linux %2 or newer, and this system has Linux %3.")
-                    .arg(version, newest->minimumSystemVersion, needs.systemVersion)};
+        return {
+            QStringLiteral("Tarnwick %1 requires Linux %2 or newer, but this system has Linux %3.")
+                .arg(version, newest->minimumSystemVersion, needs.systemVersion)};
     }
     if (order < 0) {
         return {

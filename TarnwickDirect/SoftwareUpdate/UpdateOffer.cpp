@@ -72,7 +72,7 @@ QString downloadName(const QUrl& url)
     const QByteArray bytes = QByteArray::fromPercentEncoding(encoded);
     const QString name = QString::fromUtf8(bytes);
     if (name.isEmpty()) {
-        throw UpdateError(QStringLiteral("The update's address names no file."));
+        throw UpdateError(QStringLiteral("The update's address has no file name."));
     }
     if (name.startsWith(u'.') || std::ranges::any_of(name, isForbidden)) {
         throw UpdateError(QStringLiteral("The update's file name \"%1\" is not a plain name.")

@@ -21,8 +21,7 @@ QString wayOf(const Installation& installation)
                               "install --only-upgrade %1\".")
             .arg(installation.package);
     case Installation::Kind::source:
-        return QStringLiteral("This copy was built from its source and is updated by building it "
-                              "again.");
+        return QStringLiteral("This copy was built from source. Build it again to update it.");
     }
     return {};
 }

@@ -140,13 +140,13 @@ bool StatusService::handleProperties(const QDBusMessage& message, const QDBusCon
             message,
             bus,
             QDBusError::UnknownProperty,
-            QStringLiteral("There is no property \"%1\".").arg(name));
+            QStringLiteral("Unknown property \"%1\".").arg(name));
     } else if (isWrite) {
         refuse(
             message,
             bus,
             QDBusError::PropertyReadOnly,
-            QStringLiteral("The property \"%1\" cannot be changed.").arg(name));
+            QStringLiteral("The property \"%1\" is read-only.").arg(name));
     } else {
         bus.send(message.createReply(QVariant::fromValue(QDBusVariant(values.value(name)))));
     }

@@ -34,7 +34,7 @@ TEST_F(Output, onAFullDiskIsAFailure)
          {"list", "list --json", "repositories", "repositories --json", "--help", "--version"}) {
         const auto result = shell("\"$0\" " + std::string(command) + " >/dev/full");
         EXPECT_EQ(result.status, 1) << command;
-        EXPECT_EQ(result.errors, "Standard output cannot be written (No space left on device).\n")
+        EXPECT_EQ(result.errors, "Cannot write to standard output (No space left on device).\n")
             << command;
     }
     expectWholeCache();
@@ -45,7 +45,7 @@ TEST_F(Output, thatIsClosedIsAFailureAndGoesIntoNoFile)
     const std::string settings = readFile(settingsFile());
     const auto result = shell("\"$0\" list --json >&-");
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors, "Standard output cannot be written (Bad file descriptor).\n");
+    EXPECT_EQ(result.errors, "Cannot write to standard output (Bad file descriptor).\n");
     expectWholeCache();
     EXPECT_THAT(readFile(settingsFile()), HasSubstr(settings));
     EXPECT_EQ(shell("\"$0\" list --json <&- >&- 2>&-").status, 1);

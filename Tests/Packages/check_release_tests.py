@@ -101,10 +101,10 @@ class CheckReleaseTests(unittest.TestCase):
     def testRefusesAPackageOfAnotherVersionOrName(self):
         self.build("tarnwick", "1.0.0-1")
         self.write_feed("1.1.0")
-        self.assertIn("it is version 1.0.0-1 and not 1.1.0", self.refusal())
+        self.assertIn("it is version 1.0.0-1, not 1.1.0", self.refusal())
         self.build("tarnwick-tools", "1.1.0-1")
         self.write_feed("1.1.0")
-        self.assertIn("it is the package tarnwick-tools and not tarnwick", self.refusal())
+        self.assertIn("it is the package tarnwick-tools, not tarnwick", self.refusal())
 
     def testRefusesAnotherKey(self):
         self.assertIn("tarnwick_1.1.0-1_amd64.deb", self.refusal(key=self.new_key("other.pem")))

@@ -251,7 +251,7 @@ struct WrongValue {
     const char* problem;
 };
 
-constexpr const char* notKnown = "is none of the known values";
+constexpr const char* notKnown = "is not one of the known values";
 
 TEST(RefusedValue, isNamedWithItsPath)
 {

@@ -263,7 +263,7 @@ class InstanceTests(FailureTest):
         second = self.run_tarnwick()
         os.kill(first.pid, signal.SIGCONT)
         self.assertEqual(second.returncode, 1)
-        self.assertEqual(second.stderr, "Tarnwick is running already but does not answer.\n")
+        self.assertEqual(second.stderr, "Tarnwick is already running but does not respond.\n")
         self.assertIsNone(first.poll())
 
 

@@ -99,7 +99,7 @@ class InstanceTests(SessionTest):
         self.wait_for_name()
         unknown = self.action("dance")
         self.assertEqual(unknown.returncode, 1)
-        self.assertIn('There is no action "dance".', unknown.stderr)
+        self.assertIn('Unknown action "dance".', unknown.stderr)
         wrong = self.session.call(NAME, PATH, f"{APPLICATION}.Activate", "7")
         self.assertEqual(wrong.returncode, 1)
 
@@ -156,6 +156,5 @@ class NoDisplayTests(SessionTest):
             self.assertEqual(answer.returncode, 1)
             self.assertEqual(
                 answer.stderr,
-                'There is no display to show the panel on; "tarnwick list" prints the pull '
-                "requests.\n",
+                'No display is available. "tarnwick list" prints the pull requests in a terminal.\n',
             )

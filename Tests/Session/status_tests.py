@@ -81,9 +81,9 @@ class InterfaceTests(StatusTest):
         self.start_tarnwick("--background")
         self.wait_for_name()
         unknown = self.session.call(NAME, PATH, f"{PROPERTIES}.Get", STATUS, "Mood")
-        self.assertIn('There is no property "Mood".', unknown.stderr)
+        self.assertIn('Unknown property "Mood".', unknown.stderr)
         written = self.session.call(NAME, PATH, f"{PROPERTIES}.Set", STATUS, "Listed", "<uint32 3>")
-        self.assertIn('The property "Listed" cannot be changed.', written.stderr)
+        self.assertIn('The property "Listed" is read-only.', written.stderr)
 
     def testItRefreshes(self):
         self.start_tarnwick("--background")
@@ -180,7 +180,7 @@ class WatchTests(StatusTest):
         wait_until(lambda: last_line() == "Not updated yet", "the broken list")
         cached = self.run_tarnwick("list", "--cached")
         self.assertEqual((cached.returncode, cached.stdout), (0, ""))
-        self.assertEqual(cached.stderr, 'Nothing is known yet. "tarnwick list" asks GitHub.\n')
+        self.assertEqual(cached.stderr, 'No list has been saved yet. Run "tarnwick list" first.\n')
 
     def testItIsStaleAfterTwiceTheIntervalWhenTheProgramIsKilled(self):
         self.start_github()

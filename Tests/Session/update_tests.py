@@ -293,7 +293,7 @@ class CheckingTests(UpdateTest):
         self.assertNotIn("Check for Updates…", self.reader.names("menu item"))
         refused = self.action("check-for-updates")
         self.assertEqual(refused.returncode, 1)
-        self.assertIn('There is no action "check-for-updates".', refused.stderr)
+        self.assertIn('Unknown action "check-for-updates".', refused.stderr)
 
     def testOfAPackageOfARepositoryTheDialogNamesTheCommandAndOffersNoDownload(self):
         self.put_into_a_repository()

@@ -249,7 +249,7 @@ class TerminalTests(EditorTest):
         self.assertIn("terminal prompts disabled", said)
         self.assertEqual(
             advice,
-            "Tarnwick cannot ask for a password or a host's key. "
+            "Tarnwick cannot ask for a password or confirm a host key. "
             f"Run `git -C {clone.path} fetch origin` in a terminal first.",
         )
 

@@ -136,9 +136,9 @@ TEST(Arguments, watchTakesAFormat)
     EXPECT_EQ(format({"watch", "--format", "waybar"}), WatchFormat::waybar);
     EXPECT_EQ(format({"watch", "--format=i3"}), WatchFormat::i3);
     EXPECT_EQ(format({"watch", "--format", "i3", "--format", "line"}), WatchFormat::line);
-    EXPECT_EQ(usageError({"watch", "--format"}), "--format takes a value.");
+    EXPECT_EQ(usageError({"watch", "--format"}), "--format needs a value.");
     EXPECT_EQ(
-        usageError({"watch", "--format", "xml"}), "--format is one of json, waybar, i3 and line.");
+        usageError({"watch", "--format", "xml"}), "--format must be json, waybar, i3 or line.");
     EXPECT_EQ(usageError({"watch", "--json"}), "Unknown option --json.");
     EXPECT_EQ(usageError({"watch", "now"}), "Unexpected argument \"now\".");
     EXPECT_EQ(usageError({"list", "--json=yes"}), "Unknown option --json=yes.");
@@ -164,12 +164,12 @@ TEST(Arguments, namesWhatIsInvalid)
     EXPECT_EQ(usageError({"list", "--yaml"}), "Unknown option --yaml.");
     EXPECT_EQ(
         usageError({"list", "--cached", "--reviewers", "any"}),
-        "Give either --cached or --reviewers, not both.");
-    EXPECT_EQ(usageError({"list", "--reviewers"}), "--reviewers takes a value.");
+        "Give --cached or --reviewers, not both.");
+    EXPECT_EQ(usageError({"list", "--reviewers"}), "--reviewers needs a value.");
     for (const std::string name : {"Any", "me", ""}) {
         EXPECT_EQ(
             usageError({"list", "--reviewers", name}),
-            "--reviewers is one of myself, any and involved.");
+            "--reviewers must be myself, any or involved.");
     }
     EXPECT_EQ(usageError({"list", "--by-turn=yes"}), "Unknown option --by-turn=yes.");
     EXPECT_THAT(usageError({"--json"}), HasSubstr("--json"));

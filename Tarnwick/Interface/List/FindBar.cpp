@@ -32,7 +32,7 @@ FindBar::FindBar(QWidget* parent)
            .alignment = Qt::AlignRight},
           _content))
     , _closeButton(new PushButton(
-          QStringLiteral("Stop Finding"),
+          QStringLiteral("Close Find Bar"),
           PushButton::Kind::quiet,
           _content,
           PushButton::Size::small))

@@ -256,7 +256,8 @@ TEST_P(HostileBranch, makesNothingAndOpensNothing)
         messageOf(GetParam()),
         AnyOf(
             HasSubstr(" failed (exit "),
-            "The pull request's head branch begins with \"-\", which git takes for an option."));
+            "The pull request's head branch begins with \"-\", so git would read it as an "
+            "option."));
     EXPECT_EQ(git.git({"for-each-ref"}), before);
     EXPECT_EQ(git.branchIn(git.clone()), "main");
     EXPECT_THAT(made(), IsEmpty());

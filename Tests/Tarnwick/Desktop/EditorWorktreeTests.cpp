@@ -89,7 +89,7 @@ TEST_F(EditorWorktreeTest, failsWithoutARunWhenTheBranchWouldBeAnOption)
 {
     EXPECT_EQ(
         messageOf("--force"),
-        "The pull request's head branch begins with \"-\", which git takes for an option.");
+        "The pull request's head branch begins with \"-\", so git would read it as an option.");
     EXPECT_THAT(desktop.journal(), IsEmpty());
 }
 
@@ -104,8 +104,9 @@ TEST_F(EditorWorktreeTest, endsAtAFailedFetchWithGitsOwnWords)
 
 TEST_F(EditorWorktreeTest, saysWhatToDoWhenAFetchMayHaveFailedForWantOfAnAnswer)
 {
-    const std::string advice = "\nTarnwick cannot ask for a password or a host's key. Run `git -C "
-                               "/home/octo/projects/api fetch origin` in a terminal first.";
+    const std::string advice =
+        "\nTarnwick cannot ask for a password or confirm a host key. Run `git -C "
+        "/home/octo/projects/api fetch origin` in a terminal first.";
     for (const std::string said :
          {"fatal: could not read Username for 'https://git.example.org': terminal prompts disabled",
           "Host key verification failed.\nfatal: Could not read from remote repository.",

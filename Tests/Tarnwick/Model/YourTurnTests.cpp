@@ -107,7 +107,7 @@ TEST_F(YourTurn, saysWhenItCannotBeTold)
     refreshWith(1, {1});
     EXPECT_EQ(
         model->settingsError(),
-        "A notification of your turn could not be delivered: The server is gone.");
+        "A \"Your turn\" notification could not be delivered: The server is gone.");
 }
 
 TEST_F(YourTurn, isRememberedWhereItIsFoundAgain)

@@ -29,7 +29,7 @@ struct BlockedCase {
 struct TurnsCase {
     using File = KnownTurnsFile;
     static constexpr const char* name = "turns.json";
-    static constexpr const char* subject = "Whose turn it was";
+    static constexpr const char* subject = "The known turns";
 
     static KnownTurns some()
     {
@@ -105,7 +105,7 @@ TYPED_TEST(JsonFiles, sayWhyTheyCannotBeSaved)
     EXPECT_TRUE(TypeParam::isNothing(this->file.load()));
     EXPECT_EQ(
         messageOf<CacheWriteError>([this] { this->file.save(TypeParam::some()); }),
-        std::string(TypeParam::subject) + " could not be kept in " + this->file.path.string()
+        std::string(TypeParam::subject) + " could not be saved in " + this->file.path.string()
             + ": Is a directory.");
 }
 

@@ -140,7 +140,7 @@ TEST_F(PullRequestDetailsFileTest, thatIsAFolderCountsAsAbsentAndSavingSaysSo)
     EXPECT_THAT(file.load(snapshot), IsEmpty());
     EXPECT_EQ(
         messageOf<CacheWriteError>([this] { file.save(snapshot, details); }),
-        "The details of the pull requests could not be kept in " + file.fileURL.string()
+        "The details of the pull requests could not be saved in " + file.fileURL.string()
             + ": Is a directory.");
 }
 

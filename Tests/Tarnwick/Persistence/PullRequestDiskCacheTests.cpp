@@ -286,7 +286,7 @@ TEST_F(PullRequestDiskCacheTest, yieldsNothingWhereAFolderIs)
     EXPECT_EQ(cache.load(), std::nullopt);
     EXPECT_THAT(
         failureOfSaving(smallSnapshot()),
-        StartsWith("The pull requests could not be kept in " + cache.fileURL.string() + ": "));
+        StartsWith("The pull requests could not be saved in " + cache.fileURL.string() + ": "));
     EXPECT_TRUE(std::filesystem::is_directory(cache.fileURL));
     EXPECT_THAT(folder.names(), ElementsAre("pull-requests.json"));
 }
@@ -328,7 +328,7 @@ TEST_F(PullRequestDiskCacheTest, keepsTheOldFileOnAFullDisk)
     }
     EXPECT_EQ(
         failure,
-        "The pull requests could not be kept in " + cache.fileURL.string() + ": File too large.");
+        "The pull requests could not be saved in " + cache.fileURL.string() + ": File too large.");
     EXPECT_THAT(cache.load(), Optional(smallSnapshot()));
     EXPECT_THAT(folder.names(), ElementsAre("pull-requests.json"));
 }
@@ -344,7 +344,7 @@ TEST_F(PullRequestDiskCacheTest, keepsTheOldFileInAFolderWithoutWritePermission)
         failure = failureOfSaving(fullSnapshot());
     }
     std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
-    EXPECT_THAT(failure, HasSubstr("could not be kept in " + cache.fileURL.string()));
+    EXPECT_THAT(failure, HasSubstr("could not be saved in " + cache.fileURL.string()));
     EXPECT_THAT(cache.load(), Optional(smallSnapshot()));
 }
 
@@ -354,7 +354,7 @@ TEST_F(PullRequestDiskCacheTest, failsWhereAFolderCannotBeMade)
     cache.fileURL = folder / "share/pull-requests.json";
     EXPECT_EQ(
         failureOfSaving(smallSnapshot()),
-        "The pull requests could not be kept in " + cache.fileURL.string() + ": Not a directory.");
+        "The pull requests could not be saved in " + cache.fileURL.string() + ": Not a directory.");
     EXPECT_EQ(contentsOf(folder / "share"), "");
 }
 

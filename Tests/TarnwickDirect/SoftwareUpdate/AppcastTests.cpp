@@ -164,20 +164,20 @@ TEST(Appcast, refusesAHugeFeed)
 
 TEST(Appcast, refusesWhatIsNotXml)
 {
-    EXPECT_EQ(errorOf("Not found"), "The update feed is not well-formed XML in line 1.");
-    EXPECT_EQ(errorOf("{\"items\": []}"), "The update feed is not well-formed XML in line 1.");
+    EXPECT_EQ(errorOf("Not found"), "The update feed is not well-formed XML at line 1.");
+    EXPECT_EQ(errorOf("{\"items\": []}"), "The update feed is not well-formed XML at line 1.");
     EXPECT_EQ(
         errorOf(beginning + "\n<item></channel>"),
-        "The update feed is not well-formed XML in line 3.");
+        "The update feed is not well-formed XML at line 3.");
     EXPECT_EQ(
         errorOf(beginning + ending + "<rss/>"),
-        "The update feed is not well-formed XML in line 2.");
+        "The update feed is not well-formed XML at line 2.");
     EXPECT_EQ(
         errorOf(QByteArray("<rss>\0</rss>", 12)),
-        "The update feed is not well-formed XML in line 1.");
+        "The update feed is not well-formed XML at line 1.");
     EXPECT_EQ(
         errorOf("<rss><sparkle:version/></rss>"),
-        "The update feed is not well-formed XML in line 1.");
+        "The update feed is not well-formed XML at line 1.");
 }
 
 TEST(Appcast, refusesXmlThatIsNotAFeed)
@@ -194,7 +194,8 @@ TEST(Appcast, refusesAFeedThatIsCutOffAnywhere)
     ASSERT_EQ(errorOf(whole), "none");
     const auto rootElement = whole.indexOf("<rss");
     for (qsizetype length = rootElement; length < whole.size(); ++length) {
-        EXPECT_EQ(errorOf(whole.first(length)), "The update feed is cut off in line 2.") << length;
+        EXPECT_EQ(errorOf(whole.first(length)), "The update feed ends too early, at line 2.")
+            << length;
     }
 }
 
@@ -218,7 +219,7 @@ TEST(Appcast, knowsNoEntitiesButThoseOfXmlItself)
     EXPECT_EQ(text(itemWith("<description>&lt;&amp;&gt;&#65;</description>").releaseNotes), "<&>A");
     EXPECT_EQ(
         errorOf(beginning + "<item><title>&nbsp;</title></item>" + ending),
-        "The update feed is not well-formed XML in line 2.");
+        "The update feed is not well-formed XML at line 2.");
 }
 
 TEST(Appcast, readsOtherEncodings)

@@ -70,8 +70,8 @@ TEST_F(AppcastUpdaterTest, saysWhatIsWrongWithTheFeed)
     server.serve("/feed.xml", "Sign in to the network.");
     start();
     EXPECT_EQ(check(), Kind::told);
-    EXPECT_EQ(told(), "Update Error: The update feed is not well-formed XML in line 1.");
-    EXPECT_THAT(delegate.heard, ElementsAre("The update feed is not well-formed XML in line 1."));
+    EXPECT_EQ(told(), "Update Error: The update feed is not well-formed XML at line 1.");
+    EXPECT_THAT(delegate.heard, ElementsAre("The update feed is not well-formed XML at line 1."));
     server.serve("/feed.xml", QByteArray((4 << 20) + 1, ' '));
     EXPECT_EQ(check(), Kind::told);
     EXPECT_EQ(
@@ -155,7 +155,7 @@ TEST_F(AppcastUpdaterTest, anOldReleaseUnderANewNumberIsNotHandedOver)
     EXPECT_EQ(install(), Kind::told);
     EXPECT_EQ(
         told(),
-        "Update Error: The download \"tarnwick.deb\" was deleted because it is version 2.0-1 and "
+        "Update Error: The download \"tarnwick.deb\" was deleted because it is version 2.0-1, "
         "not 3.0.");
     EXPECT_THAT(packages, IsEmpty());
     EXPECT_TRUE(isNothingLeft());
@@ -167,7 +167,7 @@ TEST_F(AppcastUpdaterTest, aPackageThatWasInstalledMeanwhileWaitsForTheRestart)
     EXPECT_EQ(check(), Kind::available);
     installation.packageVersion = QStringLiteral("2.0");
     EXPECT_EQ(check(), Kind::told);
-    EXPECT_EQ(told(), "Update Installed: Tarnwick 2.0 runs once Tarnwick is started again.");
+    EXPECT_EQ(told(), "Update Installed: Restart Tarnwick to use version 2.0.");
     serveFeed(item("3.0"));
     EXPECT_EQ(check(), Kind::available);
 }

@@ -86,15 +86,15 @@ TEST_F(DownloadVerificationTest, aMissingFileIsAnError)
 TEST_F(DownloadVerificationTest, deletesAnOldReleaseThatIsOfferedUnderANewNumber)
 {
     offerFile("2.0", debianPackage("1.9-1"));
-    EXPECT_EQ(reason(), "it is version 1.9-1 and not 2.0.");
+    EXPECT_EQ(reason(), "it is version 1.9-1, not 2.0.");
     offerFile("2.0", debianPackage("2.0~rc1-1"));
-    EXPECT_EQ(reason(), "it is version 2.0~rc1-1 and not 2.0.");
+    EXPECT_EQ(reason(), "it is version 2.0~rc1-1, not 2.0.");
 }
 
 TEST_F(DownloadVerificationTest, deletesAnotherPackageOfTheSameKey)
 {
     offerFile("2.0", debianPackage("2.0-1", "tarnwick-tools"));
-    EXPECT_EQ(reason(), "it is the package tarnwick-tools and not tarnwick.");
+    EXPECT_EQ(reason(), "it is the package tarnwick-tools, not tarnwick.");
 }
 
 TEST_F(DownloadVerificationTest, deletesWhatIsSignedButNoPackage)

@@ -12,8 +12,7 @@ using namespace TestSupport;
 
 constexpr std::string_view lastCheckKey = "updates.lastCheck";
 const char* const otherVersion =
-    "Updates cannot be checked until Tarnwick is started again, because "
-    "another version was installed meanwhile.";
+    "Restart Tarnwick before checking for updates; another version was installed meanwhile.";
 
 class ModuleUpdaterTest : public testing::Test {
 protected:
@@ -62,7 +61,7 @@ TEST_F(ModuleUpdaterTest, theStartRemovesWhatAKilledProgramHasLeft)
 TEST_F(ModuleUpdaterTest, aModuleThatIsMissingIsToldToWhoAsksForACheck)
 {
     const char* const problem =
-        "Updates cannot be checked because \"/nowhere.so\" cannot be loaded.";
+        "Tarnwick cannot check for updates because \"/nowhere.so\" cannot be loaded.";
     start("/nowhere.so");
     updater->checkForUpdates();
     EXPECT_THAT(delegate.heard, ElementsAre(problem));
@@ -102,7 +101,7 @@ TEST_F(ModuleUpdaterTest, aFileThatIsNoModuleIsNotUsed)
     updater->checkForUpdates();
     EXPECT_THAT(
         delegate.heard,
-        ElementsAre("Updates cannot be checked because \"/etc/passwd\" cannot be loaded."));
+        ElementsAre("Tarnwick cannot check for updates because \"/etc/passwd\" cannot be loaded."));
 }
 
 TEST_F(ModuleUpdaterTest, theModuleChecksWithWhatTheProgramGivesIt)

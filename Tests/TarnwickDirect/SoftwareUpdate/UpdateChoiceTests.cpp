@@ -103,7 +103,8 @@ TEST_F(UpdateChoiceTest, leavesOutWhatNeedsANewerSystem)
 TEST_F(UpdateChoiceTest, tellsWhenOnlyTheSystemIsTooOld)
 {
     add(u"1.2").minimumSystemVersion = QStringLiteral("6.10");
-    EXPECT_EQ(none(), "Tarnwick 1.2 needs Linux 6.10 or newer, and this system has Linux 6.1.0.");
+    EXPECT_EQ(
+        none(), "Tarnwick 1.2 requires Linux 6.10 or newer, but this system has Linux 6.1.0.");
 }
 
 TEST_F(UpdateChoiceTest, aFeedWithNothingForThisSystemIsEmpty)

@@ -116,7 +116,7 @@ TEST(DownloadName, aFolderIsRefused)
     for (const char* const url : {"/", "", "/releases/"}) {
         EXPECT_EQ(
             nameAt(std::string("https://example.com") + url),
-            "The update's address names no file.");
+            "The update's address has no file name.");
     }
 }
 

@@ -107,8 +107,8 @@ TEST_F(UpdatePageTest, aBuildFromSourceSaysSo)
     installation.kind = Installation::Kind::source;
     EXPECT_EQ(
         message(Kind::available),
-        "Tarnwick 2.0 is available, and you have 1.0. This copy was built from its source and is "
-        "updated by building it again.");
+        "Tarnwick 2.0 is available, and you have 1.0. This copy was built from source. "
+        "Build it again to update it.");
     EXPECT_THAT(buttons(Kind::available), ElementsAre("OK"));
 }
 
