@@ -61,7 +61,7 @@ def items_of(path):
     except ElementTree.ParseError as error:
         raise AppcastError(f"{path} is not XML: {error}.") from error
     if root.tag != "rss" or root.find("channel") is None:
-        raise AppcastError(f"{path} is no RSS.")
+        raise AppcastError(f"{path} is not RSS.")
     items = root.findall("./channel/item")
     if any(not found.findtext(named("version")) for found in items):
         raise AppcastError(f"{path} has an item without a version.")

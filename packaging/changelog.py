@@ -61,7 +61,7 @@ def sections_of(lines):
     for start, end in zip(starts, starts[1:] + [len(lines)]):
         match = HEADING.fullmatch(lines[start].rstrip())
         if not match:
-            raise ChangelogError(f'"{lines[start]}" is no heading of a version.')
+            raise ChangelogError(f'"{lines[start]}" is not a version heading.')
         yield match["name"], match["date"], lines[start + 1 : end]
 
 

@@ -18,11 +18,11 @@ def checked_key(path, tree):
     """The path of a key that lies outside of the tree and that nobody but its owner can read."""
     path = os.path.realpath(path)
     if not os.path.isfile(path):
-        raise SigningError(f"There is no key {path}.")
+        raise SigningError(f"The key {path} does not exist.")
     if os.path.commonpath((path, os.path.realpath(tree))) == os.path.realpath(tree):
-        raise SigningError(f"The key {path} lies in the source tree, where it might be committed.")
+        raise SigningError(f"The key {path} is inside the source tree, where it might be committed.")
     if os.stat(path).st_mode & (stat.S_IRWXG | stat.S_IRWXO):
-        raise SigningError(f"Others can read the key {path}; \"chmod 600\" ends that.")
+        raise SigningError(f"Others can read the key {path}; run \"chmod 600\" on it.")
     public_key(path)
     return path
 
@@ -31,7 +31,7 @@ def public_key(path):
     """The public half, 32 bytes in Base64, as the program is built with it."""
     encoded = openssl("pkey", "-in", path, "-pubout", "-outform", "DER")
     if not encoded.startswith(PUBLIC_KEY_HEADER) or len(encoded) != len(PUBLIC_KEY_HEADER) + 32:
-        raise SigningError(f"{path} is no Ed25519 key.")
+        raise SigningError(f"{path} is not an Ed25519 key.")
     return base64.b64encode(encoded[len(PUBLIC_KEY_HEADER) :]).decode()
 
 
@@ -41,7 +41,7 @@ def signature(key, path):
         openssl("pkeyutl", "-sign", "-rawin", "-inkey", key, "-in", path, "-out", output.name)
         signed = output.read()
     if len(signed) != 64:
-        raise SigningError(f"openssl made no Ed25519 signature of {path}.")
+        raise SigningError(f"openssl did not create an Ed25519 signature of {path}.")
     return base64.b64encode(signed).decode()
 
 

@@ -96,7 +96,7 @@ class ChangelogTests(unittest.TestCase):
         )
 
     def testRefusesHeadingsThatAreNoVersions(self):
-        self.assertEqual(self.refusal("## Soon\n"), '"## Soon" is no heading of a version.')
+        self.assertEqual(self.refusal("## Soon\n"), '"## Soon" is not a version heading.')
 
     def testRefusesLinesThatWouldBeLost(self):
         self.assertEqual(

@@ -73,26 +73,26 @@ class SigningTests(FeedTest):
     def testRefusesAKeyWithinTheTree(self):
         self.assertEqual(
             self.refusal(self.key, self.folder),
-            f"The key {self.key} lies in the source tree, where it might be committed.",
+            f"The key {self.key} is inside the source tree, where it might be committed.",
         )
         link = os.path.join(self.folder, "link")
         os.symlink(self.folder, link)
-        self.assertIn("lies in the source tree", self.refusal(self.key, link))
+        self.assertIn("is inside the source tree", self.refusal(self.key, link))
 
     def testRefusesAKeyThatOthersCanRead(self):
         os.chmod(self.key, 0o640)
         self.assertEqual(
-            self.refusal(self.key), f'Others can read the key {self.key}; "chmod 600" ends that.'
+            self.refusal(self.key), f'Others can read the key {self.key}; run "chmod 600" on it.'
         )
 
     def testRefusesWhatIsNoKeyOrOfAnotherKind(self):
         other = os.path.join(self.folder, "other.pem")
-        self.assertEqual(self.refusal(other), f"There is no key {other}.")
+        self.assertEqual(self.refusal(other), f"The key {other} does not exist.")
         self.write("other.pem", "Not a key.\n")
         os.chmod(other, 0o600)
         self.assertIn("openssl pkey failed: ", self.refusal(other))
         subprocess.run(("openssl", "genpkey", "-algorithm", "x25519", "-out", other), check=True)
-        self.assertEqual(self.refusal(other), f"{other} is no Ed25519 key.")
+        self.assertEqual(self.refusal(other), f"{other} is not an Ed25519 key.")
 
 
 class AppcastTests(FeedTest):
@@ -142,7 +142,7 @@ class AppcastTests(FeedTest):
     def testRefusesAnEarlierFeedThatIsNone(self):
         for text, reason in (
             ("", "is not XML: no element found: line 1, column 0."),
-            ("<html/>", "is no RSS."),
+            ("<html/>", "is not RSS."),
             ("<rss><channel><item/></channel></rss>", "has an item without a version."),
         ):
             before = self.write("before.xml", text)
