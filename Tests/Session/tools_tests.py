@@ -204,7 +204,7 @@ class BuildTests(ToolsTest):
         answer = self.session.processes.run("ninja", "-C", os.path.dirname(PROGRAMS), "-n", "tarnwick")
         self.assertEqual(answer.returncode, 0, answer.stdout)
         self.assertNotIn("globbed", answer.stdout)
-        self.assertRegex(answer.stdout, r"\bno work to do\b|^\[\d+/\d+\]")
+        self.assertRegex(answer.stdout, r"(?m)\bno work to do\b|^\[\d+/\d+\]")
 
 
 class ScreenshotTests(ToolsTest):
