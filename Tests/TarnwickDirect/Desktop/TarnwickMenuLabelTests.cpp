@@ -23,7 +23,7 @@ int covered(const QImage& image)
 }
 
 /// The middle of the drop's right side below the dot and beside the bolt, in parts of the size.
-QColor dropColour(Background background)
+QColor dropColor(Background background)
 {
     const QImage drawn = image(64, background, {});
     return drawn.pixelColor(64 * 7 / 10, 64 * 7 / 10);
@@ -70,11 +70,11 @@ INSTANTIATE_TEST_SUITE_P(
         DotOfSize{48, 16, 4},
         DotOfSize{64, 20, 4}));
 
-TEST(TarnwickMenuLabel, takesTheColourThatItsBackgroundNeeds)
+TEST(TarnwickMenuLabel, takesTheColorThatItsBackgroundNeeds)
 {
-    EXPECT_EQ(dropColour(Background::dark), QColor(0xF2, 0xF5, 0xF4));
-    EXPECT_EQ(dropColour(Background::light), QColor(0x16, 0x21, 0x1E));
-    const QColor unknown = dropColour(Background::unknown);
+    EXPECT_EQ(dropColor(Background::dark), QColor(0xF2, 0xF5, 0xF4));
+    EXPECT_EQ(dropColor(Background::light), QColor(0x16, 0x21, 0x1E));
+    const QColor unknown = dropColor(Background::unknown);
     EXPECT_GT(unknown.green(), unknown.red() + 60);
     EXPECT_GT(unknown.green(), unknown.blue());
 }
