@@ -2,15 +2,9 @@
 #include "Support/PullRequests.h"
 
 #include <QAccessible>
-#include <QApplication>
-#include <QClipboard>
 #include <QScrollBar>
-#include <QSignalSpy>
-#include <QTest>
 
 #include <algorithm>
-#include <map>
-#include <memory>
 
 namespace {
 
@@ -109,95 +103,6 @@ TEST_F(PullRequestListViewTests, opensWithoutThePanelsEndByMiddleClickAndControl
     QTest::mouseRelease(view.viewport(), Qt::MiddleButton, {}, inRow(1, onTitle));
     EXPECT_THAT(numbers[RowAction::openAndStay], ElementsAre(2, 3, 3));
     EXPECT_THAT(numbers[RowAction::open], IsEmpty());
-}
-
-TEST_F(PullRequestListViewTests, theFirstHitIsFilledAndOpened)
-{
-    show(plainRows(12));
-    view.openHit();
-    EXPECT_THAT(numbers[RowAction::open], IsEmpty()) << "nothing is looked for";
-    EXPECT_FALSE(view.situation(0).isSelected);
-    model.setFindText(u"#1"_s);
-    ASSERT_EQ(model.rowCount(), 4);
-    EXPECT_TRUE(view.situation(0).isSelected);
-    EXPECT_FALSE(view.situation(0).hasFocusRing);
-    EXPECT_EQ(current(), -1);
-    model.setFindText(u"#11"_s);
-    EXPECT_TRUE(view.situation(0).isSelected);
-    view.openHit();
-    EXPECT_THAT(numbers[RowAction::open], ElementsAre(11));
-    model.setFindText(u"nothing"_s);
-    view.openHit();
-    EXPECT_THAT(numbers[RowAction::open], ElementsAre(11));
-}
-
-TEST_F(PullRequestListViewTests, aSelectedHitIsTheOneThatIsOpened)
-{
-    show(plainRows(12));
-    press(Qt::Key_End);
-    model.setFindText(u"#1"_s);
-    EXPECT_EQ(current(), 3);
-    EXPECT_FALSE(view.situation(0).isSelected);
-    view.openHit();
-    EXPECT_THAT(numbers[RowAction::open], ElementsAre(12));
-}
-
-TEST_F(PullRequestListViewTests, aSelectedRowThatIsNoHitIsSelectedAgainInTheEnd)
-{
-    show(plainRows(60));
-    press(Qt::Key_End);
-    model.setFindText(u"#1"_s);
-    EXPECT_EQ(current(), -1);
-    EXPECT_TRUE(view.situation(0).isSelected);
-    model.setFindText(u"#12"_s);
-    model.setFindText(QString());
-    EXPECT_EQ(current(), 59);
-    EXPECT_TRUE(view.viewport()->rect().contains(view.visualRect(view.currentIndex())));
-}
-
-TEST_F(PullRequestListViewTests, theEndOfFindingKeepsTheSelectedRowInSight)
-{
-    show(plainRows(60));
-    model.setFindText(u"#5"_s);
-    press(Qt::Key_End);
-    ASSERT_EQ(model.content(current()).pullRequest().id.number, 59);
-    model.setFindText(QString());
-    EXPECT_EQ(model.content(current()).pullRequest().id.number, 59);
-    EXPECT_TRUE(view.viewport()->rect().contains(view.visualRect(view.currentIndex())));
-}
-
-TEST_F(PullRequestListViewTests, theFirstHitIsInSightWhileOneTypes)
-{
-    show(plainRows(60));
-    view.verticalScrollBar()->setValue(view.verticalScrollBar()->maximum());
-    model.setFindText(u"request"_s);
-    EXPECT_EQ(model.rowCount(), 60);
-    EXPECT_EQ(view.visualRect(model.index(0)).top(), 0);
-}
-
-TEST_F(PullRequestListViewTests, aHitWithoutItsParentHasALineAndNoArrow)
-{
-    std::vector<ListedRow> rows = plainRows(3);
-    own(rows[2]).depth = 1;
-    show(rows);
-    model.setFindText(u"#2"_s);
-    model.setFindText(u"#"_s);
-    EXPECT_FALSE(view.rows().geometry(2).arrow.isEmpty());
-    EXPECT_FALSE(view.situation(2).hasLineAbove);
-    own(rows[1]).pullRequest.title = "Something else";
-    model.setRows(rows);
-    model.setFindText(u"request"_s);
-    ASSERT_EQ(model.rowCount(), 2);
-    EXPECT_TRUE(view.rows().geometry(1).arrow.isEmpty());
-    EXPECT_EQ(view.rows().geometry(1).stateIcon.left(), 16);
-}
-
-TEST_F(PullRequestListViewTests, slashAsksToFind)
-{
-    show(plainRows(3));
-    const QSignalSpy asked(&view, &PullRequestListView::findRequested);
-    QTest::keyClick(&view, '/');
-    EXPECT_EQ(asked.size(), 1);
 }
 
 TEST_F(PullRequestListViewTests, keysOfThePanelGoOnToIt)
@@ -414,97 +319,6 @@ TEST_F(PullRequestListViewTests, rowsHaveNamesForScreenReaders)
     EXPECT_EQ(list->child(1)->role(), QAccessible::ListItem);
 }
 
-QAction* actionNamed(const QMenu& menu, const QString& name)
-{
-    for (QAction* const action : menu.actions()) {
-        if (action->text() == name) {
-            return action;
-        }
-    }
-    return nullptr;
-}
-
-/// "-" for a divider.
-QStringList namesIn(const QMenu& menu)
-{
-    QStringList names;
-    for (const QAction* const action : menu.actions()) {
-        names.append(action->isSeparator() ? u"-"_s : action->text());
-    }
-    return names;
-}
-
-TEST_F(PullRequestListViewTests, onlyARowWithChecksOpensThem)
-{
-    std::vector<ListedRow> rows = plainRows(2);
-    own(rows[0]).pullRequest.checks = {};
-    own(rows[1]).pullRequest.checks = {2, 3, 0};
-    show(rows);
-    const auto opensChecks = [&](int row) {
-        const std::unique_ptr<QMenu> menu(menuOf(row));
-        QAction* const checks = actionNamed(*menu, u"Open Checks"_s);
-        checks->trigger();
-        return checks->isEnabled();
-    };
-    EXPECT_FALSE(opensChecks(0));
-    EXPECT_TRUE(opensChecks(1));
-    EXPECT_THAT(numbers[RowAction::openChecks], ElementsAre(2));
-}
-
-TEST_F(PullRequestListViewTests, aRowsMenuOpensAndCopies)
-{
-    show(plainRows(3));
-    press(Qt::Key_Down);
-    press(Qt::Key_Down);
-    press(Qt::Key_F10, Qt::ShiftModifier);
-    ASSERT_TRUE(view.isMenuOpen());
-    const auto* const menu = view.findChild<QMenu*>(u"rowMenu"_s);
-    ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(
-        namesIn(*menu).join(u", "_s),
-        u"Open in Browser, Open in Editor, Open Files, Open Checks, -, Mark as Read, Mute, -, "
-        u"Copy Link, Copy Branch Name"_s);
-    actionNamed(*menu, u"Open in Browser"_s)->trigger();
-    actionNamed(*menu, u"Open in Editor"_s)->trigger();
-    actionNamed(*menu, u"Open Files"_s)->trigger();
-    EXPECT_THAT(numbers[RowAction::openFiles], ElementsAre(2));
-    EXPECT_THAT(numbers[RowAction::open], ElementsAre(2));
-    EXPECT_THAT(numbers[RowAction::openInEditor], ElementsAre(2));
-    actionNamed(*menu, u"Copy Link"_s)->trigger();
-    EXPECT_EQ(QApplication::clipboard()->text(), u"https://github.com/octo/tools/pull/2"_s);
-    actionNamed(*menu, u"Copy Branch Name"_s)->trigger();
-    EXPECT_EQ(QApplication::clipboard()->text(), u"branch-2"_s);
-}
-
-TEST_F(PullRequestListViewTests, theMenuKeyOpensTheMenuOfARowThatHasTheFocus)
-{
-    show(plainRows(3));
-    QKeyEvent key(QEvent::KeyPress, Qt::Key_Menu, Qt::NoModifier);
-    QApplication::sendEvent(&view, &key);
-    EXPECT_FALSE(key.isAccepted()) << "without a row it is the panel's";
-    EXPECT_FALSE(view.isMenuOpen());
-    press(Qt::Key_Down);
-    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, inRow(0, onTitle), QPoint(1, 1));
-    QApplication::sendEvent(view.viewport(), &byKey);
-    EXPECT_FALSE(view.isMenuOpen()) << "the key itself opens it";
-    press(Qt::Key_Menu);
-    EXPECT_TRUE(view.isMenuOpen());
-}
-
-TEST_F(PullRequestListViewTests, aPressByAScreenReaderClosesARowsMenu)
-{
-    show(plainRows(3));
-    QContextMenuEvent byMouse(QContextMenuEvent::Mouse, inRow(1, onTitle), QPoint(1, 1));
-    QApplication::sendEvent(view.viewport(), &byMouse);
-    ASSERT_TRUE(view.isMenuOpen());
-    auto* const menu = view.findChild<QMenu*>(u"rowMenu"_s);
-    QAccessible::queryAccessibleInterface(menu)->child(0)->actionInterface()->doAction(
-        QAccessibleActionInterface::pressAction());
-    QApplication::processEvents();
-    EXPECT_THAT(numbers[RowAction::open], ElementsAre(2));
-    EXPECT_FALSE(view.isMenuOpen());
-}
-
 TEST_F(PullRequestListViewTests, aDotSaysWhatHasChanged)
 {
     std::vector<ListedRow> rows = sampleRows();
@@ -532,21 +346,6 @@ TEST_F(PullRequestListViewTests, aDotSaysWhatHasChanged)
     EXPECT_TRUE(descriptionOf(2).startsWith(u"Hidden by Status. northmere/quay #486"_s));
 }
 
-TEST_F(PullRequestListViewTests, aRowIsMarkedAsReadOrUnread)
-{
-    std::vector<ListedRow> rows = plainRows(2);
-    rows[0].isVisited = true;
-    show(rows);
-    for (const int row : {0, 1}) {
-        const std::unique_ptr<QMenu> menu(menuOf(row));
-        const QString name = row == 0 ? u"Mark as Unread"_s : u"Mark as Read"_s;
-        EXPECT_EQ(namesIn(*menu).value(5), name);
-        actionNamed(*menu, name)->trigger();
-    }
-    EXPECT_THAT(numbers[RowAction::markAsUnread], ElementsAre(1));
-    EXPECT_THAT(numbers[RowAction::markAsRead], ElementsAre(2));
-}
-
 TEST_F(PullRequestListViewTests, whenTheSelectedRowGoesTheNextPullRequestIsSelected)
 {
     std::vector<ListedRow> rows = turnRows();
@@ -569,65 +368,6 @@ TEST_F(PullRequestListViewTests, whenTheSelectedRowGoesTheNextPullRequestIsSelec
     model.setRows(rows);
     EXPECT_EQ(model.content(view.currentIndex()).row().id(), rows.back().row->id());
     EXPECT_TRUE(view.selectionModel()->isSelected(view.currentIndex()));
-}
-
-TEST_F(PullRequestListViewTests, whenTheSelectedHitGoesTheNextHitIsSelected)
-{
-    std::vector<ListedRow> rows = plainRows(13);
-    show(rows);
-    model.setFindText(u"#1"_s);
-    press(Qt::Key_Down);
-    press(Qt::Key_Down);
-    ASSERT_EQ(model.content(view.currentIndex()).row().id().number, 10);
-    rows.erase(rows.begin() + 9);
-    model.setRows(rows);
-    EXPECT_TRUE(view.selectionModel()->isSelected(view.currentIndex()));
-    EXPECT_EQ(model.content(view.currentIndex()).row().id().number, 11);
-}
-
-TEST_F(PullRequestListViewTests, aRowOrItsAuthorIsMuted)
-{
-    std::vector<ListedRow> rows = plainRows(4);
-    own(rows[0]).pullRequest.author = "mira-k";
-    own(rows[1]).pullRequest.author = "Me";
-    own(rows[2]).pullRequest.author = "a&b-whose-name-is-longer-than-it-should-be";
-    own(rows[3]).pullRequest.author = "";
-    view.setAccount("me");
-    show(rows);
-    const auto choicesOf = [&](int row) {
-        const std::unique_ptr<QMenu> menu(menuOf(row));
-        QMenu* const mute = actionNamed(*menu, u"Mute"_s)->menu();
-        for (QAction* const action : mute->actions()) {
-            action->trigger();
-        }
-        return namesIn(*mute);
-    };
-    const QStringList alone{u"Until It Changes"_s, u"For a Day"_s};
-    EXPECT_EQ(choicesOf(0), alone + QStringList({u"-"_s, u"All by mira-k"_s}));
-    EXPECT_EQ(choicesOf(1), alone) << "one's own";
-    EXPECT_EQ(choicesOf(2).last(), u"All by a&&b-whose-name-is-longe…"_s);
-    EXPECT_EQ(choicesOf(3), alone) << "nobody's";
-    EXPECT_THAT(numbers[RowAction::muteUntilChange], ElementsAre(1, 2, 3, 4));
-    EXPECT_THAT(numbers[RowAction::muteForADay], ElementsAre(1, 2, 3, 4));
-    EXPECT_THAT(numbers[RowAction::muteAuthor], ElementsAre(1, 3));
-}
-
-TEST_F(PullRequestListViewTests, aMutedRowIsUnmuted)
-{
-    std::vector<ListedRow> rows = plainRows(2);
-    own(rows[1]).pullRequest.author = "otter-bot";
-    rows[0].sight = Sight::muted;
-    rows[1].sight = Sight::authorMuted;
-    show(rows);
-    for (const int row : {0, 1}) {
-        const std::unique_ptr<QMenu> menu(menuOf(row));
-        EXPECT_EQ(actionNamed(*menu, u"Mute"_s), nullptr);
-        const QString name = row == 0 ? u"Unmute"_s : u"Unmute otter-bot"_s;
-        EXPECT_EQ(namesIn(*menu).value(6), name);
-        actionNamed(*menu, name)->trigger();
-    }
-    EXPECT_THAT(numbers[RowAction::unmute], ElementsAre(1));
-    EXPECT_THAT(numbers[RowAction::unmuteAuthor], ElementsAre(2));
 }
 
 TEST_F(PullRequestListViewTests, helpStandsBelowTheRow)
