@@ -91,7 +91,7 @@ class Session:
         inherited = {
             name: value
             for name, value in os.environ.items()
-            if name in ("PATH", "LD_LIBRARY_PATH", "LLVM_PROFILE_FILE")
+            if name in ("PATH", "LD_LIBRARY_PATH", "LLVM_PROFILE_FILE", "ASAN_SYMBOLIZER_PATH")
             or name.startswith("GCOV_PREFIX")
             or name.endswith("SAN_OPTIONS")
         }
