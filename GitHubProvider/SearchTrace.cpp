@@ -21,8 +21,7 @@ void SearchTrace::searchStarted(const std::string& query)
 
 void SearchTrace::groupingStarted() const
 {
-    write("several repo: terms find less than each alone; repositories are grouped with OR from "
-          "now on");
+    write("several repo: terms find less than each alone; repositories are now grouped with OR");
 }
 
 void SearchTrace::pageStarted()

@@ -54,7 +54,7 @@ protected:
     }
 
     PullRequestList list(
-        std::set<std::string> repositories = {"a/one", "b/two"},
+        const std::set<std::string>& repositories = {"a/one", "b/two"},
         ReviewerScope scope = ReviewerScope::any)
     {
         return provider->listPullRequests(scope, repositories, stop.get_token());
@@ -93,7 +93,7 @@ TEST_F(RepositorySearchTest, asksAboutAnEmptyListAndGoesOnInGroupsWhenTheTermsEx
     EXPECT_THAT(
         log,
         Contains("Tarnwick GitHub search: several repo: terms find less than each alone; "
-                 "repositories are grouped with OR from now on"));
+                 "repositories are now grouped with OR"));
     const std::string& document = runner->calls()[2].arguments[3];
     EXPECT_NE(document.find("search(query:$q, type:ISSUE_ADVANCED, first:50"), std::string::npos);
 }
