@@ -11,7 +11,6 @@
 namespace {
 
 using namespace TestSupport;
-using GitHub::CommandResult;
 
 using Arguments = std::vector<std::string>;
 

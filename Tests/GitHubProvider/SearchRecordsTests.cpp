@@ -8,7 +8,6 @@
 namespace {
 
 using namespace GitHub;
-using PullRequestKit::DecodingError;
 using PullRequestKit::Json::decode;
 
 TEST(SearchRecords, readAWholePage)

@@ -126,7 +126,7 @@ TEST(RowWording, aScreenReaderHearsWhatTheCountsConsistOfAfterTheQuietLine)
 
 TEST(RowWording, agesGrowFromNowToWeeks)
 {
-    const auto now = "2025-06-20T12:00:00Z";
+    const char* const now = "2025-06-20T12:00:00Z";
     EXPECT_EQ(ageAt("2025-06-20T11:59:01Z", now), u"now"_s);
     EXPECT_EQ(ageAt("2025-06-20T11:59:00Z", now), u"1m"_s);
     EXPECT_EQ(ageAt("2025-06-20T11:12:00Z", now), u"48m"_s);
@@ -140,7 +140,7 @@ TEST(RowWording, agesGrowFromNowToWeeks)
 
 TEST(RowWording, agesOfFourWeeksAndMoreAreDaysAndThenMonths)
 {
-    const auto now = "2025-06-20T12:00:00Z";
+    const char* const now = "2025-06-20T12:00:00Z";
     EXPECT_EQ(ageAt("2025-05-23T12:00:00Z", now), u"23 May"_s);
     EXPECT_EQ(ageAt("2025-03-12T08:00:00Z", now), u"12 Mar"_s);
     EXPECT_EQ(ageAt("2025-01-01T00:00:00Z", now), u"1 Jan"_s);
@@ -150,7 +150,7 @@ TEST(RowWording, agesOfFourWeeksAndMoreAreDaysAndThenMonths)
 
 TEST(RowWording, daysAreThoseOfTheUsersTimeZone)
 {
-    const auto now = "2025-06-20T12:00:00Z";
+    const char* const now = "2025-06-20T12:00:00Z";
     EXPECT_EQ(ageAt("2025-03-12T23:30:00Z", now, "Europe/Berlin"), u"13 Mar"_s);
     EXPECT_EQ(ageAt("2025-01-01T02:00:00Z", now, "America/New_York"), u"Dec 2024"_s);
 }

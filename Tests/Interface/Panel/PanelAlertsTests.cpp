@@ -63,7 +63,7 @@ protected:
 
     std::unique_ptr<EditorFlow> flow;
     QWidget panel;
-    PanelAlerts* alerts;
+    PanelAlerts* alerts = nullptr;
 };
 
 TEST_F(PanelAlertsTests, anEditorErrorIsShownWithItsWords)
