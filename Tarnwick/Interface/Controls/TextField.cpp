@@ -3,7 +3,6 @@
 #include "Tarnwick/Interface/Style/Painting.h"
 #include "Tarnwick/Interface/Style/SystemSymbol.h"
 
-#include <QEvent>
 #include <QPainter>
 
 namespace Tarnwick {
@@ -39,6 +38,7 @@ TextField::TextField(const QString& symbol, int designHeight, QWidget* parent)
     QPalette clear;
     clear.setColor(QPalette::Base, Qt::transparent);
     setPalette(clear);
+    connect(&appearance(), &Appearance::changed, this, &TextField::followStyle);
     followStyle();
 }
 
@@ -60,14 +60,6 @@ void TextField::followStyle()
     const int start =
         padding + (_symbol.isEmpty() ? 0 : appearance().scaled(symbolSize) + padding) - editMargin;
     setTextMargins(start, 1, padding + _trailingRoom, 1);
-}
-
-void TextField::changeEvent(QEvent* event)
-{
-    QLineEdit::changeEvent(event);
-    if (event->type() == QEvent::StyleChange) {
-        followStyle();
-    }
 }
 
 void TextField::paintEvent(QPaintEvent* event)

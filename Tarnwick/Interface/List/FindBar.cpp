@@ -63,6 +63,7 @@ FindBar::FindBar(QWidget* parent)
 
     connect(_field, &QLineEdit::textChanged, this, &FindBar::findTextChanged);
     connect(_closeButton, &QAbstractButton::clicked, this, &FindBar::close);
+    connect(&appearance(), &Appearance::changed, this, &FindBar::place);
 }
 
 QString FindBar::text() const
@@ -164,19 +165,6 @@ void FindBar::paintEvent(QPaintEvent* /*event*/)
     painter.fillRect(rect(), palette.surfaceChrome);
     const double pixel = 1 / painter.deviceTransform().m22();
     Painting::hairline(painter, 0, height() - pixel, width(), palette.hairline);
-}
-
-void FindBar::resizeEvent(QResizeEvent* /*event*/)
-{
-    place();
-}
-
-void FindBar::changeEvent(QEvent* event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::StyleChange) {
-        place();
-    }
 }
 
 }  // namespace Tarnwick

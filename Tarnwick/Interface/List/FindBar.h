@@ -53,8 +53,8 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
+
+    void resizeEvent(QResizeEvent* /*event*/) override { place(); }
 
 private:
     void place();

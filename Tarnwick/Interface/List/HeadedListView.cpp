@@ -71,6 +71,7 @@ void HeadedListView::begin(RowListModel& model)
     connect(&model, &RowListModel::listAboutToChange, this, &HeadedListView::startTaking);
     connect(&model, &RowListModel::rowsAboutToBeSorted, this, &HeadedListView::measureDistances);
     connect(&model, &RowListModel::listChanged, this, &HeadedListView::takeInList);
+    connect(&appearance(), &Appearance::changed, this, &HeadedListView::applyAppearance);
     applyAppearance();
 }
 
@@ -85,14 +86,6 @@ void HeadedListView::applyAppearance()
     verticalScrollBar()->setSingleStep(appearance().scaled(wheelStep));
     scheduleDelayedItemsLayout();
     viewport()->update();
-}
-
-void HeadedListView::changeEvent(QEvent* event)
-{
-    QListView::changeEvent(event);
-    if (event->type() == QEvent::StyleChange && _rows != nullptr) {
-        applyAppearance();
-    }
 }
 
 HeadedListView::Places HeadedListView::placesInSight() const
@@ -310,11 +303,6 @@ void HeadedListView::hideEvent(QHideEvent* event)
     _usesKeyboard = false;
     _hover.setRow({});
     QListView::hideEvent(event);
-}
-
-bool HeadedListView::isHovered(int row) const
-{
-    return _hover.row().isValid() && _hover.row().row() == row;
 }
 
 void HeadedListView::followPointer(const QPoint& position)

@@ -36,6 +36,9 @@ public:
     /// The tool tip at a point of the viewport; empty outside of rows.
     QString helpTextAt(const QPoint& position) const;
 
+    /// The next list keeps visible rows in place, even if scrolled to its top.
+    void holdRows() { _holdsTop = true; }
+
 protected:
     /// Call once, when the subclass is set up. Requires: `model` outlives the view.
     void begin(RowListModel& model);
@@ -61,9 +64,6 @@ protected:
     /// The row that Tab selects if none is selected.
     virtual int rowToBegin() const { return firstRowInSight(); }
 
-    /// The next list keeps visible rows in place, even if scrolled to its top.
-    void holdTop() { _holdsTop = true; }
-
     void move(ListCommand command);
     void select(int row);
     /// -1 for none.
@@ -79,7 +79,7 @@ protected:
 
     const RowHover& hover() const { return _hover; }
 
-    bool isHovered(int row) const;
+    bool isHovered(int row) const { return _hover.row().isValid() && _hover.row().row() == row; }
 
     bool isButtonHovered(int row) const { return isHovered(row) && _isOnButton; }
 
@@ -88,7 +88,6 @@ protected:
     OverlayScrollBar& scrollBar() { return _scrollBar; }
 
     bool viewportEvent(QEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;

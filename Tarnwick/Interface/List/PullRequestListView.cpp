@@ -110,11 +110,6 @@ int PullRequestListView::filledRow() const
     return selected < 0 && _model.isFinding() ? _model.firstPullRequest() : selected;
 }
 
-int PullRequestListView::rowToBegin() const
-{
-    return _model.isFinding() ? _model.firstPullRequest() : firstRowInSight();
-}
-
 bool PullRequestListView::isFilled(int row) const
 {
     return row == filledRow() || hover().fill(_model.index(row)) > 0;
@@ -223,11 +218,6 @@ void PullRequestListView::act(ListCommand command, int row)
         showMenu(
             row, viewport()->mapToGlobal(visualRect(_model.index(row)).topLeft() + belowDetails));
     }
-}
-
-bool PullRequestListView::takes(Qt::MouseButton button) const
-{
-    return button == Qt::LeftButton || button == Qt::MiddleButton;
 }
 
 bool PullRequestListView::isOnButton(int row, const QPoint& position) const

@@ -33,9 +33,6 @@ public:
     /// Opens the filled row during a search, if there is a hit.
     void openHit();
 
-    /// The next list keeps visible rows in place, even if scrolled to its top.
-    void holdRows() { holdTop(); }
-
     void doItemsLayout() override;
     int rowHeight(int row) const override;
     void paintRow(QPainter& painter, int row, const QRect& place) const override;
@@ -52,11 +49,19 @@ protected:
     QString helpText(int row, const QPoint& position) const override;
     QRect helpPlace(int row, const QPoint& position) const override;
     void clicked(int row, bool onButton, const QMouseEvent& event) override;
-    bool takes(Qt::MouseButton button) const override;
+
+    bool takes(Qt::MouseButton button) const override
+    {
+        return button == Qt::LeftButton || button == Qt::MiddleButton;
+    }
 
     Qt::CursorShape cursorOver(bool /*onButton*/) const override { return Qt::PointingHandCursor; }
 
-    int rowToBegin() const override;
+    int rowToBegin() const override
+    {
+        return _model.isFinding() ? _model.firstPullRequest() : firstRowInSight();
+    }
+
     void startTaking() override;
     void takeInList() override;
     void paintEvent(QPaintEvent* event) override;

@@ -40,12 +40,8 @@ CardOverlay::CardOverlay(int cardWidth, QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setGraphicsEffect(_rise);
     parent->installEventFilter(this);
+    connect(&appearance(), &Appearance::changed, this, &CardOverlay::layOut);
     hide();
-}
-
-QRect CardOverlay::card() const
-{
-    return _content->geometry();
 }
 
 void CardOverlay::layOut()
@@ -68,19 +64,6 @@ void CardOverlay::paintEvent(QPaintEvent* /*event*/)
     }
     Painting::fillRounded(painter, QRectF(card()), radius, palette.surfaceMenu);
     Painting::strokeInside(painter, QRectF(card()), radius, 1, palette.strongLine);
-}
-
-void CardOverlay::resizeEvent(QResizeEvent* /*event*/)
-{
-    layOut();
-}
-
-void CardOverlay::changeEvent(QEvent* event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::StyleChange) {
-        layOut();
-    }
 }
 
 void CardOverlay::showEvent(QShowEvent* /*event*/)
@@ -111,8 +94,6 @@ void CardOverlay::leavePicture()
     auto* const picture = new LeavingPicture(card, appearance().palette().scrim, parentWidget());
     picture->show();
 }
-
-void CardOverlay::mousePressEvent(QMouseEvent* /*event*/) {}
 
 void CardOverlay::wheelEvent(QWheelEvent* event)
 {

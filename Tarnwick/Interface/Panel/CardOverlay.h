@@ -17,7 +17,7 @@ public:
     CardOverlay(int cardWidth, QWidget* parent);
 
     /// The card in the overlay's coordinates.
-    QRect card() const;
+    QRect card() const { return _content->geometry(); }
 
 protected:
     /// The layout of the card's content.
@@ -27,12 +27,14 @@ protected:
     virtual void fit(int width) = 0;
     void layOut();
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+
+    void resizeEvent(QResizeEvent* /*event*/) override { layOut(); }
+
+    void mousePressEvent(QMouseEvent* /*event*/) override {}
+
     bool focusNextPrevChild(bool next) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 

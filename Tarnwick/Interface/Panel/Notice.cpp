@@ -75,6 +75,7 @@ Notice::Notice(QWidget* parent)
     addButton(NoticeAction::chooseRepositories, "Choose Repositories…", "chooseRepositories");
     addButton(NoticeAction::showHidden, "Show Hidden", "showHidden");
     addButton(NoticeAction::tryAgain, "Try Again", "tryAgain");
+    connect(&appearance(), &Appearance::changed, this, &Notice::fit);
 }
 
 void Notice::addButton(NoticeAction action, const char* text, const char* name)
@@ -173,19 +174,6 @@ void Notice::paintEvent(QPaintEvent* /*event*/)
         ResourceIcon{_content.image}.draw(painter, icon, palette.textTertiary);
     } else {
         SystemSymbol{_content.symbol}.draw(painter, icon, palette.textTertiary);
-    }
-}
-
-void Notice::resizeEvent(QResizeEvent* /*event*/)
-{
-    fit();
-}
-
-void Notice::changeEvent(QEvent* event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::StyleChange) {
-        fit();
     }
 }
 

@@ -32,8 +32,8 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
+
+    void resizeEvent(QResizeEvent* /*event*/) override { fit(); }
 
 private:
     void addButton(NoticeAction action, const char* text, const char* name);

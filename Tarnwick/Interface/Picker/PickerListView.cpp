@@ -42,11 +42,6 @@ void PickerListView::applyAppearance()
     verticalScrollBar()->setSingleStep(_rows.metrics().repositoryHeight / 2);
 }
 
-void PickerListView::enter()
-{
-    setFocus(Qt::TabFocusReason);
-}
-
 void PickerListView::updateGeometries()
 {
     HeadedListView::updateGeometries();
@@ -107,14 +102,6 @@ void PickerListView::clicked(int row, bool onButton, const QMouseEvent& /*event*
         press(row);
     }
 }
-
-/// A double click counts as two clicks.
-void PickerListView::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    mousePressEvent(event);
-}
-
-void PickerListView::keyboardSearch(const QString& /*search*/) {}
 
 void PickerListView::keyPressEvent(QKeyEvent* event)
 {

@@ -16,10 +16,8 @@ public:
     /// Requires: `model` outlives the view.
     PickerListView(PickerListModel& model, QWidget* parent);
 
-    /// Takes the focus. Selects the first repository if no row is selected.
-    void enter();
+    void keyboardSearch(const QString& /*search*/) override {}
 
-    void keyboardSearch(const QString& search) override;
     int rowHeight(int row) const override;
     void paintRow(QPainter& painter, int row, const QRect& place) const override;
 
@@ -45,7 +43,9 @@ protected:
     void updateGeometries() override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+    /// A double click counts as two clicks.
+    void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
 
 private:
     void press(int row);

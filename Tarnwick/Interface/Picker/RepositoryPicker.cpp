@@ -122,7 +122,8 @@ void RepositoryPicker::fitRows()
 
 void RepositoryPicker::connectParts()
 {
-    connect(_done, &QAbstractButton::clicked, this, &RepositoryPicker::finish);
+    connect(&appearance(), &Appearance::changed, this, &RepositoryPicker::fitRows);
+    connect(_done, &QAbstractButton::clicked, this, &RepositoryPicker::done);
     connect(_selectAll, &QAbstractButton::clicked, this, [this] { selectShown(true); });
     connect(_selectNone, &QAbstractButton::clicked, this, [this] { selectShown(false); });
     connect(_find, &QLineEdit::textChanged, this, &RepositoryPicker::find);
@@ -213,11 +214,6 @@ void RepositoryPicker::selectShown(bool selected)
     }
 }
 
-void RepositoryPicker::finish()
-{
-    Q_EMIT done();
-}
-
 /// Clears the search text first, then closes the picker.
 void RepositoryPicker::goBack()
 {
@@ -240,7 +236,7 @@ void RepositoryPicker::keyPressEvent(QKeyEvent* event)
     if (event->key() == Qt::Key_Escape) {
         goBack();
     } else if (isDown && _find->hasFocus() && _list->isVisible()) {
-        _list->enter();
+        _list->setFocus(Qt::TabFocusReason);
     } else if (!isReturn) {
         QWidget::keyPressEvent(event);
     }
@@ -258,14 +254,6 @@ void RepositoryPicker::paintEvent(QPaintEvent* /*event*/)
     const QRect summary = _summary->geometry();
     for (const int divider : {summary.top() - dividerHeight, summary.bottom() + 1}) {
         Painting::hairline(painter, 0, divider, width(), palette.hairline);
-    }
-}
-
-void RepositoryPicker::changeEvent(QEvent* event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::StyleChange) {
-        fitRows();
     }
 }
 

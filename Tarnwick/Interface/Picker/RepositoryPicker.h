@@ -38,7 +38,6 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -53,7 +52,6 @@ private:
     void showRows();
     void find(const QString& text);
     void selectShown(bool selected);
-    void finish();
     void goBack();
 
     PullRequestMenuModel& _model;

@@ -73,8 +73,9 @@ private:
     double _textScale = 1;
 };
 
-/// The appearance of the application's style, for layout and painting. Its changes are announced by
-/// `QEvent::StyleChange`. Requires: `setApplicationStyle` was called. Main thread only.
+/// The appearance of the application's style, for layout and painting. A change repaints all
+/// widgets; `changed` is for those that lay out by hand. Requires: `setApplicationStyle` was
+/// called. Main thread only.
 const Appearance& appearance();
 
 }  // namespace Tarnwick

@@ -109,15 +109,9 @@ WindowBorderConfigurator::WindowBorderConfigurator(QWidget* window)
     , _view(new WindowBorderView(this))
 {
     setFixedSize(0, 0);
-    _view->setDark(appearance().isDark());
-}
-
-void WindowBorderConfigurator::changeEvent(QEvent* event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::StyleChange) {
-        _view->setDark(appearance().isDark());
-    }
+    const auto follow = [this] { _view->setDark(appearance().isDark()); };
+    connect(&appearance(), &Appearance::changed, this, follow);
+    follow();
 }
 
 }  // namespace Tarnwick

@@ -45,9 +45,6 @@ public:
 
     void setShown(bool isShown) { _view->setShown(isShown); }
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
     WindowBorderView* _view;
 };

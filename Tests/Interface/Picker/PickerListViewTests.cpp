@@ -93,7 +93,7 @@ TEST_F(PickerListViewTests, anOwnersButtonIsPressedButNotTheRestOfItsLabel)
 TEST_F(PickerListViewTests, arrowsHomeAndEndMove)
 {
     open(someRepositories());
-    list()->enter();
+    list()->setFocus(Qt::TabFocusReason);
     EXPECT_EQ(current(), "capstan");
     key(Qt::Key_Down);
     EXPECT_EQ(current(), "harbour-9");
@@ -111,7 +111,7 @@ TEST_F(PickerListViewTests, arrowsHomeAndEndMove)
 TEST_F(PickerListViewTests, pageKeysMoveByWhatIsSeen)
 {
     openMany();
-    list()->enter();
+    list()->setFocus(Qt::TabFocusReason);
     const int seen = (list()->viewport()->height() - 32) / 48;
     key(Qt::Key_PageDown);
     EXPECT_EQ(current(), "r" + std::to_string(seen));
@@ -125,7 +125,7 @@ TEST_F(PickerListViewTests, pageKeysMoveByWhatIsSeen)
 TEST_F(PickerListViewTests, spaceTogglesARepository)
 {
     open(someRepositories());
-    list()->enter();
+    list()->setFocus(Qt::TabFocusReason);
     key(Qt::Key_Space);
     EXPECT_THAT(selected(), ElementsAre("fenland/capstan"));
     key(Qt::Key_Space);
@@ -137,7 +137,7 @@ TEST_F(PickerListViewTests, spaceTogglesARepository)
 TEST_F(PickerListViewTests, spaceAndReturnPressAnOwnersButton)
 {
     open(someRepositories());
-    list()->enter();
+    list()->setFocus(Qt::TabFocusReason);
     key(Qt::Key_Home);
     key(Qt::Key_Space);
     EXPECT_EQ(selected().size(), 3U);
@@ -148,7 +148,7 @@ TEST_F(PickerListViewTests, spaceAndReturnPressAnOwnersButton)
 TEST_F(PickerListViewTests, whatMovesIntoSightClearsTheLabelAtTheTop)
 {
     openMany();
-    list()->enter();
+    list()->setFocus(Qt::TabFocusReason);
     key(Qt::Key_End);
     EXPECT_EQ(list()->visualRect(list()->currentIndex()).bottom() + 1, list()->height() - 8);
     for (int step = 0; step < 20; ++step) {
@@ -189,7 +189,7 @@ TEST_F(PickerListViewTests, aRowHalfOutOfSightStaysWhereItIsClicked)
 TEST_F(PickerListViewTests, whatIsInSightStaysWhenRepositoriesComeAndGo)
 {
     openMany();
-    list()->enter();
+    list()->setFocus(Qt::TabFocusReason);
     key(Qt::Key_End);
     const QPersistentModelIndex last(list()->currentIndex());
     const QRect place = list()->visualRect(last);
@@ -209,7 +209,7 @@ TEST_F(PickerListViewTests, whatIsInSightStaysWhenRepositoriesComeAndGo)
 TEST_F(PickerListViewTests, upInTheFirstRowGoesToTheField)
 {
     open(someRepositories());
-    list()->enter();
+    list()->setFocus(Qt::TabFocusReason);
     key(Qt::Key_Up);
     EXPECT_TRUE(list()->hasFocus());
     key(Qt::Key_Up);
@@ -219,7 +219,7 @@ TEST_F(PickerListViewTests, upInTheFirstRowGoesToTheField)
 TEST_F(PickerListViewTests, whatIsTypedInTheListGoesToTheField)
 {
     open(someRepositories());
-    list()->enter();
+    list()->setFocus(Qt::TabFocusReason);
     QTest::keyClicks(list(), QStringLiteral("q"));
     EXPECT_TRUE(findField()->hasFocus());
     EXPECT_EQ(findField()->text(), QStringLiteral("q"));

@@ -349,8 +349,9 @@ TEST_F(RepositoryPickerTests, aDismissedFolderDialogChangesNothing)
 
 TEST_F(RepositoryPickerTests, theTextSizeMovesEverything)
 {
+    Appearance& appearance = setApplicationStyle(1);
     open(someRepositories());
-    setApplicationStyle(1.5);
+    appearance.setTextScale(1.5);
     picker->resize(630, 900);
     processEvents();
     // 66 of head, 10, 42 of field, 12, the section, 12, 1 and 64 of summary.
