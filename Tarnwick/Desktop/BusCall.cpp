@@ -8,6 +8,15 @@
 
 namespace Tarnwick {
 
+QDBusMessage busMethod(const QString& method, const QVariantList& arguments)
+{
+    const QString name = QStringLiteral("org.freedesktop.DBus");
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(name, QStringLiteral("/org/freedesktop/DBus"), name, method);
+    call.setArguments(arguments);
+    return call;
+}
+
 QFuture<QDBusMessage> callBus(
     const QDBusConnection& bus, const QDBusMessage& message, std::chrono::milliseconds limit)
 {

@@ -32,14 +32,6 @@ QDBusMessage serverCall(const QString& server, const QString& method)
     return QDBusMessage::createMethodCall(server, path, service, method);
 }
 
-QDBusMessage busCall(const QString& method, const QVariantList& arguments = {service})
-{
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        busService, QStringLiteral("/org/freedesktop/DBus"), busService, method);
-    call.setArguments(arguments);
-    return call;
-}
-
 bool isError(const QDBusMessage& reply)
 {
     return reply.type() != QDBusMessage::ReplyMessage;
@@ -112,27 +104,12 @@ void NotificationCentre::listen()
         {},
         this,
         SLOT(ownerChanged(QString, QString, QString)));
-    _bus.connect(
-        {},
-        path,
-        service,
-        QStringLiteral("ActionInvoked"),
-        this,
-        SLOT(actionInvoked(quint32, QString, QDBusMessage)));
-    _bus.connect(
-        {},
-        path,
-        service,
-        QStringLiteral("ActivationToken"),
-        this,
-        SLOT(activationToken(quint32, QString, QDBusMessage)));
-    _bus.connect(
-        {},
-        path,
-        service,
-        QStringLiteral("NotificationClosed"),
-        this,
-        SLOT(notificationClosed(quint32, quint32, QDBusMessage)));
+    const auto follow = [this](const char* signal, const char* slot) {
+        _bus.connect({}, path, service, QString::fromLatin1(signal), this, slot);
+    };
+    follow("ActionInvoked", SLOT(actionInvoked(quint32, QString, QDBusMessage)));
+    follow("ActivationToken", SLOT(activationToken(quint32, QString, QDBusMessage)));
+    follow("NotificationClosed", SLOT(notificationClosed(quint32, quint32, QDBusMessage)));
 }
 
 void NotificationCentre::setDelegate(
@@ -145,7 +122,7 @@ QCoro::Task<NotificationServerStatus> NotificationCentre::status()
 {
     using enum NotificationServerStatus;
     const QFuture<QDBusMessage> asking =
-        callBus(_bus, busCall(QStringLiteral("NameHasOwner")), answerLimit);
+        callBus(_bus, busMethod(QStringLiteral("NameHasOwner"), {service}), answerLimit);
     const QDBusMessage owned = co_await asking;
     if (isError(owned)) {
         co_return unknown;
@@ -154,7 +131,7 @@ QCoro::Task<NotificationServerStatus> NotificationCentre::status()
         co_return running;
     }
     const QFuture<QDBusMessage> listing =
-        callBus(_bus, busCall(QStringLiteral("ListActivatableNames"), {}), answerLimit);
+        callBus(_bus, busMethod(QStringLiteral("ListActivatableNames"), {}), answerLimit);
     const QDBusMessage names = co_await listing;
     if (isError(names)) {
         co_return unknown;
@@ -190,12 +167,12 @@ QCoro::Task<> NotificationCentre::waitForServer()
 
 QCoro::Task<QDBusMessage> NotificationCentre::findServer()
 {
-    const QDBusMessage question = busCall(QStringLiteral("GetNameOwner"));
+    const QDBusMessage question = busMethod(QStringLiteral("GetNameOwner"), {service});
     const QFuture<QDBusMessage> asking = callBus(_bus, question, answerLimit);
     QDBusMessage owner = co_await asking;
     if (isServerMissing(owner)) {
         const QDBusMessage start =
-            busCall(QStringLiteral("StartServiceByName"), {service, quint32(0)});
+            busMethod(QStringLiteral("StartServiceByName"), {service, quint32(0)});
         const QFuture<QDBusMessage> starting = callBus(_bus, start, answerLimit);
         const QDBusMessage started = co_await starting;
         if (isError(started)) {

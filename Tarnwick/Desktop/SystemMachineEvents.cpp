@@ -27,17 +27,6 @@ constexpr auto startDelay = 2s;
 
 constexpr std::chrono::milliseconds answerLimit = 10s;
 
-QDBusMessage askForOwner(const QString& service)
-{
-    QDBusMessage question = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"),
-        QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"),
-        QStringLiteral("GetNameOwner"));
-    question << service;
-    return question;
-}
-
 }  // namespace
 
 SystemMachineEvents::SystemMachineEvents()
@@ -103,7 +92,8 @@ QCoro::Task<> SystemMachineEvents::emitIfSentBy(
         co_return;
     }
     const QPointer<SystemMachineEvents> self(this);
-    const QFuture<QDBusMessage> asking = callBus(*_bus, askForOwner(service), answerLimit);
+    const QDBusMessage question = busMethod(QStringLiteral("GetNameOwner"), {service});
+    const QFuture<QDBusMessage> asking = callBus(*_bus, question, answerLimit);
     const QDBusMessage owner = co_await asking;
     const bool isOwner = owner.type() == QDBusMessage::ReplyMessage
                          && owner.arguments().value(0).toString() == signal.service();

@@ -56,8 +56,8 @@ void ApplicationService::leave(const QDBusConnection& bus)
 bool ApplicationService::handleMessage(
     const QDBusMessage& message, const QDBusConnection& connection)
 {
-    const bool isOurs = message.interface().isEmpty()
-                        || message.interface() == QLatin1String(BusNames::application);
+    const bool isOurs =
+        message.interface().isEmpty() || message.interface() == BusNames::application;
     if (message.type() != QDBusMessage::MethodCallMessage) {
         return false;
     }
@@ -77,16 +77,10 @@ bool ApplicationService::handleMessage(
 bool ApplicationService::handleOwn(const QDBusMessage& message, const QDBusConnection& connection)
 {
     const QString member = message.member();
-    if (member == QLatin1String("Activate")) {
-        if (hasSignature(message, connection, "a{sv}")) {
-            connection.send(message.createReply());
-            Q_EMIT activateRequested(lastArgument(message));
-        }
-        return true;
-    }
-    if (member == QLatin1String("Open")) {
-        // Tarnwick opens no files; it shows the panel instead.
-        if (hasSignature(message, connection, "asa{sv}")) {
+    // Tarnwick opens no files; it shows the panel instead.
+    const bool isOpen = member == QLatin1String("Open");
+    if (isOpen || member == QLatin1String("Activate")) {
+        if (hasSignature(message, connection, isOpen ? "asa{sv}" : "a{sv}")) {
             connection.send(message.createReply());
             Q_EMIT activateRequested(lastArgument(message));
         }

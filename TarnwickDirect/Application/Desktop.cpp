@@ -2,7 +2,7 @@
 
 #include "Tarnwick/DesktopCollaborators.h"
 #include "Tarnwick/Interface/Panel/PanelDismissal.h"
-#include "Tarnwick/StandardCollaborators.h"
+#include "Tarnwick/Persistence/IniDefaultsStore.h"
 #include "TarnwickDirect/Application/ApplicationService.h"
 #include "TarnwickDirect/Application/Display.h"
 #include "TarnwickDirect/Application/ExitGuard.h"
@@ -32,7 +32,7 @@ void describeApplication()
     QApplication::setApplicationDisplayName(QStringLiteral("Tarnwick"));
     QApplication::setApplicationVersion(
         QString::fromUtf8(version().data(), qsizetype(version().size())));
-    QGuiApplication::setDesktopFileName(QString::fromLatin1(BusNames::service));
+    QGuiApplication::setDesktopFileName(BusNames::service);
     QApplication::setQuitOnLastWindowClosed(false);
 }
 
@@ -84,7 +84,9 @@ int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int a
     }
     // Qt would otherwise initialize fontconfig on the main thread.
     const auto preload = std::make_shared<Tarnwick::Preload>(
-        &Tarnwick::openStandardDefaults, Tarnwick::PullRequestDiskCache{}, [] { FcInit(); });
+        [] { return std::make_shared<Tarnwick::IniDefaultsStore>(); },
+        Tarnwick::PullRequestDiskCache{},
+        [] { FcInit(); });
     const Request request{
         .manner = command.manner, .platformData = PlatformData::fromEnvironment()};
     const QApplication application(argc, argv);
@@ -93,7 +95,7 @@ int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int a
     ApplicationService service;
     if (bus.isConnected()) {
         // Before the name is claimed, so that clients of the name find the object.
-        bus.registerVirtualObject(QString::fromLatin1(BusNames::path), &service);
+        bus.registerVirtualObject(BusNames::path, &service);
     }
     if (startOrForward(bus, request.manner, request.platformData) == Start::forwarded) {
         X11::endStartup(request.platformData.startupId.toUtf8());

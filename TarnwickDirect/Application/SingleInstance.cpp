@@ -1,5 +1,6 @@
 #include "TarnwickDirect/Application/SingleInstance.h"
 
+#include "Tarnwick/Desktop/BusCall.h"
 #include "TarnwickDirect/Status/BusNames.h"
 
 #include <QDBusError>
@@ -25,12 +26,7 @@ enum class Claim {
 
 QDBusMessage nameCall(const char* member)
 {
-    return QDBusMessage::createMethodCall(
-               QStringLiteral("org.freedesktop.DBus"),
-               QStringLiteral("/org/freedesktop/DBus"),
-               QStringLiteral("org.freedesktop.DBus"),
-               QString::fromLatin1(member))
-           << QString::fromLatin1(BusNames::service);
+    return Tarnwick::busMethod(QString::fromLatin1(member), {BusNames::service});
 }
 
 Claim claimName(const QDBusConnection& bus)
@@ -51,10 +47,7 @@ QDBusMessage messageFor(ShowPanel::Manner manner, const PlatformData& platformDa
 {
     const auto call = [](const char* member) {
         QDBusMessage message = QDBusMessage::createMethodCall(
-            QString::fromLatin1(BusNames::service),
-            QString::fromLatin1(BusNames::path),
-            QString::fromLatin1(BusNames::application),
-            QString::fromLatin1(member));
+            BusNames::service, BusNames::path, BusNames::application, QString::fromLatin1(member));
         message.setAutoStartService(false);
         return message;
     };

@@ -100,7 +100,7 @@ QList<QVariantMap> GnomeSearch::describe(const QStringList& keys) const
                 {{QStringLiteral("id"), key},
                  {QStringLiteral("name"), plainText(row->pullRequest.title)},
                  {QStringLiteral("description"), detailsOf(row->pullRequest)},
-                 {QStringLiteral("gicon"), QString::fromLatin1(BusNames::service)}});
+                 {QStringLiteral("gicon"), BusNames::service}});
         }
     }
     return descriptions;

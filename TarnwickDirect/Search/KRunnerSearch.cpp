@@ -41,8 +41,8 @@ struct Action {
 QDBusArgument& operator<<(QDBusArgument& argument, const Match& match)
 {
     argument.beginStructure();
-    argument << match.id << match.text << QString::fromLatin1(BusNames::service) << possibleMatch
-             << match.relevance << QVariantMap{{QStringLiteral("subtext"), match.subtext}};
+    argument << match.id << match.text << BusNames::service << possibleMatch << match.relevance
+             << QVariantMap{{QStringLiteral("subtext"), match.subtext}};
     argument.endStructure();
     return argument;
 }
@@ -63,12 +63,6 @@ QDBusArgument& operator<<(QDBusArgument& argument, const Action& action)
 const QDBusArgument& operator>>(const QDBusArgument& argument, Action& /*action*/)
 {
     return argument;  // NOLINT(bugprone-return-const-ref-from-parameter): nobody sends one.
-}
-
-/// The launcher interprets some markup.
-QString escaped(const QString& text)
-{
-    return text.toHtmlEscaped();
 }
 
 }  // namespace
@@ -110,11 +104,12 @@ void KRunnerSearch::match(const QDBusMessage& call, const QDBusConnection& bus) 
         }
         // Decreasing, so that the list's order is kept.
         const double relevance = 0.9 - 0.01 * static_cast<double>(matches.size());
+        // The launcher interprets some markup.
         matches.append(
             {.id = QString::fromStdString(row->id().storageKey()),
-             .text = escaped(plainText(row->pullRequest.title)),
+             .text = plainText(row->pullRequest.title).toHtmlEscaped(),
              .relevance = relevance,
-             .subtext = escaped(detailsOf(row->pullRequest))});
+             .subtext = detailsOf(row->pullRequest).toHtmlEscaped()});
     }
     if (!matches.isEmpty()) {
         matches.append(

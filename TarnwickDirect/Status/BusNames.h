@@ -1,12 +1,14 @@
 #pragma once
 
+#include <QString>
+
 /// The program's names on the session bus.
 namespace TarnwickDirect::BusNames {
 
-inline constexpr const char* service = "dev.tarnwick.Tarnwick";
-inline constexpr const char* path = "/dev/tarnwick/Tarnwick";
-inline constexpr const char* application = "org.freedesktop.Application";
-inline constexpr const char* status = "dev.tarnwick.Tarnwick.Status";
-inline constexpr const char* properties = "org.freedesktop.DBus.Properties";
+inline const QString service = QStringLiteral("dev.tarnwick.Tarnwick");
+inline const QString path = QStringLiteral("/dev/tarnwick/Tarnwick");
+inline const QString application = QStringLiteral("org.freedesktop.Application");
+inline const QString status = QStringLiteral("dev.tarnwick.Tarnwick.Status");
+inline const QString properties = QStringLiteral("org.freedesktop.DBus.Properties");
 
 }  // namespace TarnwickDirect::BusNames

@@ -97,14 +97,14 @@ bool RunningProgram::connectToBus()
         this,
         SLOT(busLost()));
     bus.connect(
-        QString::fromLatin1(BusNames::service),
-        QString::fromLatin1(BusNames::path),
-        QString::fromLatin1(BusNames::properties),
+        BusNames::service,
+        BusNames::path,
+        BusNames::properties,
         QStringLiteral("PropertiesChanged"),
         this,
         SLOT(propertiesChanged(QString, QVariantMap, QStringList)));
     _watcher = std::make_unique<QDBusServiceWatcher>(
-        QString::fromLatin1(BusNames::service), bus, QDBusServiceWatcher::WatchForOwnerChange);
+        BusNames::service, bus, QDBusServiceWatcher::WatchForOwnerChange);
     connect(
         _watcher.get(),
         &QDBusServiceWatcher::serviceOwnerChanged,
@@ -123,12 +123,9 @@ bool RunningProgram::connectToBus()
 void RunningProgram::ask()
 {
     QDBusMessage message = QDBusMessage::createMethodCall(
-        QString::fromLatin1(BusNames::service),
-        QString::fromLatin1(BusNames::path),
-        QString::fromLatin1(BusNames::properties),
-        QStringLiteral("GetAll"));
+        BusNames::service, BusNames::path, BusNames::properties, QStringLiteral("GetAll"));
     message.setAutoStartService(false);
-    message << QString::fromLatin1(BusNames::status);
+    message << BusNames::status;
     auto* const call =
         new QDBusPendingCallWatcher(QDBusConnection(_busName).asyncCall(message), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
@@ -144,7 +141,7 @@ void RunningProgram::propertiesChanged(
     const QString& interface, const QVariantMap& values, const QStringList& /*others*/)
 {
     // Changes before the first answer are ignored.
-    if (interface == QLatin1String(BusNames::status) && _status) {
+    if (interface == BusNames::status && _status) {
         QVariantMap all = _values;
         all.insert(values);
         take(all);

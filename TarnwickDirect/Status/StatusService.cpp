@@ -9,15 +9,6 @@
 namespace TarnwickDirect {
 namespace {
 
-void refuse(
-    const QDBusMessage& message,
-    const QDBusConnection& bus,
-    QDBusError::ErrorType kind,
-    const QString& text)
-{
-    bus.send(message.createErrorReply(kind, text));
-}
-
 QVariantMap differences(const QVariantMap& before, const QVariantMap& after)
 {
     QVariantMap found;
@@ -61,37 +52,28 @@ void StatusService::setStatus(const Status& status, const QDBusConnection& bus)
         return;
     }
     QDBusMessage signal = QDBusMessage::createSignal(
-        QString::fromLatin1(BusNames::path),
-        QString::fromLatin1(BusNames::properties),
-        QStringLiteral("PropertiesChanged"));
-    signal << QString::fromLatin1(BusNames::status) << changed << QStringList();
+        BusNames::path, BusNames::properties, QStringLiteral("PropertiesChanged"));
+    signal << BusNames::status << changed << QStringList();
     bus.send(signal);
 }
 
 bool StatusService::handle(const QDBusMessage& message, const QDBusConnection& bus)
 {
-    if (message.interface() == QLatin1String(BusNames::properties)) {
+    if (message.interface() == BusNames::properties) {
         return handleProperties(message, bus);
     }
-    const bool isOurs =
-        message.interface().isEmpty() || message.interface() == QLatin1String(BusNames::status);
+    const bool isOurs = message.interface().isEmpty() || message.interface() == BusNames::status;
     return isOurs && handleMethod(message, bus);
 }
 
 bool StatusService::handleMethod(const QDBusMessage& message, const QDBusConnection& bus)
 {
     const QString member = message.member();
-    if (member == QLatin1String("Refresh")) {
+    const bool isRefresh = member == QLatin1String("Refresh");
+    if (isRefresh || member == QLatin1String("Show")) {
         if (hasSignature(message, bus, "")) {
             bus.send(message.createReply());
-            Q_EMIT refreshRequested();
-        }
-        return true;
-    }
-    if (member == QLatin1String("Show")) {
-        if (hasSignature(message, bus, "")) {
-            bus.send(message.createReply());
-            Q_EMIT showRequested();
+            Q_EMIT isRefresh ? refreshRequested() : showRequested();
         }
         return true;
     }
@@ -101,11 +83,8 @@ bool StatusService::handleMethod(const QDBusMessage& message, const QDBusConnect
             if (_open && _open(which)) {
                 bus.send(message.createReply());
             } else {
-                refuse(
-                    message,
-                    bus,
-                    QDBusError::InvalidArgs,
-                    QStringLiteral("No such pull request is listed."));
+                bus.send(message.createErrorReply(
+                    QDBusError::InvalidArgs, QStringLiteral("No such pull request is listed.")));
             }
         }
         return true;
@@ -127,26 +106,20 @@ bool StatusService::handleProperties(const QDBusMessage& message, const QDBusCon
         return true;
     }
     const QString asked = message.arguments().constFirst().toString();
-    const QVariantMap values = asked.isEmpty() || asked == QLatin1String(BusNames::status)
-                                   ? properties(_status)
-                                   : QVariantMap();
+    const QVariantMap values =
+        asked.isEmpty() || asked == BusNames::status ? properties(_status) : QVariantMap();
     if (isAll) {
         bus.send(message.createReply(QVariant(values)));
         return true;
     }
     const QString name = message.arguments().at(1).toString();
     if (!values.contains(name)) {
-        refuse(
-            message,
-            bus,
-            QDBusError::UnknownProperty,
-            QStringLiteral("Unknown property \"%1\".").arg(name));
+        bus.send(message.createErrorReply(
+            QDBusError::UnknownProperty, QStringLiteral("Unknown property \"%1\".").arg(name)));
     } else if (isWrite) {
-        refuse(
-            message,
-            bus,
+        bus.send(message.createErrorReply(
             QDBusError::PropertyReadOnly,
-            QStringLiteral("The property \"%1\" is read-only.").arg(name));
+            QStringLiteral("The property \"%1\" is read-only.").arg(name)));
     } else {
         bus.send(message.createReply(QVariant::fromValue(QDBusVariant(values.value(name)))));
     }

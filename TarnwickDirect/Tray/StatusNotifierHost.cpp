@@ -6,6 +6,8 @@
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
 
+#include <utility>
+
 namespace TarnwickDirect {
 namespace {
 
@@ -84,13 +86,10 @@ void StatusNotifierHost::hostRegistered()
 
 void StatusNotifierHost::take(bool isPresent)
 {
-    const bool isNew = _isPresent != isPresent;
-    _isPresent = isPresent;
-    if (isNew) {
+    if (std::exchange(_isPresent, isPresent) != isPresent) {
         Q_EMIT changed();
     }
-    if (!_hasAnswered) {
-        _hasAnswered = true;
+    if (!std::exchange(_hasAnswered, true)) {
         Q_EMIT answered();
     }
 }
