@@ -6,6 +6,7 @@
 #include <algorithm>
 
 using PullRequestKit::PullRequest;
+using Tarnwick::ArrangedRows;
 using namespace TarnwickDirect;
 
 namespace {
@@ -55,7 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     const bool isByTurn = size > 1 && data[1] % 2 == 0 && rows.size() == turns.size();
     const std::string list = listText(
-        isByTurn ? ShownList{rows, turns, groups} : ShownList{rows},
+        isByTurn ? ArrangedRows{rows, turns, groups} : ArrangedRows{rows, {}, {}},
         [](const PullRequest& /*pullRequest*/) { return false; },
         {.isTerminal = true, .canErase = true, .hasColors = false, .columns = columns});
     std::size_t lines = 0;

@@ -65,7 +65,7 @@ PullRequestMenuModel::Collaborators standardCollaborators(
             std::chrono::steady_clock::now,
             std::make_shared<SearchMemoryFile>(
                 SearchMemoryFile::beside(PullRequestDiskCache::defaultFile()))),
-        .defaults = preload ? preload->defaults() : openStandardDefaults(),
+        .defaults = preload ? preload->defaults() : std::make_shared<IniDefaultsStore>(),
         .cache = PullRequestDiskCache{},
         .notifier = std::make_shared<SilentNotifier>(),
         .loginItem = std::make_shared<AbsentLoginItem>(),
@@ -73,11 +73,6 @@ PullRequestMenuModel::Collaborators standardCollaborators(
         .navigation = std::make_shared<ExternalNavigation>(
             ExternalNavigation::desktop(environment, [](PanelSearch /*search*/) {})),
         .preload = std::move(preload)};
-}
-
-std::shared_ptr<DefaultsStore> openStandardDefaults()
-{
-    return std::make_shared<IniDefaultsStore>();
 }
 
 }  // namespace Tarnwick

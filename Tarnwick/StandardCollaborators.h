@@ -15,7 +15,4 @@ PullRequestMenuModel::Collaborators standardCollaborators(
     const std::map<std::string, std::string>& environment,
     std::shared_ptr<Preload> preload = nullptr);
 
-/// The store of the user's settings.
-std::shared_ptr<DefaultsStore> openStandardDefaults();
-
 }  // namespace Tarnwick

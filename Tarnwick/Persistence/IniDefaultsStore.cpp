@@ -40,8 +40,9 @@ mode_t permissionsFor(const std::filesystem::path& file)
 
 }  // namespace
 
-IniDefaultsStore::IniDefaultsStore(std::filesystem::path file)
+IniDefaultsStore::IniDefaultsStore(std::filesystem::path file, Values forOnce)
     : _file(std::move(file))
+    , _forOnce(std::move(forOnce))
 {
     read();
 }
@@ -55,6 +56,9 @@ std::filesystem::path IniDefaultsStore::defaultFile()
 
 std::optional<std::string> IniDefaultsStore::value(std::string_view key) const
 {
+    if (const auto fixed = _forOnce.find(key); fixed != _forOnce.end()) {
+        return fixed->second;
+    }
     const std::string name = IniValue::encodeKey(key);
     if (const auto unsaved = _unsaved.find(name); unsaved != _unsaved.end()) {
         return unsaved->second;
@@ -65,12 +69,16 @@ std::optional<std::string> IniDefaultsStore::value(std::string_view key) const
 
 void IniDefaultsStore::set(std::string_view key, const std::string& value)
 {
-    change([&] { _unsaved.insert_or_assign(IniValue::encodeKey(key), value); });
+    if (!_forOnce.contains(key)) {
+        change([&] { _unsaved.insert_or_assign(IniValue::encodeKey(key), value); });
+    }
 }
 
 void IniDefaultsStore::remove(std::string_view key)
 {
-    change([&] { _unsaved.insert_or_assign(IniValue::encodeKey(key), std::nullopt); });
+    if (!_forOnce.contains(key)) {
+        change([&] { _unsaved.insert_or_assign(IniValue::encodeKey(key), std::nullopt); });
+    }
 }
 
 std::vector<std::string> IniDefaultsStore::keys(std::string_view prefix) const
@@ -83,6 +91,11 @@ std::vector<std::string> IniDefaultsStore::keys(std::string_view prefix) const
             names.erase(name);
         } else if (name.starts_with(start)) {
             names.insert(name);
+        }
+    }
+    for (const auto& [key, value] : _forOnce) {
+        if (key.starts_with(prefix)) {
+            names.insert(IniValue::encodeKey(key));
         }
     }
     std::vector<std::string> found;

@@ -23,7 +23,11 @@ public:
     /// Larger files count as unreadable.
     static constexpr std::size_t largestFile = std::size_t{16} * 1024 * 1024;
 
-    explicit IniDefaultsStore(std::filesystem::path file = defaultFile());
+    /// By key, encoded.
+    using Values = std::map<std::string, std::string, std::less<>>;
+
+    /// The keys of `forOnce` have these values, which are never stored, whatever is set.
+    explicit IniDefaultsStore(std::filesystem::path file = defaultFile(), Values forOnce = {});
 
     /// `dev.tarnwick.Tarnwick/settings.ini` in the user's configuration folder.
     static std::filesystem::path defaultFile();
@@ -45,6 +49,7 @@ private:
     void writeUnsaved();
 
     std::filesystem::path _file;
+    Values _forOnce;
     Files::Stamp _stamp;
     IniDocument _document;
     /// By encoded key; nothing for a key to remove.

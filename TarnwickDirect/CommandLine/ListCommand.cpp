@@ -2,8 +2,8 @@
 
 #include "Tarnwick/Async/RunUntilDone.h"
 #include "Tarnwick/Model/SettingsKeys.h"
+#include "Tarnwick/Persistence/IniDefaultsStore.h"
 #include "Tarnwick/Persistence/IniValue.h"
-#include "Tarnwick/Persistence/OverridingDefaults.h"
 #include "Tarnwick/StandardCollaborators.h"
 #include "TarnwickDirect/CommandLine/ListJson.h"
 #include "TarnwickDirect/CommandLine/ListText.h"
@@ -26,27 +26,23 @@ using Tarnwick::PullRequestMenuModel;
 
 namespace {
 
-template<typename Value>
-void setForOnce(
-    std::shared_ptr<Tarnwick::DefaultsStore>& defaults, std::string_view key, Value value)
-{
-    defaults = std::make_shared<Tarnwick::OverridingDefaults>(
-        std::move(defaults),
-        std::string(key),
-        Tarnwick::IniValue::encodeText(PullRequestKit::nameOf(value)));
-}
-
 /// The user's settings and cache. A list for other reviewers is not stored.
 PullRequestMenuModel::Collaborators collaborators(const ListPullRequests& command)
 {
     auto parts = Tarnwick::standardCollaborators(environment());
+    Tarnwick::IniDefaultsStore::Values forOnce;
     if (command.byTurn) {
-        const auto arrangement = Tarnwick::Arrangement::byWhoseTurn;
-        setForOnce(parts.defaults, Tarnwick::SettingsKeys::arrangement, arrangement);
+        const auto name = PullRequestKit::nameOf(Tarnwick::Arrangement::byWhoseTurn);
+        forOnce.emplace(Tarnwick::SettingsKeys::arrangement, Tarnwick::IniValue::encodeText(name));
     }
     if (command.reviewers) {
-        setForOnce(parts.defaults, Tarnwick::SettingsKeys::reviewers, *command.reviewers);
+        const auto name = PullRequestKit::nameOf(*command.reviewers);
+        forOnce.emplace(Tarnwick::SettingsKeys::reviewers, Tarnwick::IniValue::encodeText(name));
         parts.keepsList = false;
+    }
+    if (!forOnce.empty()) {
+        parts.defaults = std::make_shared<Tarnwick::IniDefaultsStore>(
+            Tarnwick::IniDefaultsStore::defaultFile(), std::move(forOnce));
     }
     return parts;
 }
@@ -108,12 +104,12 @@ void explain(const PullRequestMenuModel& model)
     }
 }
 
-std::string text(const PullRequestMenuModel& model, const ShownList& list)
+std::string text(const PullRequestMenuModel& model)
 {
     const auto isVisited = [&](const PullRequestKit::PullRequest& pullRequest) {
         return model.visits().isVisited(pullRequest);
     };
-    return listText(list, isVisited, terminalTraits(STDOUT_FILENO));
+    return listText(*model.list().arranged(), isVisited, terminalTraits(STDOUT_FILENO));
 }
 
 }  // namespace
@@ -127,13 +123,11 @@ int listPullRequests(const ListPullRequests& command, const SignalHandler& signa
     if (signalHandler.signal()) {
         return 1;
     }
-    const ShownList list{
-        model.rows(), model.list().arranged()->turns, model.list().arranged()->groups};
     StandardOutput output;
     if (command.asJson) {
-        writeListJson(output.stream(), model, list);
+        writeListJson(output.stream(), model, *model.list().arranged());
     } else {
-        output.stream() << text(model, list);
+        output.stream() << text(model);
     }
     if (const int status = output.finish(); status != 0) {
         return status;

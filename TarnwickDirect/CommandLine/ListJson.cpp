@@ -109,7 +109,8 @@ boost::json::object footer(const PullRequestMenuModel& model)
 
 }  // namespace
 
-void writeListJson(std::ostream& stream, const PullRequestMenuModel& model, const ShownList& list)
+void writeListJson(
+    std::ostream& stream, const PullRequestMenuModel& model, const Tarnwick::ArrangedRows& list)
 {
     std::string start = boost::json::serialize(header(model));
     start.pop_back();

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Tarnwick/PullRequestMenuModel.h"
-#include "TarnwickDirect/CommandLine/ShownList.h"
 
 #include <iosfwd>
 
@@ -10,6 +9,8 @@ namespace TarnwickDirect {
 /// Writes the list and the model's state as a JSON object and a line feed. Rows are written one at
 /// a time to save memory. Texts are unmodified and untrusted.
 void writeListJson(
-    std::ostream& stream, const Tarnwick::PullRequestMenuModel& model, const ShownList& list);
+    std::ostream& stream,
+    const Tarnwick::PullRequestMenuModel& model,
+    const Tarnwick::ArrangedRows& list);
 
 }  // namespace TarnwickDirect

@@ -10,6 +10,7 @@
 namespace TarnwickDirect {
 
 using namespace PullRequestKit;
+using Tarnwick::ArrangedRows;
 
 namespace {
 
@@ -53,7 +54,7 @@ std::string padding(int width)
 }
 
 std::vector<Entry> entriesOf(
-    const ShownList& list,
+    const ArrangedRows& list,
     const std::function<bool(const PullRequest&)>& isVisited,
     int terminalColumns)
 {
@@ -185,7 +186,7 @@ std::string drawFolded(const Entry& entry, const TerminalTraits& terminal)
     return text + "\n";
 }
 
-std::string drawHeading(const ShownList& list, std::size_t row, const TerminalTraits& terminal)
+std::string drawHeading(const ArrangedRows& list, std::size_t row, const TerminalTraits& terminal)
 {
     std::string text;
     for (const Tarnwick::TurnGroup& group : list.groups) {
@@ -224,7 +225,7 @@ std::optional<Columns> columnsOf(const std::vector<Entry>& entries, const Termin
 }  // namespace
 
 std::string listText(
-    const ShownList& list,
+    const ArrangedRows& list,
     const std::function<bool(const PullRequest&)>& isVisited,
     const TerminalTraits& terminal)
 {

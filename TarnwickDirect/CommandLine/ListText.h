@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TarnwickDirect/CommandLine/ShownList.h"
+#include "Tarnwick/Model/Arrangement.h"
 #include "TarnwickDirect/CommandLine/Terminal.h"
 
 #include <functional>
@@ -14,7 +14,7 @@ namespace TarnwickDirect {
 /// the details do not fit beside them, they go on further lines. Without a terminal nothing is cut
 /// and each pull request has one line.
 std::string listText(
-    const ShownList& list,
+    const Tarnwick::ArrangedRows& list,
     const std::function<bool(const PullRequestKit::PullRequest&)>& isVisited,
     const TerminalTraits& terminal);
 

@@ -55,10 +55,7 @@ void ListWatch::readFiles()
         _interval = Tarnwick::secondsOf(model.settings().pollingInterval);
         if (_format == WatchFormat::json) {
             std::ostringstream text;
-            writeListJson(
-                text,
-                model,
-                {model.rows(), model.list().arranged()->turns, model.list().arranged()->groups});
+            writeListJson(text, model, *model.list().arranged());
             _json = text.str();
             _json.pop_back();  // The line feed.
         }

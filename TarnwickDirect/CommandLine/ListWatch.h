@@ -19,12 +19,10 @@ namespace TarnwickDirect {
 /// and everything without a running program, from the files. Main thread only.
 class ListWatch final : public QObject {
     Q_OBJECT
-    Q_DISABLE_COPY_MOVE(ListWatch)
 
 public:
     /// Requires: `output` outlives it.
     ListWatch(WatchFormat format, LastLine& output);
-    ~ListWatch() override = default;
 
 private:
     void readFiles();

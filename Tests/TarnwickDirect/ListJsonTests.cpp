@@ -15,10 +15,11 @@ class ListJson : public ModelTest {
 protected:
     void SetUp() override { selectTools(); }
 
-    std::string text(const ArrangedRows& list = {}) const
+    std::string text(ArrangedRows list = {}) const
     {
+        list.rows = model->rows();
         std::ostringstream text;
-        TarnwickDirect::writeListJson(text, *model, {model->rows(), list.turns, list.groups});
+        TarnwickDirect::writeListJson(text, *model, list);
         return text.str();
     }
 

@@ -28,7 +28,7 @@ TerminalTraits terminal(int columns)
 
 std::string list(const std::vector<PullRequest>& pullRequests, const TerminalTraits& traits = {})
 {
-    return listText({StackBuilder::rows(pullRequests)}, noneIsVisited, traits);
+    return listText({StackBuilder::rows(pullRequests), {}, {}}, noneIsVisited, traits);
 }
 
 PullRequest titled(PullRequest pullRequest, std::string title)
@@ -101,7 +101,7 @@ TEST(ListText, goesOnWithTheTreeBesideAWarning)
     rows[0].warning = "Ambiguous base branch";
     rows[1].warning = "Ambiguous base branch";
     EXPECT_EQ(
-        listText({rows}, noneIsVisited, {}),
+        listText({rows, {}, {}}, noneIsVisited, {}),
         "#1 one       octo/tools  open  no reviews  no checks\n"
         "│  Ambiguous base branch\n"
         "├─ #2 two    octo/tools  open  no reviews  no checks\n"
@@ -258,7 +258,7 @@ RC_GTEST_PROP(ListTextProperties, noLineIsWiderThanTheTerminal, ())
     ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
     const int columns = *rc::gen::inRange(1, 160);
     for (const std::string& line :
-         linesOf(listText({anyRows()}, noneIsVisited, terminal(columns)))) {
+         linesOf(listText({anyRows(), {}, {}}, noneIsVisited, terminal(columns)))) {
         RC_ASSERT(displayWidth(line) <= columns);
         RC_ASSERT(libraryWidth(line) <= columns);
     }
@@ -268,7 +268,7 @@ RC_GTEST_PROP(ListTextProperties, titlesKeepHalfOfTheWidth, ())
 {
     const int columns = *rc::gen::inRange(1, 160);
     const auto rows = anyRows();
-    const auto lines = linesOf(listText({rows}, noneIsVisited, terminal(columns)));
+    const auto lines = linesOf(listText({rows, {}, {}}, noneIsVisited, terminal(columns)));
     std::size_t next = 0;
     for (const PullRequestRow& row : rows) {
         const std::string number = "#" + std::to_string(row.id().number) + " ";
@@ -301,7 +301,7 @@ ArrangedRows arrangedList()
 
 std::string byTurn(const ArrangedRows& list, const TerminalTraits& traits = {})
 {
-    return listText({list.rows, list.turns, list.groups}, noneIsVisited, traits);
+    return listText(list, noneIsVisited, traits);
 }
 
 TEST(ListText, standsUnderHeadingsWithReasonsByWhoseTurn)
@@ -385,7 +385,7 @@ TEST(ListText, makesVisitedTitlesFaint)
     colors.hasColors = true;
     const auto rows = StackBuilder::rows({titled(makePullRequest(1), "seen")});
     const auto visited = [](const PullRequest&) { return true; };
-    EXPECT_THAT(listText({rows}, visited, colors), StartsWith("\x1b[2m#1 seen\x1b[0m"));
+    EXPECT_THAT(listText({rows, {}, {}}, visited, colors), StartsWith("\x1b[2m#1 seen\x1b[0m"));
 }
 
 TEST(ListText, titlesCannotSteerTheTerminal)

@@ -256,6 +256,35 @@ RC_GTEST_FIXTURE_PROP(IniDefaultsStoreTest, bringsAnySettingsBackFromDisk, ())
     RC_ASSERT(contentsOf(file).find("\n[") == std::string::npos);
 }
 
+TEST_F(IniDefaultsStoreTest, hasAnotherValueForOneKeyThatIsNeverStored)
+{
+    writeFile(file, "[General]\none=stored\ntwo=stored\n");
+    IniDefaultsStore store(file, {{"one", "for once"}});
+    EXPECT_EQ(store.value("one"), "for once");
+    EXPECT_EQ(store.value("two"), "stored");
+    EXPECT_EQ(store.value("three"), std::nullopt);
+    store.change([&] {
+        store.set("one", "changed");
+        store.set("two", "changed");
+    });
+    EXPECT_EQ(store.value("one"), "for once");
+    EXPECT_EQ(contentsOf(file), "[General]\none=stored\ntwo=changed\n");
+    store.remove("one");
+    store.remove("two");
+    EXPECT_EQ(contentsOf(file), "[General]\none=stored\n");
+}
+
+TEST_F(IniDefaultsStoreTest, hasTheKeyOfSuchAValueAmongTheOthers)
+{
+    writeFile(file, "[General]\na.one=stored\nb.two=stored\n");
+    const auto keysWith = [this](const std::string& key) {
+        return IniDefaultsStore(file, {{key, "true"}}).keys("a.");
+    };
+    EXPECT_THAT(keysWith("a.three"), ElementsAre("a.one", "a.three"));
+    EXPECT_THAT(keysWith("a.one"), ElementsAre("a.one"));
+    EXPECT_THAT(keysWith("b.two"), ElementsAre("a.one"));
+}
+
 TEST(IniDefaultsStoreFile, liesInTheUsersConfigurationFolder)
 {
     qputenv("XDG_CONFIG_HOME", "/tmp/configuration");
