@@ -7,26 +7,18 @@ namespace TarnwickDirect {
 UpdateManager::UpdateManager(const MakeController& makeController)
     : _updaterController(makeController(*this))
 {
-    connect(
-        this,
-        &UpdateManager::canCheckForUpdatesHeard,
+    if (!_updaterController) {
+        return;
+    }
+    _canCheckForUpdatesObservation = connect(
+        _updaterController.get(),
+        &UpdaterController::canCheckForUpdatesChanged,
         this,
         &UpdateManager::setCanCheckForUpdates,
         Qt::QueuedConnection);
-    connect(
-        this,
-        &UpdateManager::updateAvailabilityHeard,
-        this,
-        &UpdateManager::setUpdateAvailability,
-        Qt::QueuedConnection);
-    if (_updaterController) {
-        _canCheckForUpdatesObservation = connect(
-            _updaterController.get(),
-            &UpdaterController::canCheckForUpdatesChanged,
-            this,
-            [this](bool canCheck) { Q_EMIT canCheckForUpdatesHeard(canCheck, QPrivateSignal()); });
-        Q_EMIT canCheckForUpdatesHeard(_updaterController->canCheckForUpdates(), QPrivateSignal());
-    }
+    const bool canCheck = _updaterController->canCheckForUpdates();
+    QMetaObject::invokeMethod(
+        this, [this, canCheck] { setCanCheckForUpdates(canCheck); }, Qt::QueuedConnection);
 }
 
 void UpdateManager::checkForUpdates()
@@ -51,14 +43,12 @@ void UpdateManager::stop()
     }
 }
 
-void UpdateManager::updaterDidFindValidUpdate(const QString& /*version*/)
+void UpdateManager::hear(UpdateAvailability updateAvailability)
 {
-    Q_EMIT updateAvailabilityHeard(UpdateAvailability::available, QPrivateSignal());
-}
-
-void UpdateManager::updaterDidNotFindUpdate(const QString& /*error*/)
-{
-    Q_EMIT updateAvailabilityHeard(UpdateAvailability::unavailable, QPrivateSignal());
+    QMetaObject::invokeMethod(
+        this,
+        [this, updateAvailability] { setUpdateAvailability(updateAvailability); },
+        Qt::QueuedConnection);
 }
 
 void UpdateManager::setCanCheckForUpdates(bool canCheckForUpdates)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "TarnwickDirect/SoftwareUpdate/UpdaterController.h"
-#include "TarnwickDirect/UpdateAvailability.h"
 
 #include <QObject>
 
@@ -9,6 +8,14 @@
 #include <memory>
 
 namespace TarnwickDirect {
+
+/// What the last check for updates found.
+enum class UpdateAvailability {
+    unknown,
+    checking,
+    available,
+    unavailable
+};
 
 /// The program's view of its updates. Main thread only, except for the delegate's functions, which
 /// are safe from any thread.
@@ -39,19 +46,23 @@ public:
     /// Removes unfinished downloads. Call at the end of the process; no other call may follow.
     void stop();
 
-    void updaterDidFindValidUpdate(const QString& version) override;
-    void updaterDidNotFindUpdate(const QString& error) override;
+    void updaterDidFindValidUpdate(const QString& /*version*/) override
+    {
+        hear(UpdateAvailability::available);
+    }
+
+    void updaterDidNotFindUpdate(const QString& /*error*/) override
+    {
+        hear(UpdateAvailability::unavailable);
+    }
 
 Q_SIGNALS:
     void canCheckForUpdatesChanged();
     void updateAvailabilityChanged();
 
-    /// Pass results on to the main thread.
-    void canCheckForUpdatesHeard(bool canCheckForUpdates, QPrivateSignal);
-    void updateAvailabilityHeard(
-        TarnwickDirect::UpdateAvailability updateAvailability, QPrivateSignal);
-
 private:
+    /// Passes a result on to the main thread.
+    void hear(UpdateAvailability updateAvailability);
     void setCanCheckForUpdates(bool canCheckForUpdates);
     void setUpdateAvailability(UpdateAvailability updateAvailability);
 
