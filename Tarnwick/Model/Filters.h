@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 /// The user's filters and arrangements. The name of each case is both its menu label and its stored
 /// text; the cases are in the menu's order.
@@ -58,13 +59,13 @@ enum class PollingInterval : std::int64_t {
     oneHour = 3600,
 };
 
-/// In the menu's order.
-inline constexpr std::array pollingIntervals{
-    PollingInterval::oneMinute,
-    PollingInterval::fiveMinutes,
-    PollingInterval::thirtyMinutes,
-    PollingInterval::oneHour,
-};
+/// The menu labels, in the menu's order.
+inline constexpr std::array<std::pair<PollingInterval, std::string_view>, 4> pollingIntervals{{
+    {PollingInterval::oneMinute, "1 minute"},
+    {PollingInterval::fiveMinutes, "5 minutes"},
+    {PollingInterval::thirtyMinutes, "30 minutes"},
+    {PollingInterval::oneHour, "1 hour"},
+}};
 
 constexpr std::chrono::seconds secondsOf(PollingInterval interval)
 {
@@ -74,28 +75,12 @@ constexpr std::chrono::seconds secondsOf(PollingInterval interval)
 /// The interval of exactly this length, or nothing.
 constexpr std::optional<PollingInterval> pollingIntervalOf(std::chrono::seconds length)
 {
-    for (const PollingInterval interval : pollingIntervals) {
+    for (const auto& [interval, label] : pollingIntervals) {
         if (secondsOf(interval) == length) {
             return interval;
         }
     }
     return std::nullopt;
-}
-
-/// The menu label, such as "5 minutes".
-constexpr std::string_view labelOf(PollingInterval interval)
-{
-    switch (interval) {
-    case PollingInterval::oneMinute:
-        return "1 minute";
-    case PollingInterval::fiveMinutes:
-        return "5 minutes";
-    case PollingInterval::thirtyMinutes:
-        return "30 minutes";
-    case PollingInterval::oneHour:
-        return "1 hour";
-    }
-    return {};
 }
 
 constexpr PullRequestKit::ReviewerScope reviewerScopeOf(ReviewerFilter filter)

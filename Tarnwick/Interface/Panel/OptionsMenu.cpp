@@ -109,12 +109,12 @@ void OptionsMenu::addFilter(const QString& title, std::set<E> Settings::* filter
 void OptionsMenu::addPolling()
 {
     Menu* const menu = addSubmenu(QStringLiteral("Polling"));
-    for (const PollingInterval interval : pollingIntervals) {
+    for (const auto& [interval, label] : pollingIntervals) {
         addChoice(
             *menu,
-            titleOf(labelOf(interval)),
-            [this, interval] { return _model.settings().pollingInterval == interval; },
-            [this, interval] { _model.setPollingInterval(interval); });
+            titleOf(label),
+            [this, value = interval] { return _model.settings().pollingInterval == value; },
+            [this, value = interval] { _model.setPollingInterval(value); });
     }
 }
 

@@ -39,8 +39,8 @@ TEST(Filters, areReadFromExactlyTheirTexts)
 TEST(Filters, haveFourPollingIntervalsWithLabels)
 {
     std::vector<std::pair<long, std::string_view>> intervals;
-    for (const PollingInterval interval : pollingIntervals) {
-        intervals.emplace_back(secondsOf(interval).count(), labelOf(interval));
+    for (const auto& [interval, label] : pollingIntervals) {
+        intervals.emplace_back(secondsOf(interval).count(), label);
     }
     EXPECT_THAT(
         intervals,
