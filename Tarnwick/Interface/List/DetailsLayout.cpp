@@ -240,15 +240,6 @@ private:
 
 }  // namespace
 
-QString DetailsLayout::text() const
-{
-    QStringList texts;
-    for (const Piece& piece : pieces) {
-        texts.append(piece.text);
-    }
-    return texts.join(QLatin1Char(' '));
-}
-
 DetailsLayout layOutDetails(
     const Details& details,
     const LineRoom& room,

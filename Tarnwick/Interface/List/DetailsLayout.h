@@ -23,9 +23,6 @@ struct DetailsLayout {
 
     std::vector<Piece> pieces;
     bool isElided = false;  ///< Something was dropped or elided.
-
-    /// The whole line, for tests and screen readers.
-    QString text() const;
 };
 
 struct TextMeasure {

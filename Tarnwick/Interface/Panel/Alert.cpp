@@ -55,16 +55,6 @@ PushButton* Alert::addButton(
     return button;
 }
 
-QString Alert::title() const
-{
-    return _title->text();
-}
-
-QString Alert::message() const
-{
-    return _message->text();
-}
-
 void Alert::setMessage(const QString& message)
 {
     _message->setText(message);

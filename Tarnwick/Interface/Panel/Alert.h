@@ -21,8 +21,6 @@ public:
 
     Alert(const QString& title, const Buttons& buttons, QWidget* parent);
 
-    QString title() const;
-    QString message() const;
     void setMessage(const QString& message);
 
     /// Whether to show the button `other`; it is initially shown.

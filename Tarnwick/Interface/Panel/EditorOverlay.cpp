@@ -30,11 +30,6 @@ EditorOverlay::EditorOverlay(QWidget* parent)
     content().addWidget(new ProgressBar(this));
 }
 
-QString EditorOverlay::progress() const
-{
-    return _progress->text();
-}
-
 void EditorOverlay::setProgress(const QString& progress)
 {
     _progress->setText(progress);

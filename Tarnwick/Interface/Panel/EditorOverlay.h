@@ -14,7 +14,6 @@ class EditorOverlay final : public CardOverlay {
 public:
     explicit EditorOverlay(QWidget* parent);
 
-    QString progress() const;
     void setProgress(const QString& progress);
 
 protected:

@@ -9,6 +9,7 @@
 #include <QClipboard>
 #include <QDir>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -46,6 +47,11 @@ protected:
         return alert.findChild<QAbstractButton*>(QLatin1String(name));
     }
 
+    static QString textOf(const Alert& alert, const char* name)
+    {
+        return alert.findChild<QLabel*>(QLatin1String(name))->text();
+    }
+
     void failToOpenEditor()
     {
         model->setProjectDirectory("/nowhere");
@@ -71,9 +77,9 @@ TEST_F(PanelAlertsTests, anEditorErrorIsShownWithItsWords)
     failToOpenEditor();
     const Alert& shown = alert("editorError");
     EXPECT_TRUE(shown.isVisible());
-    EXPECT_EQ(shown.title(), QStringLiteral("Unable to Open Editor"));
+    EXPECT_EQ(textOf(shown, "alertTitle"), QStringLiteral("Unable to Open Editor"));
     EXPECT_EQ(
-        shown.message(),
+        textOf(shown, "alertMessage"),
         QStringLiteral("The repository directory does not exist at /nowhere/tools. Open Menu > "
                        "Repositories and set Project Directory first."));
     EXPECT_EQ(button(shown, "alertPrimary")->text(), QStringLiteral("OK"));
@@ -133,9 +139,9 @@ TEST_F(PanelAlertsTests, withoutSettingsToOpenTheAlertSaysWhatIsMissing)
 {
     refuseNotifications();
     const Alert& shown = alert("notificationsDisabled");
-    EXPECT_EQ(shown.title(), QStringLiteral("Notifications Are Disabled"));
+    EXPECT_EQ(textOf(shown, "alertTitle"), QStringLiteral("Notifications Are Disabled"));
     EXPECT_EQ(
-        shown.message(),
+        textOf(shown, "alertMessage"),
         QStringLiteral("No program on this desktop shows notifications. Install or start a "
                        "notification service, then turn the notification you want on again."));
     EXPECT_EQ(button(shown, "alertPrimary")->text(), QStringLiteral("OK"));
@@ -150,9 +156,9 @@ TEST_F(PanelAlertsTests, disabledNotificationsAreExplained)
     refuseNotifications();
     const Alert& shown = alert("notificationsDisabled");
     EXPECT_TRUE(shown.isVisible());
-    EXPECT_EQ(shown.title(), QStringLiteral("Notifications Are Disabled"));
+    EXPECT_EQ(textOf(shown, "alertTitle"), QStringLiteral("Notifications Are Disabled"));
     EXPECT_EQ(
-        shown.message(),
+        textOf(shown, "alertMessage"),
         QStringLiteral("Enable notifications for Tarnwick, then turn the notification you want on "
                        "again."));
     EXPECT_EQ(button(shown, "alertPrimary")->text(), QStringLiteral("Open System Settings"));
@@ -187,7 +193,7 @@ TEST_F(PanelAlertsTests, theOverlayFollowsTheProgress)
     QObject::connect(flow.get(), &EditorFlow::editorProgressChanged, alerts, [&] {
         if (flow->editorProgress()) {
             EXPECT_TRUE(overlay.isVisible());
-            whileItRan = overlay.progress();
+            whileItRan = overlay.accessibleDescription();
         }
     });
     failToOpenEditor();
