@@ -26,21 +26,6 @@ constexpr std::array panes{
     Pane{"XFCE", "xfce4-notifyd-config", {}},
 };
 
-std::optional<Launch> installed(
-    const Pane& pane, const GitHub::Environment& environment, const IsExecutable& isExecutable)
-{
-    const auto found = GitHub::findProgram(environment, pane.program, isExecutable);
-    if (!found) {
-        return std::nullopt;
-    }
-    Launch launch;
-    launch.executable = *found;
-    if (!pane.argument.empty()) {
-        launch.arguments.emplace_back(pane.argument);
-    }
-    return launch;
-}
-
 std::optional<Launch> paneOf(
     std::string_view desktop,
     const GitHub::Environment& environment,
@@ -50,7 +35,11 @@ std::optional<Launch> paneOf(
         if (pane.desktop != desktop) {
             continue;
         }
-        if (auto launch = installed(pane, environment, isExecutable)) {
+        if (const auto program = GitHub::findProgram(environment, pane.program, isExecutable)) {
+            Launch launch{*program, {}, {}};
+            if (!pane.argument.empty()) {
+                launch.arguments.emplace_back(pane.argument);
+            }
             return launch;
         }
     }

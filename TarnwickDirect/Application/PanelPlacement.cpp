@@ -13,13 +13,6 @@ constexpr int margin = 4;
 /// desktop does not reserve space for.
 constexpr int iconReach = 16;
 
-enum class Edge {
-    top,
-    bottom,
-    left,
-    right,
-};
-
 int distance(const QRect& area, const QPoint& point)
 {
     const int x = std::max({area.left() - point.x(), 0, point.x() - area.right()});
@@ -34,7 +27,7 @@ const ScreenArea& screenAt(const QPoint& point, const QList<ScreenArea>& screens
 }
 
 /// The edge of the tray: where the click is outside of the free area, else the nearest.
-Edge edgeOf(const QRect& area, const QPoint& click)
+Qt::Edge edgeOf(const QRect& area, const QPoint& click)
 {
     const int top = click.y() - area.top();
     const int bottom = area.bottom() - click.y();
@@ -42,12 +35,12 @@ Edge edgeOf(const QRect& area, const QPoint& click)
     const int right = area.right() - click.x();
     const int nearest = std::min({top, bottom, left, right});
     if (nearest == top) {
-        return Edge::top;
+        return Qt::TopEdge;
     }
     if (nearest == bottom) {
-        return Edge::bottom;
+        return Qt::BottomEdge;
     }
-    return nearest == left ? Edge::left : Edge::right;
+    return nearest == left ? Qt::LeftEdge : Qt::RightEdge;
 }
 
 QPoint usualTray(const ScreenArea& screen)
@@ -68,16 +61,16 @@ QRect panelPlace(const QSize& size, std::optional<QPoint> click, const QList<Scr
     QRect place(QPoint(), size.boundedTo(room.size()));
     place.moveTopLeft(point - QPoint(place.width() / 2, place.height() / 2));
     switch (edgeOf(screen.free, point)) {
-    case Edge::top:
+    case Qt::TopEdge:
         place.moveTop(point.y() + iconReach);
         break;
-    case Edge::bottom:
+    case Qt::BottomEdge:
         place.moveBottom(point.y() - iconReach);
         break;
-    case Edge::left:
+    case Qt::LeftEdge:
         place.moveLeft(point.x() + iconReach);
         break;
-    case Edge::right:
+    case Qt::RightEdge:
         place.moveRight(point.x() - iconReach);
         break;
     }

@@ -61,21 +61,9 @@ void TrayItem::fillMenu()
     _summary = _menu.addAction(QString());
     _summary->setEnabled(false);
     _separator = _menu.addSeparator();
-    connect(
-        _menu.addAction(QStringLiteral("Open Tarnwick")),
-        &QAction::triggered,
-        this,
-        &TrayItem::openRequested);
-    connect(
-        _menu.addAction(QStringLiteral("Reload")),
-        &QAction::triggered,
-        this,
-        &TrayItem::reloadRequested);
-    connect(
-        _menu.addAction(QStringLiteral("Quit")),
-        &QAction::triggered,
-        this,
-        &TrayItem::quitRequested);
+    _menu.addAction(QStringLiteral("Open Tarnwick"), this, &TrayItem::openRequested);
+    _menu.addAction(QStringLiteral("Reload"), this, &TrayItem::reloadRequested);
+    _menu.addAction(QStringLiteral("Quit"), this, &TrayItem::quitRequested);
 }
 
 /// Hosts cache the menu, so it is kept up to date while closed.

@@ -1,5 +1,6 @@
 #include "TarnwickDirect/Tray/TrayText.h"
 
+#include "Tarnwick/Interface/Panel/PanelWording.h"
 #include "TarnwickDirect/Status/ClockText.h"
 
 namespace TarnwickDirect {
@@ -10,12 +11,6 @@ using Tarnwick::RefreshFailure;
 namespace {
 
 const QString programName = QStringLiteral("Tarnwick");
-
-QString countText(std::size_t count)
-{
-    const QString text = QStringLiteral("%1 pull request").arg(count);
-    return count == 1 ? text : text + QLatin1Char('s');
-}
 
 QString failureText(RefreshFailure failure)
 {
@@ -35,8 +30,9 @@ QString subject(const TrayStatus& status)
     if (status.failure && (!knowsPullRequests(status) || !status.lastRefreshed)) {
         return failureText(*status.failure);
     }
-    return status.state.kind == MenuState::Kind::loaded ? countText(status.shownPullRequests)
-                                                        : programName;
+    return status.state.kind == MenuState::Kind::loaded
+               ? Tarnwick::PanelWording::count(status.shownPullRequests)
+               : programName;
 }
 
 }  // namespace

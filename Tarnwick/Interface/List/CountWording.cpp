@@ -14,6 +14,11 @@ QString isolated(const std::string& name)
     return Names::isolated(Names::shown(name));
 }
 
+QString isolated(const SharedText& name)
+{
+    return isolated(name.text());
+}
+
 void addNames(QStringList& lines, const QString& heading, QStringList names)
 {
     names.removeAll(QString());
@@ -27,20 +32,12 @@ void addNames(QStringList& lines, const QString& heading, QStringList names)
     lines.append(line);
 }
 
-QStringList isolated(const std::vector<std::string>& names)
+template<typename Name>
+QStringList isolated(const std::vector<Name>& names)
 {
     QStringList shown;
-    for (const std::string& name : names) {
+    for (const Name& name : names) {
         shown.append(isolated(name));
-    }
-    return shown;
-}
-
-QStringList isolated(const std::vector<SharedText>& names)
-{
-    QStringList shown;
-    for (const SharedText& name : names) {
-        shown.append(isolated(name.text()));
     }
     return shown;
 }

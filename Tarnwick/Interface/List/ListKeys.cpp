@@ -2,52 +2,44 @@
 
 #include <QKeyEvent>
 
+#include <algorithm>
+#include <span>
+
 namespace Tarnwick {
 namespace {
 
-std::optional<ListCommand> plainCommand(int key)
-{
-    switch (key) {
-    case Qt::Key_Up:
-    case Qt::Key_K:
-        return ListCommand::up;
-    case Qt::Key_Down:
-    case Qt::Key_J:
-        return ListCommand::down;
-    case Qt::Key_Home:
-        return ListCommand::first;
-    case Qt::Key_End:
-        return ListCommand::last;
-    case Qt::Key_PageUp:
-        return ListCommand::pageUp;
-    case Qt::Key_PageDown:
-        return ListCommand::pageDown;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        return ListCommand::open;
-    case Qt::Key_Menu:
-        return ListCommand::showMenu;
-    default:
-        return {};
-    }
-}
+struct KeyCommand {
+    int key;
+    ListCommand command;
+};
+
+constexpr KeyCommand plainKeys[] = {
+    {Qt::Key_Up, ListCommand::up},
+    {Qt::Key_K, ListCommand::up},
+    {Qt::Key_Down, ListCommand::down},
+    {Qt::Key_J, ListCommand::down},
+    {Qt::Key_Home, ListCommand::first},
+    {Qt::Key_End, ListCommand::last},
+    {Qt::Key_PageUp, ListCommand::pageUp},
+    {Qt::Key_PageDown, ListCommand::pageDown},
+    {Qt::Key_Return, ListCommand::open},
+    {Qt::Key_Enter, ListCommand::open},
+    {Qt::Key_Menu, ListCommand::showMenu},
+};
 
 /// Ctrl is required for commands that start work or leave the panel open.
-std::optional<ListCommand> controlCommand(int key)
+constexpr KeyCommand controlKeys[] = {
+    {Qt::Key_Return, ListCommand::openAndStay},
+    {Qt::Key_Enter, ListCommand::openAndStay},
+    {Qt::Key_E, ListCommand::openInEditor},
+    {Qt::Key_Down, ListCommand::nextGroup},
+    {Qt::Key_Up, ListCommand::previousGroup},
+};
+
+std::optional<ListCommand> commandOf(int key, std::span<const KeyCommand> keys)
 {
-    switch (key) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        return ListCommand::openAndStay;
-    case Qt::Key_E:
-        return ListCommand::openInEditor;
-    case Qt::Key_Down:
-        return ListCommand::nextGroup;
-    case Qt::Key_Up:
-        return ListCommand::previousGroup;
-    default:
-        return {};
-    }
+    const auto found = std::ranges::find(keys, key, &KeyCommand::key);
+    return found == keys.end() ? std::nullopt : std::optional(found->command);
 }
 
 }  // namespace
@@ -59,14 +51,14 @@ std::optional<ListCommand> listCommand(const QKeyEvent& event)
         return ListCommand::showMenu;
     }
     if (modifiers == Qt::ControlModifier) {
-        return controlCommand(event.key());
+        return commandOf(event.key(), controlKeys);
     }
     // The slash needs Shift on some keyboard layouts.
     const bool isText = (modifiers & ~Qt::ShiftModifier) == Qt::NoModifier;
     if (isText && event.text() == QLatin1String("/")) {
         return ListCommand::find;
     }
-    return modifiers == Qt::NoModifier ? plainCommand(event.key()) : std::nullopt;
+    return modifiers == Qt::NoModifier ? commandOf(event.key(), plainKeys) : std::nullopt;
 }
 
 }  // namespace Tarnwick

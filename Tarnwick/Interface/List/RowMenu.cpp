@@ -14,15 +14,12 @@ using Choose = std::function<void(RowAction)>;
 
 QAction* addChoice(Menu& menu, const QString& title, RowAction action, const Choose& choose)
 {
-    QAction* const item = menu.addAction(title);
-    QObject::connect(item, &QAction::triggered, &menu, [choose, action] { choose(action); });
-    return item;
+    return menu.addAction(title, &menu, [choose, action] { choose(action); });
 }
 
 void addCopy(Menu& menu, const QString& title, const std::string& text)
 {
-    const QString copied = QString::fromStdString(text);
-    QObject::connect(menu.addAction(title), &QAction::triggered, &menu, [copied] {
+    menu.addAction(title, &menu, [copied = QString::fromStdString(text)] {
         QGuiApplication::clipboard()->setText(copied);
     });
 }

@@ -45,14 +45,11 @@ QWindow* firstVisibleWindow()
 /// never come back (Qt 6.4).
 void hide(QWindow& window)
 {
-    const QWidgetList widgets = QApplication::topLevelWidgets();
-    for (QWidget* const widget : widgets) {
-        if (widget->windowHandle() == &window) {
-            widget->hide();
-            return;
-        }
+    if (QWidget* const widget = QWidget::find(window.winId())) {
+        widget->hide();
+    } else {
+        window.hide();
     }
-    window.hide();
 }
 
 }  // namespace

@@ -9,22 +9,6 @@
 #include <cmath>
 
 namespace Tarnwick::AppFonts {
-namespace {
-
-QFont::Weight qtWeight(TextWeight weight)
-{
-    switch (weight) {
-    case TextWeight::regular:
-        return QFont::Normal;
-    case TextWeight::medium:
-        return QFont::Medium;
-    case TextWeight::bold:
-        return QFont::Bold;
-    }
-    return QFont::Normal;
-}
-
-}  // namespace
 
 void registerBundledFonts()
 {
@@ -61,7 +45,7 @@ QFont font(double pointSize, TextWeight weight)
     QFont font;
     font.setFamilies({QStringLiteral("Geist"), QGuiApplication::font().family()});
     font.setPointSizeF(pointSize);
-    font.setWeight(qtWeight(weight));
+    font.setWeight(static_cast<QFont::Weight>(weight));
     font.setHintingPreference(QFont::PreferVerticalHinting);
     return font;
 }

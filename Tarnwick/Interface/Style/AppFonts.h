@@ -2,8 +2,6 @@
 
 #include "Tarnwick/Interface/Style/TextStyle.h"
 
-#include <QFont>
-
 namespace Tarnwick {
 
 /// The bundled fonts. Main thread only.

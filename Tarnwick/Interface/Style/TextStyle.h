@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QFont>
+
 namespace Tarnwick {
 
 /// Text styles with sizes relative to the desktop's font.
@@ -18,9 +20,9 @@ enum class TextStyle {
 };
 
 enum class TextWeight {
-    regular,
-    medium,
-    bold,
+    regular = QFont::Normal,
+    medium = QFont::Medium,
+    bold = QFont::Bold,
 };
 
 /// The size of a style as a multiple of the desktop font's.
