@@ -41,11 +41,6 @@ FactsQuestions::~FactsQuestions()
     cancel();
 }
 
-void FactsQuestions::recall(SharedFacts facts)
-{
-    _facts = std::move(facts);
-}
-
 const PullRequestFacts* FactsQuestions::of(const PullRequestID& id) const
 {
     const auto found = _facts->find(id);

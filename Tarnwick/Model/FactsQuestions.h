@@ -43,7 +43,7 @@ public:
     const PullRequestKit::SharedFacts& facts() const { return _facts; }
 
     /// Sets the stored facts of an earlier run.
-    void recall(PullRequestKit::SharedFacts facts);
+    void recall(PullRequestKit::SharedFacts facts) { _facts = std::move(facts); }
 
     /// Null when unknown.
     const PullRequestKit::PullRequestFacts* of(const PullRequestKit::PullRequestID& id) const;

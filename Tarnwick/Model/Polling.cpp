@@ -37,11 +37,6 @@ void Polling::start(std::chrono::seconds period)
     _task.start([this](std::stop_token stopToken) { return run(std::move(stopToken)); });
 }
 
-void Polling::stop()
-{
-    _task.cancel();
-}
-
 QCoro::Task<> Polling::run(std::stop_token stopToken)
 {
     while (!stopToken.stop_requested()) {

@@ -49,7 +49,7 @@ public:
     /// Restarts the period. A running refresh continues.
     void start(std::chrono::seconds period);
 
-    void stop();
+    void stop() { _task.cancel(); }
 
 private:
     QCoro::Task<> run(std::stop_token stopToken);

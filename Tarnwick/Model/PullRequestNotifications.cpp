@@ -36,11 +36,6 @@ PullRequestNotifications::PullRequestNotifications(
     , _prepared(finishedFuture())
 {}
 
-void PullRequestNotifications::dismissSettingsChange()
-{
-    setSettingsChangeRequired(false);
-}
-
 void PullRequestNotifications::prepare()
 {
     if (notifies(_settings)) {

@@ -37,7 +37,7 @@ public:
     /// The desktop refused permission; the user has to change that in its settings.
     bool isSettingsChangeRequired() const { return _isSettingsChangeRequired; }
 
-    void dismissSettingsChange();
+    void dismissSettingsChange() { setSettingsChangeRequired(false); }
 
     /// Checks the permission if a setting is on, and turns all off without it.
     void prepare();

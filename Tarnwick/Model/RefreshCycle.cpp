@@ -27,11 +27,6 @@ RefreshCycle::RefreshCycle(
     , _steps(std::move(steps))
 {}
 
-QCoro::Task<> RefreshCycle::refresh()
-{
-    return refreshUntilStopped(_lifetime.get_token());
-}
-
 void RefreshCycle::start()
 {
     _task.start(

@@ -48,7 +48,7 @@ public:
     RefreshEnd lastEnd() const { return _end; }
 
     /// Refreshes once and resumes at its end. Does nothing while another refresh is running.
-    QCoro::Task<> refresh();
+    QCoro::Task<> refresh() { return refreshUntilStopped(_lifetime.get_token()); }
 
     /// Starts a refresh and cancels one that was started or scheduled.
     void start();

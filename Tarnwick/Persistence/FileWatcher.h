@@ -16,7 +16,6 @@ namespace Tarnwick {
 /// symbolic link. Neither the file nor its folder need exist. Does not poll. Main thread only.
 class FileWatcher final : public QObject {
     Q_OBJECT
-    Q_DISABLE_COPY_MOVE(FileWatcher)
 
 public:
     /// The time without changes before a report: editors truncate a file before they write it.
@@ -27,7 +26,6 @@ public:
 
     /// A shorter delay suits files that are always replaced as a whole.
     explicit FileWatcher(std::filesystem::path file, std::chrono::milliseconds restBefore = rest);
-    ~FileWatcher() override = default;
 
 Q_SIGNALS:
     void changed();

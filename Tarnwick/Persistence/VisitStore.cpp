@@ -32,21 +32,6 @@ std::optional<Date> VisitStore::lastVisited(const PullRequestID& id) const
     return known != nullptr ? std::optional(known->at) : std::nullopt;
 }
 
-void VisitStore::recordVisit(const PullRequestID& id)
-{
-    write(id, Visit{_now(), std::nullopt});
-}
-
-void VisitStore::recordVisit(const PullRequestID& id, const SeenPullRequest& seen)
-{
-    write(id, Visit{_now(), seen});
-}
-
-void VisitStore::forgetVisit(const PullRequestID& id)
-{
-    write(id, std::nullopt);
-}
-
 void VisitStore::write(const PullRequestID& id, const std::optional<Visit>& visit)
 {
     const std::string name = id.storageKey();

@@ -39,12 +39,14 @@ public:
     /// Nothing without a visit or with an invalid value.
     std::optional<PullRequestKit::Date> lastVisited(const PullRequestKit::PullRequestID& id) const;
 
-    void recordVisit(const PullRequestKit::PullRequestID& id);
-
     void recordVisit(
-        const PullRequestKit::PullRequestID& id, const PullRequestKit::SeenPullRequest& seen);
+        const PullRequestKit::PullRequestID& id,
+        const std::optional<PullRequestKit::SeenPullRequest>& seen = {})
+    {
+        write(id, Visit{_now(), seen});
+    }
 
-    void forgetVisit(const PullRequestKit::PullRequestID& id);
+    void forgetVisit(const PullRequestKit::PullRequestID& id) { write(id, std::nullopt); }
 
     /// Whether the pull request has not been updated since the last visit.
     bool isVisited(const PullRequestKit::PullRequest& pullRequest) const;

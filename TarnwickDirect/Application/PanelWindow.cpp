@@ -98,11 +98,6 @@ void PanelWindow::applyForm()
     }
 }
 
-void PanelWindow::setPreferredSize(const QSize& size)
-{
-    _preferredSize = size.expandedTo(minimumSize());
-}
-
 void PanelWindow::place(std::optional<QPoint> click)
 {
     if (click) {
@@ -132,11 +127,6 @@ void PanelWindow::present(std::optional<QPoint> click, const PlatformData& platf
         place(click);
     }
     bringToFront(*this, platformData);
-}
-
-void PanelWindow::setKeepsFromClosing(std::function<bool()> keepsFromClosing)
-{
-    _keepsFromClosing = std::move(keepsFromClosing);
 }
 
 void PanelWindow::leave()

@@ -43,7 +43,7 @@ public:
     Form form() const { return _form; }
 
     /// The size to use when shown, as far as the screen allows.
-    void setPreferredSize(const QSize& size);
+    void setPreferredSize(const QSize& size) { _preferredSize = size.expandedTo(minimumSize()); }
 
     QSize preferredSize() const { return _preferredSize; }
 
@@ -60,7 +60,10 @@ public:
 
     /// Called each time the user closes the window; returning true keeps it open. Must return false
     /// once the program ends, because Qt does not quit while windows stay open.
-    void setKeepsFromClosing(std::function<bool()> keepsFromClosing);
+    void setKeepsFromClosing(std::function<bool()> keepsFromClosing)
+    {
+        _keepsFromClosing = std::move(keepsFromClosing);
+    }
 
     /// Hides the window without emitting `closed`.
     void dismiss();

@@ -69,11 +69,6 @@ QRect ResizeHandle::place(Qt::Edges edges, const QSize& window)
     return place;
 }
 
-void ResizeHandle::moveToEdge()
-{
-    setGeometry(place(_edges, window()->size()));
-}
-
 void ResizeHandle::mousePressEvent(QMouseEvent* event)
 {
     QWindow* const handle = window()->windowHandle();

@@ -16,7 +16,7 @@ public:
     static QRect place(Qt::Edges edges, const QSize& window);
 
     /// Call after the window was resized.
-    void moveToEdge();
+    void moveToEdge() { setGeometry(place(_edges, window()->size())); }
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;

@@ -12,10 +12,18 @@ struct TarnwickMenuContent {
     std::function<void()> checkForUpdates;  ///< Empty without an updater.
 
     /// Requires: `model` outlives the view.
-    Tarnwick::PullRequestMenuView* makeView(Tarnwick::PullRequestMenuModel& model) const;
+    Tarnwick::PullRequestMenuView* makeView(Tarnwick::PullRequestMenuModel& model) const
+    {
+        auto* const view = new Tarnwick::PullRequestMenuView(model);
+        update(*view);
+        return view;
+    }
 
     /// Updates an existing view.
-    void update(Tarnwick::PullRequestMenuView& view) const;
+    void update(Tarnwick::PullRequestMenuView& view) const
+    {
+        view.setUpdateCheck(canCheckForUpdates, checkForUpdates);
+    }
 };
 
 }  // namespace TarnwickDirect

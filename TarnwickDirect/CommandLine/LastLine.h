@@ -14,12 +14,10 @@ namespace TarnwickDirect {
 /// one that cannot be written yet. Notices at once when the reader is gone. Main thread only.
 class LastLine final : public QObject {
     Q_OBJECT
-    Q_DISABLE_COPY_MOVE(LastLine)
 
 public:
     /// Requires: the descriptor stays open.
     explicit LastLine(int descriptor, QObject* parent = nullptr);
-    ~LastLine() override = default;
 
     /// Writes the text and a line feed as soon as possible.
     void write(std::string text);

@@ -13,14 +13,12 @@ namespace TarnwickDirect {
 /// Requires: the model and its trouble outlive it. Main thread only.
 class StatusFeed final : public QObject {
     Q_OBJECT
-    Q_DISABLE_COPY_MOVE(StatusFeed)
 
 public:
     StatusFeed(
         const Tarnwick::PullRequestMenuModel& model,
         const Trouble& trouble,
         QObject* parent = nullptr);
-    ~StatusFeed() override = default;
 
     const Status& status() const { return _status; }
 

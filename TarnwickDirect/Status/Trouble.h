@@ -12,11 +12,9 @@ namespace TarnwickDirect {
 /// Main thread only.
 class Trouble final : public QObject {
     Q_OBJECT
-    Q_DISABLE_COPY_MOVE(Trouble)
 
 public:
     explicit Trouble(const Tarnwick::PullRequestMenuModel& model, QObject* parent = nullptr);
-    ~Trouble() override = default;
 
     bool isThere() const { return _isThere; }
 

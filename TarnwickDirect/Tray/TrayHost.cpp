@@ -28,11 +28,6 @@ TrayHost::TrayHost(const QDBusConnection& bus, QObject* parent)
     });
 }
 
-void TrayHost::start()
-{
-    _items.start();
-}
-
 bool TrayHost::isPresent() const
 {
     return _items.isPresent() || (_hasX11Tray && X11::hasOwner(X11::traySelection()));

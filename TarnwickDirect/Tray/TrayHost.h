@@ -16,7 +16,7 @@ public:
     explicit TrayHost(const QDBusConnection& bus, QObject* parent = nullptr);
 
     /// Looks for a tray; `settled` follows, possibly before this returns.
-    void start();
+    void start() { _items.start(); }
 
     bool isPresent() const;
 

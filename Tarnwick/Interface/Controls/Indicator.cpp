@@ -37,9 +37,4 @@ void Indicator::showEvent(QShowEvent* /*event*/)
     }
 }
 
-void Indicator::hideEvent(QHideEvent* /*event*/)
-{
-    _timer.stop();
-}
-
 }  // namespace Tarnwick

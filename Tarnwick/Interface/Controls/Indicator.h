@@ -19,7 +19,8 @@ protected:
 
     void timerEvent(QTimerEvent* event) override;
     void showEvent(QShowEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
+
+    void hideEvent(QHideEvent* /*event*/) override { _timer.stop(); }
 
 private:
     QBasicTimer _timer;

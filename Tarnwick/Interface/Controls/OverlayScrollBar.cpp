@@ -97,16 +97,6 @@ void OverlayScrollBar::paintEvent(QPaintEvent* /*event*/)
         mixed(palette.controlLine, palette.textTertiary, growth));
 }
 
-void OverlayScrollBar::enterEvent(QEnterEvent* /*event*/)
-{
-    _growth.setOn(true);
-}
-
-void OverlayScrollBar::leaveEvent(QEvent* /*event*/)
-{
-    _growth.setOn(false);
-}
-
 void OverlayScrollBar::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton) {

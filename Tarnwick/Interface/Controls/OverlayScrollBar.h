@@ -27,8 +27,11 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
+
+    void enterEvent(QEnterEvent* /*event*/) override { _growth.setOn(true); }
+
+    void leaveEvent(QEvent* /*event*/) override { _growth.setOn(false); }
+
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

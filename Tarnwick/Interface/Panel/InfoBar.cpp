@@ -183,9 +183,4 @@ void InfoBar::paintEvent(QPaintEvent* /*event*/)
         isError ? palette.textPrimary : palette.textSecondary);
 }
 
-void InfoBar::resizeEvent(QResizeEvent* /*event*/)
-{
-    layOut();
-}
-
 }  // namespace Tarnwick

@@ -47,7 +47,8 @@ Q_SIGNALS:
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+
+    void resizeEvent(QResizeEvent* /*event*/) override { layOut(); }
 
 private:
     void layOut();

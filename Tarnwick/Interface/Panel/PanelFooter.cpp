@@ -118,11 +118,6 @@ void PanelFooter::layOut()
     _chip->setGeometry(QRect(QPoint(left, (height() - size.height()) / 2), size));
 }
 
-void PanelFooter::resizeEvent(QResizeEvent* /*event*/)
-{
-    layOut();
-}
-
 void PanelFooter::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
@@ -144,16 +139,6 @@ void PanelFooter::timerEvent(QTimerEvent* event)
     if (event->timerId() == _timer.timerId()) {
         refreshText();
     }
-}
-
-void PanelFooter::showEvent(QShowEvent* /*event*/)
-{
-    refreshText();
-}
-
-void PanelFooter::hideEvent(QHideEvent* /*event*/)
-{
-    _timer.stop();
 }
 
 }  // namespace Tarnwick

@@ -45,10 +45,13 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
-    void showEvent(QShowEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
+
+    void resizeEvent(QResizeEvent* /*event*/) override { layOut(); }
+
+    void showEvent(QShowEvent* /*event*/) override { refreshText(); }
+
+    void hideEvent(QHideEvent* /*event*/) override { _timer.stop(); }
 
 private:
     void refreshText();

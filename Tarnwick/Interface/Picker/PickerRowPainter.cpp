@@ -35,11 +35,6 @@ void drawElided(
 
 }  // namespace
 
-void PickerRowPainter::applyAppearance()
-{
-    _metrics = PickerRowMetrics();
-}
-
 PickerRowGeometry PickerRowPainter::geometryOf(const PickerRow& row, int width) const
 {
     if (row.isOwner()) {

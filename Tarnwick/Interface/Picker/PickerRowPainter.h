@@ -18,7 +18,7 @@ public:
     };
 
     /// Call when the appearance has changed.
-    void applyAppearance();
+    void applyAppearance() { _metrics = PickerRowMetrics(); }
 
     const PickerRowMetrics& metrics() const { return _metrics; }
 

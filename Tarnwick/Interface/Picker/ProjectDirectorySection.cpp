@@ -154,15 +154,4 @@ void ProjectDirectorySection::choose()
     _dialog->open();
 }
 
-void ProjectDirectorySection::resizeEvent(QResizeEvent* /*event*/)
-{
-    showNote();
-}
-
-/// The folder may have been created or removed since.
-void ProjectDirectorySection::showEvent(QShowEvent* /*event*/)
-{
-    lookForFolder();
-}
-
 }  // namespace Tarnwick

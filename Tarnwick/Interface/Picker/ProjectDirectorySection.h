@@ -30,8 +30,10 @@ public:
     QLineEdit& field() const;
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
-    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* /*event*/) override { showNote(); }
+
+    /// The folder may have been created or removed since.
+    void showEvent(QShowEvent* /*event*/) override { lookForFolder(); }
 
 private:
     void showSetting();
