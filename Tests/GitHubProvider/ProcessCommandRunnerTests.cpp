@@ -4,6 +4,7 @@
 #include "HelperChannel.h"
 #include "Support/LeakCheck.h"
 
+#include <cerrno>
 #include <csignal>
 #include <fstream>
 #include <system_error>
@@ -335,8 +336,9 @@ private:
 
 TEST_F(LaunchFailure, leavesNothingBehindWhicheverDescriptorCannotBeOpened)
 {
-    // The undefined-behaviour sanitizer opens a pipe where it meets a class for the first time.
+    // The undefined-behavior sanitizer opens a pipe where it meets a class for the first time.
     ASSERT_EQ(runHelper({"exit", "3"}).status, 3);
+    const std::system_error met(EMFILE, std::generic_category());
     const auto before = openDescriptors();
     rlim_t limit = 0;
     while (before.contains(static_cast<int>(limit))) {
