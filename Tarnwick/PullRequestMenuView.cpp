@@ -105,7 +105,7 @@ void PullRequestMenuView::panelHidden()
 
 void PullRequestMenuView::connectHeader()
 {
-    _header->brand().setToolTip(webSiteHelpText());
+    _header->brand().setToolTip(webSiteToolTip());
     connect(&_header->brand(), &QAbstractButton::clicked, this, &PullRequestMenuView::openWebSite);
     connect(&_header->options(), &QAbstractButton::clicked, this, &PullRequestMenuView::showMenu);
     connect(&_header->find(), &QAbstractButton::clicked, this, [this] {

@@ -1,6 +1,6 @@
 #include "Tarnwick/Interface/List/HeadedListView.h"
 
-#include "Tarnwick/Interface/Controls/HelpText.h"
+#include "Tarnwick/Interface/Controls/ToolTip.h"
 #include "Tarnwick/Interface/List/ListNavigation.h"
 #include "Tarnwick/Interface/Style/Appearance.h"
 
@@ -354,10 +354,10 @@ void HeadedListView::mouseDoubleClickEvent(QMouseEvent* event)
     event->accept();
 }
 
-QString HeadedListView::helpTextAt(const QPoint& position) const
+QString HeadedListView::toolTipAt(const QPoint& position) const
 {
     const int row = rowAt(position);
-    return row < 0 ? QString() : helpText(row, inRow(row, position));
+    return row < 0 ? QString() : rowToolTip(row, inRow(row, position));
 }
 
 void HeadedListView::showHelp(const QPoint& position, const QPoint& globalPosition)
@@ -372,9 +372,9 @@ void HeadedListView::showHelp(const QPoint& position, const QPoint& globalPositi
     const int below = viewport()->mapToGlobal(place.bottomLeft()).y() + 1 - helpBelowPointer;
     QToolTip::showText(
         QPoint(globalPosition.x(), std::max(globalPosition.y(), below)),
-        helpMarkup(helpTextAt(position)),
+        toolTipMarkup(toolTipAt(position)),
         viewport(),
-        helpPlace(row, inRow(row, position)).translated(place.topLeft()));
+        toolTipPlace(row, inRow(row, position)).translated(place.topLeft()));
 }
 
 bool HeadedListView::viewportEvent(QEvent* event)

@@ -34,7 +34,7 @@ public:
     virtual void paintRow(QPainter& painter, int row, const QRect& place) const = 0;
 
     /// The tool tip at a point of the viewport; empty outside of rows.
-    QString helpTextAt(const QPoint& position) const;
+    QString toolTipAt(const QPoint& position) const;
 
     /// The next list keeps visible rows in place, even if scrolled to its top.
     void holdRows() { _holdsTop = true; }
@@ -47,9 +47,9 @@ protected:
 
     /// `position` is relative to the row's upper left corner.
     virtual bool isOnButton(int row, const QPoint& position) const = 0;
-    virtual QString helpText(int row, const QPoint& position) const = 0;
+    virtual QString rowToolTip(int row, const QPoint& position) const = 0;
     /// The area in which the tool tip stays, also relative to the row.
-    virtual QRect helpPlace(int row, const QPoint& position) const = 0;
+    virtual QRect toolTipPlace(int row, const QPoint& position) const = 0;
 
     /// A click on the row, on or beside its button.
     virtual void clicked(int row, bool onButton, const QMouseEvent& event) = 0;

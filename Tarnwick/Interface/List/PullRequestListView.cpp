@@ -148,12 +148,12 @@ void PullRequestListView::paintEvent(QPaintEvent* event)
     }
 }
 
-QString PullRequestListView::helpText(int row, const QPoint& position) const
+QString PullRequestListView::rowToolTip(int row, const QPoint& position) const
 {
-    return _rows.helpText(row, _rows.partAt(row, position));
+    return _rows.toolTip(row, _rows.partAt(row, position));
 }
 
-QRect PullRequestListView::helpPlace(int row, const QPoint& position) const
+QRect PullRequestListView::toolTipPlace(int row, const QPoint& position) const
 {
     return _rows.place(row, _rows.partAt(row, position));
 }

@@ -46,8 +46,8 @@ protected:
     int headingHeight() const override { return _rows.metrics().heading; }
 
     bool isOnButton(int row, const QPoint& position) const override;
-    QString helpText(int row, const QPoint& position) const override;
-    QRect helpPlace(int row, const QPoint& position) const override;
+    QString rowToolTip(int row, const QPoint& position) const override;
+    QRect toolTipPlace(int row, const QPoint& position) const override;
     void clicked(int row, bool onButton, const QMouseEvent& event) override;
 
     bool takes(Qt::MouseButton button) const override

@@ -102,50 +102,50 @@ QRect RowDelegate::place(int row, RowPart part) const
     return {0, 0, _metrics.width, places.height};
 }
 
-QString RowDelegate::titleHelpText(int row) const
+QString RowDelegate::titleToolTip(int row) const
 {
     return title(row)->isElided()
-               ? _model.content(row).title() + QLatin1Char('\n') + RowWording::openHelpText
-               : RowWording::openHelpText;
+               ? _model.content(row).title() + QLatin1Char('\n') + RowWording::openToolTip
+               : RowWording::openToolTip;
 }
 
-QString RowDelegate::detailsHelpText(int row) const
+QString RowDelegate::detailsToolTip(int row) const
 {
     const RowContent& content = _model.content(row);
     const DetailsLayout shown = RowTexts::detailsLayout(
         content, _model.now(), _metrics, geometry(row).detailsBesideButton.width());
     QStringList lines{
         shown.isElided ? RowWording::detailsText(RowTexts::details(content, _model.now()))
-                       : RowWording::openHelpText};
+                       : RowWording::openToolTip};
     if (content.hasChanged()) {
         lines.append(RowTexts::sinceSentence(content, _model.now()));
     }
     return lines.join(QLatin1Char('\n'));
 }
 
-QString RowDelegate::helpText(int row, RowPart part) const
+QString RowDelegate::toolTip(int row, RowPart part) const
 {
     const RowContent& content = _model.content(row);
     switch (part) {
     case RowPart::stateIcon:
-        return RowWording::stateHelpText(content.row());
+        return RowWording::stateToolTip(content.row());
     case RowPart::conflict:
-        return RowWording::conflictHelpText;
+        return RowWording::conflictToolTip;
     case RowPart::review:
-        return RowWording::reviewHelpText(content.pullRequest(), content.details());
+        return RowWording::reviewToolTip(content.pullRequest(), content.details());
     case RowPart::check:
-        return RowWording::checkHelpText(content.pullRequest(), content.details());
+        return RowWording::checkToolTip(content.pullRequest(), content.details());
     case RowPart::editorButton:
-        return RowWording::editorHelpText;
+        return RowWording::editorToolTip;
     case RowPart::title:
-        return titleHelpText(row);
+        return titleToolTip(row);
     case RowPart::dot:
         return RowTexts::sinceSentence(content, _model.now());
     case RowPart::details:
-        return detailsHelpText(row);
+        return detailsToolTip(row);
     case RowPart::warning:
     case RowPart::row:
-        return RowWording::openHelpText;
+        return RowWording::openToolTip;
     }
     return {};
 }

@@ -45,7 +45,7 @@ public:
     QRect place(int row, RowPart part) const;
 
     /// The tool tip of a part, including the whole of an elided text. Plain text.
-    QString helpText(int row, RowPart part) const;
+    QString toolTip(int row, RowPart part) const;
 
     void paint(QPainter& painter, int row, const RowState& situation) const;
 
@@ -53,8 +53,8 @@ private:
     TitleCache& titles(const RowContent& content) const;
     RowShape shape(int row) const;
     std::shared_ptr<const TitleLayout> title(int row) const;
-    QString titleHelpText(int row) const;
-    QString detailsHelpText(int row) const;
+    QString titleToolTip(int row) const;
+    QString detailsToolTip(int row) const;
 
     const PullRequestListModel& _model;
     double _textScale;

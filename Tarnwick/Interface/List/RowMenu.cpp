@@ -59,7 +59,7 @@ Menu* makeRowMenu(
     menu->setObjectName(QStringLiteral("rowMenu"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
     addChoice(*menu, QStringLiteral("Open in Browser"), RowAction::open, choose);
-    addChoice(*menu, RowWording::editorHelpText, RowAction::openInEditor, choose);
+    addChoice(*menu, RowWording::editorToolTip, RowAction::openInEditor, choose);
     addChoice(*menu, QStringLiteral("Open Files"), RowAction::openFiles, choose);
     addChoice(*menu, QStringLiteral("Open Checks"), RowAction::openChecks, choose)
         ->setEnabled(pullRequest.checks.total > 0);

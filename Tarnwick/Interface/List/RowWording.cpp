@@ -47,7 +47,7 @@ QString stateDescription(const PullRequest& pullRequest)
     return word + QStringLiteral(" pull request");
 }
 
-QString stateHelpText(const PullRequestRow& row)
+QString stateToolTip(const PullRequestRow& row)
 {
     const QString description = stateDescription(row.pullRequest);
     const bool isStacked = row.depth > 0 || row.hasChildren;
@@ -81,7 +81,7 @@ QString accessibilityLabel(const PullRequest& pullRequest)
            + QString::fromStdString(pullRequest.checks.label()) + QStringLiteral(" checks");
 }
 
-QString reviewHelpText(const PullRequest& pullRequest, const PullRequestDetails* details)
+QString reviewToolTip(const PullRequest& pullRequest, const PullRequestDetails* details)
 {
     QStringList lines{QString::fromStdString(pullRequest.reviewCountTooltip())};
     if (details != nullptr) {
@@ -90,7 +90,7 @@ QString reviewHelpText(const PullRequest& pullRequest, const PullRequestDetails*
     return lines.join(QLatin1Char('\n'));
 }
 
-QString checkHelpText(const PullRequest& pullRequest, const PullRequestDetails* details)
+QString checkToolTip(const PullRequest& pullRequest, const PullRequestDetails* details)
 {
     QStringList lines{QStringLiteral("Checks passed / total checks")};
     if (details != nullptr) {

@@ -19,7 +19,7 @@ namespace RowWording {
 QString stateDescription(const PullRequestKit::PullRequest& pullRequest);
 
 /// The tool tip of the state icon: the state, after "Stacked " in a stack.
-QString stateHelpText(const PullRequestKit::PullRequestRow& row);
+QString stateToolTip(const PullRequestKit::PullRequestRow& row);
 
 QString reviewPhrase(PullRequestKit::ReviewState state);
 
@@ -27,16 +27,16 @@ QString reviewPhrase(PullRequestKit::ReviewState state);
 QString accessibilityLabel(const PullRequestKit::PullRequest& pullRequest);
 
 /// The tool tips of the badges: what is counted, and in detail. `details` may be null.
-QString reviewHelpText(
+QString reviewToolTip(
     const PullRequestKit::PullRequest& pullRequest,
     const PullRequestKit::PullRequestDetails* details);
-QString checkHelpText(
+QString checkToolTip(
     const PullRequestKit::PullRequest& pullRequest,
     const PullRequestKit::PullRequestDetails* details);
 
-inline const QString conflictHelpText = QStringLiteral("Merge conflict");
-inline const QString editorHelpText = QStringLiteral("Open in Editor");
-inline const QString openHelpText = QStringLiteral("Opens this pull request in your browser");
+inline const QString conflictToolTip = QStringLiteral("Merge conflict");
+inline const QString editorToolTip = QStringLiteral("Open in Editor");
+inline const QString openToolTip = QStringLiteral("Opens this pull request in your browser");
 
 /// Such as "Hidden by Status" or "Muted until 14:05"; empty if not hidden. A mute without a time
 /// lasts until the pull request changes.

@@ -1,7 +1,7 @@
 #include "Tarnwick/Interface/Panel/InfoBar.h"
 
-#include "Tarnwick/Interface/Controls/HelpText.h"
 #include "Tarnwick/Interface/Controls/PushButton.h"
+#include "Tarnwick/Interface/Controls/ToolTip.h"
 #include "Tarnwick/Interface/Panel/PanelWording.h"
 #include "Tarnwick/Interface/Panel/WrappedText.h"
 #include "Tarnwick/Interface/Style/Painting.h"
@@ -158,7 +158,7 @@ bool InfoBar::event(QEvent* event)
     // Output of gh is not markup.
     if (event->type() == QEvent::ToolTip && !toolTip().isEmpty()) {
         const auto* const help = static_cast<QHelpEvent*>(event);
-        QToolTip::showText(help->globalPos(), helpMarkup(toolTip()), this);
+        QToolTip::showText(help->globalPos(), toolTipMarkup(toolTip()), this);
         return true;
     }
     return QWidget::event(event);

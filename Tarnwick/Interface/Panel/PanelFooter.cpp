@@ -1,7 +1,7 @@
 #include "Tarnwick/Interface/Panel/PanelFooter.h"
 
-#include "Tarnwick/Interface/Controls/HelpText.h"
 #include "Tarnwick/Interface/Controls/PushButton.h"
+#include "Tarnwick/Interface/Controls/ToolTip.h"
 #include "Tarnwick/Interface/Panel/PanelWording.h"
 #include "Tarnwick/Interface/Style/Painting.h"
 
@@ -52,7 +52,7 @@ void PanelFooter::setHidden(const HiddenCounts& hidden, bool areShown)
     _chip->setText(PanelWording::hiddenChip(hidden, areShown));
     _chip->setAccessibleName(PanelWording::hiddenChipName(hidden, areShown));
     _chip->setAccessibleDescription(help);
-    _chip->setToolTip(helpMarkup(help));
+    _chip->setToolTip(toolTipMarkup(help));
     _chip->setVisible(hidden.total() > 0);
     layOut();
     update();

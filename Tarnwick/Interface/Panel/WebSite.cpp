@@ -9,7 +9,7 @@ PullRequestKit::Url webSite()
     return {TARNWICK_WEB_SITE};
 }
 
-QString webSiteHelpText()
+QString webSiteToolTip()
 {
     return QStringLiteral("Open ") + QUrl(QString::fromStdString(webSite().text)).host();
 }

@@ -10,6 +10,6 @@ namespace Tarnwick {
 PullRequestKit::Url webSite();
 
 /// Such as "Open tarnwick.dev".
-QString webSiteHelpText();
+QString webSiteToolTip();
 
 }  // namespace Tarnwick

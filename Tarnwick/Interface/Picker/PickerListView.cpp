@@ -77,12 +77,12 @@ bool PickerListView::isOnButton(int row, const QPoint& position) const
     return _rows.geometryOf(_model.row(row), viewport()->width()).buttonHit.contains(position);
 }
 
-QString PickerListView::helpText(int row, const QPoint& /*position*/) const
+QString PickerListView::rowToolTip(int row, const QPoint& /*position*/) const
 {
-    return _rows.helpText(_model.row(row), viewport()->width());
+    return _rows.toolTip(_model.row(row), viewport()->width());
 }
 
-QRect PickerListView::helpPlace(int row, const QPoint& /*position*/) const
+QRect PickerListView::toolTipPlace(int row, const QPoint& /*position*/) const
 {
     return {0, 0, viewport()->width(), rowHeight(row)};
 }

@@ -46,7 +46,7 @@ PickerRowGeometry PickerRowPainter::geometryOf(const PickerRow& row, int width) 
         width, widthOf(repository.name, _metrics.name), repository.isPrivate, _metrics);
 }
 
-QString PickerRowPainter::helpText(const PickerRow& row, int width) const
+QString PickerRowPainter::toolTip(const PickerRow& row, int width) const
 {
     const QString& name = row.isOwner() ? row.owner->owner : row.repository->name;
     return widthOf(name, _metrics.name) > geometryOf(row, width).name.width() ? name : QString();

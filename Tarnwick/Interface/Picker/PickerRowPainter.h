@@ -25,7 +25,7 @@ public:
     PickerRowGeometry geometryOf(const PickerRow& row, int width) const;
 
     /// The whole name if it is elided, else empty.
-    QString helpText(const PickerRow& row, int width) const;
+    QString toolTip(const PickerRow& row, int width) const;
 
     /// `origin` is the row's upper left corner.
     void draw(QPainter& painter, const PickerRow& row, const QPoint& origin, int width, State state)

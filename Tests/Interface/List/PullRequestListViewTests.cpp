@@ -208,11 +208,11 @@ TEST_F(PullRequestListViewTests, linesStandBetweenStacksAndNotBesideAFill)
     EXPECT_FALSE(view.situation(6).hasLineAbove);
 }
 
-TEST_F(PullRequestListViewTests, helpTextsGoByTheRegion)
+TEST_F(PullRequestListViewTests, toolTipsGoByTheRegion)
 {
     show(sampleRows());
     const auto helpAt = [this](int row, QRect RowGeometry::* place) {
-        return view.helpTextAt(inRow(row, (view.rows().geometry(row).*place).center()));
+        return view.toolTipAt(inRow(row, (view.rows().geometry(row).*place).center()));
     };
     EXPECT_EQ(helpAt(0, &RowGeometry::stateIcon), u"Stacked Open pull request"_s);
     EXPECT_EQ(helpAt(3, &RowGeometry::stateIcon), u"Stacked Draft pull request"_s);
@@ -225,16 +225,16 @@ TEST_F(PullRequestListViewTests, helpTextsGoByTheRegion)
     EXPECT_EQ(helpAt(0, &RowGeometry::editorButton), u"Open in Editor"_s);
     EXPECT_EQ(helpAt(0, &RowGeometry::title), u"Opens this pull request in your browser"_s);
     EXPECT_EQ(helpAt(0, &RowGeometry::details), u"Opens this pull request in your browser"_s);
-    EXPECT_EQ(view.helpTextAt(QPoint(100, 5000)), QString());
+    EXPECT_EQ(view.toolTipAt(QPoint(100, 5000)), QString());
 }
 
-TEST_F(PullRequestListViewTests, theHelpTextOfAnElidedTitleIsTheWholeTitle)
+TEST_F(PullRequestListViewTests, theToolTipOfAnElidedTitleIsTheWholeTitle)
 {
     show(sampleRows());
     const QString title =
         u"Retry uploads with exponential back-off and resume from the last acknowledged part"_s;
     EXPECT_EQ(
-        view.helpTextAt(inRow(5, onTitle)), title + u"\nOpens this pull request in your browser"_s);
+        view.toolTipAt(inRow(5, onTitle)), title + u"\nOpens this pull request in your browser"_s);
 }
 
 TEST_F(PullRequestListViewTests, selectionAndPlaceStayWhenTheListChanges)
@@ -329,7 +329,7 @@ TEST_F(PullRequestListViewTests, aDotSaysWhatHasChanged)
     rows[2].sight = Sight::hiddenByStatus;
     show(rows);
     const auto helpAt = [&](int row, QRect RowGeometry::* place) {
-        return view.helpTextAt(inRow(row, (view.rows().geometry(row).*place).center()));
+        return view.toolTipAt(inRow(row, (view.rows().geometry(row).*place).center()));
     };
     const QString sentence = u"Since yesterday: approved, checks 4/4 → 2/4"_s;
     EXPECT_EQ(helpAt(1, &RowGeometry::dot), sentence);

@@ -40,9 +40,9 @@ TEST(RowWording, describesAClosedDraftAsADraft)
 TEST(RowWording, helpOfTheStateSaysStackedForEveryRowOfAStack)
 {
     const PullRequest open = inState(PullRequestState::open);
-    EXPECT_EQ(RowWording::stateHelpText({open, 0, false, {}}), u"Open pull request"_s);
-    EXPECT_EQ(RowWording::stateHelpText({open, 0, true, {}}), u"Stacked Open pull request"_s);
-    EXPECT_EQ(RowWording::stateHelpText({open, 2, false, {}}), u"Stacked Open pull request"_s);
+    EXPECT_EQ(RowWording::stateToolTip({open, 0, false, {}}), u"Open pull request"_s);
+    EXPECT_EQ(RowWording::stateToolTip({open, 0, true, {}}), u"Stacked Open pull request"_s);
+    EXPECT_EQ(RowWording::stateToolTip({open, 2, false, {}}), u"Stacked Open pull request"_s);
 }
 
 TEST(RowWording, hasAPhraseForEveryReviewState)
@@ -79,13 +79,13 @@ TEST(RowWording, readsNothingOfConflictsWhereThereIsNone)
 TEST(RowWording, helpOfTheBadgesExplainsTheirCounts)
 {
     PullRequest pullRequest = makePullRequest(1);
-    EXPECT_EQ(RowWording::reviewHelpText(pullRequest, nullptr), u"Completed/Total Reviewers"_s);
+    EXPECT_EQ(RowWording::reviewToolTip(pullRequest, nullptr), u"Completed/Total Reviewers"_s);
     pullRequest.requiredApprovingReviewCount = 2;
     EXPECT_EQ(
-        RowWording::reviewHelpText(pullRequest, nullptr), u"Completed/Required/Total Reviewers"_s);
-    EXPECT_EQ(RowWording::checkHelpText(pullRequest, nullptr), u"Checks passed / total checks"_s);
-    EXPECT_EQ(RowWording::conflictHelpText, u"Merge conflict"_s);
-    EXPECT_EQ(RowWording::openHelpText, u"Opens this pull request in your browser"_s);
+        RowWording::reviewToolTip(pullRequest, nullptr), u"Completed/Required/Total Reviewers"_s);
+    EXPECT_EQ(RowWording::checkToolTip(pullRequest, nullptr), u"Checks passed / total checks"_s);
+    EXPECT_EQ(RowWording::conflictToolTip, u"Merge conflict"_s);
+    EXPECT_EQ(RowWording::openToolTip, u"Opens this pull request in your browser"_s);
 }
 
 TEST(RowWording, helpOfTheBadgesSaysBelowWhatTheCountsConsistOf)
@@ -96,10 +96,10 @@ TEST(RowWording, helpOfTheBadgesSaysBelowWhatTheCountsConsistOf)
     details.failedChecks = {"lint"};
     details.reviews = {{"mara", ReviewVerdict::approved}};
     EXPECT_EQ(
-        RowWording::reviewHelpText(pullRequest, &details),
+        RowWording::reviewToolTip(pullRequest, &details),
         u"Completed/Total Reviewers\nApproved: \u2068mara\u2069"_s);
     EXPECT_EQ(
-        RowWording::checkHelpText(pullRequest, &details),
+        RowWording::checkToolTip(pullRequest, &details),
         u"Checks passed / total checks\n1 of 2 passed\nFailed: \u2068lint\u2069"_s);
 }
 

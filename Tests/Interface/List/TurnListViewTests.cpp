@@ -124,7 +124,7 @@ TEST_F(TurnListViewTests, nothingIsDoneToAHeadingByThePointer)
     QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(60, 14));
     EXPECT_THAT(openedNumbers, IsEmpty());
     EXPECT_EQ(selected(), 0);
-    EXPECT_EQ(view.helpTextAt(QPoint(60, 14)), QString());
+    EXPECT_EQ(view.toolTipAt(QPoint(60, 14)), QString());
     // The heading covers the row that is scrolled below it.
     scrollBar().setValue(100);
     QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(60, 27));
@@ -179,7 +179,7 @@ TEST_F(TurnListViewTests, theFirstHitIsFilledBelowItsHeading)
     EXPECT_THAT(openedNumbers, ElementsAre(12));
 }
 
-TEST_F(TurnListViewTests, theHelpTextOfACutLineIsTheWholeLine)
+TEST_F(TurnListViewTests, theToolTipOfACutLineIsTheWholeLine)
 {
     std::vector<ListedRow> rows = turnRows();
     view.resize(300, 520);
@@ -187,7 +187,7 @@ TEST_F(TurnListViewTests, theHelpTextOfACutLineIsTheWholeLine)
     const QRect place = view.visualRect(model.index(5));
     const QPoint onDetails = place.topLeft() + QPoint(60, place.height() - 17);
     EXPECT_EQ(
-        view.helpTextAt(onDetails),
+        view.toolTipAt(onDetails),
         u"Checks failed: \u2068build\u2069, \u2068test (linux)\u2069 · "
         "saltmarsh/beacon #93 · \u2068robin-k\u2069 · 1d"_s);
 }

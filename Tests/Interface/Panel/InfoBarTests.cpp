@@ -141,7 +141,7 @@ TEST_F(InfoBarTests, aSettingsErrorCanBePutAway)
     EXPECT_TRUE(infoBar("settingsError").isHidden());
 }
 
-TEST_F(InfoBarTests, aTextTakesThreeLinesAtMostAndIsWholeInItsHelpText)
+TEST_F(InfoBarTests, aTextTakesThreeLinesAtMostAndIsWholeInItsToolTip)
 {
     QWidget panel;
     InfoBar tall(InfoBar::Tone::error, QStringLiteral("tall"), &panel);
@@ -184,7 +184,7 @@ TEST_F(InfoBarTests, onceItIsPutAwayItStaysAwayUntilTheNextFailure)
     EXPECT_FALSE(infoBar("refreshError").isHidden());
 }
 
-TEST_F(InfoBarTests, aTextOfSeveralLinesIsSetAsOneAndWholeInItsHelpText)
+TEST_F(InfoBarTests, aTextOfSeveralLinesIsSetAsOneAndWholeInItsToolTip)
 {
     QWidget panel;
     InfoBar one(InfoBar::Tone::error, QStringLiteral("one"), &panel);

@@ -226,7 +226,7 @@ TEST_F(PickerListViewTests, whatIsTypedInTheListGoesToTheField)
     EXPECT_THAT(rows(), ElementsAre("northmere:", "quay"));
 }
 
-TEST_F(PickerListViewTests, aNameThatIsCutShortIsToldInAHelpText)
+TEST_F(PickerListViewTests, aNameThatIsCutShortIsToldInAToolTip)
 {
     const std::string longName(90, 'w');
     open({repositoryOf("a/" + longName), repositoryOf("a/z")});

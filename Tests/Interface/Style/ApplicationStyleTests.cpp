@@ -24,7 +24,7 @@ QImage card(const ApplicationStyle& style)
     return image;
 }
 
-TEST(ApplicationStyleTests, helpTextsAreOnARoundCardInTheMenusColors)
+TEST(ApplicationStyleTests, toolTipsAreOnARoundCardInTheMenusColors)
 {
     ApplicationStyle style(1);
     EXPECT_EQ(card(style).pixelColor(20, 10), QColor(0xFFFFFF));

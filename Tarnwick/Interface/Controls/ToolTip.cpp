@@ -1,4 +1,4 @@
-#include "Tarnwick/Interface/Controls/HelpText.h"
+#include "Tarnwick/Interface/Controls/ToolTip.h"
 
 #include <QFontMetrics>
 #include <QToolTip>
@@ -21,7 +21,7 @@ bool fitsWithoutWrapping(const QString& plain)
 
 }  // namespace
 
-QString helpMarkup(const QString& plain)
+QString toolTipMarkup(const QString& plain)
 {
     if (plain.isEmpty()) {
         return {};

@@ -1,4 +1,4 @@
-#include "Tarnwick/Interface/Controls/HelpText.h"
+#include "Tarnwick/Interface/Controls/ToolTip.h"
 
 #include <QGuiApplication>
 #include <QTextDocument>
@@ -11,45 +11,45 @@ namespace {
 
 QString shown(const QString& plain)
 {
-    return QTextDocumentFragment::fromHtml(helpMarkup(plain)).toPlainText();
+    return QTextDocumentFragment::fromHtml(toolTipMarkup(plain)).toPlainText();
 }
 
-/// As high as Qt's label for help texts makes it when it tries to be narrow.
+/// As high as Qt's label for tool tips makes it when it tries to be narrow.
 qreal heightIn(const QString& plain, qreal width)
 {
     QTextDocument document;
-    document.setHtml(helpMarkup(plain));
+    document.setHtml(toolTipMarkup(plain));
     document.setTextWidth(width);
     return document.size().height();
 }
 
-TEST(HelpTextTests, signsOfMarkupAreShownAsTheyStand)
+TEST(ToolTipTests, signsOfMarkupAreShownAsTheyStand)
 {
     const QString title = QStringLiteral("Replace <b> & \"quotes\" by <i>italics</i>");
-    EXPECT_TRUE(Qt::mightBeRichText(helpMarkup(title)));
+    EXPECT_TRUE(Qt::mightBeRichText(toolTipMarkup(title)));
     EXPECT_EQ(shown(title), title);
 }
 
-TEST(HelpTextTests, linesStayLines)
+TEST(ToolTipTests, linesStayLines)
 {
     EXPECT_EQ(shown(QStringLiteral("one\ntwo")), QStringLiteral("one\ntwo"));
 }
 
-TEST(HelpTextTests, aShortTextIsNotWrapped)
+TEST(ToolTipTests, aShortTextIsNotWrapped)
 {
     const QString text = QStringLiteral("Opens this pull request in your browser");
     EXPECT_EQ(heightIn(text, 20), heightIn(text, 2000));
 }
 
-TEST(HelpTextTests, aLongTextIsWrapped)
+TEST(ToolTipTests, aLongTextIsWrapped)
 {
     const QString text = QStringLiteral("word ").repeated(80);
     EXPECT_GT(heightIn(text, 200), 3 * heightIn(QStringLiteral("word"), 200));
 }
 
-TEST(HelpTextTests, nothingStaysNothing)
+TEST(ToolTipTests, nothingStaysNothing)
 {
-    EXPECT_EQ(helpMarkup(QString()), QString());
+    EXPECT_EQ(toolTipMarkup(QString()), QString());
 }
 
 }  // namespace
