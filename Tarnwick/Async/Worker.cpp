@@ -17,7 +17,8 @@ struct WorkQueue {
 
 WorkQueue& queue()
 {
-    static WorkQueue queue;
+    // Never destroyed, because threads still take work while `exit` destroys static objects.
+    static WorkQueue& queue = *new WorkQueue;
     return queue;
 }
 

@@ -87,6 +87,8 @@ int runOnDesktop(const ShowPanel& command, const MakeUpdater& makeUpdater, int a
         [] { return std::make_shared<Tarnwick::IniDefaultsStore>(); },
         Tarnwick::PullRequestDiskCache{},
         [] { FcInit(); });
+    // The display can be lost before there is a panel and while the last work ends.
+    const ExitGuard exitGuard([] {});
     const Request request{
         .manner = command.manner, .platformData = PlatformData::fromEnvironment()};
     const QApplication application(argc, argv);

@@ -2,7 +2,6 @@
 
 #include <QThreadPool>
 
-#include <cassert>
 #include <cstdio>
 #include <cstdlib>
 #include <utility>
@@ -29,21 +28,14 @@ void act(int status, void* /*argument*/)
     }
 }
 
-void registerOnce()
-{
-    // Must exist before the exit handler is registered, because `exit` destroys in reverse order.
-    QThreadPool::globalInstance();
-    action();
-    [[maybe_unused]] static const int registered = ::on_exit(act, nullptr);
-}
-
 }  // namespace
 
 ExitGuard::ExitGuard(std::function<void()> newAction)
+    : _outer(std::exchange(action(), std::move(newAction)))
 {
-    registerOnce();
-    assert(!action());
-    action() = std::move(newAction);
+    // Must exist before the exit handler is registered, because `exit` destroys in reverse order.
+    QThreadPool::globalInstance();
+    renew();
 }
 
 void ExitGuard::renew()
@@ -53,7 +45,7 @@ void ExitGuard::renew()
 
 ExitGuard::~ExitGuard()
 {
-    action() = nullptr;
+    action() = std::move(_outer);
 }
 
 }  // namespace TarnwickDirect

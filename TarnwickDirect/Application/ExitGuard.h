@@ -6,8 +6,8 @@ namespace TarnwickDirect {
 
 /// Runs an action if the process calls `exit()` while the guard lives, as Qt does when the display
 /// is lost; objects on the stack are then not destroyed. Also waits for the global thread pool, and
-/// then ends the process before running threads use what `exit` destroys. At most one at a time.
-/// Main thread only.
+/// then ends the process before running threads use what `exit` destroys. Of nested guards only the
+/// innermost one acts. Main thread only.
 class ExitGuard {
 public:
     explicit ExitGuard(std::function<void()> action);
@@ -18,6 +18,9 @@ public:
 
     ExitGuard(const ExitGuard&) = delete;
     ExitGuard& operator=(const ExitGuard&) = delete;
+
+private:
+    std::function<void()> _outer;
 };
 
 }  // namespace TarnwickDirect

@@ -93,7 +93,7 @@ class WindowTests(SessionTest):
         window = self.panel()
         self.session.processes.run("xdotool", "windowsize", "--sync", str(window), "500", "640")
         self.action("quit")
-        self.wait_for_end(program)
+        self.assertEqual(self.wait_for_end(program), 0)
         self.assertIn("panel.size=500x640", self.read_settings())
         self.start_tarnwick()
         place = self.screen.place(self.panel())
@@ -126,7 +126,7 @@ class EndingTests(SessionTest):
         program = self.start_tarnwick()
         wait_until(lambda: os.path.exists(self.cache_file), "the cache")
         os.kill(program.pid, signal.SIGTERM)
-        self.wait_for_end(program)
+        self.assertEqual(self.wait_for_end(program), -signal.SIGTERM)
         listed = self.run_tarnwick("list", "--json", environment={"GH_CONFIG_DIR": "/nowhere"})
         self.assertIn('"refreshError":"Showing cached data: ', listed.stdout)
 
@@ -134,4 +134,4 @@ class EndingTests(SessionTest):
         program = self.start_tarnwick("--background")
         self.wait_for_name()
         self.session.processes.end(self.session.display)
-        self.wait_for_end(program)
+        self.assertEqual(self.wait_for_end(program), 1)
