@@ -4,6 +4,8 @@
 #include "Tarnwick/Persistence/Files.h"
 
 #include <csignal>
+#include <functional>
+#include <vector>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -11,6 +13,18 @@
 namespace {
 
 using namespace TestSupport;
+
+/// Runs `work` in several processes at once, with the number of each, and waits for them.
+void inProcesses(int count, const std::function<void(int)>& work)
+{
+    std::vector<pid_t> children;
+    for (int process = 0; process < count; ++process) {
+        children.push_back(startInOtherProcess([&work, process] { work(process); }));
+    }
+    for (const pid_t child : children) {
+        EXPECT_TRUE(endedWell(child));
+    }
+}
 
 TEST_F(IniDefaultsStoreTest, hasAnotherRevisionAfterSomebodyElsesChangeAlone)
 {
@@ -64,18 +78,12 @@ TEST_F(IniDefaultsStoreTest, losesNoKeyWhenProcessesWriteAtTheSameTime)
     const auto keyOf = [](int process, int key) {
         return "key-" + std::to_string(process) + "-" + std::to_string(key);
     };
-    std::vector<pid_t> children;
-    for (int process = 0; process < processes; ++process) {
-        children.push_back(startInOtherProcess([&, process] {
-            auto store = open();
-            for (int key = 0; key < keys; ++key) {
-                writeInteger(store, keyOf(process, key), key);
-            }
-        }));
-    }
-    for (const pid_t child : children) {
-        EXPECT_TRUE(endedWell(child));
-    }
+    inProcesses(processes, [&](int process) {
+        auto store = open();
+        for (int key = 0; key < keys; ++key) {
+            writeInteger(store, keyOf(process, key), key);
+        }
+    });
     const auto store = open();
     for (int process = 0; process < processes; ++process) {
         for (int key = 0; key < keys; ++key) {
@@ -99,20 +107,13 @@ TEST_F(IniDefaultsStoreTest, losesNothingOfOneListThatProcessesChangeAtTheSameTi
 {
     constexpr int processes = 4;
     constexpr int names = 25;
-    std::vector<pid_t> children;
-    for (int process = 0; process < processes; ++process) {
-        children.push_back(startInOtherProcess([&, process] {
-            auto defaults = open();
-            SettingsStore store(defaults);
-            for (int name = 0; name < names; ++name) {
-                store.selectRepositories(
-                    {std::to_string(process) + "/" + std::to_string(name)}, true);
-            }
-        }));
-    }
-    for (const pid_t child : children) {
-        EXPECT_TRUE(endedWell(child));
-    }
+    inProcesses(processes, [&](int process) {
+        auto defaults = open();
+        SettingsStore store(defaults);
+        for (int name = 0; name < names; ++name) {
+            store.selectRepositories({std::to_string(process) + "/" + std::to_string(name)}, true);
+        }
+    });
     auto defaults = open();
     EXPECT_EQ(
         SettingsStore(defaults).load().selectedRepositories.size(), std::size_t{processes * names});
