@@ -116,7 +116,8 @@ TEST_F(IniDefaultsStoreTest, losesNothingOfOneListThatProcessesChangeAtTheSameTi
     });
     auto defaults = open();
     EXPECT_EQ(
-        SettingsStore(defaults).load().selectedRepositories.size(), std::size_t{processes * names});
+        SettingsStore(defaults).load().selectedRepositories.size(),
+        std::size_t{processes} * std::size_t{names});
 }
 
 TEST_F(IniDefaultsStoreTest, isNotStoppedByAProcessThatHoldsTheLock)
